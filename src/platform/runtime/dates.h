@@ -1,0 +1,25 @@
+#pragma once
+// Dates of the language: from text, day first, and to text.
+
+#include <string>
+#include <string_view>
+
+#include "velmora/platform/runtime/date.h"
+#include "velmora/platform/runtime/locale.h"
+
+namespace velmora::runtime {
+
+/// Text to date: day/month/year first, then what else can be meant ("12/31/2024", "2024-05-06", a time alone is of
+/// 1899-12-30). Two-digit years are 1950 to 2049. Error 13 when the text is no date.
+Date CDate(std::string_view text);
+
+/// True exactly when CDate accepts the text.
+bool IsDate(std::string_view text);
+
+/// Default text of a date: "15/01/2026", with the time behind it unless it is midnight: "15/01/2026 9:05:00".
+std::string CStr(const Date& date);
+
+/// A date under a mask: `dd/mm/yyyy`, `yyyymmddhhnn` and other arrangements of dd, mm, yyyy, hh, nn, ss.
+std::string Format(const Date& date, std::string_view mask);
+
+}  // namespace velmora::runtime

@@ -1,0 +1,18 @@
+#pragma once
+// The conventions of a country that text and number follow. The process's own locale is never asked: a screen
+// library may change it at any time.
+
+#include <string_view>
+
+namespace velmora::runtime {
+
+struct Locale {
+    char decimal = ',';
+    char thousands = '.';
+    std::string_view currency = "€";  ///< accepted by CDbl before or after the number
+};
+
+/// Spanish as spoken in Spain: decimal comma, thousands dot, day/month/year.
+inline constexpr Locale esES{};
+
+}  // namespace velmora::runtime
