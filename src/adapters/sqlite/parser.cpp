@@ -548,6 +548,7 @@ class Parser {
                 column.defaultValue = additive();
             } else if (accept("WITH")) {
                 expect("VALUES");
+                column.withValues = true;
             } else if (accept("PRIMARY")) {
                 expect("KEY");
                 clustering();

@@ -130,6 +130,7 @@ struct ColumnDefinition {
     bool identity = false;
     bool primaryKey = false;
     bool unique = false;
+    bool withValues = false;  ///< existing rows take the default
     std::size_t seed = 1;
     ExpressionPtr defaultValue;
 };
