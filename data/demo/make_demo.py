@@ -637,7 +637,7 @@ def make_proposal(number, back, rng):
     bore = float(rng.choice((20, 24, 24, 25, 30, 35)))
     row = {"DPI_Tipo": kind, "DPI_Fecha": Day(back), "DPI_FAcepta": None, "DPI_Orden": None, "DPI_CodCliente": code,
            "DPI_NomCliente": name, "DPI_RefCli": reference, "DPI_PedCliente": None, "DPI_FPedCliente": None,
-           "DPI_FechaEntrega": None, "DPI_Obser": rng.choice(REMARKS), "DPI_Eje": m.pop("Eje", float(rng.choice((20, 24, 24, 25, 30, 35)))),
+           "DPI_FechaEntrega": None, "DPI_Obser": rng.choice(REMARKS), "DPI_Eje": m.pop("Eje", bore),
            "DPI_Chav": rng.choice((0, 6, 8, 10)), "DPI_Pri": rng.choice((0, 0, 1, 2))}
     row.update({"DPI_" + column: value for column, value in m.items()})
     row.update(DPI_FijoSierra=saw, DPI_ImpMat=material, DPI_ImpMO=hours, DPI_ImpTS=outside, DPI_ImpVA=sundries,
@@ -743,7 +743,8 @@ class WorkOrders:
         self.out.insert("ORDEN", ORDEN_NUM=self.number, ORDEN_SER="0", ORDEN_CLI=p["DPI_CodCliente"],
                         ORDEN_NOM=p["DPI_NomCliente"], ORDEN_GF=charge, ORDEN_OBS=remark[:150],
                         ORDEN_UNI=p["DPI_Unidades"], ORDEN_REF=p["DPI_RefCli"], ORDEN_INI=Day(accepted_back),
-                        ORDEN_ADE=known.get(earlier, "")[:100], ORDEN_ART=earlier, ORDEN_PLA=Day(delivery), ORDEN_PRE=p["DPI_ImpTP"], ORDEN_IdDPI=p["number"],
+                        ORDEN_ADE=known.get(earlier, "")[:100], ORDEN_ART=earlier, ORDEN_PLA=Day(delivery),
+                        ORDEN_PRE=p["DPI_ImpTP"], ORDEN_IdDPI=p["number"],
                         ORDEN_PED=p["DPI_PedCliente"], ORDEN_DES=description(p)[:100])
         sprocket = 0
         if p["DPI_Tipo"] != 13:
