@@ -374,16 +374,65 @@ void drawSideView(Drawing& drawing, const Piece& piece, const Stand& stand) {
     line(drawing, {centre.x, -reach}, {centre.x, reach}, Pen::centre);
 }
 
-/// A width written above the piece, in the given row counted from the piece.
-void widthAbove(Drawing& drawing, const Piece& piece, double row, int place, double left, double right, double y,
-                PieceLabel label) {
-    dimension(drawing, {left, y}, {right, y}, piece.exterior - y + (firstRow + place) * row, label);
+/// Above or below the axis.
+enum class Side { above = 1, below = -1 };
+
+/// How far from the axis the dimension line of a row stands.
+double rowLevel(const Piece& piece, double row, int place) {
+    return piece.exterior + (firstRow + place) * row;
 }
 
-/// The same below the piece; a dimension stands to the left of its direction, so this one runs from right to left.
-void widthBelow(Drawing& drawing, const Piece& piece, double row, int place, double left, double right, double y,
+/// Where the extension lines of a row begin: those of the first at the rim, those of a further one at the row before,
+/// so that no two of them lie on each other.
+double rowFoot(const Piece& piece, double row, int place) {
+    return place == 0 ? piece.root : rowLevel(piece, row, place - 1);
+}
+
+/// A width in the given row counted from the piece. A dimension stands to the left of its direction, so below the
+/// piece it runs from right to left.
+void widthInRow(Drawing& drawing, const Piece& piece, double row, Side side, int place, double left, double right,
                 PieceLabel label) {
-    dimension(drawing, {right, -y}, {left, -y}, piece.exterior - y + (firstRow + place) * row, label);
+    const double foot = rowFoot(piece, row, place);
+    const double offset = rowLevel(piece, row, place) - foot;
+    if (side == Side::above) {
+        dimension(drawing, {left, foot}, {right, foot}, offset, label);
+    } else {
+        dimension(drawing, {right, -foot}, {left, -foot}, offset, label);
+    }
+}
+
+/// Leads an edge out to where the extension line of a row begins, and a little further: a toolkit may leave a gap
+/// there.
+void leadOut(Drawing& drawing, const Piece& piece, double row, Side side, int place, double x, double edge) {
+    const double sign = static_cast<int>(side);
+    line(drawing, {x, sign * edge}, {x, sign * (rowFoot(piece, row, place) + 0.2 * row)}, Pen::dimension);
+}
+
+void drawWidthsOfOneHub(Drawing& drawing, const Piece& piece, double row) {
+    const double right = piece.rimRight();
+    leadOut(drawing, piece, row, Side::below, 0, 0, piece.hub + 0.1 * row);
+    widthInRow(drawing, piece, row, Side::below, 0, 0, piece.rimLeft(), PieceLabel::hubWidth);
+    leadOut(drawing, piece, row, Side::below, 1, right, piece.root);
+    widthInRow(drawing, piece, row, Side::below, 1, 0, right, PieceLabel::totalWidth);
+}
+
+// Chosen C-321: with two hubs both labels of the total width measure the whole piece; they differ only while the one
+// still holds the total of the table and the other the sum of the widths.
+void drawWidthsOfTwoHubs(Drawing& drawing, const Piece& piece, double row) {
+    const double right = piece.rimRight();
+    const double width = piece.width();
+    const double hubEdge = piece.hub + 0.1 * row;
+    leadOut(drawing, piece, row, Side::above, 1, 0, hubEdge);
+    leadOut(drawing, piece, row, Side::above, 1, width, hubEdge);
+    widthInRow(drawing, piece, row, Side::above, 1, 0, width, PieceLabel::totalWidthOfTwoHubs);
+
+    leadOut(drawing, piece, row, Side::below, 0, 0, hubEdge);
+    widthInRow(drawing, piece, row, Side::below, 0, 0, piece.rimLeft(), PieceLabel::hubWidth);
+    leadOut(drawing, piece, row, Side::below, 1, right, piece.root);
+    leadOut(drawing, piece, row, Side::below, 1, width, hubEdge);
+    widthInRow(drawing, piece, row, Side::below, 1, right, width, PieceLabel::secondHubWidth);
+    leadOut(drawing, piece, row, Side::below, 2, 0, rowFoot(piece, row, 1));
+    widthInRow(drawing, piece, row, Side::below, 2, 0, width, PieceLabel::totalWidth);
 }
 
 // Chosen C-320: the disc keeps the line of its width, which carries the label of the rim: that label is shown for every
@@ -391,9 +440,8 @@ void widthBelow(Drawing& drawing, const Piece& piece, double row, int place, dou
 void drawDimensions(Drawing& drawing, const Piece& piece, double row) {
     const double left = piece.rimLeft();
     const double right = piece.rimRight();
-    widthAbove(drawing, piece, row, 0, left, right, piece.root, PieceLabel::rim);
-
     const double side = sideDistance * row;
+    widthInRow(drawing, piece, row, Side::above, 0, left, right, PieceLabel::rim);
     if (piece.hubs == Hubs::none) {
         dimension(drawing, {left, -piece.exterior}, {left, piece.exterior}, side, PieceLabel::exterior);
         return;
@@ -401,16 +449,11 @@ void drawDimensions(Drawing& drawing, const Piece& piece, double row) {
     dimension(drawing, {right, piece.exterior}, {right, -piece.exterior}, piece.width() - right + side,
               PieceLabel::exterior);
     dimension(drawing, {0, -piece.hub}, {0, piece.hub}, side, PieceLabel::hub);
-    widthBelow(drawing, piece, row, 0, 0, left, piece.hub, PieceLabel::hubWidth);
     if (piece.hubs == Hubs::one) {
-        widthBelow(drawing, piece, row, 1, 0, right, piece.hub, PieceLabel::totalWidth);
-        return;
+        drawWidthsOfOneHub(drawing, piece, row);
+    } else {
+        drawWidthsOfTwoHubs(drawing, piece, row);
     }
-    widthBelow(drawing, piece, row, 1, right, piece.width(), piece.hub, PieceLabel::secondHubWidth);
-    // Chosen C-321: with two hubs both labels of the total width measure the whole piece; they differ only while the
-    // one still holds the total of the table and the other the sum of the widths.
-    widthBelow(drawing, piece, row, 2, 0, piece.width(), piece.hub, PieceLabel::totalWidth);
-    widthAbove(drawing, piece, row, 1, 0, piece.width(), piece.hub, PieceLabel::totalWidthOfTwoHubs);
 }
 
 }  // namespace
