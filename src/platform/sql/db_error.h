@@ -24,12 +24,12 @@ inline constexpr long failure = static_cast<int>(0x80004005u);          ///< con
 class DbError : public runtime::RuntimeError {
   public:
     struct Details {
-        std::string sqlState;   ///< five characters, empty when the engine gives none
-        int nativeCode = 0;     ///< the engine's own number
-        std::string statement;  ///< the statement to the letter, empty when there was none
+        std::string sqlState{};   ///< five characters, empty when the engine gives none
+        int nativeCode = 0;       ///< the engine's own number
+        std::string statement{};  ///< the statement to the letter, empty when there was none
     };
 
-    DbError(long number, std::string description) : DbError(number, std::move(description), Details{}) {}
+    DbError(long number, std::string description) : DbError(number, std::move(description), Details()) {}
     DbError(long number, std::string description, Details details)
         : RuntimeError(number, std::move(description), "VELMORA.Data"), details_(std::move(details)) {}
 
