@@ -98,6 +98,9 @@ class ListenedRecordset {
   public:
     std::function<void()> onMoveComplete;
 
+    ListenedRecordset() = default;
+    ListenedRecordset(const ListenedRecordset&) = delete;
+    ListenedRecordset& operator=(const ListenedRecordset&) = delete;
     ListenedRecordset& operator=(Recordset recordset);
     Recordset* operator->() { return &recordset_; }
     const Recordset* operator->() const { return &recordset_; }
