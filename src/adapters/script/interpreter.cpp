@@ -386,7 +386,7 @@ void Interpreter::lose(const Command& command) {
 
 void Interpreter::print(const Command& command) {
     for (const Argument& name : command.arguments) {
-        stage_.journal.line(name.text == formName ? "form = " + quoted(top().caption()) : printed(control(name.text)));
+        stage_.journal.line(name.text == formName ? "form = " + inQuotes(top().caption()) : printed(control(name.text)));
     }
 }
 
@@ -424,7 +424,7 @@ void Interpreter::expect(const Command& command) {
     const std::string& name = command.arguments[0].text;
     const Argument& wanted = command.arguments[1];
     if (name == formName) {
-        checked(command, top().caption() == wanted.text, "form = " + quoted(top().caption()));
+        checked(command, top().caption() == wanted.text, "form = " + inQuotes(top().caption()));
         return;
     }
     const Control& target = control(name);
@@ -444,7 +444,7 @@ void Interpreter::expectState(const Command& command) {
 
 void Interpreter::expectMessage(const Command& command) {
     checked(command, stage_.journal.takeMessage(command.arguments[0].text),
-            "last message " + quoted(stage_.journal.lastMessage()));
+            "last message " + inQuotes(stage_.journal.lastMessage()));
 }
 
 void Interpreter::expectQuery(const Command& command) {
@@ -454,7 +454,7 @@ void Interpreter::expectQuery(const Command& command) {
         found = set.isOpen() ? rowsOf(set) : std::string();
     });
     checked(command, ran && withPlainBreaks(found) == withPlainBreaks(command.arguments[1].text),
-            "query = " + quoted(found));
+            "query = " + inQuotes(found));
 }
 
 Form& Interpreter::top() const {
@@ -498,7 +498,7 @@ void Interpreter::checked(const Command& command, bool holds, std::string_view f
     const bool message = command.name == "expect-message";
     line += " expected";
     for (std::size_t i = message ? 0 : 1; i < command.arguments.size(); ++i) {
-        line.append(" ").append(query || message || command.name == "expect" ? quoted(command.arguments[i].text)
+        line.append(" ").append(query || message || command.name == "expect" ? inQuotes(command.arguments[i].text)
                                                                               : command.arguments[i].text);
     }
     stage_.journal.line(line);

@@ -37,13 +37,13 @@ void Journal::line(std::string_view text) {
 
 void Journal::error(const runtime::RuntimeError& error) {
     line("error number=" + runtime::CStr(std::int64_t{error.number()}) + " description=" +
-         quoted(error.description()));
+         inQuotes(error.description()));
 }
 
 void Journal::message(const screen::MessageBox& box, std::string_view answer) {
     std::string all = "message icon=";
-    all.append(nameOf(box.icon)).append(" title=").append(quoted(box.title));
-    all.append(" text=").append(quoted(box.text)).append(" buttons=").append(nameOf(box.buttons));
+    all.append(nameOf(box.icon)).append(" title=").append(inQuotes(box.title));
+    all.append(" text=").append(inQuotes(box.text)).append(" buttons=").append(nameOf(box.buttons));
     line(all.append(" answer=").append(answer));
     lastMessage_ = withPlainBreaks(box.text);
     unchecked_.push_back(lastMessage_);

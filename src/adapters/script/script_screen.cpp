@@ -67,7 +67,7 @@ Answer ScriptScreen::show(const screen::MessageBox& box) {
 }
 
 std::optional<std::size_t> ScriptScreen::search(const screen::SearchWindow& window) {
-    const std::string start = "search title=" + quoted(window.title) + " pick=";
+    const std::string start = "search title=" + inQuotes(window.title) + " pick=";
     const auto pick = takeFront(answers_.searches);
     if (!pick) {
         journal_.line(start + "unanswered");

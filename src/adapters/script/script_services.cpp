@@ -74,13 +74,13 @@ std::string ScriptServices::temporaryFolder() const {
 }
 
 std::optional<std::string> ScriptServices::openFileDialog(const system::OpenFileRequest& request) {
-    const std::string start = "file title=" + quoted(request.title) + " path=";
+    const std::string start = "file title=" + inQuotes(request.title) + " path=";
     auto path = takeFront(answers_.files);
     if (!path) {
         journal_.line(start + "unanswered");
         throw Ending(Status::unanswered, "a file dialog has no file: " + request.title);
     }
-    journal_.line(start + (*path ? quoted(**path) : "none"));
+    journal_.line(start + (*path ? inQuotes(**path) : "none"));
     return *path;
 }
 
@@ -89,7 +89,7 @@ int ScriptServices::openWithAssociatedProgram(std::string_view path) {
     if (!std::filesystem::exists(path, failure)) {
         return fileNotFound;
     }
-    journal_.line("opened " + quoted(std::filesystem::path(path).filename().string()));
+    journal_.line("opened " + inQuotes(std::filesystem::path(path).filename().string()));
     return opened;
 }
 

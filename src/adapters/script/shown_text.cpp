@@ -65,7 +65,7 @@ std::string withPlainBreaks(std::string_view text) {
     return runtime::Replace(runtime::Replace(text, "\r\n", "\n"), "\r", "\n");
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::string all = "\"";
     for (const char c : withPlainBreaks(text)) {
         if (c == '\n') {
@@ -118,12 +118,12 @@ std::string textOf(const Control& control) {
 std::string printed(const Control& control) {
     const std::string start = control.fullName() + " = ";
     if (const auto* list = as<ComboBox>(control)) {
-        return start + runtime::CStr(std::int64_t{list->listIndex()}) + " " + quoted(list->text());
+        return start + runtime::CStr(std::int64_t{list->listIndex()}) + " " + inQuotes(list->text());
     }
     if (as<CheckBox>(control) != nullptr || as<DataGrid>(control) != nullptr) {
         return start + textOf(control);
     }
-    return start + quoted(textOf(control));
+    return start + inQuotes(textOf(control));
 }
 
 State stateOf(const Control& control) {
@@ -141,7 +141,7 @@ State stateOf(const Form& form) {
 
 std::string printed(const State& state) {
     return state.name + " enabled=" + (state.enabled ? "1" : "0") + " visible=" + (state.visible ? "1" : "0") +
-           " text=" + quoted(state.text);
+           " text=" + inQuotes(state.text);
 }
 
 std::string tableOf(const DataGrid& grid) {

@@ -15,7 +15,7 @@ namespace velmora::script {
 /// Line breaks of every kind turned into LF.
 std::string withPlainBreaks(std::string_view text);
 /// The text in double quotes, with \" \\ and \n.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 /// A whole number that takes up the whole text; none otherwise.
 std::optional<int> wholeNumber(std::string_view text);
 
