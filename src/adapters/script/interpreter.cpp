@@ -95,8 +95,7 @@ std::size_t columnOf(const DataGrid& grid, const Argument& column) {
         return index;
     }
     const auto named = [&](const GridColumn& c) { return c.caption == column.text; };
-    auto found =
-        std::ranges::find_if(columns, [&](const GridColumn& c) { return named(c) && c.visible && c.button; });
+    auto found = std::ranges::find_if(columns, [&](const GridColumn& c) { return named(c) && c.visible && c.button; });
     if (found == columns.end()) {
         found = std::ranges::find_if(columns, named);
     }
@@ -146,10 +145,10 @@ bool holds(const State& state, std::string_view wanted) {
     if (property == "text") {
         return withPlainBreaks(state.text) == withPlainBreaks(value);
     }
-    const bool current = valueNamed(std::to_array<std::pair<std::string_view, bool>>({{"enabled", state.enabled},
-                                                                                      {"visible", state.visible},
-                                                                                      {"locked", state.locked}}),
-                                    property);
+    const bool current =
+        valueNamed(std::to_array<std::pair<std::string_view, bool>>(
+                       {{"enabled", state.enabled}, {"visible", state.visible}, {"locked", state.locked}}),
+                   property);
     return current == valueNamed(std::to_array<std::pair<std::string_view, bool>>({{"1", true}, {"0", false}}), value);
 }
 
@@ -386,7 +385,8 @@ void Interpreter::lose(const Command& command) {
 
 void Interpreter::print(const Command& command) {
     for (const Argument& name : command.arguments) {
-        stage_.journal.line(name.text == formName ? "form = " + inQuotes(top().caption()) : printed(control(name.text)));
+        stage_.journal.line(name.text == formName ? "form = " + inQuotes(top().caption())
+                                                  : printed(control(name.text)));
     }
 }
 
@@ -499,7 +499,7 @@ void Interpreter::checked(const Command& command, bool holds, std::string_view f
     line += " expected";
     for (std::size_t i = message ? 0 : 1; i < command.arguments.size(); ++i) {
         line.append(" ").append(query || message || command.name == "expect" ? inQuotes(command.arguments[i].text)
-                                                                              : command.arguments[i].text);
+                                                                             : command.arguments[i].text);
     }
     stage_.journal.line(line);
 }

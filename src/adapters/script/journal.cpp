@@ -36,8 +36,8 @@ void Journal::line(std::string_view text) {
 }
 
 void Journal::error(const runtime::RuntimeError& error) {
-    line("error number=" + runtime::CStr(std::int64_t{error.number()}) + " description=" +
-         inQuotes(error.description()));
+    line("error number=" + runtime::CStr(std::int64_t{error.number()}) +
+         " description=" + inQuotes(error.description()));
 }
 
 void Journal::message(const screen::MessageBox& box, std::string_view answer) {

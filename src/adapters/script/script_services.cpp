@@ -1,9 +1,9 @@
 #include "velmora/adapters/script/script_services.h"
 
-#include <stdlib.h>
-
 #include <chrono>
 #include <system_error>
+
+#include <stdlib.h>
 
 #include "velmora/adapters/script/ending.h"
 #include "velmora/adapters/script/shown_text.h"

@@ -160,9 +160,7 @@ std::string printed(const sql::Value& value) {
         std::string operator()(std::int64_t whole) const { return runtime::CStr(whole); }
         std::string operator()(double real) const { return runtime::shortest(real); }
         std::string operator()(const std::string& text) const { return text; }
-        std::string operator()(const runtime::Date& date) const {
-            return runtime::Format(date, "yyyy-mm-dd hh:nn:ss");
-        }
+        std::string operator()(const runtime::Date& date) const { return runtime::Format(date, "yyyy-mm-dd hh:nn:ss"); }
         std::string operator()(const sql::Bytes& bytes) const { return hexadecimal(bytes); }
     };
     return std::visit(Printer{}, value.raw());

@@ -117,8 +117,8 @@ bool User::set(TextBox& box, std::string_view text) {
     if (!focus(box)) {
         return false;
     }
-    const std::string entered = box.multiLine() ? runtime::Replace(withPlainBreaks(text), "\n", "\r\n")
-                                                : std::string(text);
+    const std::string entered =
+        box.multiLine() ? runtime::Replace(withPlainBreaks(text), "\n", "\r\n") : std::string(text);
     journal_.guard([&] { box.setText(entered); });
     return true;
 }
