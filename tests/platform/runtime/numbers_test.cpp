@@ -1,8 +1,15 @@
 #include "velmora/platform/runtime/numbers.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <random>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -15,6 +22,35 @@ using test::errorOf;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+/// Numbers of many sizes, exact halves of 15 digits among them; the same on every run.
+std::vector<double> manyNumbers() {
+    std::mt19937_64 random(20260115);
+    std::vector<double> numbers;
+    for (int i = 0; i < 20000; ++i) {
+        const auto bits = static_cast<double>(random() >> 11U);
+        numbers.push_back(std::ldexp(bits, -static_cast<int>(random() % 120)));
+        numbers.push_back(-std::ldexp(bits, static_cast<int>(random() % 200)));
+        numbers.push_back(static_cast<double>(random() % 2000000000) / 1000);
+        numbers.push_back(static_cast<double>(random() % 1000000) / 64);
+        numbers.push_back(static_cast<double>(random() % 1000000000000000) / 8);
+    }
+    return numbers;
+}
+
+/// The 15-digit text by the long way: all digits of the double, then a half away from zero.
+double throughFifteenDigits(double value) {
+    std::array<char, 1100> buffer;
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
+                                       std::chars_format::scientific, 800);
+    const std::string_view all(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data()));
+    const std::string digits = std::string(1, all[0]) + std::string(all.substr(2, 14));
+    const auto whole = static_cast<std::int64_t>(test::goldenNumber(digits)) + (all[16] >= '5' ? 1 : 0);
+    const auto exponent = std::string(all.substr(all.find('e') + 1));
+    const int scale = std::stoi(exponent) - 14;
+    const double result = test::goldenNumber(std::to_string(whole) + "e" + std::to_string(scale));
+    return value < 0 ? -result : result;
+}
 
 TEST(CDbl, RefusesADotAtTheVeryStart) {
     for (const char* text : {".5", "-.5", "€.5", "(.5)", " .5", ".", ".1,5"}) {
@@ -72,6 +108,12 @@ TEST(CStr, TurnsToTheExponentAtItsBounds) {
     EXPECT_EQ(CStr(1.0 / 30), "3,33333333333333E-02");
     EXPECT_EQ(CStr(-std::numeric_limits<double>::max()), "-1,79769313486232E+308");
     EXPECT_EQ(CStr(std::numeric_limits<double>::denorm_min()), "4,94065645841247E-324");
+}
+
+TEST(CStr, HasTheFifteenDigitsOfTheExactExpansion) {
+    for (const double value : manyNumbers()) {
+        ASSERT_EQ(CDbl(CStr(value)), throughFifteenDigits(value)) << shortest(value);
+    }
 }
 
 TEST(CStr, WritesWholeNumbersToTheirBounds) {
@@ -165,6 +207,18 @@ TEST(Round, DecidesOnTheBinaryValue) {
     EXPECT_EQ(Round(0.375, 2), 0.38);  // a true half, to even
     EXPECT_EQ(Round(2.5), 2.0);
     EXPECT_EQ(Round(-3.5), -4.0);
+}
+
+TEST(Round, AgreesWithTheExactExpansion) {
+    std::array<char, 400> buffer;
+    for (const double value : manyNumbers()) {
+        for (const int decimals : {0, 2, 5, 15}) {
+            const auto written =
+                std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals);
+            const std::string_view expected(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data()));
+            ASSERT_EQ(Round(value, decimals), test::goldenNumber(expected)) << shortest(value) << ' ' << decimals;
+        }
+    }
 }
 
 TEST(Round, LeavesNoNegativeZero) {
