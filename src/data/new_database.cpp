@@ -82,6 +82,10 @@ std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog) 
     for (const TableDefinition& table : tables()) {
         addStatementsOf(table, sessionCatalog, statements);
     }
+    for (const IndexDefinition& index : indexes()) {
+        statements.push_back("CREATE INDEX [" + std::string(index.name) + "] ON [dbo].[" + std::string(index.table) +
+                             "] (" + std::string(index.columns) + ")");
+    }
     return statements;
 }
 

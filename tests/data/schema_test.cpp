@@ -67,6 +67,12 @@ TEST(Schema, TheServerAssignsTheKeysThatTheProgramLeavesOut) {
                 ElementsAre("DPI_Id", "PARDPI_ID", "PDM_ID", "ENG_Id", "MoDpi_Id", "ORDEN_ID", "Opi_Id", "Dex_Id"));
 }
 
+TEST(Schema, NewerColumnsStandLastAsAnUpgradeLeavesThem) {
+    const auto columns = columnsOf("DPI");
+    const std::vector<std::string_view> last(columns.end() - 5, columns.end());
+    EXPECT_THAT(last, ElementsAre("Dpi_Modulo", "DPI_HERRAMIENTA", "Dpi_Acopla", "DPI_EXTRA", "DPI_ProTex"));
+}
+
 TEST(Schema, OwnTablesAndTheHostsAreToldApart) {
     std::vector<std::string_view> own;
     for (const TableDefinition& table : tables()) {

@@ -99,6 +99,13 @@ TEST_F(SchemaUpgradeTest, AnOldTableGetsAllFiveColumnsInOneStatement) {
                     "[DPI_ProTex] [nvarchar] (35) COLLATE Modern_Spanish_CI_AS NOT NULL DEFAULT '' WITH VALUES "));
 }
 
+TEST_F(SchemaUpgradeTest, DoubledAndTrailingBlanksOfTheStatementsStay) {
+    engine.answer(probeDpi, dpiWithout({"DPI_Modulo"}));
+    msActualizarDPI(connection, screen);
+    EXPECT_EQ(connection.log().back(), "ALTER TABLE DPI ADD [Dpi_Modulo] [float] NOT NULL  DEFAULT 0 WITH VALUES ");
+    EXPECT_NE(connection.log().back(), "ALTER TABLE DPI ADD [Dpi_Modulo] [float] NOT NULL DEFAULT 0 WITH VALUES");
+}
+
 TEST_F(SchemaUpgradeTest, AColumnInAnotherCaseOrAmongBlanksIsThere) {
     engine.answer(probePardpi, {"pardpi_id", " pardpi_Cre  "});
     engine.answer(probeDpi, {"dpi_modulo ", "Dpi_Herramienta", " DPI_ACOPLA", "dpi_extra", "DPI_PROTEX"});

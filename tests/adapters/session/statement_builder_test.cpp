@@ -98,6 +98,13 @@ TEST(StatementBuilder, AValueThatDoesNotFitNamesItsColumnAndGivesNoStatement) {
     }
 }
 
+TEST(StatementBuilder, ADayGivenWithATimeIsWrittenAsTheDay) {
+    EXPECT_EQ(rendered(Tipo::dateText, "15/01/2026 9:05:00"), "convert(datetime,'15/01/2026',103)");
+    EXPECT_EQ(rendered(Tipo::dateText, sql::Value(runtime::Date::of(2026, 1, 15, 9, 5))),
+              "convert(datetime,'15/01/2026',103)");
+    EXPECT_EQ(rendered(Tipo::date, "15/01/2026 9:05:00"), "'2026-01-15T09:05:00'");
+}
+
 TEST(StatementBuilder, TakesTheTextOfABox) {
     screen::Form form("frm");
     screen::TextBox box(form, "Text1", 3);
