@@ -1,5 +1,6 @@
 #include "velmora/adapters/session/statement_builder.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "velmora/platform/runtime/dates.h"
