@@ -72,6 +72,9 @@ void BenchForm::wireFields() {
         if (Text1(i).text() == "vuelve") {
             Text1(i).setFocus();
         }
+        if (Text1(i).text() == "llena") {
+            cboTipo.addItem("Nuevo");
+        }
         if (Text1(i).text() == "apaga") {
             Text1(2).setEnabled(false);
         }
