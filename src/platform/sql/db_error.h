@@ -25,7 +25,7 @@ class DbError : public runtime::RuntimeError {
   public:
     struct Details {
         std::string sqlState{};   ///< five characters, empty when the engine gives none
-        int nativeCode = 0;     ///< the engine's own number
+        int nativeCode = 0;       ///< the engine's own number
         std::string statement{};  ///< the statement to the letter, empty when there was none
     };
 
