@@ -155,8 +155,8 @@ bool holds(const State& state, std::string_view wanted) {
 
 }  // namespace
 
-Interpreter::Interpreter(Stage stage, ScriptReader& reader, std::ostream& faults)
-    : stage_(stage), reader_(reader), faults_(faults), user_(stage.journal) {
+Interpreter::Interpreter(Stage stage, ScriptReader& reader, Tell tell)
+    : stage_(stage), reader_(reader), tell_(std::move(tell)), user_(stage.journal) {
     stage_.screen.onIdle([this] { return playNext(); });
 }
 
@@ -201,7 +201,7 @@ Status Interpreter::run() {
         while (playNext()) {
         }
     } catch (const Ending& ending) {
-        faults_ << "line " << runtime::CStr(std::int64_t{reader_.line()}) << ": " << ending.what() << '\n';
+        tell_("line " + runtime::CStr(std::int64_t{reader_.line()}) + ": " + ending.what());
         return ending.status();
     }
     return checkFailed_ ? Status::checkFailed : Status::ok;
