@@ -22,9 +22,9 @@ double DimensionConstants::FnAnchoTotal(double& dp) {
 
 double DimensionConstants::factor(const char* statement, double dp) const {
     const std::string text = runtime::shortest(dp);
-    const sql::Recordset row = session_.Connection().execute(std::string(statement) + "Calculos_Valor1<=" + text +
-                                                             " and Calculos_Valor2>=" + text +
-                                                             " order by Calculos_Valor2 ");
+    const sql::Recordset row =
+        session_.Connection().execute(std::string(statement) + "Calculos_Valor1<=" + text +
+                                      " and Calculos_Valor2>=" + text + " order by Calculos_Valor2 ");
     return row.hasRows() ? row[0].toDouble() : 1;
 }
 

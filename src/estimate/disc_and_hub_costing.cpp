@@ -11,9 +11,9 @@ using runtime::ErrorTrap;
 
 namespace {
 
-constexpr double sawAllowance = 3;       ///< mm added to a width that is sawn
-constexpr double diameterAllowance = 5;  ///< mm added to a diameter that is turned
-constexpr double hubWeightAllowance = 2; ///< mm added to a hub's length for its weight only
+constexpr double sawAllowance = 3;        ///< mm added to a width that is sawn
+constexpr double diameterAllowance = 5;   ///< mm added to a diameter that is turned
+constexpr double hubWeightAllowance = 2;  ///< mm added to a hub's length for its weight only
 
 bool isTube(const sql::Value& formula) {
     return !formula.isNull() && (formula.toLong() == 4 || formula.toLong() == 6);
@@ -234,9 +234,7 @@ void DiscAndHubCosting::discChanged() {
     if (trap.condition([&] { return number(f_.Text1(15)) <= onePieceLimit; })) {
         trap([&] { put(f_.txtPesu(16), discCut()); });
     }
-    trap([&] {
-        put(f_.txtPesu(22), round2(number(f_.txtPesu(21)) * number(f_.Text4(4)) + number(f_.txtPesu(16))));
-    });
+    trap([&] { put(f_.txtPesu(22), round2(number(f_.txtPesu(21)) * number(f_.Text4(4)) + number(f_.txtPesu(16)))); });
 }
 
 void DiscAndHubCosting::hubChanged() {

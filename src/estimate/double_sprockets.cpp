@@ -16,8 +16,8 @@ struct Measure {
 };
 
 constexpr std::array measuresBeforeHeight{
-    Measure{0, "PDM_Paso"}, Measure{8, "PDM_AC"},  Measure{2, "PDM_Rodillo"}, Measure{7, "PDM_d2"},
-    Measure{3, "PDM_dp"},   Measure{4, "PDM_DF"},  Measure{15, "PDM_de"},     Measure{16, "PDM_dm"},
+    Measure{0, "PDM_Paso"}, Measure{8, "PDM_AC"}, Measure{2, "PDM_Rodillo"}, Measure{7, "PDM_d2"},
+    Measure{3, "PDM_dp"},   Measure{4, "PDM_DF"}, Measure{15, "PDM_de"},     Measure{16, "PDM_dm"},
     Measure{17, "PDM_a"},   Measure{5, "PDM_b1"},
 };
 
@@ -47,9 +47,9 @@ bool DoubleSprockets::Text1_LostFocus(int Index) {
 
 bool DoubleSprockets::lookUp() {
     const std::string teeth = f_.Text1(1).text();
-    rsPiñonDoble_ = session_.Connection().execute("Select * from PDM where PDm_tipo = " +
-                                                  runtime::CStr(std::int64_t{f_.cboDobles.listIndex()}) +
-                                                  " AND PDm_z=" + runtime::Replace(teeth, ",", "."));
+    rsPiñonDoble_ = session_.Connection().execute(
+        "Select * from PDM where PDm_tipo = " + runtime::CStr(std::int64_t{f_.cboDobles.listIndex()}) +
+        " AND PDm_z=" + runtime::Replace(teeth, ",", "."));
     if (rsPiñonDoble_.eof()) {
         rsPiñonDoble_ = {};
         screen_.show({.text = "Error: No Existen datos para piñon doble de Z " + teeth});
@@ -82,8 +82,7 @@ void DoubleSprockets::spreadDouble(double rim) {
     f_.Label1(4).setCaption("Llanta (B2)");
     put(f_.txtPDM(0), row["PDM_de"]);
     put(f_.txtPDM(1), row["PDM_dm"]);
-    put(f_.txtPDM(2),
-        round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2 + column(row, "PDM_h1")));
+    put(f_.txtPDM(2), round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2 + column(row, "PDM_h1")));
     f_.txtPDM(3).setText(f_.Text1(17).text());
     put(f_.txtPDM(4), rim);
     put(f_.txtPDM(5), round2(column(row, "PDM_a") - rim));
@@ -104,8 +103,7 @@ void DoubleSprockets::spreadTriple(double rim) {
     f_.Label1(4).setCaption("Llanta (B3)");
     put(f_.txtTriple(0), row["PDM_de"]);
     put(f_.txtTriple(1), row["PDM_dm"]);
-    put(f_.txtTriple(2),
-        round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2 + column(row, "PDM_h1")));
+    put(f_.txtTriple(2), round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2 + column(row, "PDM_h1")));
     for (const int i : {3, 5, 7}) {
         put(f_.txtTriple(i), row["PDM_b1"]);
     }
@@ -158,8 +156,7 @@ void DoubleSprockets::msCalcularDobleVariable() {
     f_.txtDCV(2).setText(f_.Text1(9).text());
     f_.txtDCV(1).setText(f_.Text1(10).text());
     f_.txtDCV(3).setText(f_.Text1(14).text());
-    put(f_.txtDCV(0),
-        round2(numberOrZero(f_.Text1(10)) + numberOrZero(f_.Text1(9)) + numberOrZero(f_.Text1(14))));
+    put(f_.txtDCV(0), round2(numberOrZero(f_.Text1(10)) + numberOrZero(f_.Text1(9)) + numberOrZero(f_.Text1(14))));
     f_.txtDCV(5).setText(f_.Text1(16).text());
     f_.txtDCV(4).setText(f_.Text1(18).text());
     f_.txtDCV(6).setText(f_.Text1(15).text());

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "velmora/data/product_numbers.h"
+#include "velmora/estimate/drawings.h"
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/control_array.h"
 #include "velmora/platform/screen/data_grid.h"
@@ -23,9 +24,6 @@ using screen::ControlArray;
 using screen::Frame;
 using screen::Label;
 using screen::TextBox;
-
-/// Which picture of the piece stands on the sketch.
-enum class PieceView { oneHub, noHub, twoHubs };
 
 struct FieldMap {
     explicit FieldMap(screen::Form& owner) : form(owner) {}
@@ -82,7 +80,7 @@ struct FieldMap {
 
     Button cmdEng{form, "cmdEng"};
     screen::Sketch sketch{form, "picPieza"};
-    PieceView pieceView = PieceView::oneHub;
+    Hubs hubsOnSketch = Hubs::one;
 
     // The material rows chosen for disc, hub and rack, each with its article; a move recalculates.
     sql::ListenedRecordset rsMatDisco;

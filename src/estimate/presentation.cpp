@@ -78,19 +78,19 @@ void Presentation::presentType(int type) {
     switch (type) {
         case data::plainSprocket:
         case data::gear:
-            showView(PieceView::oneHub);
+            showHubs(Hubs::one);
             f_.Frame2.setCaption(captions.measures);
             msVerCubo(true);
             break;
         case data::disc:
         case data::gearDisc:
-            showView(PieceView::noHub);
+            showHubs(Hubs::none);
             f_.Frame2.setCaption(captions.measures);
             msVerCubo(false);
             break;
         case data::twoHubSprocket:
         case data::smoothPulley:
-            showView(PieceView::twoHubs);
+            showHubs(Hubs::two);
             f_.Frame2.setCaption(captions.measures);
             if (type == data::smoothPulley) {
                 f_.Text1(4).setEnabled(false);
@@ -136,10 +136,10 @@ void Presentation::presentType(int type) {
     }
 }
 
-void Presentation::showView(PieceView view) {
-    f_.pieceView = view;
-    show(view != PieceView::noHub, {&f_.Text3(1), &f_.Text3(3), &f_.Text3(4)});
-    show(view == PieceView::twoHubs, {&f_.Text3(5), &f_.Text3(6)});
+void Presentation::showHubs(Hubs hubs) {
+    f_.hubsOnSketch = hubs;
+    show(hubs != Hubs::none, {&f_.Text3(1), &f_.Text3(3), &f_.Text3(4)});
+    show(hubs == Hubs::two, {&f_.Text3(5), &f_.Text3(6)});
 }
 
 void Presentation::presentDouble(bool withHub, int type) {

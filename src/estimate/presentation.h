@@ -27,7 +27,7 @@ class Presentation {
   private:
     void reset();
     void presentType(int type);
-    void showView(PieceView view);
+    void showHubs(Hubs hubs);
     void presentDouble(bool withHub, int type);
     void presentTriple();
     void writeWidths(int type);

@@ -33,8 +33,8 @@ void Rack::Text1_LostFocus(int Index) {
         f_.Text1(20).setText(Format(module * shopPi, measureMask));
         f_.Text1(21).setText(Format(module * toothHeightFactor, measureMask));
     } else if (Index == 22 && !(number(f_.Text1(21)) < number(f_.Text1(22)))) {
-        screen_.show({.text = "Atención, el valor de H no puede ser igual o inferior al de h",
-                      .icon = screen::Icon::critical});
+        screen_.show(
+            {.text = "Atención, el valor de H no puede ser igual o inferior al de h", .icon = screen::Icon::critical});
         return;
     }
     msCalcularCremallera();

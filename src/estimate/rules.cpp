@@ -37,7 +37,7 @@ double stepFor(std::span<const Step> table, double x) {
 }
 
 constexpr std::array rollerFactorByTeeth{
-    Step{.upTo = 6, .value = 0.5},   Step{.upTo = 8, .value = 0.55},         Step{.upTo = 12, .value = 0.6},
+    Step{.upTo = 6, .value = 0.5},   Step{.upTo = 8, .value = 0.55},        Step{.upTo = 12, .value = 0.6},
     Step{.upTo = 18, .value = 0.65}, Step{.upTo = unlimited, .value = 0.7},
 };
 

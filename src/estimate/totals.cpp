@@ -26,9 +26,9 @@ struct SumsByIndex {
 };
 
 constexpr std::array sumsByIndex{
-    SumsByIndex{50, 52, Sums::rackWeight}, SumsByIndex{53, 57, Sums::rack},   SumsByIndex{5, 6, Sums::material},
-    SumsByIndex{7, 9, Sums::piece},        SumsByIndex{10, 11, Sums::lot},    SumsByIndex{14, 14, Sums::sawSpread},
-    SumsByIndex{16, 16, Sums::disc},       SumsByIndex{21, 21, Sums::disc},   SumsByIndex{24, 24, Sums::hub},
+    SumsByIndex{50, 52, Sums::rackWeight}, SumsByIndex{53, 57, Sums::rack},     SumsByIndex{5, 6, Sums::material},
+    SumsByIndex{7, 9, Sums::piece},        SumsByIndex{10, 11, Sums::lot},      SumsByIndex{14, 14, Sums::sawSpread},
+    SumsByIndex{16, 16, Sums::disc},       SumsByIndex{21, 21, Sums::disc},     SumsByIndex{24, 24, Sums::hub},
     SumsByIndex{22, 22, Sums::material},   SumsByIndex{25, 25, Sums::material},
 };
 
@@ -48,8 +48,7 @@ bool among(const std::array<Indexes, N>& ranges, int index) {
     return std::ranges::any_of(ranges, [&](const Indexes& r) { return r.from <= index && index <= r.to; });
 }
 
-constexpr std::array numericKeys{Indexes{4, 12},  Indexes{14, 17}, Indexes{21, 22},
-                                 Indexes{24, 25}, Indexes{50, 57}};
+constexpr std::array numericKeys{Indexes{4, 12}, Indexes{14, 17}, Indexes{21, 22}, Indexes{24, 25}, Indexes{50, 57}};
 constexpr std::array maskedOnLeaving{Indexes{4, 5},   Indexes{7, 12},  Indexes{14, 17},
                                      Indexes{21, 22}, Indexes{24, 25}, Indexes{50, 57}};
 constexpr int rackAmount = 57;
@@ -163,8 +162,8 @@ void Totals::sumPieceWithSawSpread(ErrorTrap& trap) {
         trap([&] { f = round2(runtime::divide(number(f_.txtPesu(14)), number(f_.txtPesu(11)))); });
     }
     trap([&] {
-        put(f_.txtPesu(10), round2(number(f_.txtPesu(7)) + f + number(f_.txtPesu(8)) + number(f_.txtPesu(9)) +
-                                   number(f_.txtPesu(5))));
+        put(f_.txtPesu(10),
+            round2(number(f_.txtPesu(7)) + f + number(f_.txtPesu(8)) + number(f_.txtPesu(9)) + number(f_.txtPesu(5))));
     });
 }
 
@@ -175,9 +174,7 @@ void Totals::sumDisc(ErrorTrap& trap) {
     } else {
         trap([&] { cut = number(f_.txtPesu(16)); });
     }
-    trap([&] {
-        put(f_.txtPesu(22), round2(round2(number(f_.Text4(4)) * number(f_.txtPesu(21))) + cut));
-    });
+    trap([&] { put(f_.txtPesu(22), round2(round2(number(f_.Text4(4)) * number(f_.txtPesu(21))) + cut)); });
     msRecalcularImportes(5);
 }
 
@@ -186,9 +183,7 @@ void Totals::sumHub(ErrorTrap& trap) {
     if (!data::hubIsVoid(f_.type())) {
         x = writeHubCut(trap);
     }
-    trap([&] {
-        put(f_.txtPesu(25), round2(round2(number(f_.Text4(5)) * number(f_.txtPesu(24))) + x));
-    });
+    trap([&] { put(f_.txtPesu(25), round2(round2(number(f_.Text4(5)) * number(f_.txtPesu(24))) + x)); });
     msRecalcularImportes(5);
 }
 

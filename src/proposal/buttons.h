@@ -10,8 +10,7 @@ namespace velmora::proposal {
 
 class Buttons {
   public:
-    Buttons(estimate::FieldMap& fields, FormControls& controls, estimate::Presentation& presentation,
-            Loading& loading)
+    Buttons(estimate::FieldMap& fields, FormControls& controls, estimate::Presentation& presentation, Loading& loading)
         : f_(fields), controls_(controls), presentation_(presentation), loading_(loading) {}
 
     /// The state with nothing to save; in consultation there is nothing to print either.

@@ -54,11 +54,10 @@ void CustomerSearch::msValidarCliente() {
 }
 
 void CustomerSearch::msBuscarCliente() {
-    const screen::Answer answer =
-        screen_.show({.text = "Desea Burcar por el nombre Fiscal ?.\r\n"
-                              "Si contesta NO, la busqueda será por Nombre Comercial",
-                      .icon = screen::Icon::information,
-                      .buttons = screen::Buttons::yesNoCancel});
+    const screen::Answer answer = screen_.show({.text = "Desea Burcar por el nombre Fiscal ?.\r\n"
+                                                        "Si contesta NO, la busqueda será por Nombre Comercial",
+                                                .icon = screen::Icon::information,
+                                                .buttons = screen::Buttons::yesNoCancel});
     if (answer == screen::Answer::cancel) {
         return;
     }

@@ -132,11 +132,11 @@ void frmBercialPiñones::wireFields() {
     f_.txtPesu.on(&TextBox::onChange, {[this](int i) { totals_.txtPesu_Change(i); }});
     f_.txtPesu.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { totals_.txtPesu_KeyPress(i, key); }});
     f_.txtPesu.on(&TextBox::onLostFocus, {[this](int i) {
-                      totals_.txtPesu_LostFocus(i);
-                      if (i == 0) {
-                          customers_.msValidarCliente();
-                      }
-                  }});
+        totals_.txtPesu_LostFocus(i);
+        if (i == 0) {
+            customers_.msValidarCliente();
+        }
+    }});
 
     // Kept K-018: the remarks are painted red on entry, and yellow, not white, once the focus has left them.
     f_.txtObservaciones.onGotFocus = [this] {

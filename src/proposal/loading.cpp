@@ -21,16 +21,24 @@ struct Stored {
 };
 
 constexpr std::array measures{
-    Stored{0, "DPI_pas"},    Stored{8, "DPI_ac"},     Stored{2, "DPI_rodillo"}, Stored{7, "DPI_Eje"},
-    Stored{3, "DPI_DmPri"},  Stored{4, "DPI_DmFon"},  Stored{15, "DPI_DmExt"},  Stored{16, "DPI_DmCub"},
-    Stored{6, "DPI_Alt"},    Stored{17, "DPI_AnchoTotal"}, Stored{9, "DPI_llanta"}, Stored{10, "DPI_AnchoCubo"},
+    Stored{0, "DPI_pas"},   Stored{8, "DPI_ac"},          Stored{2, "DPI_rodillo"}, Stored{7, "DPI_Eje"},
+    Stored{3, "DPI_DmPri"}, Stored{4, "DPI_DmFon"},       Stored{15, "DPI_DmExt"},  Stored{16, "DPI_DmCub"},
+    Stored{6, "DPI_Alt"},   Stored{17, "DPI_AnchoTotal"}, Stored{9, "DPI_llanta"},  Stored{10, "DPI_AnchoCubo"},
 };
 
 constexpr std::array amounts{
-    Stored{0, "DPI_CodCliente"}, Stored{1, "DPI_NomCliente"},       Stored{2, "DPI_RefCli"},
-    Stored{7, "DPI_ImpMat"},     Stored{8, "DPI_ImpMO"},            Stored{9, "DPI_ImpTS"},
-    Stored{5, "DPI_ImpVA"},      Stored{10, "DPI_ImpTP"},           Stored{11, "dpi_unidades"},
-    Stored{12, "DPI_Importe"},   Stored{16, "DPI_CosteCorteDisco"}, Stored{14, "DPI_FijoSierra"},
+    Stored{0, "DPI_CodCliente"},
+    Stored{1, "DPI_NomCliente"},
+    Stored{2, "DPI_RefCli"},
+    Stored{7, "DPI_ImpMat"},
+    Stored{8, "DPI_ImpMO"},
+    Stored{9, "DPI_ImpTS"},
+    Stored{5, "DPI_ImpVA"},
+    Stored{10, "DPI_ImpTP"},
+    Stored{11, "dpi_unidades"},
+    Stored{12, "DPI_Importe"},
+    Stored{16, "DPI_CosteCorteDisco"},
+    Stored{14, "DPI_FijoSierra"},
 };
 
 /// "" for null.
@@ -60,8 +68,8 @@ bool Loading::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
     f_.txtExtra.setText("");
     f_.bCargandoPropuesta = true;
     f_.cboTipoPre.setEnabled(false);
-    const sql::Recordset row = session_.Connection().execute("select * from DPI where DPI_ID=" +
-                                                             runtime::CStr(std::int64_t{nIdDpi}));
+    const sql::Recordset row =
+        session_.Connection().execute("select * from DPI where DPI_ID=" + runtime::CStr(std::int64_t{nIdDpi}));
     if (!row.eof() && !row.bof() && !putOnForm(row, bEditable)) {
         return false;
     }

@@ -141,8 +141,7 @@ void Saving::readBackNewRow() {
 
 void Saving::refuse(bool isNew, const std::string& error) {
     f_.form.setTag("E");
-    const std::string words =
-        isNew ? "Error en la grabacion del registro:" : "Error en la actualizacion del registro";
+    const std::string words = isNew ? "Error en la grabacion del registro:" : "Error en la actualizacion del registro";
     screen_.show({.text = words + lineBreak + error});
 }
 

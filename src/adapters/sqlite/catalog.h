@@ -14,7 +14,7 @@ namespace velmora::sqlite {
 
 struct TableColumn {
     std::string name;  ///< as declared
-    Type type;
+    Type type{};
     bool identity = false;
     bool notNull = false;
 };

@@ -16,10 +16,10 @@ enum class Answer { rows, changes, schema };
 struct Translation {
     Answer answer = Answer::rows;
     /// In the engine's SQL, to run one after the other, all or none. Several only for changes of the schema.
-    std::vector<std::string> steps;
-    std::vector<sql::Column> columns;  ///< of the rows
-    std::vector<Type> types;           ///< of the columns
-    std::string countStatement;        ///< answers how many rows there are, without putting them in order
+    std::vector<std::string> steps{};
+    std::vector<sql::Column> columns{};  ///< of the rows
+    std::vector<Type> types{};           ///< of the columns
+    std::string countStatement{};        ///< answers how many rows there are, without putting them in order
 };
 
 /// Errors: DbError, provider::syntax, missingTable, conversion, truncation, constraint.

@@ -864,11 +864,11 @@ Translation Emitter::remove(const Delete& remove) {
     return result;
 }
 
-Translation Emitter::statement(const Statement& statement) {
+Translation Emitter::statement(const StatementTree& tree) {
     struct Visitor {
         Emitter& emitter;
-        Translation operator()(const std::unique_ptr<Select>& tree) const {
-            EmittedSelect rows = emitter.select(*tree, nullptr);
+        Translation operator()(const std::unique_ptr<Select>& parsed) const {
+            EmittedSelect rows = emitter.select(*parsed, nullptr);
             Translation result;
             result.countStatement = "SELECT count(*) FROM (" + rows.sql.substr(0, rows.orderAt) + ")";
             for (Output& output : rows.outputs) {
@@ -878,23 +878,23 @@ Translation Emitter::statement(const Statement& statement) {
             result.steps.push_back(std::move(rows.sql));
             return result;
         }
-        Translation operator()(const Insert& tree) const { return emitter.insert(tree); }
-        Translation operator()(const Update& tree) const { return emitter.update(tree); }
-        Translation operator()(const Delete& tree) const { return emitter.remove(tree); }
-        Translation operator()(const CreateTable& tree) const { return emitter.createTable(tree); }
-        Translation operator()(const AddColumns& tree) const { return emitter.addColumns(tree); }
-        Translation operator()(const AddKey& tree) const { return emitter.addKey(tree); }
-        Translation operator()(const DropColumn& tree) const { return emitter.dropColumn(tree); }
-        Translation operator()(const DropTable& tree) const { return emitter.dropTable(tree); }
-        Translation operator()(const CreateIndex& tree) const { return emitter.createIndex(tree); }
-        Translation operator()(const DropIndex& tree) const { return emitter.dropIndex(tree); }
-        Translation operator()(const AllowGivenKeys& tree) const { return emitter.allowGivenKeys(tree); }
+        Translation operator()(const Insert& parsed) const { return emitter.insert(parsed); }
+        Translation operator()(const Update& parsed) const { return emitter.update(parsed); }
+        Translation operator()(const Delete& parsed) const { return emitter.remove(parsed); }
+        Translation operator()(const CreateTable& parsed) const { return emitter.createTable(parsed); }
+        Translation operator()(const AddColumns& parsed) const { return emitter.addColumns(parsed); }
+        Translation operator()(const AddKey& parsed) const { return emitter.addKey(parsed); }
+        Translation operator()(const DropColumn& parsed) const { return emitter.dropColumn(parsed); }
+        Translation operator()(const DropTable& parsed) const { return emitter.dropTable(parsed); }
+        Translation operator()(const CreateIndex& parsed) const { return emitter.createIndex(parsed); }
+        Translation operator()(const DropIndex& parsed) const { return emitter.dropIndex(parsed); }
+        Translation operator()(const AllowGivenKeys& parsed) const { return emitter.allowGivenKeys(parsed); }
     };
-    return std::visit(Visitor{*this}, statement);
+    return std::visit(Visitor{*this}, tree);
 }
 
 Translation translate(std::string_view statement, Catalog& catalog) {
-    const Statement tree = parse(statement);
+    const StatementTree tree = parse(statement);
     return Emitter(catalog).statement(tree);
 }
 

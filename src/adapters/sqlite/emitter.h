@@ -15,9 +15,9 @@ namespace velmora::sqlite {
 /// An expression in the engine's SQL.
 struct Emitted {
     std::string sql;
-    Type type;
+    Type type{};
     bool storedColumn = false;           ///< a column of a table: it brings its collation along
-    std::optional<std::string> literal;  ///< the text or the digits of a literal
+    std::optional<std::string> literal{};  ///< the text or the digits of a literal
 };
 
 struct Output {
@@ -34,7 +34,7 @@ struct EmittedSelect {
 /// One table or sub-select of a FROM, as its columns are reached.
 struct Source {
     std::string alias;
-    std::vector<Output> columns;
+    std::vector<Output> columns{};
     bool stored = false;
 };
 
@@ -76,7 +76,7 @@ class Emitter {
     EmittedSelect select(const Select& select, const Scope* outer, bool named = false,
                          const std::vector<const TableColumn*>* targets = nullptr);
 
-    Translation statement(const Statement& statement);
+    Translation statement(const StatementTree& tree);
 
   private:
     Emitted column(const Expression& expression, const Scope& scope) const;

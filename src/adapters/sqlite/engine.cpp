@@ -32,9 +32,9 @@ runtime::Date localNow() {
                              local.tm_hour, local.tm_min, std::min(local.tm_sec, 59));
 }
 
-std::string besideWithPrefix(const std::string& path) {
-    const std::filesystem::path file = std::filesystem::u8path(path);
-    return (file.parent_path() / std::filesystem::u8path("DOC" + file.filename().u8string())).u8string();
+std::string besideWithPrefix(std::string path) {
+    const auto folder = path.find_last_of("/\\");
+    return path.insert(folder == std::string::npos ? 0 : folder + 1, "DOC");
 }
 
 std::string doubledQuotes(std::string_view text) {
@@ -294,7 +294,7 @@ void Engine::attachDocuments(const TableName& name) {
     std::string file(inMemory);
     if (path_ != inMemory) {
         file = besideWithPrefix(path_);
-        if (options_.readOnly && !std::filesystem::exists(std::filesystem::u8path(file))) {
+        if (options_.readOnly && !std::filesystem::exists(file)) {
             throwMissingTable(name.catalog + ".dbo." + name.name);
         }
         if (!options_.readOnly) {

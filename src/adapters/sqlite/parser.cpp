@@ -41,8 +41,8 @@ class Parser {
         }
     }
 
-    Statement whole() {
-        Statement statement = one();
+    StatementTree whole() {
+        StatementTree statement = one();
         const bool closed = acceptSymbol(";");
         if (current().kind != TokenKind::end) {
             if (closed || contains(statementWords, word())) {
@@ -146,7 +146,7 @@ class Parser {
 
     // Statements.
 
-    Statement one() {
+    StatementTree one() {
         const std::string_view first = word();
         if (first == "SELECT") {
             return select();
@@ -442,7 +442,7 @@ class Parser {
         return result;
     }
 
-    Statement create() {
+    StatementTree create() {
         if (accept("TABLE")) {
             return createTable();
         }
@@ -639,7 +639,7 @@ class Parser {
         return result;
     }
 
-    Statement alter() {
+    StatementTree alter() {
         if (!accept("TABLE")) {
             unknown("ALTER " + std::string(current().written));
         }
@@ -666,7 +666,7 @@ class Parser {
         return result;
     }
 
-    Statement drop() {
+    StatementTree drop() {
         if (accept("TABLE")) {
             return DropTable{tableName()};
         }
@@ -687,7 +687,7 @@ class Parser {
         unknown("DROP " + std::string(current().written));
     }
 
-    Statement set() {
+    StatementTree set() {
         if (!accept("IDENTITY_INSERT")) {
             unknown("SET " + std::string(current().written));
         }
@@ -1057,6 +1057,6 @@ class Parser {
 
 }  // namespace
 
-Statement parse(std::string_view text) { return Parser(text).whole(); }
+StatementTree parse(std::string_view text) { return Parser(text).whole(); }
 
 }  // namespace velmora::sqlite

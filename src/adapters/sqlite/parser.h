@@ -9,6 +9,6 @@ namespace velmora::sqlite {
 
 /// Exactly one statement, perhaps with a semicolon behind it. Errors: DbError (provider::syntax) that names the
 /// construct: one that is not known, a second statement, an expression nested too deep.
-Statement parse(std::string_view text);
+StatementTree parse(std::string_view text);
 
 }  // namespace velmora::sqlite

@@ -64,9 +64,9 @@ struct Expression {
 };
 
 struct TableName {
-    std::string catalog;  ///< empty for the session's own
-    std::string schema;   ///< empty for dbo
-    std::string name;
+    std::string catalog{};  ///< empty for the session's own
+    std::string schema{};   ///< empty for dbo
+    std::string name{};
 };
 
 struct Item {
@@ -136,9 +136,9 @@ struct ColumnDefinition {
 };
 
 struct KeyDefinition {
-    std::string name;
+    std::string name{};
     bool primary = false;
-    std::vector<std::string> columns;
+    std::vector<std::string> columns{};
 };
 
 struct CreateTable {
@@ -183,7 +183,7 @@ struct AllowGivenKeys {
     TableName table;
 };
 
-using Statement = std::variant<std::unique_ptr<Select>, Insert, Update, Delete, CreateTable, AddColumns, AddKey,
+using StatementTree = std::variant<std::unique_ptr<Select>, Insert, Update, Delete, CreateTable, AddColumns, AddKey,
                                DropColumn, DropTable, CreateIndex, DropIndex, AllowGivenKeys>;
 
 }  // namespace velmora::sqlite

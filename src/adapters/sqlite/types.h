@@ -26,7 +26,7 @@ struct Type {
     Kind kind = Kind::null;
     std::size_t length = unlimited;  ///< text: UTF-16 units
     int scale = -1;                  ///< decimal: places after the point, -1 when not known
-    std::string name;                ///< the T-SQL name of a column's type, "nvarchar(15)"; empty for expressions
+    std::string name{};              ///< the T-SQL name of a column's type, "nvarchar(15)"; empty for expressions
 
     bool isNumber() const { return kind >= Kind::bit && kind <= Kind::real; }
 };
