@@ -181,7 +181,8 @@ std::optional<std::chrono::sys_days> readDay(const Token* at, const Token* end) 
     std::array<Token, 3> numbers{};
     std::size_t count = 0;
     int month = 0;
-    for (bool separated = true; at != end; ++at) {
+    bool separated = true;
+    for (; at != end; ++at) {
         if (at->kind == Token::Kind::slash) {
             if (separated) {
                 return std::nullopt;
@@ -200,9 +201,9 @@ std::optional<std::chrono::sys_days> readDay(const Token* at, const Token* end) 
         } else {
             return std::nullopt;
         }
-        if (at + 1 == end) {
-            break;
-        }
+    }
+    if (separated) {
+        return std::nullopt;
     }
     if (month != 0) {
         return dayOfNamedMonth(month, numbers.data(), count);

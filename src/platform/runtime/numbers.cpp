@@ -21,6 +21,10 @@ constexpr int significantDigits = 15;
 constexpr std::array<double, 23> exactPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                              1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
+constexpr double exactPower(int power) {
+    return exactPowers[static_cast<std::size_t>(power)];
+}
+
 constexpr double twoTo52 = 4503599627370496.0;
 
 constexpr bool isDigit(char c) {
@@ -35,11 +39,42 @@ constexpr char small(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+constexpr bool isLetterOrDigit(char c) {
+    return isDigit(c) || (small(c) >= 'a' && small(c) <= 'z');
+}
+
 void requireFinite(double value) {
     if (!std::isfinite(value)) {
         raise(overflow);
     }
 }
+
+/// A number times a power of ten, exactly: the double nearest to the product, and what that lost. Only for products
+/// below 2^52, where a half can still be told.
+class Scaled {
+  public:
+    Scaled(double value, int power) {
+        const double factor = exactPower(power);
+        const double product = value * factor;
+        lost_ = std::fma(value, factor, -product);
+        below_ = std::floor(product);
+        rest_ = product - below_;
+    }
+
+    /// The nearest whole number; the loss decides only where the product looks like a half.
+    double halfEven() const {
+        const bool odd = (static_cast<std::int64_t>(below_) & 1) != 0;
+        return rest_ > 0.5 || (rest_ == 0.5 && (lost_ > 0 || (lost_ == 0 && odd))) ? below_ + 1 : below_;
+    }
+
+    /// The same for a number that is not negative, a half going up.
+    double halfAway() const { return rest_ > 0.5 || (rest_ == 0.5 && lost_ >= 0) ? below_ + 1 : below_; }
+
+  private:
+    double lost_;
+    double below_;
+    double rest_;
+};
 
 // ---- the decimal value of a double
 
@@ -71,41 +106,6 @@ struct Decimal {
     int decimals() const { return std::max(0, count - 1 - exponent); }
 };
 
-/// Takes apart what to_chars writes in scientific form.
-Decimal takeApart(const char* at, const char* end) {
-    Decimal result;
-    if (*at == '-') {
-        result.negative = true;
-        ++at;
-    }
-    for (; at != end && *at != 'e'; ++at) {
-        if (isDigit(*at)) {
-            result.digits[static_cast<std::size_t>(result.count++)] = *at;
-        }
-    }
-    ++at;
-    const bool below = *at == '-';
-    std::from_chars(at + 1, end, result.exponent);
-    result.exponent = below ? -result.exponent : result.exponent;
-    return result;
-}
-
-Decimal toDecimal(double value) {
-    requireFinite(value);
-    std::array<char, 40> buffer;
-    char* const first = buffer.data();
-    char* const last = first + buffer.size();
-    // The shortest digits are found much faster than a given number of them, and where there are at most 15 they are
-    // the same ones: every decimal of 15 digits survives the way through a double, unless that is subnormal.
-    Decimal result = takeApart(first, std::to_chars(first, last, value, std::chars_format::scientific).ptr);
-    if (result.count > significantDigits || (value != 0 && std::abs(value) < std::numeric_limits<double>::min())) {
-        const auto written = std::to_chars(first, last, value, std::chars_format::scientific, significantDigits - 1);
-        result = takeApart(first, written.ptr);
-    }
-    result.dropTrailingZeros();
-    return result;
-}
-
 /// Half away from zero at so many decimals.
 void roundAway(Decimal& number, int decimals) {
     const int keep = number.exponent + 1 + decimals;
@@ -129,6 +129,62 @@ void roundAway(Decimal& number, int decimals) {
     number.dropTrailingZeros();
 }
 
+/// A double between 1E-07 and 1E+15, the usual case, without any digits being searched for.
+Decimal toDecimalByScaling(double value) {
+    const double size = std::abs(value);
+    // A first guess of the decimal exponent from the binary one, 0.301 digits a bit; it may lie one off.
+    Decimal result;
+    result.negative = value < 0;
+    result.exponent = static_cast<int>(std::floor(std::ilogb(size) * 0.30103));
+    if (size * exactPower(significantDigits - 1 - result.exponent) >= exactPower(significantDigits)) {
+        ++result.exponent;
+    }
+    auto whole = static_cast<std::uint64_t>(Scaled(size, significantDigits - 1 - result.exponent).halfAway());
+    constexpr auto limit = static_cast<std::uint64_t>(exactPower(significantDigits));
+    if (whole == limit) {
+        whole /= 10;
+        ++result.exponent;
+    }
+    const char* const end = std::to_chars(result.digits.data(), result.digits.data() + result.digits.size(), whole).ptr;
+    result.count = static_cast<int>(end - result.digits.data());
+    result.dropTrailingZeros();
+    return result;
+}
+
+/// Any double, from its exact decimal expansion, which has at most 767 digits.
+Decimal toDecimalByExpansion(double value) {
+    std::array<char, 800> buffer;
+    const char* const end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific, 766).ptr;
+    const char* at = buffer.data();
+    Decimal result;
+    if (*at == '-') {
+        result.negative = true;
+        ++at;
+    }
+    for (; *at != 'e'; ++at) {
+        if (isDigit(*at) && result.count <= significantDigits) {
+            result.digits[static_cast<std::size_t>(result.count++)] = *at;
+        }
+    }
+    ++at;
+    const bool below = *at == '-';
+    std::from_chars(at + 1, end, result.exponent);
+    result.exponent = below ? -result.exponent : result.exponent;
+    roundAway(result, significantDigits - 1 - result.exponent);
+    result.dropTrailingZeros();
+    return result;
+}
+
+Decimal toDecimal(double value) {
+    requireFinite(value);
+    if (value == 0) {
+        return {};
+    }
+    const double size = std::abs(value);
+    return size >= 1e-7 && size < 1e15 ? toDecimalByScaling(value) : toDecimalByExpansion(value);
+}
+
 double toDouble(const Decimal& number) {
     double whole = 0;
     for (int i = 0; i < number.count; ++i) {
@@ -136,10 +192,10 @@ double toDouble(const Decimal& number) {
     }
     // Fifteen digits and these powers are exact, so one division or multiplication gives the nearest double.
     const int scale = number.exponent + 1 - number.count;
-    const auto power = static_cast<std::size_t>(std::abs(scale));
+    const int power = std::abs(scale);
     double result = 0;
-    if (power < exactPowers.size()) {
-        result = scale < 0 ? whole / exactPowers[power] : whole * exactPowers[power];
+    if (power < static_cast<int>(exactPowers.size())) {
+        result = scale < 0 ? whole / exactPower(power) : whole * exactPower(power);
     } else {
         std::array<char, 40> buffer;
         char* at = std::copy_n(number.digits.data(), number.count, buffer.data());
@@ -282,10 +338,12 @@ class NumberReader {
     Reading read() {
         skipBlanks();
         if (const int base = radixOf(rest_); base != 0) {
-            while (!rest_.empty() && isBlank(rest_.back())) {
-                rest_.remove_suffix(1);
-            }
-            return readRadix(rest_.substr(2), base);
+            const auto digits = std::find_if_not(rest_.begin() + 2, rest_.end(), isLetterOrDigit);
+            const auto length = static_cast<std::size_t>(digits - rest_.begin());
+            const Reading result = readRadix(rest_.substr(2, length - 2), base);
+            rest_.remove_prefix(length);
+            skipBlanks();
+            return rest_.empty() ? result : Reading{};
         }
         while (takeLeading()) {
         }
@@ -307,8 +365,15 @@ class NumberReader {
 
   private:
     void skipBlanks() {
-        while (!rest_.empty() && isBlank(rest_.front())) {
-            rest_.remove_prefix(1);
+        constexpr std::string_view hardBlank = "\u00a0";
+        for (;;) {
+            if (!rest_.empty() && isBlank(rest_.front())) {
+                rest_.remove_prefix(1);
+            } else if (rest_.starts_with(hardBlank)) {
+                rest_.remove_prefix(hardBlank.size());
+            } else {
+                return;
+            }
         }
     }
 
@@ -414,21 +479,13 @@ double valueOf(const Reading& reading) {
 
 // ---- whole numbers
 
-/// Half to even for values whose whole part a double holds exactly.
-double toWhole(double value) {
-    const double below = std::floor(value);
-    const double rest = value - below;
-    const bool odd = std::fmod(below, 2.0) != 0;
-    return rest > 0.5 || (rest == 0.5 && odd) ? below + 1 : below;
-}
-
 template <typename Whole>
 Whole toWholeType(double value) {
     using Limits = std::numeric_limits<Whole>;
     if (!(value > static_cast<double>(Limits::min()) - 1 && value < static_cast<double>(Limits::max()) + 1)) {
         raise(overflow);
     }
-    const double whole = toWhole(value);
+    const double whole = Scaled(value, 0).halfEven();
     if (whole < static_cast<double>(Limits::min()) || whole > static_cast<double>(Limits::max())) {
         raise(overflow);
     }
@@ -607,17 +664,10 @@ double Round(double value, int decimals) {
     if (std::abs(value) >= twoTo52) {
         return value;
     }
-    const double power = exactPowers[static_cast<std::size_t>(decimals)];
-    const double scaled = value * power;
-    if (std::abs(scaled) < twoTo52) {
-        // The product and what it lost in rounding make the exact value together; the loss decides only where the
-        // product looks like a half. The quotient of two exact numbers is the double nearest to the decimal.
-        const double lost = std::fma(value, power, -scaled);
-        const double below = std::floor(scaled);
-        const double rest = scaled - below;
-        const bool odd = std::fmod(below, 2.0) != 0;
-        const bool up = rest > 0.5 || (rest == 0.5 && (lost > 0 || (lost == 0 && odd)));
-        return (up ? below + 1 : below) / power + 0.0;
+    const double power = exactPower(decimals);
+    if (std::abs(value * power) < twoTo52) {
+        // The quotient of two exact numbers is the double nearest to the decimal. Adding zero takes the sign off zero.
+        return Scaled(value, decimals).halfEven() / power + 0.0;
     }
     std::array<char, 64> buffer;
     const auto written =

@@ -10,7 +10,8 @@
 namespace velmora::runtime {
 
 /// Text to number by the locale: surrounding blanks, a sign before or after, thousands dots ignored wherever they
-/// stand left of the comma (so "1.5" is 15), exponent e or d, a currency sign, parentheses for a negative.
+/// stand left of the comma (so "1.5" is 15) but not at the very start, exponent e or d, a currency sign, parentheses
+/// (without a sign) for a negative, whole numbers as &H1F or &O17. Too small is 0.
 /// Errors: 13 when the text is no number, 6 when it is too large.
 double CDbl(std::string_view text, const Locale& locale = esES);
 
@@ -27,8 +28,9 @@ std::string CStr(std::int64_t value);
 std::string shortest(double value);
 
 /// A number under a mask: `0.00`, `#0.00`, `#,##0.00`, `###,###,##0.00`, `#,###,##0.00`, `#,##0.0000`, `000`,
-/// `000000`, `#0.` and zeros. Halves go away from zero on the decimal value of the double (its 15-digit text); a
-/// value that rounds to zero shows no minus sign.
+/// `000000`, `#0.` and zeros; what stands around the digits stays, an empty mask is CStr, a date mask takes the number
+/// as a date. Halves go away from zero on the decimal value of the double (its 15-digit text); a value that rounds to
+/// zero shows no minus sign. Error 6 for infinities and NaN.
 std::string Format(double value, std::string_view mask, const Locale& locale = esES);
 
 /// A text under a mask: numeric text is converted first, text that is a date under a date mask likewise; any other
@@ -36,19 +38,22 @@ std::string Format(double value, std::string_view mask, const Locale& locale = e
 std::string Format(std::string_view text, std::string_view mask, const Locale& locale = esES);
 
 /// The language's rounding: half to even, decided on the exact binary value of the double (0.5, 2.5 are halves;
-/// 1.005 is not, it lies below). `decimals` 0 to 15.
+/// 1.005 is not, it lies below). `decimals` 0 to 15, else error 5; error 6 for infinities and NaN.
 double Round(double value, int decimals = 0);
 
 /// Half away from zero on the decimal value of the double (its 15-digit text): 1.005 gives 1.01, 2.675 gives 2.68.
+/// The result never has more than those 15 digits. Error 6 for infinities and NaN.
 double Redondear(double value, int decimals);
 
-/// To 16 or 32 bits, half to even. Errors: 6 outside the range, 13 for a text that is no number.
+/// To 16 or 32 bits, half to even; &H and &O in a text fill the bits, so &HFFFF is -1 in 16 of them.
+/// Errors: 6 outside the range, 13 for a text that is no number.
 std::int16_t CInt(double value);
 std::int16_t CInt(std::string_view text, const Locale& locale = esES);
 std::int32_t CLng(double value);
 std::int32_t CLng(std::string_view text, const Locale& locale = esES);
 
-/// The number at the start of a text, with a decimal point whatever the locale; 0 when there is none.
+/// The number at the start of a text, with a decimal point whatever the locale; 0 when there is none. Blanks and line
+/// ends count nowhere ("1 2 mm" is 12). Error 6 when it is too large.
 double Val(std::string_view text);
 
 /// The greatest whole number not above the value.

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/screen/sketch.h"
 
 namespace velmora::screen {
 
@@ -28,8 +29,35 @@ Control* Form::find(std::string_view fullName) const {
     return found == controls_.end() ? nullptr : *found;
 }
 
+namespace {
+
+// A group's frame holds what stands in it, and a field without a name of its own is called by its caption.
+void settle(const Layout& node, Frame* frame) {
+    if (node.control != nullptr) {
+        node.control->setFrame(frame);
+        if (node.control->accessibleName().empty() && !node.caption.empty()) {
+            node.control->setAccessibleName(node.caption);
+        }
+        if (const auto* sketch = dynamic_cast<Sketch*>(node.control)) {
+            for (const Sketch::PlacedLabel& placed : sketch->labels()) {
+                placed.box->setFrame(frame);
+            }
+        }
+    }
+    if (node.captionLabel != nullptr) {
+        node.captionLabel->setFrame(frame);
+    }
+    Frame* inner = node.kind == Layout::Kind::group ? static_cast<Frame*>(node.control) : frame;
+    for (const Layout& child : node.children) {
+        settle(child, inner);
+    }
+}
+
+}  // namespace
+
 void Form::setLayout(Layout layout) {
     layout_ = std::move(layout);
+    settle(layout_, nullptr);
 }
 
 void Form::setFocus(Control& control) {

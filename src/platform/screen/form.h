@@ -41,6 +41,7 @@ class Form {
     /// By full name: "Text1(3)", "cboTipoPre". None: nullptr.
     Control* find(std::string_view fullName) const;
 
+    /// Setting it puts each control into the frame of its group and names it by its caption.
     const Layout& layout() const { return layout_; }
     void setLayout(Layout layout);
     /// The order of the Tab key; controls that are not in it cannot be reached by it.

@@ -1,0 +1,41 @@
+#pragma once
+// What is known of the tables: their columns and T-SQL types.
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "velmora/adapters/sqlite/syntax_tree.h"
+
+namespace velmora::sqlite {
+
+struct TableColumn {
+    std::string name;  ///< as declared
+    Type type{};
+    bool identity = false;
+    bool notNull = false;
+};
+
+struct Table {
+    std::string schema;  ///< the engine's: main, or the attached documents
+    std::string name;    ///< as declared
+    std::vector<TableColumn> columns;
+
+    const TableColumn* column(std::string_view name) const;
+};
+
+/// Finds tables by name. The dialect asks only this, so it can be tried without a database.
+class Catalog {
+  public:
+    virtual ~Catalog() = default;
+
+    /// The engine's schema for a catalogue and a schema of the statement. Errors: provider::missingTable.
+    virtual std::string schemaOf(const TableName& name) = 0;
+    /// Errors: provider::missingTable.
+    virtual std::shared_ptr<const Table> table(const TableName& name) = 0;
+};
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,32 @@
+#pragma once
+// The order of texts: Spanish, blind to case and to trailing blanks, not to accents; ñ between n and o.
+
+#include <memory>
+#include <string_view>
+
+struct sqlite3;
+
+namespace velmora::sqlite {
+
+/// As the statements and the tables name it.
+inline constexpr std::string_view collationName = "Modern_Spanish_CI_AS";
+
+/// Compares two texts; below, equal to or above zero.
+class SpanishOrder {
+  public:
+    SpanishOrder();
+    ~SpanishOrder();
+    SpanishOrder(const SpanishOrder&) = delete;
+    SpanishOrder& operator=(const SpanishOrder&) = delete;
+
+    int compare(std::string_view a, std::string_view b) const;
+
+  private:
+    struct Collator;
+    std::unique_ptr<Collator> collator_;
+};
+
+/// Makes the collation known to a connection of the engine. Errors: DbError.
+void registerCollation(sqlite3* database);
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,32 @@
+#pragma once
+// The embedded engine behind a data connection: one file, and a second one beside it for the documents.
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "velmora/platform/runtime/date.h"
+#include "velmora/platform/sql/connection.h"
+
+namespace velmora::sqlite {
+
+struct Options {
+    /// What getdate() answers; the system's local time when none is given.
+    std::function<runtime::Date()> clock;
+    /// The catalogue's name in `CATALOG.dbo.table`; the documents' is "DOC" and this.
+    std::string catalog = "VELMORA";
+    bool readOnly = false;
+    /// How long a statement waits for another process that writes.
+    std::chrono::milliseconds busyTimeout{5000};
+    /// How many texts the statement cache holds.
+    std::size_t cachedStatements = 256;
+};
+
+/// Opens the database at this path, which is made when it does not exist; ":memory:" lives as long as the
+/// connection. The documents' catalogue is the file of the same folder whose name has "DOC" in front
+/// ("taller.db": "DOCtaller.db"), joined by the first statement that names it; of a database in memory it is in
+/// memory too. Errors: DbError (provider::failure) for a file that is no database or cannot be opened.
+std::unique_ptr<sql::Connection> openDatabase(const std::string& path, Options options = {});
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,28 @@
+#pragma once
+// The dialect layer: a T-SQL statement to what the embedded engine runs.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "velmora/adapters/sqlite/catalog.h"
+#include "velmora/adapters/sqlite/types.h"
+#include "velmora/platform/sql/recordset.h"
+
+namespace velmora::sqlite {
+
+enum class Answer { rows, changes, schema };
+
+struct Translation {
+    Answer answer = Answer::rows;
+    /// In the engine's SQL, to run one after the other, all or none. Several only for changes of the schema.
+    std::vector<std::string> steps{};
+    std::vector<sql::Column> columns{};  ///< of the rows
+    std::vector<Type> types{};           ///< of the columns
+    std::string countStatement{};        ///< answers how many rows there are, without putting them in order
+};
+
+/// Errors: DbError, provider::syntax, missingTable, conversion, truncation, constraint.
+Translation translate(std::string_view statement, Catalog& catalog);
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,125 @@
+#include "velmora/adapters/sqlite/errors.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace velmora::sqlite {
+
+namespace {
+
+using sql::DbError;
+namespace provider = sql::provider;
+
+[[noreturn]] void raise(long number, std::string description, std::string_view state, int native = 0) {
+    throw DbError(number, std::move(description), {.sqlState = std::string(state), .nativeCode = native});
+}
+
+/// What follows the last ": " of an engine's message: the name of the column or the constraint.
+std::string_view subject(std::string_view message) {
+    const auto colon = message.find(": ");
+    return colon == std::string_view::npos ? message : message.substr(colon + 2);
+}
+
+std::string_view afterDot(std::string_view name) {
+    const auto dot = name.rfind('.');
+    return dot == std::string_view::npos ? name : name.substr(dot + 1);
+}
+
+struct Failure {
+    int primaryCode;
+    long number;
+    std::string_view state;
+    std::string_view description;
+};
+
+constexpr Failure failures[] = {
+    {SQLITE_BUSY, provider::timeout, "HYT00", "La base de datos está ocupada por otro proceso. Inténtelo de nuevo."},
+    {SQLITE_LOCKED, provider::timeout, "HYT00", "La tabla está ocupada por otra consulta."},
+    {SQLITE_FULL, provider::failure, "HY000", "No queda espacio en el disco de la base de datos."},
+    {SQLITE_READONLY, provider::failure, "HY000", "La base de datos es de solo lectura."},
+    {SQLITE_NOTADB, provider::failure, "08001", "El fichero no es una base de datos."},
+    {SQLITE_CANTOPEN, provider::failure, "08001", "No se puede abrir el fichero de la base de datos."},
+    {SQLITE_CORRUPT, provider::failure, "HY000", "El fichero de la base de datos está dañado."},
+    {SQLITE_IOERR, provider::failure, "HY000", "Error de lectura o escritura en el fichero de la base de datos."},
+    {SQLITE_NOMEM, provider::failure, "HY001", "No queda memoria."},
+    {SQLITE_PERM, provider::failure, "42000", "Sin permiso sobre la base de datos."},
+};
+
+/// Check constraints carry the name of what they hold: "conversion:COLUMN", "longitud:COLUMN".
+[[noreturn]] void raiseCheck(std::string_view constraint, int code) {
+    constexpr std::string_view length = "longitud:";
+    const std::string column(constraint.substr(std::min(constraint.find(':') + 1, constraint.size())));
+    if (constraint.substr(0, length.size()) == length) {
+        raise(provider::truncation, "El texto no cabe en la columna '" + column + "'.", "22001", code);
+    }
+    raise(provider::conversion, "El valor no es del tipo de la columna '" + column + "'.", "22018", code);
+}
+
+[[noreturn]] void raiseConstraint(std::string_view message, int code) {
+    const std::string_view about = subject(message);
+    switch (code) {
+        case SQLITE_CONSTRAINT_CHECK:
+            raiseCheck(about, code);
+        case SQLITE_CONSTRAINT_NOTNULL:
+            raise(provider::constraint, "La columna '" + std::string(afterDot(about)) + "' no admite NULL.", "23000", code);
+        case SQLITE_CONSTRAINT_UNIQUE:
+        case SQLITE_CONSTRAINT_PRIMARYKEY:
+        case SQLITE_CONSTRAINT_ROWID:
+            raise(provider::constraint, "Clave duplicada: ya existe una fila con ese valor en " + std::string(about) + ".",
+                  "23000", code);
+        default:
+            raise(provider::constraint, "La fila incumple una restricción: " + std::string(about) + ".", "23000", code);
+    }
+}
+
+}  // namespace
+
+void throwSyntax(std::string description) { raise(provider::syntax, std::move(description) + ".", "42000"); }
+
+void throwMissingTable(std::string_view table) {
+    raise(provider::missingTable, "La tabla '" + std::string(table) + "' no existe.", "42S02");
+}
+
+void throwConversion(std::string description) { raise(provider::conversion, std::move(description) + ".", "22018"); }
+
+void throwTruncation(std::string_view column, std::size_t limit) {
+    raise(provider::truncation,
+          "El texto no cabe en la columna '" + std::string(column) + "', que admite " + std::to_string(limit) +
+              " caracteres.",
+          "22001");
+}
+
+void throwConstraint(std::string description) { raise(provider::constraint, std::move(description) + ".", "23000"); }
+
+void throwEngineError(sqlite3* database, int code) {
+    const std::string message = database ? sqlite3_errmsg(database) : sqlite3_errstr(code);
+    const int extended = database && sqlite3_errcode(database) == code ? sqlite3_extended_errcode(database) : code;
+    const int primary = extended & 0xff;
+    if (primary == SQLITE_CONSTRAINT) {
+        raiseConstraint(message, extended);
+    }
+    // The functions of the dialect tell what they refuse by these two codes.
+    if (primary == SQLITE_MISMATCH) {
+        raise(provider::conversion, message, "22018", extended);
+    }
+    if (primary == SQLITE_TOOBIG) {
+        raise(provider::truncation, message, "22001", extended);
+    }
+    const auto known = std::find_if(std::begin(failures), std::end(failures),
+                                    [&](const Failure& f) { return f.primaryCode == primary; });
+    if (known != std::end(failures)) {
+        raise(known->number, std::string(known->description), known->state, extended);
+    }
+    raise(provider::syntax, "La base de datos rechaza la instrucción: " + message, "42000", extended);
+}
+
+DbError withStatement(const DbError& error, std::string_view statement) {
+    DbError::Details details = error.details();
+    details.statement = std::string(statement);
+    return DbError(error.number(), error.description(), std::move(details));
+}
+
+}  // namespace velmora::sqlite

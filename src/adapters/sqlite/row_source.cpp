@@ -1,0 +1,141 @@
+#include "velmora/adapters/sqlite/row_source.h"
+
+#include <optional>
+#include <utility>
+
+#include "velmora/adapters/sqlite/engine.h"
+
+namespace velmora::sqlite {
+
+namespace {
+
+class Rows final : public sql::RowSource, public Stream {
+  public:
+    Rows(std::shared_ptr<Engine> engine, std::shared_ptr<CachedStatement> cached)
+        : engine_(std::move(engine)), cached_(std::move(cached)) {
+        start();
+        fill();
+    }
+    ~Rows() override { stop(); }
+
+    const std::vector<sql::Column>& columns() const override { return cached_->translation.columns; }
+
+    bool hasRow(std::size_t position) override {
+        if (inWindow(position)) {
+            return true;
+        }
+        if (count_) {
+            return position < *count_;
+        }
+        return fetch(position);
+    }
+
+    const sql::Row& row(std::size_t position) override {
+        if (!inWindow(position)) {
+            fetch(position);
+        }
+        return window_.at(position - first_);
+    }
+
+    std::size_t rowCount() override {
+        if (!count_) {
+            const auto counting = engine_->prepare(cached_->translation.countStatement);
+            counting->step();
+            count_ = static_cast<std::size_t>(counting->whole(0));
+        }
+        return *count_;
+    }
+
+    std::unique_ptr<sql::RowSource> reopen() const override { return engine_->openRows(cached_->text); }
+
+    void park() override {
+        if (statement_) {
+            engine_->giveBack(*cached_, std::move(statement_));
+        }
+    }
+
+  private:
+    bool inWindow(std::size_t position) const { return position >= first_ && position - first_ < window_.size(); }
+
+    void start() {
+        statement_ = engine_->take(*cached_);
+        next_ = 0;
+        engine_->enter(*this);
+    }
+
+    void stop() {
+        engine_->leave(*this);
+        park();
+    }
+
+    /// Moves the window so that it holds the position, with a quarter of it before, for who walks back; false when
+    /// the set ends before.
+    bool fetch(std::size_t position) {
+        const bool back = position < first_;
+        const std::size_t before = back ? windowRows / 2 : windowRows / 4;
+        const std::size_t wanted = position > before ? position - before : 0;
+        if (!statement_ || wanted < next_) {
+            if (!statement_ || position < next_) {
+                stop();
+                start();
+            }
+        }
+        const std::size_t from = std::max(wanted, next_);
+        while (next_ < from) {
+            if (!step()) {
+                return false;
+            }
+        }
+        fill();
+        return inWindow(position);
+    }
+
+    bool step() {
+        if (!statement_->step()) {
+            count_ = next_;
+            stop();
+            return false;
+        }
+        ++next_;
+        return true;
+    }
+
+    /// Reads the next rows into the window, up to its bound.
+    void fill() {
+        const std::size_t first = next_;
+        std::vector<sql::Row> rows;
+        while (rows.size() < windowRows && step()) {
+            rows.push_back(current());
+        }
+        if (!rows.empty() || first == 0) {
+            window_ = std::move(rows);
+            first_ = first;
+        }
+    }
+
+    sql::Row current() const {
+        const std::vector<Type>& types = cached_->translation.types;
+        sql::Row row;
+        row.reserve(types.size());
+        for (std::size_t i = 0; i < types.size(); ++i) {
+            row.push_back(statement_->value(static_cast<int>(i), types[i].kind));
+        }
+        return row;
+    }
+
+    std::shared_ptr<Engine> engine_;
+    std::shared_ptr<CachedStatement> cached_;
+    std::unique_ptr<Statement> statement_;  ///< while it is being read
+    std::size_t next_ = 0;                  ///< the position that the next step reads
+    std::size_t first_ = 0;                 ///< the position of the window's first row
+    std::vector<sql::Row> window_;
+    std::optional<std::size_t> count_;      ///< once known
+};
+
+}  // namespace
+
+std::unique_ptr<sql::RowSource> openRowSource(std::shared_ptr<Engine> engine, std::shared_ptr<CachedStatement> cached) {
+    return std::make_unique<Rows>(std::move(engine), std::move(cached));
+}
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,20 @@
+#pragma once
+// The rows of a statement, read as they are asked for.
+
+#include <memory>
+#include <string>
+
+#include "velmora/platform/sql/recordset.h"
+
+namespace velmora::sqlite {
+
+class Engine;
+struct CachedStatement;
+
+/// Rows held in memory at a time. A set that is not larger is read at once and holds nothing of the database.
+inline constexpr std::size_t windowRows = 512;
+
+/// Runs the statement and reads its first rows. Errors: DbError.
+std::unique_ptr<sql::RowSource> openRowSource(std::shared_ptr<Engine> engine, std::shared_ptr<CachedStatement> cached);
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,88 @@
+#include "velmora/adapters/sqlite/statement.h"
+
+#include <sqlite3.h>
+
+#include "velmora/adapters/sqlite/conversions.h"
+#include "velmora/adapters/sqlite/errors.h"
+
+namespace velmora::sqlite {
+
+namespace {
+
+sql::Bytes bytesOf(sqlite3_stmt* statement, int column) {
+    const auto* first = static_cast<const std::byte*>(sqlite3_column_blob(statement, column));
+    return first ? sql::Bytes(first, first + sqlite3_column_bytes(statement, column)) : sql::Bytes();
+}
+
+std::string textOf(sqlite3_stmt* statement, int column) {
+    const auto* first = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return std::string(first, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+}
+
+}  // namespace
+
+void Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+Statement::Statement(sqlite3* database, std::string_view sql, bool kept) {
+    sqlite3_stmt* prepared = nullptr;
+    const int code = sqlite3_prepare_v3(database, sql.data(), static_cast<int>(sql.size()),
+                                        kept ? SQLITE_PREPARE_PERSISTENT : 0, &prepared, nullptr);
+    handle_.reset(prepared);
+    if (code != SQLITE_OK) {
+        throwEngineError(database, code);
+    }
+}
+
+bool Statement::step() {
+    const int code = sqlite3_step(handle_.get());
+    if (code == SQLITE_ROW || code == SQLITE_DONE) {
+        return code == SQLITE_ROW;
+    }
+    try {
+        throwEngineError(sqlite3_db_handle(handle_.get()), code);
+    } catch (...) {
+        reset();
+        throw;
+    }
+}
+
+void Statement::reset() { sqlite3_reset(handle_.get()); }
+
+sql::Value Statement::value(int column, Kind kind) const {
+    sqlite3_stmt* row = handle_.get();
+    switch (sqlite3_column_type(row, column)) {
+        case SQLITE_INTEGER: {
+            const std::int64_t whole = sqlite3_column_int64(row, column);
+            if (kind == Kind::bit) {
+                return whole != 0;
+            }
+            if (kind == Kind::real || kind == Kind::decimal) {
+                return static_cast<double>(whole);
+            }
+            return whole;
+        }
+        case SQLITE_FLOAT:
+            return sqlite3_column_double(row, column);
+        case SQLITE_TEXT: {
+            std::string text = textOf(row, column);
+            if (kind == Kind::date) {
+                if (const auto date = dateFromStored(text)) {
+                    return *date;
+                }
+            }
+            return text;
+        }
+        case SQLITE_BLOB:
+            return bytesOf(row, column);
+        default:
+            return {};
+    }
+}
+
+std::int64_t Statement::whole(int column) const { return sqlite3_column_int64(handle_.get(), column); }
+
+int Statement::timesPreparedAnew() const {
+    return sqlite3_stmt_status(handle_.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
+}
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,40 @@
+#pragma once
+// A prepared statement of the engine.
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "velmora/adapters/sqlite/types.h"
+#include "velmora/platform/sql/value.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace velmora::sqlite {
+
+class Statement {
+  public:
+    /// `kept` tells the engine that the statement will be run again and again. Errors: DbError.
+    Statement(sqlite3* database, std::string_view sql, bool kept);
+
+    /// To the next row; false behind the last one. Errors: DbError, and the statement is at its start again.
+    bool step();
+    /// Back to the start; lets go of what it holds of the database.
+    void reset();
+
+    /// A column of the row on which the statement stands.
+    sql::Value value(int column, Kind kind) const;
+    std::int64_t whole(int column) const;
+
+    /// How often the engine had to prepare it anew since a table was changed by somebody else.
+    int timesPreparedAnew() const;
+
+  private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    std::unique_ptr<sqlite3_stmt, Finalize> handle_;
+};
+
+}  // namespace velmora::sqlite
