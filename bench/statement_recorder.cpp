@@ -1,0 +1,145 @@
+#include "statement_recorder.h"
+
+#include <map>
+#include <memory>
+#include <stdexcept>
+
+#include <sqlite3.h>
+
+namespace velmora::bench {
+namespace {
+
+/// SQLite knows of no context for what it calls on opening a connection, so the connections are kept here.
+std::vector<sqlite3*>& openedConnections() {
+    static std::vector<sqlite3*> connections;
+    return connections;
+}
+
+int rememberConnection(sqlite3* database, char**, const struct sqlite3_api_routines*) {
+    openedConnections().push_back(database);
+    return SQLITE_OK;
+}
+
+using Extension = void (*)();
+
+Extension extension() {
+    return reinterpret_cast<Extension>(&rememberConnection);
+}
+
+struct Watch {
+    Recording recording;
+    std::map<sqlite3_stmt*, std::size_t> running;
+    bool incomplete = false;
+};
+
+void noteStart(Watch& watch, sqlite3_stmt* statement, const char* text) {
+    // What a trigger runs is announced as a comment; it will run again by itself.
+    if (text != nullptr && text[0] == '-' && text[1] == '-') {
+        return;
+    }
+    const std::unique_ptr<char, decltype(&sqlite3_free)> sql(sqlite3_expanded_sql(statement), &sqlite3_free);
+    if (!sql) {
+        watch.incomplete = true;  // no exception may pass through SQLite
+        return;
+    }
+    watch.running[statement] = watch.recording.size();
+    watch.recording.push_back({sqlite3_db_handle(statement), sql.get(), 0});
+}
+
+int note(unsigned event, void* context, void* subject, void* text) {
+    Watch& watch = *static_cast<Watch*>(context);
+    auto* const statement = static_cast<sqlite3_stmt*>(subject);
+    if (event == SQLITE_TRACE_STMT) {
+        noteStart(watch, statement, static_cast<const char*>(text));
+    } else if (const auto found = watch.running.find(statement); found != watch.running.end()) {
+        ++watch.recording[found->second].rows;
+    }
+    return 0;
+}
+
+using Handle = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
+
+[[noreturn]] void refuse(sqlite3* database, const std::string& sql) {
+    throw std::runtime_error(std::string(sqlite3_errmsg(database)) + ": " + sql);
+}
+
+Handle prepare(const RecordedStatement& recorded) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(recorded.database, recorded.sql.data(), static_cast<int>(recorded.sql.size()), &statement,
+                           nullptr) != SQLITE_OK) {
+        refuse(recorded.database, recorded.sql);
+    }
+    return Handle(statement, &sqlite3_finalize);
+}
+
+/// As many rows as were fetched, and one step more, in which the end was seen.
+void fetch(sqlite3_stmt* statement, std::int64_t rows) {
+    int result = SQLITE_ROW;
+    for (std::int64_t step = 0; result == SQLITE_ROW && step <= rows; ++step) {
+        result = sqlite3_step(statement);
+    }
+    if (result != SQLITE_ROW && result != SQLITE_DONE) {
+        refuse(sqlite3_db_handle(statement), sqlite3_sql(statement));
+    }
+}
+
+}  // namespace
+
+StatementRecorder::StatementRecorder() {
+    openedConnections().clear();
+    sqlite3_auto_extension(extension());
+}
+
+StatementRecorder::~StatementRecorder() {
+    sqlite3_cancel_auto_extension(extension());
+    openedConnections().clear();
+}
+
+Recording StatementRecorder::record(const std::function<void()>& work) {
+    Watch watch;
+    const auto listen = [&](unsigned events) {
+        for (sqlite3* database : openedConnections()) {
+            sqlite3_trace_v2(database, events, events != 0 ? &note : nullptr, &watch);
+        }
+    };
+    listen(SQLITE_TRACE_STMT | SQLITE_TRACE_ROW);
+    try {
+        work();
+    } catch (...) {
+        listen(0);
+        throw;
+    }
+    listen(0);
+    if (watch.incomplete) {
+        throw std::runtime_error("a statement was too long to be recorded");
+    }
+    return std::move(watch.recording);
+}
+
+void replay(const Recording& recording) {
+    for (const RecordedStatement& recorded : recording) {
+        const Handle statement = prepare(recorded);
+        fetch(statement.get(), recorded.rows);
+    }
+}
+
+PreparedRecording::PreparedRecording(const Recording& recording) {
+    for (const RecordedStatement& recorded : recording) {
+        prepared_.push_back({prepare(recorded).release(), recorded.rows});
+    }
+}
+
+PreparedRecording::~PreparedRecording() {
+    for (const Prepared& one : prepared_) {
+        sqlite3_finalize(one.statement);
+    }
+}
+
+void PreparedRecording::replay() {
+    for (const Prepared& one : prepared_) {
+        fetch(one.statement, one.rows);
+        sqlite3_reset(one.statement);
+    }
+}
+
+}  // namespace velmora::bench

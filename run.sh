@@ -1,0 +1,22 @@
+#!/bin/bash
+# Installs what is missing, builds, and opens the program. Where there is no display, the program writes the pictures
+# of its windows and a whole proposal, played without a screen, to out/.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+scripts/install_packages.sh
+scripts/build.sh release velmora velmora-drive
+programs=build/release/bin
+
+if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
+    exec "$programs/velmora" "$@"
+fi
+
+mkdir -p out
+QT_QPA_PLATFORM=offscreen "$programs/velmora" --pictures out
+"$programs/velmora-drive" tests/scenarios/plain_sprocket.drive >out/plain_sprocket.txt
+
+echo
+echo "There is no display, so nothing was opened. Written instead, in $PWD/out:"
+find out -type f | sort | sed 's/^/  /'
+echo "The programs are in $PWD/$programs: velmora (with a display) and velmora-drive (plays scripts)."

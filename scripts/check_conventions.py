@@ -1,0 +1,334 @@
+#!/usr/bin/env python3
+"""Refuses what compiles but breaks the rules of the house.
+
+    check_conventions.py [ROOT]
+
+Prints one line per finding, `file:line: what is wrong`, and exits 1 when there is one.
+"""
+
+import os
+import re
+import sys
+from pathlib import Path
+
+_GROUND = {"platform"}
+_DATA = _GROUND | {"data"}
+_ESTIMATE = _DATA | {"estimate"}
+_FORMS = _ESTIMATE | {"labour", "reference", "services"}
+ROOMS = {
+    "platform": set(),
+    "data": _GROUND,
+    "estimate": _DATA,
+    "labour": _ESTIMATE,
+    "reference": _ESTIMATE,
+    "services": _ESTIMATE,
+    "proposal": _FORMS,
+    "tracking": _FORMS | {"proposal"},
+    "shell": _FORMS | {"proposal", "tracking"},
+}
+CORE = set(ROOMS)
+
+STANDARD_HEADERS = set(
+    """
+    algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex concepts condition_variable
+    coroutine deque exception execution filesystem format forward_list fstream functional future initializer_list
+    iomanip ios iosfwd iostream istream iterator latch limits list locale map memory memory_resource mutex new numbers
+    numeric optional ostream queue random ranges ratio regex scoped_allocator semaphore set shared_mutex
+    source_location span spanstream sstream stack stdexcept stop_token streambuf string string_view syncstream
+    system_error thread tuple type_traits typeindex typeinfo unordered_map unordered_set utility valarray variant
+    vector version
+    cassert cctype cerrno cfenv cfloat cinttypes climits clocale cmath csetjmp csignal cstdarg cstddef cstdint cstdio
+    cstdlib cstring ctime cuchar cwchar cwctype
+    """.split()
+)
+
+# Standard, but they write and read numbers and letters by the locale of the process.
+LOCALE_HEADERS = set(
+    "iostream sstream iomanip istream ostream locale regex codecvt cctype cwctype clocale cstdio cwchar".split()
+)
+
+# A GUI library changes the locale of the process behind one's back: none of these means the same twice.
+LOCALE_FUNCTIONS = """
+    stod stof stold strtod strtof strtold atof
+    printf fprintf sprintf snprintf vprintf vfprintf vsprintf vsnprintf wprintf swprintf fwprintf asprintf
+    scanf sscanf fscanf
+    tolower toupper isalpha isdigit isalnum isspace isupper islower ispunct isprint isgraph iscntrl isxdigit isblank
+    towlower towupper iswalpha iswdigit iswspace
+    setlocale localeconv strcoll strxfrm
+""".split()
+_LOCALE_CALL = re.compile(r"(?<![\w.>:])(?:std\s*::|::)?\s*(" + "|".join(LOCALE_FUNCTIONS) + r")\s*\(")
+_LOCALE_TYPE = re.compile(r"\bstd\s*::\s*(locale|regex|wregex|basic_regex|ostringstream|istringstream|stringstream)\b")
+_ROUND_CALL = re.compile(r"(?<![\w.>:])(?:std\s*::\s*|::\s*)?(l?l?round|nearbyint|l?l?rint)f?\s*\(")
+_TO_STRING_CALL = re.compile(r"\bto_string\s*\(")
+
+# Halved, so that this file does not hold them itself.
+BANNED_WORDS = ["TO" + "DO", "FIX" + "ME", "GTEST" + "_SKIP", "DISABLED" + "_"]
+_BANNED = re.compile(r"(?<![A-Za-z0-9])(" + "|".join(BANNED_WORDS) + r")")
+
+TEXT_SUFFIXES = {".h", ".cpp", ".cmake", ".py", ".sh", ".md", ".part", ".yml", ".yaml", ".drive", ".sql", ".json", ".in"}
+TEXT_NAMES = {"CMakeLists.txt", ".clang-format", ".clang-tidy", ".gitignore", "LICENSE", "run"}
+TAB_SUFFIXES = {".h", ".cpp", ".cmake", ".py", ".sh", ".md"}
+CODE_SUFFIXES = {".h", ".cpp", ".cmake", ".py", ".sh"}
+SKIPPED_FOLDERS = {".git", "build", "out", "__pycache__"}
+
+_INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.MULTILINE)
+_TAG = re.compile(r"\b(Kept|Chosen|Differs)\s+([A-Z])-(\d+)\b")
+_LETTER = {"Kept": "K", "Chosen": "C", "Differs": "D"}
+_ID = re.compile(r"^[KCD]-\d{3}$")
+_TEST = re.compile(r"\b(?:TYPED_)?TEST(?:_F|_P)?\s*\(\s*(\w+)\s*,\s*(\w+)\s*\)")
+
+REGISTER = "docs/behaviour.md"
+
+
+_TOKEN = re.compile(
+    r"""
+    (?P<comment>//(?:\\\n|[^\n])*|/\*.*?\*/)
+    |(?P<raw>\b(?:u8|u|U|L)?R"(?P<delimiter>[^\s()\\]{0,16})\(.*?\)(?P=delimiter)")
+    |(?P<text>"(?:\\.|[^"\\\n])*")
+    |(?P<letter>(?<![0-9A-Fa-f])'(?:\\.|[^'\\\n])+'|\b(?:u8|u|U|L)'(?:\\.|[^'\\\n])+')
+    """,
+    re.DOTALL | re.VERBOSE,
+)
+
+
+def code_alone(source):
+    """The source with comments and the insides of literals blanked, line by line as it was."""
+    return _TOKEN.sub(lambda found: re.sub(r"[^\n]", " ", found.group()), source)
+
+
+def without_comments(source):
+    def blank(found):
+        return re.sub(r"[^\n]", " ", found.group()) if found.group("comment") else found.group()
+
+    return _TOKEN.sub(blank, source)
+
+
+def line_of(source, position):
+    return source.count("\n", 0, position) + 1
+
+
+def argument_at(code, opening):
+    """The text between the parenthesis at `opening` and its partner."""
+    depth = 0
+    for position in range(opening, len(code)):
+        depth += {"(": 1, ")": -1}.get(code[position], 0)
+        if depth == 0:
+            return code[opening + 1 : position]
+    return code[opening + 1 :]
+
+
+def is_floating(expression, before):
+    """Whether an expression shows that it is a floating number, as far as its words and the declarations tell."""
+    if re.search(r"\b(?:double|float)\b|\d\.|\.\d", expression):
+        return True
+    for name in re.findall(r"(?<![\w.>:])([a-z]\w*)\b(?!\s*(?:[.(\[]|->|::))", expression):
+        declared = re.findall(rf"\b(\w+)\s*&?\s+{name}\b", before)
+        types = [word for word in declared if word not in ("return", "else", "case")]
+        if types and types[-1] in ("double", "float"):
+            return True
+    return False
+
+
+class House:
+    def __init__(self, root):
+        self.root = Path(root)
+        self.findings = []
+        self.files = sorted(self._walk())
+
+    def _walk(self):
+        for folder, folders, names in os.walk(self.root):
+            folders[:] = [name for name in folders if name not in SKIPPED_FOLDERS]
+            for name in names:
+                yield (Path(folder) / name).relative_to(self.root).as_posix()
+
+    def read(self, name):
+        return (self.root / name).read_text(encoding="utf-8", errors="replace")
+
+    def sources(self, below):
+        return [name for name in self.files if name.startswith(below) and name.endswith((".h", ".cpp"))]
+
+    def refuse(self, name, line, what):
+        self.findings.append(f"{name}:{line}: {what}")
+
+
+
+def room_of(name):
+    """The room of a source below src/, or of an include "velmora/…": the first folder."""
+    return name.split("/")[1]
+
+
+def forbidden_arrow(own, other, own_name, other_name):
+    if own in CORE:
+        return other not in ROOMS[own] and other != own
+    if own == "adapters":
+        return other == "apps"
+    # A program stands on everything, but not on another program.
+    return other == "apps" and own_name.split("/")[:3][2:] != other_name.split("/")[2:3]
+
+
+def check_includes(house):
+    for name in house.sources("src/"):
+        own = room_of(name)
+        source = without_comments(house.read(name))
+        for found in _INCLUDE.finditer(source):
+            mark, header = found.groups()
+            line = line_of(source, found.start())
+            if header.startswith("velmora/"):
+                other = room_of(header)
+                if mark != '"':
+                    house.refuse(name, line, f'our own header is included with quotes: "{header}"')
+                if other not in CORE | {"adapters", "apps"}:
+                    house.refuse(name, line, f"there is no room {other}")
+                elif forbidden_arrow(own, other, name, header):
+                    house.refuse(name, line, f"{own} may not include {header}: the arrows run downward")
+                continue
+            if own not in CORE:
+                continue
+            if mark == '"':
+                house.refuse(name, line, f'an own header is named by its room, "velmora/{own}/…": {header}')
+            elif header not in STANDARD_HEADERS:
+                house.refuse(name, line, f"the core stands on the C++ standard library alone: <{header}>")
+            elif header in LOCALE_HEADERS:
+                house.refuse(name, line, f"<{header}> follows the locale of the process: use velmora::runtime")
+
+
+def check_locale(house):
+    for name in house.sources("src/"):
+        code = code_alone(house.read(name))
+        for pattern in (_LOCALE_CALL, _LOCALE_TYPE):
+            for found in pattern.finditer(code):
+                house.refuse(
+                    name, line_of(code, found.start(1)), f"{found.group(1)} follows the locale: use velmora::runtime"
+                )
+        for found in _TO_STRING_CALL.finditer(code):
+            if is_floating(argument_at(code, found.end() - 1), code[: found.start()]):
+                house.refuse(name, line_of(code, found.start()), "to_string of a floating number follows the locale")
+
+
+def check_rounding(house):
+    for name in house.sources("src/"):
+        if room_of(name) not in CORE or name.startswith("src/platform/runtime/"):
+            continue
+        code = code_alone(house.read(name))
+        for found in _ROUND_CALL.finditer(code):
+            house.refuse(
+                name,
+                line_of(code, found.start(1)),
+                f"{found.group(1)} says nothing of halves: use a rounding of velmora::runtime",
+            )
+
+
+def check_files(house):
+    for name in house.files:
+        if not name.isascii():
+            house.refuse(name, 1, "file names are ASCII")
+        path = Path(name)
+        if path.suffix not in TEXT_SUFFIXES and path.name not in TEXT_NAMES:
+            continue
+        content = house.read(name)
+        if content and not content.endswith("\n"):
+            house.refuse(name, content.count("\n") + 1, "the last line does not end")
+        code = path.suffix in CODE_SUFFIXES or path.name in TEXT_NAMES
+        for number, line in enumerate(content.splitlines(), 1):
+            if "\t" in line and (path.suffix in TAB_SUFFIXES or path.name in TEXT_NAMES):
+                house.refuse(name, number, "a tab")
+            if found := _BANNED.search(line) if code else None:
+                house.refuse(name, number, f"{found.group(1)} is not committed")
+
+
+def cells(row):
+    return [cell.strip().replace("`", "") for cell in row.strip().strip("|").split("|")]
+
+
+def read_register(house):
+    """Id to (line, files, tests); refuses rows that are not in the form."""
+    rows = {}
+    if REGISTER not in house.files:
+        return rows
+    for number, line in enumerate(house.read(REGISTER).splitlines(), 1):
+        if not re.match(r"^\|\s*`?[A-Z]-\d+", line):
+            continue
+        row = cells(line)
+        if len(row) < 4 or not all(row[:4]):
+            house.refuse(REGISTER, number, "a row has an id, a file, a test and a reason")
+            continue
+        if not _ID.match(row[0]):
+            house.refuse(REGISTER, number, f"{row[0]} is no id: K-, C- or D- and three digits")
+            continue
+        if row[0] in rows:
+            house.refuse(REGISTER, number, f"{row[0]} stands twice")
+            continue
+        files, tests = (re.split(r"\s*,\s*", cell) for cell in row[1:3])
+        rows[row[0]] = (number, files, tests)
+    return rows
+
+
+def tags_in_code(house):
+    """Id to the files and lines that hold its tag; refuses tags that are not in the form."""
+    tags = {}
+    for name in house.sources("src/"):
+        source = house.read(name)
+        for found in _TAG.finditer(source):
+            word, letter, digits = found.groups()
+            line = line_of(source, found.start())
+            if letter != _LETTER[word] or len(digits) != 3:
+                house.refuse(name, line, f"{found.group()} is no tag: {word} {_LETTER[word]}-nnn")
+                continue
+            tags.setdefault(f"{letter}-{digits}", {}).setdefault(name, line)
+    return tags
+
+
+def tests_in(house):
+    known = set()
+    for name in house.files:
+        if not name.startswith("tests/"):
+            continue
+        known.update((name, Path(name).name))
+        if name.endswith(".cpp"):
+            known.update(".".join(found) for found in _TEST.findall(without_comments(house.read(name))))
+    return known
+
+
+def check_register(house):
+    rows = read_register(house)
+    tags = tags_in_code(house)
+    tests = tests_in(house)
+    for tag, places in sorted(tags.items()):
+        for name, line in places.items():
+            if tag not in rows:
+                house.refuse(name, line, f"{tag} does not stand in {REGISTER}")
+            elif name not in rows[tag][1]:
+                house.refuse(name, line, f"{tag} stands here, but its row in {REGISTER} names another file")
+    for tag, (number, files, row_tests) in sorted(rows.items()):
+        for name in files:
+            if name not in house.files:
+                house.refuse(REGISTER, number, f"{tag}: there is no file {name}")
+            elif name not in tags.get(tag, {}):
+                house.refuse(REGISTER, number, f"{tag}: {name} does not hold its tag")
+        for test in row_tests:
+            # An instantiation of a suite with parameters is named Instance/Suite.Test/parameter.
+            plain = test.split("/")[1] if "/" in test and not test.startswith("tests/") else test
+            if plain not in tests:
+                house.refuse(REGISTER, number, f"{tag}: there is no test {test}")
+
+
+CHECKS = (check_includes, check_locale, check_rounding, check_files, check_register)
+
+
+def findings(root):
+    house = House(root)
+    for check in CHECKS:
+        check(house)
+    return house.findings
+
+
+def main(arguments):
+    root = arguments[1] if len(arguments) > 1 else Path(__file__).resolve().parent.parent
+    found = findings(root)
+    for finding in found:
+        print(finding)
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv))

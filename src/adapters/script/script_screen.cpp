@@ -1,0 +1,89 @@
+#include "velmora/adapters/script/script_screen.h"
+
+#include <cstdint>
+#include <utility>
+
+#include "velmora/adapters/script/ending.h"
+#include "velmora/adapters/script/shown_text.h"
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::script {
+
+namespace {
+
+using screen::Answer;
+using screen::Buttons;
+
+bool offers(Buttons buttons, Answer answer) {
+    switch (buttons) {
+        case Buttons::ok:
+            return answer == Answer::ok;
+        case Buttons::yesNo:
+            return answer == Answer::yes || answer == Answer::no;
+        case Buttons::yesNoCancel:
+            return answer != Answer::ok;
+    }
+    return false;
+}
+
+/// Keeps a form among those shown as long as its modal show lasts, however it ends.
+class Shown {
+  public:
+    Shown(std::vector<screen::Form*>& forms, screen::Form& form) : forms_(forms) { forms_.push_back(&form); }
+    ~Shown() { forms_.pop_back(); }
+    Shown(const Shown&) = delete;
+    Shown& operator=(const Shown&) = delete;
+
+  private:
+    std::vector<screen::Form*>& forms_;
+};
+
+}  // namespace
+
+void ScriptScreen::showModal(screen::Form& form) {
+    const Shown shown(forms_, form);
+    journal_.guard([&] { form.activate(); });
+    while (!form.isUnloaded() && playNext_()) {
+    }
+    journal_.guard([&] { form.unload(); });
+}
+
+Answer ScriptScreen::show(const screen::MessageBox& box) {
+    const bool asks = box.buttons != Buttons::ok;
+    std::optional<Answer> answer = Answer::ok;
+    if (asks) {
+        answer = takeFront(answers_.boxes);
+        // Chosen C-268: an `answer ok` that stands in front is used up by the box that needs none.
+    } else if (!answers_.boxes.empty() && answers_.boxes.front() == Answer::ok) {
+        answers_.boxes.pop_front();
+    }
+    journal_.message(box, answer ? nameOf(*answer) : "none");
+    if (!answer) {
+        throw Ending(Status::unanswered, "a question has no answer: " + box.text);
+    }
+    if (!offers(box.buttons, *answer)) {
+        throw Ending(Status::wrong, "the question has no such button: " + std::string(nameOf(*answer)));
+    }
+    return *answer;
+}
+
+std::optional<std::size_t> ScriptScreen::search(const screen::SearchWindow& window) {
+    const std::string start = "search title=" + inQuotes(window.title) + " pick=";
+    const auto pick = takeFront(answers_.searches);
+    // Chosen C-269: a search window or file dialog with nothing queued ends the script as an open question does.
+    if (!pick) {
+        journal_.line(start + "unanswered");
+        throw Ending(Status::unanswered, "a search window has no pick: " + window.title);
+    }
+    if (!*pick) {
+        journal_.line(start + "none");
+        return std::nullopt;
+    }
+    journal_.line(start + runtime::CStr(static_cast<std::int64_t>(**pick)));
+    if (!window.rows.isOpen() || **pick >= window.rows.recordCount()) {
+        throw Ending(Status::wrong, "the search window has no such row");
+    }
+    return *pick;
+}
+
+}  // namespace velmora::script

@@ -1,0 +1,49 @@
+#pragma once
+// The machine around a program that a script drives: its dialogs take queued answers, nothing is really opened.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "velmora/adapters/script/answers.h"
+#include "velmora/adapters/script/journal.h"
+#include "velmora/platform/system/system.h"
+
+namespace velmora::script {
+
+/// A moment that stands still.
+class FixedClock final : public system::Clock {
+  public:
+    explicit FixedClock(runtime::Date now) : now_(now) {}
+    runtime::Date now() const override { return now_; }
+
+  private:
+    runtime::Date now_;
+};
+
+/// "YYYY-MM-DD HH:MM:SS", or the date alone; none for anything else and for days that no calendar has.
+std::optional<runtime::Date> momentFrom(std::string_view text);
+
+class ScriptServices final : public system::Services {
+  public:
+    ScriptServices(Journal& journal, Answers& answers) : journal_(journal), answers_(answers) {}
+    /// Removes the temporary folder and what lies in it.
+    ~ScriptServices() override;
+    ScriptServices(const ScriptServices&) = delete;
+    ScriptServices& operator=(const ScriptServices&) = delete;
+
+    /// A folder of this run alone, made when it is first asked for. Empty when none can be made.
+    std::string temporaryFolder() const override;
+    /// Shows `file title="…" path="…"`. Errors: Ending when nothing is queued.
+    std::optional<std::string> openFileDialog(const system::OpenFileRequest& request) override;
+    /// Shows `opened "NAME"`, the file's name without its folder; gives 2 (no such file) when there is none.
+    int openWithAssociatedProgram(std::string_view path) override;
+
+  private:
+    Journal& journal_;
+    Answers& answers_;
+    mutable std::filesystem::path folder_;
+};
+
+}  // namespace velmora::script

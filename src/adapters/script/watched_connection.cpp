@@ -1,0 +1,95 @@
+#include "velmora/adapters/script/watched_connection.h"
+
+#include <memory>
+#include <utility>
+
+namespace velmora::script {
+
+namespace {
+
+[[noreturn]] void fail(const char* description, std::string_view statement) {
+    throw sql::DbError(sql::provider::failure, description,
+                       {.sqlState = "", .nativeCode = 0, .statement = std::string(statement)});
+}
+
+/// The rows of another set; running the statement again goes through the watched connection.
+class WatchedRows final : public sql::RowSource {
+  public:
+    using Run = std::function<sql::Recordset()>;
+
+    WatchedRows(Run run, sql::Recordset rows) : run_(std::move(run)), rows_(std::move(rows)) {}
+
+    const std::vector<sql::Column>& columns() const override { return rows_.columns(); }
+    bool hasRow(std::size_t position) override { return rows_.peek(position) != nullptr; }
+    const sql::Row& row(std::size_t position) override { return *rows_.peek(position); }
+    std::size_t rowCount() override { return rows_.recordCount(); }
+    std::unique_ptr<sql::RowSource> reopen() const override { return std::make_unique<WatchedRows>(run_, run_()); }
+
+  private:
+    Run run_;
+    sql::Recordset rows_;
+};
+
+}  // namespace
+
+void WatchedConnection::lose() {
+    // Chosen C-271: what was open is undone at once, as a server undoes it for a client that is gone.
+    lost_ = true;
+    if (std::exchange(inTransaction_, false)) {
+        ForwardingConnection::rollbackTrans();
+    }
+}
+
+sql::Recordset WatchedConnection::execute(std::string_view statement) {
+    sql::Recordset rows = run(statement);
+    if (!rows.isOpen()) {
+        return rows;
+    }
+    // Chosen C-272: a requery is a statement too: told, and refused when asked to.
+    auto again = [this, held = std::string(statement)] { return run(held); };
+    return sql::Recordset(std::make_unique<WatchedRows>(std::move(again), std::move(rows)));
+}
+
+sql::Recordset WatchedConnection::run(std::string_view statement) {
+    if (listener_) {
+        listener_(statement);
+    }
+    mustBeAlive(statement);
+    if (refused_ && statement.find(*refused_) != std::string_view::npos) {
+        // Chosen C-270: the number is the one of a provider that has failed, whatever the statement.
+        refused_.reset();
+        fail("El proveedor ha rechazado la instrucción", statement);
+    }
+    return ForwardingConnection::execute(statement);
+}
+
+void WatchedConnection::beginTrans() {
+    mustBeAlive();
+    ForwardingConnection::beginTrans();
+    inTransaction_ = true;
+}
+
+void WatchedConnection::commitTrans() {
+    mustBeAlive();
+    inTransaction_ = false;
+    ForwardingConnection::commitTrans();
+}
+
+void WatchedConnection::rollbackTrans() {
+    mustBeAlive();
+    inTransaction_ = false;
+    ForwardingConnection::rollbackTrans();
+}
+
+std::string WatchedConnection::currentCatalog() const {
+    mustBeAlive();
+    return ForwardingConnection::currentCatalog();
+}
+
+void WatchedConnection::mustBeAlive(std::string_view statement) const {
+    if (lost_) {
+        fail("Se ha perdido la conexión con la base de datos", statement);
+    }
+}
+
+}  // namespace velmora::script

@@ -1,0 +1,44 @@
+#pragma once
+// The connection that the program is given while a script plays: it tells of every statement, and fails when asked to.
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "velmora/platform/sql/connection.h"
+
+namespace velmora::script {
+
+/// Statements that a result set runs again (requery) are watched like the first time.
+class WatchedConnection final : public sql::ForwardingConnection {
+  public:
+    /// The target must outlive the connection, and the connection the result sets that it gave.
+    explicit WatchedConnection(sql::Connection& target) : ForwardingConnection(target) {}
+
+    /// Told of each statement to the letter before it runs, also of one that is refused.
+    void onStatement(std::function<void(std::string_view)> listener) { listener_ = std::move(listener); }
+    /// The next statement that holds the text, to the letter, fails once (provider::failure) and reaches nobody. A
+    /// second call replaces a text that no statement has held yet.
+    void refuseNext(std::string text) { refused_ = std::move(text); }
+    /// From now on everything fails with provider::failure. An open transaction is rolled back, as a server does.
+    void lose();
+
+    sql::Recordset execute(std::string_view statement) override;
+    void beginTrans() override;
+    void commitTrans() override;
+    void rollbackTrans() override;
+    std::string currentCatalog() const override;
+    bool isAlive() override { return !lost_ && ForwardingConnection::isAlive(); }
+
+  private:
+    sql::Recordset run(std::string_view statement);
+    void mustBeAlive(std::string_view statement = {}) const;
+
+    std::function<void(std::string_view)> listener_;
+    std::optional<std::string> refused_;
+    bool lost_ = false;
+    bool inTransaction_ = false;
+};
+
+}  // namespace velmora::script

@@ -1,0 +1,83 @@
+#include "database.h"
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+#include "velmora/adapters/sqlite/database.h"
+#include "velmora/data/new_database.h"
+#include "velmora/platform/sql/db_error.h"
+
+namespace velmora::drive {
+
+namespace {
+
+constexpr std::string_view demo = "demo";
+constexpr std::string_view none = "none";
+
+bool hasTables(sql::Connection& connection) {
+    try {
+        connection.execute("SELECT top 1 DPI_Id FROM DPI");
+        return true;
+    } catch (const sql::DbError& e) {
+        if (e.number() != sql::provider::missingTable) {
+            throw;
+        }
+        return false;
+    }
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        throw NoDatabase("cannot read " + path);
+    }
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void runFile(sql::Connection& connection, const std::string& path) {
+    for (const std::string& statement : data::statementsOfLines(contentOf(path))) {
+        try {
+            connection.execute(statement);
+        } catch (const sql::DbError& e) {
+            throw NoDatabase(path + ": " + e.description() + "\n" + statement);
+        }
+    }
+}
+
+void fill(sql::Connection& connection, const Options& options, const system::Clock& clock) {
+    const bool isNew = !hasTables(connection);
+    const std::string rows = options.data.value_or(std::string(isNew ? demo : none));
+    // Chosen C-273: the demonstration rows bring keys of their own and are not mixed with others.
+    if (!isNew && rows == demo) {
+        throw NoDatabase("the demonstration rows go into a new database only");
+    }
+    if (isNew) {
+        data::createDatabase(connection);
+    }
+    if (rows == demo) {
+        data::fillDemo(connection, clock.now());
+    } else if (rows != none) {
+        runFile(connection, rows);
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<sql::Connection> openDatabase(const Options& options, const system::Clock& clock) {
+    if (options.dsn) {
+        throw NoDatabase("this build has no adapter for data sources: --dsn cannot be used");
+    }
+    try {
+        sqlite::Options engine;
+        engine.clock = [&clock] { return clock.now(); };
+        auto connection = sqlite::openDatabase(options.database.value_or(":memory:"), std::move(engine));
+        fill(*connection, options, clock);
+        return connection;
+    } catch (const sql::DbError& e) {
+        throw NoDatabase(e.description() + (e.details().statement.empty() ? "" : "\n" + e.details().statement));
+    }
+}
+
+}  // namespace velmora::drive

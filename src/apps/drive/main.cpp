@@ -1,0 +1,31 @@
+#include <exception>
+#include <iostream>
+
+#include "database.h"
+#include "options.h"
+#include "performance.h"
+
+namespace {
+
+/// Beyond the statuses of a script: the program itself is at fault.
+constexpr int defect = 4;
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace velmora;
+    const auto options = drive::readOptions(argc, argv);
+    if (const int* status = std::get_if<int>(&options)) {
+        return *status;
+    }
+    try {
+        return static_cast<int>(drive::perform(std::get<drive::Options>(options)));
+    } catch (const drive::NoDatabase& e) {
+        std::cerr << "velmora-drive: " << e.what() << '\n';
+        return static_cast<int>(script::Status::wrong);
+    } catch (const std::exception& e) {
+        std::cout.flush();
+        std::cerr << "velmora-drive: unexpected: " << e.what() << '\n';
+        return defect;
+    }
+}

@@ -1,0 +1,25 @@
+#pragma once
+// The command line of velmora-drive.
+
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "velmora/platform/runtime/date.h"
+
+namespace velmora::drive {
+
+struct Options {
+    std::optional<std::string> database;  ///< path of an embedded database; none: one in memory
+    std::optional<std::string> dsn;       ///< data source of a server
+    std::optional<std::string> data;  ///< demo, none or the path of a file of statements; none: demo for a new database
+    std::optional<runtime::Date> now;  ///< where the clock stands; none: it runs
+    bool traceSql = false;
+    std::string script = "-";  ///< "-" is the standard input
+};
+
+/// The options, or the exit status with which the program ends now: help was asked for, or the line is wrong (told
+/// on the standard error).
+std::variant<Options, int> readOptions(int argc, char** argv);
+
+}  // namespace velmora::drive

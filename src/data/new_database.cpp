@@ -1,0 +1,150 @@
+#include "velmora/data/new_database.h"
+
+#include <charconv>
+#include <cstdint>
+#include <span>
+
+#include "velmora/data/demo_rows.h"
+#include "velmora/data/schema.h"
+#include "velmora/platform/runtime/dates.h"
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+
+namespace velmora::data {
+namespace {
+
+std::string typeOf(const ColumnDefinition& column) {
+    switch (column.type) {
+        case ColumnType::integer:
+            return "[int]";
+        case ColumnType::number:
+            return "[float]";
+        case ColumnType::bit:
+            return "[bit]";
+        case ColumnType::text:
+            return "[nvarchar] (" + runtime::CStr(std::int64_t{column.width}) + ") COLLATE Modern_Spanish_CI_AS";
+        case ColumnType::date:
+            return "[datetime]";
+        case ColumnType::binary:
+            return "[image]";
+        case ColumnType::longKey:
+            return "[numeric](18, 0)";
+    }
+    return {};
+}
+
+std::string definitionOf(const ColumnDefinition& column) {
+    std::string definition = "[" + std::string(column.name) + "] " + typeOf(column);
+    if (column.identity) {
+        definition += " IDENTITY (1, 1)";
+    }
+    definition += column.null == Null::no ? " NOT NULL" : " NULL";
+    if (!column.byDefault.empty()) {
+        definition += " DEFAULT " + std::string(column.byDefault);
+    }
+    return definition;
+}
+
+std::string qualified(const TableDefinition& table, std::string_view sessionCatalog) {
+    return table.catalog == Catalog::session ? "[dbo].[" + std::string(table.name) + "]"
+                                             : catalogPrefix(table.catalog, sessionCatalog) + std::string(table.name);
+}
+
+void addStatementsOf(const TableDefinition& table, std::string_view sessionCatalog,
+                     std::vector<std::string>& statements) {
+    if (table.name == "ENG") {
+        statements.emplace_back(createEng);
+        statements.emplace_back(addKeyOfEng);
+        return;
+    }
+    const std::string name = qualified(table, sessionCatalog);
+    std::string create = "CREATE TABLE " + name + " (";
+    for (const ColumnDefinition& column : table.columns) {
+        create += (&column == &table.columns.front() ? "" : ", ") + definitionOf(column);
+    }
+    statements.push_back(create + ")");
+    if (!table.key.empty()) {
+        statements.push_back("ALTER TABLE " + name + " WITH NOCHECK ADD CONSTRAINT [PK_" + std::string(table.name) +
+                             "] PRIMARY KEY CLUSTERED ( [" + std::string(table.key) + "] )");
+    }
+}
+
+void runAll(sql::Connection& connection, const std::vector<std::string>& statements) {
+    sql::Transaction transaction(connection);
+    for (const std::string& statement : statements) {
+        connection.execute(statement);
+    }
+    transaction.commit();
+}
+
+}  // namespace
+
+std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog) {
+    std::vector<std::string> statements;
+    for (const TableDefinition& table : tables()) {
+        addStatementsOf(table, sessionCatalog, statements);
+    }
+    for (const IndexDefinition& index : indexes()) {
+        statements.push_back("CREATE INDEX [" + std::string(index.name) + "] ON [dbo].[" + std::string(index.table) +
+                             "] (" + std::string(index.columns) + ")");
+    }
+    return statements;
+}
+
+std::vector<std::string> statementsOfLines(std::string_view text) {
+    std::vector<std::string> statements;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+        if (line.ends_with('\r')) {
+            line.remove_suffix(1);
+        }
+        std::string statement = runtime::Trim(line);
+        if (!statement.empty() && !statement.starts_with("--")) {
+            statements.push_back(std::move(statement));
+        }
+    }
+    return statements;
+}
+
+std::string withDays(std::string_view statement, runtime::Date now) {
+    constexpr std::string_view opening = "{today";
+    std::string result;
+    while (true) {
+        const std::size_t start = statement.find(opening);
+        const std::size_t end = start == std::string_view::npos ? start : statement.find('}', start);
+        if (end == std::string_view::npos) {
+            return result + std::string(statement);
+        }
+        std::string_view offset = statement.substr(start + opening.size(), end - start - opening.size());
+        if (offset.starts_with('+')) {
+            offset.remove_prefix(1);
+        }
+        int days = 0;
+        std::from_chars(offset.data(), offset.data() + offset.size(), days);
+        result += statement.substr(0, start);
+        result += runtime::Format(runtime::Date{now.at + std::chrono::days{days}}, "dd/mm/yyyy");
+        statement.remove_prefix(end + 1);
+    }
+}
+
+std::vector<std::string> demoStatements(runtime::Date now) {
+    std::vector<std::string> statements;
+    for (const std::string_view file : demoFiles()) {
+        for (const std::string& statement : statementsOfLines(file)) {
+            statements.push_back(withDays(statement, now));
+        }
+    }
+    return statements;
+}
+
+void createDatabase(sql::Connection& connection) {
+    runAll(connection, newDatabaseStatements(connection.currentCatalog()));
+}
+
+void fillDemo(sql::Connection& connection, runtime::Date now) {
+    runAll(connection, demoStatements(now));
+}
+
+}  // namespace velmora::data

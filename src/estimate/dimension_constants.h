@@ -1,0 +1,27 @@
+#pragma once
+// Hub diameter and total width: multiples of the pitch diameter, by ranges that the installation keeps in Calculos.
+
+#include "velmora/estimate/field_map.h"
+
+namespace velmora::estimate {
+
+class DimensionConstants {
+  public:
+    DimensionConstants(FieldMap& fields, session::Session& session) : f_(fields), session_(session) {}
+
+    /// Hub diameter (mm) from the pitch diameter, which is overwritten with the value before the last rounding.
+    /// Writes the factor into lblFormulaDM. A missing range counts as factor 1. Errors: the database's; 13 for a
+    /// stored constant that is no number.
+    double FnDmCubo(double& dp);
+
+    /// Total width (mm), likewise, with lblFormulaAncho.
+    double FnAnchoTotal(double& dp);
+
+  private:
+    double factor(const char* statement, double dp) const;
+
+    FieldMap& f_;
+    session::Session& session_;
+};
+
+}  // namespace velmora::estimate

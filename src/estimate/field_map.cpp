@@ -1,0 +1,41 @@
+#include "velmora/estimate/field_map.h"
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+
+namespace velmora::estimate {
+
+void FieldMap::forEachTextBox(const std::function<void(TextBox&)>& action) {
+    for (const auto* array : {&Text1, &Text3, &Text4, &txtPesu, &txtPDM, &txtTriple, &txtDCV, &txtCre}) {
+        array->forEach(action);
+    }
+    for (TextBox* box : {&txtModulo, &txtExtra, &txtObservaciones, &txtCPro}) {
+        action(*box);
+    }
+}
+
+double number(const TextBox& box) {
+    return runtime::CDbl(box.text());
+}
+
+double numberOrZero(const TextBox& box) {
+    return runtime::IsNumeric(box.text()) ? runtime::CDbl(box.text()) : 0;
+}
+
+void put(TextBox& box, double value) {
+    box.setText(runtime::CStr(value));
+}
+
+void put(TextBox& box, const sql::Value& value) {
+    box.setText(value.toText());
+}
+
+double round2(double value) {
+    return runtime::Redondear(value, 2);
+}
+
+std::string entryKey(const ComboBox& list) {
+    return runtime::Left(list.text(), 3);
+}
+
+}  // namespace velmora::estimate

@@ -1,0 +1,82 @@
+#include "velmora/estimate/material_lists.h"
+
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::estimate {
+
+namespace {
+constexpr const char* discs = "SELECT * FROM PARDPI where PARDPI_DISCO=1";
+constexpr const char* hubs = "SELECT * FROM PARDPI where PARDPI_DISCO=0";
+constexpr const char* racks = "SELECT * FROM PARDPI where PARDPI_CRE=1";
+}  // namespace
+
+void MaterialLists::msCargarMaterialesConCubo() {
+    load(discs);
+}
+
+void MaterialLists::msCargarMaterialesSinCubo() {
+    load(hubs);
+}
+
+void MaterialLists::load(const char* discStatement) {
+    fill(f_.cboMatDisco, discStatement);
+    fill(f_.cboMatCubo, hubs);
+    if (f_.cboMatDisco.listCount() > 0) {
+        f_.rsMatDisco = sql::Recordset{};
+        f_.rsMatDisco = row(f_.cboMatDisco);
+    }
+    if (f_.cboMatCubo.listCount() > 0) {
+        f_.rsMatCubo = sql::Recordset{};
+        f_.rsMatCubo = row(f_.cboMatCubo);
+    }
+}
+
+void MaterialLists::msCargarMaterialesCre() {
+    fill(f_.cboMatCre, racks);
+    if (f_.cboMatCre.listCount() > 0 && runtime::IsNumeric(entryKey(f_.cboMatCre))) {
+        f_.rsMatCre = row(f_.cboMatCre);
+    }
+}
+
+void MaterialLists::fill(ComboBox& list, const char* statement) {
+    const int kept = list.listIndex();
+    list.clear();
+    for (sql::Recordset rows = session_.Connection().execute(statement); !rows.eof(); rows.moveNext()) {
+        // Kept K-006: the key is read back from three characters, so that a number above 999 cannot be chosen; the
+        // stored proposals and the other lists of the host count on this form of entry.
+        list.addItem(runtime::Format(rows["PARDPI_ID"].toDouble(), "000") + " - " + rows["PARDPI_Nom"].toText());
+    }
+    if (list.listCount() > 0) {
+        // Chosen C-001: a list with entries and no index, or one that has grown too short for it, takes its first.
+        list.setListIndex(kept < 0 || kept >= list.listCount() ? 0 : kept);
+    }
+}
+
+sql::Recordset MaterialLists::row(const ComboBox& list) const {
+    return session_.Connection().execute(
+        "SELECT PARDPI.*,"
+        "ART.* FROM PARDPI INNER JOIN ART ON PARDPI_ART = ART_ID "
+        "WHERE PARDPI_ID= " +
+        runtime::CStr(std::int64_t{runtime::CInt(entryKey(list))}));
+}
+
+void MaterialLists::choose(ComboBox& list, sql::ListenedRecordset& rows) {
+    rows = row(list);
+    if (!rows->eof()) {
+        screen_.processEvents();
+    }
+}
+
+void MaterialLists::cboMatDisco_Click() {
+    choose(f_.cboMatDisco, f_.rsMatDisco);
+}
+
+void MaterialLists::cboMatCubo_Click() {
+    choose(f_.cboMatCubo, f_.rsMatCubo);
+}
+
+void MaterialLists::cboMatCre_Click() {
+    choose(f_.cboMatCre, f_.rsMatCre);
+}
+
+}  // namespace velmora::estimate

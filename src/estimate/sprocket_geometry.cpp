@@ -1,0 +1,240 @@
+#include "velmora/estimate/sprocket_geometry.h"
+
+#include <array>
+
+#include "velmora/estimate/rules.h"
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::estimate {
+
+using runtime::CStr;
+using runtime::Format;
+using runtime::Round;
+
+namespace {
+
+enum Field { pitch = 0, teeth = 1, roller = 2, bore = 7, rim = 9, hubWidth = 10, secondHubWidth = 14 };
+
+/// A caption of the sketch that follows a field of Text1.
+struct SketchCaption {
+    int field;
+    int caption;
+    const char* prefix;
+};
+
+constexpr std::array sketchCaptions{
+    SketchCaption{.field = 9, .caption = 2, .prefix = "LLanta "},
+    SketchCaption{.field = 10, .caption = 3, .prefix = "Ancho "},
+    SketchCaption{.field = 15, .caption = 0, .prefix = "Diametro exterior "},
+    SketchCaption{.field = 16, .caption = 1, .prefix = "Diametro cubo "},
+    SketchCaption{.field = 17, .caption = 4, .prefix = "Ancho Total "},
+};
+
+}  // namespace
+
+void SprocketGeometry::msRecalcularMedidas() {
+    if (f_.Text1(teeth).text().empty()) {
+        return;
+    }
+    const double z = number(f_.Text1(teeth));
+    if (z == 0) {
+        screen_.show({.text = "El numero de dientes no puede ser cero"});
+        f_.Text1(teeth).setFocus();
+    } else {
+        put(f_.Text1(3), pitchDiameter(number(f_.Text1(pitch)), z));
+    }
+    put(f_.Text1(4), number(f_.Text1(3)) - number(f_.Text1(roller)));
+    put(f_.Text1(15), FnDmexterior(number(f_.Text1(3)), z, number(f_.Text1(roller))));
+    const auto height = [&] { return Round((number(f_.Text1(15)) - number(f_.Text1(4))) / 2, 2); };
+    // Kept K-011: a height of 0 is filled here, and any height is overwritten below.
+    if (number(f_.Text1(6)) == 0) {
+        put(f_.Text1(6), height());
+    }
+    if (data::isSmoothPulley(f_.type())) {
+        f_.Text1(15).setText(Format(pulleyExterior(number(f_.Text1(4))), "0.00"));
+    }
+    writeHubAndTotalWidth("Ancho Total ");
+    put(f_.Text1(6), height());
+    // Kept K-012: "Ancho total " instead of "Ancho Total " makes the caption differ, so that its change runs the
+    // thickness rule with the widths of this moment.
+    writeHubAndTotalWidth("Ancho total ");
+    put(f_.Text1(rim), FnLlanta(number(f_.Text1(8))));
+    writeHubWidth();
+    rooms_.costing.msCalcularGrueso();
+    writeRimCaption();
+    writeHubWidth();
+    rooms_.costing.msCalcularDisco();
+    rooms_.costing.msCalcularCubo();
+    // The calls above may have changed the fields: captions and hub width are written from what stands now.
+    writeRimCaption();
+    writeHubWidth();
+}
+
+void SprocketGeometry::writeHubAndTotalWidth(const char* prefix) {
+    double dp = number(f_.Text1(3));
+    put(f_.Text1(16), rooms_.constants.FnDmCubo(dp));
+    dp = number(f_.Text1(3));
+    put(f_.Text1(17), rooms_.constants.FnAnchoTotal(dp));
+    f_.Text3(4).setText(prefix + f_.Text1(17).text());
+}
+
+void SprocketGeometry::writeRimCaption() {
+    f_.Text3(2).setTag(f_.Text1(rim).text());
+    f_.Text3(2).setText("LLanta " + f_.Text3(2).tag());
+}
+
+void SprocketGeometry::writeHubWidth() {
+    put(f_.Text1(hubWidth), number(f_.Text1(17)) - number(f_.Text1(rim)));
+    f_.Text3(3).setText("Ancho " + f_.Text1(hubWidth).text());
+}
+
+void SprocketGeometry::Text1_LostFocus(int Index) {
+    TextBox& box = f_.Text1(Index);
+    if (!runtime::IsNumeric(box.text())) {
+        box.setText("0");
+    }
+    oUtil_.SalirCampo(box, "#0.00");
+    const int type = f_.type();
+    if (data::hasChainList(type)) {
+        leaveWithChainList(Index);
+    } else if (type == data::rack) {
+        rooms_.rack.Text1_LostFocus(Index);
+    } else if (!data::isGear(type)) {
+        leavePlain(Index);
+    }
+    if (Index == roller && onToothingEntered) {
+        onToothingEntered();
+    }
+}
+
+void SprocketGeometry::leavePlain(int Index) {
+    f_.Label1(4).setCaption("Llanta");
+    f_.Label1(10).setVisible(false);
+    f_.Text1(5).setVisible(false);
+    f_.fraPDM.setVisible(false);
+    switch (Index) {
+        case teeth:
+            leaveTeeth();
+            break;
+        case roller:
+            leaveRoller();
+            break;
+        case rim:
+            rooms_.costing.msCalcularDisco();
+            rooms_.costing.msCalcularCubo();
+            writeTotalWidth(Index);
+            break;
+        case hubWidth:
+            rooms_.costing.msCalcularDisco();
+            rooms_.costing.msCalcularCubo();
+            tail(writeTotalWidth(Index));
+            break;
+        case secondHubWidth:
+            tail(0);
+            break;
+        default:
+            break;
+    }
+    rooms_.totals.msMostrarFormula();
+}
+
+void SprocketGeometry::leaveTeeth() {
+    const double z = number(f_.Text1(teeth));
+    if (z == 0) {
+        f_.Text1(teeth).setFocus();
+    } else {
+        put(f_.Text1(3), pitchDiameter(number(f_.Text1(pitch)), z));
+    }
+}
+
+void SprocketGeometry::leaveRoller() {
+    msRecalcularMedidas();
+    if (f_.type() == data::disc) {
+        return;
+    }
+    if (number(f_.Text1(15)) > onePieceLimit) {
+        rooms_.materials.msCargarMaterialesConCubo();
+    } else {
+        rooms_.materials.msCargarMaterialesSinCubo();
+    }
+}
+
+// Gives the total that was worked out, 0 when none was.
+double SprocketGeometry::writeTotalWidth(int Index) {
+    const int type = f_.type();
+    TextBox& total = f_.Text1(17);
+    if (type == data::disc) {
+        if (Index == rim && !f_.Text1(rim).text().empty()) {
+            total.setText(Format(round2(number(f_.Text1(rim))), "0.00"));
+        }
+        return 0;
+    }
+    if (f_.Text1(rim).text().empty() || f_.Text1(hubWidth).text().empty()) {
+        return 0;
+    }
+    const double oneRim = number(f_.Text1(rim));
+    const double oneHub = number(f_.Text1(hubWidth));
+    double sum = 0;
+    if (data::hasTwinHubs(type)) {
+        sum = oneHub + oneRim + oneHub;
+        total.setText(Format(round2(sum), "0.00"));
+        f_.Text3(5).setText("Ancho total " + CStr(sum));
+    } else if (type == data::plainSprocket) {
+        sum = oneRim + oneHub;
+        total.setText(Format(round2(sum), "0.00"));
+    }
+    return round2(sum);
+}
+
+void SprocketGeometry::tail(double total) {
+    if (f_.type() == data::variableSprocket) {
+        rooms_.doubles.msCalcularDobleVariable();
+    } else if (number(f_.Text1(15)) <= onePieceLimit) {
+        f_.Text4(0).setText(Format(total + 3, "0.00"));
+    }
+}
+
+void SprocketGeometry::leaveWithChainList(int Index) {
+    f_.Label1(10).setVisible(true);
+    f_.Text1(5).setVisible(true);
+    f_.fraPDM.setVisible(true);
+    if (!rooms_.doubles.Text1_LostFocus(Index)) {
+        return;
+    }
+    if (Index != bore) {
+        rooms_.costing.msCalcularDisco();
+        rooms_.costing.msCalcularCubo();
+    }
+}
+
+void SprocketGeometry::Text1_Change(int Index) {
+    for (const SketchCaption& follows : sketchCaptions) {
+        if (follows.field == Index) {
+            const std::string& value = f_.Text1(Index).text();
+            if (Index == rim) {
+                f_.Text3(follows.caption).setTag(value);
+            }
+            f_.Text3(follows.caption).setText(follows.prefix + value);
+            if (Index == 15) {
+                rooms_.costing.msMostrarProcesoCubo();
+            }
+            rooms_.doubles.msCalcularDobleVariable();
+        }
+    }
+    f_.sketch.invalidate();
+}
+
+void SprocketGeometry::Text1_KeyPress(int Index, screen::KeyPress& key) {
+    const bool whole = Index == teeth || Index == 12 || Index == 13;
+    oUtil_.TeclaCampo(f_.Text1(Index), key, whole);
+}
+
+void SprocketGeometry::Text3_Change(int Index) {
+    if (Index == 3) {
+        f_.Text3(6).setText(f_.Text3(3).text());
+    } else if (Index == 4) {
+        rooms_.costing.msCalcularGrueso();
+    }
+}
+
+}  // namespace velmora::estimate

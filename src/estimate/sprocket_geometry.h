@@ -1,0 +1,59 @@
+#pragma once
+// From the toothing to the measures of a sprocket: what leaving a field of Text1 recalculates, by product type.
+
+#include <functional>
+
+#include "velmora/estimate/dimension_constants.h"
+#include "velmora/estimate/disc_and_hub_costing.h"
+#include "velmora/estimate/double_sprockets.h"
+#include "velmora/estimate/field_map.h"
+#include "velmora/estimate/material_lists.h"
+#include "velmora/estimate/rack.h"
+#include "velmora/estimate/totals.h"
+
+namespace velmora::estimate {
+
+class SprocketGeometry {
+  public:
+    struct Rooms {
+        DimensionConstants& constants;
+        DiscAndHubCosting& costing;
+        MaterialLists& materials;
+        DoubleSprockets& doubles;
+        Rack& rack;
+        Totals& totals;
+    };
+
+    SprocketGeometry(FieldMap& fields, Rooms rooms, screen::Screen& screen, session::KestraUtil& util)
+        : f_(fields), rooms_(rooms), screen_(screen), oUtil_(util) {}
+
+    /// Lists like proposals anew: runs after the roller's field was left, whatever the type.
+    std::function<void()> onToothingEntered;
+
+    /// The whole chain of diameters and widths from pitch, teeth and roller; nothing without teeth. Errors: 13 for a
+    /// measure that is no number; the database's.
+    void msRecalcularMedidas();
+
+    void Text1_LostFocus(int Index);
+    void Text1_Change(int Index);
+    void Text1_KeyPress(int Index, screen::KeyPress& key);
+    void Text3_Change(int Index);
+
+  private:
+    void leavePlain(int Index);
+    void leaveWithChainList(int Index);
+    void leaveTeeth();
+    void leaveRoller();
+    double writeTotalWidth(int Index);
+    void tail(double total);
+    void writeHubAndTotalWidth(const char* prefix);
+    void writeRimCaption();
+    void writeHubWidth();
+
+    FieldMap& f_;
+    Rooms rooms_;
+    screen::Screen& screen_;
+    session::KestraUtil& oUtil_;
+};
+
+}  // namespace velmora::estimate

@@ -1,0 +1,42 @@
+#pragma once
+// The weight of a piece of stock by its article's formula.
+
+#include <string>
+
+#include "velmora/estimate/field_map.h"
+
+namespace velmora::estimate {
+
+/// An operand of the weight: a number, or a field's text that is read only when the formula needs it.
+class Operand {
+  public:
+    Operand(double value) : number_(value), isText_(false) {}
+    Operand(const TextBox& box) : text_(box.text()), isText_(true) {}
+    double number() const;   ///< by the locale; error 13 when a text is no number
+    double leading() const;  ///< Val of its text
+
+  private:
+    std::string text_;
+    double number_ = 0;
+    bool isText_;
+};
+
+class Weights {
+  public:
+    explicit Weights(const FieldMap& fields) : f_(fields) {}
+
+    /// Kilograms, two decimals. `formula` is the article's (plate 1, 5; round 2, 3, 6; tube 4; by quantity 0), 2
+    /// for all while chkFormulas is off, 1 for a rack; lengths in mm: a thickness or length, b, c the other two
+    /// sides of a plate, d outer and e inner diameter; `factor` is the article's. A null or unknown formula, and a
+    /// text that is no number, give 0.
+    double FnPeso(const sql::Value& formula, double piezas, const Operand& a, const Operand& b, const Operand& c,
+                  const Operand& d, const Operand& e, const sql::Value& factor) const;
+
+    /// The weight of a rack's bar on Text4(50) to (52), from its material's article.
+    double rackWeight() const;
+
+  private:
+    const FieldMap& f_;
+};
+
+}  // namespace velmora::estimate

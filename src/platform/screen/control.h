@@ -1,0 +1,277 @@
+#pragma once
+// The controls of a form: plain properties and synchronous events. A toolkit watches the properties and feeds in
+// what the user does.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "velmora/platform/screen/event.h"
+#include "velmora/platform/screen/keys.h"
+
+namespace velmora::screen {
+
+class Form;
+class Frame;
+
+/// A colour as the host's screens write it: blue, green, red from the high byte down (0x00BBGGRR).
+using Color = std::int32_t;
+namespace colors {
+inline constexpr Color white = 16777215;
+inline constexpr Color yellow = 65535;
+inline constexpr Color red = 255;
+inline constexpr Color blue = 0xFF0000;
+inline constexpr Color black = 0;
+}  // namespace colors
+
+/// What changed on a control, for its observers.
+enum class Property {
+    text,
+    caption,
+    enabled,
+    visible,
+    locked,
+    backColor,
+    foreColor,
+    toolTip,
+    tag,
+    tabStop,
+    items,
+    listIndex,
+    value,
+    columns,
+    rows,
+    currentRow,
+    drawing,
+};
+
+class Control {
+  public:
+    static constexpr int noIndex = -1;
+
+    Control(Form& form, std::string name, int index = noIndex);
+    virtual ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Form& form() const { return form_; }
+    const std::string& name() const { return name_; }
+    int index() const { return index_; }
+    /// "Text1(3)" in a control array, else the name.
+    std::string fullName() const;
+
+    bool enabled() const { return enabled_; }
+    void setEnabled(bool enabled) { assign(enabled_, enabled, Property::enabled); }
+    bool visible() const { return visible_; }
+    void setVisible(bool visible) { assign(visible_, visible, Property::visible); }
+    const std::string& tag() const { return tag_; }
+    void setTag(std::string_view tag) { assign(tag_, std::string(tag), Property::tag); }
+    const std::string& toolTip() const { return toolTip_; }
+    void setToolTip(std::string_view text) { assign(toolTip_, std::string(text), Property::toolTip); }
+    Color backColor() const { return backColor_; }
+    void setBackColor(Color color) { assign(backColor_, color, Property::backColor); }
+    Color foreColor() const { return foreColor_; }
+    void setForeColor(Color color) { assign(foreColor_, color, Property::foreColor); }
+    bool tabStop() const { return tabStop_; }
+    void setTabStop(bool stop) { assign(tabStop_, stop, Property::tabStop); }
+
+    /// The name that assistive technology reads: the caption that stands beside the control, unless set.
+    const std::string& accessibleName() const { return accessibleName_; }
+    void setAccessibleName(std::string_view text) { accessibleName_ = text; }
+
+    /// The frame that the control stands in; none when it stands on the form itself.
+    Frame* frame() const { return frame_; }
+    void setFrame(Frame* frame) { frame_ = frame; }
+
+    /// Enabled and visible by itself and by every frame around it; for enabled also by the form.
+    bool isEnabled() const;
+    bool isVisible() const;
+
+    /// A kind of control that can hold the focus at all.
+    virtual bool isFocusable() const { return false; }
+    /// Focusable, enabled and visible at this moment.
+    bool canTakeFocus() const { return isFocusable() && isEnabled() && isVisible(); }
+    /// Moves the focus here; error 5 when that cannot be.
+    void setFocus();
+
+    Event<> onGotFocus;
+    Event<> onLostFocus;
+
+  protected:
+    template <typename T>
+    void assign(T& slot, T value, Property property) {
+        if (slot != value) {
+            slot = std::move(value);
+            notify(property);
+        }
+    }
+    void notify(Property property);
+
+  private:
+    Form& form_;
+    std::string name_;
+    int index_;
+    bool enabled_ = true;
+    bool visible_ = true;
+    bool tabStop_ = true;
+    std::string tag_;
+    std::string toolTip_;
+    std::string accessibleName_;
+    Color backColor_ = colors::white;
+    Color foreColor_ = colors::black;
+    Frame* frame_ = nullptr;
+};
+
+/// A field of text. Writing a text that differs raises Change; writing the same text does nothing.
+class TextBox : public Control {
+  public:
+    using Control::Control;
+    bool isFocusable() const override { return true; }
+
+    const std::string& text() const { return text_; }
+    void setText(std::string_view text);
+    bool locked() const { return locked_; }
+    void setLocked(bool locked) { assign(locked_, locked, Property::locked); }
+    bool multiLine() const { return multiLine_; }
+    void setMultiLine(bool multiLine) { multiLine_ = multiLine; }
+    /// Asks the toolkit to select the whole text; typing then replaces it.
+    void selectAll();
+    /// True after selectAll until the text changes or the focus leaves.
+    bool allSelected() const { return selectAll_; }
+    void clearSelection() { selectAll_ = false; }
+
+    Event<> onChange;
+    Event<KeyPress&> onKeyPress;
+    /// The toolkit's commit event: editing finished by Enter or by leaving after a change. A script does not raise it.
+    Event<> onCommit;
+
+  private:
+    std::string text_;
+    bool locked_ = false;
+    bool multiLine_ = false;
+    bool selectAll_ = false;
+};
+
+/// A list of texts with one chosen. Setting the list index raises Click every time, also when it is the same.
+class ComboBox : public Control {
+  public:
+    enum class Style { list, editable };  ///< editable: the text may be one that is not in the list
+
+    using Control::Control;
+    bool isFocusable() const override { return true; }
+
+    Style style() const { return style_; }
+    void setStyle(Style style) { style_ = style; }
+
+    int listCount() const { return static_cast<int>(items_.size()); }
+    /// Entry by position, "" outside the list.
+    const std::string& list(int i) const;
+    const std::vector<std::string>& items() const { return items_; }
+    void addItem(std::string_view text);
+    /// Replaces an entry's text; error 5 outside the list.
+    void setList(int i, std::string_view text);
+    /// Empties the list; the index becomes -1 and the text empty, without a Click.
+    void clear();
+
+    int listIndex() const { return listIndex_; }
+    /// -1 chooses nothing. Error 380 outside the list.
+    void setListIndex(int index);
+    /// The chosen entry's text, or what was typed into an editable list.
+    const std::string& text() const { return text_; }
+    /// Chooses the first entry with this text, without a Click; an editable list keeps any other text with index -1,
+    /// a plain list refuses it with error 383.
+    void setText(std::string_view text);
+
+    Event<> onClick;
+    /// The toolkit's commit event: the list was closed up. A script does not raise it.
+    Event<> onCommit;
+
+  private:
+    Style style_ = Style::list;
+    std::vector<std::string> items_;
+    int listIndex_ = -1;
+    std::string text_;
+};
+
+/// A box to tick. A change, by code or by the user, raises Click.
+class CheckBox : public Control {
+  public:
+    using Control::Control;
+    bool isFocusable() const override { return true; }
+    bool checked() const { return checked_; }
+    void setChecked(bool checked);
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
+
+    Event<> onClick;
+
+  private:
+    bool checked_ = false;
+    std::string caption_;
+};
+
+class Label : public Control {
+  public:
+    using Control::Control;
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
+
+  private:
+    std::string caption_;
+};
+
+/// Groups controls: hidden or disabled, it hides or disables all that stands in it.
+class Frame : public Control {
+  public:
+    using Control::Control;
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
+
+  private:
+    std::string caption_;
+};
+
+/// A button. An "&" in the caption marks the mnemonic.
+class Button : public Control {
+  public:
+    using Control::Control;
+    bool isFocusable() const override { return true; }
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
+
+    Event<> onClick;
+
+  private:
+    std::string caption_;
+};
+
+/// A bar of buttons, some with a menu. Buttons count from 1 and separators count too.
+class Toolbar : public Control {
+  public:
+    struct MenuItem {
+        std::string key;
+        std::string caption;
+    };
+    struct Item {
+        std::string caption;  ///< empty: a separator
+        std::vector<MenuItem> menu;
+    };
+
+    using Control::Control;
+    bool isFocusable() const override { return true; }
+    const std::vector<Item>& items() const { return items_; }
+    void setItems(std::vector<Item> items) {
+        items_ = std::move(items);
+        notify(Property::items);
+    }
+
+    Event<int> onButtonClick;        ///< 1-based index
+    Event<std::string> onMenuClick;  ///< key of the menu item
+
+  private:
+    std::vector<Item> items_;
+};
+
+}  // namespace velmora::screen

@@ -1,0 +1,54 @@
+#pragma once
+// A grid over a recordset. The grid's current row is the recordset's current row.
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "velmora/platform/screen/control.h"
+#include "velmora/platform/sql/recordset.h"
+
+namespace velmora::screen {
+
+struct GridColumn {
+    int field = 0;  ///< position in the recordset
+    std::string caption;
+    int width = 1000;       ///< twips; 15 make a pixel at 100 %
+    std::string mask = {};  ///< as runtime::Format takes it; "Yes/No" for a bit
+    bool right = false;     ///< right-aligned
+    bool button = false;    ///< a button in each cell
+    bool visible = true;
+};
+
+class DataGrid : public Control {
+  public:
+    using Control::Control;
+    bool isFocusable() const override { return true; }
+
+    const std::vector<GridColumn>& columns() const { return columns_; }
+    void setColumns(std::vector<GridColumn> columns);
+
+    /// Binding a closed recordset unbinds.
+    void bind(sql::Recordset recordset);
+    const sql::Recordset& recordset() const { return recordset_; }
+    /// Shows the rows anew.
+    void refresh() { notify(Property::rows); }
+
+    /// 0 with nothing bound.
+    std::size_t rowCount() const;
+    /// A cell as shown, by the column's mask; null is empty.
+    std::string cellText(std::size_t row, std::size_t column) const;
+
+    /// The user moves to a row; the recordset follows and tells its listeners.
+    void moveToRow(std::size_t row);
+
+    Event<int> onButtonClick;   ///< index into columns()
+    Event<KeyDown&> onKeyDown;  ///< a key in the grid, after the form has seen it
+
+  private:
+    std::vector<GridColumn> columns_;
+    sql::Recordset recordset_;
+    sql::Subscription moves_;
+};
+
+}  // namespace velmora::screen

@@ -1,0 +1,66 @@
+#pragma once
+// A technical drawing in millimetres, y upward, with places for value labels. A toolkit scales it to its canvas:
+// pens and letters keep their size on the screen, the piece keeps its proportions.
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace velmora::screen {
+
+struct Point {
+    double x = 0;
+    double y = 0;
+};
+
+enum class Pen {
+    outline,    ///< a visible edge: solid, strong
+    thin,       ///< a lesser edge: solid, fine
+    centre,     ///< an axis: dash and dot
+    hidden,     ///< an edge behind: dashed
+    dimension,  ///< dimension and extension lines: fine, in the dimension's colour
+};
+
+enum class Fill {
+    none,
+    section,  ///< cut metal: tinted and hatched
+    solid,    ///< metal seen from outside: tinted
+    blank,    ///< the background, to cover
+};
+
+struct Path {
+    std::vector<Point> points;
+    bool closed = false;
+    Pen pen = Pen::outline;
+    Fill fill = Fill::none;
+};
+
+struct Circle {
+    Point centre;
+    double radius = 0;
+    Pen pen = Pen::outline;
+    Fill fill = Fill::none;
+};
+
+/// A dimension line between two points, `offset` millimetres to its left seen from `from` to `to`, with extension
+/// lines, arrow heads, and the place of value label `label` (none: -1) at its middle.
+struct Dimension {
+    Point from;
+    Point to;
+    double offset = 0;
+    int label = -1;
+};
+
+/// A fixed text.
+struct Caption {
+    Point at;
+    std::string text;
+};
+
+using Shape = std::variant<Path, Circle, Dimension, Caption>;
+
+struct Drawing {
+    std::vector<Shape> shapes;  ///< painted in this order
+};
+
+}  // namespace velmora::screen

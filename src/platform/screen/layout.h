@@ -1,0 +1,122 @@
+#pragma once
+// How a form arranges its controls, told once as a tree that every toolkit renders.
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "velmora/platform/screen/control.h"
+
+namespace velmora::screen {
+
+class Sketch;
+class DataGrid;
+
+/// How a field looks. Entered fields stand on white, calculated ones on a faint tint.
+enum class Role { entered, calculated, total, label };
+
+struct Layout {
+    enum class Kind {
+        none,
+        column,     ///< children one below the other
+        row,        ///< children side by side
+        grid,       ///< children in `columns` columns, row by row; captions and fields line up
+        group,      ///< a frame around its one child, titled by the frame's caption
+        takeTurns,  ///< children (groups) that share one place: the first visible one is shown
+        field,      ///< a caption (fixed, or a Label's) and a control beside it
+        space,      ///< gives what room is left
+        gap,        ///< an empty cell of a grid
+    };
+
+    Kind kind = Kind::none;
+    std::vector<Layout> children = {};
+    Control* control = nullptr;
+    Label* captionLabel = nullptr;  ///< the caption follows this label (its visibility too)
+    std::string caption = {};       ///< used when there is no label
+    std::string unit = {};          ///< behind the control: mm, kg, €
+    int columns = 0;                ///< of a grid
+    int width = 0;                  ///< of a field, in digits; 0 as wide as there is room
+    int lines = 1;                  ///< of a text of several lines
+    bool right = false;             ///< numbers are right-aligned
+    Role role = Role::entered;
+    int stretch = 0;  ///< share of the room that is left over
+    bool captionAbove = false;
+
+    // Adjustments, chained: field("Z", box, 6).number().asCalculated()
+    Layout&& number() && {
+        right = true;
+        return std::move(*this);
+    }
+    Layout&& as(Role r) && {
+        role = r;
+        return std::move(*this);
+    }
+    Layout&& units(std::string u) && {
+        unit = std::move(u);
+        return std::move(*this);
+    }
+    Layout&& stretched(int share = 1) && {
+        stretch = share;
+        return std::move(*this);
+    }
+    Layout&& tall(int n) && {
+        lines = n;
+        return std::move(*this);
+    }
+    Layout&& above() && {
+        captionAbove = true;
+        return std::move(*this);
+    }
+};
+
+namespace layout {
+
+template <typename... Children>
+std::vector<Layout> list(Children&&... children) {
+    std::vector<Layout> all;
+    all.reserve(sizeof...(children));
+    (all.push_back(std::forward<Children>(children)), ...);
+    return all;
+}
+
+template <typename... Children>
+Layout column(Children&&... children) {
+    return Layout{.kind = Layout::Kind::column, .children = list(std::forward<Children>(children)...)};
+}
+template <typename... Children>
+Layout row(Children&&... children) {
+    return Layout{.kind = Layout::Kind::row, .children = list(std::forward<Children>(children)...)};
+}
+template <typename... Children>
+Layout grid(int columns, Children&&... children) {
+    return Layout{
+        .kind = Layout::Kind::grid, .children = list(std::forward<Children>(children)...), .columns = columns};
+}
+template <typename... Children>
+Layout takeTurns(Children&&... children) {
+    return Layout{.kind = Layout::Kind::takeTurns, .children = list(std::forward<Children>(children)...)};
+}
+inline Layout group(Frame& frame, Layout child) {
+    return Layout{.kind = Layout::Kind::group, .children = list(std::move(child)), .control = &frame};
+}
+/// A control with a fixed caption; its accessible name follows unless it has one.
+inline Layout field(std::string caption, Control& control, int width = 0) {
+    return Layout{.kind = Layout::Kind::field, .control = &control, .caption = std::move(caption), .width = width};
+}
+/// A control whose caption is a label of the form.
+inline Layout field(Label& label, Control& control, int width = 0) {
+    return Layout{.kind = Layout::Kind::field, .control = &control, .captionLabel = &label, .width = width};
+}
+/// A control that speaks for itself: a button, a grid, a sketch, a label.
+inline Layout plain(Control& control, int width = 0) {
+    return Layout{.kind = Layout::Kind::field, .control = &control, .width = width};
+}
+inline Layout space() {
+    return Layout{.kind = Layout::Kind::space, .stretch = 1};
+}
+inline Layout gap() {
+    return Layout{.kind = Layout::Kind::gap};
+}
+
+}  // namespace layout
+}  // namespace velmora::screen

@@ -1,0 +1,118 @@
+#include "velmora/platform/session/kestra_util.h"
+
+#include <optional>
+
+#include "velmora/platform/runtime/dates.h"
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+
+namespace velmora::session {
+namespace {
+
+constexpr std::string_view dateMask = "dd/mm/yyyy";
+constexpr char32_t firstPrintable = 32;
+
+bool isDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
+bool isDigits(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// ddmmyy and ddmmyyyy with the slashes that were not typed; any other text as it is.
+std::string withSlashes(const std::string& text) {
+    if (!isDigits(text) || (text.size() != 6 && text.size() != 8)) {
+        return text;
+    }
+    return text.substr(0, 2) + "/" + text.substr(2, 2) + "/" + text.substr(4);
+}
+
+/// One part of a date off the front, up to two digits and a slash.
+std::optional<unsigned> takePart(std::string_view& text) {
+    unsigned part = 0;
+    std::size_t used = 0;
+    while (used < text.size() && isDigit(text[used])) {
+        part = part * 10 + static_cast<unsigned>(text[used] - '0');
+        ++used;
+    }
+    if (used == 0 || used > 2 || used == text.size() || text[used] != '/') {
+        return std::nullopt;
+    }
+    text.remove_prefix(used + 1);
+    return part;
+}
+
+// Chosen C-286: a date field reads day, month, year and no other order. "31/02/26" is a slip that stays on the screen
+// for the user to see; the language's own reading would make the 26th of February of 1931 of it.
+std::optional<runtime::Date> dayFirst(const std::string& text) {
+    std::string_view rest = text;
+    const std::optional<unsigned> day = takePart(rest);
+    const std::optional<unsigned> month = day ? takePart(rest) : std::nullopt;
+    if (!month || !isDigits(rest) || !runtime::IsDate(text)) {
+        return std::nullopt;
+    }
+    const runtime::Date date = runtime::CDate(text);
+    const std::chrono::year_month_day read{std::chrono::floor<std::chrono::days>(date.at)};
+    const bool asWritten = static_cast<unsigned>(read.day()) == *day && static_cast<unsigned>(read.month()) == *month;
+    return asWritten ? std::optional(date) : std::nullopt;
+}
+
+std::string asDate(const std::string& text) {
+    const std::optional<runtime::Date> date = dayFirst(withSlashes(runtime::Trim(text)));
+    return date ? runtime::Format(*date, dateMask) : text;
+}
+
+}  // namespace
+
+void KestraUtil::EntrarCampo(screen::TextBox& campo, std::string_view) {
+    campo.setBackColor(colorFoco_);
+    campo.selectAll();
+}
+
+void KestraUtil::SalirCampo(screen::TextBox& campo, std::string_view texto) {
+    campo.setBackColor(colorNormal_);
+    if (texto.empty()) {
+        return;
+    }
+    const std::string text = campo.text();
+    campo.setText(texto == dateMask ? asDate(text) : runtime::Format(text, texto));
+}
+
+void KestraUtil::TeclaCampo(screen::TextBox& campo, screen::KeyPress& key, bool soloEnteros) {
+    // What is selected goes as soon as the key comes through.
+    const std::string text = campo.allSelected() ? "" : campo.text();
+    const char32_t typed = key.character == U'.' ? U',' : key.character;
+    const bool digit = typed >= U'0' && typed <= U'9';
+    // Chosen C-287: where the caret stands is not known, so the minus comes through only into an empty or wholly
+    // selected field: that is the one place where it leads for certain.
+    const bool leadingMinus = typed == U'-' && text.empty();
+    const bool decimalComma = typed == U',' && !soloEnteros && text.find(',') == std::string::npos;
+    const bool editing = typed < firstPrintable;
+    key.character = digit || leadingMinus || decimalComma || editing ? typed : U'\0';
+}
+
+std::string KestraUtil::Buscar(std::string_view statement, std::string_view campo, std::string_view cabecera1,
+                               std::string_view cabecera2, std::string_view titulo, int ancho1, int ancho2, bool) {
+    screen::SearchWindow window{.title = std::string(titulo),
+                                .searchColumn = std::string(campo),
+                                .firstCaption = std::string(cabecera1),
+                                .secondCaption = std::string(cabecera2),
+                                .firstWidth = ancho1,
+                                .secondWidth = ancho2,
+                                .rows = connection_->execute(statement)};
+    const std::optional<std::size_t> chosen = screen_.search(window);
+    const sql::Row* row = chosen ? window.rows.peek(*chosen) : nullptr;
+    std::string joined;
+    for (std::size_t i = 0; row && i < row->size(); ++i) {
+        const sql::Value& value = (*row)[i];
+        joined += (i == 0 ? "" : "\x01") + (value.isNull() ? std::string() : value.toText());
+    }
+    return joined;
+}
+
+double KestraUtil::Redondear(double valor, int decimales) const {
+    return runtime::Redondear(valor, decimales);
+}
+
+}  // namespace velmora::session

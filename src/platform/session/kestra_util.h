@@ -1,0 +1,47 @@
+#pragma once
+// The field helper of a form: painting and masks of the field with the focus, the filter of numeric keys, the
+// search window, rounding.
+
+#include <string>
+#include <string_view>
+
+#include "velmora/platform/screen/screen.h"
+#include "velmora/platform/sql/connection.h"
+
+namespace velmora::session {
+
+class KestraUtil {
+  public:
+    KestraUtil(screen::Screen& screen, sql::Connection& connection) : screen_(screen), connection_(&connection) {}
+
+    void Conexion(sql::Connection& connection) { connection_ = &connection; }
+    void ColorFoco(double color) { colorFoco_ = static_cast<screen::Color>(color); }
+    void ColorNormal(double color) { colorNormal_ = static_cast<screen::Color>(color); }
+
+    /// On GotFocus: paints the field and selects all its text.
+    void EntrarCampo(screen::TextBox& campo, std::string_view texto = "");
+
+    /// On LostFocus: paints the field back; a non-empty mask formats the text. The mask `dd/mm/yyyy` also reads
+    /// `ddmmyy`, `ddmmyyyy` and `d/m/y`; a text that is no date, no number stays as it is.
+    void SalirCampo(screen::TextBox& campo, std::string_view texto = "");
+
+    /// On KeyPress: lets digits, one leading minus, editing keys and, unless whole numbers are asked, one decimal
+    /// comma through; a typed point becomes the comma; swallows all else.
+    void TeclaCampo(screen::TextBox& campo, screen::KeyPress& key, bool soloEnteros);
+
+    /// The search window. Gives the row chosen as text, its columns joined by the character of code 1, in the order
+    /// of the statement; an empty text when nothing was chosen. Widths in twips.
+    std::string Buscar(std::string_view statement, std::string_view campo, std::string_view cabecera1,
+                       std::string_view cabecera2, std::string_view titulo, int ancho1, int ancho2, bool bandera);
+
+    /// Half away from zero on the decimal value.
+    double Redondear(double valor, int decimales) const;
+
+  private:
+    screen::Screen& screen_;
+    sql::Connection* connection_;
+    screen::Color colorFoco_ = screen::colors::white;
+    screen::Color colorNormal_ = screen::colors::white;
+};
+
+}  // namespace velmora::session

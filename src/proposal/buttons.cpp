@@ -1,0 +1,65 @@
+#include "velmora/proposal/buttons.h"
+
+#include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::proposal {
+
+using estimate::TextBox;
+
+void Buttons::msCancelarBotones(bool bConsulta) {
+    controls_.XPGrabar.setEnabled(false);
+    controls_.XPImprime.setEnabled(!bConsulta);
+    controls_.XPSalir.setEnabled(true);
+    controls_.cmdCambios.setEnabled(false);
+    controls_.cmdDuplicar.setEnabled(false);
+    controls_.cmdeliminarrPropuesta.setEnabled(false);
+}
+
+void Buttons::cmdCambios_Click() {
+    // A proposal without a number goes on: only the work order stops this.
+    if (!f_.txtPesu(6).text().empty()) {
+        return;
+    }
+    f_.forEachTextBox([](TextBox& box) { box.setEnabled(true); });
+    disableComputed();
+    for (screen::Control* list : {&f_.cboMatDisco, &f_.cboMatCubo, &f_.cboMatCre}) {
+        list->setEnabled(true);
+    }
+    // Chosen C-009: hub and disc are shown again by the presentation of the type.
+    presentation_.cboTipoPre_Click();
+    if (runtime::IsNumeric(f_.txtPesu(3).text())) {
+        loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(3).text()), true);
+    }
+    if (!f_.txtPesu(13).text().empty()) {
+        for (screen::Control* control :
+             std::initializer_list<screen::Control*>{&controls_.cmdCambios, &f_.cboTipoPre, &f_.cboDobles}) {
+            control->setEnabled(false);
+        }
+    } else {
+        controls_.cmdManoObra.setEnabled(true);
+    }
+    const int type = f_.type();
+    f_.cmdEng.setEnabled(data::isGear(type));
+    if (type == data::doubleSprocket || data::isTriple(type)) {
+        for (const int fromTable : {17, 9, 5}) {
+            f_.Text1(fromTable).setEnabled(false);
+        }
+    } else if (type == data::rack) {
+        runtime::ErrorTrap trap;
+        trap([&] { f_.txtObservaciones.setFocus(); });
+    }
+    disableComputed();
+    controls_.cmdManoObra.setEnabled(true);
+}
+
+void Buttons::disableComputed() {
+    for (const int i : {20, 21, 23}) {
+        f_.Text1(i).setEnabled(false);
+    }
+    for (const int i : {3, 4, 6, 13}) {
+        f_.txtPesu(i).setEnabled(false);
+    }
+}
+
+}  // namespace velmora::proposal

@@ -1,0 +1,88 @@
+#include "velmora/proposal/customer_search.h"
+
+#include <array>
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+
+namespace velmora::proposal {
+
+namespace {
+
+/// One of the two names by which a customer is found.
+struct NameSearch {
+    const char* statement;
+    const char* column;
+    const char* caption;
+    const char* title;
+};
+
+constexpr NameSearch fiscal{
+    .statement = "Select CLI_ID,CLI_COD,CLI_NOM FROM CLI",
+    .column = "CLI_NOM",
+    .caption = "Nombre FISCAL del Cliente",
+    .title = "Buscar clientes por nombre FISCAL",
+};
+constexpr NameSearch commercial{
+    .statement = "Select CLI_ID,CLI_COD,CLI_COMER FROM CLI",
+    .column = "CLI_COMER",
+    .caption = "Nombre COMERCIAL del Cliente",
+    .title = "Buscar clientes por nombre COMERCIAL",
+};
+constexpr std::size_t shortestAnswer = 3;
+
+}  // namespace
+
+void CustomerSearch::msValidarCliente() {
+    estimate::TextBox& code = f_.txtPesu(0);
+    code.setText(runtime::Trim(code.text()));
+    if (code.text().empty() || !runtime::IsNumeric(code.text())) {
+        return;
+    }
+    const sql::Recordset row =
+        session_.Connection().execute("Select CLI_NOM,CLI_ID from cli where CLI_COD=" + code.text());
+    if (row.hasRows()) {
+        if (!row["CLI_NOM"].isNull()) {
+            f_.txtPesu(1).setText(row["CLI_NOM"].toText());
+            code.setTag(row["CLI_ID"].toText());
+        }
+        return;
+    }
+    code.setTag("");
+    f_.form.setTag("E");
+    msBuscarCliente();
+}
+
+void CustomerSearch::msBuscarCliente() {
+    const screen::Answer answer = screen_.show({.text = "Desea Burcar por el nombre Fiscal ?.\r\n"
+                                                        "Si contesta NO, la busqueda será por Nombre Comercial",
+                                                .icon = screen::Icon::information,
+                                                .buttons = screen::Buttons::yesNoCancel});
+    if (answer == screen::Answer::cancel) {
+        return;
+    }
+    const NameSearch& by = answer == screen::Answer::yes ? fiscal : commercial;
+    takeOver(oUtil_.Buscar(by.statement, by.column, "Codigo", by.caption, by.title, 600, 6000, false));
+}
+
+void CustomerSearch::takeOver(const std::string& row) {
+    estimate::TextBox& code = f_.txtPesu(0);
+    if (runtime::Len(row) < shortestAnswer) {
+        code.setTag("");
+        code.setText("");
+        f_.txtPesu(1).setText("");
+        return;
+    }
+    const std::size_t first = row.find('\x01');
+    const std::size_t second = first == std::string::npos ? first : row.find('\x01', first + 1);
+    if (second == std::string::npos) {
+        return;
+    }
+    // Kept K-015: the tag holds the code here and the customer's key after a look-up by code; nothing reads it.
+    const std::string chosen = row.substr(first + 1, second - first - 1);
+    code.setText(chosen);
+    code.setTag(chosen);
+    f_.txtPesu(1).setText(row.substr(second + 1, row.find('\x01', second + 1) - second - 1));
+}
+
+}  // namespace velmora::proposal

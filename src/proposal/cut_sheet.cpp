@@ -1,0 +1,21 @@
+#include "velmora/proposal/cut_sheet.h"
+
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::proposal {
+
+void msHojaCorte(const estimate::FieldMap& fields, const FormControls& controls, session::Session& session,
+                 const platform::Desk& desk) {
+    const std::string& number = fields.txtPesu(3).text();
+    if (number.empty() || fields.txtPesu(4).text().empty() || !controls.XPImprime.isEnabled()) {
+        return;
+    }
+    const std::int32_t nIdDpi = runtime::IsNumeric(number) ? runtime::CLng(number) : 0;
+    if (nIdDpi > 0) {
+        const auto printing = desk.components.create<components::Printing>("VELMORAIMP.VMORAIMP");
+        printing->setMyBd(session);
+        printing->jPrintPropuesta(nIdDpi, false);
+    }
+}
+
+}  // namespace velmora::proposal

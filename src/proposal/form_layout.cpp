@@ -1,0 +1,316 @@
+// How the main form looks: captions that never change, the arrangement, and the order of work for the Tab key.
+
+#include <array>
+#include <optional>
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/proposal/frm_bercial_pinones.h"
+
+namespace velmora::proposal {
+
+using estimate::TextBox;
+using screen::Layout;
+using screen::Role;
+namespace lay = screen::layout;
+
+namespace {
+
+// Widths in digits.
+constexpr int measureWidth = 8;
+constexpr int amountWidth = 10;
+constexpr int dateWidth = 10;
+
+Layout entered(std::string caption, TextBox& box, int width = measureWidth) {
+    return lay::field(std::move(caption), box, width).number();
+}
+Layout entered(estimate::Label& caption, TextBox& box, int width = measureWidth) {
+    return lay::field(caption, box, width).number();
+}
+Layout calculated(std::string caption, TextBox& box, int width = measureWidth) {
+    return lay::field(std::move(caption), box, width).number().as(Role::calculated);
+}
+Layout calculated(estimate::Label& caption, TextBox& box, int width = measureWidth) {
+    return lay::field(caption, box, width).number().as(Role::calculated);
+}
+
+std::optional<double> measure(const TextBox& box) {
+    return runtime::IsNumeric(box.text()) ? std::optional(runtime::CDbl(box.text())) : std::nullopt;
+}
+
+estimate::Toothing toothing(int type) {
+    if (data::isSmoothPulley(type)) {
+        return estimate::Toothing::smooth;
+    }
+    return data::isGear(type) ? estimate::Toothing::gear : estimate::Toothing::chain;
+}
+
+screen::Drawing piece(const estimate::FieldMap& f) {
+    const std::optional<double> teeth = measure(f.Text1(1));
+    constexpr double mostTeeth = 10000;
+    return estimate::drawPiece(f.hubsOnSketch, {
+                                                   .toothing = toothing(f.type()),
+                                                   .teeth = teeth && *teeth >= 0 && *teeth <= mostTeeth
+                                                                ? std::optional(static_cast<int>(*teeth))
+                                                                : std::nullopt,
+                                                   .exterior = measure(f.Text1(15)),
+                                                   .pitch = measure(f.Text1(3)),
+                                                   .root = measure(f.Text1(4)),
+                                                   .hub = measure(f.Text1(16)),
+                                                   .bore = measure(f.Text1(7)),
+                                                   .keyway = measure(f.Text1(12)),
+                                                   .rim = measure(f.Text1(9)),
+                                                   .hubWidth = measure(f.Text1(10)),
+                                                   .totalWidth = measure(f.Text1(17)),
+                                               });
+}
+
+void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
+    f.Label1(4).setCaption("Llanta");
+    f.Label1(10).setCaption("Llanta (b1)");
+    f.Label1(11).setCaption("Ø Rodillo");
+    f.Label1(13).setCaption("Ancho cubo");
+    f.Label1(16).setCaption("A.C.");
+    f.Label1(17).setCaption("Ancho Total");
+    f.Label1(20).setCaption("Ø Cubo A");
+    f.Label1(34).setCaption("X Ancho Hueco");
+    f.Label1(35).setCaption("Ancho cubo B");
+    f.Label1(37).setCaption("Ø Cubo B");
+    f.D(4).setCaption("Ø Interior");
+    f.D(5).setCaption("Ø Interior");
+    f.lblDiscoProceso.setCaption("Ancho Disco = Ancho Total + 3");
+    f.lblCuboProceso.setCaption("Una sola pieza, sin cubo");
+    f.chkAcopla.setCaption("Acoplamiento");
+    f.chkFormulas.setCaption("Fórmula de cada artículo");
+    f.chkFormulas.setChecked(true);
+    f.cmdEng.setCaption("Engranaje…");
+    f.cboHerramienta.setStyle(estimate::ComboBox::Style::editable);
+    f.txtObservaciones.setMultiLine(true);
+
+    c.fraPropuesta.setCaption("Propuesta y cliente");
+    c.fraDentado.setCaption("Dentado y medidas");
+    c.fraEje.setCaption("Eje");
+    c.fraImportes.setCaption("Importes");
+    c.fraNotas.setCaption("Notas");
+    c.Frame1.setCaption("Historico de Presupuestos con Paso, Z y Ø igual al insertado");
+    f.Frame2.setCaption("Medidas del piñon");
+    f.fraPDM.setCaption("Medidas Piñon Doble");
+    f.fraTriple.setCaption("Medidas Piñon Triple");
+    f.fraDobleVar.setCaption("Medidas Piñon 2 Cubos Variables");
+    f.fraCremallera.setCaption("Medidas Cremallera");
+    f.fraCre1.setCaption("Cremallera");
+    f.fraMatDisco.setCaption("Material del Disco");
+    f.fraCubo.setCaption("Material del Cubo");
+    f.fraMatCre.setCaption("Material de la Cremallera");
+
+    c.XPGrabar.setCaption("&Grabar (F5)");
+    c.XPImprime.setCaption("&Imprimir (F8)");
+    c.XPSalir.setCaption("&Salir (ESC)");
+    c.cmdCambios.setCaption("Activar &Cambios");
+    c.cmdManoObra.setCaption("(F1) Calcular MO");
+    c.cmdDuplicar.setCaption("&Duplicar (F6)");
+    c.cmdeliminarrPropuesta.setCaption("&Eliminar (F9)");
+    c.XPButton1.setCaption("Valores Piñones Dobles");
+    c.cmdDoc.setCaption("&Documentos adjuntos");
+    c.cmdHPrecios.forEach([](Button& button) {
+        button.setCaption("Precios");
+        button.setToolTip("Ultimos precios de compra");
+    });
+    f.cboFiltroHistorico.setAccessibleName("Filtrar Historico por");
+    c.dbgDPI.setAccessibleName("Historico de Presupuestos");
+    f.sketch.setAccessibleName("Dibujo de la pieza");
+}
+
+Layout identity(estimate::FieldMap& f, FormControls& c) {
+    return lay::group(c.fraPropuesta,
+                      lay::row(calculated("Propuesta", f.txtPesu(3), 7), calculated("Creado", f.txtPesu(4), dateWidth),
+                               calculated("Aceptado", f.txtPesu(13), dateWidth), calculated("Orden :", f.txtPesu(6), 7),
+                               lay::field("Codigo Cliente (F2)", f.txtPesu(0), 7).number(),
+                               lay::field("Nombre Cliente", f.txtPesu(1)).stretched(2),
+                               lay::field("Ref. Cliente", f.txtPesu(2), 16)));
+}
+
+Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
+    const auto plain = lay::grid(
+        3,                                                                               //
+        entered("Paso", f.Text1(0)), calculated("Ø Primitivo", f.Text1(3)), lay::gap(),  //
+        entered("Z", f.Text1(1)), calculated("Ø Fondo", f.Text1(4)), lay::gap(),         //
+        lay::takeTurns(entered(f.Label1(16), f.Text1(8)), calculated(f.Label1(16), f.txtModulo)),
+        calculated("Ø Exterior", f.Text1(15)), lay::gap(),                                    //
+        entered(f.Label1(11), f.Text1(2)), calculated("H - Altura", f.Text1(6)), lay::gap(),  //
+        entered(f.Label1(4), f.Text1(9)), entered(f.Label1(20), f.Text1(16)), lay::plain(f.lblFormulaDM, 9),
+        entered(f.Label1(13), f.Text1(10)), entered(f.Label1(17), f.Text1(17)), lay::plain(f.lblFormulaAncho, 9),
+        lay::takeTurns(entered(f.Label1(35), f.Text1(14)), entered(f.Label1(10), f.Text1(5))),
+        lay::takeTurns(entered(f.Label1(37), f.Text1(18)), entered(f.Label1(34), f.Text1(11))), lay::gap());
+    const auto rack = lay::grid(2,  //
+                                entered("Modulo", f.Text1(19)), calculated("Paso", f.Text1(20)),
+                                entered("H", f.Text1(22)), calculated("h", f.Text1(21)), entered("L", f.Text1(24)),
+                                calculated("A", f.Text1(23)), entered("B", f.Text1(25)), lay::gap());
+    return lay::column(
+        lay::row(lay::field("Tipo", f.cboTipoPre).stretched(), lay::plain(f.cmdEng)), lay::field("Cadena", f.cboDobles),
+        lay::takeTurns(lay::group(f.fraCre1, rack), lay::group(c.fraDentado, plain)),
+        lay::group(c.fraEje, lay::grid(2, entered("Eje", f.Text1(7)), entered("Chavetero de", f.Text1(12)),
+                                       lay::field("Herramienta para el Eje :", f.cboHerramienta, 7),
+                                       entered("Nº Prisioneros", f.Text1(13)), lay::plain(f.chkAcopla), lay::gap())),
+        lay::space());
+}
+
+/// The fields of a sketch that has no drawing beside them, with their captions.
+template <std::size_t N>
+Layout sketchFields(const screen::ControlArray<TextBox>& boxes, const std::array<const char*, N>& captions) {
+    Layout fields = lay::grid(2);
+    for (std::size_t i = 0; i < N; ++i) {
+        fields.children.push_back(calculated(captions[i], boxes(static_cast<int>(i))));
+    }
+    return lay::column(std::move(fields), lay::space());
+}
+
+constexpr std::array doubleCaptions{"Ø Exterior", "Ø Cubo",      "Altura al cubo", "Ancho total",  "Llanta (B2)",
+                                    "Ancho cubo", "Llanta (b1)", "X Ancho Hueco",  "Llanta (b1) 2"};
+constexpr std::array tripleCaptions{"Ø Exterior",    "Ø Cubo",        "Altura al cubo",  "Llanta (b1)",
+                                    "X Ancho Hueco", "Llanta (b1) 2", "X Ancho Hueco 2", "Llanta (b1) 3",
+                                    "Ancho cubo",    "Llanta (B3)",   "Ancho total"};
+constexpr std::array variableCaptions{"Ancho total", "Ancho cubo A", "Llanta",    "Ancho cubo B",
+                                      "Ø Cubo B",    "Ø Cubo A",     "Ø Exterior"};
+constexpr std::array rackCaptions{"h", "H", "A", "L", "H grosor", "B"};
+
+Layout pictures(estimate::FieldMap& f) {
+    f.sketch.setSource([&f] { return piece(f); });
+    f.Text3.forEach([&f](TextBox& box) { f.sketch.place(box.index(), box); });
+    return lay::takeTurns(lay::group(f.fraCremallera, sketchFields(f.txtCre, rackCaptions)),
+                          lay::group(f.fraTriple, sketchFields(f.txtTriple, tripleCaptions)),
+                          lay::group(f.fraDobleVar, sketchFields(f.txtDCV, variableCaptions)),
+                          lay::group(f.fraPDM, sketchFields(f.txtPDM, doubleCaptions)),
+                          lay::group(f.Frame2, lay::plain(f.sketch)))
+        .stretched(3);
+}
+
+struct MaterialFields {
+    estimate::Frame& frame;
+    estimate::ComboBox& list;
+    Button& prices;
+    Layout sizes;
+    estimate::Label* process = nullptr;
+};
+
+Layout material(MaterialFields m) {
+    Layout all =
+        lay::column(lay::row(lay::field("Material", m.list).stretched(), lay::plain(m.prices)), std::move(m.sizes));
+    if (m.process != nullptr) {
+        all.children.push_back(lay::plain(*m.process));
+    }
+    return lay::group(m.frame, std::move(all));
+}
+
+Layout materials(estimate::FieldMap& f, FormControls& c) {
+    const auto amount = [](std::string caption, TextBox& box) { return entered(std::move(caption), box, amountWidth); };
+    Layout disc = lay::grid(2, entered("Ø", f.Text4(1)), amount("Precio Coste", f.txtPesu(20)),   //
+                            entered("Ancho", f.Text4(0)), amount("Precio Venta", f.txtPesu(21)),  //
+                            entered(f.D(4), f.Text4(6)), amount("Corte", f.txtPesu(16)),          //
+                            entered("Peso", f.Text4(4)), amount("Importe", f.txtPesu(22)));
+    Layout hub = lay::grid(2, entered("Ø", f.Text4(2)), amount("Precio Coste", f.txtPesu(23)),   //
+                           entered("Ancho", f.Text4(3)), amount("Precio Venta", f.txtPesu(24)),  //
+                           entered(f.D(5), f.Text4(7)), amount("Corte", f.txtPesu(15)),          //
+                           entered("Peso Valor", f.Text4(5)), amount("Importe", f.txtPesu(25)));
+    Layout rack = lay::grid(2, entered("Largo", f.Text4(50)), amount("Precio Coste", f.txtPesu(54)),  //
+                            entered("Ancho", f.Text4(51)), amount("Precio Venta", f.txtPesu(56)),     //
+                            entered("Grosor", f.Text4(52)), amount("Corte", f.txtPesu(55)),           //
+                            entered("Peso Valor", f.Text4(53)), amount("Importe", f.txtPesu(57)));
+    return lay::column(
+        lay::takeTurns(
+            material({f.fraMatCre, f.cboMatCre, c.cmdHPrecios(2), std::move(rack)}),
+            lay::column(material({f.fraMatDisco, f.cboMatDisco, c.cmdHPrecios(0), std::move(disc), &f.lblDiscoProceso}),
+                        material({f.fraCubo, f.cboMatCubo, c.cmdHPrecios(1), std::move(hub), &f.lblCuboProceso}))),
+        lay::plain(f.chkFormulas), lay::space());
+}
+
+Layout amounts(estimate::FieldMap& f, FormControls& c) {
+    const auto amount = [](std::string caption, TextBox& box) {
+        return entered(std::move(caption), box, amountWidth).units("€");
+    };
+    return lay::group(
+        c.fraImportes,
+        lay::column(lay::grid(1, amount("Importe Material", f.txtPesu(7)), amount("Mano Obra", f.txtPesu(8)),
+                              amount("Subcontratados", f.txtPesu(9)), amount("Varios", f.txtPesu(5)),
+                              amount("Fijo Sierra", f.txtPesu(14)), amount("Total Pieza", f.txtPesu(10)),
+                              entered("Nº de Piezas", f.txtPesu(11), amountWidth)),
+                    lay::space(),
+                    lay::field("Importe Total", f.txtPesu(12)).number().as(Role::total).units("€").above()));
+}
+
+Layout notes(estimate::FieldMap& f, FormControls& c) {
+    return lay::group(c.fraNotas,
+                      lay::column(lay::field("Observaciones", f.txtObservaciones).tall(4).above().stretched(),
+                                  lay::field("Texto libre", f.txtExtra), lay::field("Prov.Consultado", f.txtCPro)));
+}
+
+Layout history(estimate::FieldMap& f, FormControls& c) {
+    return lay::group(
+        c.Frame1, lay::column(lay::row(lay::field("  Filtrar Historico por:", f.cboFiltroHistorico, 18), lay::space()),
+                              lay::plain(c.dbgDPI).stretched()));
+}
+
+Layout buttons(FormControls& c) {
+    return lay::row(lay::plain(c.XPGrabar), lay::plain(c.cmdManoObra), lay::plain(c.XPImprime),
+                    lay::plain(c.cmdCambios), lay::plain(c.cmdDuplicar), lay::plain(c.cmdeliminarrPropuesta),
+                    lay::plain(c.cmdDoc), lay::plain(c.XPButton1), lay::space(), lay::plain(c.XPSalir));
+}
+
+/// The order of work: customer, type, toothing, widths, bore, materials, cuts, labour, units, remarks.
+std::vector<screen::Control*> orderOfWork(estimate::FieldMap& f, FormControls& c) {
+    std::vector<screen::Control*> order;
+    const auto add = [&](std::initializer_list<screen::Control*> controls) { order.insert(order.end(), controls); };
+    const auto addBoxes = [&](const screen::ControlArray<TextBox>& boxes, std::initializer_list<int> indexes) {
+        for (const int i : indexes) {
+            order.push_back(&boxes(i));
+        }
+    };
+    addBoxes(f.txtPesu, {0, 1, 2});
+    add({&f.cboTipoPre, &f.cmdEng, &f.cboDobles});
+    addBoxes(f.Text1, {0, 1, 8, 2, 3, 4, 15, 6, 9, 10, 14, 5, 11, 16, 18, 17, 19, 22, 24, 25, 7});
+    add({&f.cboHerramienta});
+    addBoxes(f.Text1, {12, 13});
+    add({&f.chkAcopla, &f.cboMatDisco});
+    addBoxes(f.Text4, {1, 0, 6, 4});
+    addBoxes(f.txtPesu, {20, 21, 16, 22});
+    add({&f.cboMatCubo});
+    addBoxes(f.Text4, {2, 3, 7, 5});
+    addBoxes(f.txtPesu, {23, 24, 15, 25});
+    add({&f.cboMatCre});
+    addBoxes(f.Text4, {50, 51, 52, 53});
+    addBoxes(f.txtPesu, {54, 56, 55, 57});
+    add({&f.chkFormulas});
+    addBoxes(f.txtPesu, {7, 8, 9, 5, 14, 10, 11, 12});
+    add({&f.txtObservaciones, &f.txtExtra, &f.txtCPro, &f.cboFiltroHistorico, &c.dbgDPI, &c.XPGrabar, &c.cmdManoObra,
+         &c.XPImprime, &c.cmdCambios, &c.cmdDuplicar, &c.cmdeliminarrPropuesta, &c.cmdDoc, &c.XPButton1, &c.XPSalir});
+    return order;
+}
+
+/// What is only shown, or would be spoilt by passing through it.
+void takeOutOfTheWay(estimate::FieldMap& f) {
+    // Chosen C-011: leaving number, dates or order would run their masks over them; they are no tab stops.
+    for (const int i : {3, 4, 6, 13, 17}) {
+        f.txtPesu(i).setTabStop(false);
+    }
+}
+
+}  // namespace
+
+void frmBercialPiñones::arrange() {
+    writeFixedCaptions(f_, controls_);
+    setLayout(lay::column(
+        identity(f_, controls_),
+        lay::row(typeAndToothing(f_, controls_), pictures(f_), materials(f_, controls_), amounts(f_, controls_)),
+        lay::row(calculated("Peso Aprox. del Piñon", f_.txtPesu(17), amountWidth),
+                 lay::plain(f_.lblFormulaPeso).stretched()),
+        lay::row(notes(f_, controls_).stretched(1), history(f_, controls_).stretched(3)).stretched(),
+        buttons(controls_)));
+    setTabOrder(orderOfWork(f_, controls_));
+    takeOutOfTheWay(f_);
+    // Windows that this version does not bring: their buttons say so and cannot be pressed.
+    for (Button* later : {&controls_.XPButton1, &controls_.cmdDoc, &controls_.cmdHPrecios(0), &controls_.cmdHPrecios(1),
+                          &controls_.cmdHPrecios(2)}) {
+        later->setEnabled(false);
+    }
+}
+
+}  // namespace velmora::proposal

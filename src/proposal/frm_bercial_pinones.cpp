@@ -1,0 +1,213 @@
+#include "velmora/proposal/frm_bercial_pinones.h"
+
+#include <array>
+
+#include "velmora/data/chains.h"
+#include "velmora/data/fixed_lists.h"
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/screen/busy.h"
+#include "velmora/platform/version.h"
+#include "velmora/proposal/cut_sheet.h"
+
+namespace velmora::proposal {
+
+using estimate::ComboBox;
+using estimate::TextBox;
+
+namespace {
+
+constexpr int defaultFilter = 2;  // "Todos"
+
+template <typename Texts>
+void fill(ComboBox& list, const Texts& texts) {
+    for (const auto& text : texts) {
+        list.addItem(text);
+    }
+}
+
+}  // namespace
+
+frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk& desk)
+    : Form("frmBercialPiñones"),
+      session_(session),
+      desk_(desk),
+      oUtil_(desk.screen, session.Connection()),
+      cutPrices_(session),
+      weights_(f_),
+      constants_(f_, session),
+      materials_(f_, session, desk.screen),
+      totals_(f_, cutPrices_, weights_, oUtil_),
+      costing_(f_, cutPrices_, weights_, totals_, oUtil_),
+      doubles_(f_, session, desk.screen),
+      rack_(f_, cutPrices_, desk.screen),
+      geometry_(f_, {constants_, costing_, materials_, doubles_, rack_, totals_}, desk.screen, oUtil_),
+      presentation_(f_),
+      history_(f_, controls_, session, desk.screen),
+      customers_(f_, session, desk.screen, oUtil_),
+      loading_(f_, controls_, {materials_, presentation_, geometry_, totals_, history_}, session, desk.screen),
+      saving_(f_, loading_, session, desk.screen),
+      buttons_(f_, controls_, presentation_, loading_) {
+    // Chosen C-010: as made, before any event is wired, the fields hold what an empty proposal holds.
+    msLimpiarCampos();
+    arrange();
+    wireFields();
+    wireLists();
+    wireButtons();
+    Form_Load();
+}
+
+void frmBercialPiñones::Form_Load() {
+    oUtil_.Conexion(session_.Connection());
+    oUtil_.ColorFoco(screen::colors::yellow);
+    oUtil_.ColorNormal(screen::colors::white);
+    cutPrices_.msCargarPreciosCorte();
+    setCaption("Propuestas de Piñones Especiales ( v." + platform::version() + ")");
+    fill(f_.cboFiltroHistorico, data::filtrosHistorico);
+    f_.cboFiltroHistorico.setListIndex(defaultFilter);
+    fill(f_.cboHerramienta, data::herramientas);
+    f_.cboHerramienta.setListIndex(0);
+    for (const data::ProductType& type : data::productTypes) {
+        f_.cboTipoPre.addItem(type.name);
+    }
+    f_.cboTipoPre.setListIndex(0);
+    fill(f_.cboDobles, data::chains);
+    f_.cboDobles.setListIndex(0);
+    rs_ = {};
+    materials_.msCargarMaterialesConCubo();
+    materials_.msCargarMaterialesCre();
+    msLimpiarCampos();
+    history_.msHistorico(false);
+    f_.Text1(7).setText("24");
+    for (TextBox* box : {&f_.txtPesu(4), &f_.txtPesu(3), &f_.txtPesu(13), &f_.txtExtra}) {
+        box->setText("");
+    }
+}
+
+void frmBercialPiñones::msLimpiarCampos() {
+    f_.forEachTextBox([this](TextBox& box) {
+        const bool free = &box == &f_.txtExtra || &box == &f_.txtObservaciones || &box == &f_.txtCPro;
+        box.setText(free ? "" : "0,00");
+    });
+    for (const int i : {0, 1, 2, 3, 4, 6, 13}) {
+        f_.txtPesu(i).setText("");
+    }
+    f_.txtPesu(14).setText("0,00");
+    f_.txtPesu(16).setText("0,00");
+    f_.Text1(7).setText("24,00");
+    f_.txtObservaciones.setText("");
+}
+
+void frmBercialPiñones::Form_Activate() {
+    desk_.screen.processEvents();
+    if (!bConsulta) {
+        return;
+    }
+    if (f_.txtPesu(12).isEnabled()) {
+        f_.txtPesu(12).setFocus();
+    } else {
+        f_.cboFiltroHistorico.setFocus();
+    }
+}
+
+void frmBercialPiñones::wireFields() {
+    const auto enter = [this](const screen::ControlArray<TextBox>& array) {
+        array.on(&TextBox::onGotFocus, {[this, &array](int i) { oUtil_.EntrarCampo(array(i)); }});
+    };
+    enter(f_.Text1);
+    enter(f_.Text4);
+    enter(f_.txtPesu);
+
+    f_.Text1.on(&TextBox::onChange, {[this](int i) { geometry_.Text1_Change(i); }});
+    f_.Text1.on(&TextBox::onLostFocus, {[this](int i) { geometry_.Text1_LostFocus(i); }});
+    f_.Text1.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { geometry_.Text1_KeyPress(i, key); }});
+    geometry_.onToothingEntered = [this] { history_.msHistorico(false); };
+
+    f_.Text3.on(&TextBox::onChange, {[this](int i) { geometry_.Text3_Change(i); }});
+
+    f_.Text4.on(&TextBox::onChange, {[this](int i) { costing_.Text4_Change(i); }});
+    f_.Text4.on(&TextBox::onCommit, {[this](int i) { costing_.Text4_Commit(i); }});
+    f_.Text4.on(&TextBox::onLostFocus, {[this](int i) { costing_.Text4_LostFocus(i); }});
+    f_.Text4.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { costing_.Text4_KeyPress(i, key); }});
+
+    f_.txtPesu.on(&TextBox::onChange, {[this](int i) { totals_.txtPesu_Change(i); }});
+    f_.txtPesu.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { totals_.txtPesu_KeyPress(i, key); }});
+    f_.txtPesu.on(&TextBox::onLostFocus, {[this](int i) {
+        totals_.txtPesu_LostFocus(i);
+        if (i == 0) {
+            customers_.msValidarCliente();
+        }
+    }});
+
+    // Kept K-018: the remarks are painted red on entry, and yellow, not white, once the focus has left them.
+    f_.txtObservaciones.onGotFocus = [this] {
+        oUtil_.ColorFoco(screen::colors::red);
+        oUtil_.EntrarCampo(f_.txtObservaciones);
+    };
+    f_.txtObservaciones.onLostFocus = [this] {
+        oUtil_.ColorFoco(screen::colors::yellow);
+        oUtil_.EntrarCampo(f_.txtObservaciones);
+    };
+}
+
+void frmBercialPiñones::wireLists() {
+    f_.cboTipoPre.onClick = [this] { presentation_.cboTipoPre_Click(); };
+    f_.cboFiltroHistorico.onClick = [this] { history_.msHistorico(false); };
+    f_.cboMatDisco.onClick = [this] { materials_.cboMatDisco_Click(); };
+    f_.cboMatDisco.onCommit = [this] { materials_.cboMatDisco_Click(); };
+    f_.cboMatCubo.onClick = [this] { materials_.cboMatCubo_Click(); };
+    f_.cboMatCubo.onCommit = [this] { materials_.cboMatCubo_Click(); };
+    f_.cboMatCre.onClick = [this] { materials_.cboMatCre_Click(); };
+    f_.rsMatDisco.onMoveComplete = [this] { costing_.rsMatDisco_MoveComplete(); };
+    f_.rsMatCubo.onMoveComplete = [this] { costing_.rsMatCubo_MoveComplete(); };
+    f_.rsMatCre.onMoveComplete = [this] { rack_.rsMatCre_MoveComplete(); };
+}
+
+void frmBercialPiñones::wireButtons() {
+    onActivate = [this] { Form_Activate(); };
+    onKeyDown = [this](screen::KeyDown& key) { Form_KeyDown(key); };
+    controls_.XPGrabar.onClick = [this] { keyDown(screen::Key::f5); };
+    controls_.XPImprime.onClick = [this] { msHojaCorte(f_, controls_, session_, desk_); };
+    controls_.XPSalir.onClick = [this] { unload(); };
+    controls_.cmdCambios.onClick = [this] { buttons_.cmdCambios_Click(); };
+}
+
+void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
+    using screen::Key;
+    switch (key.key) {
+        case Key::enter:
+            key.key = Key::none;
+            tabForward();
+            break;
+        case Key::escape:
+            unload();
+            break;
+        case Key::padDecimal:
+            key.key = Key::comma;
+            break;
+        case Key::f2:
+            if (f_.txtPesu(0).isEnabled()) {
+                customers_.msBuscarCliente();
+            }
+            break;
+        case Key::f3:
+            history_.msHistorico(true);
+            break;
+        case Key::f5:
+            save();
+            break;
+        case Key::f8:
+            msHojaCorte(f_, controls_, session_, desk_);
+            break;
+        default:
+            break;
+    }
+}
+
+void frmBercialPiñones::save() {
+    if (!bBloqueoGrabar && controls_.XPGrabar.isEnabled()) {
+        const screen::Hourglass hourglass(desk_.screen);
+        saving_.msGrabar(false);
+    }
+}
+
+}  // namespace velmora::proposal

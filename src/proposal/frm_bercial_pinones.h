@@ -1,0 +1,85 @@
+#pragma once
+// The main form: one proposal, from first entry to a stored row. It owns the fields, the concerns that work on them,
+// and the wiring between the two.
+
+#include <memory>
+
+#include "velmora/estimate/cut_prices.h"
+#include "velmora/estimate/dimension_constants.h"
+#include "velmora/estimate/disc_and_hub_costing.h"
+#include "velmora/estimate/double_sprockets.h"
+#include "velmora/estimate/field_map.h"
+#include "velmora/estimate/material_lists.h"
+#include "velmora/estimate/presentation.h"
+#include "velmora/estimate/rack.h"
+#include "velmora/estimate/sprocket_geometry.h"
+#include "velmora/estimate/totals.h"
+#include "velmora/estimate/weights.h"
+#include "velmora/platform/desk.h"
+#include "velmora/proposal/buttons.h"
+#include "velmora/proposal/customer_search.h"
+#include "velmora/proposal/form_controls.h"
+#include "velmora/proposal/history.h"
+#include "velmora/proposal/loading.h"
+#include "velmora/proposal/saving.h"
+
+namespace velmora::proposal {
+
+class frmBercialPiñones : public screen::Form {
+  public:
+    /// Makes the form and loads it: lists, cut prices, an empty proposal. Errors: the database's.
+    frmBercialPiñones(session::Session& session, platform::Desk& desk);
+
+    /// A switch that stops F5. Nothing sets it.
+    bool bBloqueoGrabar = false;
+    /// The form was opened to look at one proposal.
+    bool bConsulta = false;
+
+    bool msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
+        return loading_.msCargarPresupuesto(nIdDpi, bEditable);
+    }
+    bool msGrabar(bool bSilencio) { return saving_.msGrabar(bSilencio); }
+    void msCancelarBotones() { buttons_.msCancelarBotones(bConsulta); }
+    void msLimpiarCampos();
+    void msBuscarArticulo() { customers_.msBuscarArticulo(); }
+    void msBuscarCliente() { customers_.msBuscarCliente(); }
+    void msHistorico(bool bSoloTipo) { history_.msHistorico(bSoloTipo); }
+
+    estimate::FieldMap& fields() { return f_; }
+    FormControls& buttonsAndGrid() { return controls_; }
+
+  private:
+    void arrange();
+    void Form_Load();
+    void Form_Activate();
+    void Form_KeyDown(screen::KeyDown& key);
+    void wireFields();
+    void wireLists();
+    void wireButtons();
+    void save();
+
+    session::Session& session_;
+    platform::Desk& desk_;
+    estimate::FieldMap f_{*this};
+    FormControls controls_{*this};
+    session::KestraUtil oUtil_;
+    sql::Recordset rs_;
+
+    estimate::CutPrices cutPrices_;
+    estimate::Weights weights_;
+    estimate::DimensionConstants constants_;
+    estimate::MaterialLists materials_;
+    estimate::Totals totals_;
+    estimate::DiscAndHubCosting costing_;
+    estimate::DoubleSprockets doubles_;
+    estimate::Rack rack_;
+    estimate::SprocketGeometry geometry_;
+    estimate::Presentation presentation_;
+    History history_;
+    CustomerSearch customers_;
+    Loading loading_;
+    Saving saving_;
+    Buttons buttons_;
+};
+
+}  // namespace velmora::proposal

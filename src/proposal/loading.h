@@ -1,0 +1,57 @@
+#pragma once
+// One row of DPI put on the main form as it was saved.
+
+#include "velmora/estimate/field_map.h"
+#include "velmora/estimate/material_lists.h"
+#include "velmora/estimate/presentation.h"
+#include "velmora/estimate/sprocket_geometry.h"
+#include "velmora/estimate/totals.h"
+#include "velmora/proposal/form_controls.h"
+#include "velmora/proposal/history.h"
+
+namespace velmora::proposal {
+
+class Loading {
+  public:
+    struct Rooms {
+        estimate::MaterialLists& materials;
+        estimate::Presentation& presentation;
+        estimate::SprocketGeometry& geometry;
+        estimate::Totals& totals;
+        History& history;
+    };
+
+    Loading(estimate::FieldMap& fields, FormControls& controls, Rooms rooms, session::Session& session,
+            screen::Screen& screen)
+        : f_(fields), controls_(controls), rooms_(rooms), session_(session), screen_(screen) {}
+
+    /// Puts the proposal on the form, open for editing or read-only. True when it ran to its end, also for a number
+    /// that no row has; false when a material is not in its list (a message told so), or a multiple product has no
+    /// gap stored. Errors: 94 for a null where a value belongs; the database's.
+    bool msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable);
+
+  private:
+    bool putOnForm(const sql::Recordset& row, bool bEditable);
+    void openForEditing();
+    void closeForEditing();
+    bool chooseMaterials(const sql::Recordset& row);
+    bool choose(estimate::ComboBox& list, const sql::Value& id) const;
+    bool refuse(const char* message);
+    void putState(const sql::Recordset& row);
+    void putMeasures(const sql::Recordset& row);
+    void putCuts(const sql::Recordset& row);
+    void putAmounts(const sql::Recordset& row);
+    bool putByType(const sql::Recordset& row);
+    void putRack(const sql::Recordset& row);
+    void setButtons();
+    void putAgain(const sql::Recordset& row);
+    void finish();
+
+    estimate::FieldMap& f_;
+    FormControls& controls_;
+    Rooms rooms_;
+    session::Session& session_;
+    screen::Screen& screen_;
+};
+
+}  // namespace velmora::proposal

@@ -1,0 +1,259 @@
+#include "velmora/proposal/saving.h"
+
+#include <array>
+
+#include "velmora/platform/runtime/dates.h"
+#include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+#include "velmora/platform/screen/busy.h"
+
+namespace velmora::proposal {
+
+using estimate::TextBox;
+using session::Tipo;
+
+namespace {
+
+constexpr const char* lineBreak = "\r\n";
+constexpr const char* amountMask = "#,###,##0.00";
+constexpr const char* null = " Null ";
+
+constexpr int extraLength = 200;
+constexpr int supplierLength = 35;
+constexpr int toolLength = 15;
+
+bool isTube(const sql::Recordset& material) {
+    const sql::Value& formula = material["art_for"];
+    return !formula.isNull() && (formula.toLong() == 4 || formula.toLong() == 6);
+}
+
+/// A column of kind number and the field that fills it: of another array where the rack keeps it elsewhere.
+struct NumberField {
+    const char* column;
+    TextBox& box;
+};
+
+}  // namespace
+
+bool Saving::msGrabar(bool bSilencio) {
+    ++calls_;
+    if (!f_.txtPesu(0).enabled() || !f_.txtPesu(13).text().empty()) {
+        return false;
+    }
+    if (!isComplete()) {
+        return false;
+    }
+    f_.txtObservaciones.setText(runtime::Replace(f_.txtObservaciones.text(), lineBreak, ""));
+    std::string error;
+    if (!session_.ComprobarConexion(session_.Connection(), error)) {
+        screen_.show({.text = "La conexión con la Base de Datos se perdió"});
+        return false;
+    }
+    session_.Tabla("DPI");
+    session_.Modo(0);
+    f_.bCargandoDisco = f_.bCargandoCubo = f_.bCargandoPropuesta = true;
+    f_.form.setEnabled(false);
+    const bool isNew = !runtime::IsNumeric(f_.txtPesu(3).text());
+    const bool stored = write(error);
+    if (!stored) {
+        refuse(isNew, error);
+    } else if (!bSilencio) {
+        screen_.show({.text = "Datos Grabados satisfactoriamente",
+                      .icon = isNew ? screen::Icon::information : screen::Icon::none});
+    }
+    f_.bCargandoCubo = f_.bCargandoPropuesta = false;
+    // Whatever the reload meets, the guard of the disc ends and the form comes back.
+    struct End {
+        estimate::FieldMap& f;
+        ~End() {
+            f.bCargandoDisco = false;
+            f.form.setEnabled(true);
+        }
+    } const end{f_};
+    if (stored) {
+        f_.form.setEnabled(false);
+        loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(3).text()), true);
+    }
+    return stored;
+}
+
+bool Saving::isComplete() {
+    TextBox& code = f_.txtPesu(0);
+    // Chosen C-008: no customer has the code 0; it is refused like a code that is no number.
+    if (f_.txtPesu(1).text().empty() || estimate::numberOrZero(code) == 0) {
+        screen_.show({.text = "Error Falta Cliente", .icon = screen::Icon::critical});
+        code.setFocus();
+        return false;
+    }
+    if (estimate::numberOrZero(f_.txtPesu(11)) < 1) {
+        screen_.show({.text = "Error Falta indicar el numero de unidades", .icon = screen::Icon::critical});
+        f_.txtPesu(11).setFocus();
+        return false;
+    }
+    return true;
+}
+
+// Differs D-002: an error on the way, in the fields as in the transaction, ends as a refused write with its text, and
+// all that was typed stays on a form that can be used.
+bool Saving::write(std::string& error) {
+    sql::Connection& connection = session_.Connection();
+    bool begun = false;
+    try {
+        connection.beginTrans();
+        begun = true;
+        addFields();
+        bool correcto = false;
+        if (runtime::IsNumeric(f_.txtPesu(3).text())) {
+            session_.Donde(" Where DPI_Id = " + f_.txtPesu(3).text());
+            session_.Actualizar(error, correcto);
+        } else {
+            session_.Donde(" ");
+            session_.Insertar(error, correcto);
+            if (correcto) {
+                readBackNewRow();
+            }
+        }
+        if (correcto) {
+            connection.commitTrans();
+            return true;
+        }
+    } catch (const runtime::RuntimeError& e) {
+        error = e.description();
+        session_.Campos().clear();
+    }
+    if (begun) {
+        runtime::ErrorTrap trap;
+        trap([&] { connection.rollbackTrans(); });
+    }
+    return false;
+}
+
+void Saving::readBackNewRow() {
+    const sql::Recordset newest = session_.Connection().execute("SELECT MAX(DPI_Id) FROM DPI");
+    const std::string id = newest[0].toText();
+    const sql::Recordset row =
+        session_.Connection().execute("SELECT DPI_Fecha,DPI_CosteCorteDisco FROM DPI where DPI_Id = " + id);
+    f_.txtPesu(3).setText(id);
+    f_.txtPesu(4).setText(runtime::Format(row["DPI_Fecha"].toDate(), "dd/mm/yyyy"));
+    f_.txtPesu(16).setText(runtime::Format(row["DPI_CosteCorteDisco"].toDouble(), amountMask));
+}
+
+void Saving::refuse(bool isNew, const std::string& error) {
+    f_.form.setTag("E");
+    const std::string words = isNew ? "Error en la grabacion del registro:" : "Error en la actualizacion del registro";
+    screen_.show({.text = words + lineBreak + error});
+}
+
+void Saving::addFields() {
+    session::FieldList& campos = session_.Campos();
+    const bool rack = f_.type() == data::rack;
+    const sql::Recordset& disc = rack ? *f_.rsMatCre : *f_.rsMatDisco;
+    const sql::Recordset& hub = *f_.rsMatCubo;
+    const auto key = [](const estimate::ComboBox& list) { return runtime::CInt(estimate::entryKey(list)); };
+    const auto addNumbers = [&](std::initializer_list<NumberField> fields) {
+        for (const NumberField& field : fields) {
+            campos.Add(field.column, Tipo::number, field.box);
+        }
+    };
+
+    addNumbers({{"DPI_CosteCorteDisco", f_.txtPesu(16)}, {"DPI_FijoSierra", f_.txtPesu(14)}});
+    campos.Add("DPI_Obser", Tipo::text, f_.txtObservaciones);
+    campos.Add("DPI_Extra", Tipo::text, runtime::Left(f_.txtExtra.text(), extraLength));
+    campos.Add("DPI_ProTex", Tipo::text, runtime::Left(f_.txtCPro.text(), supplierLength));
+    addNumbers({
+        {"DPI_Modulo", rack ? f_.Text1(19) : f_.txtModulo},
+        {"DPI_Alt", f_.Text1(rack ? 22 : 6)},
+        {"DPI_Llanta", f_.Text1(rack ? 24 : 9)},
+        {"DPI_AnchoCubo", f_.Text1(rack ? 25 : 10)},
+    });
+    campos.Add("DPI_ArtDisco", Tipo::number, disc["art_id"]);
+    campos.Add("DPI_IdParDisco", Tipo::number, key(rack ? f_.cboMatCre : f_.cboMatDisco));
+    addNumbers({
+        {"DPI_DisCortDM", f_.Text4(rack ? 50 : 1)},
+        {"DPI_DisCortAN", f_.Text4(rack ? 51 : 0)},
+        {"DPI_DisCortPESO", f_.Text4(rack ? 53 : 4)},
+        {"DPI_DmFon", rack ? f_.Text4(52) : f_.Text1(4)},
+        {"DPI_DisPVE", f_.txtPesu(rack ? 56 : 21)},
+        {"DPI_DisImporte", f_.txtPesu(rack ? 57 : 22)},
+        {"DPI_Pas", f_.Text1(rack ? 20 : 0)},
+        {"DPI_AC", f_.Text1(rack ? 21 : 8)},
+        {"DPI_DmExt", f_.Text1(15)},
+        {"DPI_DmCub", f_.Text1(16)},
+    });
+    campos.Add("DPI_Tipo", Tipo::wholeNumber, f_.type());
+    addNumbers({{"DPI_AnchoTotal", f_.Text1(17)}});
+    campos.Add("DPI_RefCli", Tipo::text, f_.txtPesu(2));
+    addNumbers({
+        {"DPI_Z", f_.Text1(1)},
+        {"DPI_Rodillo", f_.Text1(2)},
+        {"DPI_Eje", f_.Text1(7)},
+        {"DPI_Chav", f_.Text1(12)},
+        {"DPI_Pri", f_.Text1(13)},
+        {"DPI_DmPri", f_.Text1(3)},
+        {"DPI_CubCortDM", f_.Text4(2)},
+        {"DPI_CubCortAN", f_.Text4(3)},
+        {"DPI_CubCortPESO", f_.Text4(5)},
+        {"DPI_CubPVE", f_.txtPesu(24)},
+        {"DPI_CubImporte", f_.txtPesu(25)},
+    });
+    campos.Add("DPI_ArtCubo", Tipo::number, hub["art_id"]);
+    campos.Add("DPI_IdParCubo", Tipo::number, key(f_.cboMatCubo));
+    addNumbers({
+        {"DPI_ImpMat", f_.txtPesu(7)},
+        {"DPI_ImpMO", f_.txtPesu(8)},
+        {"DPI_ImpTS", f_.txtPesu(9)},
+        {"DPI_ImpVA", f_.txtPesu(5)},
+        {"DPI_ImpTP", f_.txtPesu(10)},
+        {"DPI_Unidades", f_.txtPesu(11)},
+        {"DPI_Importe", f_.txtPesu(12)},
+        {"DPI_CodCliente", f_.txtPesu(0)},
+    });
+    campos.Add("DPI_NomCliente", Tipo::text, f_.txtPesu(1));
+    const auto addInner = [&](const char* column, bool tube, const TextBox& box) {
+        campos.Add(column, Tipo::number, tube ? session::FieldValue(box) : session::FieldValue(0));
+    };
+    addInner("DPI_DmInterno", isTube(*f_.rsMatDisco), f_.Text4(6));
+    addInner("DPI_CuboDmInterno", isTube(hub), f_.Text4(7));
+    campos.Add("DPI_Acopla", Tipo::boolean, f_.chkAcopla.checked() ? 1 : 0);
+    campos.Add("DPI_HERRAMIENTA", Tipo::text, runtime::Left(f_.cboHerramienta.text(), toolLength));
+    addFieldsByType();
+}
+
+void Saving::addFieldsByType() {
+    session::FieldList& campos = session_.Campos();
+    const int type = f_.type();
+    if (type <= data::smoothPulley) {
+        for (const char* column : {"DPI_PDM_Tipo", "DPI_PDM_b1", "DPI_PDM_x", "DPI_PDM_h1", "DPI_PDM_Texto"}) {
+            campos.Add(column, Tipo::expression, null);
+        }
+    } else if (data::isDouble(type)) {
+        addMultipleProduct(f_.txtPDM(7));
+    } else if (data::isTriple(type)) {
+        addMultipleProduct(f_.Text1(11));
+    } else if (data::isVariable(type)) {
+        campos.Add("DPI_PDM_Tipo", Tipo::expression, null);
+        campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(18));
+        campos.Add("DPI_PDM_x", Tipo::expression, null);
+        campos.Add("DPI_PDM_h1", Tipo::number, f_.Text1(14));
+        campos.Add("DPI_PDM_Texto", Tipo::expression, null);
+    }
+    // Gears and the rack leave these columns as they are.
+}
+
+void Saving::addMultipleProduct(const TextBox& gap) {
+    session::FieldList& campos = session_.Campos();
+    campos.Add("DPI_PDM_Tipo", Tipo::wholeNumber, f_.cboDobles.listIndex());
+    campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(5));
+    campos.Add("DPI_PDM_x", Tipo::number, gap);
+    campos.Add("DPI_PDM_h1", Tipo::number, f_.txtPDM(2));
+    campos.Add("DPI_PDM_Texto", Tipo::text, f_.cboDobles.text());
+}
+
+std::string FnImporteFila(const std::string& a, const std::string& b) {
+    return runtime::IsNumeric(a) && runtime::IsNumeric(b)
+               ? runtime::Format(runtime::CDbl(a) * runtime::CDbl(b), amountMask)
+               : "0,00";
+}
+
+}  // namespace velmora::proposal

@@ -1,0 +1,63 @@
+#include "velmora/shell/vmora.h"
+
+#include "velmora/platform/runtime/errors.h"
+#include "velmora/proposal/frm_bercial_pinones.h"
+#include "velmora/shell/schema_upgrade.h"
+
+namespace velmora::shell {
+
+VMORA* gVMORA = nullptr;
+
+namespace {
+
+/// The session of the instance made last, whichever instance was called.
+session::Session& currentSession() {
+    return gVMORA->MyBd();
+}
+
+}  // namespace
+
+VMORA::VMORA(platform::Desk& desk) : desk_(desk) {
+    gVMORA = this;
+}
+
+session::Session& VMORA::MyBd() const {
+    if (myBd_ == nullptr) {
+        runtime::raise(runtime::objectNotSet);
+    }
+    return *myBd_;
+}
+
+void VMORA::jShow() {
+    session::Session& session = currentSession();
+    FnActualizarBD(session.Connection(), desk_.screen);
+    proposal::frmBercialPiñones form(session, desk_);
+    form.setTag("e");
+    desk_.screen.showModal(form);
+}
+
+void VMORA::jShowParametros() {
+    msActualizarPARDPI(currentSession().Connection(), desk_.screen);
+    runtime::raise(runtime::cannotCreateObject);
+}
+
+void VMORA::jShowPropuesta(std::int32_t& nIdDpi) {
+    if (nIdDpi <= 0) {
+        return;
+    }
+    proposal::frmBercialPiñones form(currentSession(), desk_);
+    form.msCargarPresupuesto(nIdDpi, false);
+    form.bConsulta = true;
+    form.msCancelarBotones();
+    form.setTag("e");
+    desk_.screen.showModal(form);
+}
+
+void VMORA::jPrintPropuesta(std::int32_t&, bool&) {}
+
+void VMORA::jShowSeguimiento() {
+    msActualizarPARDPI(currentSession().Connection(), desk_.screen);
+    runtime::raise(runtime::cannotCreateObject);
+}
+
+}  // namespace velmora::shell
