@@ -2,7 +2,10 @@
 
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPalette>
+#include <QScreen>
 #include <QStringList>
 #include <QToolTip>
 #include <algorithm>
@@ -21,18 +24,32 @@ bool hasTabularDigits(const QFont& font) {
                                [&](QChar digit) { return metrics.horizontalAdvance(digit) == width; });
 }
 
+// Families with broad letters are set half a point smaller: they read as large as the others, and the dense forms keep
+// their room.
+void settleSize(QFont& font) {
+    constexpr double usualSize = 9;
+    constexpr double broadSize = 8.5;
+    constexpr double broadDigit = 0.6;  // of the letters' height
+    font.setPointSizeF(usualSize);
+    const QFontMetricsF metrics(font);
+    if (metrics.horizontalAdvance(QLatin1Char('0')) >
+        broadDigit * font.pointSizeF() * QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72) {
+        font.setPointSizeF(broadSize);
+    }
+}
+
 QFont baseFont() {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPointSize(9);
-    if (QFontDatabase::families().contains(font.family()) && hasTabularDigits(font)) {
-        return font;
-    }
-    for (const QString& family : {QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")}) {
-        if (QFontDatabase::families().contains(family)) {
-            font.setFamily(family);
-            break;
+    if (!QFontDatabase::families().contains(font.family()) || !hasTabularDigits(font)) {
+        for (const QString& family :
+             {QStringLiteral("Liberation Sans"), QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")}) {
+            if (QFontDatabase::families().contains(family)) {
+                font.setFamily(family);
+                break;
+            }
         }
     }
+    settleSize(font);
     return font;
 }
 
