@@ -884,6 +884,9 @@ Translation Emitter::statement(const StatementTree& tree) {
             EmittedSelect rows = emitter.select(*parsed, nullptr);
             Translation result;
             result.countStatement = "SELECT count(*) FROM (" + rows.sql.substr(0, rows.orderAt) + ")";
+            if (!parsed->top) {
+                result.laterRowsStatement = rows.sql + " LIMIT -1 OFFSET ?1";
+            }
             for (Output& output : rows.outputs) {
                 result.columns.push_back({std::move(output.name)});
                 result.types.push_back(std::move(output.type));

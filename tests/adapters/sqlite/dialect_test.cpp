@@ -339,7 +339,8 @@ TEST(Dialect, AKeyAddedLaterRefusesDuplicates) {
     const auto connection = openWorkshop();
     connection->execute("CREATE TABLE T (a int NOT NULL)");
     connection->execute("insert into T values (1), (1)");
-    EXPECT_THROW(connection->execute("ALTER TABLE T WITH NOCHECK ADD CONSTRAINT PK_T PRIMARY KEY CLUSTERED (a)"), sql::DbError);
+    EXPECT_THROW(connection->execute("ALTER TABLE T WITH NOCHECK ADD CONSTRAINT PK_T PRIMARY KEY CLUSTERED (a)"),
+                 sql::DbError);
     connection->execute("delete from T");
     connection->execute("ALTER TABLE T WITH NOCHECK ADD CONSTRAINT PK_T PRIMARY KEY CLUSTERED (a)");
     connection->execute("insert into T values (1)");
