@@ -14,6 +14,10 @@ target_compile_options(velmora_flags INTERFACE
 if(VELMORA_WERROR)
   target_compile_options(velmora_flags INTERFACE -Werror)
 endif()
+if(VELMORA_FUZZ)
+  # The fuzzer sees only what tells it where it has been.
+  target_compile_options(velmora_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(VELMORA_SANITIZE)
   target_compile_options(velmora_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                  -fno-omit-frame-pointer)

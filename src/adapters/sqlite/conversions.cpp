@@ -27,6 +27,7 @@ bool allDigits(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
+/// Chosen C-201: an empty text is no number, as on every engine of ours; the server alone would take it for 0.
 /// from_chars takes no plus sign, and words such as "inf" that are no number here.
 template <typename Number>
 std::optional<Number> parsed(std::string_view text) {
@@ -116,6 +117,7 @@ std::optional<Calendar> calendarFromText(std::string_view text) {
     if (!std::all_of(parts.begin(), parts.end(), [](std::string_view p) { return allDigits(p) && p.size() <= 4; })) {
         return std::nullopt;
     }
+    // Chosen C-200: yyyy-mm-dd is year, month, day; a server told to read days first may take the middle for the day.
     if (parts[0].size() == 4) {
         return Calendar{digits(parts[0]), digits(parts[1]), digits(parts[2])};
     }
@@ -159,6 +161,8 @@ std::optional<double> numberFromText(std::string_view text) {
 }
 
 std::string textFromReal(double value) {
+    // Kept K-200: a float cast to text keeps six significant digits, so that a length of a million reads 1e+006; the
+    // measures of purchase lists are made of it, and more digits would no longer be what the server shows.
     std::array<char, 32> buffer;
     const auto [end, error] =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6);

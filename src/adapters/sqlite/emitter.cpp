@@ -84,7 +84,8 @@ Emitted toWhole(Emitted value, const Type& type) {
             return value.literal ? literalToWhole(*value.literal, type) : call("vm_whole", value, type);
         case Kind::real:
         case Kind::decimal: {
-            // int drops the decimals, numeric rounds them.
+            // Kept K-201: a number with decimals loses them on its way into an int and is rounded on its way into a
+            // numeric, as the server converts.
             const bool rounds = type.scale == 0;
             const std::string whole = rounds ? "vm_round(" + value.sql + ", 0)" : value.sql;
             return {.sql = "CAST(" + whole + " AS INTEGER)", .type = type};
@@ -711,6 +712,7 @@ std::vector<Output> Emitter::addItems(const Select& select, const Scope& scope, 
     };
     for (const Item& item : select.items) {
         if (item.value->form != Form::star) {
+            // Chosen C-202: a column that is worked out and has no alias has no name, as the server answers it.
             const bool unnamed = item.alias.empty() && item.value->form == Form::column;
             add(value(*item.value, scope), unnamed ? item.value->text : item.alias);
             continue;
@@ -882,6 +884,9 @@ Translation Emitter::statement(const StatementTree& tree) {
             EmittedSelect rows = emitter.select(*parsed, nullptr);
             Translation result;
             result.countStatement = "SELECT count(*) FROM (" + rows.sql.substr(0, rows.orderAt) + ")";
+            if (!parsed->top) {
+                result.laterRowsStatement = rows.sql + " LIMIT -1 OFFSET ?1";
+            }
             for (Output& output : rows.outputs) {
                 result.columns.push_back({std::move(output.name)});
                 result.types.push_back(std::move(output.type));

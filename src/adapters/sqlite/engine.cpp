@@ -33,6 +33,7 @@ runtime::Date localNow() {
                              std::min(local.tm_sec, 59));
 }
 
+/// Chosen C-205: the documents' file lies beside the first one, with "DOC" in front of its name.
 std::string besideWithPrefix(std::string path) {
     const auto folder = path.find_last_of("/\\");
     return path.insert(folder == std::string::npos ? 0 : folder + 1, "DOC");
@@ -235,6 +236,7 @@ void Engine::parkStreams() {
 // Transactions.
 
 void Engine::begin() {
+    // Chosen C-206: a transaction inside a transaction is refused with a number of its own.
     if (inTransaction_) {
         throw sql::DbError(sql::provider::transactionOpen, "Ya hay una transacción abierta.", {.sqlState = "25001"});
     }

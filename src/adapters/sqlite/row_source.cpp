@@ -54,9 +54,10 @@ class Rows final : public sql::RowSource, public Stream {
     std::unique_ptr<sql::RowSource> reopen() const override { return engine_->openRows(cached_->text); }
 
     void park() override {
-        if (statement_) {
+        if (statement_ && begun_ == 0) {
             engine_->giveBack(*cached_, std::move(statement_));
         }
+        statement_.reset();
     }
 
   private:
@@ -64,8 +65,20 @@ class Rows final : public sql::RowSource, public Stream {
 
     void start() {
         statement_ = engine_->take(*cached_);
-        next_ = 0;
+        begun_ = next_ = 0;
         engine_->enter(*this);
+    }
+
+    /// Starts behind so many rows, which the engine passes over without working out their columns.
+    void startBehind(std::size_t rows) {
+        statement_ = engine_->prepare(cached_->translation.laterRowsStatement);
+        statement_->bind(1, static_cast<std::int64_t>(rows));
+        begun_ = next_ = rows;
+        engine_->enter(*this);
+    }
+
+    bool isWorthPassingOver(std::size_t rows) const {
+        return rows > 2 * windowRows && !cached_->translation.laterRowsStatement.empty();
     }
 
     void stop() {
@@ -79,7 +92,11 @@ class Rows final : public sql::RowSource, public Stream {
         const bool back = position < first_;
         const std::size_t before = back ? windowRows / 2 : windowRows / 4;
         const std::size_t wanted = position > before ? position - before : 0;
-        if (!statement_ || position < next_) {
+        const bool again = !statement_ || position < next_;
+        if (isWorthPassingOver(again ? wanted : wanted - std::min(wanted, next_))) {
+            stop();
+            startBehind(wanted);
+        } else if (again) {
             stop();
             start();
         }
@@ -95,7 +112,9 @@ class Rows final : public sql::RowSource, public Stream {
 
     bool step() try {
         if (!statement_->step()) {
-            count_ = next_;
+            if (begun_ == 0 || next_ > begun_) {
+                count_ = next_;
+            }
             stop();
             return false;
         }
@@ -132,6 +151,7 @@ class Rows final : public sql::RowSource, public Stream {
     std::shared_ptr<Engine> engine_;
     std::shared_ptr<CachedStatement> cached_;
     std::unique_ptr<Statement> statement_;  ///< while it is being read
+    std::size_t begun_ = 0;                 ///< the position of the first row that it reads
     std::size_t next_ = 0;                  ///< the position that the next step reads
     std::size_t first_ = 0;                 ///< the position of the window's first row
     std::vector<sql::Row> window_;

@@ -152,7 +152,7 @@ Translation Emitter::addColumns(const AddColumns& add) {
 }
 
 Translation Emitter::addKey(const AddKey& add) {
-    // The engine cannot give a table a primary key later: a unique index by the key's name does its work.
+    // Chosen C-203: the engine cannot give a table a primary key later: a unique index by the key's name does its work.
     const auto table = catalog_.table(add.table);
     if (add.key.name.empty()) {
         throwSyntax("Construcción no admitida: ALTER TABLE … ADD de una clave sin nombre");
@@ -186,6 +186,8 @@ Translation Emitter::dropIndex(const DropIndex& drop) {
 }
 
 Translation Emitter::allowGivenKeys(const AllowGivenKeys& allow) {
+    // Chosen C-204: a key that an INSERT gives is taken at any time, where the server wants this statement before; rows
+    // of another database come in by the same text either way.
     catalog_.table(allow.table);
     return Translation{.answer = Answer::changes};
 }

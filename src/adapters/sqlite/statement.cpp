@@ -35,6 +35,13 @@ Statement::Statement(sqlite3* database, std::string_view sql, bool kept) {
     }
 }
 
+void Statement::bind(int parameter, std::int64_t value) {
+    const int code = sqlite3_bind_int64(handle_.get(), parameter, value);
+    if (code != SQLITE_OK) {
+        throwEngineError(sqlite3_db_handle(handle_.get()), code);
+    }
+}
+
 bool Statement::step() {
     const int code = sqlite3_step(handle_.get());
     if (code == SQLITE_ROW || code == SQLITE_DONE) {

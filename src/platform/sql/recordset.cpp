@@ -139,9 +139,11 @@ struct Recordset::Cursor {
     void to(std::size_t position) {
         index = position;
         place = source->hasRow(position) ? Place::onRow : Place::after;
+        foundRow = foundRow || place == Place::onRow;
     }
 
-    bool empty() { return place != Place::onRow && !source->hasRow(0); }
+    /// Asks the source only while no row was ever found: standing behind a long list must not read it from its start.
+    bool empty() { return !foundRow && !source->hasRow(0); }
 
     void requireRows() {
         if (empty()) {
@@ -159,6 +161,7 @@ struct Recordset::Cursor {
     std::shared_ptr<RowSource> source;
     Place place = Place::after;
     std::size_t index = 0;
+    bool foundRow = false;
     std::vector<std::weak_ptr<std::function<void()>>> listeners;
 };
 
@@ -300,6 +303,7 @@ Recordset Recordset::clone() const {
 void Recordset::requery() {
     Cursor& cursor = open();
     cursor.source = std::shared_ptr<RowSource>(cursor.source->reopen());
+    cursor.foundRow = false;
     cursor.toFirst();
     moved();
 }

@@ -98,6 +98,13 @@ TEST_F(DatabaseFile, ASecondWriterIsToldThatTheDatabaseIsBusy) {
     second->commitTrans();
 }
 
+TEST_F(DatabaseFile, ATransactionInsideATransactionHasItsNumber) {
+    const auto connection = open();
+    connection->beginTrans();
+    EXPECT_EQ(errorOf([&] { connection->beginTrans(); }).number(), provider::transactionOpen);
+    connection->commitTrans();
+}
+
 TEST_F(DatabaseFile, TwoClientsNeverTakeTheSameNumber) {
     open()->execute("CREATE TABLE ORDEN (ORDEN_NUM int)");
     constexpr int each = 25;

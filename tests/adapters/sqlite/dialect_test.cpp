@@ -326,6 +326,27 @@ TEST(Dialect, ATableIsDroppedAndMadeAnew) {
     EXPECT_EQ(connection->execute("select * from PRO").columns().size(), 1u);
 }
 
+TEST(Dialect, AColumnWorkedOutHasNoNameUnlessGiven) {
+    const auto translation = translated("select max(i), i, T.F, i + 1 as Suma, (t) from T");
+    std::vector<std::string> names;
+    for (const sql::Column& column : translation.columns) {
+        names.push_back(column.name);
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"", "i", "F", "Suma", "t"}));
+}
+
+TEST(Dialect, AKeyAddedLaterRefusesDuplicates) {
+    const auto connection = openWorkshop();
+    connection->execute("CREATE TABLE T (a int NOT NULL)");
+    connection->execute("insert into T values (1), (1)");
+    EXPECT_THROW(connection->execute("ALTER TABLE T WITH NOCHECK ADD CONSTRAINT PK_T PRIMARY KEY CLUSTERED (a)"),
+                 sql::DbError);
+    connection->execute("delete from T");
+    connection->execute("ALTER TABLE T WITH NOCHECK ADD CONSTRAINT PK_T PRIMARY KEY CLUSTERED (a)");
+    connection->execute("insert into T values (1)");
+    EXPECT_THROW(connection->execute("insert into T values (1)"), sql::DbError);
+}
+
 TEST(Dialect, AGivenKeyIsTakenAndNumberingGoesOnBehindIt) {
     const auto connection = openWorkshop();
     connection->execute("SET IDENTITY_INSERT PDM ON");
