@@ -148,9 +148,10 @@ Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
     return lay::column(
         lay::row(lay::field("Tipo", f.cboTipoPre).stretched(), lay::plain(f.cmdEng)), lay::field("Cadena", f.cboDobles),
         lay::takeTurns(lay::group(f.fraCre1, rack), lay::group(c.fraDentado, plain)),
-        lay::group(c.fraEje, lay::grid(2, entered("Eje", f.Text1(7)), entered("Chavetero de", f.Text1(12)),
-                                       lay::field("Herramienta para el Eje :", f.cboHerramienta, 7),
-                                       entered("Nº Prisioneros", f.Text1(13)), lay::plain(f.chkAcopla), lay::gap())),
+        lay::group(c.fraEje,
+                   lay::column(lay::grid(2, entered("Eje", f.Text1(7)), entered("Chavetero de", f.Text1(12)),
+                                         lay::plain(f.chkAcopla), entered("Nº Prisioneros", f.Text1(13))),
+                               lay::field("Herramienta para el Eje :", f.cboHerramienta, 7))),
         lay::space());
 }
 

@@ -37,7 +37,6 @@ bool standsIn(const screen::Control& control, const screen::Frame& frame) {
 FormWindow::FormWindow(QtScreen& screen, screen::Form& form, QWidget* parent)
     : QWidget(parent, Qt::Window), screen_(screen), form_(form) {
     setWindowModality(Qt::ApplicationModal);
-    setFocusPolicy(Qt::ClickFocus);
     setWindowTitle(toQt(form.caption()));
     build();
     form_.addObserver(*this);

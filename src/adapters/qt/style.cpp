@@ -141,9 +141,9 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
 QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                               const QWidget* widget) const {
     QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
-    const int field = option == nullptr ? 0 : option->fontMetrics.height() + 8;
+    const int field = option == nullptr ? 0 : option->fontMetrics.height() + 7;
     if (type == CT_PushButton) {
-        result.setHeight(field + 4);
+        result.setHeight(field + 3);
     } else if (type == CT_ComboBox) {
         result = QSize(size.width() + chevronRoom + 12, field);
     }

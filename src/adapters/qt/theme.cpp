@@ -1,9 +1,9 @@
 #include "velmora/adapters/qt/theme.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QPalette>
-#include <QStringList>
 #include <QToolTip>
 #include <algorithm>
 
@@ -21,18 +21,22 @@ bool hasTabularDigits(const QFont& font) {
                                [&](QChar digit) { return metrics.horizontalAdvance(digit) == width; });
 }
 
+bool isInstalled(const QString& family) {
+    return QFontDatabase::families().contains(family);
+}
+
+// The desktop's own font when its digits are all of one width, so that numbers line up. The common fallback is very
+// wide; its narrow sister gives a dense form the room it needs.
 QFont baseFont() {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setPointSize(9);
-    if (QFontDatabase::families().contains(font.family()) && hasTabularDigits(font)) {
+    const QString resolved = QFontInfo(font).family();
+    const QString wide = QStringLiteral("DejaVu Sans");
+    if (resolved != wide && hasTabularDigits(font)) {
         return font;
     }
-    for (const QString& family : {QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")}) {
-        if (QFontDatabase::families().contains(family)) {
-            font.setFamily(family);
-            break;
-        }
-    }
+    const QString narrow = QStringLiteral("DejaVu Sans Condensed");
+    font.setFamily(isInstalled(narrow) || !isInstalled(wide) ? narrow : wide);
     return font;
 }
 
@@ -107,6 +111,7 @@ void paintField(QWidget& field, const screen::Control& control, screen::Role rol
     for (const auto state : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         palette.setColor(state, QPalette::Base, background);
         palette.setColor(state, QPalette::Text, letters);
+        palette.setColor(state, QPalette::ButtonText, letters);
     }
     field.setPalette(palette);
 }

@@ -1,7 +1,6 @@
+#include <QApplication>
 #include <exception>
 #include <iostream>
-
-#include <QApplication>
 
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
