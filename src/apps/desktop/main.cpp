@@ -75,7 +75,6 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("velmora"));
-    QApplication::setApplicationDisplayName(QStringLiteral("VELMORA"));
     qt::QtScreen screen;
     try {
         return run(options, screen);

@@ -174,6 +174,16 @@ TEST_F(FocusAndKeys, FunctionKeysReachTheFormFromAnyField) {
     });
 }
 
+TEST_F(FocusAndKeys, TheTabKeyIsNotShownToTheForm) {
+    int keys = 0;
+    form.onKeyDown = [&](screen::KeyDown&) { ++keys; };
+    play(form, [&] {
+        key(Qt::Key_Tab);
+        EXPECT_EQ(form.activeControl(), &form.id(1));
+        EXPECT_EQ(keys, 0);
+    });
+}
+
 TEST_F(FocusAndKeys, EscThatUnloadsEndsTheModalShow) {
     bool unloaded = false;
     form.onUnload = [&] { unloaded = true; };
