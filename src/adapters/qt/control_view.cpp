@@ -60,8 +60,8 @@ void ControlView::updateAll() {
     }
 }
 
-// A control hidden by itself keeps its room, so that its neighbours stand still; one hidden with its frame gives it
-// back.
+// Chosen C-241: a control hidden by itself keeps its room, so that its neighbours stand still; one hidden with its
+// frame gives it back.
 void ControlView::updateVisible() {
     if (shownByOther_) {
         return;

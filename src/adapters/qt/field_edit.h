@@ -17,8 +17,8 @@ class FieldEdit : public QLineEdit {
     QSize minimumSizeHint() const override { return {widthOf(digits_ > 0 ? digits_ : 8), heightHint()}; }
 
   private:
-    int widthOf(int digits) const { return fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits + 14; }
-    int heightHint() const { return fontMetrics().height() + 8; }
+    int widthOf(int digits) const { return fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits + 12; }
+    int heightHint() const { return fontMetrics().height() + 7; }
 
     int digits_;
 };

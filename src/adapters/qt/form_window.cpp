@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTimer>
@@ -37,7 +38,6 @@ bool standsIn(const screen::Control& control, const screen::Frame& frame) {
 FormWindow::FormWindow(QtScreen& screen, screen::Form& form, QWidget* parent)
     : QWidget(parent, Qt::Window), screen_(screen), form_(form) {
     setWindowModality(Qt::ApplicationModal);
-    setFocusPolicy(Qt::ClickFocus);
     setWindowTitle(toQt(form.caption()));
     build();
     form_.addObserver(*this);
@@ -94,7 +94,12 @@ ControlView* FormWindow::viewOf(const screen::Control& control) const {
 QSize FormWindow::openingSize() const {
     const QSize room = QWidget::screen()->availableSize() - QSize(0, titleBarRoom);
     const bool large = growsDownward(form_.layout());
-    QSize size = content_->sizeHint();
+    // Fonts and margins of the style are in the hints only after polishing.
+    for (QWidget* child : content_->findChildren<QWidget*>()) {
+        child->ensurePolished();
+    }
+    content_->layout()->invalidate();
+    QSize size = content_->layout()->totalSizeHint().expandedTo(content_->layout()->totalMinimumSize());
     if (large && (size.width() > workingSize.width() * 3 / 4 || size.height() > workingSize.height() * 3 / 4)) {
         size = size.expandedTo(workingSize);
     }
@@ -313,6 +318,7 @@ bool FormWindow::handleKey(ControlView* view, const QKeyEvent& event) {
     if (stroke.key == screen::Key::none) {
         return false;
     }
+    // Chosen C-244: the Tab key moves the focus and is not shown to the form, as in the host's screens.
     if (stroke.key == screen::Key::tab) {
         feed([&] { stroke.shift ? form_.tabBackward() : form_.tabForward(); });
         return true;

@@ -11,8 +11,9 @@
 
 namespace velmora::qt {
 
-/// Knows as many rows as have been asked for so far, a chunk at a time, and whether there are more: a set of a
-/// million rows is neither counted nor loaded when it opens.
+/// Chosen C-242: it knows as many rows as have been asked for so far, a chunk at a time, and whether there are more: a
+/// set of a million rows is neither counted nor loaded when it opens, and its count reads "más de" until its end is
+/// seen.
 class GridModel : public QAbstractTableModel {
   public:
     using Reporter = std::function<void(std::exception_ptr)>;

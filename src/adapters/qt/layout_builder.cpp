@@ -349,8 +349,7 @@ LayoutBuilder::Piece LayoutBuilder::makeGroup(const Layout& node) {
             inner = box;
         }
         if (inner != nullptr) {
-            constexpr int edge = theme::unit + 2;
-            inner->setContentsMargins(edge, edge, edge, edge);
+            inner->setContentsMargins(theme::unit, theme::unit, theme::unit, theme::unit);
             view.widget().setLayout(inner);
         }
     }

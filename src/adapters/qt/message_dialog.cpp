@@ -83,7 +83,8 @@ MessageDialog::MessageDialog(const screen::MessageBox& box, QWidget* parent) : Q
         if (++number == box.defaultButton) {
             setDefaultButton(button);
         }
-        // The last one is the mildest: OK, No, Cancel in turn.
+        // Chosen C-240: Esc presses the last button, the mildest one: OK, No, Cancel. A box with Yes and No that could
+        // not be left by Esc would hold a user who expects it everywhere.
         setEscapeButton(button);
     }
 }

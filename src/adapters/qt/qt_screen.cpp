@@ -1,6 +1,7 @@
 #include "velmora/adapters/qt/qt_screen.h"
 
 #include <QApplication>
+#include <QPointer>
 
 #include "velmora/adapters/qt/form_window.h"
 #include "velmora/adapters/qt/message_dialog.h"
@@ -30,6 +31,23 @@ class PlainPointer {
 
   private:
     bool active_;
+};
+
+/// Gives the keyboard back to the window that a box stood over; not every window manager does it by itself.
+class ComesBack {
+  public:
+    explicit ComesBack(QWidget* window) : window_(window) {}
+    ~ComesBack() {
+        if (window_ != nullptr && window_->isVisible()) {
+            window_->activateWindow();
+        }
+    }
+    ComesBack(const ComesBack&) = delete;
+    ComesBack& operator=(const ComesBack&) = delete;
+    QWidget* window() const { return window_; }
+
+  private:
+    QPointer<QWidget> window_;
 };
 
 std::string numberText(long number) {
@@ -74,7 +92,8 @@ QWidget* QtScreen::topWidget() const {
 }
 
 void QtScreen::showModal(screen::Form& form) {
-    FormWindow window(*this, form, topWidget());
+    const ComesBack below(topWidget());
+    FormWindow window(*this, form, below.window());
     windows_.push_back(&window);
     ++boxesShown_;
     try {
@@ -89,13 +108,15 @@ void QtScreen::showModal(screen::Form& form) {
 screen::Answer QtScreen::show(const screen::MessageBox& box) {
     ++boxesShown_;
     const PlainPointer pointer(hourglass_);
-    return MessageDialog(box, topWidget()).ask();
+    const ComesBack below(topWidget());
+    return MessageDialog(box, below.window()).ask();
 }
 
 std::optional<std::size_t> QtScreen::search(const screen::SearchWindow& window) {
     ++boxesShown_;
     const PlainPointer pointer(hourglass_);
-    SearchDialog dialog(window, topWidget());
+    const ComesBack below(topWidget());
+    SearchDialog dialog(window, below.window());
     const std::optional<std::size_t> row = dialog.choose();
     if (dialog.failure()) {
         std::rethrow_exception(dialog.failure());

@@ -64,6 +64,13 @@ SearchDialog::SearchDialog(const screen::SearchWindow& window, QWidget* parent)
     table_->setFocusPolicy(Qt::NoFocus);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table_->setWidths({columnWidth(window.firstWidth), columnWidth(window.secondWidth)}, 1);
+    QPalette rows = table_->palette();
+    rows.setColor(QPalette::Highlight, QColor(theme::currentRow));
+    rows.setColor(QPalette::HighlightedText, QColor(theme::text));
+    table_->setPalette(rows);
+    QPalette typing = box_->palette();
+    typing.setColor(QPalette::Base, QColor(theme::focus));
+    box_->setPalette(typing);
     accept->setDefault(true);
     connect(box_, &QLineEdit::textChanged, this, [this](const QString& text) { filter(text); });
     connect(table_, &QTableView::doubleClicked, this, [this] { take(); });

@@ -80,7 +80,7 @@ void Style::drawButton(const QStyleOption& option, QPainter& painter) const {
     const QColor fill = !enabled ? QColor(theme::window)
                         : down   ? QColor(0xFFCFD9E4)
                                  : QColor(hover ? 0xFFEAF1F8 : 0xFFFFFFFF);
-    drawFrame(painter, option.rect, focusedIn(option), focusedIn(option) && !down ? QColor(theme::focus) : fill);
+    drawFrame(painter, option.rect, focusedIn(option), fill);
 }
 
 void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
@@ -141,9 +141,9 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
 QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                               const QWidget* widget) const {
     QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
-    const int field = option == nullptr ? 0 : option->fontMetrics.height() + 8;
+    const int field = option == nullptr ? 0 : option->fontMetrics.height() + 7;
     if (type == CT_PushButton) {
-        result.setHeight(field + 4);
+        result.setHeight(field + 3);
     } else if (type == CT_ComboBox) {
         result = QSize(size.width() + chevronRoom + 12, field);
     }
@@ -172,6 +172,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
             return 2;
         case PM_HeaderMargin:
             return theme::unit;
+        case PM_FocusFrameHMargin:  // what stands left and right of an entry of a list
+            return theme::unit - 1;
         case PM_ButtonDefaultIndicator:
         case PM_ButtonShiftHorizontal:
         case PM_ButtonShiftVertical:

@@ -94,7 +94,8 @@ bool TextBoxView::key(const KeyStroke& stroke) {
     return true;
 }
 
-// A press that brings the focus and finds the whole text selected leaves it so: typing then replaces the value.
+// Chosen C-245: a press that brings the focus and finds the whole text selected leaves it so: typing then replaces the
+// value.
 bool TextBoxView::pressed() {
     return box_.allSelected();
 }

@@ -1,12 +1,9 @@
 #include "velmora/adapters/qt/theme.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetrics>
-#include <QFontMetricsF>
-#include <QGuiApplication>
 #include <QPalette>
-#include <QScreen>
-#include <QStringList>
 #include <QToolTip>
 #include <algorithm>
 
@@ -24,32 +21,22 @@ bool hasTabularDigits(const QFont& font) {
                                [&](QChar digit) { return metrics.horizontalAdvance(digit) == width; });
 }
 
-// Families with broad letters are set half a point smaller: they read as large as the others, and the dense forms keep
-// their room.
-void settleSize(QFont& font) {
-    constexpr double usualSize = 9;
-    constexpr double broadSize = 8.5;
-    constexpr double broadDigit = 0.6;  // of the letters' height
-    font.setPointSizeF(usualSize);
-    const QFontMetricsF metrics(font);
-    if (metrics.horizontalAdvance(QLatin1Char('0')) >
-        broadDigit * font.pointSizeF() * QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72) {
-        font.setPointSizeF(broadSize);
-    }
+bool isInstalled(const QString& family) {
+    return QFontDatabase::families().contains(family);
 }
 
+// The desktop's own font when its digits are all of one width, so that numbers line up. The common fallback is very
+// wide; its narrow sister gives a dense form the room it needs.
 QFont baseFont() {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    if (!QFontDatabase::families().contains(font.family()) || !hasTabularDigits(font)) {
-        for (const QString& family :
-             {QStringLiteral("Liberation Sans"), QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")}) {
-            if (QFontDatabase::families().contains(family)) {
-                font.setFamily(family);
-                break;
-            }
-        }
+    font.setPointSize(9);
+    const QString resolved = QFontInfo(font).family();
+    const QString wide = QStringLiteral("DejaVu Sans");
+    if (resolved != wide && hasTabularDigits(font)) {
+        return font;
     }
-    settleSize(font);
+    const QString narrow = QStringLiteral("DejaVu Sans Condensed");
+    font.setFamily(isInstalled(narrow) || !isInstalled(wide) ? narrow : wide);
     return font;
 }
 
@@ -124,6 +111,7 @@ void paintField(QWidget& field, const screen::Control& control, screen::Role rol
     for (const auto state : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         palette.setColor(state, QPalette::Base, background);
         palette.setColor(state, QPalette::Text, letters);
+        palette.setColor(state, QPalette::ButtonText, letters);
     }
     field.setPalette(palette);
 }

@@ -71,6 +71,7 @@ void ToolbarView::addButton(const screen::Toolbar::Item& item, int number) {
         });
         return;
     }
+    // Chosen C-243: a button with a menu opens it wherever it is pressed and raises no click of its own.
     auto* menu = new QMenu(button);
     for (const screen::Toolbar::MenuItem& choice : item.menu) {
         connect(menu->addAction(toQt(choice.caption)), &QAction::triggered, this, [this, key = choice.key] {

@@ -1,7 +1,6 @@
+#include <QApplication>
 #include <exception>
 #include <iostream>
-
-#include <QApplication>
 
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
@@ -76,7 +75,6 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("velmora"));
-    QApplication::setApplicationDisplayName(QStringLiteral("VELMORA"));
     qt::QtScreen screen;
     try {
         return run(options, screen);

@@ -1,12 +1,11 @@
 #include "velmora/apps/desktop/options.h"
 
+#include <CLI/CLI.hpp>
 #include <array>
 #include <charconv>
 #include <optional>
 #include <string_view>
 #include <utility>
-
-#include <CLI/CLI.hpp>
 
 namespace velmora::desktop {
 

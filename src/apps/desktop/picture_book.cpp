@@ -1,10 +1,9 @@
 #include "velmora/apps/desktop/picture_book.h"
 
+#include <QDir>
 #include <optional>
 #include <stdexcept>
 #include <utility>
-
-#include <QDir>
 
 #include "velmora/adapters/qt/picture.h"
 #include "velmora/adapters/qt/qt_screen.h"
@@ -18,8 +17,8 @@ namespace velmora::desktop {
 namespace {
 
 std::optional<std::int32_t> latestOfType(sql::Connection& connection, int type) {
-    const sql::Recordset found = connection.execute("SELECT top 1 DPI_Id FROM DPI where DPI_Tipo=" +
-                                                    runtime::CStr(std::int64_t{type}) + " order by DPI_Id desc");
+    const sql::Recordset found = connection.execute(
+        "SELECT top 1 DPI_Id FROM DPI where DPI_Tipo=" + runtime::CStr(std::int64_t{type}) + " order by DPI_Id desc");
     return found.eof() ? std::nullopt : std::optional(found[0].toLong());
 }
 
@@ -62,7 +61,8 @@ std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
     return pages;
 }
 
-std::vector<std::string> writePictures(qt::QtScreen& screen, const std::vector<Page>& pages, const std::string& folder) {
+std::vector<std::string> writePictures(qt::QtScreen& screen, const std::vector<Page>& pages,
+                                       const std::string& folder) {
     const QDir directory(qt::toQt(folder));
     if (!directory.mkpath(QStringLiteral("."))) {
         throw std::runtime_error("No se puede crear la carpeta " + folder);

@@ -1,9 +1,8 @@
 #include "velmora/apps/desktop/workshop.h"
 
+#include <QStandardPaths>
 #include <filesystem>
 #include <system_error>
-
-#include <QStandardPaths>
 
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
@@ -25,7 +24,8 @@ fs::path toPath(const std::string& utf8) {
 bool isNew(const std::string& path) {
     std::error_code ignored;
     const fs::path file = toPath(path);
-    return path == inMemory || !fs::exists(file, ignored) || (fs::is_regular_file(file, ignored) && fs::is_empty(file, ignored));
+    return path == inMemory || !fs::exists(file, ignored) ||
+           (fs::is_regular_file(file, ignored) && fs::is_empty(file, ignored));
 }
 
 void makeFolder(const std::string& path) {
