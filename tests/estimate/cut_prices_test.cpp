@@ -1,0 +1,104 @@
+#include "velmora/estimate/cut_prices.h"
+
+#include "velmora/platform/runtime/numbers.h"
+
+#include "../support/workshop.h"
+
+namespace velmora::testing {
+namespace {
+
+using estimate::CutPrices;
+
+class CutPricesTest : public Workshop {
+  protected:
+    CutPrices prices{session};
+};
+
+TEST_F(CutPricesTest, GivesTheRateOfTheMaterialOfTheArticle) {
+    prices.msCargarPreciosCorte();
+    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05);
+    EXPECT_EQ(prices.FnPrecioCorte("2"), 0.02);
+    EXPECT_EQ(prices.FnPrecioCorte("004"), 0.03);
+    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05) << "each search begins at the first row";
+}
+
+TEST_F(CutPricesTest, AnIdWithNoRowCostsTheDefault) {
+    prices.msCargarPreciosCorte();
+    EXPECT_EQ(prices.FnPrecioCorte("099"), 0.01);
+    EXPECT_EQ(prices.FnPrecioCorte("007"), 0.01) << "its article has no material";
+}
+
+TEST_F(CutPricesTest, ARateOfZeroCostsTheDefault) {
+    prices.msCargarPreciosCorte();
+    EXPECT_EQ(prices.FnPrecioCorte("006"), 0.01);
+}
+
+TEST_F(CutPricesTest, ATextThatIsNoNumberCostsTheDefault) {
+    prices.msCargarPreciosCorte();
+    EXPECT_EQ(prices.FnPrecioCorte("abc"), 0.01);
+    EXPECT_EQ(prices.FnPrecioCorte(""), 0.01);
+    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05) << "an error does not outlive its question";
+}
+
+TEST_F(CutPricesTest, RatesThatWereNeverLoadedCostTheDefault) {
+    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.01);
+}
+
+TEST_F(CutPricesTest, NoMaterialAtAllCostsTheDefault) {
+    execute("DELETE FROM materiales");
+    prices.msCargarPreciosCorte();
+    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.01);
+}
+
+TEST_F(CutPricesTest, AMaterialAddedLaterCostsTheDefaultUntilTheRatesAreLoadedAgain) {
+    prices.msCargarPreciosCorte();
+    execute(
+        "INSERT INTO PARDPI (PARDPI_NOM, PARDPI_ART, PARDPI_HIERRO, PARDPI_DISCO, PARDPI_MATP, PARDPI_CRE) VALUES "
+        "('Nuevo', 1, 0, 1, 'Acero', 0)");
+    EXPECT_EQ(prices.FnPrecioCorte("009"), 0.01);
+    prices.msCargarPreciosCorte();
+    EXPECT_EQ(prices.FnPrecioCorte("009"), 0.05);
+}
+
+TEST_F(CutPricesTest, AChangedRateCountsOnlyAfterTheNextLoad) {
+    prices.msCargarPreciosCorte();
+    execute("UPDATE materiales SET mat_pcs = 0.5 WHERE mat_id = 1");
+    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05);
+}
+
+TEST_F(CutPricesTest, AsksTheDatabaseOnceAndThenNoMore) {
+    prices.msCargarPreciosCorte();
+    EXPECT_EQ(
+        connection.log(),
+        std::vector<std::string>{
+            "Select PARDPI_ID,mat_pcs from materiales inner join art on materiales.mat_id= art.art_mat inner join "
+            "PARDPI on art_id = PARDPI_ART where PARDPI_ID>0 "});
+    connection.clear();
+    for (const char* id : {"001", "004", "099", "x", "001"}) {
+        prices.FnPrecioCorte(id);
+    }
+    EXPECT_TRUE(connection.log().empty());
+}
+
+TEST_F(CutPricesTest, MoreMaterialsThanAnEngineReadsAtOnceStayAsTheyWereLoaded) {
+    connection.beginTrans();
+    for (int i = 0; i < 700; ++i) {
+        execute(
+            "INSERT INTO PARDPI (PARDPI_NOM, PARDPI_ART, PARDPI_HIERRO, PARDPI_DISCO, PARDPI_MATP, PARDPI_CRE) VALUES "
+            "('Otro', 2, 0, 1, 'Acero', 0)");
+    }
+    connection.commitTrans();
+    prices.msCargarPreciosCorte();
+    execute("UPDATE materiales SET mat_pcs = 0.5");
+    EXPECT_EQ(prices.FnPrecioCorte("708"), 0.02);
+    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05);
+    EXPECT_EQ(prices.FnPrecioCorte("709"), 0.01);
+}
+
+TEST_F(CutPricesTest, AFailingLoadReachesTheCaller) {
+    connection.refuse("mat_pcs");
+    EXPECT_THROW(prices.msCargarPreciosCorte(), sql::DbError);
+}
+
+}  // namespace
+}  // namespace velmora::testing
