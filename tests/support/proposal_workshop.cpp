@@ -1,4 +1,4 @@
-#include "proposal_workshop.h"
+#include "support/proposal_workshop.h"
 
 #include <atomic>
 #include <utility>
@@ -8,7 +8,7 @@
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 
 namespace {
 
@@ -271,4 +271,4 @@ std::vector<long> ProposalWorkshop::errorNumbers() const {
     return numbers;
 }
 
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -3,20 +3,21 @@
 // on the form as people do.
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "fake_screen.h"
-#include "recording_connection.h"
+#include "support/fake_screen.h"
+#include "support/recording_connection.h"
 #include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/platform/desk.h"
 #include "velmora/platform/sql/connection.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 
 /// The scripted screen, which can also say Cancel to whatever is asked.
 class WorkshopScreen final : public ScriptedScreen {
@@ -131,4 +132,4 @@ class ProposalWorkshop {
     std::unique_ptr<proposal::frmBercialPiñones> form_;
 };
 
-}  // namespace velmora::testing
+}  // namespace velmora::support
