@@ -3,26 +3,15 @@
 
 #include <optional>
 
+#include "velmora/estimate/wheel_measures.h"
 #include "velmora/platform/screen/drawing.h"
 
 namespace velmora::estimate {
 
 enum class Hubs { none, one, two };
 
-/// What stands between root and exterior diameter.
-enum class Toothing { chain, gear, smooth };
-
-/// The measures as the fields hold them, diameters and widths in millimetres; a field that is empty or holds no
-/// number is left out. Nothing here has to be sensible.
-struct PieceMeasures {
-    Toothing toothing = Toothing::chain;
-    std::optional<int> teeth;
-    std::optional<double> exterior;
-    std::optional<double> pitch;
-    std::optional<double> root;
+struct PieceMeasures : WheelMeasures {
     std::optional<double> hub;
-    std::optional<double> bore;
-    std::optional<double> keyway;  ///< width; zero: the piece has none
     std::optional<double> rim;
     std::optional<double> hubWidth;  ///< of each hub
     std::optional<double> totalWidth;

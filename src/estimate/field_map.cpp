@@ -5,6 +5,12 @@
 
 namespace velmora::estimate {
 
+void FieldMap::invalidateSketches() {
+    for (screen::Sketch* each : {&sketch, &picDoble, &picTriple, &picVariable, &picCremallera}) {
+        each->invalidate();
+    }
+}
+
 void FieldMap::forEachTextBox(const std::function<void(TextBox&)>& action) {
     for (const auto* array : {&Text1, &Text3, &Text4, &txtPesu, &txtPDM, &txtTriple, &txtDCV, &txtCre}) {
         array->forEach(action);

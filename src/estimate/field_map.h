@@ -79,7 +79,12 @@ struct FieldMap {
     Frame fraMatCre{form, "fraMatCre"};
 
     Button cmdEng{form, "cmdEng"};
+    // One sketch for each frame of measures.
     screen::Sketch sketch{form, "picPieza"};
+    screen::Sketch picDoble{form, "picDoble"};
+    screen::Sketch picTriple{form, "picTriple"};
+    screen::Sketch picVariable{form, "picVariable"};
+    screen::Sketch picCremallera{form, "picCremallera"};
     Hubs hubsOnSketch = Hubs::one;
 
     // The material rows chosen for disc, hub and rack, each with its article; a move recalculates.
@@ -94,6 +99,9 @@ struct FieldMap {
 
     /// The product type on show: the list's index, stored as DPI_Tipo.
     int type() const { return cboTipoPre.listIndex(); }
+
+    /// Tells that a measure has changed: the sketches are drawn anew.
+    void invalidateSketches();
 
     /// Every text box: Text1, Text3, Text4, txtPesu, txtPDM, txtTriple, txtDCV, txtCre, then the single ones, each
     /// array by rising index.

@@ -49,7 +49,7 @@ void Presentation::cboTipoPre_Click() {
     }
     writeWidths(type);
     f_.cmdEng.setEnabled(data::isGear(type) && f_.txtPesu(3).text().empty());
-    f_.sketch.invalidate();
+    f_.invalidateSketches();
 }
 
 void Presentation::reset() {

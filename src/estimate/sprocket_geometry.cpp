@@ -224,7 +224,7 @@ void SprocketGeometry::Text1_Change(int Index) {
             rooms_.doubles.msCalcularDobleVariable();
         }
     }
-    f_.sketch.invalidate();
+    f_.invalidateSketches();
 }
 
 void SprocketGeometry::Text1_KeyPress(int Index, screen::KeyPress& key) {

@@ -3,6 +3,8 @@
 #include <array>
 #include <optional>
 
+#include "velmora/estimate/multiple_drawings.h"
+#include "velmora/estimate/rack_drawing.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 
@@ -45,24 +47,71 @@ estimate::Toothing toothing(int type) {
     return data::isGear(type) ? estimate::Toothing::gear : estimate::Toothing::chain;
 }
 
-screen::Drawing piece(const estimate::FieldMap& f) {
-    const std::optional<double> teeth = measure(f.Text1(1));
+void putWheel(estimate::WheelMeasures& measures, const estimate::FieldMap& f) {
     constexpr double mostTeeth = 10000;
-    return estimate::drawPiece(f.hubsOnSketch, {
-                                                   .toothing = toothing(f.type()),
-                                                   .teeth = teeth && *teeth >= 0 && *teeth <= mostTeeth
-                                                                ? std::optional(static_cast<int>(*teeth))
-                                                                : std::nullopt,
-                                                   .exterior = measure(f.Text1(15)),
-                                                   .pitch = measure(f.Text1(3)),
-                                                   .root = measure(f.Text1(4)),
-                                                   .hub = measure(f.Text1(16)),
-                                                   .bore = measure(f.Text1(7)),
-                                                   .keyway = measure(f.Text1(12)),
-                                                   .rim = measure(f.Text1(9)),
-                                                   .hubWidth = measure(f.Text1(10)),
-                                                   .totalWidth = measure(f.Text1(17)),
-                                               });
+    const std::optional<double> teeth = measure(f.Text1(1));
+    measures.toothing = toothing(f.type());
+    if (teeth && *teeth >= 0 && *teeth <= mostTeeth) {
+        measures.teeth = static_cast<int>(*teeth);
+    }
+    measures.exterior = measure(f.Text1(15));
+    measures.pitch = measure(f.Text1(3));
+    measures.root = measure(f.Text1(4));
+    measures.bore = measure(f.Text1(7));
+    measures.keyway = measure(f.Text1(12));
+}
+
+screen::Drawing piece(const estimate::FieldMap& f) {
+    estimate::PieceMeasures measures;
+    putWheel(measures, f);
+    measures.hub = measure(f.Text1(16));
+    measures.rim = measure(f.Text1(9));
+    measures.hubWidth = measure(f.Text1(10));
+    measures.totalWidth = measure(f.Text1(17));
+    return estimate::drawPiece(f.hubsOnSketch, measures);
+}
+
+estimate::MultipleMeasures multipleMeasures(const estimate::FieldMap& f, const TextBox& coreHeight) {
+    estimate::MultipleMeasures measures;
+    putWheel(measures, f);
+    measures.chainRim = measure(f.Text1(5));
+    measures.gap = measure(f.Text1(11));
+    measures.rim = measure(f.Text1(9));
+    measures.coreHeight = measure(coreHeight);
+    measures.hub = measure(f.Text1(16));
+    measures.hubWidth = measure(f.Text1(10));
+    return measures;
+}
+
+screen::Drawing twoRims(const estimate::FieldMap& f) {
+    return estimate::drawMultiple(estimate::Rims::two, !f.lblTapaCubo(0).isVisible(), multipleMeasures(f, f.txtPDM(2)));
+}
+
+screen::Drawing threeRims(const estimate::FieldMap& f) {
+    return estimate::drawMultiple(estimate::Rims::three, !f.lblTapacuboTriple(0).isVisible(),
+                                  multipleMeasures(f, f.txtTriple(2)));
+}
+
+screen::Drawing twoHubs(const estimate::FieldMap& f) {
+    estimate::VariableMeasures measures;
+    putWheel(measures, f);
+    measures.hubA = measure(f.Text1(16));
+    measures.hubAWidth = measure(f.Text1(10));
+    measures.rim = measure(f.Text1(9));
+    measures.hubB = measure(f.Text1(18));
+    measures.hubBWidth = measure(f.Text1(14));
+    return estimate::drawVariable(measures);
+}
+
+screen::Drawing rackBar(const estimate::FieldMap& f) {
+    return estimate::drawRack({
+        .module = measure(f.Text1(19)),
+        .pitch = measure(f.Text1(20)),
+        .toothHeight = measure(f.Text1(21)),
+        .height = measure(f.Text1(22)),
+        .length = measure(f.Text1(24)),
+        .width = measure(f.Text1(25)),
+    });
 }
 
 void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
@@ -119,7 +168,6 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
     });
     f.cboFiltroHistorico.setAccessibleName("Filtrar Historico por");
     c.dbgDPI.setAccessibleName("Historico de Presupuestos");
-    f.sketch.setAccessibleName("Dibujo de la pieza");
 }
 
 Layout identity(estimate::FieldMap& f, FormControls& c) {
@@ -160,33 +208,43 @@ Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
         lay::group(c.fraEje, std::move(bore)), lay::space());
 }
 
-/// The fields of a sketch that has no drawing beside them, with their captions.
-template <std::size_t N>
-Layout sketchFields(const screen::ControlArray<TextBox>& boxes, const std::array<const char*, N>& captions) {
-    Layout fields = lay::grid(1);
-    for (std::size_t i = 0; i < N; ++i) {
-        fields.children.push_back(calculated(captions[i], boxes(static_cast<int>(i))));
-    }
-    return lay::column(std::move(fields), lay::space());
+using Draw = screen::Drawing (*)(const estimate::FieldMap& f);
+
+/// A drawing with the value labels of an array at the places of the same numbers.
+Layout picture(estimate::FieldMap& f, screen::Sketch& sketch, Draw draw, const screen::ControlArray<TextBox>& labels) {
+    sketch.setSource([&f, draw] { return draw(f); });
+    sketch.setAccessibleName("Dibujo de la pieza");
+    labels.forEach([&sketch](TextBox& box) { sketch.place(box.index(), box); });
+    return lay::plain(sketch);
 }
 
-constexpr std::array doubleCaptions{"Ø Exterior", "Ø Cubo",      "Altura al cubo", "Ancho total",  "Llanta (B2)",
-                                    "Ancho cubo", "Llanta (b1)", "X Ancho Hueco",  "Llanta (b1) 2"};
-constexpr std::array tripleCaptions{"Ø Exterior",    "Ø Cubo",        "Altura al cubo",  "Llanta (b1)",
-                                    "X Ancho Hueco", "Llanta (b1) 2", "X Ancho Hueco 2", "Llanta (b1) 3",
-                                    "Ancho cubo",    "Llanta (B3)",   "Ancho total"};
-constexpr std::array variableCaptions{"Ancho total", "Ancho cubo A", "Llanta",    "Ancho cubo B",
-                                      "Ø Cubo B",    "Ø Cubo A",     "Ø Exterior"};
-constexpr std::array rackCaptions{"h", "H", "A", "L", "H grosor", "B"};
+/// What the value labels are called where they are read out: on the drawing they are but numbers.
+template <std::size_t N>
+void nameLabels(const screen::ControlArray<TextBox>& labels, const std::array<const char*, N>& names) {
+    for (std::size_t i = 0; i < N; ++i) {
+        labels(static_cast<int>(i)).setAccessibleName(names[i]);
+    }
+}
+
+constexpr std::array doubleNames{"Ø Exterior", "Ø Cubo",      "Altura al cubo", "Ancho total",  "Llanta (B2)",
+                                 "Ancho cubo", "Llanta (b1)", "X Ancho Hueco",  "Llanta (b1) 2"};
+constexpr std::array tripleNames{"Ø Exterior",    "Ø Cubo",        "Altura al cubo",  "Llanta (b1)",
+                                 "X Ancho Hueco", "Llanta (b1) 2", "X Ancho Hueco 2", "Llanta (b1) 3",
+                                 "Ancho cubo",    "Llanta (B3)",   "Ancho total"};
+constexpr std::array variableNames{"Ancho total", "Ancho cubo A", "Llanta",    "Ancho cubo B",
+                                   "Ø Cubo B",    "Ø Cubo A",     "Ø Exterior"};
+constexpr std::array rackNames{"h", "H", "A", "L", "H grosor", "B"};
 
 Layout pictures(estimate::FieldMap& f) {
-    f.sketch.setSource([&f] { return piece(f); });
-    f.Text3.forEach([&f](TextBox& box) { f.sketch.place(box.index(), box); });
-    return lay::takeTurns(lay::group(f.fraCremallera, sketchFields(f.txtCre, rackCaptions)),
-                          lay::group(f.fraTriple, sketchFields(f.txtTriple, tripleCaptions)),
-                          lay::group(f.fraDobleVar, sketchFields(f.txtDCV, variableCaptions)),
-                          lay::group(f.fraPDM, sketchFields(f.txtPDM, doubleCaptions)),
-                          lay::group(f.Frame2, lay::plain(f.sketch)))
+    nameLabels(f.txtPDM, doubleNames);
+    nameLabels(f.txtTriple, tripleNames);
+    nameLabels(f.txtDCV, variableNames);
+    nameLabels(f.txtCre, rackNames);
+    return lay::takeTurns(lay::group(f.fraCremallera, picture(f, f.picCremallera, rackBar, f.txtCre)),
+                          lay::group(f.fraTriple, picture(f, f.picTriple, threeRims, f.txtTriple)),
+                          lay::group(f.fraDobleVar, picture(f, f.picVariable, twoHubs, f.txtDCV)),
+                          lay::group(f.fraPDM, picture(f, f.picDoble, twoRims, f.txtPDM)),
+                          lay::group(f.Frame2, picture(f, f.sketch, piece, f.Text3)))
         .stretched(3);
 }
 

@@ -94,6 +94,20 @@ bool meets(const QLineF& line, const QRectF& rect) {
 
 }  // namespace
 
+QString shownText(const screen::Dimension& dimension, const LabelTexts& labels) {
+    const auto label = labels.find(dimension.label);
+    const QString value = label == labels.end() ? QString() : label->second;
+    const QString caption = toQt(dimension.caption);
+    if (caption.isEmpty() || (!value.isEmpty() && value.front().isLetter())) {
+        return value;
+    }
+    return value.isEmpty() ? caption : caption + QLatin1Char(' ') + value;
+}
+
+bool SketchPainter::DimensionLine::hasRoom() const {
+    return QLineF(start, end).length() > 3 * arrowLength;
+}
+
 SketchPainter::SketchPainter(QPainter& painter, const screen::Drawing& drawing, const LabelTexts& labels)
     : painter_(painter), drawing_(drawing), labels_(labels) {}
 
@@ -179,8 +193,7 @@ SketchPainter::DimensionLine SketchPainter::lineOf(const screen::Dimension& dime
     const QPointF from = map(dimension.from);
     const QPointF to = map(dimension.to);
     const QPointF away = normal(unitVector(from, to)) * (dimension.offset * scale_);
-    const auto text = labels_.find(dimension.label);
-    return {from, to, from + away, to + away, text == labels_.end() ? QString() : text->second};
+    return {from, to, from + away, to + away, shownText(dimension, labels_), dimension.place};
 }
 
 std::vector<SketchPainter::TextPlace> SketchPainter::candidates(const DimensionLine& line) const {
@@ -200,9 +213,14 @@ std::vector<SketchPainter::TextPlace> SketchPainter::candidates(const DimensionL
             places.push_back({at, angle, boundsAt(at, size, angle)});
         }
     }
+    const double clearance = line.hasRoom() ? 0.5 * arrowLength : 2.5 * arrowLength;
     for (const double end : {1.0, -1.0}) {
-        const QPointF at = middle + u * (end * (length / 2 + size.width() / 2 + 3 * arrowLength));
+        const QPointF at = middle + u * (end * (length / 2 + size.width() / 2 + clearance));
         places.push_back({at, angle, boundsAt(at, size, angle)});
+    }
+    if (line.place != screen::TextPlace::middle) {
+        // The last two places are the outer ones, that beyond the end before that beyond the start.
+        std::rotate(places.begin(), places.end() - (line.place == screen::TextPlace::afterTo ? 2 : 1), places.end());
     }
     return places;
 }
@@ -307,7 +325,7 @@ void SketchPainter::draw(const screen::Dimension& dimension) {
         }
     }
     // Arrows that have no room between the extension lines stand outside and point inwards.
-    const bool inside = QLineF(line.start, line.end).length() > 3 * arrowLength;
+    const bool inside = line.hasRoom();
     const QPointF reach = inside ? QPointF() : u * (2.2 * arrowLength);
     painter_.drawLine(line.start - reach, line.end + reach);
     drawArrow(line.start, inside ? -u : u);

@@ -15,6 +15,9 @@ namespace velmora::qt {
 /// The text at a drawing's numbered places. A place that is missing here has its dimension left out.
 using LabelTexts = std::map<int, QString>;
 
+/// What a dimension shows: its caption before its label's text, and that text alone when it begins with a letter.
+QString shownText(const screen::Dimension& dimension, const LabelTexts& labels);
+
 class SketchPainter {
   public:
     SketchPainter(QPainter& painter, const screen::Drawing& drawing, const LabelTexts& labels);
@@ -28,6 +31,10 @@ class SketchPainter {
         QPointF start;  ///< the dimension line itself
         QPointF end;
         QString text;
+        screen::TextPlace place = screen::TextPlace::middle;
+
+        /// Whether both arrow heads have room between the extension lines.
+        bool hasRoom() const;
     };
     /// A text's place: its middle, its size, and the angle it is read at.
     struct TextPlace {

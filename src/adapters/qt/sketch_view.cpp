@@ -56,8 +56,12 @@ void SketchView::update(screen::Property property) {
 
 void SketchView::labelChanged() {
     QStringList measures;
-    for (const auto& [number, text] : textsOf(sketch_)) {
-        measures.append(text);
+    for (const screen::Sketch::PlacedLabel& label : sketch_.labels()) {
+        if (label.box->isVisible()) {
+            const QString name = toQt(label.box->accessibleName());
+            const QString text = toQt(label.box->text());
+            measures.append(name.isEmpty() ? text : name + QLatin1Char(' ') + text);
+        }
     }
     canvas_->setAccessibleDescription(measures.join(QStringLiteral("; ")));
     canvas_->update();

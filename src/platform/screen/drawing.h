@@ -42,13 +42,19 @@ struct Circle {
     Fill fill = Fill::none;
 };
 
+/// Where along its line a dimension's text would rather stand. Outside, it needs no room between the extension lines.
+enum class TextPlace { middle, beforeFrom, afterTo };
+
 /// A dimension line between two points, `offset` millimetres to its left seen from `from` to `to`, with extension
-/// lines, arrow heads, and the place of value label `label` (none: -1) at its middle.
+/// lines, arrow heads, and the place of value label `label` (none: -1) at its middle or outside.
 struct Dimension {
     Point from;
     Point to;
     double offset = 0;
     int label = -1;
+    /// What the value is, such as "De". Stands before the label's text, unless that brings words of its own.
+    std::string caption = {};
+    TextPlace place = TextPlace::middle;
 };
 
 /// A fixed text.

@@ -1,0 +1,23 @@
+#pragma once
+// What every toothed or smooth wheel has, whatever its hubs and however many its rims.
+
+#include <optional>
+
+namespace velmora::estimate {
+
+/// What stands between root and exterior diameter.
+enum class Toothing { chain, gear, smooth };
+
+/// The measures as the fields hold them, diameters and widths in millimetres; a field that is empty or holds no
+/// number is left out. Nothing here has to be sensible.
+struct WheelMeasures {
+    Toothing toothing = Toothing::chain;
+    std::optional<int> teeth;
+    std::optional<double> exterior;
+    std::optional<double> pitch;
+    std::optional<double> root;
+    std::optional<double> bore;
+    std::optional<double> keyway;  ///< width; zero: the piece has none
+};
+
+}  // namespace velmora::estimate
