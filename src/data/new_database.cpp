@@ -139,7 +139,29 @@ std::vector<std::string> demoStatements(runtime::Date now) {
     return statements;
 }
 
+namespace {
+
+// A new database numbers its proposals from 1 again: documents of an older one would turn up on them.
+void refuseForeignDocuments(sql::Connection& connection) {
+    const std::string catalog = "DOC" + connection.currentCatalog();
+    bool found = false;
+    try {
+        connection.execute("Select top 1 * from " + catalog + ".dbo.dex");
+        found = true;
+    } catch (const sql::DbError&) {
+        // No such table, no such catalogue: as it should be.
+    }
+    if (found) {
+        throw sql::DbError(sql::provider::failure, "El catálogo de documentos " + catalog +
+                                                       " ya existe y pertenece a otra base de datos. Guárdelo en otro "
+                                                       "sitio antes de crear una nueva.");
+    }
+}
+
+}  // namespace
+
 void createDatabase(sql::Connection& connection) {
+    refuseForeignDocuments(connection);
     runAll(connection, newDatabaseStatements(connection.currentCatalog()));
 }
 
