@@ -16,9 +16,10 @@ namespace lay = screen::layout;
 namespace {
 
 // Widths in digits.
-constexpr int measureWidth = 8;
-constexpr int amountWidth = 10;
-constexpr int dateWidth = 10;
+constexpr int measureWidth = 7;
+constexpr int amountWidth = 8;
+constexpr int formulaWidth = 6;
+constexpr int dateWidth = 9;
 
 Layout entered(std::string caption, TextBox& box, int width = measureWidth) {
     return lay::field(std::move(caption), box, width).number();
@@ -83,13 +84,14 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
     f.chkFormulas.setCaption("Fórmula de cada artículo");
     f.chkFormulas.setChecked(true);
     f.cmdEng.setCaption("Engranaje…");
+    // Chosen C-064: a stored tool that is not in the list is shown, and kept by the next save.
     f.cboHerramienta.setStyle(estimate::ComboBox::Style::editable);
     f.txtObservaciones.setMultiLine(true);
 
     c.fraPropuesta.setCaption("Propuesta y cliente");
     c.fraDentado.setCaption("Dentado y medidas");
     c.fraEje.setCaption("Eje");
-    c.fraImportes.setCaption("Importes");
+    c.fraImportes.setCaption("Importes (€)");
     c.fraNotas.setCaption("Notas");
     c.Frame1.setCaption("Historico de Presupuestos con Paso, Z y Ø igual al insertado");
     f.Frame2.setCaption("Medidas del piñon");
@@ -122,42 +124,46 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
 
 Layout identity(estimate::FieldMap& f, FormControls& c) {
     return lay::group(c.fraPropuesta,
-                      lay::row(calculated("Propuesta", f.txtPesu(3), 7), calculated("Creado", f.txtPesu(4), dateWidth),
-                               calculated("Aceptado", f.txtPesu(13), dateWidth), calculated("Orden :", f.txtPesu(6), 7),
-                               lay::field("Codigo Cliente (F2)", f.txtPesu(0), 7).number(),
+                      lay::row(calculated("Propuesta", f.txtPesu(3), 6), calculated("Creado", f.txtPesu(4), dateWidth),
+                               calculated("Aceptado", f.txtPesu(13), dateWidth), calculated("Orden :", f.txtPesu(6), 6),
+                               lay::field("Codigo Cliente (F2)", f.txtPesu(0), 6).number(),
                                lay::field("Nombre Cliente", f.txtPesu(1)).stretched(2),
-                               lay::field("Ref. Cliente", f.txtPesu(2), 16)));
+                               lay::field("Ref. Cliente", f.txtPesu(2)).stretched(1)));
 }
 
 Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
-    const auto plain = lay::grid(
-        3,                                                                               //
-        entered("Paso", f.Text1(0)), calculated("Ø Primitivo", f.Text1(3)), lay::gap(),  //
-        entered("Z", f.Text1(1)), calculated("Ø Fondo", f.Text1(4)), lay::gap(),         //
-        lay::takeTurns(entered(f.Label1(16), f.Text1(8)), calculated(f.Label1(16), f.txtModulo)),
-        calculated("Ø Exterior", f.Text1(15)), lay::gap(),                                    //
-        entered(f.Label1(11), f.Text1(2)), calculated("H - Altura", f.Text1(6)), lay::gap(),  //
-        entered(f.Label1(4), f.Text1(9)), entered(f.Label1(20), f.Text1(16)), lay::plain(f.lblFormulaDM, 9),
-        entered(f.Label1(13), f.Text1(10)), entered(f.Label1(17), f.Text1(17)), lay::plain(f.lblFormulaAncho, 9),
-        lay::takeTurns(entered(f.Label1(35), f.Text1(14)), entered(f.Label1(10), f.Text1(5))),
-        lay::takeTurns(entered(f.Label1(37), f.Text1(18)), entered(f.Label1(34), f.Text1(11))), lay::gap());
-    const auto rack = lay::grid(2,  //
-                                entered("Modulo", f.Text1(19)), calculated("Paso", f.Text1(20)),
-                                entered("H", f.Text1(22)), calculated("h", f.Text1(21)), entered("L", f.Text1(24)),
-                                calculated("A", f.Text1(23)), entered("B", f.Text1(25)), lay::gap());
+    Layout plain =
+        lay::grid(3,                                                                               //
+                  entered("Paso", f.Text1(0)), calculated("Ø Primitivo", f.Text1(3)), lay::gap(),  //
+                  entered("Z", f.Text1(1)), calculated("Ø Fondo", f.Text1(4)), lay::gap(),         //
+                  lay::takeTurns(entered(f.Label1(16), f.Text1(8)), calculated(f.Label1(16), f.txtModulo)),
+                  calculated("Ø Exterior", f.Text1(15)), lay::gap(),                                    //
+                  entered(f.Label1(11), f.Text1(2)), calculated("H - Altura", f.Text1(6)), lay::gap(),  //
+                  entered(f.Label1(4), f.Text1(9)), entered(f.Label1(20), f.Text1(16)),
+                  lay::plain(f.lblFormulaDM, formulaWidth),  //
+                  entered(f.Label1(13), f.Text1(10)), entered(f.Label1(17), f.Text1(17)),
+                  lay::plain(f.lblFormulaAncho, formulaWidth),  //
+                  lay::takeTurns(entered(f.Label1(35), f.Text1(14)), entered(f.Label1(10), f.Text1(5))),
+                  lay::takeTurns(entered(f.Label1(37), f.Text1(18)), entered(f.Label1(34), f.Text1(11))), lay::gap());
+    Layout rack = lay::grid(2,                                                                //
+                            entered("Modulo", f.Text1(19)), calculated("Paso", f.Text1(20)),  //
+                            entered("H", f.Text1(22)), calculated("h", f.Text1(21)),          //
+                            entered("L", f.Text1(24)), calculated("A", f.Text1(23)),          //
+                            entered("B", f.Text1(25)), lay::gap());
+    Layout bore = lay::column(lay::grid(2, entered("Eje", f.Text1(7)), entered("Chavetero de", f.Text1(12)),  //
+                                        entered("Nº Prisioneros", f.Text1(13)), lay::plain(f.chkAcopla)),
+                              lay::field("Herramienta para el Eje :", f.cboHerramienta, 10));
     return lay::column(
-        lay::row(lay::field("Tipo", f.cboTipoPre).stretched(), lay::plain(f.cmdEng)), lay::field("Cadena", f.cboDobles),
-        lay::takeTurns(lay::group(f.fraCre1, rack), lay::group(c.fraDentado, plain)),
-        lay::group(c.fraEje, lay::grid(2, entered("Eje", f.Text1(7)), entered("Chavetero de", f.Text1(12)),
-                                       lay::field("Herramienta para el Eje :", f.cboHerramienta, 7),
-                                       entered("Nº Prisioneros", f.Text1(13)), lay::plain(f.chkAcopla), lay::gap())),
-        lay::space());
+        lay::field("Tipo", f.cboTipoPre),
+        lay::takeTurns(lay::field("Cadena", f.cboDobles), lay::row(lay::plain(f.cmdEng), lay::space())),
+        lay::takeTurns(lay::group(f.fraCre1, std::move(rack)), lay::group(c.fraDentado, std::move(plain))),
+        lay::group(c.fraEje, std::move(bore)), lay::space());
 }
 
 /// The fields of a sketch that has no drawing beside them, with their captions.
 template <std::size_t N>
 Layout sketchFields(const screen::ControlArray<TextBox>& boxes, const std::array<const char*, N>& captions) {
-    Layout fields = lay::grid(2);
+    Layout fields = lay::grid(1);
     for (std::size_t i = 0; i < N; ++i) {
         fields.children.push_back(calculated(captions[i], boxes(static_cast<int>(i))));
     }
@@ -189,16 +195,11 @@ struct MaterialFields {
     estimate::ComboBox& list;
     Button& prices;
     Layout sizes;
-    estimate::Label* process = nullptr;
 };
 
 Layout material(MaterialFields m) {
-    Layout all =
-        lay::column(lay::row(lay::field("Material", m.list).stretched(), lay::plain(m.prices)), std::move(m.sizes));
-    if (m.process != nullptr) {
-        all.children.push_back(lay::plain(*m.process));
-    }
-    return lay::group(m.frame, std::move(all));
+    return lay::group(m.frame, lay::column(lay::row(lay::field("Material", m.list).stretched(), lay::plain(m.prices)),
+                                           std::move(m.sizes)));
 }
 
 Layout materials(estimate::FieldMap& f, FormControls& c) {
@@ -216,17 +217,14 @@ Layout materials(estimate::FieldMap& f, FormControls& c) {
                             entered("Grosor", f.Text4(52)), amount("Corte", f.txtPesu(55)),           //
                             entered("Peso Valor", f.Text4(53)), amount("Importe", f.txtPesu(57)));
     return lay::column(
-        lay::takeTurns(
-            material({f.fraMatCre, f.cboMatCre, c.cmdHPrecios(2), std::move(rack)}),
-            lay::column(material({f.fraMatDisco, f.cboMatDisco, c.cmdHPrecios(0), std::move(disc), &f.lblDiscoProceso}),
-                        material({f.fraCubo, f.cboMatCubo, c.cmdHPrecios(1), std::move(hub), &f.lblCuboProceso}))),
-        lay::plain(f.chkFormulas), lay::space());
+        lay::takeTurns(material({f.fraMatCre, f.cboMatCre, c.cmdHPrecios(2), std::move(rack)}),
+                       lay::column(material({f.fraMatDisco, f.cboMatDisco, c.cmdHPrecios(0), std::move(disc)}),
+                                   material({f.fraCubo, f.cboMatCubo, c.cmdHPrecios(1), std::move(hub)}))),
+        lay::row(lay::plain(f.lblDiscoProceso), lay::space(), lay::plain(f.lblCuboProceso)), lay::space());
 }
 
 Layout amounts(estimate::FieldMap& f, FormControls& c) {
-    const auto amount = [](std::string caption, TextBox& box) {
-        return entered(std::move(caption), box, amountWidth).units("€");
-    };
+    const auto amount = [](std::string caption, TextBox& box) { return entered(std::move(caption), box, amountWidth); };
     return lay::group(
         c.fraImportes,
         lay::column(lay::grid(1, amount("Importe Material", f.txtPesu(7)), amount("Mano Obra", f.txtPesu(8)),
@@ -301,7 +299,7 @@ void frmBercialPiñones::arrange() {
         identity(f_, controls_),
         lay::row(typeAndToothing(f_, controls_), pictures(f_), materials(f_, controls_), amounts(f_, controls_)),
         lay::row(calculated("Peso Aprox. del Piñon", f_.txtPesu(17), amountWidth),
-                 lay::plain(f_.lblFormulaPeso).stretched()),
+                 lay::plain(f_.lblFormulaPeso).stretched(), lay::plain(f_.chkFormulas)),
         lay::row(notes(f_, controls_).stretched(1), history(f_, controls_).stretched(3)).stretched(),
         buttons(controls_)));
     setTabOrder(orderOfWork(f_, controls_));

@@ -1,31 +1,43 @@
 #include "velmora/shell/vmora.h"
 
+#include <string>
+
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 #include "velmora/shell/schema_upgrade.h"
 
 namespace velmora::shell {
 
-VMORA* gVMORA = nullptr;
+std::shared_ptr<VMORA::Given> gVMORA;
 
 namespace {
 
-/// The session of the instance made last, whichever instance was called.
+session::Session& sessionOf(const VMORA::Given& given) {
+    if (given.MyBd == nullptr) {
+        runtime::raise(runtime::objectNotSet);
+    }
+    return *given.MyBd;
+}
+
+/// The session of the instance made last, whichever instance was called and whether that one still lives.
 session::Session& currentSession() {
-    return gVMORA->MyBd();
+    return sessionOf(*gVMORA);
+}
+
+/// An operation whose window this version does not bring.
+[[noreturn]] void missingWindow(const char* window) {
+    throw runtime::RuntimeError(runtime::cannotCreateObject,
+                                std::string("Esta versión no incluye todavía la ventana de ") + window);
 }
 
 }  // namespace
 
 VMORA::VMORA(platform::Desk& desk) : desk_(desk) {
-    gVMORA = this;
+    gVMORA = given_;
 }
 
 session::Session& VMORA::MyBd() const {
-    if (myBd_ == nullptr) {
-        runtime::raise(runtime::objectNotSet);
-    }
-    return *myBd_;
+    return sessionOf(*given_);
 }
 
 void VMORA::jShow() {
@@ -38,7 +50,7 @@ void VMORA::jShow() {
 
 void VMORA::jShowParametros() {
     msActualizarPARDPI(currentSession().Connection(), desk_.screen);
-    runtime::raise(runtime::cannotCreateObject);
+    missingWindow("materiales");
 }
 
 void VMORA::jShowPropuesta(std::int32_t& nIdDpi) {
@@ -57,7 +69,7 @@ void VMORA::jPrintPropuesta(std::int32_t&, bool&) {}
 
 void VMORA::jShowSeguimiento() {
     msActualizarPARDPI(currentSession().Connection(), desk_.screen);
-    runtime::raise(runtime::cannotCreateObject);
+    missingWindow("seguimiento");
 }
 
 }  // namespace velmora::shell

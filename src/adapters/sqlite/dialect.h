@@ -20,6 +20,7 @@ struct Translation {
     std::vector<sql::Column> columns{};  ///< of the rows
     std::vector<Type> types{};           ///< of the columns
     std::string countStatement{};        ///< answers how many rows there are, without putting them in order
+    std::string laterRowsStatement{};    ///< the rows from a 0-based position on; empty when it has a TOP
 };
 
 /// Errors: DbError, provider::syntax, missingTable, conversion, truncation, constraint.

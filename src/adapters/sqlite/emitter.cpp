@@ -48,7 +48,8 @@ std::string_view nameOf(Kind kind) {
 }
 
 [[noreturn]] void refuseConversion(Kind from, Kind to) {
-    throwSyntax("Construcción no admitida: conversión de " + std::string(nameOf(from)) + " en " + std::string(nameOf(to)));
+    throwSyntax("Construcción no admitida: conversión de " + std::string(nameOf(from)) + " en " +
+                std::string(nameOf(to)));
 }
 
 [[noreturn]] void refuseLiteral(std::string_view literal, Kind to) {
@@ -83,7 +84,8 @@ Emitted toWhole(Emitted value, const Type& type) {
             return value.literal ? literalToWhole(*value.literal, type) : call("vm_whole", value, type);
         case Kind::real:
         case Kind::decimal: {
-            // int drops the decimals, numeric rounds them.
+            // Kept K-201: a number with decimals loses them on its way into an int and is rounded on its way into a
+            // numeric, as the server converts.
             const bool rounds = type.scale == 0;
             const std::string whole = rounds ? "vm_round(" + value.sql + ", 0)" : value.sql;
             return {.sql = "CAST(" + whole + " AS INTEGER)", .type = type};
@@ -197,7 +199,9 @@ Emitted toBit(Emitted value, const Type& type) {
     return {.sql = "(" + value.sql + " <> 0)", .type = type};
 }
 
-bool isText(const Emitted& value) { return value.type.kind == Kind::text; }
+bool isText(const Emitted& value) {
+    return value.type.kind == Kind::text;
+}
 
 /// A numeric without decimals divides like any numeric; an int drops what is left over.
 bool dividesWhole(const Type& type) {
@@ -243,7 +247,8 @@ const Output* outputNamed(const std::vector<Output>& outputs, std::string_view f
 }
 
 [[noreturn]] void refuseColumn(std::string_view name) {
-    throw sql::DbError(sql::provider::syntax, "La columna '" + std::string(name) + "' no existe.", {.sqlState = "42S22"});
+    throw sql::DbError(sql::provider::syntax, "La columna '" + std::string(name) + "' no existe.",
+                       {.sqlState = "42S22"});
 }
 
 const TableColumn& targetColumn(const Table& table, const std::string& name) {
@@ -303,7 +308,9 @@ std::string quotedText(std::string_view text) {
     return quoted += '\'';
 }
 
-std::string quotedTable(const Table& table) { return quotedName(table.schema) + "." + quotedName(table.name); }
+std::string quotedTable(const Table& table) {
+    return quotedName(table.schema) + "." + quotedName(table.name);
+}
 
 Kind common(Kind a, Kind b) {
     if (a > b) {
@@ -368,7 +375,8 @@ Emitted fitted(Emitted value, const TableColumn& column) {
             return value;
         }
         if (!value.literal) {
-            value.sql = "vm_fit(" + value.sql + ", " + std::to_string(column.type.length) + ", " + quotedText(column.name) + ")";
+            value.sql = "vm_fit(" + value.sql + ", " + std::to_string(column.type.length) + ", " +
+                        quotedText(column.name) + ")";
             value.storedColumn = false;
         } else if (runtime::Len(*value.literal) > column.type.length) {
             throwTruncation(column.name, column.type.length);
@@ -399,8 +407,8 @@ Emitted Emitter::value(const Expression& expression, const Scope& scope) {
             return literalToNumber(expression.text, {.kind = Kind::decimal, .scale = 0});
         case Form::decimal: {
             const auto point = expression.text.find('.');
-            return literalToNumber(expression.text,
-                                   {.kind = Kind::decimal, .scale = static_cast<int>(expression.text.size() - point - 1)});
+            return literalToNumber(expression.text, {.kind = Kind::decimal,
+                                                     .scale = static_cast<int>(expression.text.size() - point - 1)});
         }
         case Form::real:
             return literalToNumber(expression.text, {.kind = Kind::real});
@@ -564,7 +572,8 @@ Emitted Emitter::scalar(const Expression& expression, const Scope& scope) {
 std::string Emitter::condition(const Expression& expression, const Scope& scope) {
     switch (expression.form) {
         case Form::comparison:
-            return comparison(value(*expression.operands[0], scope), expression.text, value(*expression.operands[1], scope));
+            return comparison(value(*expression.operands[0], scope), expression.text,
+                              value(*expression.operands[1], scope));
         case Form::both:
         case Form::either: {
             std::string sql;
@@ -577,7 +586,8 @@ std::string Emitter::condition(const Expression& expression, const Scope& scope)
         case Form::no:
             return "(NOT " + condition(*expression.operands[0], scope) + ")";
         case Form::isNull:
-            return "(" + value(*expression.operands[0], scope).sql + (expression.negated ? " IS NOT NULL)" : " IS NULL)");
+            return "(" + value(*expression.operands[0], scope).sql +
+                   (expression.negated ? " IS NOT NULL)" : " IS NULL)");
         case Form::between:
             return between(expression, scope);
         case Form::inList:
@@ -702,6 +712,7 @@ std::vector<Output> Emitter::addItems(const Select& select, const Scope& scope, 
     };
     for (const Item& item : select.items) {
         if (item.value->form != Form::star) {
+            // Chosen C-202: a column that is worked out and has no alias has no name, as the server answers it.
             const bool unnamed = item.alias.empty() && item.value->form == Form::column;
             add(value(*item.value, scope), unnamed ? item.value->text : item.alias);
             continue;
@@ -803,7 +814,8 @@ Translation Emitter::insert(const Insert& insert) {
     sql += ") ";
     const auto checkCount = [&](std::size_t count) {
         if (count != targets.size()) {
-            throwSyntax("INSERT tiene " + std::to_string(targets.size()) + " columnas y " + std::to_string(count) + " valores");
+            throwSyntax("INSERT tiene " + std::to_string(targets.size()) + " columnas y " + std::to_string(count) +
+                        " valores");
         }
     };
     if (insert.select) {
@@ -840,7 +852,8 @@ Translation Emitter::update(const Update& update) {
         if (column.identity) {
             throwSyntax("La columna de identidad '" + column.name + "' no se puede modificar");
         }
-        sql += (first ? "" : ", ") + quotedName(column.name) + " = " + fitted(value(*assignment.value, scope), column).sql;
+        sql +=
+            (first ? "" : ", ") + quotedName(column.name) + " = " + fitted(value(*assignment.value, scope), column).sql;
         first = false;
     }
     if (update.where) {
@@ -871,6 +884,9 @@ Translation Emitter::statement(const StatementTree& tree) {
             EmittedSelect rows = emitter.select(*parsed, nullptr);
             Translation result;
             result.countStatement = "SELECT count(*) FROM (" + rows.sql.substr(0, rows.orderAt) + ")";
+            if (!parsed->top) {
+                result.laterRowsStatement = rows.sql + " LIMIT -1 OFFSET ?1";
+            }
             for (Output& output : rows.outputs) {
                 result.columns.push_back({std::move(output.name)});
                 result.types.push_back(std::move(output.type));

@@ -1,9 +1,11 @@
 #include "velmora/adapters/sqlite/row_source.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
 #include "velmora/adapters/sqlite/engine.h"
+#include "velmora/adapters/sqlite/errors.h"
 
 namespace velmora::sqlite {
 
@@ -12,11 +14,17 @@ namespace {
 class Rows final : public sql::RowSource, public Stream {
   public:
     Rows(std::shared_ptr<Engine> engine, std::shared_ptr<CachedStatement> cached)
-        : engine_(std::move(engine)), cached_(std::move(cached)) {
-        start();
-        fill();
-    }
+        : engine_(std::move(engine)), cached_(std::move(cached)) {}
     ~Rows() override { stop(); }
+
+    /// Reads the first rows; false when the engine found its tables changed by another process.
+    bool open() {
+        start();
+        const Statement& reading = *statement_;  // it outlives the reading: the cached statement takes it back
+        const int before = reading.timesPreparedAnew();
+        fill();
+        return reading.timesPreparedAnew() == before;
+    }
 
     const std::vector<sql::Column>& columns() const override { return cached_->translation.columns; }
 
@@ -24,17 +32,14 @@ class Rows final : public sql::RowSource, public Stream {
         if (inWindow(position)) {
             return true;
         }
-        if (count_) {
-            return position < *count_;
-        }
-        return fetch(position);
+        return !(count_ && position >= *count_) && fetch(position);
     }
 
     const sql::Row& row(std::size_t position) override {
-        if (!inWindow(position)) {
-            fetch(position);
+        if (!inWindow(position) && !fetch(position)) {
+            throw sql::DbError(sql::provider::failure, "La fila ya no está en el conjunto de registros.");
         }
-        return window_.at(position - first_);
+        return window_[position - first_];
     }
 
     std::size_t rowCount() override {
@@ -49,9 +54,10 @@ class Rows final : public sql::RowSource, public Stream {
     std::unique_ptr<sql::RowSource> reopen() const override { return engine_->openRows(cached_->text); }
 
     void park() override {
-        if (statement_) {
+        if (statement_ && begun_ == 0) {
             engine_->giveBack(*cached_, std::move(statement_));
         }
+        statement_.reset();
     }
 
   private:
@@ -59,8 +65,20 @@ class Rows final : public sql::RowSource, public Stream {
 
     void start() {
         statement_ = engine_->take(*cached_);
-        next_ = 0;
+        begun_ = next_ = 0;
         engine_->enter(*this);
+    }
+
+    /// Starts behind so many rows, which the engine passes over without working out their columns.
+    void startBehind(std::size_t rows) {
+        statement_ = engine_->prepare(cached_->translation.laterRowsStatement);
+        statement_->bind(1, static_cast<std::int64_t>(rows));
+        begun_ = next_ = rows;
+        engine_->enter(*this);
+    }
+
+    bool isWorthPassingOver(std::size_t rows) const {
+        return rows > 2 * windowRows && !cached_->translation.laterRowsStatement.empty();
     }
 
     void stop() {
@@ -74,11 +92,13 @@ class Rows final : public sql::RowSource, public Stream {
         const bool back = position < first_;
         const std::size_t before = back ? windowRows / 2 : windowRows / 4;
         const std::size_t wanted = position > before ? position - before : 0;
-        if (!statement_ || wanted < next_) {
-            if (!statement_ || position < next_) {
-                stop();
-                start();
-            }
+        const bool again = !statement_ || position < next_;
+        if (isWorthPassingOver(again ? wanted : wanted - std::min(wanted, next_))) {
+            stop();
+            startBehind(wanted);
+        } else if (again) {
+            stop();
+            start();
         }
         const std::size_t from = std::max(wanted, next_);
         while (next_ < from) {
@@ -90,14 +110,19 @@ class Rows final : public sql::RowSource, public Stream {
         return inWindow(position);
     }
 
-    bool step() {
+    bool step() try {
         if (!statement_->step()) {
-            count_ = next_;
+            if (begun_ == 0 || next_ > begun_) {
+                count_ = next_;
+            }
             stop();
             return false;
         }
         ++next_;
         return true;
+    } catch (const sql::DbError& error) {
+        stop();
+        throw withStatement(error, cached_->text);
     }
 
     /// Reads the next rows into the window, up to its bound.
@@ -107,7 +132,7 @@ class Rows final : public sql::RowSource, public Stream {
         while (rows.size() < windowRows && step()) {
             rows.push_back(current());
         }
-        if (!rows.empty() || first == 0) {
+        if (!rows.empty()) {
             window_ = std::move(rows);
             first_ = first;
         }
@@ -126,16 +151,18 @@ class Rows final : public sql::RowSource, public Stream {
     std::shared_ptr<Engine> engine_;
     std::shared_ptr<CachedStatement> cached_;
     std::unique_ptr<Statement> statement_;  ///< while it is being read
+    std::size_t begun_ = 0;                 ///< the position of the first row that it reads
     std::size_t next_ = 0;                  ///< the position that the next step reads
     std::size_t first_ = 0;                 ///< the position of the window's first row
     std::vector<sql::Row> window_;
-    std::optional<std::size_t> count_;      ///< once known
+    std::optional<std::size_t> count_;  ///< once known
 };
 
 }  // namespace
 
 std::unique_ptr<sql::RowSource> openRowSource(std::shared_ptr<Engine> engine, std::shared_ptr<CachedStatement> cached) {
-    return std::make_unique<Rows>(std::move(engine), std::move(cached));
+    auto rows = std::make_unique<Rows>(std::move(engine), std::move(cached));
+    return rows->open() ? std::move(rows) : nullptr;
 }
 
 }  // namespace velmora::sqlite

@@ -68,7 +68,7 @@ Table definedTable(std::string schema, const CreateTable& create) {
 std::string Emitter::columnDefinition(const ColumnDefinition& definition, bool key) {
     const std::string column = quotedName(definition.name);
     if (definition.identity) {
-        // A key of the engine's own, which it never gives out a second time.
+        // Chosen C-065: a key of the engine's own, which it never gives out a second time, not even after a delete.
         return column + " INTEGER PRIMARY KEY AUTOINCREMENT";
     }
     std::string sql = column + " " + definition.type.name;
@@ -81,7 +81,8 @@ std::string Emitter::columnDefinition(const ColumnDefinition& definition, bool k
     if (definition.defaultValue) {
         const TableColumn target{definition.name, definition.type};
         const Emitted given = fitted(value(*definition.defaultValue, Scope{}), target);
-        sql += given.literal || given.type.kind == Kind::null ? " DEFAULT " + given.sql : " DEFAULT (" + given.sql + ")";
+        sql +=
+            given.literal || given.type.kind == Kind::null ? " DEFAULT " + given.sql : " DEFAULT (" + given.sql + ")";
     }
     return sql + checks(definition);
 }
@@ -91,7 +92,8 @@ Translation Emitter::createTable(const CreateTable& create) {
     const auto identity = std::find_if(create.columns.begin(), create.columns.end(),
                                        [](const ColumnDefinition& column) { return column.identity; });
     const bool hasIdentity = identity != create.columns.end();
-    if (hasIdentity && std::any_of(identity + 1, create.columns.end(), [](const auto& column) { return column.identity; })) {
+    if (hasIdentity &&
+        std::any_of(identity + 1, create.columns.end(), [](const auto& column) { return column.identity; })) {
         throwSyntax("Una tabla tiene una sola columna de identidad");
     }
     std::vector<KeyDefinition> keys;
@@ -150,13 +152,13 @@ Translation Emitter::addColumns(const AddColumns& add) {
 }
 
 Translation Emitter::addKey(const AddKey& add) {
-    // The engine cannot give a table a primary key later: a unique index by the key's name does its work.
+    // Chosen C-203: the engine cannot give a table a primary key later: a unique index by the key's name does its work.
     const auto table = catalog_.table(add.table);
     if (add.key.name.empty()) {
         throwSyntax("Construcción no admitida: ALTER TABLE … ADD de una clave sin nombre");
     }
-    return schemaChange("CREATE UNIQUE INDEX " + indexName(*table, add.key.name) + " ON " + quotedName(table->name) + " (" +
-                        columnList(*table, add.key.columns) + ")");
+    return schemaChange("CREATE UNIQUE INDEX " + indexName(*table, add.key.name) + " ON " + quotedName(table->name) +
+                        " (" + columnList(*table, add.key.columns) + ")");
 }
 
 Translation Emitter::dropColumn(const DropColumn& drop) {
@@ -172,10 +174,11 @@ Translation Emitter::createIndex(const CreateIndex& create) {
     const auto table = catalog_.table(create.table);
     std::string columns;
     for (const OrderItem& column : create.columns) {
-        columns += (columns.empty() ? "" : ", ") + columnList(*table, {column.value->text}) + (column.descending ? " DESC" : "");
+        columns += (columns.empty() ? "" : ", ") + columnList(*table, {column.value->text}) +
+                   (column.descending ? " DESC" : "");
     }
-    return schemaChange(std::string(create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + indexName(*table, create.name) +
-                        " ON " + quotedName(table->name) + " (" + columns + ")");
+    return schemaChange(std::string(create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
+                        indexName(*table, create.name) + " ON " + quotedName(table->name) + " (" + columns + ")");
 }
 
 Translation Emitter::dropIndex(const DropIndex& drop) {
@@ -183,6 +186,8 @@ Translation Emitter::dropIndex(const DropIndex& drop) {
 }
 
 Translation Emitter::allowGivenKeys(const AllowGivenKeys& allow) {
+    // Chosen C-204: a key that an INSERT gives is taken at any time, where the server wants this statement before; rows
+    // of another database come in by the same text either way.
     catalog_.table(allow.table);
     return Translation{.answer = Answer::changes};
 }

@@ -18,6 +18,8 @@ class Statement {
     /// `kept` tells the engine that the statement will be run again and again. Errors: DbError.
     Statement(sqlite3* database, std::string_view sql, bool kept);
 
+    /// Gives its 1-based parameter a value.
+    void bind(int parameter, std::int64_t value);
     /// To the next row; false behind the last one. Errors: DbError, and the statement is at its start again.
     bool step();
     /// Back to the start; lets go of what it holds of the database.

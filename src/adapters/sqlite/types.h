@@ -17,7 +17,7 @@ enum class Kind {
     whole,    ///< int and its sisters, and numeric without decimals
     decimal,  ///< numeric with decimals, money: stored as a double
     real,     ///< float
-    date,     ///< datetime: stored as text, YYYY-MM-DD HH:MM:SS
+    date,     ///< datetime: stored as text, YYYY-MM-DD HH:MM:SS. Chosen C-207: to the second, thousandths are dropped
 };
 
 inline constexpr std::size_t unlimited = static_cast<std::size_t>(-1);

@@ -1,0 +1,123 @@
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <optional>
+
+#include <gmock/gmock.h>
+
+#include "qt_bench.h"
+
+namespace velmora::testing {
+namespace {
+
+using screen::Answer;
+using screen::Buttons;
+using screen::MessageBox;
+
+class Boxes : public QtBench {
+  protected:
+    Answer askWithKey(const MessageBox& box, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        whenBoxOpens([=](QWidget& shown) { QTest::keyClick(&shown, key, modifiers); });
+        return screen_->show(box);
+    }
+
+    screen::SearchWindow customers() const {
+        std::vector<sql::Row> rows;
+        for (const char* name : {"Talleres Ibáñez", "Ñandú Hermanos", "IBAÑEZ e Hijos", "Nervión"}) {
+            rows.push_back({static_cast<int>(rows.size()) + 1, static_cast<int>(rows.size()) + 1000, name});
+        }
+        return {.title = "Buscar clientes",
+                .searchColumn = "cli_nom",
+                .firstCaption = "Codigo",
+                .secondCaption = "Nombre",
+                .firstWidth = 600,
+                .secondWidth = 6000,
+                .rows = sql::Recordset(sql::rowsInMemory({{"CLI_ID"}, {"CLI_COD"}, {"CLI_NOM"}}, rows))};
+    }
+};
+
+const MessageBox question{.text = "¿Seguro?", .icon = screen::Icon::question, .buttons = Buttons::yesNoCancel};
+const MessageBox yesNo{.text = "¿Seguro?", .icon = screen::Icon::question, .buttons = Buttons::yesNo};
+
+TEST_F(Boxes, EnterPressesTheDefaultButton) {
+    EXPECT_EQ(askWithKey(question, Qt::Key_Return), Answer::yes);
+    MessageBox second = question;
+    second.defaultButton = 2;
+    EXPECT_EQ(askWithKey(second, Qt::Key_Return), Answer::no);
+    EXPECT_EQ(askWithKey({.text = "Hecho"}, Qt::Key_Return), Answer::ok);
+}
+
+TEST_F(Boxes, EscTakesTheMildestAnswer) {
+    EXPECT_EQ(askWithKey(question, Qt::Key_Escape), Answer::cancel);
+    EXPECT_EQ(askWithKey(yesNo, Qt::Key_Escape), Answer::no);
+    EXPECT_EQ(askWithKey({.text = "Hecho"}, Qt::Key_Escape), Answer::ok);
+}
+
+TEST_F(Boxes, LettersAnswerWithAltAndWithout) {
+    EXPECT_EQ(askWithKey(question, Qt::Key_S), Answer::yes);
+    EXPECT_EQ(askWithKey(question, Qt::Key_N), Answer::no);
+    EXPECT_EQ(askWithKey(question, Qt::Key_C), Answer::cancel);
+    EXPECT_EQ(askWithKey(question, Qt::Key_N, Qt::AltModifier), Answer::no);
+}
+
+TEST_F(Boxes, ButtonsAndIconsAreAsAsked) {
+    whenBoxOpens([](QWidget& shown) {
+        auto& box = dynamic_cast<QMessageBox&>(shown);
+        QStringList captions;
+        for (const QPushButton* button : box.findChildren<QPushButton*>()) {
+            captions.append(button->text());
+        }
+        captions.sort();
+        EXPECT_EQ(captions, (QStringList{"&Cancelar", "&No", "&Sí"}));
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        EXPECT_EQ(box.text(), "¿Seguro?");
+        QTest::keyClick(&shown, Qt::Key_Escape);
+    });
+    screen_->show(question);
+}
+
+TEST_F(Boxes, SearchFiltersAsTheUserTypesByCaseNotByAccent) {
+    whenBoxOpens([](QWidget& window) {
+        window.findChild<QLineEdit*>()->insert("ibañez");
+        QTest::keyClick(window.findChild<QLineEdit*>(), Qt::Key_Return);
+    });
+    // "Ibáñez" bears an accent that was not typed; the next one does not.
+    EXPECT_EQ(screen_->search(customers()), std::optional<std::size_t>(2));
+}
+
+TEST_F(Boxes, ArrowKeysMoveInTheListWhileTheBoxKeepsTheKeyboard) {
+    whenBoxOpens([](QWidget& window) {
+        auto* box = window.findChild<QLineEdit*>();
+        QTest::keyClick(box, Qt::Key_Down);
+        QTest::keyClick(box, Qt::Key_Down);
+        QTest::keyClick(box, Qt::Key_Up);
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(screen_->search(customers()), std::optional<std::size_t>(1));
+}
+
+TEST_F(Boxes, EscLeavesTheSearchWithoutAChoice) {
+    whenBoxOpens([](QWidget& window) { QTest::keyClick(window.findChild<QLineEdit*>(), Qt::Key_Escape); });
+    EXPECT_EQ(screen_->search(customers()), std::nullopt);
+}
+
+TEST_F(Boxes, AFilterThatNothingHoldsChoosesNothing) {
+    whenBoxOpens([](QWidget& window) {
+        auto* box = window.findChild<QLineEdit*>();
+        QTest::keyClicks(box, "zzz");
+        QTest::keyClick(box, Qt::Key_Return);
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(screen_->search(customers()), std::nullopt);
+}
+
+TEST(ErrorBox, TellsAProvidersNumberInBothForms) {
+    const auto error =
+        std::make_exception_ptr(runtime::RuntimeError(static_cast<int>(0x80040E37u), "No existe la tabla"));
+    const MessageBox box = qt::errorBox(error);
+    EXPECT_EQ(box.icon, screen::Icon::critical);
+    EXPECT_EQ(box.text, "Error -2147217865 (80040E37)\n\nNo existe la tabla");
+}
+
+}  // namespace
+}  // namespace velmora::testing

@@ -1,0 +1,88 @@
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include "velmora/adapters/qt/sketch_painter.h"
+
+#include "qt_bench.h"
+
+namespace velmora::testing {
+namespace {
+
+using screen::Dimension;
+using screen::Drawing;
+using screen::Fill;
+using screen::Path;
+using screen::Pen;
+
+class SketchPainting : public QtBench {
+  protected:
+    static QImage paint(const Drawing& drawing, const qt::LabelTexts& labels, QSize size) {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        qt::SketchPainter(painter, drawing, labels).paint(QRectF(QPointF(), QSizeF(size)));
+        return image;
+    }
+    static QRect inked(const QImage& image) {
+        QRect all;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) != QColor(Qt::white)) {
+                    all |= QRect(x, y, 1, 1);
+                }
+            }
+        }
+        return all;
+    }
+    static Drawing box(double width, double height) {
+        Drawing drawing;
+        drawing.shapes.emplace_back(Path{.points = {{0, 0}, {width, 0}, {width, height}, {0, height}}, .closed = true});
+        return drawing;
+    }
+};
+
+TEST_F(SketchPainting, ThePieceFillsTheCanvasAndKeepsItsProportions) {
+    for (const double millimetres : {0.5, 1.0, 3.0}) {
+        const QRect ink = inked(paint(box(200 * millimetres, 100 * millimetres), {}, {420, 400}));
+        EXPECT_NEAR(ink.width(), 400, 6);
+        EXPECT_NEAR(ink.height(), 200, 6);
+        EXPECT_NEAR(ink.center().y(), 200, 3);
+    }
+}
+
+TEST_F(SketchPainting, YGoesUp) {
+    Drawing drawing = box(100, 100);
+    drawing.shapes.emplace_back(
+        Path{.points = {{10, 60}, {90, 60}, {90, 90}, {10, 90}}, .closed = true, .fill = Fill::solid});
+    const QImage image = paint(drawing, {}, {400, 400});
+    EXPECT_NE(image.pixelColor(200, 100), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(200, 300), QColor(Qt::white));
+}
+
+TEST_F(SketchPainting, APlaceWithoutALabelHasNoDimension) {
+    Drawing drawing = box(100, 50);
+    const QRect plain = inked(paint(drawing, {}, {400, 400}));
+    drawing.shapes.emplace_back(Dimension{{0, 50}, {100, 50}, 20, 3});
+    EXPECT_EQ(inked(paint(drawing, {}, {400, 400})), plain);
+    const QRect measured = inked(paint(drawing, {{3, "Ancho 100"}}, {400, 400}));
+    EXPECT_GT(measured.height(), measured.width() / 2 + 20);
+}
+
+TEST_F(SketchPainting, ALongTextStaysOnTheCanvas) {
+    Drawing drawing = box(10, 60);
+    drawing.shapes.emplace_back(Dimension{{10, 60}, {10, 0}, 5, 0});
+    drawing.shapes.emplace_back(Dimension{{0, 60}, {10, 60}, 5, 1});
+    const QImage image =
+        paint(drawing, {{0, "Diametro exterior 1.234,56"}, {1, "LLanta 10 con un texto largo"}}, {300, 260});
+    const QRect ink = inked(image);
+    EXPECT_TRUE(image.rect().adjusted(2, 2, -2, -2).contains(ink));
+}
+
+TEST_F(SketchPainting, AnEmptyDrawingPaintsNothing) {
+    EXPECT_TRUE(inked(paint({}, {}, {200, 200})).isEmpty());
+}
+
+}  // namespace
+}  // namespace velmora::testing

@@ -1,0 +1,61 @@
+#include <QMenu>
+#include <QPushButton>
+
+#include <gmock/gmock.h>
+
+#include "qt_bench.h"
+
+namespace velmora::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+class ToolbarForm : public screen::Form {
+  public:
+    ToolbarForm() : Form("frmToolbar") {
+        bar.setItems({{"Nuevo documento", {{"FICHERO", "Fichero existente"}, {"ESCANER", "Escaner"}}},
+                      {"", {}},
+                      {"Visualizar documento", {}}});
+        bar.onButtonClick = [this](int number) { log.push_back("button " + std::to_string(number)); };
+        bar.onMenuClick = [this](const std::string& key) { log.push_back("menu " + key); };
+        box.onLostFocus = [this] { log.push_back("lost box"); };
+        setLayout(screen::layout::column(screen::layout::plain(bar), screen::layout::field("Texto", box)));
+        setTabOrder({&box});
+    }
+    screen::Toolbar bar{*this, "Toolbar1"};
+    screen::TextBox box{*this, "box"};
+    std::vector<std::string> log;
+};
+
+class Toolbars : public QtBench {
+  protected:
+    QPushButton& button(const QString& caption) const {
+        for (QPushButton* candidate : widgetOf(form.bar).findChildren<QPushButton*>()) {
+            if (candidate->text() == caption) {
+                return *candidate;
+            }
+        }
+        throw std::logic_error("no such button");
+    }
+    ToolbarForm form;
+};
+
+TEST_F(Toolbars, SeparatorsCountAndTheFocusMovesFirst) {
+    play(form, [&] {
+        QTest::mouseClick(&button("Visualizar documento"), Qt::LeftButton);
+        EXPECT_THAT(form.log, ElementsAre("lost box", "button 3"));
+    });
+}
+
+TEST_F(Toolbars, AMenuTellsTheKeyOfItsItemAndTheButtonNothing) {
+    play(form, [&] {
+        QMenu* menu = button("Nuevo documento").menu();
+        ASSERT_NE(menu, nullptr);
+        ASSERT_EQ(menu->actions().size(), 2);
+        menu->actions().at(1)->trigger();
+        EXPECT_THAT(form.log, ElementsAre("lost box", "menu ESCANER"));
+    });
+}
+
+}  // namespace
+}  // namespace velmora::testing

@@ -1,0 +1,45 @@
+#include "velmora/apps/desktop/options.h"
+
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace velmora::desktop {
+namespace {
+
+std::variant<Options, int> read(std::vector<const char*> arguments) {
+    arguments.insert(arguments.begin(), "velmora");
+    return readOptions(static_cast<int>(arguments.size()), arguments.data());
+}
+
+TEST(DesktopOptions, WithoutAnyTheStartWindowOpensOnTheUsersDatabase) {
+    const auto options = std::get<Options>(read({}));
+    EXPECT_EQ(options.opening, Opening::start);
+    EXPECT_TRUE(options.database.empty());
+    EXPECT_TRUE(options.pictures.empty());
+}
+
+TEST(DesktopOptions, EachWindowHasItsName) {
+    EXPECT_EQ(std::get<Options>(read({"--open", "propuestas"})).opening, Opening::proposals);
+    EXPECT_EQ(std::get<Options>(read({"--open", "seguimiento"})).opening, Opening::tracking);
+    EXPECT_EQ(std::get<Options>(read({"--open", "parametros"})).opening, Opening::parameters);
+    const auto one = std::get<Options>(read({"--open", "propuesta=1240", "--db", "taller.db"}));
+    EXPECT_EQ(one.opening, Opening::proposal);
+    EXPECT_EQ(one.proposal, 1240);
+    EXPECT_EQ(one.database, "taller.db");
+}
+
+TEST(DesktopOptions, WhatNoWindowIsCalledIsRefused) {
+    for (const char* wrong : {"clientes", "propuesta", "propuesta=", "propuesta=0", "propuesta=12x", ""}) {
+        const auto result = read({"--open", wrong});
+        ASSERT_TRUE(std::holds_alternative<int>(result)) << wrong;
+        EXPECT_NE(std::get<int>(result), 0) << wrong;
+    }
+}
+
+TEST(DesktopOptions, HelpEndsTheProgramWell) {
+    EXPECT_EQ(std::get<int>(read({"--help"})), 0);
+}
+
+}  // namespace
+}  // namespace velmora::desktop
