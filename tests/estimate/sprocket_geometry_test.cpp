@@ -271,6 +271,14 @@ TEST_F(SprocketGeometryTest, LeavingTheHubWidthCutsASmallPieceByTheNewTotal) {
     EXPECT_EQ(fields().Text4(0).text(), "39,00");
 }
 
+TEST_F(SprocketGeometryTest, LeavingTheHubWidthCutsAPieceOfExactlyTheLimitToo) {
+    enterToothing("12,7", "7,75", "29", "3,6");
+    EXPECT_EQ(text(15), "120");
+    enter(measure(10), "30");
+    leave();
+    EXPECT_EQ(fields().Text4(0).text(), "39,00");
+}
+
 TEST_F(SprocketGeometryTest, LeavingTheHubWidthOfALargePieceLeavesTheThickness) {
     enterLargeSprocket();
     enter(measure(10), "30");
