@@ -304,22 +304,22 @@ TEST_F(SprocketGeometryTest, TheSecondHubsWidthGivesAVariableSprocketItsTotal) {
     EXPECT_EQ(text(17), "35");
 }
 
-TEST_F(SprocketGeometryTest, TheSecondHubsWidthLeavesTheThicknessOfASmallVariablePulley) {
+TEST_F(SprocketGeometryTest, TheSecondHubsWidthCutsASmallVariablePulleyWithNoTotal) {
     chooseType(11);
     enterSmallSprocket();
     fields().Text4(0).setText("12");
     enter(measure(14), "5");
     leave();
-    EXPECT_EQ(fields().Text4(0).text(), "12");
+    EXPECT_EQ(fields().Text4(0).text(), "3,00");
 }
 
-TEST_F(SprocketGeometryTest, TheTailOfTheHubWidthWouldHaveCutThatPulley) {
+TEST_F(SprocketGeometryTest, TheSecondHubsWidthLeavesTheThicknessOfALargeVariablePulley) {
     chooseType(11);
-    enterSmallSprocket();
+    fields().Text1(15).setText("200");
     fields().Text4(0).setText("12");
-    enter(measure(10), "5");
+    enter(measure(14), "5");
     leave();
-    EXPECT_NE(fields().Text4(0).text(), "12");
+    EXPECT_EQ(fields().Text4(0).text(), "12");
 }
 
 TEST_F(SprocketGeometryTest, AGearsFieldsOnlyTakeTheMask) {
