@@ -4,6 +4,7 @@
 #include <span>
 
 #include "velmora/data/demo_rows.h"
+#include "velmora/data/indexes.h"
 #include "velmora/data/schema.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/text.h"
@@ -134,7 +135,10 @@ std::vector<std::string> demoStatements(runtime::Date now) {
 }
 
 void createDatabase(sql::Connection& connection) {
-    runAll(connection, newDatabaseStatements(connection.currentCatalog()));
+    std::vector<std::string> statements = newDatabaseStatements(connection.currentCatalog());
+    const std::vector<std::string> indexed = indexStatements();
+    statements.insert(statements.end(), indexed.begin(), indexed.end());
+    runAll(connection, statements);
 }
 
 void fillDemo(sql::Connection& connection, runtime::Date now) {
