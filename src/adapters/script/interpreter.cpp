@@ -75,7 +75,8 @@ bool onOff(std::string_view text) {
     return valueNamed(states, text);
 }
 
-/// The index of an entry: a bare whole number is the index itself, all else the entry's text. None: not in the list.
+/// The index of an entry. None: not in the list.
+// Chosen C-261: a bare whole number is the index, everything else the text of an entry, so that "12" can be either.
 std::optional<int> entryOf(const ComboBox& list, const Argument& entry) {
     if (const auto index = wholeNumber(entry.text); index && !entry.quoted) {
         return index;
@@ -154,8 +155,8 @@ bool holds(const State& state, std::string_view wanted) {
 
 }  // namespace
 
-Interpreter::Interpreter(Stage stage, ScriptReader& reader, std::ostream& faults)
-    : stage_(stage), reader_(reader), faults_(faults), user_(stage.journal) {
+Interpreter::Interpreter(Stage stage, ScriptReader& reader, Tell tell)
+    : stage_(stage), reader_(reader), tell_(std::move(tell)), user_(stage.journal) {
     stage_.screen.onIdle([this] { return playNext(); });
 }
 
@@ -200,7 +201,7 @@ Status Interpreter::run() {
         while (playNext()) {
         }
     } catch (const Ending& ending) {
-        faults_ << "line " << runtime::CStr(std::int64_t{reader_.line()}) << ": " << ending.what() << '\n';
+        tell_("line " + runtime::CStr(std::int64_t{reader_.line()}) + ": " + ending.what());
         return ending.status();
     }
     return checkFailed_ ? Status::checkFailed : Status::ok;
@@ -296,7 +297,8 @@ void Interpreter::choose(const Command& command) {
     auto& list = kindOf<ComboBox>(control(command.arguments[0].text), "list");
     const Argument& wanted = command.arguments[1];
     must(command, list, [&] {
-        const std::optional<int> entry = entryOf(list, wanted);
+        // Coming here may fill the list anew: the entry is looked up once the focus has arrived.
+        const std::optional<int> entry = user_.focus(list) ? entryOf(list, wanted) : std::nullopt;
         return entry && user_.choose(list, *entry);
     });
 }
@@ -353,6 +355,7 @@ void Interpreter::cell(const Command& command) {
     must(command, grid, [&] { return user_.pressCell(grid, column); });
 }
 
+// Chosen C-262: like `key`, and unlike the other deeds, it leaves the focus where it is.
 void Interpreter::gridKey(const Command& command) {
     auto& grid = kindOf<DataGrid>(control(command.arguments[0].text), "grid");
     const Key wanted = keyNamed(command.arguments[1].text);
@@ -473,8 +476,8 @@ State Interpreter::stateNamed(std::string_view name) const {
 }
 
 void Interpreter::must(const Command& command, Control& control, const std::function<bool()>& deed) {
-    // A form beneath another takes nothing from the user, as with any modal window.
-    const std::string name = control.fullName();
+    // Chosen C-260: the controls of a form beneath another can be read and refuse every deed, as with any modal window.
+    const std::string& name = command.arguments[0].text;
     if (&control.form() == &top() && deed()) {
         return;
     }

@@ -155,15 +155,14 @@ std::shared_ptr<CachedStatement> Engine::translated(std::string_view text) {
 }
 
 std::unique_ptr<sql::RowSource> Engine::rowsOf(const std::shared_ptr<CachedStatement>& cached) {
-    const int before = cached->idle ? cached->idle->timesPreparedAnew() : 0;
-    auto rows = openRowSource(shared_from_this(), cached);
-    if (!cached->idle || cached->idle->timesPreparedAnew() == before) {
-        return rows;
+    for (std::shared_ptr<CachedStatement> current = cached;;) {
+        if (auto rows = openRowSource(shared_from_this(), current)) {
+            return rows;
+        }
+        // The tables are no longer what they were when `*` was written out.
+        forget();
+        current = translated(std::string(current->text));
     }
-    // The tables are no longer what they were when `*` was written out.
-    rows.reset();
-    forget();
-    return openRowSource(shared_from_this(), translated(std::string(cached->text)));
 }
 
 void Engine::runChange(CachedStatement& cached) {

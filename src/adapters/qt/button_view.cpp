@@ -1,0 +1,44 @@
+#include "velmora/adapters/qt/button_view.h"
+
+#include "velmora/adapters/qt/text.h"
+
+namespace velmora::qt {
+
+ButtonView::ButtonView(ViewHost& host, screen::Button& button, QWidget* parent)
+    : ControlView(host, button), button_(button), push_(new QPushButton(parent)) {
+    push_->setFocusPolicy(Qt::TabFocus);
+    push_->setAutoDefault(false);
+    push_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    connect(push_, &QPushButton::clicked, this, [this] { clicked(); });
+}
+
+void ButtonView::update(screen::Property property) {
+    if (property == screen::Property::caption) {
+        push_->setText(toQt(button_.caption()));
+    } else {
+        ControlView::update(property);
+    }
+}
+
+void ButtonView::updateAll() {
+    ControlView::updateAll();
+    update(screen::Property::caption);
+}
+
+bool ButtonView::key(const KeyStroke& stroke) {
+    if (stroke.key == screen::Key::enter) {
+        button_.onClick();
+        return true;
+    }
+    return stroke.character != U' ';
+}
+
+void ButtonView::clicked() {
+    host().feed([this] {
+        if (host().bringFocus(button_)) {
+            button_.onClick();
+        }
+    });
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,350 @@
+#include "velmora/adapters/qt/form_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "velmora/adapters/qt/layout_nature.h"
+#include "velmora/adapters/qt/qt_screen.h"
+#include "velmora/adapters/qt/sketch_view.h"
+#include "velmora/adapters/qt/text.h"
+#include "velmora/adapters/qt/theme.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr QSize workingSize{1280, 800};
+constexpr int titleBarRoom = 32;
+
+bool standsIn(const screen::Control& control, const screen::Frame& frame) {
+    for (const screen::Frame* f = control.frame(); f != nullptr; f = f->frame()) {
+        if (f == &frame) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(QtScreen& screen, screen::Form& form, QWidget* parent)
+    : QWidget(parent, Qt::Window), screen_(screen), form_(form) {
+    setWindowModality(Qt::ApplicationModal);
+    setFocusPolicy(Qt::ClickFocus);
+    setWindowTitle(toQt(form.caption()));
+    build();
+    form_.addObserver(*this);
+}
+
+FormWindow::~FormWindow() {
+    form_.removeObserver(*this);
+}
+
+void FormWindow::build() {
+    content_ = new QWidget;
+    LayoutBuilder builder(*this, *content_);
+    QLayout* layout = builder.build(form_.layout());
+    layout->setContentsMargins(theme::group, theme::group, theme::group, theme::group);
+    content_->setLayout(layout);
+    views_ = builder.takeViews();
+    turns_ = builder.takeTurns();
+
+    auto* scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(content_);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(scroll);
+    connectViews();
+}
+
+void FormWindow::connectViews() {
+    for (const auto& view : views_) {
+        viewByControl_.emplace(&view->control(), view.get());
+        for (QWidget* input : view->inputs()) {
+            viewByWidget_.emplace(input, view.get());
+            input->installEventFilter(this);
+        }
+        if (auto* sketch = dynamic_cast<SketchView*>(view.get())) {
+            for (const screen::Sketch::PlacedLabel& label : sketch->sketch().labels()) {
+                sketchesByLabel_[label.box].push_back(sketch);
+            }
+        }
+        view->updateAll();
+    }
+    for (const Turn& turn : turns_) {
+        turn.update();
+    }
+}
+
+ControlView* FormWindow::viewOf(const screen::Control& control) const {
+    const auto found = viewByControl_.find(&control);
+    return found == viewByControl_.end() ? nullptr : found->second;
+}
+
+QSize FormWindow::openingSize() const {
+    const QSize room = QWidget::screen()->availableSize() - QSize(0, titleBarRoom);
+    const bool large = growsDownward(form_.layout());
+    QSize size = content_->sizeHint();
+    if (large && (size.width() > workingSize.width() * 3 / 4 || size.height() > workingSize.height() * 3 / 4)) {
+        size = size.expandedTo(workingSize);
+    }
+    return size.boundedTo(room);
+}
+
+void FormWindow::runModal() {
+    if (form_.isUnloaded()) {
+        return;
+    }
+    resize(openingSize());
+    show();
+    activateWindow();
+    QEventLoop loop;
+    loop_ = &loop;
+    feed([this] { form_.activate(); });
+    if (!form_.isUnloaded()) {
+        loop.exec();
+    }
+    loop_ = nullptr;
+    hide();
+}
+
+// --- What the model tells -------------------------------------------------------------------------------------
+
+void FormWindow::controlChanged(screen::Control& control, screen::Property property) {
+    if (ControlView* view = viewOf(control)) {
+        view->update(property);
+    }
+    if (const auto sketches = sketchesByLabel_.find(&control); sketches != sketchesByLabel_.end()) {
+        for (SketchView* sketch : sketches->second) {
+            sketch->labelChanged();
+        }
+    }
+    if (const auto* frame = dynamic_cast<const screen::Frame*>(&control)) {
+        frameChanged(*frame, property);
+    }
+    if (property == screen::Property::visible) {
+        for (const Turn& turn : turns_) {
+            turn.update();
+        }
+    }
+}
+
+void FormWindow::frameChanged(const screen::Frame& frame, screen::Property property) {
+    if (property != screen::Property::visible && property != screen::Property::enabled) {
+        return;
+    }
+    for (const auto& view : views_) {
+        if (standsIn(view->control(), frame)) {
+            view->update(property);
+        }
+    }
+}
+
+void FormWindow::formChanged() {
+    setWindowTitle(toQt(form_.caption()));
+    if (form_.isUnloaded() && loop_ != nullptr) {
+        loop_->quit();
+    }
+}
+
+void FormWindow::focusMoved(screen::Control* control) {
+    ControlView* next = control != nullptr ? viewOf(*control) : nullptr;
+    ControlView* last = std::exchange(focused_, next);
+    if (last != nullptr) {
+        last->focusLeft();
+        left_.push_back(last);
+    }
+    syncFocus();
+    if (next != nullptr) {
+        next->focusGained();
+    }
+}
+
+// --- What the user does ---------------------------------------------------------------------------------------
+
+void FormWindow::guarded(const std::function<void()>& action) {
+    std::exception_ptr error;
+    try {
+        action();
+    } catch (...) {
+        error = std::current_exception();
+    }
+    if (error) {
+        screen_.showError(error);
+    }
+}
+
+void FormWindow::feed(const std::function<void()>& action) {
+    ++depth_;
+    guarded(action);
+    --depth_;
+    if (depth_ == 0) {
+        settle();
+    }
+}
+
+bool FormWindow::bringFocus(screen::Control& control) {
+    form_.moveFocus(control);
+    return form_.activeControl() == &control && control.canTakeFocus();
+}
+
+bool FormWindow::acceptsInput() const {
+    return form_.enabled() && !form_.isUnloaded();
+}
+
+void FormWindow::reportLater(std::exception_ptr error) {
+    QTimer::singleShot(0, this, [this, error] { screen_.showError(error); });
+}
+
+// After an action, and all that it set off: what fields that were left have still to tell, and the keyboard where the
+// model has it.
+void FormWindow::settle() {
+    ++depth_;
+    finishLeftViews();
+    leaveUnusableControl();
+    --depth_;
+    syncFocus();
+}
+
+void FormWindow::finishLeftViews() {
+    for (ControlView* view : std::exchange(left_, {})) {
+        guarded([&] { view->finish(); });
+    }
+}
+
+// A control that was disabled or hidden while it had the focus gives it on.
+void FormWindow::leaveUnusableControl() {
+    const screen::Control* active = form_.activeControl();
+    if (active != nullptr && acceptsInput() && !active->canTakeFocus()) {
+        guarded([this] { form_.tabForward(); });
+    }
+}
+
+void FormWindow::syncFocus() {
+    if (QApplication::activePopupWidget() != nullptr) {
+        return;
+    }
+    QWidget* target = focused_ != nullptr && focused_->focusTarget().isEnabled() ? &focused_->focusTarget() : this;
+    syncing_ = true;
+    if (focusWidget() != target || !target->hasFocus()) {
+        target->setFocus(Qt::OtherFocusReason);
+    }
+    syncing_ = false;
+}
+
+bool FormWindow::focusNextPrevChild(bool) {
+    return false;
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+    const auto found = viewByWidget_.find(watched);
+    if (found == viewByWidget_.end()) {
+        return QWidget::eventFilter(watched, event);
+    }
+    ControlView& view = *found->second;
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            return handleKey(&view, static_cast<QKeyEvent&>(*event)) || view.otherEvent(*event);
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            return handlePress(view, *event);
+        case QEvent::FocusIn:
+            handleForeignFocus(view, static_cast<QFocusEvent*>(event)->reason());
+            return false;
+        case QEvent::ContextMenu:
+        case QEvent::Wheel:
+        case QEvent::Drop:
+        case QEvent::InputMethod:
+            return !acceptsInput() || view.otherEvent(*event);
+        default:
+            return false;
+    }
+}
+
+bool FormWindow::handlePress(ControlView& view, QEvent& event) {
+    if (!acceptsInput()) {
+        return true;
+    }
+    if (view.actsOnClick()) {
+        return false;
+    }
+    screen::Control& control = view.control();
+    const bool hadFocus = form_.activeControl() == &control;
+    const int boxesBefore = screen_.boxesShown();
+    bool arrived = false;
+    feed([&] { arrived = bringFocus(control); });
+    if (!arrived || form_.activeControl() != &control || screen_.boxesShown() != boxesBefore) {
+        return true;
+    }
+    return (!hadFocus && view.pressed()) || view.otherEvent(event);
+}
+
+// Focus that came by another way than ours, from assistive technology, is an action of the user like any other.
+void FormWindow::handleForeignFocus(ControlView& view, Qt::FocusReason reason) {
+    const bool ofWindow =
+        reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+    if (syncing_ || ofWindow || form_.activeControl() == &view.control()) {
+        return;
+    }
+    QTimer::singleShot(0, this, [this, control = &view.control()] { feed([&] { bringFocus(*control); }); });
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    if (!handleKey(nullptr, *event)) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+bool FormWindow::handleKey(ControlView* view, const QKeyEvent& event) {
+    if (!acceptsInput()) {
+        return true;
+    }
+    const KeyStroke stroke = strokeOf(event);
+    if (stroke.key == screen::Key::none) {
+        return false;
+    }
+    if (stroke.key == screen::Key::tab) {
+        feed([&] { stroke.shift ? form_.tabBackward() : form_.tabForward(); });
+        return true;
+    }
+    bool handled = true;
+    feed([&] { handled = keyThroughForm(view, stroke); });
+    return handled;
+}
+
+bool FormWindow::keyThroughForm(ControlView* view, const KeyStroke& stroke) {
+    const screen::Control* before = form_.activeControl();
+    const screen::Key became = form_.keyDown(stroke.key, stroke.shift);
+    if (became == screen::Key::none || !acceptsInput() || form_.activeControl() != before) {
+        return true;
+    }
+    if (became == screen::Key::tab) {
+        stroke.shift ? form_.tabBackward() : form_.tabForward();
+        return true;
+    }
+    KeyStroke turned = stroke;
+    turned.key = became;
+    if (became != stroke.key) {
+        turned.character = became == screen::Key::comma ? U',' : 0;
+    }
+    return view == nullptr || view->key(turned);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (acceptsInput()) {
+        feed([this] { form_.unload(); });
+    }
+}
+
+}  // namespace velmora::qt

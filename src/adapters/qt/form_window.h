@@ -1,0 +1,83 @@
+#pragma once
+// One form on the screen. It draws the form's Layout, follows its properties, and feeds what the user does through the
+// model: the model alone decides who has the focus and what a key becomes.
+
+#include <QEventLoop>
+#include <QPointer>
+#include <QWidget>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "velmora/adapters/qt/control_view.h"
+#include "velmora/adapters/qt/layout_builder.h"
+#include "velmora/platform/screen/form.h"
+
+namespace velmora::qt {
+
+class QtScreen;
+class SketchView;
+
+class FormWindow : public QWidget, private screen::FormObserver, private ViewHost {
+  public:
+    /// The form must outlive the window.
+    FormWindow(QtScreen& screen, screen::Form& form, QWidget* parent);
+    ~FormWindow() override;
+
+    /// Shows the window, activates the form and returns when the form is unloaded.
+    void runModal();
+    /// The size that the window opens with: what the form asks for, within the screen.
+    QSize openingSize() const;
+
+    screen::Form& form() const { return form_; }
+    /// The view of a control; none when the layout does not hold it.
+    ControlView* viewOf(const screen::Control& control) const;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+  private:
+    void controlChanged(screen::Control& control, screen::Property property) override;
+    void formChanged() override;
+    void focusMoved(screen::Control* control) override;
+
+    void feed(const std::function<void()>& action) override;
+    bool bringFocus(screen::Control& control) override;
+    bool acceptsInput() const override;
+    void reportLater(std::exception_ptr error) override;
+
+    void build();
+    void connectViews();
+    void frameChanged(const screen::Frame& frame, screen::Property property);
+    bool handleKey(ControlView* view, const QKeyEvent& event);
+    bool handlePress(ControlView& view, QEvent& event);
+    void handleForeignFocus(ControlView& view, Qt::FocusReason reason);
+    bool keyThroughForm(ControlView* view, const KeyStroke& stroke);
+    void settle();
+    void finishLeftViews();
+    void leaveUnusableControl();
+    void syncFocus();
+    void guarded(const std::function<void()>& action);
+
+    QtScreen& screen_;
+    screen::Form& form_;
+    QWidget* content_ = nullptr;
+    std::vector<std::unique_ptr<ControlView>> views_;
+    std::unordered_map<const screen::Control*, ControlView*> viewByControl_;
+    std::unordered_map<const QObject*, ControlView*> viewByWidget_;
+    std::unordered_map<const screen::Control*, std::vector<SketchView*>> sketchesByLabel_;
+    std::vector<Turn> turns_;
+    ControlView* focused_ = nullptr;
+    std::vector<ControlView*> left_;
+    QEventLoop* loop_ = nullptr;
+    int depth_ = 0;
+    bool syncing_ = false;
+};
+
+}  // namespace velmora::qt

@@ -1,0 +1,52 @@
+#include "velmora/adapters/qt/grid_delegate.h"
+
+#include <QPainter>
+
+#include "velmora/adapters/qt/grid_model.h"
+#include "velmora/adapters/qt/theme.h"
+
+namespace velmora::qt {
+
+namespace {
+constexpr int markWidth = 3;
+}
+
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const bool current = option.state.testFlag(QStyle::State_Selected);
+    painter->save();
+    painter->fillRect(option.rect, QColor(current ? theme::currentRow : theme::entered));
+    painter->setPen(QColor(theme::rule));
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    if (current && index.column() == 0) {
+        painter->fillRect(QRect(option.rect.topLeft(), QSize(markWidth, option.rect.height())), QColor(theme::accent));
+    }
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const screen::GridColumn& shape = model_.shape(index.column());
+    if (shape.button) {
+        paintButton(*painter, option, text);
+    } else {
+        const QRect room = option.rect.adjusted(theme::unit, 0, -theme::unit, 0);
+        painter->setPen(QColor(theme::text));
+        painter->drawText(room, static_cast<int>(index.data(Qt::TextAlignmentRole).value<Qt::Alignment>().toInt()),
+                          option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        painter->setPen(QColor(theme::focusBorder));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -2));
+    }
+    painter->restore();
+}
+
+void GridDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& option, const QString& text) const {
+    const QRectF face = QRectF(option.rect).adjusted(3.5, 2.5, -3.5, -3.5);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor(theme::border));
+    painter.setBrush(QColor(option.state.testFlag(QStyle::State_MouseOver) ? 0xFFEAF1F8 : theme::window));
+    painter.drawRoundedRect(face, 2, 2);
+    painter.setPen(QColor(theme::text));
+    const QString caption = text.isEmpty() ? QStringLiteral("…") : text;
+    painter.drawText(face, Qt::AlignCenter,
+                     option.fontMetrics.elidedText(caption, Qt::ElideRight, static_cast<int>(face.width()) - 4));
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,45 @@
+#pragma once
+// A grid: its table, bound both ways to the current row, and a count of rows below it.
+
+#include <QLabel>
+
+#include "velmora/adapters/qt/control_view.h"
+#include "velmora/adapters/qt/grid_model.h"
+#include "velmora/platform/screen/data_grid.h"
+
+namespace velmora::qt {
+
+class GridTable;
+
+class GridView : public ControlView {
+  public:
+    GridView(ViewHost& host, screen::DataGrid& grid, const screen::Layout& layout, QWidget* parent);
+
+    QWidget& widget() override { return *box_; }
+    QWidget& focusTarget() override;
+    std::vector<QWidget*> inputs() override;
+    void update(screen::Property property) override;
+    void updateAll() override;
+    bool key(const KeyStroke& stroke) override;
+    bool otherEvent(QEvent& event) override;
+    void setAccessibleName(const QString& name) override;
+
+  private:
+    void reload();
+    void setWidths();
+    void bringRow();
+    void userMoved(int row);
+    void clicked(const QModelIndex& index);
+    void pressCell(const QModelIndex& index);
+    void showCount();
+    void jumpTo(bool last);
+
+    screen::DataGrid& grid_;
+    QWidget* box_;
+    GridTable* table_;
+    QLabel* count_;
+    GridModel* model_;
+    bool fromModel_ = false;
+};
+
+}  // namespace velmora::qt

@@ -1,0 +1,76 @@
+#include "velmora/adapters/qt/key_strokes.h"
+
+#include <array>
+#include <utility>
+
+namespace velmora::qt {
+
+namespace {
+
+using screen::Key;
+
+constexpr char32_t backspace = 8;
+
+constexpr std::array<std::pair<int, Key>, 14> namedKeys{{
+    {Qt::Key_Return, Key::enter},
+    {Qt::Key_Enter, Key::enter},
+    {Qt::Key_Escape, Key::escape},
+    {Qt::Key_Tab, Key::tab},
+    {Qt::Key_Backtab, Key::tab},
+    {Qt::Key_F1, Key::f1},
+    {Qt::Key_F2, Key::f2},
+    {Qt::Key_F3, Key::f3},
+    {Qt::Key_F4, Key::f4},
+    {Qt::Key_F5, Key::f5},
+    {Qt::Key_F6, Key::f6},
+    {Qt::Key_F7, Key::f7},
+    {Qt::Key_F8, Key::f8},
+    {Qt::Key_F9, Key::f9},
+}};
+
+bool isShortcut(const QKeyEvent& event) {
+    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    const bool alt = event.modifiers().testFlag(Qt::AltModifier);
+    // Control and Alt together are AltGr on some desktops, and type characters.
+    return control != alt || event.modifiers().testFlag(Qt::MetaModifier);
+}
+
+char32_t typedCharacter(const QKeyEvent& event) {
+    const QList<uint> characters = event.text().toUcs4();
+    if (characters.size() != 1 || characters.front() < 32 || characters.front() == 127) {
+        return 0;
+    }
+    return characters.front();
+}
+
+bool isPadDecimal(const QKeyEvent& event) {
+    return event.modifiers().testFlag(Qt::KeypadModifier) &&
+           (event.key() == Qt::Key_Period || event.key() == Qt::Key_Comma);
+}
+
+}  // namespace
+
+KeyStroke strokeOf(const QKeyEvent& event) {
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier) || event.key() == Qt::Key_Backtab;
+    for (const auto& [code, key] : namedKeys) {
+        if (event.key() == code) {
+            return isShortcut(event) ? KeyStroke{} : KeyStroke{key, shift, 0};
+        }
+    }
+    if (isShortcut(event)) {
+        return {};
+    }
+    if (event.key() == Qt::Key_Backspace) {
+        return {Key::character, shift, backspace};
+    }
+    const char32_t character = typedCharacter(event);
+    if (character == 0) {
+        return {};
+    }
+    if (isPadDecimal(event)) {
+        return {Key::padDecimal, shift, character};
+    }
+    return {event.key() == Qt::Key_Comma ? Key::comma : Key::character, shift, character};
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,31 @@
+#pragma once
+// A text on the form; as a field's caption it stands beside the field.
+
+#include <QLabel>
+
+#include "velmora/adapters/qt/control_view.h"
+
+namespace velmora::qt {
+
+class LabelView : public ControlView {
+  public:
+    LabelView(ViewHost& host, screen::Label& label, QWidget* parent, screen::Role role = screen::Role::label);
+
+    QWidget& widget() override { return *text_; }
+    void update(screen::Property property) override;
+    void updateAll() override;
+    bool key(const KeyStroke&) override { return false; }
+    /// The field that the caption speaks for.
+    void setField(ControlView& field) { field_ = &field; }
+    void setAccessibleName(const QString&) override {}
+
+  protected:
+    void updateColors() override;
+
+  private:
+    screen::Label& label_;
+    QLabel* text_;
+    QPointer<ControlView> field_;
+};
+
+}  // namespace velmora::qt

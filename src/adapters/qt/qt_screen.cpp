@@ -1,0 +1,127 @@
+#include "velmora/adapters/qt/qt_screen.h"
+
+#include <QApplication>
+
+#include "velmora/adapters/qt/form_window.h"
+#include "velmora/adapters/qt/message_dialog.h"
+#include "velmora/adapters/qt/search_dialog.h"
+#include "velmora/adapters/qt/text.h"
+#include "velmora/adapters/qt/theme.h"
+
+namespace velmora::qt {
+
+namespace {
+
+/// The pointer under a box is the plain one, whatever work the box interrupts.
+class PlainPointer {
+  public:
+    explicit PlainPointer(bool hourglass) : active_(hourglass) {
+        if (active_) {
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+        }
+    }
+    ~PlainPointer() {
+        if (active_) {
+            QApplication::restoreOverrideCursor();
+        }
+    }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+  private:
+    bool active_;
+};
+
+std::string numberText(long number) {
+    const QString decimal = QString::number(number);
+    if (number >= 0) {
+        return fromQt(decimal);
+    }
+    const auto bits = static_cast<quint32>(static_cast<qint32>(number));
+    return fromQt(decimal + QStringLiteral(" (") + QString::number(bits, 16).toUpper() + QLatin1Char(')'));
+}
+
+}  // namespace
+
+screen::MessageBox errorBox(std::exception_ptr error) {
+    screen::MessageBox box{.text = {}, .icon = screen::Icon::critical, .title = "VELMORA"};
+    try {
+        std::rethrow_exception(error);
+    } catch (const runtime::RuntimeError& e) {
+        box.text = "Error " + numberText(e.number()) + "\n\n" + e.description();
+    } catch (const std::exception& e) {
+        box.text = std::string("Error interno del programa\n\n") + e.what();
+    } catch (...) {
+        box.text = "Error interno del programa";
+    }
+    return box;
+}
+
+QtScreen::QtScreen() {
+    theme::apply(*qApp);
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+QtScreen::~QtScreen() {
+    setPointer(screen::Pointer::normal);
+}
+
+QWidget* QtScreen::topWidget() const {
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        return modal;
+    }
+    return windows_.empty() ? QApplication::activeWindow() : windows_.back();
+}
+
+void QtScreen::showModal(screen::Form& form) {
+    FormWindow window(*this, form, topWidget());
+    windows_.push_back(&window);
+    ++boxesShown_;
+    try {
+        window.runModal();
+    } catch (...) {
+        windows_.pop_back();
+        throw;
+    }
+    windows_.pop_back();
+}
+
+screen::Answer QtScreen::show(const screen::MessageBox& box) {
+    ++boxesShown_;
+    const PlainPointer pointer(hourglass_);
+    return MessageDialog(box, topWidget()).ask();
+}
+
+std::optional<std::size_t> QtScreen::search(const screen::SearchWindow& window) {
+    ++boxesShown_;
+    const PlainPointer pointer(hourglass_);
+    SearchDialog dialog(window, topWidget());
+    const std::optional<std::size_t> row = dialog.choose();
+    if (dialog.failure()) {
+        std::rethrow_exception(dialog.failure());
+    }
+    return row;
+}
+
+void QtScreen::setPointer(screen::Pointer pointer) {
+    const bool wanted = pointer == screen::Pointer::hourglass;
+    if (wanted == hourglass_) {
+        return;
+    }
+    hourglass_ = wanted;
+    if (wanted) {
+        QApplication::setOverrideCursor(Qt::BusyCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+void QtScreen::processEvents() {
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void QtScreen::showError(std::exception_ptr error) {
+    show(errorBox(error));
+}
+
+}  // namespace velmora::qt

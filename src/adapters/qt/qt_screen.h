@@ -1,0 +1,45 @@
+#pragma once
+// The desktop as the logic's screen: real windows for any form, drawn from its model and its Layout.
+
+#include <exception>
+#include <vector>
+
+#include "velmora/platform/screen/screen.h"
+
+class QWidget;
+
+namespace velmora::qt {
+
+class FormWindow;
+
+/// Needs a QApplication, on which it puts the theme.
+class QtScreen : public screen::Screen {
+  public:
+    QtScreen();
+    ~QtScreen() override;
+
+    void showModal(screen::Form& form) override;
+    screen::Answer show(const screen::MessageBox& box) override;
+    std::optional<std::size_t> search(const screen::SearchWindow& window) override;
+    void setPointer(screen::Pointer pointer) override;
+    /// What the user does meanwhile waits.
+    void processEvents() override;
+
+    /// An error that nothing of the logic has caught: a critical box with its number and text.
+    void showError(std::exception_ptr error);
+    /// Boxes and search windows shown so far; tells whether an action has opened one.
+    int boxesShown() const { return boxesShown_; }
+    /// The window on top; none when no form is shown.
+    FormWindow* top() const { return windows_.empty() ? nullptr : windows_.back(); }
+    QWidget* topWidget() const;
+
+  private:
+    std::vector<FormWindow*> windows_;
+    int boxesShown_ = 0;
+    bool hourglass_ = false;
+};
+
+/// The box for an error: number and text of a run-time error, the text of any other.
+screen::MessageBox errorBox(std::exception_ptr error);
+
+}  // namespace velmora::qt

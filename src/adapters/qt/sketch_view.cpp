@@ -1,0 +1,80 @@
+#include "velmora/adapters/qt/sketch_view.h"
+
+#include <QPainter>
+#include <QStringList>
+
+#include "velmora/adapters/qt/sketch_painter.h"
+#include "velmora/adapters/qt/text.h"
+#include "velmora/adapters/qt/theme.h"
+
+namespace velmora::qt {
+
+class SketchView::Canvas : public QWidget {
+  public:
+    Canvas(const SketchView& view, QWidget* parent) : QWidget(parent), view_(view) {
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    }
+    QSize sizeHint() const override { return {380, 300}; }
+    QSize minimumSizeHint() const override { return {240, 180}; }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        view_.paint(painter, rect());
+    }
+
+  private:
+    const SketchView& view_;
+};
+
+namespace {
+
+LabelTexts textsOf(const screen::Sketch& sketch) {
+    LabelTexts texts;
+    for (const screen::Sketch::PlacedLabel& label : sketch.labels()) {
+        if (label.box->isVisible()) {
+            texts[label.label] = toQt(label.box->text());
+        }
+    }
+    return texts;
+}
+
+}  // namespace
+
+SketchView::SketchView(ViewHost& host, screen::Sketch& sketch, QWidget* parent)
+    : ControlView(host, sketch), sketch_(sketch), canvas_(new Canvas(*this, parent)) {
+    labelChanged();
+}
+
+void SketchView::update(screen::Property property) {
+    if (property == screen::Property::drawing) {
+        labelChanged();
+    } else {
+        ControlView::update(property);
+    }
+}
+
+void SketchView::labelChanged() {
+    QStringList measures;
+    for (const auto& [number, text] : textsOf(sketch_)) {
+        measures.append(text);
+    }
+    canvas_->setAccessibleDescription(measures.join(QStringLiteral("; ")));
+    canvas_->update();
+}
+
+void SketchView::paint(QPainter& painter, const QRect& canvas) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor(0xFFC6CED7));
+    painter.setBrush(Qt::white);
+    painter.drawRoundedRect(QRectF(canvas).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    try {
+        const screen::Drawing drawing = sketch_.drawing();
+        const LabelTexts labels = textsOf(sketch_);
+        SketchPainter(painter, drawing, labels).paint(canvas);
+    } catch (...) {
+        host().reportLater(std::current_exception());
+    }
+}
+
+}  // namespace velmora::qt

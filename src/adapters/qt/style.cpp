@@ -1,0 +1,182 @@
+#include "velmora/adapters/qt/style.h"
+
+#include <QPainter>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+#include "velmora/adapters/qt/theme.h"
+
+namespace velmora::qt {
+
+namespace {
+
+constexpr double radius = 3;
+constexpr int chevronRoom = 20;
+constexpr int titleRoom = 6;
+
+QRectF crisp(const QRect& rect, double penWidth) {
+    const double inset = penWidth / 2;
+    return QRectF(rect).adjusted(inset, inset, -inset, -inset);
+}
+
+void drawFrame(QPainter& painter, const QRect& rect, bool focused, const QBrush& fill) {
+    const double width = focused ? 2 : 1;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(focused ? theme::focusBorder : theme::border), width));
+    painter.setBrush(fill);
+    painter.drawRoundedRect(crisp(rect, width), radius, radius);
+    painter.restore();
+}
+
+void drawChevron(QPainter& painter, const QRect& rect, const QColor& color) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF middle = QRectF(rect).center();
+    painter.drawPolyline(
+        QPolygonF({middle + QPointF(-3.5, -1.75), middle + QPointF(0, 1.75), middle + QPointF(3.5, -1.75)}));
+    painter.restore();
+}
+
+bool focusedIn(const QStyleOption& option) {
+    return option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_Enabled);
+}
+
+}  // namespace
+
+Style::Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                          const QWidget* widget) const {
+    switch (element) {
+        case PE_PanelLineEdit: {
+            const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+            if (frame != nullptr && frame->lineWidth > 0) {
+                drawFrame(*painter, option->rect, focusedIn(*option), option->palette.base());
+            } else {
+                painter->fillRect(option->rect, option->palette.base());
+            }
+            return;
+        }
+        case PE_FrameLineEdit:
+        case PE_FrameFocusRect:
+            return;
+        case PE_Frame:
+            drawFrame(*painter, option->rect, focusedIn(*option), Qt::NoBrush);
+            return;
+        case PE_PanelButtonCommand:
+            drawButton(*option, *painter);
+            return;
+        default:
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void Style::drawButton(const QStyleOption& option, QPainter& painter) const {
+    const bool enabled = option.state.testFlag(State_Enabled);
+    const bool down = option.state & (State_Sunken | State_On);
+    const bool hover = enabled && option.state.testFlag(State_MouseOver);
+    const QColor fill = !enabled ? QColor(theme::window)
+                        : down   ? QColor(0xFFCFD9E4)
+                                 : QColor(hover ? 0xFFEAF1F8 : 0xFFFFFFFF);
+    drawFrame(painter, option.rect, focusedIn(option), focusedIn(option) && !down ? QColor(theme::focus) : fill);
+}
+
+void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                               const QWidget* widget) const {
+    if (const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        combo != nullptr && control == CC_ComboBox) {
+        drawComboBox(*combo, *painter);
+        return;
+    }
+    if (const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+        group != nullptr && control == CC_GroupBox) {
+        drawGroup(*group, *painter);
+        return;
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+void Style::drawComboBox(const QStyleOptionComboBox& option, QPainter& painter) const {
+    drawFrame(painter, option.rect, focusedIn(option), option.palette.base());
+    const bool enabled = option.state.testFlag(State_Enabled);
+    drawChevron(painter, subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, nullptr),
+                QColor(enabled ? theme::caption : theme::border));
+}
+
+void Style::drawGroup(const QStyleOptionGroupBox& option, QPainter& painter) const {
+    const int titleHeight = option.text.isEmpty() ? 0 : option.fontMetrics.height() + titleRoom;
+    painter.save();
+    if (!option.text.isEmpty()) {
+        painter.setFont(theme::titleFont());
+        painter.setPen(QColor(theme::text));
+        painter.drawText(option.rect.adjusted(1, 0, 0, 0), Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic,
+                         option.text);
+    }
+    painter.setPen(QColor(0xFFC6CED7));
+    painter.setBrush(QColor(0xFFFAFBFC));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawRoundedRect(crisp(option.rect.adjusted(0, titleHeight - titleRoom / 2, 0, 0), 1), radius, radius);
+    painter.restore();
+}
+
+QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                            const QWidget* widget) const {
+    const QRect all = option->rect;
+    if (control == CC_ComboBox && part == SC_ComboBoxArrow) {
+        return {all.right() - chevronRoom, all.top(), chevronRoom, all.height()};
+    }
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField) {
+        return all.adjusted(4, 2, -chevronRoom, -2);
+    }
+    if (const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+        group != nullptr && control == CC_GroupBox && part == SC_GroupBoxContents) {
+        const int title = group->text.isEmpty() ? 0 : group->fontMetrics.height() + titleRoom / 2;
+        return all.adjusted(1, title, -1, -1);
+    }
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                              const QWidget* widget) const {
+    QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+    const int field = option == nullptr ? 0 : option->fontMetrics.height() + 8;
+    if (type == CT_PushButton) {
+        result.setHeight(field + 4);
+    } else if (type == CT_ComboBox) {
+        result = QSize(size.width() + chevronRoom + 12, field);
+    }
+    return result;
+}
+
+int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                     QStyleHintReturn* result) const {
+    switch (hint) {
+        case SH_ComboBox_Popup:
+        case SH_MessageBox_CenterButtons:
+        case SH_EtchDisabledText:
+            return 0;
+        case SH_DialogButtonLayout:
+            return 0;  // affirmative first: Sí, No, Cancelar
+        case SH_UnderlineShortcut:
+            return 1;
+        default:
+            return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+}
+
+int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    switch (metric) {
+        case PM_DefaultFrameWidth:
+            return 2;
+        case PM_ButtonDefaultIndicator:
+        case PM_ButtonShiftHorizontal:
+        case PM_ButtonShiftVertical:
+            return 0;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,114 @@
+#include "velmora/adapters/qt/theme.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QPalette>
+#include <QStringList>
+#include <QToolTip>
+#include <algorithm>
+
+#include "velmora/adapters/qt/style.h"
+#include "velmora/platform/screen/form.h"
+
+namespace velmora::qt::theme {
+
+namespace {
+
+bool hasTabularDigits(const QFont& font) {
+    const QFontMetrics metrics(font);
+    const int width = metrics.horizontalAdvance(QLatin1Char('0'));
+    return std::ranges::all_of(QStringLiteral("123456789"),
+                               [&](QChar digit) { return metrics.horizontalAdvance(digit) == width; });
+}
+
+QFont baseFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPointSize(9);
+    if (QFontDatabase::families().contains(font.family()) && hasTabularDigits(font)) {
+        return font;
+    }
+    for (const QString& family : {QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")}) {
+        if (QFontDatabase::families().contains(family)) {
+            font.setFamily(family);
+            break;
+        }
+    }
+    return font;
+}
+
+QPalette palette() {
+    QPalette p{QColor(window)};
+    for (const auto state : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        p.setColor(state, QPalette::Window, QColor(window));
+        p.setColor(state, QPalette::WindowText, QColor(caption));
+        p.setColor(state, QPalette::Base, QColor(entered));
+        p.setColor(state, QPalette::AlternateBase, QColor(entered));
+        p.setColor(state, QPalette::Text, QColor(text));
+        p.setColor(state, QPalette::Button, QColor(entered));
+        p.setColor(state, QPalette::ButtonText, QColor(text));
+        p.setColor(state, QPalette::Highlight, QColor(accent));
+        p.setColor(state, QPalette::HighlightedText, Qt::white);
+        p.setColor(state, QPalette::ToolTipBase, QColor(entered));
+        p.setColor(state, QPalette::ToolTipText, QColor(text));
+        p.setColor(state, QPalette::PlaceholderText, QColor(faintText));
+    }
+    p.setColor(QPalette::Disabled, QPalette::WindowText, QColor(faintText));
+    p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0xFF8A949E));
+    return p;
+}
+
+}  // namespace
+
+void apply(QApplication& application) {
+    QApplication::setStyle(new Style);
+    QApplication::setPalette(palette());
+    QApplication::setFont(baseFont());
+    QToolTip::setPalette(palette());
+    application.setAttribute(Qt::AA_DontUseNativeMenuBar);
+}
+
+QFont totalFont() {
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * 1.7);
+    font.setBold(true);
+    return font;
+}
+
+QFont titleFont() {
+    QFont font = QApplication::font();
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+QColor fromModel(screen::Color color) {
+    return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
+}
+
+void paintField(QWidget& field, const screen::Control& control, screen::Role role) {
+    QColor background = QColor(role == screen::Role::entered ? entered : calculated);
+    if (!field.isEnabled()) {
+        background = QColor(calculated);
+    }
+    if (control.form().activeControl() == &control && control.canTakeFocus()) {
+        background = QColor(focus);
+    }
+    if (control.backColor() != screen::colors::white) {
+        background = fromModel(control.backColor());
+    }
+    if (role == screen::Role::label) {
+        background = Qt::transparent;
+    }
+    QPalette palette = field.palette();
+    const QColor letters = fromModel(control.foreColor());
+    if (palette.color(QPalette::Active, QPalette::Base) == background &&
+        palette.color(QPalette::Active, QPalette::Text) == letters) {
+        return;
+    }
+    for (const auto state : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        palette.setColor(state, QPalette::Base, background);
+        palette.setColor(state, QPalette::Text, letters);
+    }
+    field.setPalette(palette);
+}
+
+}  // namespace velmora::qt::theme

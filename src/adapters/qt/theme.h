@@ -1,0 +1,46 @@
+#pragma once
+// Colours, fonts and measures of every window. They are our own: a dark or colourful desktop does not change them,
+// since the colours of the fields carry meaning.
+
+#include <QApplication>
+#include <QColor>
+#include <QFont>
+#include <QWidget>
+
+#include "velmora/platform/screen/control.h"
+#include "velmora/platform/screen/layout.h"
+
+namespace velmora::qt::theme {
+
+inline constexpr int unit = 6;          ///< the spacing inside a row
+inline constexpr int group = 2 * unit;  ///< between groups and at the edges
+inline constexpr int gridRow = 24;
+inline constexpr int twipsPerPixel = 15;
+
+inline constexpr QRgb window = 0xFFF2F4F6;
+inline constexpr QRgb entered = 0xFFFFFFFF;
+inline constexpr QRgb calculated = 0xFFE6ECF3;
+inline constexpr QRgb focus = 0xFFFFFF00;
+inline constexpr QRgb text = 0xFF101418;
+inline constexpr QRgb caption = 0xFF2C353F;
+inline constexpr QRgb faintText = 0xFF5A6673;
+inline constexpr QRgb border = 0xFFA9B3BE;
+inline constexpr QRgb rule = 0xFFDDE2E8;
+inline constexpr QRgb focusBorder = 0xFF14181D;
+inline constexpr QRgb accent = 0xFF1F5C99;
+inline constexpr QRgb currentRow = 0xFFC9DFF5;
+
+/// Style, palette and font of the whole application. Once, before the first window.
+void apply(QApplication& application);
+
+QFont totalFont();
+QFont titleFont();
+
+/// A colour of the model.
+QColor fromModel(screen::Color color);
+
+/// Text and background of a field: the model's background where it is not white, yellow with the focus, else what its
+/// role and state ask for. Black text throughout.
+void paintField(QWidget& field, const screen::Control& control, screen::Role role);
+
+}  // namespace velmora::qt::theme

@@ -1,0 +1,87 @@
+#include "velmora/adapters/qt/toolbar_view.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
+
+#include "velmora/adapters/qt/text.h"
+#include "velmora/adapters/qt/theme.h"
+
+namespace velmora::qt {
+
+ToolbarView::ToolbarView(ViewHost& host, screen::Toolbar& bar, QWidget* parent)
+    : ControlView(host, bar), bar_(bar), strip_(new QWidget(parent)), row_(new QHBoxLayout(strip_)) {
+    strip_->setFocusPolicy(Qt::TabFocus);
+    row_->setContentsMargins(0, 0, 0, 0);
+    row_->setSpacing(theme::unit);
+}
+
+void ToolbarView::update(screen::Property property) {
+    if (property == screen::Property::items) {
+        build();
+    } else {
+        ControlView::update(property);
+    }
+}
+
+void ToolbarView::updateAll() {
+    ControlView::updateAll();
+    build();
+}
+
+bool ToolbarView::key(const KeyStroke& stroke) {
+    return stroke.character != 0;
+}
+
+void ToolbarView::build() {
+    while (QLayoutItem* item = row_->takeAt(0)) {
+        if (item->widget() != nullptr) {
+            item->widget()->deleteLater();
+        }
+        delete item;
+    }
+    int number = 0;
+    for (const screen::Toolbar::Item& item : bar_.items()) {
+        ++number;
+        if (!item.caption.empty()) {
+            addButton(item, number);
+            continue;
+        }
+        auto* line = new QFrame(strip_);
+        line->setFrameShape(QFrame::VLine);
+        line->setForegroundRole(QPalette::Mid);
+        row_->addWidget(line);
+    }
+    row_->addStretch(1);
+}
+
+void ToolbarView::addButton(const screen::Toolbar::Item& item, int number) {
+    auto* button = new QPushButton(toQt(item.caption), strip_);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAutoDefault(false);
+    row_->addWidget(button);
+    if (item.menu.empty()) {
+        connect(button, &QPushButton::clicked, this, [this, number] {
+            host().feed([&] {
+                if (host().bringFocus(bar_)) {
+                    bar_.onButtonClick(number);
+                }
+            });
+        });
+        return;
+    }
+    auto* menu = new QMenu(button);
+    for (const screen::Toolbar::MenuItem& choice : item.menu) {
+        connect(menu->addAction(toQt(choice.caption)), &QAction::triggered, this, [this, key = choice.key] {
+            host().feed([&] {
+                if (host().bringFocus(bar_)) {
+                    bar_.onMenuClick(key);
+                }
+            });
+        });
+    }
+    button->setMenu(menu);
+}
+
+}  // namespace velmora::qt
