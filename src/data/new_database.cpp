@@ -85,10 +85,8 @@ std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog) 
     for (const TableDefinition& table : tables()) {
         addStatementsOf(table, sessionCatalog, statements);
     }
-    for (const IndexDefinition& index : indexes()) {
-        statements.push_back("CREATE INDEX [" + std::string(index.name) + "] ON [dbo].[" + std::string(index.table) +
-                             "] (" + std::string(index.columns) + ")");
-    }
+    const std::vector<std::string> indexed = indexStatements();
+    statements.insert(statements.end(), indexed.begin(), indexed.end());
     return statements;
 }
 
@@ -141,10 +139,7 @@ std::vector<std::string> demoStatements(runtime::Date now) {
 }
 
 void createDatabase(sql::Connection& connection) {
-    std::vector<std::string> statements = newDatabaseStatements(connection.currentCatalog());
-    const std::vector<std::string> indexed = indexStatements();
-    statements.insert(statements.end(), indexed.begin(), indexed.end());
-    runAll(connection, statements);
+    runAll(connection, newDatabaseStatements(connection.currentCatalog()));
 }
 
 void fillDemo(sql::Connection& connection, runtime::Date now) {
