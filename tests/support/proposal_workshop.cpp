@@ -1,4 +1,4 @@
-#include "proposal_workshop.h"
+#include "support/proposal_workshop.h"
 
 #include <atomic>
 #include <utility>

@@ -3,14 +3,15 @@
 // on the form as people do.
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "fake_screen.h"
-#include "recording_connection.h"
+#include "support/fake_screen.h"
+#include "support/recording_connection.h"
 #include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/platform/desk.h"
 #include "velmora/platform/sql/connection.h"
