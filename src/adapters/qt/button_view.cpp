@@ -1,14 +1,23 @@
 #include "velmora/adapters/qt/button_view.h"
 
 #include "velmora/adapters/qt/text.h"
+#include "velmora/adapters/qt/theme.h"
 
 namespace velmora::qt {
 
-ButtonView::ButtonView(ViewHost& host, screen::Button& button, QWidget* parent)
+namespace {
+constexpr QSize largeButton{320, 52};
+}
+
+ButtonView::ButtonView(ViewHost& host, screen::Button& button, QWidget* parent, screen::Role role)
     : ControlView(host, button), button_(button), push_(new QPushButton(parent)) {
     push_->setFocusPolicy(Qt::TabFocus);
     push_->setAutoDefault(false);
     push_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    if (role == screen::Role::total) {
+        push_->setFont(theme::titleFont());
+        push_->setMinimumSize(largeButton);
+    }
     connect(push_, &QPushButton::clicked, this, [this] { clicked(); });
 }
 

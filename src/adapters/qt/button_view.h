@@ -9,7 +9,7 @@ namespace velmora::qt {
 
 class ButtonView : public ControlView {
   public:
-    ButtonView(ViewHost& host, screen::Button& button, QWidget* parent);
+    ButtonView(ViewHost& host, screen::Button& button, QWidget* parent, screen::Role role);
 
     QWidget& widget() override { return *push_; }
     void update(screen::Property property) override;

@@ -44,7 +44,7 @@ Qt::Alignment controlAlignment(const Layout& node) {
     if (growsSideways(node) || growsDownward(node)) {
         return {};
     }
-    return (node.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
 Qt::Alignment captionAlignment(const Layout& node) {
@@ -123,7 +123,7 @@ LayoutBuilder::Piece LayoutBuilder::make(const Layout& node) {
 LayoutBuilder::Piece LayoutBuilder::makeBox(const Layout& node, bool horizontal) {
     QBoxLayout* box = new QBoxLayout(horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     const bool tall = std::ranges::any_of(node.children, isTall);
-    box->setSpacing(tall ? theme::group : theme::unit);
+    box->setSpacing(tall ? theme::group : (horizontal ? theme::unit : theme::rowGap));
     for (const Layout& child : node.children) {
         addToBox(*box, child, horizontal, tall);
     }
@@ -156,7 +156,7 @@ void LayoutBuilder::addToBox(QBoxLayout& box, const Layout& node, bool horizonta
 LayoutBuilder::Piece LayoutBuilder::makeGrid(const Layout& node, int columns) {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(theme::unit);
-    grid->setVerticalSpacing(std::ranges::any_of(node.children, isTall) ? theme::group : theme::unit);
+    grid->setVerticalSpacing(std::ranges::any_of(node.children, isTall) ? theme::group : theme::rowGap);
     std::vector<bool> grows(static_cast<std::size_t>(columns), false);
     bool anyRowGrows = false;
     int index = 0;
@@ -198,6 +198,10 @@ void LayoutBuilder::addToGrid(QGridLayout& grid, const Layout& node, int row, in
     }
     if (node.kind == Kind::field && !node.captionAbove) {
         addFieldToGrid(grid, node, row, column, span);
+        return;
+    }
+    if (node.kind == Kind::row && !node.children.empty() && isCaptionedField(node.children.front())) {
+        addRowToGrid(grid, node, row, column, span);
         return;
     }
     const Piece piece = make(node);
@@ -243,10 +247,33 @@ void LayoutBuilder::addFieldToGrid(QGridLayout& grid, const Layout& node, int ro
         made.caption->setContentsMargins(column > 0 ? theme::unit : 0, 0, 0, 0);
         grid.addWidget(made.caption, row, column, captionAlignment(node));
     }
-    grid.addWidget(&control, row, column + 1, controlAlignment(node));
+    // A field that grows takes the cells behind it too, so that its edge meets the edge of the group.
+    const int reach = made.unit == nullptr && growsSideways(node) ? span - 1 : 1;
+    grid.addWidget(&control, row, column + 1, 1, reach, controlAlignment(node));
     if (made.unit != nullptr) {
         grid.addWidget(made.unit, row, column + 2, Qt::AlignLeft | Qt::AlignVCenter);
     }
+}
+
+// A row that begins with a captioned field lines its caption up with those above and below.
+void LayoutBuilder::addRowToGrid(QGridLayout& grid, const Layout& node, int row, int column, int span) {
+    const Layout& first = node.children.front();
+    const FieldParts made = makeParts(first);
+    made.caption->setContentsMargins(column > 0 ? theme::unit : 0, 0, 0, 0);
+    grid.addWidget(made.caption, row, column, captionAlignment(first));
+    auto* rest = new QHBoxLayout;
+    rest->setSpacing(theme::unit);
+    rest->addWidget(&made.view->widget(), growsSideways(first) ? 1 : first.stretch, controlAlignment(first));
+    if (made.unit != nullptr) {
+        rest->addWidget(made.unit);
+    }
+    for (std::size_t i = 1; i < node.children.size(); ++i) {
+        addToBox(*rest, node.children[i], true, false);
+    }
+    if (!growsSideways(node)) {
+        rest->addStretch(1);
+    }
+    grid.addLayout(rest, row, column + 1, 1, span - 1);
 }
 
 // Fields that take turns keep the lines of their grid: captions share one cell, controls the next.

@@ -59,6 +59,7 @@ class LayoutBuilder {
     void addToBox(QBoxLayout& box, const screen::Layout& node, bool horizontal, bool alignTop);
     void addToGrid(QGridLayout& grid, const screen::Layout& node, int row, int column, int span);
     void addFieldToGrid(QGridLayout& grid, const screen::Layout& node, int row, int column, int span);
+    void addRowToGrid(QGridLayout& grid, const screen::Layout& node, int row, int column, int span);
     void addTurnsToGrid(QGridLayout& grid, const screen::Layout& node, int row, int column);
     void addToStack(QStackedLayout& stack, const Piece& piece);
     void finishStack(QStackedLayout& stack, const screen::Layout& node);

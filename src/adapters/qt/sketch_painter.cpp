@@ -99,6 +99,10 @@ SketchPainter::SketchPainter(QPainter& painter, const screen::Drawing& drawing, 
 
 void SketchPainter::paint(const QRectF& canvas) {
     painter_.setRenderHint(QPainter::Antialiasing);
+    // Turned letters are as wide as level ones only without hinting.
+    QFont font = painter_.font();
+    font.setHintingPreference(QFont::PreferNoHinting);
+    painter_.setFont(font);
     canvas_ = canvas;
     fit(canvas.adjusted(margin, margin, -margin, -margin));
     for (const screen::Shape& shape : drawing_.shapes) {
@@ -334,7 +338,7 @@ void SketchPainter::drawText(const TextPlace& place, const QString& text) {
     painter_.rotate(place.angle);
     painter_.fillRect(box.adjusted(0, 1, 0, -1), QColor(255, 255, 255, 225));
     painter_.setPen(QColor(theme::text));
-    painter_.drawText(box, Qt::AlignCenter, text);
+    painter_.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
     painter_.restore();
 }
 

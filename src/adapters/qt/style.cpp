@@ -170,6 +170,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     switch (metric) {
         case PM_DefaultFrameWidth:
             return 2;
+        case PM_HeaderMargin:
+            return theme::unit;
         case PM_ButtonDefaultIndicator:
         case PM_ButtonShiftHorizontal:
         case PM_ButtonShiftVertical:

@@ -34,7 +34,7 @@ std::unique_ptr<ControlView> makeView(ViewHost& host, const screen::Layout& layo
         return std::make_unique<FrameView>(host, *frame, parent);
     }
     if (auto* button = dynamic_cast<screen::Button*>(control)) {
-        return std::make_unique<ButtonView>(host, *button, parent);
+        return std::make_unique<ButtonView>(host, *button, parent, layout.role);
     }
     if (auto* bar = dynamic_cast<screen::Toolbar*>(control)) {
         return std::make_unique<ToolbarView>(host, *bar, parent);

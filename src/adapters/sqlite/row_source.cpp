@@ -135,7 +135,7 @@ class Rows final : public sql::RowSource, public Stream {
     std::size_t next_ = 0;                  ///< the position that the next step reads
     std::size_t first_ = 0;                 ///< the position of the window's first row
     std::vector<sql::Row> window_;
-    std::optional<std::size_t> count_;      ///< once known
+    std::optional<std::size_t> count_;  ///< once known
 };
 
 }  // namespace

@@ -137,7 +137,10 @@ TEST_P(ConnectionContract, TextLengthCountsUtf16Units) {
 
 TEST_P(ConnectionContract, AnEmptyTextIsNoNumber) {
     execute("CREATE TABLE T_A (a int, b float)");
-    EXPECT_NE(refusal("insert into T_A (a) values ('uno')"), 0);
+    EXPECT_EQ(refusal("insert into T_A (a) values ('')"), provider::conversion);
+    EXPECT_EQ(refusal("insert into T_A (b) values (N'')"), provider::conversion);
+    EXPECT_EQ(refusal("insert into T_A (a) values ('uno')"), provider::conversion);
+    EXPECT_EQ(refusal("insert into T_A (b) values ('12,5')"), provider::conversion);
     EXPECT_EQ(scalar("select count(*) from T_A"), Value(0));
 }
 
@@ -151,8 +154,9 @@ TEST_P(ConnectionContract, ADuplicateKeyIsAConstraint) {
 
 TEST_P(ConnectionContract, EveryTypeComesBackAsItself) {
     execute("CREATE TABLE T_A (i int, b bit, f float, n numeric(18, 0), t nvarchar(20), l ntext, d datetime, x image)");
-    execute("insert into T_A (i, b, f, n, t, l, d, x) values "
-            "(7, 1, 12, 123456789012, N'Piñón', 'largo', convert(datetime,'15/01/2026',103), 0x00FF10)");
+    execute(
+        "insert into T_A (i, b, f, n, t, l, d, x) values "
+        "(7, 1, 12, 123456789012, N'Piñón', 'largo', convert(datetime,'15/01/2026',103), 0x00FF10)");
     const Recordset row = execute("select * from T_A");
     EXPECT_EQ(row["i"], Value(7));
     EXPECT_EQ(row["b"], Value(true));
@@ -175,8 +179,9 @@ TEST_P(ConnectionContract, NullsComeBackAsNull) {
 
 TEST_P(ConnectionContract, AFloatAsTextKeepsSixDigits) {
     execute("CREATE TABLE T_A (f float)");
-    const std::vector<std::pair<std::string, std::string>> cases = {
-        {"12.5", "12.5"}, {"123456.7", "123457"}, {"1000000", "1e+006"}, {"0.1", "0.1"}, {"30", "30"}, {"-2.25", "-2.25"}};
+    const std::vector<std::pair<std::string, std::string>> cases = {{"12.5", "12.5"},      {"123456.7", "123457"},
+                                                                    {"1000000", "1e+006"}, {"0.1", "0.1"},
+                                                                    {"30", "30"},          {"-2.25", "-2.25"}};
     for (const auto& [number, text] : cases) {
         execute("delete from T_A");
         execute("insert into T_A (f) values (" + number + ")");
@@ -232,7 +237,8 @@ TEST_P(ConnectionContract, CaseAnswersTheFirstThatHolds) {
     execute("CREATE TABLE T_A (i int)");
     execute("insert into T_A (i) values (1)");
     execute("insert into T_A (i) values (9)");
-    EXPECT_EQ(texts(execute("select (case when i=0 then 'cero' when i=1 then 'uno' else '' end) as Tipo from T_A order by i")),
+    EXPECT_EQ(texts(execute(
+                  "select (case when i=0 then 'cero' when i=1 then 'uno' else '' end) as Tipo from T_A order by i")),
               (std::vector<std::string>{"uno", ""}));
     EXPECT_EQ(texts(execute("select case i when 1 then 'uno' else 'otro' end from T_A order by i desc")),
               (std::vector<std::string>{"otro", "uno"}));
@@ -252,7 +258,8 @@ TEST_P(ConnectionContract, DatesCompareWithTextsDayFirst) {
     execute("insert into T_A (a, d) values (3, null)");
     const auto found = [&](const std::string& condition) {
         std::string all;
-        for (const std::string& text : texts(execute("select cast(a as nvarchar) from T_A where " + condition + " order by a"))) {
+        for (const std::string& text :
+             texts(execute("select cast(a as nvarchar) from T_A where " + condition + " order by a"))) {
             all += text;
         }
         return all;
@@ -318,7 +325,8 @@ TEST_P(ConnectionContract, QuotesAreDoubled) {
 // Tables.
 
 TEST_P(ConnectionContract, IdentityNumbersItselfAndNeverUsesAKeyAgain) {
-    execute("CREATE TABLE [dbo].[T_A] ([Id] [numeric](18, 0) IDENTITY (1, 1) NOT NULL ,[a] [int] NOT NULL ) ON [PRIMARY]");
+    execute(
+        "CREATE TABLE [dbo].[T_A] ([Id] [numeric](18, 0) IDENTITY (1, 1) NOT NULL ,[a] [int] NOT NULL ) ON [PRIMARY]");
     execute("insert into T_A (a) values (10)");
     execute("insert into T_A (a) values (20)");
     EXPECT_EQ(scalar("select max(ID) from T_A").toLong(), 2);
@@ -328,9 +336,12 @@ TEST_P(ConnectionContract, IdentityNumbersItselfAndNeverUsesAKeyAgain) {
 }
 
 TEST_P(ConnectionContract, APrimaryKeyCanBeAddedLater) {
-    execute("CREATE TABLE [dbo].[T_A] ([Id] [numeric](18, 0) IDENTITY (1, 1) NOT NULL ,[a] [int] NOT NULL ) ON [PRIMARY]");
-    execute("ALTER TABLE [dbo].[T_A] WITH NOCHECK ADD CONSTRAINT [PK_T_A] PRIMARY KEY  CLUSTERED ( [Id] )  ON [PRIMARY]");
-    EXPECT_NE(refusal("ALTER TABLE [dbo].[T_A] WITH NOCHECK ADD CONSTRAINT [PK_T_A] PRIMARY KEY  CLUSTERED ( [Id] )  ON [PRIMARY]"),
+    execute(
+        "CREATE TABLE [dbo].[T_A] ([Id] [numeric](18, 0) IDENTITY (1, 1) NOT NULL ,[a] [int] NOT NULL ) ON [PRIMARY]");
+    execute(
+        "ALTER TABLE [dbo].[T_A] WITH NOCHECK ADD CONSTRAINT [PK_T_A] PRIMARY KEY  CLUSTERED ( [Id] )  ON [PRIMARY]");
+    EXPECT_NE(refusal("ALTER TABLE [dbo].[T_A] WITH NOCHECK ADD CONSTRAINT [PK_T_A] PRIMARY KEY  CLUSTERED ( [Id] )  "
+                      "ON [PRIMARY]"),
               0);
     execute("insert into T_A (a) values (1)");
     EXPECT_EQ(scalar("select id from T_A").toLong(), 1);
@@ -339,9 +350,10 @@ TEST_P(ConnectionContract, APrimaryKeyCanBeAddedLater) {
 TEST_P(ConnectionContract, AddedColumnsFillExistingRows) {
     execute("CREATE TABLE T_A (a int)");
     execute("insert into T_A (a) values (1)");
-    execute("ALTER TABLE T_A ADD [m] [float] NOT NULL  DEFAULT 0 WITH VALUES ,"
-            "[h] [nvarchar] (15) COLLATE Modern_Spanish_CI_AS NOT NULL DEFAULT '' WITH VALUES ,"
-            "[b] [bit] NOT NULL DEFAULT 0 WITH VALUES ");
+    execute(
+        "ALTER TABLE T_A ADD [m] [float] NOT NULL  DEFAULT 0 WITH VALUES ,"
+        "[h] [nvarchar] (15) COLLATE Modern_Spanish_CI_AS NOT NULL DEFAULT '' WITH VALUES ,"
+        "[b] [bit] NOT NULL DEFAULT 0 WITH VALUES ");
     const Recordset row = execute("select * from T_A");
     EXPECT_EQ(row["M"], Value(0.0));
     EXPECT_EQ(row["H"], Value(""));
@@ -350,7 +362,8 @@ TEST_P(ConnectionContract, AddedColumnsFillExistingRows) {
 
 TEST_P(ConnectionContract, AddingColumnsIsAllOrNothing) {
     execute("CREATE TABLE T_A (a int)");
-    EXPECT_NE(refusal("ALTER TABLE T_A ADD b int NOT NULL DEFAULT 0 WITH VALUES ,a int NOT NULL DEFAULT 0 WITH VALUES "), 0);
+    EXPECT_NE(
+        refusal("ALTER TABLE T_A ADD b int NOT NULL DEFAULT 0 WITH VALUES ,a int NOT NULL DEFAULT 0 WITH VALUES "), 0);
     EXPECT_EQ(execute("select * from T_A").columns().size(), 1u);
 }
 
@@ -410,7 +423,8 @@ TEST_P(ConnectionContract, ChangesAnswerAClosedSet) {
 TEST_P(ConnectionContract, DocumentsLieInACatalogueOfTheirOwn) {
     const std::string prefix = "DOC" + connection_->currentCatalog() + ".dbo.";
     EXPECT_EQ(refusal("select * from " + prefix + "T_dex"), provider::missingTable);
-    execute("CREATE TABLE " + prefix + "T_dex (Dex_Id int IDENTITY (1, 1) NOT NULL, Dex_Doc image NULL, Dex_Fic nvarchar(200))");
+    execute("CREATE TABLE " + prefix +
+            "T_dex (Dex_Id int IDENTITY (1, 1) NOT NULL, Dex_Doc image NULL, Dex_Fic nvarchar(200))");
     connection_->beginTrans();
     execute("insert into " + prefix + "T_Dex (Dex_Doc,Dex_Fic) values (Null,N'plano.pdf')");
     EXPECT_EQ(scalar("Select isnull(max(dex_id),1) from " + prefix + "T_dex"), Value(1));
@@ -490,6 +504,8 @@ TEST_P(ConnectionContract, TheSameTextCanBeOpenTwice) {
     EXPECT_EQ(second["a"], Value(1));
 }
 
-TEST_P(ConnectionContract, AConnectionIsAlive) { EXPECT_TRUE(connection_->isAlive()); }
+TEST_P(ConnectionContract, AConnectionIsAlive) {
+    EXPECT_TRUE(connection_->isAlive());
+}
 
 }  // namespace velmora::test

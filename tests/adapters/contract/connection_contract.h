@@ -2,11 +2,11 @@
 // The suite that every engine behind a data connection runs:
 //   INSTANTIATE_TEST_SUITE_P(Sqlite, ConnectionContract, testing::Values(EngineUnderTest{"Sqlite", open}));
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <memory>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "velmora/platform/sql/connection.h"
 
@@ -19,7 +19,9 @@ struct EngineUnderTest {
     std::function<std::unique_ptr<sql::Connection>()> open;
 };
 
-inline void PrintTo(const EngineUnderTest& engine, std::ostream* out) { *out << engine.name; }
+inline void PrintTo(const EngineUnderTest& engine, std::ostream* out) {
+    *out << engine.name;
+}
 
 class ConnectionContract : public testing::TestWithParam<EngineUnderTest> {
   protected:

@@ -1,11 +1,14 @@
-#include "connection_contract.h"
 #include "velmora/adapters/sqlite/database.h"
+
+#include "connection_contract.h"
 
 namespace velmora::test {
 
 namespace {
 
-std::unique_ptr<sql::Connection> openInMemory() { return sqlite::openDatabase(":memory:"); }
+std::unique_ptr<sql::Connection> openInMemory() {
+    return sqlite::openDatabase(":memory:");
+}
 
 }  // namespace
 

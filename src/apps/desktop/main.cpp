@@ -1,0 +1,95 @@
+#include <exception>
+#include <iostream>
+
+#include <QApplication>
+
+#include "velmora/adapters/qt/qt_screen.h"
+#include "velmora/adapters/qt/qt_services.h"
+#include "velmora/apps/desktop/options.h"
+#include "velmora/apps/desktop/picture_book.h"
+#include "velmora/apps/desktop/start_form.h"
+#include "velmora/apps/desktop/workshop.h"
+
+namespace {
+
+using namespace velmora;
+
+/// Where the pictures are made there is nobody to read a box: errors go to the standard error output.
+int makePictures(qt::QtScreen& screen, session::Session& session, platform::Desk& desk, const std::string& folder) {
+    for (const std::string& path : desktop::writePictures(screen, desktop::pictureBook(session, desk), folder)) {
+        std::cout << path << '\n';
+    }
+    return 0;
+}
+
+void perform(const desktop::Options& options, shell::VMORA& vmora, platform::Desk& desk) {
+    switch (options.opening) {
+        case desktop::Opening::start: {
+            desktop::StartForm form(desk, vmora);
+            desk.screen.showModal(form);
+            break;
+        }
+        case desktop::Opening::proposals:
+            vmora.jShow();
+            break;
+        case desktop::Opening::tracking:
+            vmora.jShowSeguimiento();
+            break;
+        case desktop::Opening::parameters:
+            vmora.jShowParametros();
+            break;
+        case desktop::Opening::proposal: {
+            std::int32_t nIdDpi = options.proposal;
+            vmora.jShowPropuesta(nIdDpi);
+            break;
+        }
+    }
+}
+
+int run(const desktop::Options& options, qt::QtScreen& screen) {
+    const system::SystemClock clock;
+    const std::string path = options.database.empty() ? desktop::defaultDatabase() : options.database;
+    const auto workshop = desktop::openWorkshop(path, clock);
+    qt::QtServices services;
+    const components::ComponentFactory components;
+    platform::Desk desk{screen, components, services, clock};
+    shell::VMORA vmora{desk};
+    vmora.MyBd(&workshop->session());
+    if (!options.pictures.empty()) {
+        return makePictures(screen, workshop->session(), desk, options.pictures);
+    }
+    perform(options, vmora, desk);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const auto read = desktop::readOptions(argc, argv);
+    if (const int* status = std::get_if<int>(&read)) {
+        return *status;
+    }
+    const auto& options = std::get<desktop::Options>(read);
+    const bool onScreen = options.pictures.empty();
+    if (!onScreen) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("velmora"));
+    QApplication::setApplicationDisplayName(QStringLiteral("VELMORA"));
+    qt::QtScreen screen;
+    try {
+        return run(options, screen);
+    } catch (const desktop::NoWorkshop& e) {
+        if (onScreen) {
+            screen.show({.text = e.what(), .icon = screen::Icon::critical, .title = "VELMORA"});
+        }
+        std::cerr << "velmora: " << e.what() << '\n';
+    } catch (const std::exception& e) {
+        if (onScreen) {
+            screen.showError(std::current_exception());
+        }
+        std::cerr << "velmora: " << e.what() << '\n';
+    }
+    return 1;
+}

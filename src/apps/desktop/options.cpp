@@ -1,0 +1,71 @@
+#include "velmora/apps/desktop/options.h"
+
+#include <array>
+#include <charconv>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include <CLI/CLI.hpp>
+
+namespace velmora::desktop {
+
+namespace {
+
+constexpr std::array<std::pair<std::string_view, Opening>, 3> openings{{
+    {"propuestas", Opening::proposals},
+    {"seguimiento", Opening::tracking},
+    {"parametros", Opening::parameters},
+}};
+constexpr std::string_view oneProposal = "propuesta=";
+
+std::optional<std::int32_t> number(std::string_view text) {
+    std::int32_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc{} && end == text.data() + text.size() && value > 0 ? std::optional(value) : std::nullopt;
+}
+
+bool readOpening(std::string_view text, Options& options) {
+    for (const auto& [name, opening] : openings) {
+        if (text == name) {
+            options.opening = opening;
+            return true;
+        }
+    }
+    if (!text.starts_with(oneProposal)) {
+        return false;
+    }
+    const auto proposal = number(text.substr(oneProposal.size()));
+    options.opening = Opening::proposal;
+    options.proposal = proposal.value_or(0);
+    return proposal.has_value();
+}
+
+}  // namespace
+
+std::variant<Options, int> readOptions(int argc, const char* const* argv) {
+    Options options;
+    std::string open;
+    CLI::App app{"VELMORA: propuestas de piñones especiales", "velmora"};
+    app.add_option("--db", options.database, "Base de datos; sin ella, la de la carpeta de datos del usuario")
+        ->type_name("FICHERO");
+    app.add_option("--open", open, "Ventana que se abre: propuestas, seguimiento, parametros, propuesta=N")
+        ->type_name("VENTANA")
+        ->check([](const std::string& text) {
+            Options trial;
+            return readOpening(text, trial) ? std::string() : "ventana desconocida: " + text;
+        });
+    app.add_option("--pictures", options.pictures, "Escribe las imágenes de las ventanas en esta carpeta y termina")
+        ->type_name("CARPETA");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& e) {
+        return app.exit(e);
+    }
+    if (!open.empty()) {
+        readOpening(open, options);
+    }
+    return options;
+}
+
+}  // namespace velmora::desktop

@@ -1,0 +1,22 @@
+#pragma once
+// The command line of the desktop program.
+
+#include <cstdint>
+#include <string>
+#include <variant>
+
+namespace velmora::desktop {
+
+enum class Opening { start, proposals, tracking, parameters, proposal };
+
+struct Options {
+    std::string database;  ///< empty: the one in the user's data folder
+    Opening opening = Opening::start;
+    std::int32_t proposal = 0;  ///< for Opening::proposal
+    std::string pictures;       ///< folder for pictures of the windows; empty: none are made
+};
+
+/// The options, or the exit status when the program has nothing more to do (help, a wrong option).
+std::variant<Options, int> readOptions(int argc, const char* const* argv);
+
+}  // namespace velmora::desktop

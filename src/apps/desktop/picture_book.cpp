@@ -1,0 +1,82 @@
+#include "velmora/apps/desktop/picture_book.h"
+
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+#include <QDir>
+
+#include "velmora/adapters/qt/picture.h"
+#include "velmora/adapters/qt/qt_screen.h"
+#include "velmora/adapters/qt/text.h"
+#include "velmora/data/product_types.h"
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/proposal/frm_bercial_pinones.h"
+
+namespace velmora::desktop {
+
+namespace {
+
+std::optional<std::int32_t> latestOfType(sql::Connection& connection, int type) {
+    const sql::Recordset found = connection.execute("SELECT top 1 DPI_Id FROM DPI where DPI_Tipo=" +
+                                                    runtime::CStr(std::int64_t{type}) + " order by DPI_Id desc");
+    return found.eof() ? std::nullopt : std::optional(found[0].toLong());
+}
+
+/// What a user enters for a piece of which the workshop has made none yet.
+void enterPiece(proposal::frmBercialPiñones& form, int type) {
+    auto& f = form.fields();
+    f.cboTipoPre.setListIndex(type);
+    const std::vector<std::pair<screen::TextBox*, const char*>> entries{
+        {&f.Text1(0), "19,05"}, {&f.Text1(1), "21"},    {&f.Text1(8), "11,68"}, {&f.Text1(2), "12,07"},
+        {&f.Text1(19), "4"},    {&f.Text1(22), "40"},   {&f.Text1(24), "1000"}, {&f.Text1(25), "40"},
+        {&f.txtPesu(8), "38"},  {&f.txtPesu(11), "12"},
+    };
+    for (const auto& [box, text] : entries) {
+        if (form.moveFocus(*box)) {
+            box->setText(text);
+        }
+    }
+    form.moveFocus(f.txtPesu(0));
+}
+
+std::unique_ptr<screen::Form> mainForm(session::Session& session, platform::Desk& desk, int type) {
+    auto form = std::make_unique<proposal::frmBercialPiñones>(session, desk);
+    if (const auto id = latestOfType(session.Connection(), type)) {
+        form->msCargarPresupuesto(*id, true);
+    } else {
+        enterPiece(*form, type);
+    }
+    return form;
+}
+
+}  // namespace
+
+std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
+    std::vector<Page> pages;
+    for (const data::ProductType& type : data::productTypes) {
+        const std::string number = runtime::Format(type.number, "000");
+        pages.push_back({"propuesta_tipo_" + number.substr(1),
+                         [&session, &desk, n = type.number] { return mainForm(session, desk, n); }});
+    }
+    return pages;
+}
+
+std::vector<std::string> writePictures(qt::QtScreen& screen, const std::vector<Page>& pages, const std::string& folder) {
+    const QDir directory(qt::toQt(folder));
+    if (!directory.mkpath(QStringLiteral("."))) {
+        throw std::runtime_error("No se puede crear la carpeta " + folder);
+    }
+    std::vector<std::string> paths;
+    for (const Page& page : pages) {
+        const std::string path = qt::fromQt(directory.filePath(qt::toQt(page.name + ".png")));
+        const std::unique_ptr<screen::Form> form = page.make();
+        if (!qt::picture(screen, *form, path)) {
+            throw std::runtime_error("No se puede escribir " + path);
+        }
+        paths.push_back(path);
+    }
+    return paths;
+}
+
+}  // namespace velmora::desktop

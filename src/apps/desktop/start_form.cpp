@@ -1,0 +1,71 @@
+#include "velmora/apps/desktop/start_form.h"
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/version.h"
+
+namespace velmora::desktop {
+
+namespace {
+
+constexpr char32_t backspace = 8;
+
+bool isDigit(char32_t character) {
+    return character >= U'0' && character <= U'9';
+}
+
+}  // namespace
+
+StartForm::StartForm(platform::Desk& desk, shell::VMORA& vmora) : Form("frmInicio"), desk_(desk), vmora_(vmora) {
+    setCaption("VELMORA " + platform::version());
+    arrange();
+    wire();
+}
+
+void StartForm::arrange() {
+    namespace lay = screen::layout;
+    cmdPropuestas_.setCaption("&Propuestas");
+    cmdSeguimiento_.setCaption("&Seguimiento");
+    cmdParametros_.setCaption("Parámetros de &materiales");
+    cmdVerPropuesta_.setCaption("&Ver propuesta");
+    cmdSalir_.setCaption("Sa&lir (ESC)");
+    txtNumero_.setToolTip("Número de la propuesta que se quiere consultar");
+    const auto large = [](screen::Button& button) { return lay::plain(button).as(screen::Role::total); };
+    setLayout(lay::column(large(cmdPropuestas_), large(cmdSeguimiento_), large(cmdParametros_),
+                          lay::row(lay::field("Propuesta nº", txtNumero_, 9).number(), lay::plain(cmdVerPropuesta_),
+                                   lay::space(), lay::plain(cmdSalir_))));
+    setTabOrder({&cmdPropuestas_, &cmdSeguimiento_, &cmdParametros_, &txtNumero_, &cmdVerPropuesta_, &cmdSalir_});
+}
+
+void StartForm::wire() {
+    cmdPropuestas_.onClick = [this] { vmora_.jShow(); };
+    cmdSeguimiento_.onClick = [this] { vmora_.jShowSeguimiento(); };
+    cmdParametros_.onClick = [this] { vmora_.jShowParametros(); };
+    cmdVerPropuesta_.onClick = [this] { showProposal(); };
+    cmdSalir_.onClick = [this] { unload(); };
+    txtNumero_.onKeyPress = [](screen::KeyPress& key) {
+        if (!isDigit(key.character) && key.character != backspace) {
+            key.character = 0;
+        }
+    };
+    onKeyDown = [this](screen::KeyDown& event) {
+        if (event.key == screen::Key::escape) {
+            event.key = screen::Key::none;
+            unload();
+        } else if (event.key == screen::Key::enter && activeControl() == &txtNumero_) {
+            event.key = screen::Key::none;
+            showProposal();
+        }
+    };
+}
+
+void StartForm::showProposal() {
+    if (!runtime::IsNumeric(txtNumero_.text())) {
+        desk_.screen.show({.text = "Falta el número de la propuesta.", .icon = screen::Icon::exclamation});
+        txtNumero_.setFocus();
+        return;
+    }
+    std::int32_t nIdDpi = runtime::CLng(txtNumero_.text());
+    vmora_.jShowPropuesta(nIdDpi);
+}
+
+}  // namespace velmora::desktop

@@ -1,0 +1,89 @@
+#include "velmora/apps/desktop/workshop.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include <QStandardPaths>
+
+#include "velmora/adapters/sqlite/database.h"
+#include "velmora/data/new_database.h"
+#include "velmora/platform/sql/db_error.h"
+
+namespace velmora::desktop {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* inMemory = ":memory:";
+
+fs::path toPath(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+/// New is what does not exist, and the empty file that a broken start has left.
+bool isNew(const std::string& path) {
+    std::error_code ignored;
+    const fs::path file = toPath(path);
+    return path == inMemory || !fs::exists(file, ignored) || (fs::is_regular_file(file, ignored) && fs::is_empty(file, ignored));
+}
+
+void makeFolder(const std::string& path) {
+    const fs::path folder = toPath(path).parent_path();
+    std::error_code error;
+    if (path != inMemory && !folder.empty() && !fs::create_directories(folder, error) && error) {
+        throw NoWorkshop("No se puede crear la carpeta de la base de datos:\n" + folder.string() + "\n\n" +
+                         error.message());
+    }
+}
+
+void checkOurs(sql::Connection& connection) {
+    try {
+        connection.execute("SELECT top 1 DPI_Id FROM DPI");
+    } catch (const sql::DbError& e) {
+        if (e.number() == sql::provider::missingTable) {
+            throw NoWorkshop("El fichero es una base de datos, pero no de VELMORA: no tiene la tabla DPI.");
+        }
+        throw;
+    }
+}
+
+/// Found out now, not when the first proposal is saved. Nothing is written.
+void checkWritable(sql::Connection& connection) {
+    connection.beginTrans();
+    connection.rollbackTrans();
+}
+
+std::unique_ptr<Workshop> open(const std::string& path, const system::Clock& clock) {
+    const bool fresh = isNew(path);
+    makeFolder(path);
+    sqlite::Options engine;
+    engine.clock = [&clock] { return clock.now(); };
+    auto workshop = std::make_unique<Workshop>(sqlite::openDatabase(path, std::move(engine)));
+    if (fresh) {
+        data::createDatabase(workshop->connection());
+        data::fillDemo(workshop->connection(), clock.now());
+    }
+    checkOurs(workshop->connection());
+    checkWritable(workshop->connection());
+    return workshop;
+}
+
+}  // namespace
+
+std::unique_ptr<Workshop> openWorkshop(const std::string& path, const system::Clock& clock) {
+    try {
+        return open(path, clock);
+    } catch (const NoWorkshop& e) {
+        throw NoWorkshop(std::string(e.what()) + "\n\n" + path);
+    } catch (const sql::DbError& e) {
+        throw NoWorkshop("No se puede abrir la base de datos:\n" + path + "\n\n" + e.description());
+    }
+}
+
+std::string defaultDatabase() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return (folder + QStringLiteral("/velmora/velmora.db")).toStdString();
+}
+
+}  // namespace velmora::desktop

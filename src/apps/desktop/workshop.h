@@ -1,0 +1,41 @@
+#pragma once
+// The database that the desktop works on, and the session on it.
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "velmora/adapters/session/stand_in_session.h"
+#include "velmora/platform/sql/connection.h"
+#include "velmora/platform/system/system.h"
+
+namespace velmora::desktop {
+
+/// Why there is no workshop; Spanish, for the user.
+class NoWorkshop : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+class Workshop {
+  public:
+    explicit Workshop(std::unique_ptr<sql::Connection> connection)
+        : connection_(std::move(connection)), session_(*connection_) {}
+
+    sql::Connection& connection() { return *connection_; }
+    adapters::StandInSession& session() { return session_; }
+
+  private:
+    std::unique_ptr<sql::Connection> connection_;
+    adapters::StandInSession session_;
+};
+
+/// Opens the database of this path. One that does not exist is made, its folder too, and gets the demonstration rows;
+/// ":memory:" lives as long as the workshop. The clock must outlive it. Errors: NoWorkshop for a file that is no
+/// database, not ours, locked, or cannot be written.
+std::unique_ptr<Workshop> openWorkshop(const std::string& path, const system::Clock& clock);
+
+/// The database in the user's data folder.
+std::string defaultDatabase();
+
+}  // namespace velmora::desktop
