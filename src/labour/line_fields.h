@@ -1,9 +1,9 @@
 #pragma once
 // The controls of the labour form, which its concerns share.
 
+#include <cstdint>
 #include <string>
 
-#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/control_array.h"
 #include "velmora/platform/screen/data_grid.h"

@@ -66,8 +66,8 @@ void MachineAndOperators::clearLine() {
     f_.put(5, 7, "0");
 }
 
-void MachineAndOperators::listOperators(std::int32_t machine) {
-    const std::string key = CStr(std::int64_t{machine});
+void MachineAndOperators::listOperators(std::int32_t idMachine) {
+    const std::string key = CStr(std::int64_t{idMachine});
     std::optional<std::int32_t> own;
     const sql::Recordset ofMachine =
         session_.Connection().execute("select top 1 ope_id,ope_nom,OPE_VENTA from ope where ope_mad = " + key);

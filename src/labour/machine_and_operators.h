@@ -35,7 +35,7 @@ class MachineAndOperators {
   private:
     void clearLine();
     void workOutAmount();
-    void listOperators(std::int32_t machine);
+    void listOperators(std::int32_t idMachine);
     void add(const std::string& name, std::string entry);
     void replace(std::int32_t idOperator, const std::string& entry);
 

@@ -87,6 +87,13 @@ TEST_F(DuplicatingTest, ATextThatReadsLikeANumberStaysAText) {
     EXPECT_EQ(ofCopy("DPI_ProTex"), "1,5");
 }
 
+TEST_F(DuplicatingTest, AHostsBitColumnIsCopiedAsABit) {
+    shop.database->execute("ALTER TABLE DPI ADD DPI_Marca bit NULL");
+    shop.database->execute("update DPI set DPI_Marca=1 where DPI_Id=1");
+    duplicate();
+    EXPECT_EQ(shop.database->execute("select DPI_Marca from DPI where DPI_Id=2")[0], sql::Value(true));
+}
+
 TEST_F(DuplicatingTest, NumbersAreCopiedWithTwoDecimals) {
     shop.database->execute("update DPI set DPI_Pas=9.525 where DPI_Id=1");
     duplicate();
