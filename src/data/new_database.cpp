@@ -5,6 +5,7 @@
 #include <span>
 
 #include "velmora/data/demo_rows.h"
+#include "velmora/data/indexes.h"
 #include "velmora/data/schema.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -84,10 +85,8 @@ std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog) 
     for (const TableDefinition& table : tables()) {
         addStatementsOf(table, sessionCatalog, statements);
     }
-    for (const IndexDefinition& index : indexes()) {
-        statements.push_back("CREATE INDEX [" + std::string(index.name) + "] ON [dbo].[" + std::string(index.table) +
-                             "] (" + std::string(index.columns) + ")");
-    }
+    const std::vector<std::string> indexed = indexStatements();
+    statements.insert(statements.end(), indexed.begin(), indexed.end());
     return statements;
 }
 
