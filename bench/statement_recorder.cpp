@@ -57,6 +57,32 @@ int note(unsigned event, void* context, void* subject, void* text) {
     return 0;
 }
 
+using Handle = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
+
+[[noreturn]] void refuse(sqlite3* database, const std::string& sql) {
+    throw std::runtime_error(std::string(sqlite3_errmsg(database)) + ": " + sql);
+}
+
+Handle prepare(const RecordedStatement& recorded) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(recorded.database, recorded.sql.data(), static_cast<int>(recorded.sql.size()), &statement,
+                           nullptr) != SQLITE_OK) {
+        refuse(recorded.database, recorded.sql);
+    }
+    return Handle(statement, &sqlite3_finalize);
+}
+
+/// As many rows as were fetched, and one step more, in which the end was seen.
+void fetch(sqlite3_stmt* statement, std::int64_t rows) {
+    int result = SQLITE_ROW;
+    for (std::int64_t step = 0; result == SQLITE_ROW && step <= rows; ++step) {
+        result = sqlite3_step(statement);
+    }
+    if (result != SQLITE_ROW && result != SQLITE_DONE) {
+        refuse(sqlite3_db_handle(statement), sqlite3_sql(statement));
+    }
+}
+
 }  // namespace
 
 StatementRecorder::StatementRecorder() {
@@ -92,16 +118,27 @@ Recording StatementRecorder::record(const std::function<void()>& work) {
 
 void replay(const Recording& recording) {
     for (const RecordedStatement& recorded : recording) {
-        sqlite3_stmt* statement = nullptr;
-        int result = sqlite3_prepare_v2(recorded.database, recorded.sql.data(), static_cast<int>(recorded.sql.size()),
-                                        &statement, nullptr);
-        for (std::int64_t step = 0; result == SQLITE_OK || (result == SQLITE_ROW && step <= recorded.rows); ++step) {
-            result = sqlite3_step(statement);
-        }
-        sqlite3_finalize(statement);
-        if (result != SQLITE_ROW && result != SQLITE_DONE) {
-            throw std::runtime_error(std::string(sqlite3_errmsg(recorded.database)) + ": " + recorded.sql);
-        }
+        const Handle statement = prepare(recorded);
+        fetch(statement.get(), recorded.rows);
+    }
+}
+
+PreparedRecording::PreparedRecording(const Recording& recording) {
+    for (const RecordedStatement& recorded : recording) {
+        prepared_.push_back({prepare(recorded).release(), recorded.rows});
+    }
+}
+
+PreparedRecording::~PreparedRecording() {
+    for (const Prepared& one : prepared_) {
+        sqlite3_finalize(one.statement);
+    }
+}
+
+void PreparedRecording::replay() {
+    for (const Prepared& one : prepared_) {
+        fetch(one.statement, one.rows);
+        sqlite3_reset(one.statement);
     }
 }
 

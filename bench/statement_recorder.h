@@ -7,6 +7,7 @@
 #include <vector>
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace velmora::bench {
 
@@ -35,5 +36,24 @@ class StatementRecorder {
 /// Prepares, steps and finalizes each statement, fetching as many rows as were fetched when it was recorded. Throws
 /// std::runtime_error for a statement that SQLite refuses: a replay that fails would be a fast one.
 void replay(const Recording& recording);
+
+/// The same statements, each prepared once and only stepped and reset in a replay: the harder yardstick, for a program
+/// that keeps what it has prepared.
+class PreparedRecording {
+  public:
+    explicit PreparedRecording(const Recording& recording);
+    ~PreparedRecording();
+    PreparedRecording(const PreparedRecording&) = delete;
+    PreparedRecording& operator=(const PreparedRecording&) = delete;
+
+    void replay();
+
+  private:
+    struct Prepared {
+        sqlite3_stmt* statement;
+        std::int64_t rows;
+    };
+    std::vector<Prepared> prepared_;
+};
 
 }  // namespace velmora::bench

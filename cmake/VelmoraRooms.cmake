@@ -8,6 +8,9 @@ set(VELMORA_WARNINGS -Wall -Wextra -Wconversion -Wshadow)
 add_library(velmora_flags INTERFACE)
 target_compile_features(velmora_flags INTERFACE cxx_std_20)
 target_compile_options(velmora_flags INTERFACE ${VELMORA_WARNINGS})
+# Before version 13, g++ takes "literal" + std::string, once optimised, for a copy of a text over itself.
+target_compile_options(velmora_flags INTERFACE
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 if(VELMORA_WERROR)
   target_compile_options(velmora_flags INTERFACE -Werror)
 endif()

@@ -57,7 +57,7 @@ LOCALE_FUNCTIONS = """
     setlocale localeconv strcoll strxfrm
 """.split()
 _LOCALE_CALL = re.compile(r"(?<![\w.>:])(?:std\s*::|::)?\s*(" + "|".join(LOCALE_FUNCTIONS) + r")\s*\(")
-_LOCALE_TYPE = re.compile(r"\bstd\s*::\s*(locale|regex|wregex|basic_regex|ostringstream|istringstream|stringstream)\b")
+_LOCALE_TYPE = re.compile(r"\bstd\s*::\s*(locale|regex|wregex|basic_regex)\b")
 _ROUND_CALL = re.compile(r"(?<![\w.>:])(?:std\s*::\s*|::\s*)?(l?l?round|nearbyint|l?l?rint)f?\s*\(")
 _TO_STRING_CALL = re.compile(r"\bto_string\s*\(")
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes the rows of the demonstration workshop: one T-SQL INSERT a line.
+"""Makes the rows of the demonstration workshop: one T-SQL INSERT a line, of up to 20 rows.
 
     data/demo/make_demo.py            writes the *.sql files beside it
 
@@ -154,16 +154,26 @@ def literal(value):
 
 
 class File:
-    def __init__(self, name, heading):
-        self.path = HERE / name
+    """One row a line; where rows are many, rows of the same columns that follow each other share an INSERT."""
+
+    def __init__(self, name, heading, rows_a_line=1):
+        self.path, self.rows_a_line = HERE / name, rows_a_line
         self.lines = ["-- " + heading + " Written by make_demo.py."]
+        self.head, self.rows = None, 0
 
     def comment(self, text):
         self.lines.append("-- " + text)
+        self.head = None
 
     def insert(self, table, **columns):
-        self.lines.append("INSERT INTO %s (%s) VALUES (%s)" % (
-            table, ",".join(columns), ",".join(literal(value) for value in columns.values())))
+        head = "INSERT INTO %s (%s) VALUES " % (table, ",".join(columns))
+        row = "(%s)" % ",".join(literal(value) for value in columns.values())
+        if head == self.head and self.rows < self.rows_a_line:
+            self.lines[-1] += "," + row
+            self.rows += 1
+        else:
+            self.lines.append(head + row)
+            self.head, self.rows = head, 1
 
     def write(self):
         self.path.write_text("\n".join(self.lines) + "\n", encoding="utf-8")
@@ -401,7 +411,8 @@ def double_values(chain, z):
 
 
 def write_chains():
-    out = File("40_chains.sql", "Values of double sprockets for the 20 chains, computed from chains.csv.")
+    out = File("40_chains.sql", "Values of double sprockets for the 20 chains, computed from chains.csv.",
+               rows_a_line=20)
     for chain in CHAINS:
         for z in TEETH:
             values = double_values(chain, z)
@@ -429,7 +440,7 @@ def gear_values(family, module, z):
 
 
 def write_gears():
-    out = File("45_gears.sql", "Gears and gear discs of the common modules.")
+    out = File("45_gears.sql", "Gears and gear discs of the common modules.", rows_a_line=20)
     for family in (0, 1):
         for module in MODULES:
             for z in GEAR_TEETH:
@@ -439,6 +450,9 @@ def write_gears():
 
 
 # --- Purchases ----------------------------------------------------------------------------------------------------
+
+MEASURES = ("ANCHO", "ESPESOR", "DEXTERIOR", "DINTERIOR", "LARGO")
+
 
 def measures_of(article, rng):
     """Width, thickness, outside and inner diameter, length of a lot, as the article's formula needs them."""
@@ -455,20 +469,21 @@ def measures_of(article, rng):
 
 
 def write_purchases():
-    out = File("50_purchases.sql", "Suppliers, and the delivery notes of the last months.")
+    out = File("50_purchases.sql", "Suppliers, and the delivery notes of the last months.", rows_a_line=20)
     rng = random.Random(90)
     for supplier in range(1, 7):
         out.insert("PRO", PRO_ID=supplier)
     bought = [article for article in ARTICLES if article.key < 100 and article.state == 0]
-    for note, back in enumerate(sorted([0, 1, 90, 91, 120, 200] + [rng.randint(2, 89) for _ in range(54)],
-                                       reverse=True), start=1):
+    backs = sorted([0, 1, 90, 91, 120, 200] + [rng.randint(2, 89) for _ in range(54)], reverse=True)
+    for note, back in enumerate(backs, start=1):
         out.insert("CAC", CAC_ID=note, CAC_FECHA=Day(back), CAC_SERIE="A", CAC_NUMERO=5000 + note,
                    CAC_IDPRO=rng.randint(1, 6))
-        lot = bought if back in (0, 90, 91) else rng.sample(bought, rng.randint(1, 4))
-        for article in lot:
-            price = redondear(article.cost * rng.uniform(0.94, 1.06), 4)
-            out.insert("LAC", LAC_IDCAC=note, LAC_CODART=article.code, LAC_PRECIO=price,
-                       **{"LAC_" + name: value for name, value in measures_of(article, rng).items()})
+    for note, back in enumerate(backs, start=1):
+        for article in bought if back in (0, 90, 91) else rng.sample(bought, rng.randint(1, 4)):
+            measures = measures_of(article, rng)
+            out.insert("LAC", LAC_IDCAC=note, LAC_CODART=article.code,
+                       LAC_PRECIO=redondear(article.cost * rng.uniform(0.94, 1.06), 4),
+                       **{"LAC_" + name: measures.get(name) for name in MEASURES})
     out.write()
 
 
@@ -531,7 +546,8 @@ def double_measures(kind, chain, z):
     rim_width = redondear(((row["b2"] - row["X"]) / 2) * 3 + row["X"] * 2) if kind in (12, 14) else row["b2"]
     hub_width = redondear(row["A"] - row["b2"])
     measures = {"Z": z, "Pas": row["Paso"], "AC": row["AC"], "Rodillo": row["Rodillo"], "DmPri": row["Dp"],
-                "DmFon": row["Df"], "DmExt": row["De"], "DmCub": row["Dm"], "Alt": redondear((row["De"] - row["Df"]) / 2),
+                "DmFon": row["Df"], "DmExt": row["De"], "DmCub": row["Dm"],
+                "Alt": redondear((row["De"] - row["Df"]) / 2),
                 "AnchoTotal": row["A"], "Llanta": rim_width, "AnchoCubo": hub_width, "Modulo": 0,
                 "PDM_Tipo": chain.index, "PDM_Texto": chain.name, "PDM_b1": row["b1"], "PDM_x": row["X"],
                 "PDM_h1": redondear((row["De"] - row["Df"]) / 2 + row["H1"]), "Eje": row["D2"]}
@@ -724,9 +740,13 @@ def material_rows(p, order, sprocket, rng):
 class WorkOrders:
     """Accepted proposals turned into orders, in the order of their acceptance."""
 
-    def __init__(self, out, rng):
-        self.out, self.rng = out, rng
+    def __init__(self, rng):
+        self.rng = rng
+        self.rows = {"ORDEN": [], "OrdPiñones": [], "Mat": [], "RUT": []}
         self.order_key, self.number, self.sprocket, self.queue = 0, 24000, 0, {}
+
+    def insert(self, table, **columns):
+        self.rows[table].append(columns)
 
     def accept(self, p, accepted_back):
         self.order_key += 1
@@ -740,7 +760,7 @@ class WorkOrders:
         remark = p["DPI_Obser"] or generated
         known = {article.code: article.text for article in ARTICLES if article.key > 100}
         earlier = self.rng.choice(list(known)) if self.rng.random() < 0.15 else None
-        self.out.insert("ORDEN", ORDEN_NUM=self.number, ORDEN_SER="0", ORDEN_CLI=p["DPI_CodCliente"],
+        self.insert("ORDEN", ORDEN_NUM=self.number, ORDEN_SER="0", ORDEN_CLI=p["DPI_CodCliente"],
                         ORDEN_NOM=p["DPI_NomCliente"], ORDEN_GF=charge, ORDEN_OBS=remark[:150],
                         ORDEN_UNI=p["DPI_Unidades"], ORDEN_REF=p["DPI_RefCli"], ORDEN_INI=Day(accepted_back),
                         ORDEN_ADE=known.get(earlier, "")[:100], ORDEN_ART=earlier, ORDEN_PLA=Day(delivery),
@@ -750,36 +770,38 @@ class WorkOrders:
         if p["DPI_Tipo"] != 13:
             self.sprocket += 1
             sprocket = self.sprocket
-            self.out.insert("OrdPiñones", Opi_OrdId=self.order_key,
+            self.insert("OrdPiñones", Opi_OrdId=self.order_key,
                             **{"Opi_" + column: p["DPI_" + source] for column, source in SPROCKET_COLUMNS})
         rows, cuts = material_rows(p, self.number, sprocket, self.rng)
         for row in rows:
-            self.out.insert("Mat", **row)
+            self.insert("Mat", **row)
         route = [(131, 1)] * cuts + [(line["Maq"], redondear(line["Tiempo"] * p["DPI_Unidades"]))
                                      for line in p["lines"]]
         for position, (machine, hours) in enumerate(route, start=1):
             self.queue[machine] = self.queue.get(machine, 0) + 1
-            self.out.insert("RUT", RUT_IdUsu=1, RUT_pos=position, RUT_IdOrden=self.order_key,
+            self.insert("RUT", RUT_IdUsu=1, RUT_pos=position, RUT_IdOrden=self.order_key,
                             RUT_NumOrden=self.number, RUT_Maq=machine, RUT_Estimado=hours,
                             RUT_Mpos=self.queue[machine])
 
 
 def write_proposals():
-    out = File("60_proposals.sql", "Earlier proposals with their labour; the accepted ones with their work orders.")
     days = sorted((RNG.randint(1, 720) for _ in range(PROPOSALS)), reverse=True)
     proposals = [make_proposal(number, back, RNG) for number, back in enumerate(days, start=1)]
     accepted = [(p["back"] - RNG.randint(0, min(12, p["back"])), p) for p in proposals if RNG.random() < 0.45]
-    orders = WorkOrders(out, RNG)
+    orders = WorkOrders(RNG)
     for back, p in sorted(accepted, key=lambda pair: (-pair[0], pair[1]["number"])):
         orders.accept(p, back)
-    order_lines = out.lines[1:]
-    out.lines = out.lines[:1]
+    out = File("60_proposals.sql", "Earlier proposals with their labour; the accepted ones with their work orders.",
+               rows_a_line=20)
+    columns = list(dict.fromkeys(column for p in proposals for column in p if column.startswith("DPI_")))
     for p in proposals:
-        out.insert("DPI", **{column: value for column, value in p.items() if column.startswith("DPI_")})
+        out.insert("DPI", **{column: p.get(column) for column in columns})
+    for p in proposals:
         for line in p["lines"]:
             out.insert("MoDpi", MoDpi_Dpi=p["number"], **{"MoDpi_" + name: value for name, value in line.items()})
-    out.comment("The work orders.")
-    out.lines += order_lines
+    for table, rows in orders.rows.items():
+        for row in rows:
+            out.insert(table, **row)
     out.write()
 
 

@@ -1,11 +1,13 @@
 #include "velmora/data/new_database.h"
 
 #include <charconv>
+#include <cstdint>
 #include <span>
 
 #include "velmora/data/demo_rows.h"
 #include "velmora/data/schema.h"
 #include "velmora/platform/runtime/dates.h"
+#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 
 namespace velmora::data {
@@ -20,7 +22,7 @@ std::string typeOf(const ColumnDefinition& column) {
         case ColumnType::bit:
             return "[bit]";
         case ColumnType::text:
-            return "[nvarchar] (" + std::to_string(column.width) + ") COLLATE Modern_Spanish_CI_AS";
+            return "[nvarchar] (" + runtime::CStr(std::int64_t{column.width}) + ") COLLATE Modern_Spanish_CI_AS";
         case ColumnType::date:
             return "[datetime]";
         case ColumnType::binary:
@@ -81,6 +83,10 @@ std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog) 
     std::vector<std::string> statements;
     for (const TableDefinition& table : tables()) {
         addStatementsOf(table, sessionCatalog, statements);
+    }
+    for (const IndexDefinition& index : indexes()) {
+        statements.push_back("CREATE INDEX [" + std::string(index.name) + "] ON [dbo].[" + std::string(index.table) +
+                             "] (" + std::string(index.columns) + ")");
     }
     return statements;
 }

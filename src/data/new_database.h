@@ -11,8 +11,8 @@
 
 namespace velmora::data {
 
-/// The T-SQL that creates all tables and their keys in an empty database, one statement each. The catalogue is the
-/// session's own; the documents' table goes into "DOC" and that name, which must exist.
+/// The T-SQL that creates all tables, their keys and indexes in an empty database, one statement each. The catalogue is
+/// the session's own; the documents' table goes into "DOC" and that name, which must exist.
 std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog);
 
 /// The rows of the demonstration workshop, one INSERT each; its days are counted back from `now`.

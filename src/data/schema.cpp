@@ -17,6 +17,8 @@ constexpr int articleTextWidth = 150;
 constexpr int remarksWidth = 4000;
 constexpr int seriesWidth = 10;
 
+// Chosen C-282: a key that the server assigned is never given again, also when the highest row is deleted, as IDENTITY
+// has it: an order that names a deleted proposal must not come to name another.
 constexpr ColumnDefinition serverKey(std::string_view name) {
     return {.name = name, .type = ColumnType::integer, .null = Null::no, .identity = true};
 }
@@ -42,7 +44,8 @@ constexpr ColumnDefinition requiredNumber(std::string_view name) {
     return {.name = name, .type = ColumnType::number, .null = Null::no};
 }
 
-// The five newer columns stand last, in the order in which an older table gets them.
+// Chosen C-283: the five newer columns stand last, spelled and ordered as an older table gets them at the start of the
+// program, so that a new database and an upgraded one are alike.
 constexpr auto dpi = std::to_array<ColumnDefinition>({
     serverKey("DPI_Id"),
     integer("DPI_Tipo"),
@@ -371,6 +374,20 @@ constexpr auto allTables = std::to_array<TableDefinition>({
     {.name = "dex", .owner = Owner::host, .columns = dex, .key = "Dex_Id", .catalog = Catalog::documents},
 });
 
+constexpr auto allIndexes = std::to_array<IndexDefinition>({
+    {.name = "IX_DPI_Fecha", .table = "DPI", .columns = "DPI_Fecha"},
+    {.name = "IX_DPI_Toothing", .table = "DPI", .columns = "DPI_Z, DPI_Pas, DPI_AC, DPI_Rodillo, DPI_Tipo"},
+    {.name = "IX_DPI_Customer", .table = "DPI", .columns = "DPI_CodCliente"},
+    {.name = "IX_MoDpi_Dpi", .table = "MoDpi", .columns = "MoDpi_Dpi"},
+    {.name = "IX_PDM_Chain", .table = "PDM", .columns = "PDM_Tipo, PDM_Z"},
+    {.name = "IX_LAC_Article", .table = "LAC", .columns = "LAC_CODART"},
+    {.name = "IX_REC_Customer", .table = "REC", .columns = "REC_IdClPr"},
+    {.name = "IX_Cav_Customer", .table = "Cav", .columns = "Cav_IdCli"},
+    {.name = "IX_Lav_Note", .table = "Lav", .columns = "Lav_Idcav"},
+    {.name = "IX_ORDEN_Number", .table = "ORDEN", .columns = "ORDEN_NUM"},
+    {.name = "IX_RUT_Machine", .table = "RUT", .columns = "RUT_Maq, RUT_Mpos"},
+});
+
 bool sameName(std::string_view a, std::string_view b) {
     return runtime::UCase(a) == runtime::UCase(b);
 }
@@ -379,6 +396,10 @@ bool sameName(std::string_view a, std::string_view b) {
 
 std::span<const TableDefinition> tables() {
     return allTables;
+}
+
+std::span<const IndexDefinition> indexes() {
+    return allIndexes;
 }
 
 const TableDefinition* findTable(std::string_view name) {

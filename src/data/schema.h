@@ -33,7 +33,7 @@ struct ColumnDefinition {
     int width = 0;  ///< of a text, in UTF-16 units
     Null null = Null::yes;
     std::string_view byDefault = {};  ///< an expression of the server; empty for none
-    bool identity = false;            ///< assigned by the server, from 1, never given twice
+    bool identity = false;            ///< assigned by the server, from 1
 };
 
 struct TableDefinition {
@@ -44,8 +44,16 @@ struct TableDefinition {
     Catalog catalog = Catalog::session;
 };
 
+/// What a list or a look-up of the program searches by, so that it stays quick over many rows.
+struct IndexDefinition {
+    std::string_view name;
+    std::string_view table;    ///< of the session's catalogue
+    std::string_view columns;  ///< separated by commas
+};
+
 /// All tables, in the order in which they are created.
 std::span<const TableDefinition> tables();
+std::span<const IndexDefinition> indexes();
 
 /// The table of that name, in any case; nullptr when there is none.
 const TableDefinition* findTable(std::string_view name);

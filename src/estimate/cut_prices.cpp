@@ -1,5 +1,8 @@
 #include "velmora/estimate/cut_prices.h"
 
+#include <utility>
+#include <vector>
+
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -10,9 +13,15 @@ constexpr double defaultRate = 0.01;
 }
 
 void CutPrices::msCargarPreciosCorte() {
-    rsPreciosCorte_ = session_.Connection().execute(
+    sql::Recordset read = session_.Connection().execute(
         "Select PARDPI_ID,mat_pcs from materiales inner join art on materiales.mat_id= art.art_mat "
         "inner join PARDPI on art_id = PARDPI_ART where PARDPI_ID>0 ");
+    // Copied, since an engine may read the rows of a set again while they are walked.
+    std::vector<sql::Row> rates;
+    for (; !read.eof(); read.moveNext()) {
+        rates.push_back({read["PARDPI_ID"], read["mat_pcs"]});
+    }
+    rsPreciosCorte_ = sql::Recordset(sql::rowsInMemory({{"PARDPI_ID"}, {"mat_pcs"}}, std::move(rates)));
 }
 
 double CutPrices::FnPrecioCorte(std::string_view nIdPar) {

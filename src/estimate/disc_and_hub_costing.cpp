@@ -15,6 +15,11 @@ constexpr double sawAllowance = 3;        ///< mm added to a width that is sawn
 constexpr double diameterAllowance = 5;   ///< mm added to a diameter that is turned
 constexpr double hubWeightAllowance = 2;  ///< mm added to a hub's length for its weight only
 
+/// A workshop without a material for it never opens the set.
+bool holdsRecord(const sql::Recordset& material) {
+    return material.isOpen() && material.hasRows();
+}
+
 bool isTube(const sql::Value& formula) {
     return !formula.isNull() && (formula.toLong() == 4 || formula.toLong() == 6);
 }
@@ -96,7 +101,7 @@ void DiscAndHubCosting::msCalcularCubo() {
 void DiscAndHubCosting::discAndHub(const TextBox& hubLength) {
     f_.fraCubo.setEnabled(true);
     f_.txtPesu(15).setText("0,00");
-    if (f_.rsMatCubo->hasRows() && !f_.bCargandoCubo) {
+    if (holdsRecord(*f_.rsMatCubo) && !f_.bCargandoCubo) {
         put(f_.txtPesu(23), (*f_.rsMatCubo)["art_pco"]);
         put(f_.txtPesu(24), (*f_.rsMatCubo)["art_pve"]);
         priceHub();

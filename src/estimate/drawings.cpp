@@ -179,19 +179,19 @@ Stand arrange(const Piece& piece) {
 }
 
 void line(Drawing& drawing, Point from, Point to, Pen pen) {
-    drawing.shapes.push_back(Path{{from, to}, false, pen, Fill::none});
+    drawing.shapes.emplace_back(Path{{from, to}, false, pen, Fill::none});
 }
 
 void area(Drawing& drawing, std::vector<Point> points, Fill fill) {
-    drawing.shapes.push_back(Path{std::move(points), true, Pen::outline, fill});
+    drawing.shapes.emplace_back(Path{std::move(points), true, Pen::outline, fill});
 }
 
 void circle(Drawing& drawing, Point centre, double radius, Pen pen, Fill fill = Fill::none) {
-    drawing.shapes.push_back(screen::Circle{centre, radius, pen, fill});
+    drawing.shapes.emplace_back(screen::Circle{centre, radius, pen, fill});
 }
 
 void dimension(Drawing& drawing, Point from, Point to, double offset, PieceLabel label) {
-    drawing.shapes.push_back(screen::Dimension{from, to, offset, static_cast<int>(label)});
+    drawing.shapes.emplace_back(screen::Dimension{from, to, offset, static_cast<int>(label)});
 }
 
 Point polar(Point centre, double radius, double angle) {

@@ -53,12 +53,14 @@ void SprocketGeometry::msRecalcularMedidas() {
     if (data::isSmoothPulley(f_.type())) {
         f_.Text1(15).setText(Format(pulleyExterior(number(f_.Text1(4))), "0.00"));
     }
-    writeHubAndTotalWidth("Ancho Total ");
+    writeHubAndTotalWidth();
+    f_.Text3(4).setText("Ancho Total " + f_.Text1(17).text());
     put(f_.Text1(6), height());
+    writeHubAndTotalWidth();
+    put(f_.Text1(rim), FnLlanta(number(f_.Text1(8))));
     // Kept K-012: "Ancho total " instead of "Ancho Total " makes the caption differ, so that its change runs the
     // thickness rule with the widths of this moment.
-    writeHubAndTotalWidth("Ancho total ");
-    put(f_.Text1(rim), FnLlanta(number(f_.Text1(8))));
+    f_.Text3(4).setText("Ancho total " + f_.Text1(17).text());
     writeHubWidth();
     rooms_.costing.msCalcularGrueso();
     writeRimCaption();
@@ -70,12 +72,11 @@ void SprocketGeometry::msRecalcularMedidas() {
     writeHubWidth();
 }
 
-void SprocketGeometry::writeHubAndTotalWidth(const char* prefix) {
+void SprocketGeometry::writeHubAndTotalWidth() {
     double dp = number(f_.Text1(3));
     put(f_.Text1(16), rooms_.constants.FnDmCubo(dp));
     dp = number(f_.Text1(3));
     put(f_.Text1(17), rooms_.constants.FnAnchoTotal(dp));
-    f_.Text3(4).setText(prefix + f_.Text1(17).text());
 }
 
 void SprocketGeometry::writeRimCaption() {
@@ -130,7 +131,9 @@ void SprocketGeometry::leavePlain(int Index) {
             tail(writeTotalWidth(Index));
             break;
         case secondHubWidth:
-            tail(0);
+            // Chosen C-030: the variable sprocket's second hub gives its total and nothing else; the thickness of a
+            // small variable pulley stays.
+            rooms_.doubles.msCalcularDobleVariable();
             break;
         default:
             break;

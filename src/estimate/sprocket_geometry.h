@@ -46,7 +46,7 @@ class SprocketGeometry {
     void leaveRoller();
     double writeTotalWidth(int Index);
     void tail(double total);
-    void writeHubAndTotalWidth(const char* prefix);
+    void writeHubAndTotalWidth();
     void writeRimCaption();
     void writeHubWidth();
 

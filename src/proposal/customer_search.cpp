@@ -1,6 +1,8 @@
 #include "velmora/proposal/customer_search.h"
 
-#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
@@ -29,7 +31,20 @@ constexpr NameSearch commercial{
     .caption = "Nombre COMERCIAL del Cliente",
     .title = "Buscar clientes por nombre COMERCIAL",
 };
-constexpr std::size_t shortestAnswer = 3;
+constexpr int shortestAnswer = 3;
+
+/// The columns of a chosen row.
+std::vector<std::string> partsOf(std::string_view row) {
+    std::vector<std::string> parts;
+    for (;;) {
+        const std::size_t end = row.find('\x01');
+        parts.emplace_back(row.substr(0, end));
+        if (end == std::string_view::npos) {
+            return parts;
+        }
+        row.remove_prefix(end + 1);
+    }
+}
 
 }  // namespace
 
@@ -73,16 +88,16 @@ void CustomerSearch::takeOver(const std::string& row) {
         f_.txtPesu(1).setText("");
         return;
     }
-    const std::size_t first = row.find('\x01');
-    const std::size_t second = first == std::string::npos ? first : row.find('\x01', first + 1);
-    if (second == std::string::npos) {
-        return;
+    // A result with too few parts leaves what it does not bring as it was.
+    const std::vector<std::string> parts = partsOf(row);
+    if (parts.size() > 1) {
+        // Kept K-015: the tag holds the code here and the customer's key after a look-up by code; nothing reads it.
+        code.setText(parts[1]);
+        code.setTag(parts[1]);
     }
-    // Kept K-015: the tag holds the code here and the customer's key after a look-up by code; nothing reads it.
-    const std::string chosen = row.substr(first + 1, second - first - 1);
-    code.setText(chosen);
-    code.setTag(chosen);
-    f_.txtPesu(1).setText(row.substr(second + 1, row.find('\x01', second + 1) - second - 1));
+    if (parts.size() > 2) {
+        f_.txtPesu(1).setText(parts[2]);
+    }
 }
 
 }  // namespace velmora::proposal

@@ -83,6 +83,7 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
     f.chkFormulas.setCaption("Fórmula de cada artículo");
     f.chkFormulas.setChecked(true);
     f.cmdEng.setCaption("Engranaje…");
+    // Chosen C-064: a stored tool that is not in the list is shown, and kept by the next save.
     f.cboHerramienta.setStyle(estimate::ComboBox::Style::editable);
     f.txtObservaciones.setMultiLine(true);
 

@@ -84,6 +84,8 @@ void frmBercialPiñones::Form_Load() {
 }
 
 void frmBercialPiñones::msLimpiarCampos() {
+    // Chosen C-060: array by array, by rising index, then the single boxes; every write runs its field's event. The
+    // form has no box txtArticulo.
     f_.forEachTextBox([this](TextBox& box) {
         const bool free = &box == &f_.txtExtra || &box == &f_.txtObservaciones || &box == &f_.txtCPro;
         box.setText(free ? "" : "0,00");
@@ -120,6 +122,7 @@ void frmBercialPiñones::wireFields() {
     f_.Text1.on(&TextBox::onChange, {[this](int i) { geometry_.Text1_Change(i); }});
     f_.Text1.on(&TextBox::onLostFocus, {[this](int i) { geometry_.Text1_LostFocus(i); }});
     f_.Text1.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { geometry_.Text1_KeyPress(i, key); }});
+    // Chosen C-062: the last of the toothing, the roller, brings the list of like proposals; pitch and teeth do not.
     geometry_.onToothingEntered = [this] { history_.msHistorico(false); };
 
     f_.Text3.on(&TextBox::onChange, {[this](int i) { geometry_.Text3_Change(i); }});

@@ -66,15 +66,23 @@ bool isOnePiece(const sql::Recordset& row) {
 
 bool Loading::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
     f_.txtExtra.setText("");
+    // Chosen C-063: a load guards the totals alone; the guards of disc and hub belong to the save.
     f_.bCargandoPropuesta = true;
     f_.cboTipoPre.setEnabled(false);
-    const sql::Recordset row =
-        session_.Connection().execute("select * from DPI where DPI_ID=" + runtime::CStr(std::int64_t{nIdDpi}));
-    if (!row.eof() && !row.bof() && !putOnForm(row, bEditable)) {
-        return false;
+    try {
+        const sql::Recordset row =
+            session_.Connection().execute("select * from DPI where DPI_ID=" + runtime::CStr(std::int64_t{nIdDpi}));
+        if (!row.eof() && !row.bof() && !putOnForm(row, bEditable)) {
+            return false;
+        }
+        finish();
+        return true;
+    } catch (const runtime::RuntimeError&) {
+        // Differs D-060: an error on the way gives the totals and the form back before it goes on to the user.
+        f_.bCargandoPropuesta = false;
+        f_.form.setEnabled(true);
+        throw;
     }
-    finish();
-    return true;
 }
 
 // The handlers called on the way work out fields anew; what they write over is assigned a second time, so that the
@@ -184,6 +192,7 @@ bool Loading::refuse(const char* message) {
 }
 
 void Loading::putState(const sql::Recordset& row) {
+    // Chosen C-061: the number stands plain; the mask of six digits belongs to the lists.
     put(f_.txtPesu(3), row["dpi_id"]);
     f_.txtPesu(6).setText(textOrNothing(row["DPI_Orden"]));
     f_.txtPesu(4).setText(dateOrNothing(row["DPI_Fecha"]));
@@ -272,6 +281,8 @@ void Loading::setButtons() {
     if (!f_.txtPesu(13).text().empty()) {
         controls_.cmdCambios.setEnabled(false);
     } else {
+        // Kept K-060: the button goes off for a pending proposal although key F1 works on; the way back to editing
+        // turns it on again, and users know the two states by it.
         controls_.cmdManoObra.setEnabled(false);
         controls_.cmdCambios.setEnabled(true);
     }
@@ -294,6 +305,8 @@ void Loading::finish() {
         rooms_.totals.msMostrarFormula();
     }
     f_.bCargandoPropuesta = false;
+    // Kept K-061: a load that got to its end has disabled the form, so that the remarks do not take the focus; given
+    // after enabling, the focus would leave the field in which the user was and run its calculations.
     runtime::ErrorTrap trap;
     trap([&] { f_.txtObservaciones.setFocus(); });
     f_.form.setEnabled(true);

@@ -1,6 +1,6 @@
 #include "velmora/proposal/saving.h"
 
-#include <array>
+#include <optional>
 
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/errors.h"
@@ -55,10 +55,11 @@ bool Saving::msGrabar(bool bSilencio) {
     f_.bCargandoDisco = f_.bCargandoCubo = f_.bCargandoPropuesta = true;
     f_.form.setEnabled(false);
     const bool isNew = !runtime::IsNumeric(f_.txtPesu(3).text());
-    const bool stored = write(error);
+    const bool stored = write(isNew, error);
     if (!stored) {
         refuse(isNew, error);
     } else if (!bSilencio) {
+        // Kept K-062: a new row is told with the icon of information, a changed one without any.
         screen_.show({.text = "Datos Grabados satisfactoriamente",
                       .icon = isNew ? screen::Icon::information : screen::Icon::none});
     }
@@ -96,7 +97,7 @@ bool Saving::isComplete() {
 
 // Differs D-002: an error on the way, in the fields as in the transaction, ends as a refused write with its text, and
 // all that was typed stays on a form that can be used.
-bool Saving::write(std::string& error) {
+bool Saving::write(bool isNew, std::string& error) {
     sql::Connection& connection = session_.Connection();
     bool begun = false;
     try {
@@ -104,18 +105,22 @@ bool Saving::write(std::string& error) {
         begun = true;
         addFields();
         bool correcto = false;
-        if (runtime::IsNumeric(f_.txtPesu(3).text())) {
-            session_.Donde(" Where DPI_Id = " + f_.txtPesu(3).text());
-            session_.Actualizar(error, correcto);
-        } else {
+        std::optional<NewRow> row;
+        if (isNew) {
             session_.Donde(" ");
             session_.Insertar(error, correcto);
             if (correcto) {
-                readBackNewRow();
+                row = readBackNewRow();
             }
+        } else {
+            session_.Donde(" Where DPI_Id = " + f_.txtPesu(3).text());
+            session_.Actualizar(error, correcto);
         }
         if (correcto) {
             connection.commitTrans();
+            if (row) {
+                put(*row);
+            }
             return true;
         }
     } catch (const runtime::RuntimeError& e) {
@@ -129,14 +134,22 @@ bool Saving::write(std::string& error) {
     return false;
 }
 
-void Saving::readBackNewRow() {
+Saving::NewRow Saving::readBackNewRow() {
     const sql::Recordset newest = session_.Connection().execute("SELECT MAX(DPI_Id) FROM DPI");
     const std::string id = newest[0].toText();
     const sql::Recordset row =
         session_.Connection().execute("SELECT DPI_Fecha,DPI_CosteCorteDisco FROM DPI where DPI_Id = " + id);
-    f_.txtPesu(3).setText(id);
-    f_.txtPesu(4).setText(runtime::Format(row["DPI_Fecha"].toDate(), "dd/mm/yyyy"));
-    f_.txtPesu(16).setText(runtime::Format(row["DPI_CosteCorteDisco"].toDouble(), amountMask));
+    return {.number = id,
+            .date = runtime::Format(row["DPI_Fecha"].toDate(), "dd/mm/yyyy"),
+            .discCut = runtime::Format(row["DPI_CosteCorteDisco"].toDouble(), amountMask)};
+}
+
+// Once the row is there for good: the number of a row that was rolled back would turn the next save into an update
+// of nothing.
+void Saving::put(const NewRow& row) {
+    f_.txtPesu(3).setText(row.number);
+    f_.txtPesu(4).setText(row.date);
+    f_.txtPesu(16).setText(row.discCut);
 }
 
 void Saving::refuse(bool isNew, const std::string& error) {

@@ -18,12 +18,20 @@ class Saving {
     bool msGrabar(bool bSilencio);
 
   private:
+    /// What the server gave a new row.
+    struct NewRow {
+        std::string number;
+        std::string date;
+        std::string discCut;
+    };
+
     bool isComplete();
-    bool write(std::string& error);
+    bool write(bool isNew, std::string& error);
     void addFields();
     void addFieldsByType();
     void addMultipleProduct(const estimate::TextBox& gap);
-    void readBackNewRow();
+    NewRow readBackNewRow();
+    void put(const NewRow& row);
     void refuse(bool isNew, const std::string& error);
 
     estimate::FieldMap& f_;

@@ -6,26 +6,30 @@
 
 namespace velmora::shell {
 
-VMORA* gVMORA = nullptr;
+std::shared_ptr<VMORA::Given> gVMORA;
 
 namespace {
 
-/// The session of the instance made last, whichever instance was called.
+session::Session& sessionOf(const VMORA::Given& given) {
+    if (given.MyBd == nullptr) {
+        runtime::raise(runtime::objectNotSet);
+    }
+    return *given.MyBd;
+}
+
+/// The session of the instance made last, whichever instance was called and whether that one still lives.
 session::Session& currentSession() {
-    return gVMORA->MyBd();
+    return sessionOf(*gVMORA);
 }
 
 }  // namespace
 
 VMORA::VMORA(platform::Desk& desk) : desk_(desk) {
-    gVMORA = this;
+    gVMORA = given_;
 }
 
 session::Session& VMORA::MyBd() const {
-    if (myBd_ == nullptr) {
-        runtime::raise(runtime::objectNotSet);
-    }
-    return *myBd_;
+    return sessionOf(*given_);
 }
 
 void VMORA::jShow() {

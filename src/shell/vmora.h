@@ -2,6 +2,7 @@
 // The public class of the component, and the global through which its operations reach the session.
 
 #include <cstdint>
+#include <memory>
 
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/session.h"
@@ -20,7 +21,8 @@ class VMORA {
     VMORA& operator=(const VMORA&) = delete;
 
     /// The host's open session, kept by reference, never opened or closed here.
-    void MyBd(session::Session* session) { myBd_ = session; }
+    void MyBd(session::Session* session) { given_->MyBd = session; }
+    /// Error 91 while there is none.
     session::Session& MyBd() const;
 
     /// Stored and given back; nothing else reads it.
@@ -33,13 +35,18 @@ class VMORA {
     void jPrintPropuesta(std::int32_t& nIdDpi, bool& bOrden);  ///< declared, and without effect
     void jShowSeguimiento();                                   ///< the tracking form
 
+    /// What an instance was given; it outlives the instance while gVMORA holds it.
+    struct Given {
+        session::Session* MyBd = nullptr;
+    };
+
   private:
     platform::Desk& desk_;
-    session::Session* myBd_ = nullptr;
+    std::shared_ptr<Given> given_ = std::make_shared<Given>();
     bool bExportReport_ = false;
 };
 
-/// The instance made last. Nobody clears it.
-extern VMORA* gVMORA;
+/// What the instance made last was given. Nobody clears it.
+extern std::shared_ptr<VMORA::Given> gVMORA;
 
 }  // namespace velmora::shell

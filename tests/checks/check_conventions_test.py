@@ -103,7 +103,6 @@ class Conventions(unittest.TestCase):
             'setlocale(LC_ALL, "");',
             "std::locale here;",
             "std::regex pattern;",
-            "std::ostringstream out;",
         )
         for call in calls:
             with self.subTest(call):

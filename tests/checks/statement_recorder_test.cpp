@@ -86,10 +86,24 @@ TEST_F(StatementRecorderTest, ReplayDoesTheSameAgain) {
     EXPECT_EQ(count(), 3);
 }
 
+TEST_F(StatementRecorderTest, PreparedReplayDoesTheSameAgain) {
+    const Recording recording = recorder_.record([&] {
+        insert(17);
+        run("select teeth from piece");
+    });
+    {
+        PreparedRecording prepared(recording);
+        prepared.replay();
+        prepared.replay();
+    }
+    EXPECT_EQ(count(), 3);
+}
+
 TEST_F(StatementRecorderTest, ReplayTellsOfARefusal) {
     const Recording recording = recorder_.record([&] { insert(17); });
     run("drop table piece");
     EXPECT_THROW(replay(recording), std::runtime_error);
+    EXPECT_THROW(PreparedRecording{recording}, std::runtime_error);
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #pragma once
 // A screen that a test scripts: answers are queued beforehand, and what nobody scripted fails the test.
 
-#include <gtest/gtest.h>
-
 #include <cstddef>
 #include <deque>
 #include <functional>
@@ -11,9 +9,11 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "velmora/platform/screen/screen.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 
 class ScriptedScreen : public screen::Screen {
   public:
@@ -100,4 +100,4 @@ class ScriptedScreen : public screen::Screen {
     std::deque<std::function<void(screen::Form&)>> modals_;
 };
 
-}  // namespace velmora::testing
+}  // namespace velmora::support

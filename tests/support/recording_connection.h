@@ -8,7 +8,7 @@
 
 #include "velmora/platform/sql/connection.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 
 /// Keeps every statement in order, with "BEGIN", "COMMIT" and "ROLLBACK" between them; refused ones are kept too.
 class RecordingConnection : public sql::ForwardingConnection {
@@ -74,4 +74,4 @@ class RecordingConnection : public sql::ForwardingConnection {
     bool lost_ = false;
 };
 
-}  // namespace velmora::testing
+}  // namespace velmora::support

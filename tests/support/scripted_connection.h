@@ -9,7 +9,7 @@
 
 #include "velmora/platform/sql/connection.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 
 /// A statement that was given an answer gets it; any other runs without rows. Transactions are counted.
 class ScriptedConnection : public sql::Connection {
@@ -53,4 +53,4 @@ class ScriptedConnection : public sql::Connection {
     bool open_ = false;
 };
 
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <map>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,8 +41,10 @@ class Interpreter {
         const Operations& operations;
     };
 
-    /// Takes over the screen's idle time. `faults` gets the reason, with its line, of a script that ends early.
-    Interpreter(Stage stage, ScriptReader& reader, std::ostream& faults);
+    using Tell = std::function<void(std::string_view reason)>;
+
+    /// Takes over the screen's idle time. `tell` gets the reason, with its line, of a script that ends early.
+    Interpreter(Stage stage, ScriptReader& reader, Tell tell);
 
     /// Plays to the end of the script. A wrong script and an open question go before failed checks.
     Status run();
@@ -103,7 +104,7 @@ class Interpreter {
 
     Stage stage_;
     ScriptReader& reader_;
-    std::ostream& faults_;
+    Tell tell_;
     User user_;
     bool checkFailed_ = false;
 };

@@ -49,6 +49,8 @@ void Journal::message(const screen::MessageBox& box, std::string_view answer) {
     unchecked_.push_back(lastMessage_);
 }
 
+// Chosen C-267: a check looks back at the messages that no check has passed over; two checks of one text need two
+// boxes.
 bool Journal::takeMessage(std::string_view text) {
     const auto found = std::ranges::find(unchecked_, withPlainBreaks(text));
     if (found == unchecked_.end()) {

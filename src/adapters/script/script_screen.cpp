@@ -53,6 +53,7 @@ Answer ScriptScreen::show(const screen::MessageBox& box) {
     std::optional<Answer> answer = Answer::ok;
     if (asks) {
         answer = takeFront(answers_.boxes);
+        // Chosen C-268: an `answer ok` that stands in front is used up by the box that needs none.
     } else if (!answers_.boxes.empty() && answers_.boxes.front() == Answer::ok) {
         answers_.boxes.pop_front();
     }
@@ -69,6 +70,7 @@ Answer ScriptScreen::show(const screen::MessageBox& box) {
 std::optional<std::size_t> ScriptScreen::search(const screen::SearchWindow& window) {
     const std::string start = "search title=" + inQuotes(window.title) + " pick=";
     const auto pick = takeFront(answers_.searches);
+    // Chosen C-269: a search window or file dialog with nothing queued ends the script as an open question does.
     if (!pick) {
         journal_.line(start + "unanswered");
         throw Ending(Status::unanswered, "a search window has no pick: " + window.title);

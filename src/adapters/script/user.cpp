@@ -48,6 +48,8 @@ bool isLocked(const Control& control) {
     return box != nullptr && box->locked();
 }
 
+/// Chosen C-263: a locked field refuses the focus too, not only the entry: a script that means to enter something
+/// must not go on as if it had.
 bool refuses(const Control& control) {
     return !control.canTakeFocus() || isLocked(control) || control.form().isUnloaded();
 }
@@ -105,10 +107,13 @@ bool User::focus(Control& control) {
     }
     Form& form = control.form();
     bool arrived = false;
+    // Chosen C-264: an error in LostFocus or GotFocus is shown and the deed goes on where it was going, as for a person
+    // who has closed the error box.
     const bool quiet = journal_.guard([&] { arrived = form.moveFocus(control, Form::Insist::yes); });
     return quiet ? arrived : form.activeControl() == &control;
 }
 
+// Chosen C-265: no control is named, so that a SetFocus inside LostFocus wins as it does for a person.
 void User::leave(Form& form) {
     journal_.guard([&] { form.leaveFocus(); });
 }
@@ -143,7 +148,8 @@ bool User::type(Control& control, std::string_view text) {
 }
 
 bool User::choose(ComboBox& list, int index) {
-    if (index < -1 || index >= list.listCount() || !focus(list)) {
+    // Chosen C-266: an entry, a row that is not there is refused; -1 chooses nothing, as code may.
+    if (!focus(list) || index < -1 || index >= list.listCount()) {
         return false;
     }
     journal_.guard([&] { list.setListIndex(index); });
@@ -183,7 +189,7 @@ bool User::press(Toolbar& bar, std::string_view menuKey) {
 }
 
 bool User::moveToRow(DataGrid& grid, std::size_t row) {
-    if (row >= grid.rowCount() || !focus(grid)) {
+    if (!focus(grid) || row >= grid.rowCount()) {
         return false;
     }
     journal_.guard([&] { grid.moveToRow(row); });
@@ -191,7 +197,7 @@ bool User::moveToRow(DataGrid& grid, std::size_t row) {
 }
 
 bool User::pressCell(DataGrid& grid, std::size_t column) {
-    if (grid.rowCount() == 0 || !grid.columns()[column].visible || !focus(grid)) {
+    if (!focus(grid) || grid.rowCount() == 0 || column >= grid.columns().size() || !grid.columns()[column].visible) {
         return false;
     }
     journal_.guard([&] { grid.onButtonClick(static_cast<int>(column)); });

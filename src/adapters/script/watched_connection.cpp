@@ -33,6 +33,7 @@ class WatchedRows final : public sql::RowSource {
 }  // namespace
 
 void WatchedConnection::lose() {
+    // Chosen C-271: what was open is undone at once, as a server undoes it for a client that is gone.
     lost_ = true;
     if (std::exchange(inTransaction_, false)) {
         ForwardingConnection::rollbackTrans();
@@ -44,6 +45,7 @@ sql::Recordset WatchedConnection::execute(std::string_view statement) {
     if (!rows.isOpen()) {
         return rows;
     }
+    // Chosen C-272: a requery is a statement too: told, and refused when asked to.
     auto again = [this, held = std::string(statement)] { return run(held); };
     return sql::Recordset(std::make_unique<WatchedRows>(std::move(again), std::move(rows)));
 }
@@ -54,6 +56,7 @@ sql::Recordset WatchedConnection::run(std::string_view statement) {
     }
     mustBeAlive(statement);
     if (refused_ && statement.find(*refused_) != std::string_view::npos) {
+        // Chosen C-270: the number is the one of a provider that has failed, whatever the statement.
         refused_.reset();
         fail("El proveedor ha rechazado la instrucción", statement);
     }

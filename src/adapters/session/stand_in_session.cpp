@@ -13,6 +13,8 @@ StandInSession::StandInSession(sql::Connection& connection, std::int32_t idUsuar
     setParametro("par_decprecom", 4);
 }
 
+// Chosen C-285: naming a table begins a new list, as mode 0 does. A form that stops between its fields, on a text that
+// is no number, would else leave them to the next write, which the server would refuse for naming a column twice.
 void StandInSession::Tabla(std::string_view name) {
     table_ = name;
     fields_.clear();

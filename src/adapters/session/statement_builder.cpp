@@ -1,5 +1,6 @@
 #include "velmora/adapters/session/statement_builder.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "velmora/platform/runtime/dates.h"
@@ -39,13 +40,16 @@ std::string render(Tipo tipo, const sql::Value& value, int decimals) {
         case Tipo::boolean:
             return numberOf(value) != 0 ? "1" : "0";
         case Tipo::wholeNumber:
-            // Chosen C-280: a fraction is rounded half to even, as every conversion to a whole number is.
+            // Chosen C-280: a fraction is rounded half to even, as every conversion to a whole number is; what 32 bits
+            // do not hold is refused here, by its column, before the server could.
             return runtime::CStr(std::int64_t{runtime::CLng(numberOf(value))});
         case Tipo::number:
             return renderNumber(numberOf(value), decimals);
         case Tipo::text:
             return renderText(value);
         case Tipo::dateText:
+            // Chosen C-284: the day alone is written; the fields of this kind hold days, and a time typed behind one
+            // would hide the row from a search by that day.
             return "convert(datetime,'" + runtime::Format(dateOf(value), "dd/mm/yyyy") + "',103)";
         case Tipo::date: {
             const runtime::Date date = dateOf(value);

@@ -1,9 +1,9 @@
 #include "velmora/adapters/sqlite/collation.h"
 
+#include <string>
+
 #include <sqlite3.h>
 #include <unicode/ucol.h>
-
-#include <string>
 
 #include "velmora/adapters/sqlite/errors.h"
 
@@ -21,7 +21,9 @@ int compareForEngine(void* order, int lengthA, const void* a, int lengthB, const
                                                       {static_cast<const char*>(b), static_cast<std::size_t>(lengthB)});
 }
 
-void deleteOrder(void* order) { delete static_cast<SpanishOrder*>(order); }
+void deleteOrder(void* order) {
+    delete static_cast<SpanishOrder*>(order);
+}
 
 }  // namespace
 
@@ -38,7 +40,8 @@ SpanishOrder::SpanishOrder() : collator_(std::make_unique<Collator>()) {
         ucol_setAttribute(collator_->handle, UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
     }
     if (U_FAILURE(status)) {
-        throw sql::DbError(sql::provider::failure, std::string("No hay orden alfabético español: ") + u_errorName(status));
+        throw sql::DbError(sql::provider::failure,
+                           std::string("No hay orden alfabético español: ") + u_errorName(status));
     }
 }
 
@@ -51,8 +54,8 @@ int SpanishOrder::compare(std::string_view a, std::string_view b) const {
         return 0;
     }
     UErrorCode status = U_ZERO_ERROR;
-    const UCollationResult result = ucol_strcollUTF8(collator_->handle, a.data(), static_cast<int32_t>(a.size()), b.data(),
-                                                     static_cast<int32_t>(b.size()), &status);
+    const UCollationResult result = ucol_strcollUTF8(collator_->handle, a.data(), static_cast<int32_t>(a.size()),
+                                                     b.data(), static_cast<int32_t>(b.size()), &status);
     return static_cast<int>(result);
 }
 

@@ -19,9 +19,13 @@ std::string_view trimmed(std::string_view text) {
                                            : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
-bool allDigits(std::string_view text) { return !text.empty() && std::all_of(text.begin(), text.end(), isDigit); }
+bool allDigits(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
+}
 
 /// from_chars takes no plus sign, and words such as "inf" that are no number here.
 template <typename Number>
@@ -50,7 +54,8 @@ int digits(std::string_view text) {
 }
 
 std::optional<Date> dateOf(int year, int month, int day, int hour, int minute, int second) {
-    const std::chrono::year_month_day calendar{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
+    const std::chrono::year_month_day calendar{std::chrono::year{year},
+                                               std::chrono::month{static_cast<unsigned>(month)},
                                                std::chrono::day{static_cast<unsigned>(day)}};
     if (!calendar.ok() || year < 1753 || year > 9999 || hour > 23 || minute > 59 || second > 59) {
         return std::nullopt;
@@ -133,7 +138,8 @@ void appendPadded(std::string& text, int value, std::size_t width) {
 
 struct Parts {
     explicit Parts(const Date& date)
-        : day(std::chrono::floor<std::chrono::days>(date.at)), time(date.at - std::chrono::floor<std::chrono::days>(date.at)) {}
+        : day(std::chrono::floor<std::chrono::days>(date.at)),
+          time(date.at - std::chrono::floor<std::chrono::days>(date.at)) {}
     std::chrono::year_month_day day;
     std::chrono::hh_mm_ss<std::chrono::seconds> time;
 
@@ -144,13 +150,18 @@ struct Parts {
 
 }  // namespace
 
-std::optional<std::int64_t> wholeFromText(std::string_view text) { return parsed<std::int64_t>(text); }
+std::optional<std::int64_t> wholeFromText(std::string_view text) {
+    return parsed<std::int64_t>(text);
+}
 
-std::optional<double> numberFromText(std::string_view text) { return parsed<double>(text); }
+std::optional<double> numberFromText(std::string_view text) {
+    return parsed<double>(text);
+}
 
 std::string textFromReal(double value) {
     std::array<char, 32> buffer;
-    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6);
+    const auto [end, error] =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6);
     std::string text(buffer.data(), end);
     if (const auto exponent = text.find('e'); exponent != std::string::npos) {
         const std::size_t missing = 3 - std::min<std::size_t>(3, text.size() - exponent - 2);
@@ -172,7 +183,8 @@ std::optional<Date> dateFromText(std::string_view text) {
         return Date::of(1900, 1, 1);
     }
     const auto gap = text.find_first_of(" T");
-    const std::string_view clockText = gap == std::string_view::npos ? std::string_view() : trimmed(text.substr(gap + 1));
+    const std::string_view clockText =
+        gap == std::string_view::npos ? std::string_view() : trimmed(text.substr(gap + 1));
     const auto calendar = calendarFromText(text.substr(0, gap));
     const auto clock = clockFromText(clockText);
     if (!calendar || !clock) {
@@ -209,8 +221,8 @@ std::optional<Date> dateFromStored(std::string_view text) {
             return std::nullopt;
         }
     }
-    return dateOf(digits(text.substr(0, 4)), digits(text.substr(5, 2)), digits(text.substr(8, 2)), digits(text.substr(11, 2)),
-                  digits(text.substr(14, 2)), digits(text.substr(17, 2)));
+    return dateOf(digits(text.substr(0, 4)), digits(text.substr(5, 2)), digits(text.substr(8, 2)),
+                  digits(text.substr(11, 2)), digits(text.substr(14, 2)), digits(text.substr(17, 2)));
 }
 
 std::optional<std::string> textFromDate(const Date& date, std::int64_t style) {

@@ -13,7 +13,7 @@ namespace velmora::sqlite {
 
 struct Options {
     /// What getdate() answers; the system's local time when none is given.
-    std::function<runtime::Date()> clock;
+    std::function<runtime::Date()> clock{};
     /// The catalogue's name in `CATALOG.dbo.table`; the documents' is "DOC" and this.
     std::string catalog = "VELMORA";
     bool readOnly = false;

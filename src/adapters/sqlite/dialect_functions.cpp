@@ -17,9 +17,15 @@ const Type wholeType{.kind = Kind::whole};
 const Type textType{.kind = Kind::text};
 const Type dateType{.kind = Kind::date};
 
-std::string text(const Emitted& argument) { return coerced(argument, Kind::text).sql; }
-std::string whole(const Emitted& argument) { return castTo(argument, wholeType).sql; }
-std::string date(const Emitted& argument) { return coerced(argument, Kind::date).sql; }
+std::string text(const Emitted& argument) {
+    return coerced(argument, Kind::text).sql;
+}
+std::string whole(const Emitted& argument) {
+    return castTo(argument, wholeType).sql;
+}
+std::string date(const Emitted& argument) {
+    return coerced(argument, Kind::date).sql;
+}
 
 [[noreturn]] void refuseArgument(std::string_view function) {
     throwSyntax("Construcción no admitida: " + std::string(function) + " con un argumento de ese tipo");
@@ -53,7 +59,9 @@ Emitted coalesce(const Arguments& a) {
     return {.sql = sql + ")", .type = type};
 }
 
-Emitted getdate(const Arguments&) { return {.sql = "getdate()", .type = dateType}; }
+Emitted getdate(const Arguments&) {
+    return {.sql = "getdate()", .type = dateType};
+}
 
 Emitted round(const Arguments& a) {
     requireNumber("ROUND", a[0]);
@@ -69,27 +77,52 @@ Emitted absolute(const Arguments& a) {
     return {.sql = "abs(" + a[0].sql + ")", .type = a[0].type};
 }
 
-Emitted len(const Arguments& a) { return {.sql = "vm_len(" + text(a[0]) + ")", .type = wholeType}; }
-Emitted left(const Arguments& a) { return {.sql = "vm_left(" + text(a[0]) + ", " + whole(a[1]) + ")", .type = textType}; }
-Emitted right(const Arguments& a) { return {.sql = "vm_right(" + text(a[0]) + ", " + whole(a[1]) + ")", .type = textType}; }
+Emitted len(const Arguments& a) {
+    return {.sql = "vm_len(" + text(a[0]) + ")", .type = wholeType};
+}
+Emitted left(const Arguments& a) {
+    return {.sql = "vm_left(" + text(a[0]) + ", " + whole(a[1]) + ")", .type = textType};
+}
+Emitted right(const Arguments& a) {
+    return {.sql = "vm_right(" + text(a[0]) + ", " + whole(a[1]) + ")", .type = textType};
+}
 Emitted substring(const Arguments& a) {
     return {.sql = "vm_substring(" + text(a[0]) + ", " + whole(a[1]) + ", " + whole(a[2]) + ")", .type = textType};
 }
-Emitted upper(const Arguments& a) { return {.sql = "vm_upper(" + text(a[0]) + ")", .type = textType}; }
-Emitted lower(const Arguments& a) { return {.sql = "vm_lower(" + text(a[0]) + ")", .type = textType}; }
-Emitted ltrim(const Arguments& a) { return {.sql = "ltrim(" + text(a[0]) + ", ' ')", .type = textType}; }
-Emitted rtrim(const Arguments& a) { return {.sql = "rtrim(" + text(a[0]) + ", ' ')", .type = textType}; }
+Emitted upper(const Arguments& a) {
+    return {.sql = "vm_upper(" + text(a[0]) + ")", .type = textType};
+}
+Emitted lower(const Arguments& a) {
+    return {.sql = "vm_lower(" + text(a[0]) + ")", .type = textType};
+}
+Emitted ltrim(const Arguments& a) {
+    return {.sql = "ltrim(" + text(a[0]) + ", ' ')", .type = textType};
+}
+Emitted rtrim(const Arguments& a) {
+    return {.sql = "rtrim(" + text(a[0]) + ", ' ')", .type = textType};
+}
 
 Emitted datePart(const Emitted& argument, std::string_view start, std::string_view length) {
-    return {.sql = "CAST(substr(" + date(argument) + ", " + std::string(start) + ", " + std::string(length) + ") AS INTEGER)",
+    return {.sql = "CAST(substr(" + date(argument) + ", " + std::string(start) + ", " + std::string(length) +
+                   ") AS INTEGER)",
             .type = wholeType};
 }
-Emitted year(const Arguments& a) { return datePart(a[0], "1", "4"); }
-Emitted month(const Arguments& a) { return datePart(a[0], "6", "2"); }
-Emitted day(const Arguments& a) { return datePart(a[0], "9", "2"); }
+Emitted year(const Arguments& a) {
+    return datePart(a[0], "1", "4");
+}
+Emitted month(const Arguments& a) {
+    return datePart(a[0], "6", "2");
+}
+Emitted day(const Arguments& a) {
+    return datePart(a[0], "9", "2");
+}
 
-Emitted smallest(const Arguments& a) { return {.sql = "min(" + collated(a[0]) + ")", .type = a[0].type}; }
-Emitted greatest(const Arguments& a) { return {.sql = "max(" + collated(a[0]) + ")", .type = a[0].type}; }
+Emitted smallest(const Arguments& a) {
+    return {.sql = "min(" + collated(a[0]) + ")", .type = a[0].type};
+}
+Emitted greatest(const Arguments& a) {
+    return {.sql = "max(" + collated(a[0]) + ")", .type = a[0].type};
+}
 
 Emitted sum(const Arguments& a) {
     requireNumber("SUM", a[0]);
@@ -121,26 +154,11 @@ struct Function {
 constexpr std::size_t any = static_cast<std::size_t>(-1);
 
 constexpr auto functions = std::to_array<Function>({
-    {"ABS", 1, 1, absolute},
-    {"AVG", 1, 1, average},
-    {"COALESCE", 2, any, coalesce},
-    {"DAY", 1, 1, day},
-    {"GETDATE", 0, 0, getdate},
-    {"ISNULL", 2, 2, isnull},
-    {"LEFT", 2, 2, left},
-    {"LEN", 1, 1, len},
-    {"LOWER", 1, 1, lower},
-    {"LTRIM", 1, 1, ltrim},
-    {"MAX", 1, 1, greatest},
-    {"MIN", 1, 1, smallest},
-    {"MONTH", 1, 1, month},
-    {"RIGHT", 2, 2, right},
-    {"ROUND", 2, 2, round},
-    {"RTRIM", 1, 1, rtrim},
-    {"SUBSTRING", 3, 3, substring},
-    {"SUM", 1, 1, sum},
-    {"UPPER", 1, 1, upper},
-    {"YEAR", 1, 1, year},
+    {"ABS", 1, 1, absolute},        {"AVG", 1, 1, average},   {"COALESCE", 2, any, coalesce}, {"DAY", 1, 1, day},
+    {"GETDATE", 0, 0, getdate},     {"ISNULL", 2, 2, isnull}, {"LEFT", 2, 2, left},           {"LEN", 1, 1, len},
+    {"LOWER", 1, 1, lower},         {"LTRIM", 1, 1, ltrim},   {"MAX", 1, 1, greatest},        {"MIN", 1, 1, smallest},
+    {"MONTH", 1, 1, month},         {"RIGHT", 2, 2, right},   {"ROUND", 2, 2, round},         {"RTRIM", 1, 1, rtrim},
+    {"SUBSTRING", 3, 3, substring}, {"SUM", 1, 1, sum},       {"UPPER", 1, 1, upper},         {"YEAR", 1, 1, year},
 });
 
 struct DatePart {
@@ -149,13 +167,28 @@ struct DatePart {
 };
 
 constexpr auto dateParts = std::to_array<DatePart>({
-    {"DAY", "day"}, {"DD", "day"}, {"D", "day"}, {"MONTH", "month"}, {"MM", "month"}, {"M", "month"},
-    {"YEAR", "year"}, {"YYYY", "year"}, {"YY", "year"}, {"HOUR", "hour"}, {"HH", "hour"}, {"MINUTE", "minute"},
-    {"MI", "minute"}, {"N", "minute"}, {"SECOND", "second"}, {"SS", "second"}, {"S", "second"},
+    {"DAY", "day"},
+    {"DD", "day"},
+    {"D", "day"},
+    {"MONTH", "month"},
+    {"MM", "month"},
+    {"M", "month"},
+    {"YEAR", "year"},
+    {"YYYY", "year"},
+    {"YY", "year"},
+    {"HOUR", "hour"},
+    {"HH", "hour"},
+    {"MINUTE", "minute"},
+    {"MI", "minute"},
+    {"N", "minute"},
+    {"SECOND", "second"},
+    {"SS", "second"},
+    {"S", "second"},
 });
 
 std::string_view datePartNamed(const Expression& expression) {
-    const std::string folded = expression.form == Form::column && expression.qualifier.empty() ? foldName(expression.text) : "";
+    const std::string folded =
+        expression.form == Form::column && expression.qualifier.empty() ? foldName(expression.text) : "";
     const auto part =
         std::find_if(dateParts.begin(), dateParts.end(), [&](const DatePart& known) { return known.word == folded; });
     if (part == dateParts.end()) {
@@ -191,11 +224,12 @@ Emitted Emitter::function(const Expression& expression, const Scope& scope) {
         if (counted.form == Form::star) {
             return {.sql = "count(*)", .type = wholeType};
         }
-        return {.sql = std::string(expression.distinct ? "count(DISTINCT " : "count(") + collated(value(counted, scope)) + ")",
+        return {.sql = std::string(expression.distinct ? "count(DISTINCT " : "count(") +
+                       collated(value(counted, scope)) + ")",
                 .type = wholeType};
     }
-    const auto known =
-        std::find_if(functions.begin(), functions.end(), [&](const Function& function) { return function.name == name; });
+    const auto known = std::find_if(functions.begin(), functions.end(),
+                                    [&](const Function& function) { return function.name == name; });
     if (known == functions.end()) {
         throwSyntax("Construcción no admitida: la función " + name);
     }

@@ -48,7 +48,8 @@ std::string_view nameOf(Kind kind) {
 }
 
 [[noreturn]] void refuseConversion(Kind from, Kind to) {
-    throwSyntax("Construcción no admitida: conversión de " + std::string(nameOf(from)) + " en " + std::string(nameOf(to)));
+    throwSyntax("Construcción no admitida: conversión de " + std::string(nameOf(from)) + " en " +
+                std::string(nameOf(to)));
 }
 
 [[noreturn]] void refuseLiteral(std::string_view literal, Kind to) {
@@ -197,7 +198,9 @@ Emitted toBit(Emitted value, const Type& type) {
     return {.sql = "(" + value.sql + " <> 0)", .type = type};
 }
 
-bool isText(const Emitted& value) { return value.type.kind == Kind::text; }
+bool isText(const Emitted& value) {
+    return value.type.kind == Kind::text;
+}
 
 /// A numeric without decimals divides like any numeric; an int drops what is left over.
 bool dividesWhole(const Type& type) {
@@ -243,7 +246,8 @@ const Output* outputNamed(const std::vector<Output>& outputs, std::string_view f
 }
 
 [[noreturn]] void refuseColumn(std::string_view name) {
-    throw sql::DbError(sql::provider::syntax, "La columna '" + std::string(name) + "' no existe.", {.sqlState = "42S22"});
+    throw sql::DbError(sql::provider::syntax, "La columna '" + std::string(name) + "' no existe.",
+                       {.sqlState = "42S22"});
 }
 
 const TableColumn& targetColumn(const Table& table, const std::string& name) {
@@ -303,7 +307,9 @@ std::string quotedText(std::string_view text) {
     return quoted += '\'';
 }
 
-std::string quotedTable(const Table& table) { return quotedName(table.schema) + "." + quotedName(table.name); }
+std::string quotedTable(const Table& table) {
+    return quotedName(table.schema) + "." + quotedName(table.name);
+}
 
 Kind common(Kind a, Kind b) {
     if (a > b) {
@@ -368,7 +374,8 @@ Emitted fitted(Emitted value, const TableColumn& column) {
             return value;
         }
         if (!value.literal) {
-            value.sql = "vm_fit(" + value.sql + ", " + std::to_string(column.type.length) + ", " + quotedText(column.name) + ")";
+            value.sql = "vm_fit(" + value.sql + ", " + std::to_string(column.type.length) + ", " +
+                        quotedText(column.name) + ")";
             value.storedColumn = false;
         } else if (runtime::Len(*value.literal) > column.type.length) {
             throwTruncation(column.name, column.type.length);
@@ -399,8 +406,8 @@ Emitted Emitter::value(const Expression& expression, const Scope& scope) {
             return literalToNumber(expression.text, {.kind = Kind::decimal, .scale = 0});
         case Form::decimal: {
             const auto point = expression.text.find('.');
-            return literalToNumber(expression.text,
-                                   {.kind = Kind::decimal, .scale = static_cast<int>(expression.text.size() - point - 1)});
+            return literalToNumber(expression.text, {.kind = Kind::decimal,
+                                                     .scale = static_cast<int>(expression.text.size() - point - 1)});
         }
         case Form::real:
             return literalToNumber(expression.text, {.kind = Kind::real});
@@ -564,7 +571,8 @@ Emitted Emitter::scalar(const Expression& expression, const Scope& scope) {
 std::string Emitter::condition(const Expression& expression, const Scope& scope) {
     switch (expression.form) {
         case Form::comparison:
-            return comparison(value(*expression.operands[0], scope), expression.text, value(*expression.operands[1], scope));
+            return comparison(value(*expression.operands[0], scope), expression.text,
+                              value(*expression.operands[1], scope));
         case Form::both:
         case Form::either: {
             std::string sql;
@@ -577,7 +585,8 @@ std::string Emitter::condition(const Expression& expression, const Scope& scope)
         case Form::no:
             return "(NOT " + condition(*expression.operands[0], scope) + ")";
         case Form::isNull:
-            return "(" + value(*expression.operands[0], scope).sql + (expression.negated ? " IS NOT NULL)" : " IS NULL)");
+            return "(" + value(*expression.operands[0], scope).sql +
+                   (expression.negated ? " IS NOT NULL)" : " IS NULL)");
         case Form::between:
             return between(expression, scope);
         case Form::inList:
@@ -803,7 +812,8 @@ Translation Emitter::insert(const Insert& insert) {
     sql += ") ";
     const auto checkCount = [&](std::size_t count) {
         if (count != targets.size()) {
-            throwSyntax("INSERT tiene " + std::to_string(targets.size()) + " columnas y " + std::to_string(count) + " valores");
+            throwSyntax("INSERT tiene " + std::to_string(targets.size()) + " columnas y " + std::to_string(count) +
+                        " valores");
         }
     };
     if (insert.select) {
@@ -840,7 +850,8 @@ Translation Emitter::update(const Update& update) {
         if (column.identity) {
             throwSyntax("La columna de identidad '" + column.name + "' no se puede modificar");
         }
-        sql += (first ? "" : ", ") + quotedName(column.name) + " = " + fitted(value(*assignment.value, scope), column).sql;
+        sql +=
+            (first ? "" : ", ") + quotedName(column.name) + " = " + fitted(value(*assignment.value, scope), column).sql;
         first = false;
     }
     if (update.where) {

@@ -16,7 +16,7 @@ namespace velmora::sqlite {
 struct Emitted {
     std::string sql;
     Type type{};
-    bool storedColumn = false;           ///< a column of a table: it brings its collation along
+    bool storedColumn = false;             ///< a column of a table: it brings its collation along
     std::optional<std::string> literal{};  ///< the text or the digits of a literal
 };
 

@@ -1,9 +1,9 @@
 #include "velmora/adapters/sqlite/engine.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <filesystem>
+
+#include <sqlite3.h>
 
 #include "velmora/adapters/sqlite/collation.h"
 #include "velmora/adapters/sqlite/errors.h"
@@ -28,8 +28,9 @@ runtime::Date localNow() {
     const std::time_t moment = std::chrono::system_clock::to_time_t(now);
     std::tm local{};
     localtime_r(&moment, &local);
-    return runtime::Date::of(local.tm_year + 1900, static_cast<unsigned>(local.tm_mon + 1), static_cast<unsigned>(local.tm_mday),
-                             local.tm_hour, local.tm_min, std::min(local.tm_sec, 59));
+    return runtime::Date::of(local.tm_year + 1900, static_cast<unsigned>(local.tm_mon + 1),
+                             static_cast<unsigned>(local.tm_mday), local.tm_hour, local.tm_min,
+                             std::min(local.tm_sec, 59));
 }
 
 std::string besideWithPrefix(std::string path) {
@@ -47,7 +48,9 @@ std::string doubledQuotes(std::string_view text) {
 
 }  // namespace
 
-void Engine::Close::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+void Engine::Close::operator()(sqlite3* database) const {
+    sqlite3_close_v2(database);
+}
 
 Engine::Engine(const std::string& path, Options options)
     : options_(std::move(options)), path_(path), cache_(std::max<std::size_t>(options_.cachedStatements, 1)) {
@@ -56,7 +59,8 @@ Engine::Engine(const std::string& path, Options options)
     }
     const int flags = options_.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int code =
+        sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     database_.reset(opened);
     if (code != SQLITE_OK) {
         throwEngineError(opened, code);
@@ -155,15 +159,14 @@ std::shared_ptr<CachedStatement> Engine::translated(std::string_view text) {
 }
 
 std::unique_ptr<sql::RowSource> Engine::rowsOf(const std::shared_ptr<CachedStatement>& cached) {
-    const int before = cached->idle ? cached->idle->timesPreparedAnew() : 0;
-    auto rows = openRowSource(shared_from_this(), cached);
-    if (!cached->idle || cached->idle->timesPreparedAnew() == before) {
-        return rows;
+    for (std::shared_ptr<CachedStatement> current = cached;;) {
+        if (auto rows = openRowSource(shared_from_this(), current)) {
+            return rows;
+        }
+        // The tables are no longer what they were when `*` was written out.
+        forget();
+        current = translated(std::string(current->text));
     }
-    // The tables are no longer what they were when `*` was written out.
-    rows.reset();
-    forget();
-    return openRowSource(shared_from_this(), translated(std::string(cached->text)));
 }
 
 void Engine::runChange(CachedStatement& cached) {
@@ -215,9 +218,13 @@ std::unique_ptr<Statement> Engine::prepare(std::string_view sql) {
     return std::make_unique<Statement>(database_.get(), sql, false);
 }
 
-void Engine::enter(Stream& stream) { streams_.push_back(&stream); }
+void Engine::enter(Stream& stream) {
+    streams_.push_back(&stream);
+}
 
-void Engine::leave(Stream& stream) { std::erase(streams_, &stream); }
+void Engine::leave(Stream& stream) {
+    std::erase(streams_, &stream);
+}
 
 void Engine::parkStreams() {
     for (Stream* stream : std::exchange(streams_, {})) {
@@ -244,7 +251,8 @@ void Engine::commit() {
     inTransaction_ = false;
     if (sqlite3_get_autocommit(database_.get()) != 0) {
         // A full disk, for one, makes the engine undo everything on the spot.
-        throw sql::DbError(sql::provider::failure, "La transacción se deshizo por un error anterior.", {.sqlState = "40000"});
+        throw sql::DbError(sql::provider::failure, "La transacción se deshizo por un error anterior.",
+                           {.sqlState = "40000"});
     }
     const int code = sqlite3_exec(database_.get(), "COMMIT", nullptr, nullptr, nullptr);
     if (code == SQLITE_OK) {
@@ -340,8 +348,8 @@ std::shared_ptr<const Table> Engine::readTable(const std::string& schema, const 
     auto table = std::make_shared<Table>();
     table->schema = schema;
     table->name = name;
-    const auto columns = prepare("SELECT name, type, \"notnull\", pk FROM pragma_table_info('" + doubledQuotes(name) + "', '" +
-                                 schema + "')");
+    const auto columns = prepare("SELECT name, type, \"notnull\", pk FROM pragma_table_info('" + doubledQuotes(name) +
+                                 "', '" + schema + "')");
     while (columns->step()) {
         TableColumn column;
         column.name = columns->value(0, Kind::text).toText();

@@ -1,10 +1,10 @@
 #include "velmora/adapters/sqlite/errors.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <iterator>
 #include <utility>
+
+#include <sqlite3.h>
 
 namespace velmora::sqlite {
 
@@ -64,12 +64,13 @@ constexpr Failure failures[] = {
         case SQLITE_CONSTRAINT_CHECK:
             raiseCheck(about, code);
         case SQLITE_CONSTRAINT_NOTNULL:
-            raise(provider::constraint, "La columna '" + std::string(afterDot(about)) + "' no admite NULL.", "23000", code);
+            raise(provider::constraint, "La columna '" + std::string(afterDot(about)) + "' no admite NULL.", "23000",
+                  code);
         case SQLITE_CONSTRAINT_UNIQUE:
         case SQLITE_CONSTRAINT_PRIMARYKEY:
         case SQLITE_CONSTRAINT_ROWID:
-            raise(provider::constraint, "Clave duplicada: ya existe una fila con ese valor en " + std::string(about) + ".",
-                  "23000", code);
+            raise(provider::constraint,
+                  "Clave duplicada: ya existe una fila con ese valor en " + std::string(about) + ".", "23000", code);
         default:
             raise(provider::constraint, "La fila incumple una restricción: " + std::string(about) + ".", "23000", code);
     }
@@ -77,13 +78,17 @@ constexpr Failure failures[] = {
 
 }  // namespace
 
-void throwSyntax(std::string description) { raise(provider::syntax, std::move(description) + ".", "42000"); }
+void throwSyntax(std::string description) {
+    raise(provider::syntax, std::move(description) + ".", "42000");
+}
 
 void throwMissingTable(std::string_view table) {
     raise(provider::missingTable, "La tabla '" + std::string(table) + "' no existe.", "42S02");
 }
 
-void throwConversion(std::string description) { raise(provider::conversion, std::move(description) + ".", "22018"); }
+void throwConversion(std::string description) {
+    raise(provider::conversion, std::move(description) + ".", "22018");
+}
 
 void throwTruncation(std::string_view column, std::size_t limit) {
     raise(provider::truncation,
@@ -92,7 +97,9 @@ void throwTruncation(std::string_view column, std::size_t limit) {
           "22001");
 }
 
-void throwConstraint(std::string description) { raise(provider::constraint, std::move(description) + ".", "23000"); }
+void throwConstraint(std::string description) {
+    raise(provider::constraint, std::move(description) + ".", "23000");
+}
 
 void throwEngineError(sqlite3* database, int code) {
     const std::string message = database ? sqlite3_errmsg(database) : sqlite3_errstr(code);
@@ -112,6 +119,10 @@ void throwEngineError(sqlite3* database, int code) {
                                     [&](const Failure& f) { return f.primaryCode == primary; });
     if (known != std::end(failures)) {
         raise(known->number, std::string(known->description), known->state, extended);
+    }
+    // Another process dropped it after the statement had been prepared.
+    if (message.starts_with("no such table: ")) {
+        throwMissingTable(afterDot(subject(message)));
     }
     raise(provider::syntax, "La base de datos rechaza la instrucción: " + message, "42000", extended);
 }

@@ -1,12 +1,12 @@
 #include "velmora/adapters/sqlite/functions.h"
 
-#include <sqlite3.h>
-
 #include <array>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include <sqlite3.h>
 
 #include "velmora/adapters/sqlite/conversions.h"
 #include "velmora/adapters/sqlite/errors.h"
@@ -57,7 +57,8 @@ class Call {
         sqlite3_result_error_code(context_, code);
     }
     void refuseConversion(std::string_view to) const {
-        refuse("El texto '" + std::string(text(0)) + "' no se puede convertir en " + std::string(to) + ".", SQLITE_MISMATCH);
+        refuse("El texto '" + std::string(text(0)) + "' no se puede convertir en " + std::string(to) + ".",
+               SQLITE_MISMATCH);
     }
 
     template <typename State>
@@ -71,7 +72,9 @@ class Call {
     sqlite3_value** arguments_;
 };
 
-void getdate(const Call& call) { call.give(storedDate((*call.state<Clock>())())); }
+void getdate(const Call& call) {
+    call.give(storedDate((*call.state<Clock>())()));
+}
 
 void whole(const Call& call) {
     if (const auto value = wholeFromText(call.text(0))) {
@@ -108,9 +111,13 @@ void bit(const Call& call) {
     }
 }
 
-void textOfReal(const Call& call) { call.give(textFromReal(call.number(0))); }
+void textOfReal(const Call& call) {
+    call.give(textFromReal(call.number(0)));
+}
 
-void textOfDecimal(const Call& call) { call.give(textFromDecimal(call.number(0), static_cast<int>(call.whole(1)))); }
+void textOfDecimal(const Call& call) {
+    call.give(textFromDecimal(call.number(0), static_cast<int>(call.whole(1))));
+}
 
 void textOfDate(const Call& call) {
     const auto value = call.date(0);
@@ -122,7 +129,9 @@ void textOfDate(const Call& call) {
     }
 }
 
-void round(const Call& call) { call.give(roundedTo(call.number(0), call.whole(1))); }
+void round(const Call& call) {
+    call.give(roundedTo(call.number(0), call.whole(1)));
+}
 
 /// A divisor, which is not zero.
 void divisor(const Call& call) {
@@ -151,7 +160,9 @@ void len(const Call& call) {
     call.give(static_cast<std::int64_t>(runtime::Len(counted)));
 }
 
-void refuseLength(const Call& call) { call.refuse("Longitud o posición de texto no válida.", SQLITE_MISMATCH); }
+void refuseLength(const Call& call) {
+    call.refuse("Longitud o posición de texto no válida.", SQLITE_MISMATCH);
+}
 
 void left(const Call& call) {
     if (call.whole(1) < 0) {
@@ -171,18 +182,25 @@ void substring(const Call& call) {
     if (call.whole(1) < 1 || call.whole(2) < 0) {
         return refuseLength(call);
     }
-    call.give(runtime::Mid(call.text(0), static_cast<std::size_t>(call.whole(1)), static_cast<std::size_t>(call.whole(2))));
+    call.give(
+        runtime::Mid(call.text(0), static_cast<std::size_t>(call.whole(1)), static_cast<std::size_t>(call.whole(2))));
 }
 
-void upper(const Call& call) { call.give(runtime::UCase(call.text(0))); }
-void lower(const Call& call) { call.give(runtime::LCase(call.text(0))); }
+void upper(const Call& call) {
+    call.give(runtime::UCase(call.text(0)));
+}
+void lower(const Call& call) {
+    call.give(runtime::LCase(call.text(0)));
+}
 
 void like(const Call& call) {
     const std::string_view escape = call.count() > 2 ? call.text(2) : std::string_view();
     call.give(std::int64_t{matchesPattern(call.text(0), call.text(1), escape)});
 }
 
-std::chrono::year_month_day calendarOf(const Date& date) { return std::chrono::floor<std::chrono::days>(date.at); }
+std::chrono::year_month_day calendarOf(const Date& date) {
+    return std::chrono::floor<std::chrono::days>(date.at);
+}
 
 /// Counts the boundaries of a part that lie between two points in time: midnights for days.
 void datediff(const Call& call) {
@@ -316,12 +334,13 @@ void check(sqlite3* database, int code) {
 void registerFunctions(sqlite3* database, const Clock& clock) {
     constexpr int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS;
     for (const Function& function : functions) {
-        check(database, sqlite3_create_function_v2(database, function.name, function.arguments, flags | SQLITE_DETERMINISTIC,
-                                                   const_cast<Function*>(&function), runFunction, nullptr, nullptr, nullptr));
+        check(database,
+              sqlite3_create_function_v2(database, function.name, function.arguments, flags | SQLITE_DETERMINISTIC,
+                                         const_cast<Function*>(&function), runFunction, nullptr, nullptr, nullptr));
     }
     // The engine deletes the clock with the connection, also when it refuses the function.
-    check(database, sqlite3_create_function_v2(database, "getdate", 0, flags, new Clock(clock), runGetdate, nullptr, nullptr,
-                                               [](void* held) { delete static_cast<Clock*>(held); }));
+    check(database, sqlite3_create_function_v2(database, "getdate", 0, flags, new Clock(clock), runGetdate, nullptr,
+                                               nullptr, [](void* held) { delete static_cast<Clock*>(held); }));
 }
 
 }  // namespace velmora::sqlite

@@ -14,18 +14,20 @@ namespace {
 /// Beyond this the engine's own limits and the stack would decide.
 constexpr std::size_t deepest = 200;
 
-constexpr auto statementWords = std::to_array<std::string_view>(
-    {"ALTER", "BEGIN", "COMMIT", "CREATE", "DECLARE", "DELETE", "DROP", "EXEC", "EXECUTE", "GO", "GRANT", "IF", "INSERT",
-     "MERGE", "PRINT", "REVOKE", "ROLLBACK", "SELECT", "SET", "TRUNCATE", "UPDATE", "USE", "WHILE", "WITH"});
+constexpr auto statementWords =
+    std::to_array<std::string_view>({"ALTER",    "BEGIN",  "COMMIT", "CREATE",   "DECLARE", "DELETE", "DROP",  "EXEC",
+                                     "EXECUTE",  "GO",     "GRANT",  "IF",       "INSERT",  "MERGE",  "PRINT", "REVOKE",
+                                     "ROLLBACK", "SELECT", "SET",    "TRUNCATE", "UPDATE",  "USE",    "WHILE", "WITH"});
 
 /// Words that end an expression or an item of a list, so that they are no name unless in brackets.
 constexpr auto reservedWords = std::to_array<std::string_view>(
-    {"ADD",     "ALL",   "AND",    "ANY",       "AS",       "ASC",     "BETWEEN", "BY",      "CASE",     "CHECK",  "COLLATE",
-     "COLUMN",  "CONSTRAINT", "CROSS", "DEFAULT", "DESC",   "DISTINCT", "ELSE",   "END",     "ESCAPE",   "EXCEPT", "EXISTS",
-     "FOR",     "FOREIGN", "FROM", "FULL",      "GROUP",    "HAVING",  "IDENTITY", "IN",     "INNER",    "INTERSECT",
-     "INTO",    "IS",    "JOIN",   "KEY",       "LEFT",     "LIKE",    "NOT",     "NULL",    "ON",       "OPTION", "OR",
-     "ORDER",   "OUTER", "OVER",   "PERCENT",   "PIVOT",    "PRIMARY", "REFERENCES", "RIGHT", "TABLE",   "THEN",   "TO",
-     "TOP",     "UNION", "UNIQUE", "VALUES",    "WHEN",     "WHERE"});
+    {"ADD",    "ALL",      "AND",    "ANY",        "AS",         "ASC",     "BETWEEN", "BY",       "CASE",
+     "CHECK",  "COLLATE",  "COLUMN", "CONSTRAINT", "CROSS",      "DEFAULT", "DESC",    "DISTINCT", "ELSE",
+     "END",    "ESCAPE",   "EXCEPT", "EXISTS",     "FOR",        "FOREIGN", "FROM",    "FULL",     "GROUP",
+     "HAVING", "IDENTITY", "IN",     "INNER",      "INTERSECT",  "INTO",    "IS",      "JOIN",     "KEY",
+     "LEFT",   "LIKE",     "NOT",    "NULL",       "ON",         "OPTION",  "OR",      "ORDER",    "OUTER",
+     "OVER",   "PERCENT",  "PIVOT",  "PRIMARY",    "REFERENCES", "RIGHT",   "TABLE",   "THEN",     "TO",
+     "TOP",    "UNION",    "UNIQUE", "VALUES",     "WHEN",       "WHERE"});
 
 template <typename Words>
 bool contains(const Words& words, std::string_view word) {
@@ -89,9 +91,9 @@ class Parser {
         }
     }
     [[noreturn]] void unexpected(std::string_view wanted = {}) const {
-        std::string description = current().kind == TokenKind::end ? "La instrucción está incompleta"
-                                                                   : "Sintaxis no admitida cerca de '" +
-                                                                         std::string(current().written) + "'";
+        std::string description = current().kind == TokenKind::end
+                                      ? "La instrucción está incompleta"
+                                      : "Sintaxis no admitida cerca de '" + std::string(current().written) + "'";
         if (!wanted.empty()) {
             description += ": falta '" + std::string(wanted) + "'";
         }
@@ -105,7 +107,8 @@ class Parser {
         if (current().kind == TokenKind::quotedName) {
             return true;
         }
-        return current().kind == TokenKind::word && !contains(reservedWords, word()) && !contains(statementWords, word());
+        return current().kind == TokenKind::word && !contains(reservedWords, word()) &&
+               !contains(statementWords, word());
     }
     std::string name(std::string_view what = "un nombre") {
         if (!atName()) {
@@ -313,8 +316,11 @@ class Parser {
     }
 
     std::optional<Join> joinWord() {
-        static constexpr std::array<std::pair<std::string_view, Join>, 5> kinds = {
-            {{"INNER", Join::inner}, {"LEFT", Join::left}, {"RIGHT", Join::right}, {"FULL", Join::full}, {"CROSS", Join::cross}}};
+        static constexpr std::array<std::pair<std::string_view, Join>, 5> kinds = {{{"INNER", Join::inner},
+                                                                                    {"LEFT", Join::left},
+                                                                                    {"RIGHT", Join::right},
+                                                                                    {"FULL", Join::full},
+                                                                                    {"CROSS", Join::cross}}};
         if (accept("JOIN")) {
             return Join::inner;
         }
@@ -771,9 +777,7 @@ class Parser {
 
     ExpressionPtr expression() {
         const Nesting nesting(*this);
-        return chain("OR", Form::either, [&] {
-            return chain("AND", Form::both, [&] { return negation(); });
-        });
+        return chain("OR", Form::either, [&] { return chain("AND", Form::both, [&] { return negation(); }); });
     }
 
     template <typename Next>
@@ -821,7 +825,8 @@ class Parser {
             }
             ExpressionPtr right = additive();
             requireValue(*right);
-            return make(Form::comparison, operation == "!=" ? "<>" : std::string(operation), std::move(left), std::move(right));
+            return make(Form::comparison, operation == "!=" ? "<>" : std::string(operation), std::move(left),
+                        std::move(right));
         }
         if (word() == "IS") {
             requireValue(*left);
@@ -1017,13 +1022,10 @@ class Parser {
         }
         ExpressionPtr result = make(Form::function);
         result->text = function;
-        if (acceptSymbol(")")) {
-            return result;
-        }
         if (isSymbol("*")) {
             ++at_;
             result->operands.push_back(make(Form::star));
-        } else {
+        } else if (!isSymbol(")")) {
             result->distinct = accept("DISTINCT");
             do {
                 result->operands.push_back(value());
@@ -1057,6 +1059,8 @@ class Parser {
 
 }  // namespace
 
-StatementTree parse(std::string_view text) { return Parser(text).whole(); }
+StatementTree parse(std::string_view text) {
+    return Parser(text).whole();
+}
 
 }  // namespace velmora::sqlite

@@ -1,9 +1,11 @@
 #include "velmora/adapters/sqlite/row_source.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
 #include "velmora/adapters/sqlite/engine.h"
+#include "velmora/adapters/sqlite/errors.h"
 
 namespace velmora::sqlite {
 
@@ -12,11 +14,17 @@ namespace {
 class Rows final : public sql::RowSource, public Stream {
   public:
     Rows(std::shared_ptr<Engine> engine, std::shared_ptr<CachedStatement> cached)
-        : engine_(std::move(engine)), cached_(std::move(cached)) {
-        start();
-        fill();
-    }
+        : engine_(std::move(engine)), cached_(std::move(cached)) {}
     ~Rows() override { stop(); }
+
+    /// Reads the first rows; false when the engine found its tables changed by another process.
+    bool open() {
+        start();
+        const Statement& reading = *statement_;  // it outlives the reading: the cached statement takes it back
+        const int before = reading.timesPreparedAnew();
+        fill();
+        return reading.timesPreparedAnew() == before;
+    }
 
     const std::vector<sql::Column>& columns() const override { return cached_->translation.columns; }
 
@@ -24,17 +32,14 @@ class Rows final : public sql::RowSource, public Stream {
         if (inWindow(position)) {
             return true;
         }
-        if (count_) {
-            return position < *count_;
-        }
-        return fetch(position);
+        return !(count_ && position >= *count_) && fetch(position);
     }
 
     const sql::Row& row(std::size_t position) override {
-        if (!inWindow(position)) {
-            fetch(position);
+        if (!inWindow(position) && !fetch(position)) {
+            throw sql::DbError(sql::provider::failure, "La fila ya no está en el conjunto de registros.");
         }
-        return window_.at(position - first_);
+        return window_[position - first_];
     }
 
     std::size_t rowCount() override {
@@ -74,11 +79,9 @@ class Rows final : public sql::RowSource, public Stream {
         const bool back = position < first_;
         const std::size_t before = back ? windowRows / 2 : windowRows / 4;
         const std::size_t wanted = position > before ? position - before : 0;
-        if (!statement_ || wanted < next_) {
-            if (!statement_ || position < next_) {
-                stop();
-                start();
-            }
+        if (!statement_ || position < next_) {
+            stop();
+            start();
         }
         const std::size_t from = std::max(wanted, next_);
         while (next_ < from) {
@@ -90,7 +93,7 @@ class Rows final : public sql::RowSource, public Stream {
         return inWindow(position);
     }
 
-    bool step() {
+    bool step() try {
         if (!statement_->step()) {
             count_ = next_;
             stop();
@@ -98,6 +101,9 @@ class Rows final : public sql::RowSource, public Stream {
         }
         ++next_;
         return true;
+    } catch (const sql::DbError& error) {
+        stop();
+        throw withStatement(error, cached_->text);
     }
 
     /// Reads the next rows into the window, up to its bound.
@@ -107,7 +113,7 @@ class Rows final : public sql::RowSource, public Stream {
         while (rows.size() < windowRows && step()) {
             rows.push_back(current());
         }
-        if (!rows.empty() || first == 0) {
+        if (!rows.empty()) {
             window_ = std::move(rows);
             first_ = first;
         }
@@ -129,13 +135,14 @@ class Rows final : public sql::RowSource, public Stream {
     std::size_t next_ = 0;                  ///< the position that the next step reads
     std::size_t first_ = 0;                 ///< the position of the window's first row
     std::vector<sql::Row> window_;
-    std::optional<std::size_t> count_;      ///< once known
+    std::optional<std::size_t> count_;  ///< once known
 };
 
 }  // namespace
 
 std::unique_ptr<sql::RowSource> openRowSource(std::shared_ptr<Engine> engine, std::shared_ptr<CachedStatement> cached) {
-    return std::make_unique<Rows>(std::move(engine), std::move(cached));
+    auto rows = std::make_unique<Rows>(std::move(engine), std::move(cached));
+    return rows->open() ? std::move(rows) : nullptr;
 }
 
 }  // namespace velmora::sqlite

@@ -14,7 +14,8 @@ struct CachedStatement;
 /// Rows held in memory at a time. A set that is not larger is read at once and holds nothing of the database.
 inline constexpr std::size_t windowRows = 512;
 
-/// Runs the statement and reads its first rows. Errors: DbError.
+/// Runs the statement and reads its first rows. Nothing when the engine found its tables changed by another process:
+/// the text is to be translated anew. Errors: DbError.
 std::unique_ptr<sql::RowSource> openRowSource(std::shared_ptr<Engine> engine, std::shared_ptr<CachedStatement> cached);
 
 }  // namespace velmora::sqlite

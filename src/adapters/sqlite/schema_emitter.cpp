@@ -68,7 +68,7 @@ Table definedTable(std::string schema, const CreateTable& create) {
 std::string Emitter::columnDefinition(const ColumnDefinition& definition, bool key) {
     const std::string column = quotedName(definition.name);
     if (definition.identity) {
-        // A key of the engine's own, which it never gives out a second time.
+        // Chosen C-065: a key of the engine's own, which it never gives out a second time, not even after a delete.
         return column + " INTEGER PRIMARY KEY AUTOINCREMENT";
     }
     std::string sql = column + " " + definition.type.name;
@@ -81,7 +81,8 @@ std::string Emitter::columnDefinition(const ColumnDefinition& definition, bool k
     if (definition.defaultValue) {
         const TableColumn target{definition.name, definition.type};
         const Emitted given = fitted(value(*definition.defaultValue, Scope{}), target);
-        sql += given.literal || given.type.kind == Kind::null ? " DEFAULT " + given.sql : " DEFAULT (" + given.sql + ")";
+        sql +=
+            given.literal || given.type.kind == Kind::null ? " DEFAULT " + given.sql : " DEFAULT (" + given.sql + ")";
     }
     return sql + checks(definition);
 }
@@ -91,7 +92,8 @@ Translation Emitter::createTable(const CreateTable& create) {
     const auto identity = std::find_if(create.columns.begin(), create.columns.end(),
                                        [](const ColumnDefinition& column) { return column.identity; });
     const bool hasIdentity = identity != create.columns.end();
-    if (hasIdentity && std::any_of(identity + 1, create.columns.end(), [](const auto& column) { return column.identity; })) {
+    if (hasIdentity &&
+        std::any_of(identity + 1, create.columns.end(), [](const auto& column) { return column.identity; })) {
         throwSyntax("Una tabla tiene una sola columna de identidad");
     }
     std::vector<KeyDefinition> keys;
@@ -155,8 +157,8 @@ Translation Emitter::addKey(const AddKey& add) {
     if (add.key.name.empty()) {
         throwSyntax("Construcción no admitida: ALTER TABLE … ADD de una clave sin nombre");
     }
-    return schemaChange("CREATE UNIQUE INDEX " + indexName(*table, add.key.name) + " ON " + quotedName(table->name) + " (" +
-                        columnList(*table, add.key.columns) + ")");
+    return schemaChange("CREATE UNIQUE INDEX " + indexName(*table, add.key.name) + " ON " + quotedName(table->name) +
+                        " (" + columnList(*table, add.key.columns) + ")");
 }
 
 Translation Emitter::dropColumn(const DropColumn& drop) {
@@ -172,10 +174,11 @@ Translation Emitter::createIndex(const CreateIndex& create) {
     const auto table = catalog_.table(create.table);
     std::string columns;
     for (const OrderItem& column : create.columns) {
-        columns += (columns.empty() ? "" : ", ") + columnList(*table, {column.value->text}) + (column.descending ? " DESC" : "");
+        columns += (columns.empty() ? "" : ", ") + columnList(*table, {column.value->text}) +
+                   (column.descending ? " DESC" : "");
     }
-    return schemaChange(std::string(create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + indexName(*table, create.name) +
-                        " ON " + quotedName(table->name) + " (" + columns + ")");
+    return schemaChange(std::string(create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
+                        indexName(*table, create.name) + " ON " + quotedName(table->name) + " (" + columns + ")");
 }
 
 Translation Emitter::dropIndex(const DropIndex& drop) {

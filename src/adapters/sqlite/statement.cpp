@@ -21,7 +21,9 @@ std::string textOf(sqlite3_stmt* statement, int column) {
 
 }  // namespace
 
-void Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
 
 Statement::Statement(sqlite3* database, std::string_view sql, bool kept) {
     sqlite3_stmt* prepared = nullptr;
@@ -46,7 +48,9 @@ bool Statement::step() {
     }
 }
 
-void Statement::reset() { sqlite3_reset(handle_.get()); }
+void Statement::reset() {
+    sqlite3_reset(handle_.get());
+}
 
 sql::Value Statement::value(int column, Kind kind) const {
     sqlite3_stmt* row = handle_.get();
@@ -79,7 +83,9 @@ sql::Value Statement::value(int column, Kind kind) const {
     }
 }
 
-std::int64_t Statement::whole(int column) const { return sqlite3_column_int64(handle_.get(), column); }
+std::int64_t Statement::whole(int column) const {
+    return sqlite3_column_int64(handle_.get(), column);
+}
 
 int Statement::timesPreparedAnew() const {
     return sqlite3_stmt_status(handle_.get(), SQLITE_STMTSTATUS_REPREPARE, 0);

@@ -23,8 +23,8 @@ enum class Form {
     real,
     text,
     binary,
-    column,      ///< `qualifier`, `text`
-    star,        ///< the argument of count(*), or an item of a list with its `qualifier`
+    column,  ///< `qualifier`, `text`
+    star,    ///< the argument of count(*), or an item of a list with its `qualifier`
     negate,
     arithmetic,  ///< `text` is the operator
     comparison,  ///< `text` is the operator
@@ -33,15 +33,15 @@ enum class Form {
     no,          ///< NOT
     isNull,
     between,
-    inList,      ///< the operand, then the list
+    inList,  ///< the operand, then the list
     inSelect,
     exists,
-    like,        ///< the operand, the pattern, and perhaps the escape character
-    choice,      ///< CASE: pairs of condition and result, and perhaps the rest; `simple` when compared with a first
-    function,    ///< `text` is its name in capitals
-    cast,        ///< to `type`
-    convert,     ///< to `type`, perhaps under a style
-    scalar,      ///< a sub-select as a value
+    like,      ///< the operand, the pattern, and perhaps the escape character
+    choice,    ///< CASE: pairs of condition and result, and perhaps the rest; `simple` when compared with a first
+    function,  ///< `text` is its name in capitals
+    cast,      ///< to `type`
+    convert,   ///< to `type`, perhaps under a style
+    scalar,    ///< a sub-select as a value
 };
 
 struct Expression {
@@ -58,9 +58,7 @@ struct Expression {
     std::size_t height = 1;
 
     /// A condition answers yes or no and is no value; the language keeps the two apart.
-    bool isCondition() const {
-        return form >= Form::comparison && form <= Form::like;
-    }
+    bool isCondition() const { return form >= Form::comparison && form <= Form::like; }
 };
 
 struct TableName {
@@ -78,7 +76,7 @@ enum class Join { first, comma, inner, left, right, full, cross };
 
 struct FromItem {
     Join join = Join::first;
-    TableName table;                ///< when there is no sub-select
+    TableName table;  ///< when there is no sub-select
     std::unique_ptr<Select> select;
     std::string alias;
     ExpressionPtr on;
@@ -184,6 +182,6 @@ struct AllowGivenKeys {
 };
 
 using StatementTree = std::variant<std::unique_ptr<Select>, Insert, Update, Delete, CreateTable, AddColumns, AddKey,
-                               DropColumn, DropTable, CreateIndex, DropIndex, AllowGivenKeys>;
+                                   DropColumn, DropTable, CreateIndex, DropIndex, AllowGivenKeys>;
 
 }  // namespace velmora::sqlite

@@ -9,15 +9,23 @@ namespace velmora::sqlite {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isHexDigit(char c) { return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+bool isHexDigit(char c) {
+    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
+}
 
 bool startsName(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
 }
 
-bool continuesName(char c) { return startsName(c) || isDigit(c) || c == '$' || c == '#'; }
+bool continuesName(char c) {
+    return startsName(c) || isDigit(c) || c == '$' || c == '#';
+}
 
 class Scanner {
   public:
@@ -110,7 +118,8 @@ class Scanner {
             }
             value += c;
         }
-        throwSyntax(kind == TokenKind::text ? "Texto sin comilla de cierre" : "Nombre entre comillas o corchetes sin cerrar");
+        throwSyntax(kind == TokenKind::text ? "Texto sin comilla de cierre"
+                                            : "Nombre entre comillas o corchetes sin cerrar");
     }
 
     Token number(std::size_t start) {
@@ -181,10 +190,13 @@ class Scanner {
 
 }  // namespace
 
-std::vector<Token> tokenize(std::string_view statement) { return Scanner(statement).all(); }
+std::vector<Token> tokenize(std::string_view statement) {
+    return Scanner(statement).all();
+}
 
 std::string foldName(std::string_view name) {
-    const bool ascii = std::all_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    const bool ascii =
+        std::all_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
     if (!ascii) {
         return runtime::UCase(name);
     }

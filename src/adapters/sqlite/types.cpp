@@ -106,7 +106,8 @@ Type declaredType(std::string_view declaration) {
                 ++at;
             }
             std::size_t value = 0;
-            const auto [end, error] = std::from_chars(declaration.data() + at, declaration.data() + declaration.size(), value);
+            const auto [end, error] =
+                std::from_chars(declaration.data() + at, declaration.data() + declaration.size(), value);
             if (error != std::errc()) {
                 argument = declaration.substr(at, 3) == "max" ? std::optional(unlimited) : std::nullopt;
                 break;
@@ -126,10 +127,11 @@ std::string storageCheck(const Type& type, std::string_view column) {
             return name + " IN (0, 1)";
         case Kind::whole: {
             std::string check = storage + " IN ('integer', 'null')";
-            const auto range = std::find_if(ranges.begin(), ranges.end(),
-                                            [&](const Range& r) { return r.spelling == type.name; });
+            const auto range =
+                std::find_if(ranges.begin(), ranges.end(), [&](const Range& r) { return r.spelling == type.name; });
             if (range != ranges.end()) {
-                check += " AND " + name + " BETWEEN " + std::string(range->lowest) + " AND " + std::string(range->highest);
+                check +=
+                    " AND " + name + " BETWEEN " + std::string(range->lowest) + " AND " + std::string(range->highest);
             }
             return check;
         }

@@ -3,8 +3,8 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <sstream>
 #include <string>
+#include <string_view>
 
 #include "velmora/adapters/script/interpreter.h"
 #include "velmora/adapters/script/script_services.h"
@@ -45,14 +45,12 @@ script::Status play(const Options& options, std::istream& in) {
     HostOperations host(desk, session);
 
     script::ScriptReader reader(in);
-    std::ostringstream faults;
-    script::Interpreter interpreter({journal, answers, screen, program, *engine, host.operations()}, reader, faults);
-    const script::Status status = interpreter.run();
-    std::cout.flush();
-    if (!faults.str().empty()) {
-        std::cerr << options.script << ": " << faults.str();
-    }
-    return status;
+    const auto tell = [&](std::string_view reason) {
+        std::cout.flush();
+        std::cerr << options.script << ": " << reason << '\n';
+    };
+    script::Interpreter interpreter({journal, answers, screen, program, *engine, host.operations()}, reader, tell);
+    return interpreter.run();
 }
 
 }  // namespace

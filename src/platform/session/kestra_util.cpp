@@ -43,8 +43,8 @@ std::optional<unsigned> takePart(std::string_view& text) {
     return part;
 }
 
-/// A date written day first and no other way: a field's "31/02/26" is a slip, not the 26th of February of 1931,
-/// which the language's own reading would make of it.
+// Chosen C-286: a date field reads day, month, year and no other order. "31/02/26" is a slip that stays on the screen
+// for the user to see; the language's own reading would make the 26th of February of 1931 of it.
 std::optional<runtime::Date> dayFirst(const std::string& text) {
     std::string_view rest = text;
     const std::optional<unsigned> day = takePart(rest);
@@ -84,6 +84,8 @@ void KestraUtil::TeclaCampo(screen::TextBox& campo, screen::KeyPress& key, bool 
     const std::string text = campo.allSelected() ? "" : campo.text();
     const char32_t typed = key.character == U'.' ? U',' : key.character;
     const bool digit = typed >= U'0' && typed <= U'9';
+    // Chosen C-287: where the caret stands is not known, so the minus comes through only into an empty or wholly
+    // selected field: that is the one place where it leads for certain.
     const bool leadingMinus = typed == U'-' && text.empty();
     const bool decimalComma = typed == U',' && !soloEnteros && text.find(',') == std::string::npos;
     const bool editing = typed < firstPrintable;

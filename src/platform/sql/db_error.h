@@ -10,14 +10,14 @@ namespace velmora::sql {
 /// Numbers of the data provider, as signed 32-bit values.
 namespace provider {
 inline constexpr long missingTable = static_cast<int>(0x80040E37u);
-inline constexpr long syntax = static_cast<int>(0x80040E14u);        ///< also: unknown column, construct not known
-inline constexpr long constraint = static_cast<int>(0x80040E2Fu);    ///< NOT NULL, key, foreign key
-inline constexpr long conversion = static_cast<int>(0x80040E07u);    ///< a value that does not fit its column's type
-inline constexpr long truncation = static_cast<int>(0x80040E57u);    ///< a text too long for its column
-inline constexpr long noTransaction = static_cast<int>(0x8004D00Eu); ///< commit or rollback with none open
-inline constexpr long transactionOpen = static_cast<int>(0x8004D013u); ///< a second transaction begun inside the first
-inline constexpr long timeout = static_cast<int>(0x80040E31u);       ///< another writer holds the database
-inline constexpr long failure = static_cast<int>(0x80004005u);       ///< connection lost, disk full, file read-only
+inline constexpr long syntax = static_cast<int>(0x80040E14u);           ///< also: unknown column, construct not known
+inline constexpr long constraint = static_cast<int>(0x80040E2Fu);       ///< NOT NULL, key, foreign key
+inline constexpr long conversion = static_cast<int>(0x80040E07u);       ///< a value that does not fit its column's type
+inline constexpr long truncation = static_cast<int>(0x80040E57u);       ///< a text too long for its column
+inline constexpr long noTransaction = static_cast<int>(0x8004D00Eu);    ///< commit or rollback with none open
+inline constexpr long transactionOpen = static_cast<int>(0x8004D013u);  ///< a second transaction begun inside the first
+inline constexpr long timeout = static_cast<int>(0x80040E31u);          ///< another writer holds the database
+inline constexpr long failure = static_cast<int>(0x80004005u);          ///< connection lost, disk full, file read-only
 }  // namespace provider
 
 /// Raised by every operation of a connection and a recordset that reaches the engine.

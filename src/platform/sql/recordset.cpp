@@ -17,7 +17,9 @@ enum CursorError : long { criterionNotUnderstood = 3001, noCurrentRow = 3021, un
     throw runtime::RuntimeError(number, std::move(description), "VELMORA.Data");
 }
 
-[[noreturn]] void failNoCurrentRow() { fail(noCurrentRow, "El conjunto de registros no está sobre ningún registro."); }
+[[noreturn]] void failNoCurrentRow() {
+    fail(noCurrentRow, "El conjunto de registros no está sobre ningún registro.");
+}
 
 class RowsInMemory final : public RowSource {
   public:
@@ -193,7 +195,9 @@ bool Recordset::bof() const {
     return cursor.place == Cursor::Place::before || cursor.empty();
 }
 
-bool Recordset::hasRows() const { return !open().empty(); }
+bool Recordset::hasRows() const {
+    return !open().empty();
+}
 
 const Value& Recordset::operator[](std::string_view column) const {
     const auto& all = open().source->columns();
@@ -211,7 +215,9 @@ const Value& Recordset::operator[](std::size_t column) const {
     return open().current()[column];
 }
 
-const std::vector<Column>& Recordset::columns() const { return open().source->columns(); }
+const std::vector<Column>& Recordset::columns() const {
+    return open().source->columns();
+}
 
 void Recordset::moveFirst() {
     open().requireRows();
@@ -260,13 +266,16 @@ std::optional<std::size_t> Recordset::position() const {
     return cursor.place == Cursor::Place::onRow ? std::optional(cursor.index) : std::nullopt;
 }
 
-std::size_t Recordset::recordCount() const { return open().source->rowCount(); }
+std::size_t Recordset::recordCount() const {
+    return open().source->rowCount();
+}
 
 void Recordset::find(std::string_view criterion) {
     Cursor& cursor = open();
     const Criterion wanted = Criterion::parse(criterion);
     const auto& all = cursor.source->columns();
-    const auto column = std::find_if(all.begin(), all.end(), [&](const Column& c) { return sameName(c.name, wanted.column); });
+    const auto column =
+        std::find_if(all.begin(), all.end(), [&](const Column& c) { return sameName(c.name, wanted.column); });
     if (column == all.end()) {
         fail(unknownColumn, "El conjunto de registros no tiene la columna '" + std::string(wanted.column) + "'.");
     }

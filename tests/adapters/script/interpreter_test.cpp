@@ -45,6 +45,11 @@ TEST(Script, ChooseTakesAnIndexBareAndATextQuoted) {
     EXPECT_EQ(played.events, "got0 lost0 click click click click unload");
 }
 
+TEST(Script, AnEntryIsLookedUpOnceTheFocusHasArrived) {
+    const Played played = play("open banco\nset Text1(0) llena\nchoose cboTipo \"Nuevo\"\nprint cboTipo");
+    EXPECT_EQ(played.out, "cboTipo = 3 \"Nuevo\"\n");
+}
+
 TEST(Script, BarsArePressedByIndexAndByMenuKey) {
     EXPECT_EQ(play("open banco\nleave\npress Toolbar1(FICHERO)\npress Toolbar1(3)").events,
               "got0 lost0 menuFICHERO bar3 unload");
@@ -65,6 +70,11 @@ TEST(Script, GridsAreMovedPressedAndRead) {
 TEST(Script, AKeyInAGridIsSeenByTheFormFirst) {
     EXPECT_EQ(play("open banco\nleave\ngridkey dbgFilas ENTER").events, "got0 lost0 got0 unload");
     EXPECT_EQ(play("open banco\nleave\ngridkey dbgFilas ESC\necho after").events, "got0 lost0 unload");
+}
+
+TEST(Script, GridKeysLeaveTheFocusWhereItIs) {
+    EXPECT_EQ(play("open banco\ngridkey dbgFilas F8\nclose").events, "got0 gridF8 unload");
+    EXPECT_EQ(play("open banco\nrow dbgFilas 1\nclose").events, "got0 lost0 unload") << "other deeds move it";
 }
 
 TEST(Script, StateAndDumpShowWhatHolds) {

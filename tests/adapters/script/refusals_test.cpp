@@ -21,6 +21,11 @@ TEST(Refusal, EndsTheScriptUnlessItWasTried) {
     EXPECT_EQ(tried.out, "error refused Text1(2)\nafter\n");
 }
 
+TEST(Refusal, NamesTheControlAsTheLineDoes) {
+    Workbench bench;
+    EXPECT_EQ(bench.play("open form-disabled\ntry press Toolbar1(FICHERO)").out, "error refused Toolbar1(FICHERO)\n");
+}
+
 TEST(Refusal, LeavesTheControlAsItWas) {
     EXPECT_EQ(refusing("set Text1(0) apaga\ntry set Text1(2) 5\nprint Text1(2)").out,
               "error refused Text1(2)\nText1(2) = \"\"\nafter\n");

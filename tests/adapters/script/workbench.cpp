@@ -72,6 +72,9 @@ void BenchForm::wireFields() {
         if (Text1(i).text() == "vuelve") {
             Text1(i).setFocus();
         }
+        if (Text1(i).text() == "llena") {
+            cboTipo.addItem("Nuevo");
+        }
         if (Text1(i).text() == "apaga") {
             Text1(2).setEnabled(false);
         }
@@ -162,7 +165,6 @@ Workbench::Workbench() {
 
 Played Workbench::play(std::string_view script) {
     std::ostringstream out;
-    std::ostringstream faults;
     std::istringstream in{std::string(script)};
     Journal journal(out);
     Answers answers;
@@ -172,6 +174,7 @@ Played Workbench::play(std::string_view script) {
     if (traces) {
         program.onStatement([&](std::string_view statement) { journal.line("sql> " + std::string(statement)); });
     }
+    std::string faults;
     std::string events;
     Operations operations;
     const auto show = [&](const std::function<void(BenchForm&)>& prepare) {
@@ -204,9 +207,10 @@ Played Workbench::play(std::string_view script) {
         return "doble = " + runtime::CStr(std::int64_t{*number} * 2);
     };
     ScriptReader reader(in);
-    Interpreter interpreter({journal, answers, screen, program, database, operations}, reader, faults);
+    Interpreter interpreter({journal, answers, screen, program, database, operations}, reader,
+                            [&](std::string_view reason) { faults.append(reason) += '\n'; });
     const Status status = interpreter.run();
-    return {status, out.str(), faults.str(), events};
+    return {status, out.str(), faults, events};
 }
 
 Played play(std::string_view script) {

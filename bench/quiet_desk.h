@@ -1,0 +1,47 @@
+#pragma once
+// A desk at which nobody sits: what a measure needs of one, and nothing that would wait.
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "velmora/platform/desk.h"
+
+namespace velmora::bench {
+
+/// Says yes to everything, except that a critical message ends the measure: a refused operation is a fast one.
+class QuietScreen final : public screen::Screen {
+  public:
+    void showModal(screen::Form& form) override { form.unload(); }
+    screen::Answer show(const screen::MessageBox& box) override {
+        if (box.icon == screen::Icon::critical) {
+            throw std::runtime_error(box.text);
+        }
+        return box.buttons == screen::Buttons::ok ? screen::Answer::ok : screen::Answer::yes;
+    }
+    std::optional<std::size_t> search(const screen::SearchWindow&) override { return std::nullopt; }
+    void setPointer(screen::Pointer) override {}
+    void processEvents() override {}
+};
+
+class QuietServices final : public system::Services {
+  public:
+    std::string temporaryFolder() const override { return {}; }
+    std::optional<std::string> openFileDialog(const system::OpenFileRequest&) override { return std::nullopt; }
+    int openWithAssociatedProgram(std::string_view) override { return 0; }
+};
+
+class QuietDesk {
+  public:
+    platform::Desk& desk() { return desk_; }
+
+  private:
+    QuietScreen screen_;
+    components::ComponentFactory components_;
+    QuietServices services_;
+    system::SystemClock clock_;
+    platform::Desk desk_{screen_, components_, services_, clock_};
+};
+
+}  // namespace velmora::bench

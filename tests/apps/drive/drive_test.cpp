@@ -1,0 +1,123 @@
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+namespace velmora::drive {
+namespace {
+
+struct Outcome {
+    int status = -1;
+    std::string output;  ///< standard output and standard error
+};
+
+/// A folder of its own for every case.
+class Drive : public ::testing::Test {
+  protected:
+    Drive() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "velmora-drive-test-XXXXXX").string();
+        folder_ = mkdtemp(pattern.data());
+    }
+    ~Drive() override { std::filesystem::remove_all(folder_); }
+
+    std::string path(const std::string& name) const { return (folder_ / name).string(); }
+
+    std::string write(const std::string& name, const std::string& text) const {
+        std::ofstream(path(name), std::ios::binary) << text;
+        return path(name);
+    }
+
+    /// Runs the program with these words of a command line, the script on its standard input.
+    Outcome run(const std::string& options, const std::string& script) const {
+        const std::string command =
+            std::string(VELMORA_DRIVE) + " " + options + " < " + write("in.drive", script) + " 2>&1";
+        Outcome result;
+        FILE* pipe = popen(command.c_str(), "r");
+        if (pipe == nullptr) {
+            return result;
+        }
+        std::array<char, 4096> part{};
+        while (const std::size_t got = fread(part.data(), 1, part.size(), pipe)) {
+            result.output.append(part.data(), got);
+        }
+        result.status = WEXITSTATUS(pclose(pipe));
+        return result;
+    }
+
+  private:
+    std::filesystem::path folder_;
+};
+
+TEST_F(Drive, PlaysTheStandardInputOnADemonstrationWorkshop) {
+    const Outcome demo = run("", "query \"select count(*) n from CLI where CLI_ID > 0\"");
+    EXPECT_EQ(demo.status, 0);
+    EXPECT_TRUE(demo.output.starts_with("n\n")) << demo.output;
+    EXPECT_NE(demo.output, "n\n0\n");
+    EXPECT_EQ(run("--data demo -", "query \"select count(*) n from CLI where CLI_ID > 0\"").output, demo.output);
+}
+
+TEST_F(Drive, ANewDatabaseCanBeEmpty) {
+    EXPECT_EQ(run("--data none", "query \"select count(*) n from CLI\"").output, "n\n0\n");
+}
+
+TEST_F(Drive, AFileOfStatementsFillsADatabase) {
+    const std::string rows = write("rows.sql",
+                                   "-- two materials\n"
+                                   "INSERT INTO materiales (mat_id, mat_pcs) VALUES (1, 0.05)\n\n"
+                                   "INSERT INTO materiales (mat_id, mat_pcs) VALUES (2, 0.02)\n"
+                                   "UPDATE materiales SET mat_pcs = 0.5 WHERE mat_id = 2\n");
+    EXPECT_EQ(run("--data " + rows, "query \"select mat_id, mat_pcs from materiales order by mat_id\"").output,
+              "mat_id\tmat_pcs\n1\t0.05\n2\t0.5\n");
+}
+
+TEST_F(Drive, AStatementThatIsRefusedEndsBeforeTheScript) {
+    const std::string rows = write("rows.sql", "INSERT INTO nada (a) VALUES (1)\n");
+    const Outcome refused = run("--data " + rows, "echo here");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_NE(refused.output.find("INSERT INTO nada (a) VALUES (1)"), std::string::npos) << refused.output;
+    EXPECT_EQ(refused.output.find("here\n"), std::string::npos);
+}
+
+TEST_F(Drive, AFileKeepsItsRowsAndIsFilledOnce) {
+    const std::string file = "--db " + path("taller.db");
+    EXPECT_EQ(run(file + " --data none", "query \"INSERT INTO materiales (mat_id, mat_pcs) VALUES (7, 1)\"").status, 0);
+    EXPECT_EQ(run(file, "query \"select mat_id from materiales\"").output, "mat_id\n7\n");
+    EXPECT_EQ(run(file + " --data demo", "echo here").status, 2);
+
+    const std::string more = write("more.sql", "INSERT INTO materiales (mat_id, mat_pcs) VALUES (8, 1)\n");
+    EXPECT_EQ(run(file + " --data " + more, "query \"select mat_id from materiales order by mat_id\"").output,
+              "mat_id\n7\n8\n");
+}
+
+TEST_F(Drive, TheClockStandsStillForTheDatabaseToo) {
+    EXPECT_EQ(run("--data none --now \"2026-01-15 10:00:00\"", "query \"select getdate() hoy\"").output,
+              "hoy\n2026-01-15 10:00:00\n");
+}
+
+TEST_F(Drive, OwnQueriesAreNotTraced) {
+    EXPECT_EQ(run("--data none --trace-sql", "query \"select count(*) n from CLI\"").output, "n\n0\n");
+}
+
+TEST_F(Drive, ExitStatusTellsHowTheScriptEnded) {
+    EXPECT_EQ(run("--data none", "echo fin").status, 0);
+    EXPECT_EQ(run("--data none", "expect-query \"select count(*) from CLI\" 1").status, 1);
+    EXPECT_EQ(run("--data none", "nonsense").status, 2);
+    EXPECT_EQ(run("--data none", "echo \"open").output, "-: line 1: a quote is not closed\n");
+}
+
+TEST_F(Drive, AWrongCommandLineIsStatusTwo) {
+    for (const char* options : {"--nonsense", "--now yesterday", "--now 2026-02-30", "--db a.db --dsn x", "--dsn x",
+                                "--data /nowhere/rows.sql", "/nowhere/script.drive", "--db /nowhere/taller.db"}) {
+        EXPECT_EQ(run(options, "echo here").status, 2) << options;
+    }
+    EXPECT_NE(run("--dsn x", "").output.find("--dsn"), std::string::npos);
+    EXPECT_EQ(run("--help", "").status, 0);
+}
+
+}  // namespace
+}  // namespace velmora::drive

@@ -1,0 +1,46 @@
+#!/bin/sh
+# Plays one scenario and holds what it prints and how it ends against what is expected.
+#
+#   run_scenario.sh [--write] DRIVER NAME.drive
+#
+# The scenario's first lines may be
+#   # options: --data workshop.sql --now "2026-01-15 10:00:00"     paths as seen from the scenario's folder
+#   # status: 2                                                    exit status; 0 unless told
+# When NAME.expected lies beside NAME.drive, the whole output must be equal to it. --write makes that file anew.
+set -u
+
+write=no
+if [ "$1" = --write ]; then
+    write=yes
+    shift
+fi
+driver=$(cd "$(dirname "$1")" && pwd)/$(basename "$1") || exit 1
+cd "$(dirname "$2")" || exit 1
+scenario=$(basename "$2")
+expected=${scenario%.drive}.expected
+
+header() { sed -n "1,/^[^#]/s/^# $1: //p" "$scenario" | head -n 1; }
+options=$(header options)
+status=$(header status)
+
+work=$(mktemp -d) || exit 1
+trap 'rm -rf "$work"' EXIT
+eval "\"\$driver\" $options \"\$scenario\"" >"$work/out" 2>"$work/faults"
+ended=$?
+
+if [ "$write" = yes ]; then
+    cp "$work/out" "$expected"
+fi
+failed=0
+if [ "$ended" -ne "${status:-0}" ]; then
+    echo "$scenario ended with status $ended, not ${status:-0}"
+    failed=1
+fi
+if [ -f "$expected" ] && ! diff -u "$expected" "$work/out"; then
+    failed=1
+fi
+if [ "$failed" -ne 0 ]; then
+    [ -f "$expected" ] || cat "$work/out"
+    cat "$work/faults"
+fi
+exit "$failed"

@@ -1,0 +1,3 @@
+if(TARGET velmora_sqlite)
+  velmora_fuzz(dialect LINKS velmora_sqlite)
+endif()

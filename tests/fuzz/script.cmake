@@ -1,0 +1,1 @@
+velmora_fuzz(script LINKS velmora_script)
