@@ -3,9 +3,9 @@
 #include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 class DiscAndHubCostingTest : public Workshop {
@@ -559,4 +559,4 @@ TEST_F(DiscAndHubCostingTest, CaptionsThatWaitedForTheCostingWouldStillShowTheOl
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

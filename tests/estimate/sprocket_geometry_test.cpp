@@ -3,9 +3,9 @@
 #include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -417,4 +417,4 @@ TEST_F(SprocketGeometryTest, EnteringAFieldSelectsAndPaintsIt) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

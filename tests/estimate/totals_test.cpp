@@ -2,9 +2,9 @@
 
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 class TotalsTest : public Workshop {
@@ -336,4 +336,4 @@ TEST_F(TotalsTest, TheStockPiecesWeightsAreNotTheApproximateWeight) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support
