@@ -4,7 +4,7 @@ set -eu
 
 packages="
     build-essential cmake ninja-build ccache python3 locales
-    qt6-base-dev qt6-qpa-plugins fonts-dejavu-core fonts-liberation
+    qt6-base-dev qt6-qpa-plugins fonts-dejavu-core fonts-dejavu-extra
     libsqlite3-dev libicu-dev libfmt-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev
 "

@@ -397,7 +397,7 @@ def bore_for(hub):
 
 
 def double_values(chain, z):
-    """A row of PDM: rim of one row of teeth b1, rim of both B2 and, by the form's rule, X = B2 − b1."""
+    """A row of PDM: rim of one row of teeth b1, rim of both B2, and the gap X between the rows."""
     dp = cut_pitch_diameter(chain.pitch, z)
     df = redondear(dp - chain.roller)
     b1 = chain.tooth
@@ -405,7 +405,7 @@ def double_values(chain, z):
     largest_hub = math.floor((df - 0.35 * chain.pitch) / 5) * 5
     dm = max(5.0, min(hub_diameter(dp), float(largest_hub)))
     return {"Z": z, "Paso": chain.pitch, "AC": chain.inner, "Rodillo": chain.roller, "b1": b1, "b2": b2,
-            "X": redondear(b2 - b1), "H1": redondear((df - dm) / 2), "De": outside_diameter(dp, z, chain.roller),
+            "X": redondear(b2 - 2 * b1), "H1": redondear((df - dm) / 2), "De": outside_diameter(dp, z, chain.roller),
             "Dp": dp, "Df": df, "Dm": dm, "D2": float(bore_for(dm)),
             "A": multiple(max(total_width(dp), b2 * 1.5))}
 

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "velmora/data/demo_rows.h"
+#include "velmora/data/indexes.h"
 #include "velmora/data/schema.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -84,10 +85,8 @@ std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog) 
     for (const TableDefinition& table : tables()) {
         addStatementsOf(table, sessionCatalog, statements);
     }
-    for (const IndexDefinition& index : indexes()) {
-        statements.push_back("CREATE INDEX [" + std::string(index.name) + "] ON [dbo].[" + std::string(index.table) +
-                             "] (" + std::string(index.columns) + ")");
-    }
+    const std::vector<std::string> indexed = indexStatements();
+    statements.insert(statements.end(), indexed.begin(), indexed.end());
     return statements;
 }
 
@@ -139,7 +138,29 @@ std::vector<std::string> demoStatements(runtime::Date now) {
     return statements;
 }
 
+namespace {
+
+// A new database numbers its proposals from 1 again: documents of an older one would turn up on them.
+void refuseForeignDocuments(sql::Connection& connection) {
+    const std::string catalog = "DOC" + connection.currentCatalog();
+    bool found = false;
+    try {
+        connection.execute("Select top 1 * from " + catalog + ".dbo.dex");
+        found = true;
+    } catch (const sql::DbError&) {
+        // No such table, no such catalogue: as it should be.
+    }
+    if (found) {
+        throw sql::DbError(sql::provider::failure, "El catálogo de documentos " + catalog +
+                                                       " ya existe y pertenece a otra base de datos. Guárdelo en otro "
+                                                       "sitio antes de crear una nueva.");
+    }
+}
+
+}  // namespace
+
 void createDatabase(sql::Connection& connection) {
+    refuseForeignDocuments(connection);
     runAll(connection, newDatabaseStatements(connection.currentCatalog()));
 }
 

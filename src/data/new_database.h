@@ -24,7 +24,7 @@ std::vector<std::string> statementsOfLines(std::string_view text);
 /// Every "{today-N}", "{today+N}" and "{today}" of a statement turned into that day, as dd/mm/yyyy.
 std::string withDays(std::string_view statement, runtime::Date now);
 
-/// Creates the tables; all or nothing. Errors: DbError.
+/// Creates the tables and their indexes; all or nothing. Errors: DbError.
 void createDatabase(sql::Connection& connection);
 /// Adds the demonstration rows; all or nothing. Errors: DbError.
 void fillDemo(sql::Connection& connection, runtime::Date now);

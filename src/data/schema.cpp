@@ -376,9 +376,13 @@ constexpr auto allTables = std::to_array<TableDefinition>({
 
 constexpr auto allIndexes = std::to_array<IndexDefinition>({
     {.name = "IX_DPI_Fecha", .table = "DPI", .columns = "DPI_Fecha"},
-    {.name = "IX_DPI_Toothing", .table = "DPI", .columns = "DPI_Z, DPI_Pas, DPI_AC, DPI_Rodillo, DPI_Tipo"},
+    {.name = "IX_DPI_Toothing", .table = "DPI", .columns = "DPI_Z, DPI_Pas, DPI_AC, DPI_Rodillo, DPI_Tipo, DPI_Fecha"},
+    {.name = "IX_DPI_Type", .table = "DPI", .columns = "DPI_Tipo, DPI_Fecha"},
+    {.name = "IX_DPI_Accepted", .table = "DPI", .columns = "DPI_FAcepta, DPI_Fecha"},
     {.name = "IX_DPI_Customer", .table = "DPI", .columns = "DPI_CodCliente"},
     {.name = "IX_MoDpi_Dpi", .table = "MoDpi", .columns = "MoDpi_Dpi"},
+    {.name = "IX_OPE_Machine", .table = "OPE", .columns = "OPE_MAD"},
+    {.name = "IX_OBM_Machine", .table = "OBM", .columns = "OBM_MAQ"},
     {.name = "IX_PDM_Chain", .table = "PDM", .columns = "PDM_Tipo, PDM_Z"},
     {.name = "IX_LAC_Article", .table = "LAC", .columns = "LAC_CODART"},
     {.name = "IX_REC_Customer", .table = "REC", .columns = "REC_IdClPr"},

@@ -22,11 +22,9 @@ void MaterialLists::load(const char* discStatement) {
     fill(f_.cboMatDisco, discStatement);
     fill(f_.cboMatCubo, hubs);
     if (f_.cboMatDisco.listCount() > 0) {
-        f_.rsMatDisco = sql::Recordset{};
         f_.rsMatDisco = row(f_.cboMatDisco);
     }
     if (f_.cboMatCubo.listCount() > 0) {
-        f_.rsMatCubo = sql::Recordset{};
         f_.rsMatCubo = row(f_.cboMatCubo);
     }
 }
@@ -40,8 +38,9 @@ void MaterialLists::msCargarMaterialesCre() {
 
 void MaterialLists::fill(ComboBox& list, const char* statement) {
     const int kept = list.listIndex();
-    list.clear();
-    for (sql::Recordset rows = session_.Connection().execute(statement); !rows.eof(); rows.moveNext()) {
+    // Asked for first: a list that cannot be read leaves the one that stands.
+    sql::Recordset rows = session_.Connection().execute(statement);
+    for (list.clear(); !rows.eof(); rows.moveNext()) {
         // Kept K-006: the key is read back from three characters, so that a number above 999 cannot be chosen; the
         // stored proposals and the other lists of the host count on this form of entry.
         list.addItem(runtime::Format(rows["PARDPI_ID"].toDouble(), "000") + " - " + rows["PARDPI_Nom"].toText());

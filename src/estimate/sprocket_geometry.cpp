@@ -131,9 +131,9 @@ void SprocketGeometry::leavePlain(int Index) {
             tail(writeTotalWidth(Index));
             break;
         case secondHubWidth:
-            // Chosen C-030: the variable sprocket's second hub gives its total and nothing else; the thickness of a
-            // small variable pulley stays.
-            rooms_.doubles.msCalcularDobleVariable();
+            // Chosen C-030: the tail runs as for the first hub, but no total was worked out: a small variable pulley is
+            // cut 3 mm thick until its measures are worked out again.
+            tail(0);
             break;
         default:
             break;

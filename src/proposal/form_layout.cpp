@@ -20,7 +20,7 @@ namespace {
 // Widths in digits.
 constexpr int measureWidth = 7;
 constexpr int amountWidth = 8;
-constexpr int formulaWidth = 6;
+constexpr int formulaWidth = 8;
 constexpr int dateWidth = 9;
 
 Layout entered(std::string caption, TextBox& box, int width = measureWidth) {

@@ -46,7 +46,11 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       customers_(f_, session, desk.screen, oUtil_),
       loading_(f_, controls_, {materials_, presentation_, geometry_, totals_, history_}, session, desk.screen),
       saving_(f_, loading_, session, desk.screen),
-      buttons_(f_, controls_, presentation_, loading_) {
+      buttons_(f_, controls_, presentation_, loading_),
+      labour_(f_, {totals_, saving_, buttons_}, session, desk),
+      duplicating_(f_, loading_, session, desk.screen, oUtil_),
+      deleting_(f_, {materials_, history_, buttons_}, session, desk.screen),
+      historyGrid_(f_, {history_, loading_}, session, desk) {
     // Chosen C-010: as made, before any event is wired, the fields hold what an empty proposal holds.
     msLimpiarCampos();
     arrange();
@@ -172,6 +176,14 @@ void frmBercialPiñones::wireButtons() {
     controls_.XPImprime.onClick = [this] { msHojaCorte(f_, controls_, session_, desk_); };
     controls_.XPSalir.onClick = [this] { unload(); };
     controls_.cmdCambios.onClick = [this] { buttons_.cmdCambios_Click(); };
+    controls_.cmdManoObra.onClick = [this] { labour_.cmdManoObra_Click(); };
+    controls_.cmdDuplicar.onClick = [this] { duplicating_.cmdDuplicar_Click(); };
+    controls_.cmdeliminarrPropuesta.onClick = [this] {
+        deleting_.msEliminar();
+        unload();
+    };
+    controls_.dbgDPI.onButtonClick = [this](int column) { historyGrid_.dbgDPI_ButtonClick(column); };
+    deleting_.msLimpiarCampos = [this] { msLimpiarCampos(); };
 }
 
 void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
@@ -187,6 +199,11 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
         case Key::padDecimal:
             key.key = Key::comma;
             break;
+        case Key::f1:
+            if (f_.txtPesu(0).isEnabled()) {
+                labour_.cmdManoObra_Click();
+            }
+            break;
         case Key::f2:
             if (f_.txtPesu(0).isEnabled()) {
                 customers_.msBuscarCliente();
@@ -198,8 +215,18 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
         case Key::f5:
             save();
             break;
+        case Key::f6:
+            if (controls_.cmdDuplicar.isEnabled()) {
+                duplicating_.cmdDuplicar_Click();
+            }
+            break;
         case Key::f8:
             msHojaCorte(f_, controls_, session_, desk_);
+            break;
+        case Key::f9:
+            if (controls_.cmdeliminarrPropuesta.isEnabled()) {
+                deleting_.msEliminar();
+            }
             break;
         default:
             break;

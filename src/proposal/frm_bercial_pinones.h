@@ -18,8 +18,12 @@
 #include "velmora/platform/desk.h"
 #include "velmora/proposal/buttons.h"
 #include "velmora/proposal/customer_search.h"
+#include "velmora/proposal/deleting.h"
+#include "velmora/proposal/duplicating.h"
 #include "velmora/proposal/form_controls.h"
 #include "velmora/proposal/history.h"
+#include "velmora/proposal/history_grid.h"
+#include "velmora/proposal/labour_step.h"
 #include "velmora/proposal/loading.h"
 #include "velmora/proposal/saving.h"
 
@@ -80,6 +84,10 @@ class frmBercialPiñones : public screen::Form {
     Loading loading_;
     Saving saving_;
     Buttons buttons_;
+    LabourStep labour_;
+    Duplicating duplicating_;
+    Deleting deleting_;
+    HistoryGrid historyGrid_;
 };
 
 }  // namespace velmora::proposal

@@ -1,5 +1,7 @@
 #include "velmora/shell/vmora.h"
 
+#include <string>
+
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 #include "velmora/shell/schema_upgrade.h"
@@ -22,6 +24,12 @@ session::Session& currentSession() {
     return sessionOf(*gVMORA);
 }
 
+/// An operation whose window this version does not bring.
+[[noreturn]] void missingWindow(const char* window) {
+    throw runtime::RuntimeError(runtime::cannotCreateObject,
+                                std::string("Esta versión no incluye todavía la ventana de ") + window);
+}
+
 }  // namespace
 
 VMORA::VMORA(platform::Desk& desk) : desk_(desk) {
@@ -42,7 +50,7 @@ void VMORA::jShow() {
 
 void VMORA::jShowParametros() {
     msActualizarPARDPI(currentSession().Connection(), desk_.screen);
-    runtime::raise(runtime::cannotCreateObject);
+    missingWindow("materiales");
 }
 
 void VMORA::jShowPropuesta(std::int32_t& nIdDpi) {
@@ -61,7 +69,7 @@ void VMORA::jPrintPropuesta(std::int32_t&, bool&) {}
 
 void VMORA::jShowSeguimiento() {
     msActualizarPARDPI(currentSession().Connection(), desk_.screen);
-    runtime::raise(runtime::cannotCreateObject);
+    missingWindow("seguimiento");
 }
 
 }  // namespace velmora::shell

@@ -4,7 +4,7 @@
 #   run_scenario.sh [--write] DRIVER NAME.drive
 #
 # The scenario's first lines may be
-#   # options: --data workshop.sql --now "2026-01-15 10:00:00"     paths as seen from the scenario's folder
+#   # options: --data workshop.sql --now "2026-01-15 10:00:00"     the driver reads this one itself
 #   # status: 2                                                    exit status; 0 unless told
 # When NAME.expected lies beside NAME.drive, the whole output must be equal to it. --write makes that file anew.
 set -u
@@ -20,12 +20,11 @@ scenario=$(basename "$2")
 expected=${scenario%.drive}.expected
 
 header() { sed -n "1,/^[^#]/s/^# $1: //p" "$scenario" | head -n 1; }
-options=$(header options)
 status=$(header status)
 
 work=$(mktemp -d) || exit 1
 trap 'rm -rf "$work"' EXIT
-eval "\"\$driver\" $options \"\$scenario\"" >"$work/out" 2>"$work/faults"
+"$driver" "$scenario" >"$work/out" 2>"$work/faults"
 ended=$?
 
 if [ "$write" = yes ]; then

@@ -78,10 +78,10 @@ TEST_F(DemoRows, EveryChainHasValuesUnderItsTitle) {
     }
 }
 
-TEST_F(DemoRows, ChainValuesKeepTheRulesOfTheirForm) {
+TEST_F(DemoRows, ChainValuesHoldTheTrueGapAndTheRulesOfTheirForm) {
     for (sql::Recordset row = run("select * from PDM"); !row.eof(); row.moveNext()) {
         const auto value = [&](const char* column) { return row[column].toDouble(); };
-        ASSERT_DOUBLE_EQ(value("PDM_X"), runtime::Redondear(value("PDM_b2") - value("PDM_b1"), 2));
+        ASSERT_DOUBLE_EQ(value("PDM_X"), runtime::Redondear(value("PDM_b2") - 2 * value("PDM_b1"), 2));
         ASSERT_DOUBLE_EQ(value("PDM_Df"), runtime::Redondear(value("PDM_Dp") - value("PDM_Rodillo"), 2));
         ASSERT_GT(value("PDM_De"), value("PDM_Dp")) << row["PDM_Titulo"].toText();
         ASSERT_GT(value("PDM_Df"), value("PDM_Dm")) << row["PDM_Titulo"].toText();

@@ -2,9 +2,9 @@
 
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 using estimate::CutPrices;
@@ -101,4 +101,4 @@ TEST_F(CutPricesTest, AFailingLoadReachesTheCaller) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -1,8 +1,8 @@
 #include "velmora/estimate/dimension_constants.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 using estimate::DimensionConstants;
@@ -122,4 +122,4 @@ TEST_F(DimensionConstantsTest, ARefusedQueryAndAMissingConstantReachTheCaller) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -3,9 +3,9 @@
 #include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 class DiscAndHubCostingTest : public Workshop {
@@ -283,6 +283,36 @@ TEST_F(DiscAndHubCostingTest, ADiscsMaterialBringsPricesCutAndAmount) {
     EXPECT_EQ(amount(22), "7,76") << "1,33 x 0,9 + 6,56";
 }
 
+TEST_F(DiscAndHubCostingTest, AMaterialChosenWhileASaveRunsBringsNoPrices) {
+    enterLargeSprocket();
+    fields().bCargandoCubo = true;
+    fields().cboMatDisco.setListIndex(2);
+    fields().cboMatCubo.setListIndex(1);
+    EXPECT_EQ(amount(20), "0,95");
+    EXPECT_EQ(amount(21), "1,4");
+    EXPECT_EQ(amount(23), "1,02");
+    EXPECT_EQ(amount(24), "1,5");
+    EXPECT_TRUE(cut(6).visible()) << "but a tube's inner diameter";
+    EXPECT_TRUE(cut(7).visible());
+    fields().bCargandoDisco = true;
+    cut(7).setVisible(false);
+    fields().cboMatCubo.setListIndex(1);
+    EXPECT_FALSE(cut(7).visible()) << "the other guard stops that too";
+}
+
+TEST_F(DiscAndHubCostingTest, AHubsMaterialBringsPricesCutAndAmount) {
+    for (const int type : {0, 2}) {
+        closeForm();
+        chooseType(type);
+        enterLargeSprocket();
+        fields().cboMatCubo.setListIndex(1);
+        EXPECT_EQ(amount(23), "2") << type;
+        EXPECT_EQ(amount(24), "3") << type;
+        EXPECT_EQ(amount(15), type == 0 ? "3" : "6") << type << ": 100 x 0,03 a hub";
+        EXPECT_EQ(amount(25), type == 0 ? "14,85" : "29,7") << type << ": 3,95 x 3 and the cut, a hub";
+    }
+}
+
 TEST_F(DiscAndHubCostingTest, AMaterialWithoutRateCostsASmallCut) {
     enterLargeSprocket();
     fields().cboMatDisco.setListIndex(3);
@@ -529,4 +559,4 @@ TEST_F(DiscAndHubCostingTest, CaptionsThatWaitedForTheCostingWouldStillShowTheOl
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -1,8 +1,8 @@
 #include "velmora/estimate/double_sprockets.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 class DoubleSprocketsTest : public Workshop {
@@ -69,4 +69,4 @@ TEST_F(DoubleSprocketsTest, SpreadOnAnyTypeTheTotalOfTwoHubsWouldLoseOne) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

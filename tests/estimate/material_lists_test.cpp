@@ -1,8 +1,8 @@
 #include "velmora/estimate/material_lists.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 using Entries = std::vector<std::string>;
@@ -138,4 +138,4 @@ TEST_F(MaterialListsTest, StatementsOfTheListsToTheLetter) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

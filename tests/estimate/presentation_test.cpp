@@ -5,9 +5,9 @@
 
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 using Names = std::set<std::string>;
@@ -437,4 +437,4 @@ TEST_F(PresentationTest, TheFactorsOfHubAndWidthAreAlwaysSeen) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -3,9 +3,9 @@
 #include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -271,6 +271,14 @@ TEST_F(SprocketGeometryTest, LeavingTheHubWidthCutsASmallPieceByTheNewTotal) {
     EXPECT_EQ(fields().Text4(0).text(), "39,00");
 }
 
+TEST_F(SprocketGeometryTest, LeavingTheHubWidthCutsAPieceOfExactlyTheLimitToo) {
+    enterToothing("12,7", "7,75", "29", "3,6");
+    EXPECT_EQ(text(15), "120");
+    enter(measure(10), "30");
+    leave();
+    EXPECT_EQ(fields().Text4(0).text(), "39,00");
+}
+
 TEST_F(SprocketGeometryTest, LeavingTheHubWidthOfALargePieceLeavesTheThickness) {
     enterLargeSprocket();
     enter(measure(10), "30");
@@ -296,22 +304,22 @@ TEST_F(SprocketGeometryTest, TheSecondHubsWidthGivesAVariableSprocketItsTotal) {
     EXPECT_EQ(text(17), "35");
 }
 
-TEST_F(SprocketGeometryTest, TheSecondHubsWidthLeavesTheThicknessOfASmallVariablePulley) {
+TEST_F(SprocketGeometryTest, TheSecondHubsWidthCutsASmallVariablePulleyWithNoTotal) {
     chooseType(11);
     enterSmallSprocket();
     fields().Text4(0).setText("12");
     enter(measure(14), "5");
     leave();
-    EXPECT_EQ(fields().Text4(0).text(), "12");
+    EXPECT_EQ(fields().Text4(0).text(), "3,00");
 }
 
-TEST_F(SprocketGeometryTest, TheTailOfTheHubWidthWouldHaveCutThatPulley) {
+TEST_F(SprocketGeometryTest, TheSecondHubsWidthLeavesTheThicknessOfALargeVariablePulley) {
     chooseType(11);
-    enterSmallSprocket();
+    fields().Text1(15).setText("200");
     fields().Text4(0).setText("12");
-    enter(measure(10), "5");
+    enter(measure(14), "5");
     leave();
-    EXPECT_NE(fields().Text4(0).text(), "12");
+    EXPECT_EQ(fields().Text4(0).text(), "12");
 }
 
 TEST_F(SprocketGeometryTest, AGearsFieldsOnlyTakeTheMask) {
@@ -409,4 +417,4 @@ TEST_F(SprocketGeometryTest, EnteringAFieldSelectsAndPaintsIt) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

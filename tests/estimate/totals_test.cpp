@@ -2,9 +2,9 @@
 
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 class TotalsTest : public Workshop {
@@ -148,9 +148,9 @@ TEST_F(TotalsTest, ASpreadChargeIsRoundedByItself) {
 TEST_F(TotalsTest, TheDiscsLineRoundsTheMaterialBeforeTheCutIsAdded) {
     fields().Text4(4).setText("1,33");
     for (const int index : {16, 21}) {
-        sum(index, {{16, "0,004"}, {21, "1,5"}, {22, "0"}, {25, "1"}, {11, "1"}});
-        EXPECT_EQ(amount(22), "2") << index << ": 1,995 is 2,00, and the cut adds less than a cent";
-        EXPECT_EQ(amount(7), "3") << index;
+        sum(index, {{16, "0,005"}, {21, "1,5"}, {22, "0"}, {25, "1"}, {11, "1"}});
+        EXPECT_EQ(amount(22), "2,01") << index << ": 1,995 is 2,00 before half a cent is added";
+        EXPECT_EQ(amount(7), "3,01") << index;
     }
 }
 
@@ -336,4 +336,4 @@ TEST_F(TotalsTest, TheStockPiecesWeightsAreNotTheApproximateWeight) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

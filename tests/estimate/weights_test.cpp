@@ -2,9 +2,9 @@
 
 #include "velmora/platform/runtime/numbers.h"
 
-#include "../support/workshop.h"
+#include "support/workshop.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 namespace {
 
 using estimate::Operand;
@@ -98,4 +98,4 @@ TEST_F(WeightsTest, AnArticleWithoutFactorWeighsNothing) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -3,16 +3,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "velmora/platform/runtime/errors.h"
+
 #include "support/proposal_statements.h"
 #include "support/proposal_workshop.h"
-#include "velmora/platform/runtime/errors.h"
 
 namespace velmora::shell {
 namespace {
 
+using proposal::frmBercialPiñones;
 using ::testing::ElementsAre;
 using velmora::support::ProposalWorkshop;
-using proposal::frmBercialPiñones;
 namespace statements = velmora::support::statements;
 
 class VmoraTest : public ::testing::Test {

@@ -10,12 +10,13 @@
 #include <string_view>
 #include <vector>
 
-#include "support/fake_screen.h"
-#include "support/recording_connection.h"
 #include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/platform/desk.h"
 #include "velmora/platform/sql/connection.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
+
+#include "support/fake_screen.h"
+#include "support/recording_connection.h"
 
 namespace velmora::support {
 

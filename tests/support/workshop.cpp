@@ -1,10 +1,10 @@
-#include "workshop.h"
+#include "support/workshop.h"
 
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/runtime/numbers.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 
 namespace {
 
@@ -96,4 +96,4 @@ void TextChanges::controlChanged(screen::Control& control, screen::Property prop
     }
 }
 
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -13,10 +13,10 @@
 #include "velmora/platform/desk.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 
-#include "fake_screen.h"
-#include "recording_connection.h"
+#include "support/fake_screen.h"
+#include "support/recording_connection.h"
 
-namespace velmora::testing {
+namespace velmora::support {
 
 /// The rows, one statement each.
 ///
@@ -105,4 +105,4 @@ class TextChanges final : public screen::FormObserver {
     const screen::Control& watched_;
 };
 
-}  // namespace velmora::testing
+}  // namespace velmora::support

@@ -94,11 +94,6 @@ ControlView* FormWindow::viewOf(const screen::Control& control) const {
 QSize FormWindow::openingSize() const {
     const QSize room = QWidget::screen()->availableSize() - QSize(0, titleBarRoom);
     const bool large = growsDownward(form_.layout());
-    // Fonts and margins of the style are in the hints only after polishing.
-    for (QWidget* child : content_->findChildren<QWidget*>()) {
-        child->ensurePolished();
-    }
-    content_->layout()->invalidate();
     QSize size = content_->layout()->totalSizeHint().expandedTo(content_->layout()->totalMinimumSize());
     if (large && (size.width() > workingSize.width() * 3 / 4 || size.height() > workingSize.height() * 3 / 4)) {
         size = size.expandedTo(workingSize);
@@ -112,6 +107,8 @@ void FormWindow::runModal() {
     }
     resize(openingSize());
     show();
+    // What a window needs is known for certain once its fonts and margins are the style's, that is, once it is shown.
+    resize(openingSize());
     activateWindow();
     QEventLoop loop;
     loop_ = &loop;

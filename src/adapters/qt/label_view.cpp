@@ -7,13 +7,14 @@
 
 namespace velmora::qt {
 
-LabelView::LabelView(ViewHost& host, screen::Label& label, QWidget* parent, screen::Role role)
+LabelView::LabelView(ViewHost& host, screen::Label& label, QWidget* parent, screen::Role role, int digits)
     : ControlView(host, label), label_(label), text_(new QLabel(parent)) {
     text_->setTextFormat(Qt::PlainText);
     text_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     if (role == screen::Role::total) {
         text_->setFont(theme::totalFont());
     }
+    text_->setMinimumWidth(text_->fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits);
 }
 
 void LabelView::update(screen::Property property) {

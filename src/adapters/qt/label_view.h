@@ -9,7 +9,9 @@ namespace velmora::qt {
 
 class LabelView : public ControlView {
   public:
-    LabelView(ViewHost& host, screen::Label& label, QWidget* parent, screen::Role role = screen::Role::label);
+    /// `digits`: room that is kept for the text, whatever it is; 0 keeps none.
+    LabelView(ViewHost& host, screen::Label& label, QWidget* parent, screen::Role role = screen::Role::label,
+              int digits = 0);
 
     QWidget& widget() override { return *text_; }
     void update(screen::Property property) override;

@@ -28,7 +28,7 @@ std::unique_ptr<ControlView> makeView(ViewHost& host, const screen::Layout& layo
         return std::make_unique<CheckBoxView>(host, *box, parent);
     }
     if (auto* label = dynamic_cast<screen::Label*>(control)) {
-        return std::make_unique<LabelView>(host, *label, parent, layout.role);
+        return std::make_unique<LabelView>(host, *label, parent, layout.role, layout.width);
     }
     if (auto* frame = dynamic_cast<screen::Frame*>(control)) {
         return std::make_unique<FrameView>(host, *frame, parent);

@@ -68,7 +68,7 @@ Table definedTable(std::string schema, const CreateTable& create) {
 std::string Emitter::columnDefinition(const ColumnDefinition& definition, bool key) {
     const std::string column = quotedName(definition.name);
     if (definition.identity) {
-        // Chosen C-065: a key of the engine's own, which it never gives out a second time, not even after a delete.
+        // A key of the engine's own, which it never gives out a second time.
         return column + " INTEGER PRIMARY KEY AUTOINCREMENT";
     }
     std::string sql = column + " " + definition.type.name;

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "velmora/adapters/sqlite/database.h"
+#include "velmora/data/indexes.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
 
@@ -66,6 +67,9 @@ std::unique_ptr<Workshop> open(const std::string& path, const system::Clock& clo
     }
     checkOurs(workshop->connection());
     checkWritable(workshop->connection());
+    if (!fresh) {
+        data::addMissingIndexes(workshop->connection());
+    }
     return workshop;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "velmora/adapters/sqlite/database.h"
+#include "velmora/data/indexes.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
 
@@ -55,6 +56,8 @@ void fill(sql::Connection& connection, const Options& options, const system::Clo
     }
     if (isNew) {
         data::createDatabase(connection);
+    } else {
+        data::addMissingIndexes(connection);
     }
     if (rows == demo) {
         data::fillDemo(connection, clock.now());

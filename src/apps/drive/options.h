@@ -18,8 +18,9 @@ struct Options {
     std::string script = "-";  ///< "-" is the standard input
 };
 
-/// The options, or the exit status with which the program ends now: help was asked for, or the line is wrong (told
-/// on the standard error).
+/// The options of the command line, completed by those of a line "# options: …" among the comments that the script
+/// begins with (paths as seen from the script's folder); or the exit status with which the program ends now: help was
+/// asked for, or the line is wrong (told on the standard error).
 std::variant<Options, int> readOptions(int argc, char** argv);
 
 }  // namespace velmora::drive

@@ -110,6 +110,16 @@ TEST_F(Drive, ExitStatusTellsHowTheScriptEnded) {
     EXPECT_EQ(run("--data none", "echo \"open").output, "-: line 1: a quote is not closed\n");
 }
 
+TEST_F(Drive, AScriptNamesItsOwnOptionsAndTheCommandLineComesFirst) {
+    write("rows.sql", "INSERT INTO CLI (CLI_ID, CLI_COD, CLI_NOM) VALUES (1, 7, 'SIETE')\n");
+    const std::string script = write("own.drive",
+                                     "# options: --data rows.sql --now \"2026-01-15 10:00:00\"\n"
+                                     "query \"select CLI_NOM, getdate() as ahora from CLI\"\n");
+    EXPECT_EQ(run(script, "").output, "CLI_NOM\tahora\nSIETE\t2026-01-15 10:00:00\n");
+    EXPECT_EQ(run("--data none " + script, "").output, "CLI_NOM\tahora\n");
+    EXPECT_EQ(run(write("wrong.drive", "# options: --nonsense\necho here\n"), "").status, 2);
+}
+
 TEST_F(Drive, AWrongCommandLineIsStatusTwo) {
     for (const char* options : {"--nonsense", "--now yesterday", "--now 2026-02-30", "--db a.db --dsn x", "--dsn x",
                                 "--data /nowhere/rows.sql", "/nowhere/script.drive", "--db /nowhere/taller.db"}) {

@@ -10,9 +10,9 @@ namespace velmora::screen {
 namespace {
 
 sql::Recordset rows() {
-    return sql::Recordset(sql::rowsInMemory(
-        {{"DPI_Id"}, {"DPI_Fecha"}, {"DPI_ImpTP"}, {"Nombre"}, {"Activo"}},
-        {{7, runtime::Date::of(2026, 1, 5), 1234.5, "Á ñ", true}, {1000001, sql::Value{}, 0.005, sql::Value{}, false}}));
+    return sql::Recordset(sql::rowsInMemory({{"DPI_Id"}, {"DPI_Fecha"}, {"DPI_ImpTP"}, {"Nombre"}, {"Activo"}},
+                                            {{7, runtime::Date::of(2026, 1, 5), 1234.5, "Á ñ", true},
+                                             {1000001, sql::Value{}, 0.005, sql::Value{}, false}}));
 }
 
 class DataGridTest : public ::testing::Test {

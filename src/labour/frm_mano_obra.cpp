@@ -1,0 +1,138 @@
+#include "velmora/labour/frm_mano_obra.h"
+
+#include <string>
+
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::labour {
+
+using screen::TextBox;
+
+namespace {
+
+// The caption of fraLinea tells what a save will do.
+constexpr const char* opened = "Edición de linea";
+constexpr const char* adding = "Nueva Linea";
+constexpr const char* editing = "Editar Linea";
+constexpr const char* saved = "Datos de la Linea";
+
+}  // namespace
+
+frmManoObra::frmManoObra(session::Session& session, platform::Desk& desk)
+    : Form("frmManoObra"),
+      session_(session),
+      desk_(desk),
+      oUtil_(desk.screen, session.Connection()),
+      machines_(f_, session, oUtil_),
+      lines_(f_, machines_, session),
+      saving_(f_, session, desk.screen) {
+    oUtil_.ColorFoco(screen::colors::yellow);
+    oUtil_.ColorNormal(screen::colors::white);
+    setCaption("Calculo de Mano de Obra");
+    f_.fraLinea.setCaption(opened);
+    arrange();
+    wire();
+}
+
+void frmManoObra::wire() {
+    onActivate = [this] { Form_Activate(); };
+    onKeyDown = [this](screen::KeyDown& key) { Form_KeyDown(key); };
+    f_.txtLinea.on(&TextBox::onGotFocus, {[this](int i) { oUtil_.EntrarCampo(f_.txtLinea(i)); }});
+    f_.txtLinea.on(&TextBox::onLostFocus, {[this](int i) { machines_.txtLinea_LostFocus(i); }});
+    f_.txtLinea(machine).onKeyPress = [this](screen::KeyPress& key) {
+        oUtil_.TeclaCampo(f_.txtLinea(machine), key, true);
+    };
+    f_.txtLinea(minutes).onKeyPress = [this](screen::KeyPress& key) {
+        oUtil_.TeclaCampo(f_.txtLinea(minutes), key, false);
+    };
+    f_.cboOperarios.onClick = [this] { machines_.cboOperarios_Click(); };
+    f_.cmdBuscarMaquina.onClick = [this] { searchMachine(); };
+    f_.cmdNuevaLinea.onClick = [this] { newLine(); };
+    f_.cmdEditarLinea.onClick = [this] { editLine(); };
+    f_.cmdEliminarLinea.onClick = [this] { deleteLine(); };
+    f_.cmdGrabarLinea.onClick = [this] { saveLine(); };
+    f_.cmdCancelar.onClick = [this] { f_.browse(); };
+    f_.cmdSalir.onClick = [this] { unload(); };
+}
+
+void frmManoObra::Form_Activate() {
+    // Kept K-102: a form that may change lines opens with the line enabled, before any button was pressed; a save at
+    // that moment changes the current line, which people use to correct the minutes at once.
+    f_.fraAcciones.setEnabled(bModificable);
+    f_.fraLinea.setEnabled(bModificable);
+}
+
+void frmManoObra::Form_KeyDown(screen::KeyDown& key) {
+    using screen::Key;
+    switch (key.key) {
+        case Key::enter:
+            key.key = Key::none;
+            tabForward();
+            break;
+        case Key::padDecimal:
+            key.key = Key::comma;
+            break;
+        case Key::f2:
+            searchMachine();
+            break;
+        default:
+            break;
+    }
+}
+
+void frmManoObra::searchMachine() {
+    if (!f_.fraLinea.isEnabled()) {
+        return;
+    }
+    const std::int32_t id = machines_.msBuscarMaquina();
+    if (id > 0) {
+        f_.txtLinea(machine).setText(runtime::CStr(std::int64_t{id}));
+        machines_.msCargarMaquina(id);
+    }
+}
+
+void frmManoObra::newLine() {
+    f_.fraAcciones.setVisible(false);
+    f_.fraLinea.setEnabled(true);
+    f_.fraLinea.setCaption(adding);
+    f_.put(0, 4, "");
+    f_.put(5, 8, "0");
+    f_.txtLinea(machine).setFocus();
+}
+
+void frmManoObra::editLine() {
+    f_.fraLinea.setCaption(editing);
+    if (lines_.hasLines()) {
+        f_.fraAcciones.setVisible(false);
+        f_.fraLinea.setEnabled(true);
+        f_.txtLinea(machine).setFocus();
+    }
+}
+
+void frmManoObra::saveLine() {
+    if (!saving_.isComplete()) {
+        return;
+    }
+    const bool isNew = f_.fraLinea.caption() == adding;
+    saving_.save(nIdDpi, isNew ? std::string() : lines_.current("modpi_id").toText());
+    f_.browse();
+    f_.fraLinea.setCaption(saved);
+    msCargarLineas();
+}
+
+void frmManoObra::deleteLine() {
+    if (!lines_.hasLines()) {
+        return;
+    }
+    const sql::Value& name = lines_.current("Operario");
+    const screen::Answer answer = desk_.screen.show(
+        {.text = "Realmente desea eliminar la linea del operario " + (name.isNull() ? std::string() : name.toText()),
+         .icon = screen::Icon::question,
+         .buttons = screen::Buttons::yesNo});
+    if (answer == screen::Answer::yes) {
+        session_.Connection().execute("Delete from modpi where modpi_id = " + lines_.current("modpi_id").toText());
+        msCargarLineas();
+    }
+}
+
+}  // namespace velmora::labour

@@ -1,0 +1,37 @@
+#pragma once
+// The lines of a proposal in the grid, their sum, and the line under the cursor in the fields below.
+
+#include <cstdint>
+
+#include "velmora/labour/line_fields.h"
+#include "velmora/labour/machine_and_operators.h"
+#include "velmora/platform/session/session.h"
+#include "velmora/platform/sql/recordset.h"
+
+namespace velmora::labour {
+
+class LineList {
+  public:
+    LineList(LineFields& fields, MachineAndOperators& machines, session::Session& session);
+
+    /// Lists the lines of a proposal, in no order of its own, and their sum. Errors: the database's.
+    void msCargarLineas(std::int32_t nIdDpi);
+
+    /// Shows the sum of the lines of a proposal. Errors: the database's.
+    void msCargarTotal(std::int32_t nIdDpi);
+
+    /// True when the list is open and holds at least one line.
+    bool hasLines() const { return rsMo_->isOpen() && rsMo_->hasRows(); }
+    /// A column of the current line. Error 3021 without one.
+    const sql::Value& current(const char* column) const { return (*rsMo_)[column]; }
+
+  private:
+    void rsMo_MoveComplete();
+
+    LineFields& f_;
+    MachineAndOperators& machines_;
+    session::Session& session_;
+    sql::ListenedRecordset rsMo_;
+};
+
+}  // namespace velmora::labour

@@ -1,0 +1,186 @@
+#include "velmora/proposal/duplicating.h"
+
+#include <algorithm>
+#include <array>
+
+#include "velmora/platform/runtime/dates.h"
+#include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+
+namespace velmora::proposal {
+
+using runtime::CStr;
+using session::Tipo;
+
+namespace {
+
+/// What a copy does not take over: the key and the date come from the server, order and acceptance are not its own.
+constexpr std::array<std::string_view, 4> notCopied{"DPI_ID", "DPI_FECHA", "DPI_ORDEN", "DPI_FACEPTA"};
+
+constexpr long refusedInsert = -9999;
+constexpr double minutesOfAnHour = 60;
+
+/// A column of the copy, of the kind that its value shows.
+void addCopied(session::FieldList& campos, const std::string& column, const sql::Value& value) {
+    if (value.isNull()) {
+        campos.Add(column, Tipo::expression, " Null ");
+    } else if (value.isDate()) {
+        campos.Add(column, Tipo::date, value);
+    } else if (value.isBit()) {
+        campos.Add(column, Tipo::boolean, value.toBool() ? 1 : 0);
+    } else if (value.isNumber()) {
+        // Kept K-108: two decimals, as a save writes them: a pitch of 9,525 that came from elsewhere is copied as 9,53.
+        const bool hasDecimals = value.toText().find(',') != std::string::npos;
+        campos.Add(column, hasDecimals ? Tipo::number : Tipo::wholeNumber, value);
+    } else {
+        // Differs D-101: a text stays the text that it is, also when it reads like a number: a customer's reference
+        // "00123" would come out as 123, and "1,5" as 1.5.
+        campos.Add(column, Tipo::text, value);
+    }
+}
+
+/// A number of a labour line for a statement.
+std::string literal(const sql::Value& value) {
+    // Chosen C-103: a line with a gap, which another program may have written, is copied with its gap.
+    return value.isNull() ? "Null" : runtime::Replace(value.toText(), ",", ".");
+}
+
+}  // namespace
+
+void Duplicating::cmdDuplicar_Click() {
+    if (f_.txtPesu(3).text().empty() || f_.txtPesu(4).text().empty()) {
+        return;
+    }
+    if (screen_.show({.text = "Seguro que desea duplicar esta propuesta",
+                      .icon = screen::Icon::information,
+                      .buttons = screen::Buttons::yesNo}) != screen::Answer::no) {
+        msDuplicar();
+    }
+}
+
+void Duplicating::msDuplicar() {
+    if (!f_.txtPesu(0).enabled()) {
+        return;
+    }
+    if (f_.txtPesu(1).text().empty() || !runtime::IsNumeric(f_.txtPesu(0).text())) {
+        screen_.show({.text = "Error Falta Cliente", .icon = screen::Icon::critical});
+        f_.txtPesu(0).setFocus();
+        return;
+    }
+    if (estimate::numberOrZero(f_.txtPesu(11)) < 1) {
+        screen_.show({.text = "Error Falta indicar el numero de unidades", .icon = screen::Icon::critical});
+        f_.txtPesu(11).setFocus();
+        return;
+    }
+    FnDuplicarPropuesta(runtime::CLng(f_.txtPesu(3).text()));
+}
+
+void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
+    struct Guard {
+        bool& bCargandoPropuesta;
+        ~Guard() { bCargandoPropuesta = false; }
+    } const guard{f_.bCargandoPropuesta};
+    f_.bCargandoPropuesta = true;
+
+    sql::Connection& connection = session_.Connection();
+    sql::Recordset row = connection.execute("Select * from DPI where DPI_id=" + CStr(std::int64_t{nIdOrigen}));
+    if (row.eof()) {
+        // Kept K-109: a proposal that somebody else has deleted meanwhile ends in the error of a commit with no
+        // transaction open; nothing is said to have been duplicated.
+        connection.commitTrans();
+        return;
+    }
+    const std::string number = f_.txtPesu(3).text();
+    const std::string date = f_.txtPesu(4).text();
+    runtime::ErrorTrap trap;
+    bool begun = false;
+    trap([&] {
+        connection.beginTrans();
+        begun = true;
+        copyProposal(row);
+        row = {};
+        takeNewNumber();
+        copyLines(nIdOrigen);
+        connection.commitTrans();
+        begun = false;
+    });
+    if (!trap.failed()) {
+        screen_.show({.text = "Propuesta duplicada satisfactoriamente", .icon = screen::Icon::information});
+        loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(3).text()), true);
+        return;
+    }
+    // Differs D-100: the first error ends the copy, a commit that fails included, and number and date are the
+    // original's again: going on would leave a number on the form that the next save writes over.
+    row = {};
+    if (begun) {
+        runtime::ErrorTrap rollback;
+        rollback([&] { connection.rollbackTrans(); });
+    }
+    session_.Campos().clear();
+    f_.txtPesu(3).setText(number);
+    f_.txtPesu(4).setText(date);
+    f_.form.setTag("E");
+    screen_.show({.text = "Error en la grabacion del registro:\r\n" + trap.error()->description()});
+}
+
+void Duplicating::copyProposal(const sql::Recordset& row) {
+    session_.Tabla("DPI");
+    session_.Modo(0);
+    for (std::size_t i = 0; i < row.columns().size(); ++i) {
+        const std::string& column = row.columns()[i].name;
+        if (std::ranges::find(notCopied, runtime::UCase(column)) == notCopied.end()) {
+            addCopied(session_.Campos(), column, row[i]);
+        }
+    }
+    session_.Donde(" ");
+    std::string error;
+    bool correcto = false;
+    session_.Insertar(error, correcto);
+    if (!correcto) {
+        throw runtime::RuntimeError(refusedInsert, error);
+    }
+}
+
+void Duplicating::takeNewNumber() {
+    const std::string id = session_.Connection().execute("SELECT MAX(DPI_Id) FROM DPI")[0].toText();
+    f_.txtPesu(3).setText(id);
+    const sql::Recordset row = session_.Connection().execute("SELECT DPI_Fecha FROM DPI where DPI_Id = " + id);
+    f_.txtPesu(4).setText(runtime::Format(row["DPI_Fecha"].toDate(), "dd/mm/yyyy"));
+}
+
+void Duplicating::copyLines(std::int32_t nIdOrigen) {
+    sql::Recordset line =
+        session_.Connection().execute("SELECT * FROM moDPI where moDPI_dpi = " + CStr(std::int64_t{nIdOrigen}));
+    // Kept K-110: the copy's labour stays the original's sum although its lines take today's rates; the labour form
+    // brings the two together.
+    for (; !line.eof(); line.moveNext()) {
+        copyLine(line);
+    }
+}
+
+void Duplicating::copyLine(const sql::Recordset& line) {
+    const std::string statement =
+        "insert into modpi (MoDpi_Dpi,MoDpi_Ope,MoDpi_Maq,MoDpi_Minutos,MoDpi_Pvp,MoDpi_Tiempo,MoDpi_Importe) "
+        "values (" +
+        f_.txtPesu(3).text() + "," + literal(line["MoDpi_Ope"]) + "," + literal(line["modpi_maq"]) + "," +
+        literal(line["MoDpi_Minutos"]) + "," + priceTimeAndAmount(line) + ")";
+    session_.Connection().execute(statement);
+}
+
+std::string Duplicating::priceTimeAndAmount(const sql::Recordset& line) {
+    const sql::Recordset rate =
+        session_.Connection().execute("select top 1 OPE_VENTA from ope where ope_mad = " + literal(line["modpi_maq"]) +
+                                      " and ope_id = " + literal(line["MoDpi_Ope"]));
+    const std::string time = literal(line["MoDpi_Tiempo"]);
+    // Kept K-111: only an operator on his own machine has a rate here; the price of an assignment, which the labour
+    // form puts first, is not asked, and the line keeps its old price.
+    const double perHour = rate.eof() || rate["OPE_VENTA"].isNull() ? 0 : rate["OPE_VENTA"].toDouble();
+    if (perHour == 0 || line["MoDpi_Minutos"].isNull()) {
+        return literal(line["MoDpi_Pvp"]) + "," + time + "," + literal(line["MoDpi_Importe"]);
+    }
+    const double amount = oUtil_.Redondear(line["MoDpi_Minutos"].toDouble() * (perHour / minutesOfAnHour), 2);
+    return literal(perHour) + "," + time + "," + literal(amount);
+}
+
+}  // namespace velmora::proposal

@@ -1,0 +1,51 @@
+#include "velmora/proposal/history_grid.h"
+
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::proposal {
+
+namespace {
+
+constexpr int numberColumn = 0;
+constexpr int orderColumn = 3;
+
+bool isNumeric(const sql::Value& value) {
+    return value.isNumber() || (value.isText() && runtime::IsNumeric(value.toText()));
+}
+
+}  // namespace
+
+void HistoryGrid::dbgDPI_ButtonClick(int column) {
+    const sql::Recordset& rows = rooms_.history.rsDpi();
+    if (!rows.isOpen() || !rows.hasRows()) {
+        return;
+    }
+    if (column == numberColumn) {
+        openProposal();
+    } else if (column == orderColumn) {
+        openOrder();
+    }
+}
+
+void HistoryGrid::openProposal() {
+    const sql::Value id = rooms_.history.rsDpi()["dpi_id"];
+    const screen::Answer answer =
+        desk_.screen.show({.text = "Realmente desea cargar los datos del presupuesto nº " + id.toText(),
+                           .icon = screen::Icon::exclamation,
+                           .buttons = screen::Buttons::yesNo});
+    if (answer == screen::Answer::yes && rooms_.loading.msCargarPresupuesto(id.toLong(), false)) {
+        f_.cboFiltroHistorico.setFocus();
+    }
+}
+
+void HistoryGrid::openOrder() {
+    const sql::Value order = rooms_.history.rsDpi()["DPI_Orden"];
+    if (!isNumeric(order)) {
+        return;
+    }
+    const auto orders = desk_.components.create<components::WorkOrders>("KOLTAR.KOLTARD");
+    orders->setMyBd(session_);
+    orders->jLoad(order.toLong());
+}
+
+}  // namespace velmora::proposal

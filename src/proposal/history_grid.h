@@ -1,0 +1,35 @@
+#pragma once
+// The buttons in the history's cells: an earlier proposal put on the form, its work order shown.
+
+#include "velmora/estimate/field_map.h"
+#include "velmora/platform/desk.h"
+#include "velmora/proposal/history.h"
+#include "velmora/proposal/loading.h"
+
+namespace velmora::proposal {
+
+class HistoryGrid {
+  public:
+    struct Rooms {
+        History& history;
+        Loading& loading;
+    };
+
+    HistoryGrid(estimate::FieldMap& fields, Rooms rooms, session::Session& session, platform::Desk& desk)
+        : f_(fields), rooms_(rooms), session_(session), desk_(desk) {}
+
+    /// The number's button asks and loads the proposal read-only; the order's hands its number to the host's order
+    /// module. Errors: 429 when that component is missing; its own; the database's.
+    void dbgDPI_ButtonClick(int column);
+
+  private:
+    void openProposal();
+    void openOrder();
+
+    estimate::FieldMap& f_;
+    Rooms rooms_;
+    session::Session& session_;
+    platform::Desk& desk_;
+};
+
+}  // namespace velmora::proposal

@@ -1,0 +1,53 @@
+#include "velmora/proposal/labour_step.h"
+
+#include "velmora/labour/frm_mano_obra.h"
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::proposal {
+
+void LabourStep::cmdManoObra_Click() {
+    const bool saved = keepLines();
+    // Kept K-106: this loads the saved proposal again, and what was typed since the last save is lost by it.
+    rooms_.buttons.cmdCambios_Click();
+    // Chosen C-102: after a refused save nothing comes back, and the refusal is said once.
+    if (saved && runtime::IsNumeric(f_.txtPesu(3).text())) {
+        takeOverSum();
+    }
+}
+
+bool LabourStep::keepLines() {
+    labour::frmManoObra form(session_, desk_);
+    form.bModificable = true;
+    if (!f_.txtPesu(13).text().empty()) {
+        for (screen::Button* button :
+             {&form.fields().cmdNuevaLinea, &form.fields().cmdEditarLinea, &form.fields().cmdEliminarLinea}) {
+            button->setEnabled(false);
+        }
+        form.bModificable = false;
+    }
+    if (!runtime::IsNumeric(f_.txtPesu(3).text()) && !rooms_.saving.msGrabar(true)) {
+        return false;
+    }
+    form.nIdDpi = runtime::CLng(f_.txtPesu(3).text());
+    form.msCargarLineas();
+    desk_.screen.showModal(form);
+    return true;
+}
+
+void LabourStep::takeOverSum() {
+    const sql::Recordset sum = session_.Connection().execute(
+        "Select isnull(sum(modpi_importe),0) as Importe from modpi where modpi_dpi = " + f_.txtPesu(3).text());
+    f_.txtPesu(8).setText(sum.eof() ? "0" : sum["Importe"].toText());
+    // Kept K-107: the saw charge is summed last but one and spread over the units, so the price saved with the labour
+    // differs from the one that any other entry gives; quotations were given on it.
+    for (const int field : {8, 7, 9, 5, 14, 10}) {
+        rooms_.totals.msRecalcularImportes(field);
+    }
+    rooms_.saving.msGrabar(true);
+    rooms_.buttons.cmdCambios_Click();
+    if (f_.txtPesu(9).isEnabled()) {
+        f_.txtPesu(9).setFocus();
+    }
+}
+
+}  // namespace velmora::proposal

@@ -1,0 +1,37 @@
+#pragma once
+// The button of the labour: the proposal is saved if it has no number yet, its lines are kept in their own form, and
+// their sum comes back through the database into the price.
+
+#include "velmora/estimate/field_map.h"
+#include "velmora/estimate/totals.h"
+#include "velmora/platform/desk.h"
+#include "velmora/proposal/buttons.h"
+#include "velmora/proposal/saving.h"
+
+namespace velmora::proposal {
+
+class LabourStep {
+  public:
+    struct Rooms {
+        estimate::Totals& totals;
+        Saving& saving;
+        Buttons& buttons;
+    };
+
+    LabourStep(estimate::FieldMap& fields, Rooms rooms, session::Session& session, platform::Desk& desk)
+        : f_(fields), rooms_(rooms), session_(session), desk_(desk) {}
+
+    /// Returns when the labour form is closed. Errors: the database's.
+    void cmdManoObra_Click();
+
+  private:
+    bool keepLines();
+    void takeOverSum();
+
+    estimate::FieldMap& f_;
+    Rooms rooms_;
+    session::Session& session_;
+    platform::Desk& desk_;
+};
+
+}  // namespace velmora::proposal

@@ -1,0 +1,395 @@
+#include "velmora/proposal/loading.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/proposal_statements.h"
+#include "support/proposal_workshop.h"
+
+namespace velmora::proposal {
+namespace {
+
+using support::ProposalWorkshop;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+namespace statements = support::statements;
+
+class LoadingTest : public ::testing::Test {
+  protected:
+    /// A stored proposal of a type; further columns as the statement names them.
+    void store(int type, const std::string& columns = "", const std::string& values = "") {
+        workshop.database->execute(
+            "INSERT INTO DPI (DPI_Tipo,DPI_CodCliente,DPI_NomCliente,DPI_RefCli,DPI_Obser,DPI_Z,DPI_Pas,DPI_AC,"
+            "DPI_Rodillo,DPI_Eje,DPI_Chav,DPI_Pri,DPI_DmPri,DPI_DmFon,DPI_DmCub,DPI_Alt,"
+            "DPI_AnchoTotal,DPI_Llanta,DPI_AnchoCubo,DPI_IdParCubo,DPI_ArtDisco,DPI_ArtCubo,DPI_DisCortDM,"
+            "DPI_DisCortAN,DPI_DisCortPESO,DPI_DisPVE,DPI_DisImporte,DPI_CosteCorteDisco,DPI_FijoSierra,DPI_CubCortDM,"
+            "DPI_CubCortAN,DPI_CubCortPESO,DPI_CubPVE,DPI_CubImporte,DPI_ImpMat,DPI_ImpMO,DPI_ImpTS,DPI_ImpVA,"
+            "DPI_ImpTP,DPI_Unidades,DPI_Importe,DPI_HERRAMIENTA,DPI_Acopla,DPI_EXTRA,DPI_ProTex,Dpi_Modulo" +
+            columns + ") VALUES (" + std::to_string(type) +
+            ",1001,N'TALLERES NORTE SL',N'R-1',N'Nota',17,12.7,7.75,8.51,25,8,2,69.12,60.61,40,7.1,77.7,11.1,33.3,2,11,"
+            "12,201.5,12.25,3.14,1.4,15.5,4.44,2.5,55.5,44.5,1.23,1.5,9.87,25.37,10,1,2,40.87,3,122.61,N'H7',1,"
+            "N'extra',N'prov',2.5" +
+            values + ")");
+    }
+    bool load(bool bEditable = false) { return workshop.form().msCargarPresupuesto(1, bEditable); }
+    std::vector<std::string> messages() { return workshop.screen.messageTexts(); }
+
+    ProposalWorkshop workshop;
+};
+
+const std::string small = ",DPI_DmExt,DPI_IdParDisco";
+
+TEST_F(LoadingTest, StoredFiguresStandAtTheEndNotRecalculatedOnes) {
+    store(0, small, ",180,1");
+    ASSERT_TRUE(load());
+    const std::vector<std::pair<const char*, const char*>> expected{
+        {"txtPesu(3)", "1"},
+        {"txtPesu(4)", "15/01/2026"},
+        {"txtPesu(6)", ""},
+        {"txtPesu(13)", ""},
+        {"txtPesu(0)", "1001"},
+        {"txtPesu(1)", "TALLERES NORTE SL"},
+        {"txtPesu(2)", "R-1"},
+        {"txtPesu(7)", "25,37"},
+        {"txtPesu(8)", "10"},
+        {"txtPesu(9)", "1"},
+        {"txtPesu(5)", "2"},
+        {"txtPesu(10)", "40,87"},
+        {"txtPesu(11)", "3"},
+        {"txtPesu(12)", "122,61"},
+        {"txtPesu(16)", "4,44"},
+        {"txtPesu(14)", "2,5"},
+        {"txtPesu(21)", "1,4"},
+        {"txtPesu(22)", "15,5"},
+        {"txtPesu(24)", "1,5"},
+        {"txtPesu(25)", "9,87"},
+        {"Text1(0)", "12,7"},
+        {"Text1(1)", "17"},
+        {"Text1(2)", "8,51"},
+        {"Text1(3)", "69,12"},
+        {"Text1(4)", "60,61"},
+        {"Text1(6)", "7,1"},
+        {"Text1(7)", "25"},
+        {"Text1(8)", "7,75"},
+        {"Text1(9)", "11,1"},
+        {"Text1(10)", "33,3"},
+        {"Text1(12)", "8"},
+        {"Text1(13)", "2"},
+        {"Text1(15)", "180"},
+        {"Text1(16)", "40"},
+        {"Text1(17)", "77,7"},
+        {"Text4(0)", "12,25"},
+        {"Text4(1)", "201,5"},
+        {"Text4(2)", "55,5"},
+        {"Text4(3)", "44,5"},
+        {"Text4(4)", "3,14"},
+        {"Text4(5)", "1,23"},
+        {"Text4(6)", "0"},
+        {"Text4(7)", "0"},
+        {"txtModulo", "2,5"},
+        {"txtObservaciones", "Nota"},
+        {"txtExtra", "extra"},
+        {"txtCPro", "prov"},
+        {"cboHerramienta", "H7"},
+        {"cboMatDisco", "001 - Disco F-114"},
+        {"cboMatCubo", "002 - Cubo F-1140"},
+        {"Text3(5)", "77,7"},
+    };
+    for (const auto& [name, text] : expected) {
+        EXPECT_EQ(workshop.text(name), text) << name;
+    }
+    EXPECT_TRUE(workshop.fields().chkAcopla.checked());
+    EXPECT_FALSE(workshop.fields().bCargandoPropuesta);
+    EXPECT_TRUE(workshop.form().enabled());
+}
+
+TEST_F(LoadingTest, ALoadRunsItsStatementsToTheLetter) {
+    store(0, small, ",180,1");
+    workshop.form();
+    workshop.connection.clear();
+    load();
+    using namespace statements;
+    EXPECT_THAT(workshop.connection.log(),
+                ElementsAre("select * from DPI where DPI_ID=1", discs, material("1"), hubs, material("2"),
+                            material("1"), material("2"), material("1"), material("2"),
+                            history(" WHERE DPI_Z = 17 And DPI_Pas = 12.7 And DPI_Ac = 7.75 And DPI_Rodillo = 8.51 And "
+                                    "Dpi_Tipo = 0 and DPI_Id <> 1 Order by DPI_Fecha DESC")));
+}
+
+TEST_F(LoadingTest, AnExteriorOf120UsesTheShortListOfDiscs) {
+    store(0, small, ",120,2");
+    ASSERT_TRUE(load());
+    EXPECT_EQ(workshop.text("cboMatDisco"), "002 - Cubo F-1140");
+    EXPECT_EQ(workshop.fields().cboMatDisco.listCount(), 3);
+}
+
+TEST_F(LoadingTest, AnExteriorAbove120UsesTheFullList) {
+    store(0, small, ",120.01,2");
+    EXPECT_FALSE(load()) << "material 2 is no disc";
+    EXPECT_THAT(messages(), ElementsAre("Error, no se encuentra el indice del material para el disco"));
+    workshop.database->execute("UPDATE DPI SET DPI_IdParDisco=4");
+    EXPECT_TRUE(load());
+    EXPECT_EQ(workshop.text("cboMatDisco"), "004 - Disco tubo");
+}
+
+TEST_F(LoadingTest, ADiscNoLongerFlaggedForSmallPiecesIsFoundBySecondSearch) {
+    store(0, small, ",100,4");
+    ASSERT_TRUE(load());
+    EXPECT_EQ(workshop.text("cboMatDisco"), "004 - Disco tubo");
+    EXPECT_THAT(messages(), IsEmpty());
+}
+
+TEST_F(LoadingTest, AMissingMaterialLeavesWithAMessageAndTheTotalsOn) {
+    struct Case {
+        int type;
+        const char* disc;
+        const char* hub;
+        const char* message;
+    };
+    const std::vector<Case> cases{
+        {0, "99", "2", "Error, no se encuentra el indice del material para el disco"},
+        {0, "1", "99", "Error, no se encuentra el ndice del material para el cubo"},
+        {0, "NULL", "2", "Error, no se encuentra el indice del material para el disco"},
+        {13, "1", "2", "Error, no se encuentra el indice del material para la cremallera"},
+    };
+    store(0, small, ",180,1");
+    for (const Case& each : cases) {
+        workshop.database->execute("UPDATE DPI SET DPI_Tipo=" + std::to_string(each.type) +
+                                   ",DPI_IdParDisco=" + each.disc + ",DPI_IdParCubo=" + each.hub);
+        workshop.screen.messages.clear();
+        workshop.openAnew();
+        EXPECT_FALSE(load());
+        ASSERT_THAT(messages(), ElementsAre(each.message));
+        EXPECT_EQ(workshop.screen.messages[0].icon, screen::Icon::none);
+        EXPECT_FALSE(workshop.fields().bCargandoPropuesta);
+        EXPECT_TRUE(workshop.form().enabled());
+        EXPECT_EQ(workshop.text("txtPesu(3)"), "") << "the steps after it are skipped";
+    }
+}
+
+TEST_F(LoadingTest, TheStoredWidthStandsInFieldAndLabel) {
+    store(4, small + ",DPI_PDM_Tipo,DPI_PDM_x,DPI_PDM_b1,DPI_PDM_h1", ",180,1,1,6.7,7.2,9.45");
+    ASSERT_TRUE(load());
+    EXPECT_EQ(workshop.text("Text3(5)"), workshop.text("Text1(17)"));
+    store(0, small, ",180,1");
+    ASSERT_TRUE(workshop.form().msCargarPresupuesto(2, false));
+    EXPECT_EQ(workshop.text("Text1(17)"), "77,7") << "rim and hub make 44,4";
+    EXPECT_EQ(workshop.text("Text3(5)"), "77,7");
+}
+
+TEST_F(LoadingTest, AnAcceptedProposalLeavesChangesDisabled) {
+    store(0, small + ",DPI_FAcepta,DPI_Orden", ",180,1,'14/01/2026',88");
+    ASSERT_TRUE(load(true));
+    EXPECT_FALSE(workshop.enabled("cmdCambios"));
+    EXPECT_TRUE(workshop.enabled("cmdManoObra"));
+    EXPECT_EQ(workshop.text("txtPesu(13)"), "14/01/2026");
+    EXPECT_EQ(workshop.text("txtPesu(6)"), "88");
+}
+
+TEST_F(LoadingTest, ThePulleysSecondHubIsNotPutOnTheForm) {
+    store(11, small + ",DPI_PDM_b1,DPI_PDM_h1", ",180,1,33,22");
+    workshop.fields().Text1(18).setText("1");
+    workshop.fields().Text1(14).setText("2");
+    ASSERT_TRUE(load());
+    EXPECT_EQ(workshop.text("Text1(18)"), "1");
+    EXPECT_EQ(workshop.text("Text1(14)"), "2");
+}
+
+TEST_F(LoadingTest, TheSprocketsSecondHubIs) {
+    store(10, small + ",DPI_PDM_b1,DPI_PDM_h1", ",180,1,33,22");
+    ASSERT_TRUE(load());
+    EXPECT_EQ(workshop.text("Text1(18)"), "33");
+    EXPECT_EQ(workshop.text("Text1(14)"), "22");
+}
+
+TEST_F(LoadingTest, AMultipleProductWithoutItsGapEndsTheLoadWithTheTotalsOff) {
+    store(4, small + ",DPI_PDM_Tipo", ",180,1,1");
+    EXPECT_FALSE(load(true));
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_TRUE(workshop.fields().bCargandoPropuesta);
+    EXPECT_TRUE(workshop.enabled("cmdManoObra")) << "the buttons are not set";
+    const std::string total = workshop.text("txtPesu(10)");
+    workshop.set("txtPesu(8)", "500");
+    EXPECT_EQ(workshop.text("txtPesu(10)"), total);
+}
+
+TEST_F(LoadingTest, TheTotalsOfAMultipleProductWithoutGapAreNotOn) {
+    store(4, small + ",DPI_PDM_Tipo", ",180,1,1");
+    load(true);
+    workshop.set("txtPesu(8)", "500");
+    const std::string off = workshop.text("txtPesu(10)");
+    workshop.database->execute("UPDATE DPI SET DPI_PDM_x=6.7,DPI_PDM_b1=7.2,DPI_PDM_h1=9.45");
+    ASSERT_TRUE(load(true)) << "the next load ends it";
+    workshop.set("txtPesu(8)", "500");
+    EXPECT_NE(workshop.text("txtPesu(10)"), off);
+}
+
+TEST_F(LoadingTest, ADoublesGapAndRimComeFromTheRow) {
+    store(4, small + ",DPI_PDM_Tipo,DPI_PDM_x,DPI_PDM_b1,DPI_PDM_h1", ",180,1,1,6.6,7.3,9.4");
+    ASSERT_TRUE(load());
+    EXPECT_EQ(workshop.text("cboDobles"), "ISO 1/2''");
+    EXPECT_EQ(workshop.text("Text1(11)"), "6,60");
+    EXPECT_EQ(workshop.text("Text1(5)"), "7,3");
+    EXPECT_EQ(workshop.text("txtPDM(7)"), "6,60");
+    EXPECT_EQ(workshop.text("txtPDM(2)"), "9,4");
+}
+
+TEST_F(LoadingTest, AMissingChainIsTakenAsTheFirst) {
+    store(4, small + ",DPI_PDM_x,DPI_PDM_b1,DPI_PDM_h1", ",180,1,6.6,7.3,9.4");
+    ASSERT_TRUE(load());
+    EXPECT_EQ(workshop.fields().cboDobles.listIndex(), 0);
+    EXPECT_THAT(messages(), ElementsAre("Error: No Existen datos para piñon doble de Z 17,00"));
+}
+
+TEST_F(LoadingTest, ARacksBarComesBackAsStored) {
+    store(13, small, ",0,5");
+    workshop.database->execute(
+        "UPDATE DPI SET Dpi_Modulo=2,DPI_Pas=6.28,DPI_AC=4.5,DPI_Alt=20,DPI_Llanta=500,DPI_AnchoCubo=30,"
+        "DPI_DisCortDM=31,DPI_DisCortAN=501,DPI_DmFon=21,DPI_DisCortPESO=2.2,DPI_DisPVE=1.25,DPI_DisImporte=7.77,"
+        "DPI_CosteCorteDisco=3.33");
+    ASSERT_TRUE(load());
+    const std::vector<std::pair<const char*, const char*>> expected{
+        {"Text1(19)", "2,00"},   {"Text1(22)", "20,00"},  {"Text1(24)", "500,00"}, {"Text1(25)", "30,00"},
+        {"Text4(50)", "31"},     {"Text4(51)", "501"},    {"Text4(52)", "21"},     {"Text4(53)", "2,2"},
+        {"txtPesu(56)", "1,25"}, {"txtPesu(57)", "7,77"}, {"txtPesu(16)", "3,33"}, {"cboMatCre", "005 - Pletina S275"},
+    };
+    for (const auto& [name, text] : expected) {
+        EXPECT_EQ(workshop.text(name), text) << name;
+    }
+}
+
+TEST_F(LoadingTest, AGearGetsTheRestOfItsPresentation) {
+    store(8, small, ",180,1");
+    workshop.fields().cboTipoPre.setListIndex(8);
+    EXPECT_EQ(workshop.text("Frame2"), "Medidas del piñon");
+    ASSERT_TRUE(load());
+    EXPECT_EQ(workshop.text("Frame2"), "Medidas del Engranaje");
+    EXPECT_TRUE(workshop.visible("txtModulo"));
+    EXPECT_FALSE(workshop.visible("Text1(8)"));
+}
+
+TEST_F(LoadingTest, ANumberThatNoRowHasTouchesNothingButTheFreeText) {
+    workshop.enterToothing();
+    workshop.fields().txtExtra.setText("libre");
+    std::vector<std::string> before = workshop.texts();
+    EXPECT_TRUE(load());
+    const std::vector<std::string> after = workshop.texts();
+    std::vector<std::string> changed;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        if (before[i] != after[i]) {
+            changed.push_back(after[i]);
+        }
+    }
+    EXPECT_THAT(changed, ElementsAre("txtExtra = "));
+    EXPECT_FALSE(workshop.enabled("cboTipoPre"));
+    EXPECT_FALSE(workshop.fields().bCargandoPropuesta);
+    EXPECT_TRUE(workshop.form().enabled());
+}
+
+TEST_F(LoadingTest, ReadOnlyDisablesEveryTextBoxAndTheListsOfTheSteps) {
+    store(0, small, ",180,1");
+    ASSERT_TRUE(load(false));
+    workshop.fields().forEachTextBox([](screen::TextBox& box) { EXPECT_FALSE(box.enabled()) << box.fullName(); });
+    for (const char* list : {"cboMatDisco", "cboMatCubo", "cboTipoPre", "cboDobles"}) {
+        EXPECT_FALSE(workshop.enabled(list)) << list;
+    }
+    EXPECT_TRUE(workshop.enabled("cboFiltroHistorico"));
+    ASSERT_TRUE(load(true));
+    EXPECT_TRUE(workshop.enabled("txtPesu(0)"));
+    for (const char* list : {"cboMatDisco", "cboMatCubo", "cboDobles"}) {
+        EXPECT_TRUE(workshop.enabled(list)) << list;
+    }
+    EXPECT_FALSE(workshop.enabled("cboTipoPre"));
+    EXPECT_FALSE(workshop.enabled("cboMatCre"));
+}
+
+TEST_F(LoadingTest, TheNumberStandsPlain) {
+    store(0, small, ",180,1");
+    load();
+    EXPECT_EQ(workshop.text("txtPesu(3)"), "1");
+}
+
+TEST_F(LoadingTest, TheNumberDoesNotBearTheMaskOfTheLists) {
+    store(0, small, ",180,1");
+    store(0, small, ",180,1");
+    load();
+    EXPECT_NE(workshop.text("txtPesu(3)"), "000001");
+    EXPECT_EQ(workshop.form().buttonsAndGrid().dbgDPI.cellText(0, 0), "000002") << "where the list shows the other";
+}
+
+TEST_F(LoadingTest, AStoredToolThatIsNotInTheListIsShownAndKept) {
+    store(0, small, ",180,1");
+    workshop.database->execute("UPDATE DPI SET DPI_HERRAMIENTA=N'Mandrino'");
+    ASSERT_TRUE(load(true));
+    EXPECT_EQ(workshop.text("cboHerramienta"), "Mandrino");
+    workshop.key(screen::Key::f5);
+    EXPECT_EQ(workshop.query("select DPI_HERRAMIENTA from DPI"), "Mandrino");
+}
+
+TEST_F(LoadingTest, AStoredToolThatIsNotInTheListIsNotRefused) {
+    store(0, small, ",180,1");
+    workshop.database->execute("UPDATE DPI SET DPI_HERRAMIENTA=N'Mandrino'");
+    workshop.attempt([&] { load(true); });
+    EXPECT_THAT(workshop.errors, IsEmpty()) << "a plain list would refuse the text";
+    EXPECT_EQ(workshop.fields().cboHerramienta.listIndex(), -1);
+}
+
+TEST_F(LoadingTest, ALoadGuardsTheTotalsAlone) {
+    store(0, small, ",180,1");
+    std::vector<bool> guards;
+    workshop.fields().txtPesu(2).onChange = [&] {
+        auto& f = workshop.fields();
+        guards = {f.bCargandoPropuesta, f.bCargandoDisco, f.bCargandoCubo};
+    };
+    load();
+    EXPECT_THAT(guards, ElementsAre(true, false, false));
+}
+
+TEST_F(LoadingTest, ALoadDoesNotGuardDiscAndHub) {
+    store(0, small, ",180,1");
+    workshop.form();
+    workshop.fields().txtPesu(20).setText("x");
+    workshop.fields().txtPesu(23).setText("x");
+    load();
+    EXPECT_EQ(workshop.text("txtPesu(20)"), "0,95") << "choosing the stored materials brings their cost prices";
+    EXPECT_EQ(workshop.text("txtPesu(23)"), "1,02");
+}
+
+TEST_F(LoadingTest, ALoadDoesNotMoveTheFocusToTheRemarks) {
+    store(0, small, ",180,1");
+    workshop.choose("cboFiltroHistorico", 2);
+    ASSERT_TRUE(load(true));
+    EXPECT_EQ(workshop.focused(), "cboFiltroHistorico");
+}
+
+TEST_F(LoadingTest, TheRemarksCouldTakeTheFocusRightAfterALoad) {
+    store(0, small, ",180,1");
+    workshop.choose("cboFiltroHistorico", 2);
+    load(true);
+    EXPECT_TRUE(workshop.control("txtObservaciones").canTakeFocus());
+    EXPECT_NE(workshop.focused(), "txtObservaciones") << "the form was still disabled when it was given";
+}
+
+TEST_F(LoadingTest, ANullWhereAValueBelongsIsShownAndTheTotalsComeBack) {
+    store(0, small, ",180,1");
+    workshop.database->execute("UPDATE DPI SET DPI_NomCliente=NULL");
+    workshop.attempt([&] { load(true); });
+    EXPECT_THAT(workshop.errorNumbers(), ElementsAre(94));
+    EXPECT_FALSE(workshop.fields().bCargandoPropuesta);
+    EXPECT_TRUE(workshop.form().enabled());
+}
+
+TEST_F(LoadingTest, AnErrorOnTheWayDoesNotLeaveTheTotalsOff) {
+    store(0, small, ",180,1");
+    workshop.form();
+    workshop.connection.refuse("PARDPI_DISCO=0");
+    workshop.attempt([&] { load(true); });
+    ASSERT_EQ(workshop.errors.size(), 1u);
+    workshop.set("txtPesu(11)", "1");
+    workshop.set("txtPesu(8)", "500");
+    workshop.leave();
+    EXPECT_EQ(workshop.text("txtPesu(12)"), "500");
+}
+
+}  // namespace
+}  // namespace velmora::proposal
