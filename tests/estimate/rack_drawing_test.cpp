@@ -64,7 +64,9 @@ TEST(RackDrawingTest, ShortRackIsDrawnToScale) {
 }
 
 TEST(RackDrawingTest, BarHasAToothForEachPitch) {
-    const Drawing drawing = drawRack(shortRack());
+    RackMeasures measures = shortRack();
+    measures.length = 9 * 6.28;
+    const Drawing drawing = drawRack(measures);
     ASSERT_EQ(pieces(drawing).size(), 2) << "the bar and its end";
     EXPECT_EQ(teeth(pieces(drawing)[0], 30), 9);
 }

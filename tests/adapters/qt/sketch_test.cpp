@@ -1,5 +1,6 @@
 #include <QImage>
 #include <QPainter>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +79,43 @@ TEST_F(SketchPainting, ALongTextStaysOnTheCanvas) {
         paint(drawing, {{0, "Diametro exterior 1.234,56"}, {1, "LLanta 10 con un texto largo"}}, {300, 260});
     const QRect ink = inked(image);
     EXPECT_TRUE(image.rect().adjusted(2, 2, -2, -2).contains(ink));
+}
+
+TEST_F(SketchPainting, ACaptionStandsBeforeABareNumberAndAloneWithoutOne) {
+    const Dimension exterior{{0, 0}, {10, 0}, 5, 2, "De"};
+    EXPECT_EQ(qt::shownText(exterior, {{2, "83"}}), "De 83");
+    EXPECT_EQ(qt::shownText(exterior, {{2, "-1"}}), "De -1");
+    EXPECT_EQ(qt::shownText(exterior, {{2, ""}}), "De");
+    EXPECT_EQ(qt::shownText(exterior, {{2, "Ancho total 78"}}), "Ancho total 78") << "it has words of its own";
+    EXPECT_EQ(qt::shownText({{0, 0}, {10, 0}, 5, 2}, {{2, "83"}}), "83");
+}
+
+TEST_F(SketchPainting, ATextThatWouldRatherStandOutsideDoes) {
+    Drawing drawing = box(100, 50);
+    const auto inkBeside = [&](screen::TextPlace place) {
+        Drawing measured = drawing;
+        measured.shapes.emplace_back(Dimension{{40, 50}, {60, 50}, 20, 3, "b1", place});
+        const QImage image = paint(measured, {{3, "9,1"}}, {400, 400});
+        const QRect box = inked(image);
+        const int level = box.top() + 8;
+        int left = 0;
+        int right = 0;
+        for (int y = level - 8; y < level + 12; ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const bool ink = image.pixelColor(x, y).lightness() < 100;
+                left += ink && x < 150 ? 1 : 0;
+                right += ink && x > 250 ? 1 : 0;
+            }
+        }
+        return std::pair(left, right);
+    };
+    EXPECT_EQ(inkBeside(screen::TextPlace::middle), std::pair(0, 0));
+    const auto [beforeLeft, beforeRight] = inkBeside(screen::TextPlace::beforeFrom);
+    EXPECT_GT(beforeLeft, 10);
+    EXPECT_EQ(beforeRight, 0);
+    const auto [afterLeft, afterRight] = inkBeside(screen::TextPlace::afterTo);
+    EXPECT_EQ(afterLeft, 0);
+    EXPECT_GT(afterRight, 10);
 }
 
 TEST_F(SketchPainting, AnEmptyDrawingPaintsNothing) {
