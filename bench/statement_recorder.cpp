@@ -15,9 +15,17 @@ std::vector<sqlite3*>& openedConnections() {
     return connections;
 }
 
+void forgetConnection(void* database) {
+    std::erase(openedConnections(), database);
+}
+
+void answerNothing(sqlite3_context*, int, sqlite3_value**) {}
+
+// SQLite tells of no closing either, but it lets go of a connection's functions then.
 int rememberConnection(sqlite3* database, char**, const struct sqlite3_api_routines*) {
     openedConnections().push_back(database);
-    return SQLITE_OK;
+    return sqlite3_create_function_v2(database, "velmora_bench_connection", 0, SQLITE_UTF8, database, &answerNothing,
+                                      nullptr, nullptr, &forgetConnection);
 }
 
 using Extension = void (*)();

@@ -145,8 +145,7 @@ void refuseForeignDocuments(sql::Connection& connection) {
     const std::string catalog = "DOC" + connection.currentCatalog();
     bool found = false;
     try {
-        connection.execute("Select top 1 * from " + catalog + ".dbo.dex");
-        found = true;
+        found = connection.execute("Select top 1 * from " + catalog + ".dbo.dex").isOpen();
     } catch (const sql::DbError&) {
         // No such table, no such catalogue: as it should be.
     }

@@ -99,6 +99,17 @@ TEST_F(NewDatabaseOnEngine, ATextTooLongIsRefusedWithItsColumnNotCut) {
     EXPECT_NO_THROW(run("INSERT INTO DPI (DPI_NomCliente) VALUES (N'" + std::string(100, 'x') + "')"));
 }
 
+TEST_F(NewDatabaseOnEngine, ANewDatabaseRefusesToLieBesideTheDocumentsOfAnother) {
+    run("DROP TABLE DPI");
+    try {
+        createDatabase(*connection);
+        FAIL() << "the documents would turn up on new proposals";
+    } catch (const sql::DbError& e) {
+        EXPECT_NE(e.description().find("DOCTALLER"), std::string::npos) << e.description();
+    }
+    EXPECT_THROW(run("select top 1 DPI_Id from DPI"), sql::DbError);
+}
+
 TEST_F(NewDatabaseOnEngine, DocumentsTakeTheirRows) {
     run("INSERT INTO DOCTALLER.dbo.Dex (Dex_Doc,Dex_Fic,Dex_Idexp,Dex_Fecha) VALUES (Null,N'a.pdf',7,getdate())");
     EXPECT_EQ(run("Select isnull(max(dex_id),1) from DOCTALLER.dbo.dex")[0], sql::Value(1));

@@ -61,10 +61,11 @@ TEST(NewDatabase, RunsOneStatementAtATimeInOneTransaction) {
     support::RecordingConnection connection(engine);
     createDatabase(connection);
     const auto statements = newDatabaseStatements("TALLER");
-    ASSERT_EQ(connection.log().size(), statements.size() + 2);
-    EXPECT_EQ(connection.log().front(), "BEGIN");
+    ASSERT_EQ(connection.log().size(), statements.size() + 3);
+    EXPECT_EQ(connection.log()[0], "Select top 1 * from DOCTALLER.dbo.dex");
+    EXPECT_EQ(connection.log()[1], "BEGIN");
     EXPECT_EQ(connection.log().back(), "COMMIT");
-    EXPECT_TRUE(std::equal(statements.begin(), statements.end(), connection.log().begin() + 1));
+    EXPECT_TRUE(std::equal(statements.begin(), statements.end(), connection.log().begin() + 2));
 }
 
 TEST(NewDatabase, ARefusedStatementLeavesNothingBehind) {
