@@ -275,10 +275,12 @@ Layout materials(estimate::FieldMap& f, FormControls& c) {
                             entered("Grosor", f.Text4(52)), amount("Corte", f.txtPesu(55)),           //
                             entered("Peso Valor", f.Text4(53)), amount("Importe", f.txtPesu(57)));
     return lay::column(
-        lay::takeTurns(material({f.fraMatCre, f.cboMatCre, c.cmdHPrecios(2), std::move(rack)}),
-                       lay::column(material({f.fraMatDisco, f.cboMatDisco, c.cmdHPrecios(0), std::move(disc)}),
-                                   material({f.fraCubo, f.cboMatCubo, c.cmdHPrecios(1), std::move(hub)}))),
-        lay::row(lay::plain(f.lblDiscoProceso), lay::space(), lay::plain(f.lblCuboProceso)), lay::space());
+        lay::takeTurns(
+            material({f.fraMatCre, f.cboMatCre, c.cmdHPrecios(2), std::move(rack)}),
+            lay::column(material({f.fraMatDisco, f.cboMatDisco, c.cmdHPrecios(0), std::move(disc)}),
+                        material({f.fraCubo, f.cboMatCubo, c.cmdHPrecios(1), std::move(hub)}),
+                        lay::row(lay::plain(f.lblDiscoProceso), lay::space(), lay::plain(f.lblCuboProceso)))),
+        lay::space());
 }
 
 Layout amounts(estimate::FieldMap& f, FormControls& c) {

@@ -45,10 +45,17 @@ void perform(const desktop::Options& options, shell::VMORA& vmora, platform::Des
     }
 }
 
+/// Pictures are made of a demonstration workshop: nobody's own rows end up in a document by oversight.
+std::string databaseOf(const desktop::Options& options) {
+    if (!options.database.empty()) {
+        return options.database;
+    }
+    return options.pictures.empty() ? desktop::defaultDatabase() : ":memory:";
+}
+
 int run(const desktop::Options& options, qt::QtScreen& screen) {
     const system::SystemClock clock;
-    const std::string path = options.database.empty() ? desktop::defaultDatabase() : options.database;
-    const auto workshop = desktop::openWorkshop(path, clock);
+    const auto workshop = desktop::openWorkshop(databaseOf(options), clock);
     qt::QtServices services;
     const components::ComponentFactory components;
     platform::Desk desk{screen, components, services, clock};

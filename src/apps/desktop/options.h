@@ -10,7 +10,7 @@ namespace velmora::desktop {
 enum class Opening { start, proposals, tracking, parameters, proposal };
 
 struct Options {
-    std::string database;  ///< empty: the one in the user's data folder
+    std::string database;  ///< empty: the one in the user's data folder, for pictures one in memory
     Opening opening = Opening::start;
     std::int32_t proposal = 0;  ///< for Opening::proposal
     std::string pictures;       ///< folder for pictures of the windows; empty: none are made

@@ -9,6 +9,7 @@
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/data/product_types.h"
+#include "velmora/labour/frm_mano_obra.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 
@@ -49,6 +50,16 @@ std::unique_ptr<screen::Form> mainForm(session::Session& session, platform::Desk
     return form;
 }
 
+/// The labour of the newest proposal that has any.
+std::unique_ptr<screen::Form> labourForm(session::Session& session, platform::Desk& desk) {
+    auto form = std::make_unique<labour::frmManoObra>(session, desk);
+    const sql::Recordset newest = session.Connection().execute("SELECT max(MoDpi_Dpi) as nIdDpi FROM MoDpi");
+    form->nIdDpi = newest[0].isNull() ? 0 : newest[0].toLong();
+    form->bModificable = true;
+    form->msCargarLineas();
+    return form;
+}
+
 }  // namespace
 
 std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
@@ -58,6 +69,7 @@ std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
         pages.push_back({"propuesta_tipo_" + number.substr(1),
                          [&session, &desk, n = type.number] { return mainForm(session, desk, n); }});
     }
+    pages.push_back({"mano_de_obra", [&session, &desk] { return labourForm(session, desk); }});
     return pages;
 }
 

@@ -1,0 +1,63 @@
+#pragma once
+// A workshop to measure on: a database in a file, as an installation has it, and the main form open on it.
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <benchmark/benchmark.h>
+
+#include "velmora/adapters/session/stand_in_session.h"
+#include "velmora/adapters/sqlite/database.h"
+#include "velmora/proposal/frm_bercial_pinones.h"
+
+#include "quiet_desk.h"
+#include "statement_recorder.h"
+
+namespace velmora::bench {
+
+/// A folder that goes with its owner.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::string file(const char* name) const { return path_ + "/" + name; }
+
+  private:
+    std::string path_;
+};
+
+/// The demonstration workshop; `furnish` adds to its rows before the form opens.
+class Workshop {
+  public:
+    explicit Workshop(const std::function<void(sql::Connection&)>& furnish = {});
+
+    proposal::frmBercialPiñones& form() { return *form_; }
+    StatementRecorder& recorder() { return recorder_; }
+
+    /// The newest proposal of a plain sprocket that has a hub and is not accepted yet.
+    std::int32_t openProposal();
+
+  private:
+    TemporaryFolder folder_;
+    StatementRecorder recorder_;
+    std::unique_ptr<sql::Connection> connection_ = sqlite::openDatabase(folder_.file("taller.db"));
+    adapters::StandInSession session_{*connection_};
+    QuietDesk desk_;
+    std::unique_ptr<proposal::frmBercialPiñones> form_;
+};
+
+/// Runs the operation and, in the same turn, the statements that it sends, bare: prepared, stepped and finalized
+/// through SQLite's own interface, in the words that the dialect turned them into. The counter `ratio` is the one
+/// through the other; `ratio_prepared` is the same against statements that were prepared beforehand; `own_us` is what
+/// the operation takes beyond the bare statements.
+void compare(benchmark::State& state, Workshop& workshop, const std::function<void()>& operation);
+
+/// An operation that did not do its work was a fast one: throws.
+void require(bool done, const char* what);
+
+}  // namespace velmora::bench
