@@ -22,7 +22,7 @@ class Rows final : public sql::RowSource, public Stream {
         start();
         const Statement& reading = *statement_;  // it outlives the reading: the cached statement takes it back
         const int before = reading.timesPreparedAnew();
-        fill();
+        fill(openingRows);
         return reading.timesPreparedAnew() == before;
     }
 
@@ -106,7 +106,7 @@ class Rows final : public sql::RowSource, public Stream {
                 return false;
             }
         }
-        fill();
+        fill(windowRows);
         return inWindow(position);
     }
 
@@ -125,11 +125,11 @@ class Rows final : public sql::RowSource, public Stream {
         throw withStatement(error, cached_->text);
     }
 
-    /// Reads the next rows into the window, up to its bound.
-    void fill() {
+    /// Reads the next rows into the window, so many at most.
+    void fill(std::size_t most) {
         const std::size_t first = next_;
         std::vector<sql::Row> rows;
-        while (rows.size() < windowRows && step()) {
+        while (rows.size() < most && step()) {
             rows.push_back(current());
         }
         if (!rows.empty()) {

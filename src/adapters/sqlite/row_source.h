@@ -11,8 +11,11 @@ namespace velmora::sqlite {
 class Engine;
 struct CachedStatement;
 
-/// Rows held in memory at a time. A set that is not larger is read at once and holds nothing of the database.
+/// Rows held in memory at a time.
 inline constexpr std::size_t windowRows = 512;
+
+/// Rows read on opening: more than a screen shows. A set that is not larger holds nothing of the database.
+inline constexpr std::size_t openingRows = 32;
 
 /// Runs the statement and reads its first rows. Nothing when the engine found its tables changed by another process:
 /// the text is to be translated anew. Errors: DbError.

@@ -126,7 +126,8 @@ TEST_F(LongList, ShrinksWhenRowsAreDeletedMeanwhile) {
 }
 
 TEST_F(LongList, ASetOfExactlyOneWindowIsComplete) {
-    for (const std::size_t size : {sqlite::windowRows - 1, sqlite::windowRows, sqlite::windowRows + 1}) {
+    for (const std::size_t size : {sqlite::openingRows - 1, sqlite::openingRows, sqlite::openingRows + 1,
+                                   sqlite::windowRows - 1, sqlite::windowRows, sqlite::windowRows + 1}) {
         sql::Recordset rows = connection_->execute("select top " + std::to_string(size) + " a from T order by id");
         EXPECT_EQ(rows.recordCount(), size);
         rows.moveLast();
