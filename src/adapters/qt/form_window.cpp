@@ -109,6 +109,10 @@ void FormWindow::runModal() {
     show();
     // What a window needs is known for certain once its fonts and margins are the style's, that is, once it is shown.
     resize(openingSize());
+    if (parentWidget() != nullptr) {
+        // Over the window that it came from, also where no window manager sees to it.
+        move(parentWidget()->frameGeometry().center() - rect().center());
+    }
     activateWindow();
     QEventLoop loop;
     loop_ = &loop;
