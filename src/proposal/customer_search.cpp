@@ -54,8 +54,8 @@ void CustomerSearch::msValidarCliente() {
     if (code.text().empty() || !runtime::IsNumeric(code.text())) {
         return;
     }
-    const sql::Recordset row =
-        session_.Connection().execute("Select CLI_NOM,CLI_ID from cli where CLI_COD=" + code.text());
+    const sql::Recordset row = session_.Connection().execute("Select CLI_NOM,CLI_ID from cli where CLI_COD=" +
+                                                             runtime::Replace(code.text(), ",", "."));
     if (row.hasRows()) {
         if (!row["CLI_NOM"].isNull()) {
             f_.txtPesu(1).setText(row["CLI_NOM"].toText());

@@ -167,10 +167,12 @@ TEST_F(CustomerSearchTest, TheSearchKeyDoesNothingWhileTheCodeIsDisabled) {
     EXPECT_THAT(workshop.screen.messages, IsEmpty());
 }
 
-TEST_F(CustomerSearchTest, ACodeWithDecimalsIsRefusedByTheDatabaseAndShown) {
-    enter("1,5");
-    EXPECT_EQ(workshop.errors.size(), 1u);
-    EXPECT_EQ(code(), "1,5");
+TEST_F(CustomerSearchTest, ACodeWithDecimalsIsOneThatNoCustomerHas) {
+    workshop.screen.queue(Answer::cancel);
+    enter("12,5");
+    EXPECT_THAT(workshop.connection.log(), ElementsAre("Select CLI_NOM,CLI_ID from cli where CLI_COD=12.5"));
+    EXPECT_THAT(workshop.screen.messageTexts(), ElementsAre(question));
+    EXPECT_EQ(code(), "12,5");
 }
 
 TEST_F(CustomerSearchTest, ThereIsNoSearchOfArticles) {
