@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "velmora/adapters/sqlite/casts.h"
 #include "velmora/adapters/sqlite/emitter.h"
 #include "velmora/adapters/sqlite/errors.h"
+#include "velmora/adapters/sqlite/quoting.h"
 #include "velmora/adapters/sqlite/tokenizer.h"
 
 namespace velmora::sqlite {

@@ -1,68 +1,23 @@
 #pragma once
 // Syntax trees to the engine's SQL, with the type of every expression.
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "velmora/adapters/sqlite/catalog.h"
 #include "velmora/adapters/sqlite/dialect.h"
+#include "velmora/adapters/sqlite/emitted.h"
+#include "velmora/adapters/sqlite/sources.h"
 #include "velmora/adapters/sqlite/syntax_tree.h"
 
 namespace velmora::sqlite {
-
-/// An expression in the engine's SQL.
-struct Emitted {
-    std::string sql;
-    Type type{};
-    bool storedColumn = false;             ///< a column of a table: it brings its collation along
-    std::optional<std::string> literal{};  ///< the text or the digits of a literal
-};
-
-struct Output {
-    std::string name;
-    Type type;
-};
 
 struct EmittedSelect {
     std::string sql;
     std::vector<Output> outputs;
     std::size_t orderAt = std::string::npos;  ///< where an ordering begins that does not decide which rows there are
 };
-
-/// One table or sub-select of a FROM, as its columns are reached.
-struct Source {
-    std::string alias;
-    std::vector<Output> columns{};
-    bool stored = false;
-};
-
-struct Scope {
-    std::vector<Source> sources;
-    const Scope* outer = nullptr;
-};
-
-std::string quotedName(std::string_view name);
-std::string quotedText(std::string_view text);
-/// `"schema"."table"`.
-std::string quotedTable(const Table& table);
-
-/// The higher of two kinds, to which both are converted where they meet. Errors: provider::syntax when there is none.
-Kind common(Kind a, Kind b);
-
-/// With the collation's name behind it where a text does not bring it along.
-std::string collated(const Emitted& value);
-
-/// Conversion by CAST. Errors: provider::conversion for a literal that does not convert, provider::syntax for a pair
-/// of types that the dialect does not convert.
-Emitted castTo(Emitted value, const Type& type);
-
-/// Implicit conversion of an operand.
-Emitted coerced(Emitted value, Kind kind);
-
-/// Conversion to what a column takes; a text that is too long is refused. Errors: castTo's and provider::truncation.
-Emitted fitted(Emitted value, const TableColumn& column);
 
 class Emitter {
   public:
@@ -79,7 +34,6 @@ class Emitter {
     Translation statement(const StatementTree& tree);
 
   private:
-    Emitted column(const Expression& expression, const Scope& scope) const;
     Emitted arithmetic(const Expression& expression, const Scope& scope);
     Emitted negation(const Expression& expression, const Scope& scope);
     Emitted choice(const Expression& expression, const Scope& scope);

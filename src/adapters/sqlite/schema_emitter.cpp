@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "velmora/adapters/sqlite/casts.h"
 #include "velmora/adapters/sqlite/collation.h"
 #include "velmora/adapters/sqlite/emitter.h"
 #include "velmora/adapters/sqlite/errors.h"
+#include "velmora/adapters/sqlite/quoting.h"
 #include "velmora/adapters/sqlite/tokenizer.h"
 
 namespace velmora::sqlite {
