@@ -11,10 +11,6 @@
 
 namespace velmora::qt {
 
-namespace {
-constexpr char32_t backspace = 8;
-}
-
 /// A combo box that tells when its list is closed up, and is as wide as it was told.
 class ListBox : public QComboBox {
   public:

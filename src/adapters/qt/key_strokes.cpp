@@ -9,8 +9,6 @@ namespace {
 
 using screen::Key;
 
-constexpr char32_t backspace = 8;
-
 constexpr std::array<std::pair<int, Key>, 14> namedKeys{{
     {Qt::Key_Return, Key::enter},
     {Qt::Key_Enter, Key::enter},

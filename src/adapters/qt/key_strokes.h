@@ -7,10 +7,12 @@
 
 namespace velmora::qt {
 
+inline constexpr char32_t backspace = 8;
+
 struct KeyStroke {
     screen::Key key = screen::Key::none;  ///< none: a key that forms do not see (arrows, shortcuts)
     bool shift = false;
-    char32_t character = 0;  ///< what it would type; 8 for the backspace
+    char32_t character = 0;  ///< what it would type; `backspace` for that key
 };
 
 KeyStroke strokeOf(const QKeyEvent& event);

@@ -1,15 +1,13 @@
 #include "velmora/adapters/qt/memo_view.h"
 
 #include <QTextBlock>
+#include <algorithm>
 
 #include "velmora/adapters/qt/text.h"
-#include "velmora/adapters/qt/theme.h"
 
 namespace velmora::qt {
 
 namespace {
-
-constexpr char32_t backspace = 8;
 
 // The model ends a line with carriage return and line feed, as the database keeps it.
 std::string modelText(const QPlainTextEdit& edit) {
@@ -36,10 +34,7 @@ class SizedTextEdit : public QPlainTextEdit {
 }  // namespace
 
 MemoView::MemoView(ViewHost& host, screen::TextBox& box, const screen::Layout& layout, QWidget* parent)
-    : ControlView(host, box),
-      box_(box),
-      role_(layout.role),
-      edit_(new SizedTextEdit(std::max(layout.lines, 1), layout.width, parent)) {
+    : FieldView(host, box, layout.role), edit_(new SizedTextEdit(std::max(layout.lines, 1), layout.width, parent)) {
     edit_->setFocusPolicy(Qt::TabFocus);
     edit_->setTabChangesFocus(true);
     edit_->document()->setDocumentMargin(2);
@@ -48,104 +43,57 @@ MemoView::MemoView(ViewHost& host, screen::TextBox& box, const screen::Layout& l
     connect(edit_, &QPlainTextEdit::textChanged, this, [this] { edited(); });
 }
 
-void MemoView::update(screen::Property property) {
-    switch (property) {
-        case screen::Property::text:
-            bringText();
-            break;
-        case screen::Property::locked:
-            edit_->setReadOnly(box_.locked());
-            updateColors();
-            break;
-        default:
-            ControlView::update(property);
-    }
-}
-
-void MemoView::updateAll() {
-    ControlView::updateAll();
-    update(screen::Property::locked);
-    bringText();
-}
-
-void MemoView::bringText() {
-    fromModel_ = true;
-    if (modelText(*edit_) != box_.text() && edit_->toPlainText() != shownText(box_)) {
-        edit_->setPlainText(shownText(box_));
-    }
-    if (box_.allSelected()) {
-        edit_->selectAll();
-    }
-    fromModel_ = false;
-}
-
-void MemoView::edited() {
-    if (fromModel_) {
-        return;
-    }
-    changed_ = true;
-    const std::string text = modelText(*edit_);
-    host().feed([&] { box_.setText(text); });
-    bringText();
-}
-
 bool MemoView::key(const KeyStroke& stroke) {
-    if (box_.locked()) {
+    if (box().locked()) {
         return true;
     }
     if (stroke.key == screen::Key::enter) {
         edit_->insertPlainText(QStringLiteral("\n"));
-        return true;
-    }
-    if (stroke.character == 0) {
-        return true;
-    }
-    screen::KeyPress press{stroke.character};
-    box_.onKeyPress(press);
-    if (press.character == 0) {
-        return true;
-    }
-    box_.clearSelection();
-    if (press.character == backspace) {
-        edit_->textCursor().deletePreviousChar();
     } else {
-        edit_->insertPlainText(QString::fromUcs4(&press.character, 1));
+        type(stroke);
     }
-    edit_->ensureCursorVisible();
     return true;
 }
 
 bool MemoView::otherEvent(QEvent& event) {
     if (event.type() == QEvent::MouseButtonPress) {
-        box_.clearSelection();
+        box().clearSelection();
     }
     return false;
 }
 
-void MemoView::focusGained() {
-    changed_ = false;
-    updateColors();
+void MemoView::setReadOnly(bool locked) {
+    edit_->setReadOnly(locked);
 }
 
-void MemoView::focusLeft() {
-    commitPending_ = commitPending_ || changed_;
-    changed_ = false;
-    box_.clearSelection();
-    QTextCursor cursor = edit_->textCursor();
-    cursor.clearSelection();
-    edit_->setTextCursor(cursor);
-    updateColors();
+std::string MemoView::typedText() const {
+    return modelText(*edit_);
 }
 
-void MemoView::finish() {
-    if (commitPending_) {
-        commitPending_ = false;
-        box_.onCommit();
+void MemoView::showText() {
+    if (modelText(*edit_) != box().text() && edit_->toPlainText() != shownText(box())) {
+        edit_->setPlainText(shownText(box()));
     }
 }
 
-void MemoView::updateColors() {
-    theme::paintField(*edit_, box_, box_.locked() ? screen::Role::calculated : role_);
+void MemoView::selectAll() {
+    edit_->selectAll();
+}
+
+void MemoView::deselect() {
+    QTextCursor cursor = edit_->textCursor();
+    cursor.clearSelection();
+    edit_->setTextCursor(cursor);
+}
+
+void MemoView::erase() {
+    edit_->textCursor().deletePreviousChar();
+    edit_->ensureCursorVisible();
+}
+
+void MemoView::insert(const QString& text) {
+    edit_->insertPlainText(text);
+    edit_->ensureCursorVisible();
 }
 
 }  // namespace velmora::qt

@@ -3,38 +3,30 @@
 
 #include <QPlainTextEdit>
 
-#include "velmora/adapters/qt/control_view.h"
+#include "velmora/adapters/qt/field_view.h"
 
 namespace velmora::qt {
 
-class MemoView : public ControlView {
+class MemoView : public FieldView {
   public:
     MemoView(ViewHost& host, screen::TextBox& box, const screen::Layout& layout, QWidget* parent);
 
     QWidget& widget() override { return *edit_; }
     std::vector<QWidget*> inputs() override { return {edit_, edit_->viewport()}; }
-    void update(screen::Property property) override;
-    void updateAll() override;
     bool key(const KeyStroke& stroke) override;
-    bool pressed() override { return box_.allSelected(); }
     bool otherEvent(QEvent& event) override;
-    void focusGained() override;
-    void focusLeft() override;
-    void finish() override;
 
   protected:
-    void updateColors() override;
+    void setReadOnly(bool locked) override;
+    std::string typedText() const override;
+    void showText() override;
+    void selectAll() override;
+    void deselect() override;
+    void erase() override;
+    void insert(const QString& text) override;
 
   private:
-    void bringText();
-    void edited();
-
-    screen::TextBox& box_;
-    screen::Role role_;
     QPlainTextEdit* edit_;
-    bool fromModel_ = false;
-    bool changed_ = false;
-    bool commitPending_ = false;
 };
 
 }  // namespace velmora::qt

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <optional>
 
+#include "velmora/platform/runtime/characters.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/text.h"
 
@@ -22,10 +23,6 @@ constexpr std::int64_t secondsOfDay = 86400;
 constexpr std::array<std::string_view, 12> months{"enero",      "febrero", "marzo",     "abril",
                                                   "mayo",       "junio",   "julio",     "agosto",
                                                   "septiembre", "octubre", "noviembre", "diciembre"};
-
-constexpr bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 constexpr bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -284,10 +281,6 @@ void append(std::string& text, int value, std::size_t width) {
     const auto length = static_cast<std::size_t>(end - buffer.data());
     text.append(length < width ? width - length : 0, '0');
     text.append(buffer.data(), length);
-}
-
-constexpr char small(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 }  // namespace

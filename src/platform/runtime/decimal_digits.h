@@ -1,0 +1,91 @@
+#pragma once
+// What reading, writing and rounding numbers share: products with powers of ten without loss, and the decimal value of
+// a double. For the number files alone; everybody else takes numbers.h.
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+namespace velmora::runtime {
+
+inline constexpr int significantDigits = 15;
+
+/// Powers of ten that a double holds exactly.
+inline constexpr std::array<double, 23> exactPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+constexpr double exactPower(int power) {
+    return exactPowers[static_cast<std::size_t>(power)];
+}
+
+/// Error 6 for infinities and NaN.
+void requireFinite(double value);
+
+/// A number times a power of ten, exactly: the double nearest to the product, and what that lost. Only for products
+/// below 2^52, where a half can still be told.
+class Scaled {
+  public:
+    Scaled(double value, int power) {
+        const double factor = exactPower(power);
+        const double product = value * factor;
+        lost_ = std::fma(value, factor, -product);
+        below_ = std::floor(product);
+        rest_ = product - below_;
+    }
+
+    /// The nearest whole number; the loss decides only where the product looks like a half.
+    double halfEven() const {
+        const bool odd = (static_cast<std::int64_t>(below_) & 1) != 0;
+        return rest_ > 0.5 || (rest_ == 0.5 && (lost_ > 0 || (lost_ == 0 && odd))) ? below_ + 1 : below_;
+    }
+
+    /// The same for a number that is not negative, a half going up.
+    double halfAway() const { return rest_ > 0.5 || (rest_ == 0.5 && lost_ >= 0) ? below_ + 1 : below_; }
+
+  private:
+    double lost_;
+    double below_;
+    double rest_;
+};
+
+/// A double as the language shows it: d.ddd × 10^exponent with at most 15 digits and no trailing zeros. Zero has no
+/// digits and no sign.
+struct Decimal {
+    bool negative = false;
+    int exponent = 0;
+    int count = 0;
+    std::array<char, 24> digits{};
+
+    void dropTrailingZeros() {
+        while (count > 0 && digits[static_cast<std::size_t>(count - 1)] == '0') {
+            --count;
+        }
+        if (count == 0) {
+            negative = false;
+            exponent = 0;
+        }
+    }
+
+    /// The digit that stands for 10^position.
+    char at(int position) const {
+        const int index = exponent - position;
+        return index >= 0 && index < count ? digits[static_cast<std::size_t>(index)] : '0';
+    }
+
+    /// How many digits stand behind the decimal sign.
+    int decimals() const { return std::max(0, count - 1 - exponent); }
+};
+
+/// Half away from zero at so many decimals.
+void roundAway(Decimal& number, int decimals);
+
+/// Rounded to 15 digits, half away from zero. Error 6 for infinities and NaN.
+Decimal toDecimal(double value);
+
+/// The double nearest to the decimal. Error 6 when it is too large.
+double toDouble(const Decimal& number);
+
+}  // namespace velmora::runtime
