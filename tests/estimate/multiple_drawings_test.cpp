@@ -1,6 +1,5 @@
 #include "velmora/estimate/multiple_drawings.h"
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -9,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "drawing_checks.h"
 #include "drawing_probe.h"
 
 namespace velmora::estimate {
@@ -234,9 +234,6 @@ TEST(VariableDrawingsTest, NoMeasuresAtAllGiveAnOrdinaryPiece) {
     EXPECT_DOUBLE_EQ(measured(drawing, VariableLabel::hubA), measured(drawing, VariableLabel::hubB));
 }
 
-template <typename Measures>
-using Fields = std::vector<std::optional<double> Measures::*>;
-
 const Fields<MultipleMeasures> multipleFields{
     &MultipleMeasures::exterior,   &MultipleMeasures::pitch,    &MultipleMeasures::root,     &MultipleMeasures::bore,
     &MultipleMeasures::keyway,     &MultipleMeasures::chainRim, &MultipleMeasures::gap,      &MultipleMeasures::rim,
@@ -248,38 +245,31 @@ const Fields<VariableMeasures> variableFields{
     &VariableMeasures::hubB,     &VariableMeasures::hubBWidth,
 };
 
-/// Each field alone absurd, then ever more of them.
-template <typename Measures, typename Draw>
-void expectAPieceOf(const Measures& ordinary, const Fields<Measures>& fields, const Draw& draw) {
-    for (const double value : nasty) {
-        SCOPED_TRACE(value);
-        Measures everywhere;
-        everywhere.teeth = 17;
-        for (const auto field : fields) {
-            everywhere.*field = value;
-            Measures alone = ordinary;
-            alone.*field = value;
-            expectAPiece(draw(alone));
-            expectAPiece(draw(everywhere));
-        }
-    }
+/// A piece of so many teeth of which nothing else is known.
+template <typename Measures>
+Measures teethAlone() {
+    Measures measures;
+    measures.teeth = 17;
+    return measures;
 }
 
 TEST(MultipleDrawingsTest, WhateverAFieldHoldsThePictureIsAPiece) {
     for (const Rims rims : {Rims::two, Rims::three}) {
         for (const bool withHub : {true, false}) {
-            expectAPieceOf(rims == Rims::two ? ordinaryDouble() : ordinaryTriple(), multipleFields,
-                           [&](const MultipleMeasures& measures) { return drawMultiple(rims, withHub, measures); });
+            withAbsurdFields(
+                rims == Rims::two ? ordinaryDouble() : ordinaryTriple(), teethAlone<MultipleMeasures>(), multipleFields,
+                [&](const MultipleMeasures& measures) { expectAPiece(drawMultiple(rims, withHub, measures)); });
         }
     }
 }
 
 TEST(VariableDrawingsTest, WhateverAFieldHoldsThePictureIsAPiece) {
     for (const Toothing toothing : {Toothing::chain, Toothing::smooth}) {
-        expectAPieceOf(ordinaryVariable(), variableFields, [&](VariableMeasures measures) {
-            measures.toothing = toothing;
-            return drawVariable(measures);
-        });
+        withAbsurdFields(ordinaryVariable(), teethAlone<VariableMeasures>(), variableFields,
+                         [&](VariableMeasures measures) {
+                             measures.toothing = toothing;
+                             expectAPiece(drawVariable(measures));
+                         });
     }
 }
 
@@ -299,22 +289,6 @@ Box lettersOf(const Dimension& dimension, double pixel) {
     return {middle.x - x, middle.y - y, middle.x + x, middle.y + y};
 }
 
-void expectLegible(const Drawing& drawing) {
-    const Box box = bounds(drawing);
-    const double pixel = std::max(box.width() / 346, box.height() / 360);
-    const std::vector<Dimension> dimensions = all<Dimension>(drawing);
-    for (std::size_t one = 0; one < dimensions.size(); ++one) {
-        const Box letters = lettersOf(dimensions[one], pixel);
-        for (std::size_t other = one + 1; other < dimensions.size(); ++other) {
-            EXPECT_FALSE(letters.meets(lettersOf(dimensions[other], pixel)))
-                << "labels " << dimensions[one].label << " and " << dimensions[other].label;
-        }
-        for (const Box& piece : metal(drawing)) {
-            EXPECT_FALSE(letters.meets(piece)) << "label " << dimensions[one].label;
-        }
-    }
-}
-
 TEST(MultipleDrawingsTest, LabelsKeepClearOfEachOtherAndOfTheMetal) {
     MultipleMeasures large = ordinaryDouble();
     large.exterior = 784;
@@ -326,15 +300,15 @@ TEST(MultipleDrawingsTest, LabelsKeepClearOfEachOtherAndOfTheMetal) {
         for (const MultipleMeasures& measures : {ordinaryDouble(), large, MultipleMeasures{}}) {
             SCOPED_TRACE(withHub ? "hub" : "disc");
             SCOPED_TRACE(measures.exterior.value_or(0));
-            expectLegible(drawMultiple(Rims::two, withHub, measures));
-            expectLegible(drawMultiple(Rims::three, withHub, measures));
+            expectLegible(drawMultiple(Rims::two, withHub, measures), lettersOf);
+            expectLegible(drawMultiple(Rims::three, withHub, measures), lettersOf);
         }
     }
 }
 
 TEST(VariableDrawingsTest, LabelsKeepClearOfEachOtherAndOfTheMetal) {
-    expectLegible(drawVariable(ordinaryVariable()));
-    expectLegible(drawVariable({}));
+    expectLegible(drawVariable(ordinaryVariable()), lettersOf);
+    expectLegible(drawVariable({}), lettersOf);
 }
 
 }  // namespace
