@@ -14,7 +14,7 @@ fi
 
 mkdir -p out
 QT_QPA_PLATFORM=offscreen "$programs/velmora" --pictures out
-"$programs/velmora-drive" tests/scenarios/plain_sprocket.drive >out/plain_sprocket.txt
+"$programs/velmora-drive" tests/scenarios/sprocket.drive >out/sprocket.txt
 
 echo
 echo "There is no display, so nothing was opened. Written instead, in $PWD/out:"
