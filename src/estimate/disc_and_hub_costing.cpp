@@ -20,10 +20,6 @@ bool holdsRecord(const sql::Recordset& material) {
     return material.isOpen() && material.hasRows();
 }
 
-bool isTube(const sql::Value& formula) {
-    return !formula.isNull() && (formula.toLong() == 4 || formula.toLong() == 6);
-}
-
 }  // namespace
 
 double DiscAndHubCosting::discCut() {
@@ -267,13 +263,17 @@ void DiscAndHubCosting::hubChanged() {
     trap([&] { put(f_.txtPesu(25), round2(number(f_.txtPesu(24)) * number(f_.Text4(5)) + cut)); });
 }
 
+void DiscAndHubCosting::writeRackWeight() {
+    ErrorTrap trap;
+    trap([&] { f_.Text4(53).setText(runtime::Format(weights_.rackWeight(), amountMask)); });
+}
+
 void DiscAndHubCosting::rackChanged(int Index) {
     if (Index < 50) {
         return;
     }
     if (Index <= 52) {
-        ErrorTrap trap;
-        trap([&] { f_.Text4(53).setText(runtime::Format(weights_.rackWeight(), "#,###,##0.00")); });
+        writeRackWeight();
     }
     totals_.msRecalcularImportes(56);
 }
@@ -288,8 +288,7 @@ void DiscAndHubCosting::Text4_LostFocus(int Index) {
         return;
     }
     if (Index >= 50 && Index <= 52) {
-        ErrorTrap trap;
-        trap([&] { f_.Text4(53).setText(runtime::Format(weights_.rackWeight(), "#,###,##0.00")); });
+        writeRackWeight();
         totals_.msRecalcularImportes(52);
     } else if (Index >= 53 && Index <= 56) {
         totals_.msRecalcularImportes(56);

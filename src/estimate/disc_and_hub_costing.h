@@ -44,6 +44,7 @@ class DiscAndHubCosting {
     void discChanged();
     void hubChanged();
     void rackChanged(int Index);
+    void writeRackWeight();
     double thicknessByText() const;
     void showInnerDiameter(const sql::Recordset& material, TextBox& box, Label& label);
 

@@ -108,6 +108,9 @@ struct FieldMap {
     void forEachTextBox(const std::function<void(TextBox&)>& action);
 };
 
+/// Amounts and weights that are shown with thousands.
+inline constexpr const char* amountMask = "#,###,##0.00";
+
 /// A field's text as a number; error 13 when it is none.
 double number(const TextBox& box);
 /// A field's text as a number, 0 when it is none.

@@ -13,7 +13,6 @@ using runtime::Format;
 namespace {
 
 constexpr const char* measureMask = "#,##0.00";
-constexpr const char* amountMask = "#,###,##0.00";
 constexpr double toothHeightFactor = 2.25;  ///< tooth height of the basic rack, in modules
 
 /// A field of the sketch and the field of Text1 that it repeats.

@@ -14,8 +14,6 @@ using runtime::Format;
 
 namespace {
 
-constexpr const char* amountMask = "#,###,##0.00";
-
 /// What a change of a field of txtPesu makes necessary.
 enum class Sums { none, rackWeight, rack, material, piece, lot, sawSpread, disc, hub };
 

@@ -13,6 +13,10 @@ double Operand::leading() const {
     return runtime::Val(isText_ ? text_ : runtime::CStr(number_));
 }
 
+bool isTube(const sql::Value& formula) {
+    return !formula.isNull() && (formula.toLong() == 4 || formula.toLong() == 6);
+}
+
 double Weights::FnPeso(const sql::Value& formula, double piezas, const Operand& a, const Operand& b, const Operand& c,
                        const Operand& d, const Operand& e, const sql::Value& factor) const {
     constexpr int unknownFormula = -1;

@@ -21,6 +21,9 @@ class Operand {
     bool isText_;
 };
 
+/// Whether an article of this formula is a tube, which has an inner diameter; not when it is null.
+bool isTube(const sql::Value& formula);
+
 class Weights {
   public:
     explicit Weights(const FieldMap& fields) : f_(fields) {}

@@ -63,20 +63,9 @@ void frmManoObra::Form_Activate() {
 }
 
 void frmManoObra::Form_KeyDown(screen::KeyDown& key) {
-    using screen::Key;
-    switch (key.key) {
-        case Key::enter:
-            key.key = Key::none;
-            tabForward();
-            break;
-        case Key::padDecimal:
-            key.key = Key::comma;
-            break;
-        case Key::f2:
-            searchMachine();
-            break;
-        default:
-            break;
+    passUsualKeys(key);
+    if (key.key == screen::Key::f2) {
+        searchMachine();
     }
 }
 

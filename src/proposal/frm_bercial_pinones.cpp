@@ -1,7 +1,5 @@
 #include "velmora/proposal/frm_bercial_pinones.h"
 
-#include <array>
-
 #include "velmora/data/chains.h"
 #include "velmora/data/fixed_lists.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -15,8 +13,6 @@ using estimate::ComboBox;
 using estimate::TextBox;
 
 namespace {
-
-constexpr int defaultFilter = 2;  // "Todos"
 
 template <typename Texts>
 void fill(ComboBox& list, const Texts& texts) {
@@ -67,7 +63,7 @@ void frmBercialPiñones::Form_Load() {
     cutPrices_.msCargarPreciosCorte();
     setCaption("Propuestas de Piñones Especiales ( v." + platform::version() + ")");
     fill(f_.cboFiltroHistorico, data::filtrosHistorico);
-    f_.cboFiltroHistorico.setListIndex(defaultFilter);
+    f_.cboFiltroHistorico.setListIndex(data::todos);
     fill(f_.cboHerramienta, data::herramientas);
     f_.cboHerramienta.setListIndex(0);
     for (const data::ProductType& type : data::productTypes) {
@@ -188,16 +184,10 @@ void frmBercialPiñones::wireButtons() {
 
 void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
     using screen::Key;
+    passUsualKeys(key);
     switch (key.key) {
-        case Key::enter:
-            key.key = Key::none;
-            tabForward();
-            break;
         case Key::escape:
             unload();
-            break;
-        case Key::padDecimal:
-            key.key = Key::comma;
             break;
         case Key::f1:
             if (f_.txtPesu(0).isEnabled()) {

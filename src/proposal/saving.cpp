@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "velmora/estimate/weights.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -16,17 +17,11 @@ using session::Tipo;
 namespace {
 
 constexpr const char* lineBreak = "\r\n";
-constexpr const char* amountMask = "#,###,##0.00";
 constexpr const char* null = " Null ";
 
 constexpr int extraLength = 200;
 constexpr int supplierLength = 35;
 constexpr int toolLength = 15;
-
-bool isTube(const sql::Recordset& material) {
-    const sql::Value& formula = material["art_for"];
-    return !formula.isNull() && (formula.toLong() == 4 || formula.toLong() == 6);
-}
 
 /// A column of kind number and the field that fills it: of another array where the rack keeps it elsewhere.
 struct NumberField {
@@ -141,7 +136,7 @@ Saving::NewRow Saving::readBackNewRow() {
         session_.Connection().execute("SELECT DPI_Fecha,DPI_CosteCorteDisco FROM DPI where DPI_Id = " + id);
     return {.number = id,
             .date = runtime::Format(row["DPI_Fecha"].toDate(), "dd/mm/yyyy"),
-            .discCut = runtime::Format(row["DPI_CosteCorteDisco"].toDouble(), amountMask)};
+            .discCut = runtime::Format(row["DPI_CosteCorteDisco"].toDouble(), estimate::amountMask)};
 }
 
 // Once the row is there for good: the number of a row that was rolled back would turn the next save into an update
@@ -226,8 +221,8 @@ void Saving::addFields() {
     const auto addInner = [&](const char* column, bool tube, const TextBox& box) {
         campos.Add(column, Tipo::number, tube ? session::FieldValue(box) : session::FieldValue(0));
     };
-    addInner("DPI_DmInterno", isTube(*f_.rsMatDisco), f_.Text4(6));
-    addInner("DPI_CuboDmInterno", isTube(hub), f_.Text4(7));
+    addInner("DPI_DmInterno", estimate::isTube((*f_.rsMatDisco)["art_for"]), f_.Text4(6));
+    addInner("DPI_CuboDmInterno", estimate::isTube(hub["art_for"]), f_.Text4(7));
     campos.Add("DPI_Acopla", Tipo::boolean, f_.chkAcopla.checked() ? 1 : 0);
     campos.Add("DPI_HERRAMIENTA", Tipo::text, runtime::Left(f_.cboHerramienta.text(), toolLength));
     addFieldsByType();
@@ -265,7 +260,7 @@ void Saving::addMultipleProduct(const TextBox& gap) {
 
 std::string FnImporteFila(const std::string& a, const std::string& b) {
     return runtime::IsNumeric(a) && runtime::IsNumeric(b)
-               ? runtime::Format(runtime::CDbl(a) * runtime::CDbl(b), amountMask)
+               ? runtime::Format(runtime::CDbl(a) * runtime::CDbl(b), estimate::amountMask)
                : "0,00";
 }
 

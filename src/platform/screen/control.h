@@ -195,56 +195,49 @@ class ComboBox : public Control {
     std::string text_;
 };
 
-/// A box to tick. A change, by code or by the user, raises Click.
-class CheckBox : public Control {
+/// A control that bears a text of its own.
+class Captioned : public Control {
   public:
     using Control::Control;
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
+
+  private:
+    std::string caption_;
+};
+
+/// A box to tick. A change, by code or by the user, raises Click.
+class CheckBox : public Captioned {
+  public:
+    using Captioned::Captioned;
     bool isFocusable() const override { return true; }
     bool checked() const { return checked_; }
     void setChecked(bool checked);
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
 
     Event<> onClick;
 
   private:
     bool checked_ = false;
-    std::string caption_;
 };
 
-class Label : public Control {
+class Label : public Captioned {
   public:
-    using Control::Control;
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
-
-  private:
-    std::string caption_;
+    using Captioned::Captioned;
 };
 
 /// Groups controls: hidden or disabled, it hides or disables all that stands in it.
-class Frame : public Control {
+class Frame : public Captioned {
   public:
-    using Control::Control;
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
-
-  private:
-    std::string caption_;
+    using Captioned::Captioned;
 };
 
 /// A button. An "&" in the caption marks the mnemonic.
-class Button : public Control {
+class Button : public Captioned {
   public:
-    using Control::Control;
+    using Captioned::Captioned;
     bool isFocusable() const override { return true; }
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
 
     Event<> onClick;
-
-  private:
-    std::string caption_;
 };
 
 /// A bar of buttons, some with a menu. Buttons count from 1 and separators count too.

@@ -167,6 +167,15 @@ Key Form::keyDown(Key key, bool shift) {
     return event.key;
 }
 
+void Form::passUsualKeys(KeyDown& key) {
+    if (key.key == Key::enter) {
+        key.key = Key::none;
+        tabForward();
+    } else if (key.key == Key::padDecimal) {
+        key.key = Key::comma;
+    }
+}
+
 void Form::activate() {
     onActivate();
     if (active_ == nullptr && enabled_ && !unloaded_) {

@@ -74,6 +74,10 @@ class Form {
     /// become; Key::none when it was swallowed.
     Key keyDown(Key key, bool shift = false);
 
+    /// What the shop's forms do alike in their KeyDown: Enter moves on as Tab does and is swallowed, the decimal point
+    /// of the pad becomes the comma key.
+    void passUsualKeys(KeyDown& key);
+
     // --- Life ------------------------------------------------------------------------------------------------
 
     /// Called by a toolkit when the form comes on the screen: Activate, then the first tab stop takes the focus
