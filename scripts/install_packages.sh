@@ -5,7 +5,8 @@ set -eu
 packages="
     build-essential cmake ninja-build ccache python3 locales
     qt6-base-dev qt6-qpa-plugins fonts-dejavu-core fonts-dejavu-extra
-    libsqlite3-dev libicu-dev libfmt-dev libcli11-dev
+    libsqlite3-dev libicu-dev libfmt-dev libcli11-dev libxlsxwriter-dev libsane-dev sane-utils
+    poppler-utils python3-openpyxl
     libgtest-dev libgmock-dev libbenchmark-dev
 "
 

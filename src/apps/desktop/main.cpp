@@ -8,6 +8,7 @@
 #include "velmora/apps/desktop/picture_book.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/workshop.h"
+#include "velmora/apps/stand_ins/stand_ins.h"
 
 namespace {
 
@@ -57,7 +58,8 @@ int run(const desktop::Options& options, qt::QtScreen& screen) {
     const system::SystemClock clock;
     const auto workshop = desktop::openWorkshop(databaseOf(options), clock);
     qt::QtServices services;
-    const components::ComponentFactory components;
+    components::ComponentFactory components;
+    stand_ins::registerStandIns(components, screen, services, clock);
     platform::Desk desk{screen, components, services, clock};
     shell::VMORA vmora{desk};
     vmora.MyBd(&workshop->session());

@@ -9,6 +9,7 @@
 #include "velmora/adapters/script/interpreter.h"
 #include "velmora/adapters/script/script_services.h"
 #include "velmora/adapters/session/stand_in_session.h"
+#include "velmora/apps/stand_ins/stand_ins.h"
 #include "velmora/platform/desk.h"
 
 #include "database.h"
@@ -33,8 +34,8 @@ script::Status play(const Options& options, std::istream& in) {
     script::Answers answers;
     script::ScriptScreen screen(journal, answers);
     script::ScriptServices services(journal, answers);
-    // None of the host's components is here: making one is error 429, as at a host that lacks them.
-    const components::ComponentFactory components;
+    components::ComponentFactory components;
+    stand_ins::registerStandIns(components, screen, services, *clock);
     platform::Desk desk{screen, components, services, *clock};
 
     script::WatchedConnection program(*engine);

@@ -1,0 +1,15 @@
+#pragma once
+// Our own parts in the place of the host's components, for programs that run without the host.
+
+#include "velmora/platform/components/components.h"
+#include "velmora/platform/screen/screen.h"
+#include "velmora/platform/system/system.h"
+
+namespace velmora::stand_ins {
+
+/// Registers every stand-in under the ProgID of the host's component. Screen, services and clock must outlive the
+/// factory.
+void registerStandIns(components::ComponentFactory& factory, screen::Screen& screen, system::Services& services,
+                      const system::Clock& clock);
+
+}  // namespace velmora::stand_ins
