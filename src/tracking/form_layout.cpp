@@ -15,6 +15,7 @@ constexpr int codeWidth = 7;
 constexpr int dateWidth = 10;
 constexpr int measureWidth = 7;
 constexpr int amountWidth = 10;
+constexpr int typeWidth = 27;
 
 void writeFixedCaptions(TrackingFields& f) {
     f.fraFiltros.setCaption("Filtros");
@@ -42,9 +43,9 @@ Layout filters(TrackingFields& f) {
         lay::grid(3,  //
                   criterion("De Cliente", f.txtCriterio(customerFrom)).number(),
                   criterion("a Cliente", f.txtCriterio(customerTo)).number(),
-                  lay::field("Tipo de Propuesta", f.cboTipoPre),  //
+                  lay::field("Tipo de Propuesta", f.cboTipoPre, typeWidth),  //
                   criterion("De Fecha", f.txtCriterio(dateFrom)), criterion("a Fecha", f.txtCriterio(dateTo)),
-                  lay::field("Filtrar Historico por:", f.cboFiltroHistorico),  //
+                  lay::field("Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
                   criterion("De Numero", f.txtCriterio(numberFrom)).number(),
                   criterion("a Numero", f.txtCriterio(numberTo)).number(),
                   lay::row(lay::plain(f.chkAcopla), lay::space(), lay::plain(f.cmdfiltro))));
@@ -85,13 +86,13 @@ Layout detail(TrackingFields& f) {
                              amount("Mano Obra", f.txtPesu(labourAmount)),
                              amount("Subcontratados", f.txtPesu(subcontractedAmount)),
                              amount("Varios", f.txtPesu(otherAmount)), amount("Total Pieza", f.txtPesu(piecePrice)),
-                             text("Nº de Piezas", f.txtPesu(pieces), codeWidth).number(), lay::space(),
-                             amount("Importe Total", f.txtPesu(totalAmount)).as(Role::total))));
+                             text("Nº de Piezas", f.txtPesu(pieces), codeWidth).number(),
+                             amount("Importe Total", f.txtPesu(totalAmount)), lay::space())));
 }
 
 Layout buttons(TrackingFields& f) {
     return lay::row(lay::plain(f.XPButton1), lay::plain(f.XPButton2), lay::plain(f.cmdExcel), lay::plain(f.lblTeclas),
-                    lay::space(), lay::plain(f.XPButton3));
+                    lay::space(), lay::plain(f.Label1(10)), lay::plain(f.XPButton3));
 }
 
 std::vector<screen::Control*> orderOfWork(TrackingFields& f) {
@@ -119,8 +120,8 @@ void passOverWhatIsShown(TrackingFields& f) {
 
 void frmSeguimiento::arrange() {
     writeFixedCaptions(f_);
-    setLayout(lay::column(lay::row(filters(f_), measures(f_), lay::space(), lay::plain(f_.Label1(10))),
-                          lay::plain(f_.dbgDPI).stretched(), detail(f_), buttons(f_)));
+    setLayout(lay::column(lay::row(filters(f_), measures(f_), lay::space()), lay::plain(f_.dbgDPI).stretched(),
+                          detail(f_), buttons(f_)));
     setTabOrder(orderOfWork(f_));
     passOverWhatIsShown(f_);
 }
