@@ -33,6 +33,7 @@ void writeFixedCaptions(TrackingFields& f) {
     f.Label1(10).setAccessibleName("Acerca del programa");
 }
 
+// Chosen C-123: the caption of a pair, "De Cliente  a      Cliente", stands in two parts, each beside its field.
 Layout criterion(std::string caption, screen::TextBox& box) {
     return lay::field(std::move(caption), box, dateWidth);
 }
@@ -108,7 +109,8 @@ std::vector<screen::Control*> orderOfWork(TrackingFields& f) {
     return order;
 }
 
-/// Tab goes on from the list to what is typed for an order: the customer's references and the number of pieces.
+// Chosen C-122: Tab goes on from the list to what is typed for an order, the customer's references and the number of
+// pieces; the other fields of the panel are reached with the mouse.
 void passOverWhatIsShown(TrackingFields& f) {
     for (const Detail shown : {customerCode, customerName, materialAmount, labourAmount, subcontractedAmount,
                                otherAmount, piecePrice, totalAmount}) {
