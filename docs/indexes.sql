@@ -6,7 +6,7 @@ CREATE INDEX [IX_DPI_Fecha] ON [dbo].[DPI] (DPI_Fecha)
 CREATE INDEX [IX_DPI_Toothing] ON [dbo].[DPI] (DPI_Z, DPI_Pas, DPI_AC, DPI_Rodillo, DPI_Tipo, DPI_Fecha)
 CREATE INDEX [IX_DPI_Type] ON [dbo].[DPI] (DPI_Tipo, DPI_Fecha)
 CREATE INDEX [IX_DPI_Accepted] ON [dbo].[DPI] (DPI_FAcepta, DPI_Fecha)
-CREATE INDEX [IX_DPI_Customer] ON [dbo].[DPI] (DPI_CodCliente)
+CREATE INDEX [IX_DPI_CustomerDate] ON [dbo].[DPI] (DPI_CodCliente, DPI_Fecha)
 
 -- The labour lines of a proposal, the operators of a machine.
 CREATE INDEX [IX_MoDpi_Dpi] ON [dbo].[MoDpi] (MoDpi_Dpi)

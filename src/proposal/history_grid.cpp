@@ -1,6 +1,6 @@
 #include "velmora/proposal/history_grid.h"
 
-#include "velmora/platform/runtime/numbers.h"
+#include "velmora/proposal/work_order.h"
 
 namespace velmora::proposal {
 
@@ -8,10 +8,6 @@ namespace {
 
 constexpr int numberColumn = 0;
 constexpr int orderColumn = 3;
-
-bool isNumeric(const sql::Value& value) {
-    return value.isNumber() || (value.isText() && runtime::IsNumeric(value.toText()));
-}
 
 }  // namespace
 
@@ -39,13 +35,7 @@ void HistoryGrid::openProposal() {
 }
 
 void HistoryGrid::openOrder() {
-    const sql::Value order = rooms_.history.rsDpi()["DPI_Orden"];
-    if (!isNumeric(order)) {
-        return;
-    }
-    const auto orders = desk_.components.create<components::WorkOrders>("KOLTAR.KOLTARD");
-    orders->setMyBd(session_);
-    orders->jLoad(order.toLong());
+    showWorkOrder(rooms_.history.rsDpi()["DPI_Orden"], session_, desk_);
 }
 
 }  // namespace velmora::proposal

@@ -5,6 +5,7 @@
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 #include "velmora/shell/schema_upgrade.h"
+#include "velmora/tracking/frm_seguimiento.h"
 
 namespace velmora::shell {
 
@@ -68,8 +69,11 @@ void VMORA::jShowPropuesta(std::int32_t& nIdDpi) {
 void VMORA::jPrintPropuesta(std::int32_t&, bool&) {}
 
 void VMORA::jShowSeguimiento() {
-    msActualizarPARDPI(currentSession().Connection(), desk_.screen);
-    missingWindow("seguimiento");
+    session::Session& session = currentSession();
+    msActualizarPARDPI(session.Connection(), desk_.screen);
+    tracking::frmSeguimiento form(session, desk_);
+    form.setTag("e");
+    desk_.screen.showModal(form);
 }
 
 }  // namespace velmora::shell

@@ -23,7 +23,7 @@ enum Detail : int {
     customerOrder,
     orderDate,
     deliveryDate,
-    materialAmount,       ///< euros, as all amounts
+    materialAmount,  ///< euros, as all amounts
     labourAmount,
     subcontractedAmount,
     otherAmount,
@@ -58,6 +58,7 @@ struct TrackingFields {
     screen::Button cmdExcel{form, "cmdExcel"};
     screen::Button XPButton3{form, "XPButton3"};  ///< leaves
     screen::ControlArray<screen::Label> Label1{form, "Label1", {{10, 10}}};
+    screen::Label lblTeclas{form, "lblTeclas"};  ///< the keys of the list
 
     /// The rows of the list; the form listens to its moves.
     sql::ListenedRecordset rsDpi;

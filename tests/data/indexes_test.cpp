@@ -7,10 +7,11 @@
 
 #include <gmock/gmock.h>
 
-#include "support/recording_connection.h"
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
 #include "velmora/data/schema.h"
+
+#include "support/recording_connection.h"
 
 namespace velmora::data {
 namespace {
@@ -76,6 +77,8 @@ TEST(Indexes, CoverTheToothingTheTrackingListAndTheLabour) {
     EXPECT_THAT(indexStatements(), Contains("CREATE INDEX [IX_DPI_Toothing] ON [dbo].[DPI] (DPI_Z, DPI_Pas, DPI_AC, "
                                             "DPI_Rodillo, DPI_Tipo, DPI_Fecha)"));
     EXPECT_THAT(indexStatements(), Contains("CREATE INDEX [IX_DPI_Type] ON [dbo].[DPI] (DPI_Tipo, DPI_Fecha)"));
+    EXPECT_THAT(indexStatements(),
+                Contains("CREATE INDEX [IX_DPI_CustomerDate] ON [dbo].[DPI] (DPI_CodCliente, DPI_Fecha)"));
     EXPECT_THAT(indexStatements(), Contains("CREATE INDEX [IX_MoDpi_Dpi] ON [dbo].[MoDpi] (MoDpi_Dpi)"));
     EXPECT_THAT(indexStatements(), Contains("CREATE INDEX [IX_OBM_Machine] ON [dbo].[OBM] (OBM_MAQ)"));
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "velmora/platform/runtime/errors.h"
+#include "velmora/tracking/frm_seguimiento.h"
 
 #include "support/proposal_statements.h"
 #include "support/proposal_workshop.h"
@@ -135,8 +136,23 @@ TEST_F(VmoraTest, TheOtherOperationsCheckTheTableOfMaterialsAlone) {
     errorOf([&] { vmora.jShowParametros(); });
     EXPECT_THAT(workshop.connection.logged("Select top 1"), ElementsAre("Select top 1 * from PARDPI"));
     workshop.connection.clear();
-    errorOf([&] { vmora.jShowSeguimiento(); });
+    workshop.screen.queueModal([](screen::Form&) {});
+    vmora.jShowSeguimiento();
     EXPECT_THAT(workshop.connection.logged("Select top 1"), ElementsAre("Select top 1 * from PARDPI"));
+}
+
+TEST_F(VmoraTest, TrackingOpensEmptyWithItsTagAfterOneCheckAndOneStatement) {
+    workshop.saveNewProposal();
+    workshop.connection.clear();
+    workshop.screen.queueModal([this](screen::Form& form) {
+        auto& tracking = dynamic_cast<tracking::frmSeguimiento&>(form);
+        EXPECT_EQ(tracking.tag(), "e");
+        EXPECT_EQ(tracking.fields().dbgDPI.rowCount(), 0u);
+        EXPECT_EQ(workshop.connection.log().size(), 2u);
+        ++formsShown;
+    });
+    vmora.jShowSeguimiento();
+    EXPECT_EQ(formsShown, 1);
 }
 
 TEST_F(VmoraTest, OneProposalComesUpReadOnlyWithoutASchemaCheck) {

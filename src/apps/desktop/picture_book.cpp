@@ -12,6 +12,7 @@
 #include "velmora/labour/frm_mano_obra.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
+#include "velmora/tracking/frm_seguimiento.h"
 
 namespace velmora::desktop {
 
@@ -60,6 +61,14 @@ std::unique_ptr<screen::Form> labourForm(session::Session& session, platform::De
     return form;
 }
 
+/// All proposals, the first of them under the cursor.
+std::unique_ptr<screen::Form> trackingForm(session::Session& session, platform::Desk& desk) {
+    auto form = std::make_unique<tracking::frmSeguimiento>(session, desk);
+    form->fields().cboFiltroHistorico.setListIndex(tracking::allStates);
+    form->fields().cmdfiltro.onClick();
+    return form;
+}
+
 }  // namespace
 
 std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
@@ -70,6 +79,7 @@ std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
                          [&session, &desk, n = type.number] { return mainForm(session, desk, n); }});
     }
     pages.push_back({"mano_de_obra", [&session, &desk] { return labourForm(session, desk); }});
+    pages.push_back({"seguimiento", [&session, &desk] { return trackingForm(session, desk); }});
     return pages;
 }
 

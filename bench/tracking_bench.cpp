@@ -1,0 +1,193 @@
+// The tracking list of a workshop that has made very many proposals: how long until the first rows stand on the screen,
+// beside the bare statements, and how much memory walking the whole list takes.
+
+#include <algorithm>
+#include <cstdint>
+#include <fstream>
+#include <functional>
+#include <memory>
+
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+#include <unistd.h>
+
+#include "velmora/tracking/frm_seguimiento.h"
+
+#include "many_proposals.h"
+#include "workshop.h"
+
+namespace velmora::bench {
+namespace {
+
+using tracking::frmSeguimiento;
+
+constexpr std::size_t rowsOfAScreen = 20;
+constexpr double mebibyte = 1024.0 * 1024.0;
+constexpr double mostGrowth = 64;  // MiB
+
+struct Tracking {
+    Workshop workshop{multiplyProposals};
+    std::unique_ptr<frmSeguimiento> form = std::make_unique<frmSeguimiento>(workshop.session(), workshop.desk());
+};
+
+Tracking& theTracking() {
+    static Tracking tracking;
+    return tracking;
+}
+
+/// What a grid asks for to paint the rows from `first` on. Gives the number of cells that held something.
+int paint(const screen::DataGrid& grid, std::size_t first) {
+    int filled = 0;
+    for (std::size_t row = first; row < first + rowsOfAScreen; ++row) {
+        for (std::size_t column = 0; column < grid.columns().size(); ++column) {
+            filled += grid.cellText(row, column).empty() ? 0 : 1;
+        }
+    }
+    return filled;
+}
+
+using Setting = std::function<void(tracking::TrackingFields&)>;
+
+/// Filters as set, and the first screen painted.
+void list(benchmark::State& state, const Setting& setting, screen::Button tracking::TrackingFields::*button) {
+    Tracking& shop = theTracking();
+    tracking::TrackingFields& f = shop.form->fields();
+    f.txtCriterio.forEach([](screen::TextBox& box) { box.setText(""); });
+    f.cboTipoPre.setListIndex(0);
+    f.cboFiltroHistorico.setListIndex(tracking::allStates);
+    setting(f);
+    compare(state, shop.workshop, [&] {
+        (f.*button).onClick();
+        require(paint(f.dbgDPI, 0) > 0, "no rows were listed");
+    });
+}
+
+void filter(benchmark::State& state, const Setting& setting) {
+    list(state, setting, &tracking::TrackingFields::cmdfiltro);
+}
+
+void all(benchmark::State& state) {
+    filter(state, [](auto&) {});
+}
+
+void pending(benchmark::State& state) {
+    filter(state, [](auto& f) { f.cboFiltroHistorico.setListIndex(tracking::onlyPending); });
+}
+
+void accepted(benchmark::State& state) {
+    filter(state, [](auto& f) { f.cboFiltroHistorico.setListIndex(tracking::onlyAccepted); });
+}
+
+void ofOneType(benchmark::State& state) {
+    filter(state, [](auto& f) { f.cboTipoPre.setListIndex(5); });
+}
+
+void pendingOfOneType(benchmark::State& state) {
+    filter(state, [](auto& f) {
+        f.cboTipoPre.setListIndex(5);
+        f.cboFiltroHistorico.setListIndex(tracking::onlyPending);
+    });
+}
+
+void ofOneCustomer(benchmark::State& state) {
+    filter(state, [](auto& f) { f.txtCriterio(tracking::customerFrom).setText("1002"); });
+}
+
+void ofSeveralCustomers(benchmark::State& state) {
+    filter(state, [](auto& f) {
+        f.txtCriterio(tracking::customerFrom).setText("1002");
+        f.txtCriterio(tracking::customerTo).setText("1004");
+    });
+}
+
+void pendingOfOneCustomer(benchmark::State& state) {
+    filter(state, [](auto& f) {
+        f.txtCriterio(tracking::customerFrom).setText("1002");
+        f.cboFiltroHistorico.setListIndex(tracking::onlyPending);
+    });
+}
+
+void sinceTheBeginning(benchmark::State& state) {
+    filter(state, [](auto& f) {
+        f.txtCriterio(tracking::dateFrom).setText("01/01/2020");
+        f.txtCriterio(tracking::dateTo).setText("31/12/2049");
+    });
+}
+
+void byNumbers(benchmark::State& state) {
+    filter(state, [](auto& f) {
+        f.txtCriterio(tracking::numberFrom).setText("1");
+        f.txtCriterio(tracking::numberTo).setText("1000");
+    });
+}
+
+void byNumber(benchmark::State& state) {
+    filter(state, [](auto& f) { f.txtCriterio(tracking::numberFrom).setText("300"); });
+}
+
+void byMeasures(benchmark::State& state) {
+    list(
+        state,
+        [](auto& f) {
+            f.cboTipoPre.setListIndex(0);
+            f.Text1.forEach([](screen::TextBox& box) { box.setText("0"); });
+            f.Text1(1).setText("19");
+        },
+        &tracking::TrackingFields::XPButton4);
+}
+
+double residentMebibytes() {
+    std::ifstream file("/proc/self/statm");
+    std::int64_t program = 0;
+    std::int64_t resident = 0;
+    file >> program >> resident;
+    return static_cast<double>(resident * ::sysconf(_SC_PAGESIZE)) / mebibyte;
+}
+
+/// Screen by screen to the last row, as a user who holds the key down, and back to the first.
+void walkToTheEnd(benchmark::State& state) {
+    tracking::TrackingFields& f = theTracking().form->fields();
+    f.cboTipoPre.setListIndex(0);
+    f.txtCriterio.forEach([](screen::TextBox& box) { box.setText(""); });
+    f.cboFiltroHistorico.setListIndex(tracking::allStates);
+    double most = 0;
+    std::size_t rows = 0;
+    for ([[maybe_unused]] auto turn : state) {
+        f.cmdfiltro.onClick();
+        paint(f.dbgDPI, 0);
+        ::malloc_trim(0);  // what furnishing the workshop has left must not hide what the walk takes
+        const double before = residentMebibytes();
+        for (rows = 0; f.dbgDPI.recordset().peek(rows) != nullptr; rows += rowsOfAScreen) {
+            paint(f.dbgDPI, rows);
+            if (rows % (rowsOfAScreen * 500) == 0) {
+                most = std::max(most, residentMebibytes() - before);
+            }
+        }
+        f.rsDpi->moveLast();
+        f.rsDpi->moveFirst();
+        paint(f.dbgDPI, 0);
+        most = std::max(most, residentMebibytes() - before);
+    }
+    state.counters["rows"] = static_cast<double>(rows);
+    state.counters["growth_MiB"] = most;
+    require(most < mostGrowth, "walking the list takes memory as it goes");
+}
+
+BENCHMARK(all)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(pending)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(accepted)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(ofOneType)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(pendingOfOneType)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(ofOneCustomer)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(ofSeveralCustomers)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(pendingOfOneCustomer)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(sinceTheBeginning)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(byNumbers)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(byNumber)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(byMeasures)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(walkToTheEnd)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace velmora::bench
+
+BENCHMARK_MAIN();

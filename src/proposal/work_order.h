@@ -1,0 +1,14 @@
+#pragma once
+// The work order of a proposal, shown by the host's order component.
+
+#include "velmora/platform/desk.h"
+#include "velmora/platform/session/session.h"
+#include "velmora/platform/sql/value.h"
+
+namespace velmora::proposal {
+
+/// Shows the order of that number, and nothing, without a word, for a value that is no number. Errors: 429 when the
+/// component is missing; its own.
+void showWorkOrder(const sql::Value& number, session::Session& session, const platform::Desk& desk);
+
+}  // namespace velmora::proposal

@@ -1,0 +1,100 @@
+#include "velmora/tracking/detail.h"
+
+#include <array>
+
+#include "velmora/platform/runtime/dates.h"
+#include "velmora/platform/runtime/errors.h"
+#include "velmora/tracking/date_fields.h"
+
+namespace velmora::tracking {
+
+namespace {
+
+enum class Shown { value, valueOrNothing, dateOrNothing };
+
+struct DetailColumn {
+    Detail field;
+    const char* column;
+    Shown shown = Shown::value;
+};
+
+constexpr std::array columns{
+    DetailColumn{customerCode, "DPI_CodCliente"},
+    DetailColumn{customerName, "DPI_NomCliente"},
+    DetailColumn{customerReference, "DPI_RefCli", Shown::valueOrNothing},
+    DetailColumn{customerOrder, "DPI_PedCliente", Shown::valueOrNothing},
+    DetailColumn{orderDate, "DPI_FPedCliente", Shown::dateOrNothing},
+    DetailColumn{deliveryDate, "DPI_FechaEntrega", Shown::dateOrNothing},
+    DetailColumn{materialAmount, "DPI_ImpMat"},
+    DetailColumn{labourAmount, "DPI_ImpMO"},
+    DetailColumn{subcontractedAmount, "DPI_ImpTS"},
+    DetailColumn{otherAmount, "DPI_ImpVA"},
+    DetailColumn{piecePrice, "DPI_ImpTP"},
+    DetailColumn{pieces, "dpi_unidades"},
+    DetailColumn{totalAmount, "DPI_Importe"},
+};
+
+struct MeasureColumn {
+    int field;
+    const char* column;
+};
+
+constexpr std::array measures{
+    MeasureColumn{1, "DPI_Z"},   MeasureColumn{0, "DPI_pas"},     MeasureColumn{8, "DPI_ac"},
+    MeasureColumn{7, "DPI_Eje"}, MeasureColumn{2, "DPI_rodillo"}, MeasureColumn{3, "DPI_modulo"},
+};
+
+/// Error 94 for a null that has to be shown.
+std::string textOf(const sql::Value& value, Shown shown) {
+    if (shown != Shown::value && value.isNull()) {
+        return {};
+    }
+    return shown == Shown::dateOrNothing ? runtime::Format(value.toDate(), dateMask) : value.toText();
+}
+
+bool isDate(int Index) {
+    return Index == orderDate || Index == deliveryDate;
+}
+
+}  // namespace
+
+void DetailPanel::rsDpi_MoveComplete() {
+    if (!f_.rsDpi->hasRows()) {
+        return;
+    }
+    const sql::Recordset& row = *f_.rsDpi;
+    for (const DetailColumn& detail : columns) {
+        f_.txtPesu(detail.field).setText(textOf(row[detail.column], detail.shown));
+    }
+    showMeasures();
+}
+
+void DetailPanel::showMeasures() {
+    const sql::Recordset& row = *f_.rsDpi;
+    runtime::ErrorTrap trap;
+    for (const MeasureColumn& measure : measures) {
+        // Kept K-124: a measure that the proposal lacks leaves what the search held, so that the fields can be of two
+        // proposals; a search by a few measures is built up by walking the list.
+        trap([&] { f_.Text1(measure.field).setText(row[measure.column].toText()); });
+    }
+}
+
+void DetailPanel::txtPesu_KeyPress(int Index, screen::KeyPress& key) {
+    if (isDate(Index)) {
+        oUtil_.TeclaCampo(f_.txtPesu(Index), key, true);
+    } else {
+        screen_.processEvents();
+    }
+}
+
+void DetailPanel::txtPesu_LostFocus(int Index) {
+    if (isDate(Index)) {
+        // Kept K-125: a date that the panel shows has ten characters, so that merely passing through its field wipes
+        // it, and the acceptance then stores none: a date is only what was typed for this order.
+        leaveDateField(oUtil_, f_.txtPesu(Index));
+    } else {
+        oUtil_.SalirCampo(f_.txtPesu(Index));
+    }
+}
+
+}  // namespace velmora::tracking

@@ -1,0 +1,129 @@
+// How the tracking form looks: captions that never change, the arrangement, and the order of work for the Tab key.
+
+#include "velmora/tracking/frm_seguimiento.h"
+
+namespace velmora::tracking {
+
+using screen::Layout;
+using screen::Role;
+namespace lay = screen::layout;
+
+namespace {
+
+// Widths in digits.
+constexpr int codeWidth = 7;
+constexpr int dateWidth = 10;
+constexpr int measureWidth = 7;
+constexpr int amountWidth = 10;
+constexpr int typeWidth = 27;
+
+void writeFixedCaptions(TrackingFields& f) {
+    f.fraFiltros.setCaption("Filtros");
+    f.chkAcopla.setCaption("Acoplamiento");
+    f.cmdfiltro.setCaption("&Ejecutar Filtro");
+    f.fraMedidas.setCaption("Buscar Propuestas por medidas");
+    f.XPButton4.setCaption("&Buscar Propuestas");
+    f.fraDatos.setCaption("Datos del Presupuesto");
+    f.XPButton1.setCaption("&Presupuesto Aceptado");
+    f.XPButton2.setCaption("&Ver Orden de Trabajo");
+    f.XPButton3.setCaption("&Salir (ESC)");
+    f.cmdExcel.setCaption("Exportar a excel");
+    f.lblTeclas.setCaption("En la lista: F8 ver propuesta, F9 ver orden");
+    f.dbgDPI.setAccessibleName("Lista de presupuestos");
+    f.Label1(10).setAccessibleName("Acerca del programa");
+}
+
+Layout criterion(std::string caption, screen::TextBox& box) {
+    return lay::field(std::move(caption), box, dateWidth);
+}
+
+Layout filters(TrackingFields& f) {
+    return lay::group(
+        f.fraFiltros,
+        lay::grid(3,  //
+                  criterion("De Cliente", f.txtCriterio(customerFrom)).number(),
+                  criterion("a Cliente", f.txtCriterio(customerTo)).number(),
+                  lay::field("Tipo de Propuesta", f.cboTipoPre, typeWidth),  //
+                  criterion("De Fecha", f.txtCriterio(dateFrom)), criterion("a Fecha", f.txtCriterio(dateTo)),
+                  lay::field("Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
+                  criterion("De Numero", f.txtCriterio(numberFrom)).number(),
+                  criterion("a Numero", f.txtCriterio(numberTo)).number(),
+                  lay::row(lay::plain(f.chkAcopla), lay::space(), lay::plain(f.cmdfiltro))));
+}
+
+Layout measure(std::string caption, screen::TextBox& box, std::string unit = {}) {
+    return lay::field(std::move(caption), box, measureWidth).number().units(std::move(unit));
+}
+
+Layout measures(TrackingFields& f) {
+    return lay::group(f.fraMedidas,
+                      lay::column(lay::grid(3,  //
+                                            measure("Z", f.Text1(1)), measure("Paso", f.Text1(0), "mm"),
+                                            measure("A.C.", f.Text1(8), "mm"),  //
+                                            measure("Ø Rodillo", f.Text1(2), "mm"), measure("Modulo", f.Text1(3), "mm"),
+                                            measure("Eje", f.Text1(7), "mm")),
+                                  lay::row(lay::space(), lay::plain(f.XPButton4))));
+}
+
+Layout text(std::string caption, screen::TextBox& box, int width = 0) {
+    return lay::field(std::move(caption), box, width).above();
+}
+
+Layout amount(std::string caption, screen::TextBox& box) {
+    return lay::field(std::move(caption), box, amountWidth).number().units("€").as(Role::calculated).above();
+}
+
+Layout detail(TrackingFields& f) {
+    return lay::group(
+        f.fraDatos,
+        lay::column(lay::row(text("Codigo Cliente", f.txtPesu(customerCode), codeWidth).number().as(Role::calculated),
+                             text("Nombre Cliente", f.txtPesu(customerName)).as(Role::calculated).stretched(4),
+                             text("Ref. Cliente", f.txtPesu(customerReference)).stretched(2),
+                             text("Pedido. Cliente", f.txtPesu(customerOrder)).stretched(2),
+                             text("Fecha Pedido", f.txtPesu(orderDate), dateWidth),
+                             text("Fecha Entrega", f.txtPesu(deliveryDate), dateWidth)),
+                    lay::row(amount("Importe Material", f.txtPesu(materialAmount)),
+                             amount("Mano Obra", f.txtPesu(labourAmount)),
+                             amount("Subcontratados", f.txtPesu(subcontractedAmount)),
+                             amount("Varios", f.txtPesu(otherAmount)), amount("Total Pieza", f.txtPesu(piecePrice)),
+                             text("Nº de Piezas", f.txtPesu(pieces), codeWidth).number(),
+                             amount("Importe Total", f.txtPesu(totalAmount)), lay::space())));
+}
+
+Layout buttons(TrackingFields& f) {
+    return lay::row(lay::plain(f.XPButton1), lay::plain(f.XPButton2), lay::plain(f.cmdExcel), lay::plain(f.lblTeclas),
+                    lay::space(), lay::plain(f.Label1(10)), lay::plain(f.XPButton3));
+}
+
+std::vector<screen::Control*> orderOfWork(TrackingFields& f) {
+    std::vector<screen::Control*> order;
+    f.txtCriterio.forEach([&](screen::TextBox& box) { order.push_back(&box); });
+    order.insert(order.end(), {&f.cboTipoPre, &f.cboFiltroHistorico, &f.chkAcopla, &f.cmdfiltro});
+    for (const int i : {1, 0, 8, 2, 3, 7}) {
+        order.push_back(&f.Text1(i));
+    }
+    order.insert(order.end(), {&f.XPButton4, &f.dbgDPI});
+    f.txtPesu.forEach([&](screen::TextBox& box) { order.push_back(&box); });
+    order.insert(order.end(), {&f.XPButton1, &f.XPButton2, &f.cmdExcel, &f.XPButton3});
+    return order;
+}
+
+/// Tab goes on from the list to what is typed for an order: the customer's references and the number of pieces.
+void passOverWhatIsShown(TrackingFields& f) {
+    for (const Detail shown : {customerCode, customerName, materialAmount, labourAmount, subcontractedAmount,
+                               otherAmount, piecePrice, totalAmount}) {
+        f.txtPesu(shown).setTabStop(false);
+    }
+}
+
+}  // namespace
+
+void frmSeguimiento::arrange() {
+    writeFixedCaptions(f_);
+    setLayout(lay::column(lay::row(filters(f_), measures(f_), lay::space()), lay::plain(f_.dbgDPI).stretched(),
+                          detail(f_), buttons(f_)));
+    setTabOrder(orderOfWork(f_));
+    passOverWhatIsShown(f_);
+}
+
+}  // namespace velmora::tracking

@@ -1,0 +1,51 @@
+#pragma once
+// The tracking of proposals: a list by filters or by measures, the row under the cursor in full, and from there to the
+// proposal, to its work order and to a spreadsheet.
+
+#include <cstdint>
+#include <string>
+
+#include "velmora/platform/desk.h"
+#include "velmora/platform/session/kestra_util.h"
+#include "velmora/platform/session/session.h"
+#include "velmora/tracking/detail.h"
+#include "velmora/tracking/opening.h"
+#include "velmora/tracking/proposal_list.h"
+#include "velmora/tracking/tracking_fields.h"
+
+namespace velmora::tracking {
+
+class frmSeguimiento : public screen::Form {
+  public:
+    /// Makes the form with an empty list. Errors: the database's.
+    frmSeguimiento(session::Session& session, platform::Desk& desk);
+
+    /// Lists by the filters, nothing at all when the flag is set; or by a condition of one's own, in which case filters
+    /// and flag play no part. Neither argument is changed. Errors: the database's; 94 when the first row lacks what
+    /// the panel shows.
+    void msCargarLista(std::int16_t& flag, std::string& where);
+
+    TrackingFields& fields() { return f_; }
+
+  private:
+    void arrange();
+    void Form_Load();
+    void wireFields();
+    void wireButtons();
+    void Form_KeyDown(screen::KeyDown& key);
+    void txtCriterio_GotFocus(int Index);
+    void txtCriterio_LostFocus(int Index);
+    void Text1_LostFocus(int Index);
+    void searchByMeasures();
+    void reload();
+
+    session::Session& session_;
+    platform::Desk& desk_;
+    TrackingFields f_{*this};
+    session::KestraUtil oUtil_;
+    ProposalList list_;
+    DetailPanel detail_;
+    Opening opening_;
+};
+
+}  // namespace velmora::tracking

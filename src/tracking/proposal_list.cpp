@@ -1,0 +1,47 @@
+#include "velmora/tracking/proposal_list.h"
+
+#include <utility>
+#include <vector>
+
+namespace velmora::tracking {
+
+namespace {
+
+/// The first columns of the statement.
+std::vector<screen::GridColumn> columns() {
+    return {
+        {.field = 0, .caption = "Tipo", .width = 1400},
+        {.field = 1, .caption = "Presupuesto", .width = 1000, .mask = "000000", .button = true},
+        {.field = 2, .caption = "Fecha Presupuesto", .width = 1500, .mask = "dd/mm/yyyy"},
+        {.field = 3, .caption = "Fecha Aceptación", .width = 1400, .mask = "dd/mm/yyyy"},
+        {.field = 4, .caption = "Orden", .width = 1200, .button = true},
+        {.field = 5, .caption = "Unidades", .width = 1200, .right = true},
+        {.field = 6, .caption = "Importe Unidad", .width = 1400, .mask = "#,##0.00", .right = true},
+        {.field = 7, .caption = "Cliente", .width = 1000, .right = true},
+        {.field = 8, .caption = "Nombre", .width = 6000},
+    };
+}
+
+sql::Recordset noRows() {
+    return sql::Recordset(sql::rowsInMemory({{"DPI_Id"}, {"DPI_Orden"}}, {}));
+}
+
+}  // namespace
+
+void ProposalList::show(const std::string& condition) {
+    // Chosen C-120: the old rows go before the new ones are asked for, so that a refused statement leaves an open list
+    // without rows, and no button works on what is no longer asked for.
+    put(noRows());
+    put(session_.Connection().execute(listStatement(condition)));
+}
+
+void ProposalList::put(sql::Recordset rows) {
+    // Chosen C-121: the grid takes the rows before the panel hears of them: a row that the panel cannot show is an
+    // error, and the list stands all the same.
+    f_.dbgDPI.bind(rows);
+    f_.dbgDPI.setColumns(columns());
+    f_.dbgDPI.refresh();
+    f_.rsDpi = std::move(rows);
+}
+
+}  // namespace velmora::tracking
