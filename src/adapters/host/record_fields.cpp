@@ -1,7 +1,6 @@
 #include "velmora/adapters/host/record_fields.h"
 
 #include <string_view>
-#include <utility>
 
 #include "velmora/platform/screen/data_grid.h"
 
@@ -33,10 +32,9 @@ screen::Layout recordField(const Boxes& boxes, std::span<const RecordField> fiel
     boxes(i).setLocked(true);
     screen::Layout place =
         lay::field(field.caption, boxes(i), field.width).as(screen::Role::calculated).units(field.unit).above();
-    if (isNumber(field)) {
-        place = std::move(place).number();
-    }
-    return field.width == 0 ? std::move(place).stretched() : place;
+    place.right = isNumber(field);
+    place.stretch = field.width == 0 ? 1 : 0;
+    return place;
 }
 
 screen::Layout recordRow(const Boxes& boxes, std::span<const RecordField> fields, int from, int to) {

@@ -96,7 +96,7 @@ std::string text(std::int32_t number) {
 }
 
 screen::Layout sprocket(const Boxes& boxes) {
-    screen::Layout grid{.kind = screen::Layout::Kind::grid, .columns = 7};
+    screen::Layout grid{.kind = screen::Layout::Kind::grid, .columns = 5};
     for (int i = 0; i < static_cast<int>(sprocketFields.size()); ++i) {
         grid.children.push_back(recordField(boxes, sprocketFields, i));
     }
@@ -126,16 +126,14 @@ void WorkOrderForm::arrange() {
     dbgRuta_.setAccessibleName("Ruta de la orden");
     cmdSalir_.setCaption("&Salir (ESC)");
     const auto row = [this](int from, int to) { return recordRow(txtOrden_, orderFields, from, to); };
-    setLayout(lay::column(lay::group(fraOrden_, lay::column(row(0, 6), row(7, 10), row(11, 14), row(15, 15))),
-                          lay::group(fraPiñon_, sprocket(txtPiñon_)),
-                          lay::row(lay::group(fraMaterial_, lay::plain(dbgMaterial_)).stretched(2),
-                                   lay::group(fraRuta_, lay::plain(dbgRuta_)).stretched(1))
-                              .stretched(),
-                          lay::row(lay::space(), lay::plain(cmdSalir_))));
+    setLayout(lay::column(
+        lay::group(fraOrden_, lay::column(row(0, 6), row(7, 10), row(11, 14), row(15, 15))),
+        lay::row(lay::group(fraPiñon_, sprocket(txtPiñon_)), lay::group(fraRuta_, lay::plain(dbgRuta_)).stretched()),
+        lay::group(fraMaterial_, lay::plain(dbgMaterial_)).stretched(), lay::row(lay::space(), lay::plain(cmdSalir_))));
     std::vector<screen::Control*> order;
     addTabStops(order, txtOrden_);
     addTabStops(order, txtPiñon_);
-    order.insert(order.end(), {&dbgMaterial_, &dbgRuta_, &cmdSalir_});
+    order.insert(order.end(), {&dbgRuta_, &dbgMaterial_, &cmdSalir_});
     setTabOrder(std::move(order));
 }
 
