@@ -33,21 +33,27 @@ void writeFixedCaptions(TrackingFields& f) {
     f.Label1(10).setAccessibleName("Acerca del programa");
 }
 
-Layout criterion(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, dateWidth);
+/// The words of a pair stand before its first field; the second one is named for assistive technology.
+Layout from(std::string pair, screen::TextBox& box) {
+    return lay::field(std::move(pair), box, dateWidth);
+}
+
+Layout to(std::string_view name, screen::TextBox& box) {
+    box.setAccessibleName(name);
+    return lay::plain(box, dateWidth);
 }
 
 Layout filters(TrackingFields& f) {
     return lay::group(
         f.fraFiltros,
         lay::grid(3,  //
-                  criterion("De Cliente", f.txtCriterio(customerFrom)).number(),
-                  criterion("a Cliente", f.txtCriterio(customerTo)).number(),
+                  from("De Cliente  a      Cliente", f.txtCriterio(customerFrom)).number(),
+                  to("a Cliente", f.txtCriterio(customerTo)).number(),
                   lay::field("Tipo de Propuesta", f.cboTipoPre, typeWidth),  //
-                  criterion("De Fecha", f.txtCriterio(dateFrom)), criterion("a Fecha", f.txtCriterio(dateTo)),
-                  lay::field("Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
-                  criterion("De Numero", f.txtCriterio(numberFrom)).number(),
-                  criterion("a Numero", f.txtCriterio(numberTo)).number(),
+                  from("De Fecha   a        Fecha", f.txtCriterio(dateFrom)), to("a Fecha", f.txtCriterio(dateTo)),
+                  lay::field("  Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
+                  from("De Numero   a        Numero", f.txtCriterio(numberFrom)).number(),
+                  to("a Numero", f.txtCriterio(numberTo)).number(),
                   lay::row(lay::plain(f.chkAcopla), lay::space(), lay::plain(f.cmdfiltro))));
 }
 
