@@ -33,23 +33,29 @@ void writeFixedCaptions(TrackingFields& f) {
     f.Label1(10).setAccessibleName("Acerca del programa");
 }
 
-// Chosen C-123: the caption of a pair, "De Cliente  a      Cliente", stands in two parts, each beside its field.
-Layout criterion(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, dateWidth);
+/// The words of a pair stand before its first field; each of the two has a name of its own for assistive technology.
+Layout from(std::string pair, std::string_view name, screen::TextBox& box) {
+    box.setAccessibleName(name);
+    return lay::field(std::move(pair), box, dateWidth);
+}
+
+Layout to(std::string_view name, screen::TextBox& box) {
+    box.setAccessibleName(name);
+    return lay::plain(box, dateWidth);
 }
 
 Layout filters(TrackingFields& f) {
-    return lay::group(
-        f.fraFiltros,
-        lay::grid(3,  //
-                  criterion("De Cliente", f.txtCriterio(customerFrom)).number(),
-                  criterion("a Cliente", f.txtCriterio(customerTo)).number(),
-                  lay::field("Tipo de Propuesta", f.cboTipoPre, typeWidth),  //
-                  criterion("De Fecha", f.txtCriterio(dateFrom)), criterion("a Fecha", f.txtCriterio(dateTo)),
-                  lay::field("Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
-                  criterion("De Numero", f.txtCriterio(numberFrom)).number(),
-                  criterion("a Numero", f.txtCriterio(numberTo)).number(),
-                  lay::row(lay::plain(f.chkAcopla), lay::space(), lay::plain(f.cmdfiltro))));
+    return lay::group(f.fraFiltros,
+                      lay::grid(3,  //
+                                from("De Cliente  a      Cliente", "De Cliente", f.txtCriterio(customerFrom)).number(),
+                                to("a Cliente", f.txtCriterio(customerTo)).number(),
+                                lay::field("Tipo de Propuesta", f.cboTipoPre, typeWidth),  //
+                                from("De Fecha   a        Fecha", "De Fecha", f.txtCriterio(dateFrom)),
+                                to("a Fecha", f.txtCriterio(dateTo)),
+                                lay::field("  Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
+                                from("De Numero   a        Numero", "De Numero", f.txtCriterio(numberFrom)).number(),
+                                to("a Numero", f.txtCriterio(numberTo)).number(),
+                                lay::row(lay::plain(f.chkAcopla), lay::space(), lay::plain(f.cmdfiltro))));
 }
 
 Layout measure(std::string caption, screen::TextBox& box, std::string unit = {}) {

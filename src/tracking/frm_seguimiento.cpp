@@ -30,7 +30,8 @@ frmSeguimiento::frmSeguimiento(session::Session& session, platform::Desk& desk)
       oUtil_(desk.screen, session.Connection()),
       list_(f_, session),
       detail_(f_, oUtil_, desk.screen),
-      opening_(f_, session, desk, [this] { reload(); }) {
+      opening_(f_, session, desk, [this] { reload(); }),
+      acceptance_(f_, session, oUtil_, desk, [this] { reload(); }) {
     arrange();
     wireFields();
     wireButtons();
@@ -79,6 +80,7 @@ void frmSeguimiento::wireFields() {
 void frmSeguimiento::wireButtons() {
     onKeyDown = [this](screen::KeyDown& key) { Form_KeyDown(key); };
     f_.cmdfiltro.onClick = [this] { reload(); };
+    f_.XPButton1.onClick = [this] { acceptance_.msAceptarPresupuesto(); };
     f_.XPButton2.onClick = [this] { opening_.XPButton2_Click(); };
     f_.XPButton3.onClick = [this] { unload(); };
     f_.XPButton4.onClick = [this] { searchByMeasures(); };

@@ -8,6 +8,7 @@
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/kestra_util.h"
 #include "velmora/platform/session/session.h"
+#include "velmora/tracking/acceptance.h"
 #include "velmora/tracking/detail.h"
 #include "velmora/tracking/opening.h"
 #include "velmora/tracking/proposal_list.h"
@@ -46,6 +47,7 @@ class frmSeguimiento : public screen::Form {
     ProposalList list_;
     DetailPanel detail_;
     Opening opening_;
+    Acceptance acceptance_;
 };
 
 }  // namespace velmora::tracking

@@ -53,7 +53,7 @@ TEST_F(FormTest, TheButtonsBearTheirCaptions) {
     EXPECT_EQ(fields().fraDatos.caption(), "Datos del Presupuesto");
 }
 
-TEST_F(FormTest, TheCaptionOfAPairIsSharedByItsFields) {
+TEST_F(FormTest, EachFieldOfAPairHasItsName) {
     open();
     std::vector<std::string> names;
     fields().txtCriterio.forEach([&](screen::TextBox& box) { names.push_back(box.accessibleName()); });

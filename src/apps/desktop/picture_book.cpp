@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "velmora/adapters/host/delivery_note_form.h"
+#include "velmora/adapters/host/work_order_form.h"
 #include "velmora/adapters/qt/picture.h"
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/text.h"
@@ -69,6 +71,24 @@ std::unique_ptr<screen::Form> trackingForm(session::Session& session, platform::
     return form;
 }
 
+/// The newest order with a sprocket's measures, both materials and a route.
+std::unique_ptr<screen::Form> workOrderForm(session::Session& session) {
+    auto form = std::make_unique<host::WorkOrderForm>(session.Connection());
+    const sql::Recordset newest = session.Connection().execute(
+        "SELECT max(ORDEN_NUM) as Orden FROM ORDEN inner join OrdPiñones on Opi_OrdId = ORDEN_ID where Opi_PesoCub > "
+        "0");
+    form->load(newest["Orden"].isNull() ? 0 : newest["Orden"].toLong());
+    return form;
+}
+
+/// The newest delivery note.
+std::unique_ptr<screen::Form> deliveryNoteForm(session::Session& session) {
+    auto form = std::make_unique<host::DeliveryNoteForm>(session);
+    const sql::Recordset newest = session.Connection().execute("SELECT max(CAC_ID) as Albaran FROM CAC");
+    form->load(newest["Albaran"].isNull() ? 0 : newest["Albaran"].toLong());
+    return form;
+}
+
 }  // namespace
 
 std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
@@ -80,6 +100,8 @@ std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
     }
     pages.push_back({"mano_de_obra", [&session, &desk] { return labourForm(session, desk); }});
     pages.push_back({"seguimiento", [&session, &desk] { return trackingForm(session, desk); }});
+    pages.push_back({"orden_de_trabajo", [&session] { return workOrderForm(session); }});
+    pages.push_back({"albaran", [&session] { return deliveryNoteForm(session); }});
     return pages;
 }
 

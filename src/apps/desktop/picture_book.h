@@ -21,7 +21,7 @@ struct Page {
     std::function<std::unique_ptr<screen::Form>()> make;
 };
 
-/// The main form with a proposal of each product type, and the labour form.
+/// The main form with a proposal of each product type, the labour form, and the other windows.
 std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk);
 
 /// Writes each page as a PNG into the folder, which is made when it does not exist. Gives the paths. Errors:

@@ -5,9 +5,7 @@
 
 namespace velmora::screen {
 
-namespace {
-
-std::string shown(const sql::Value& value, const std::string& mask) {
+std::string shownUnder(const sql::Value& value, const std::string& mask) {
     if (value.isNull()) {
         return {};
     }
@@ -22,8 +20,6 @@ std::string shown(const sql::Value& value, const std::string& mask) {
     }
     return value.isNumber() ? runtime::Format(value.toDouble(), mask) : runtime::Format(value.toText(), mask);
 }
-
-}  // namespace
 
 void DataGrid::setColumns(std::vector<GridColumn> columns) {
     columns_ = std::move(columns);
@@ -47,7 +43,7 @@ std::string DataGrid::cellText(std::size_t row, std::size_t column) const {
     }
     const GridColumn& shape = columns_[column];
     const auto field = static_cast<std::size_t>(shape.field);
-    return field < values->size() ? shown((*values)[field], shape.mask) : std::string{};
+    return field < values->size() ? shownUnder((*values)[field], shape.mask) : std::string{};
 }
 
 void DataGrid::moveToRow(std::size_t row) {

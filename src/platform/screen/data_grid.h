@@ -20,6 +20,9 @@ struct GridColumn {
     bool visible = true;
 };
 
+/// A value as a cell shows it under a column's mask; null is empty.
+std::string shownUnder(const sql::Value& value, const std::string& mask);
+
 class DataGrid : public Control {
   public:
     using Control::Control;

@@ -1,0 +1,101 @@
+#include "velmora/adapters/host/delivery_note_form.h"
+
+#include <array>
+#include <string>
+
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::host {
+
+namespace lay = screen::layout;
+
+namespace {
+
+constexpr std::array noteFields{
+    RecordField{.column = "CAC_IDPRO", .caption = "Proveedor", .width = 10, .mask = "#0"},
+    RecordField{.column = "CAC_SERIE", .caption = "Serie", .width = 8},
+    RecordField{.column = "CAC_NUMERO", .caption = "Numero", .width = 10, .mask = "#0"},
+    RecordField{.column = "CAC_FECHA", .caption = "Fecha", .width = 12, .mask = "dd/mm/yyyy"},
+};
+
+constexpr const char* measure = "#,##0.00";
+
+std::vector<screen::GridColumn> lineColumns(const std::string& priceMask) {
+    return {
+        {.field = 0, .caption = "Articulo", .width = 1600},
+        {.field = 1, .caption = "Descripción", .width = 3600},
+        {.field = 2, .caption = "Ancho", .width = 1000, .mask = measure, .right = true},
+        {.field = 3, .caption = "Espesor", .width = 1000, .mask = measure, .right = true},
+        {.field = 4, .caption = "Ø Ext", .width = 1000, .mask = measure, .right = true},
+        {.field = 5, .caption = "Ø Int", .width = 1000, .mask = measure, .right = true},
+        {.field = 6, .caption = "Largo", .width = 1100, .mask = measure, .right = true},
+        {.field = 7, .caption = "Precio", .width = 1200, .mask = priceMask, .right = true},
+    };
+}
+
+std::string priceMask(const session::Session& session) {
+    const sql::Value decimals = session.Parametros("par_decprecom");
+    return "#0." + std::string(static_cast<std::size_t>(decimals.isNull() ? 2 : decimals.toLong()), '0');
+}
+
+std::string text(std::int32_t number) {
+    return runtime::CStr(std::int64_t{number});
+}
+
+}  // namespace
+
+DeliveryNoteForm::DeliveryNoteForm(session::Session& session) : Form("frmAlbaran"), session_(session) {
+    setCaption("Albarán de Compra");
+    arrange();
+    cmdSalir_.onClick = [this] { unload(); };
+    onKeyDown = [this](screen::KeyDown& key) {
+        passUsualKeys(key);
+        if (key.key == screen::Key::escape) {
+            unload();
+        }
+    };
+}
+
+void DeliveryNoteForm::arrange() {
+    fraAlbaran_.setCaption("Albarán");
+    dbgLineas_.setAccessibleName("Lineas del albarán");
+    lblTotal_.setAccessibleName("Suma de los precios de las lineas");
+    cmdSalir_.setCaption("&Salir (ESC)");
+    screen::Layout head = recordRow(txtAlbaran_, noteFields, 0, 3);
+    head.children.push_back(lay::space());
+    setLayout(lay::column(
+        lay::group(fraAlbaran_, std::move(head)), lay::plain(dbgLineas_).stretched(),
+        lay::row(lay::space(), lay::field("Total Precios", lblTotal_).number().units("€").as(screen::Role::total)),
+        lay::row(lay::space(), lay::plain(cmdSalir_))));
+    std::vector<screen::Control*> order;
+    addTabStops(order, txtAlbaran_);
+    order.insert(order.end(), {&dbgLineas_, &cmdSalir_});
+    setTabOrder(std::move(order));
+}
+
+bool DeliveryNoteForm::load(std::int32_t id) {
+    const sql::Recordset note = session_.Connection().execute("SELECT * FROM CAC where CAC_ID = " + text(id));
+    if (!note.hasRows()) {
+        return false;
+    }
+    showRecord(txtAlbaran_, noteFields, note);
+    setCaption("Albarán de Compra " + txtAlbaran_(1).text() + " / " + txtAlbaran_(2).text());
+    loadLines(id);
+    return true;
+}
+
+void DeliveryNoteForm::loadLines(std::int32_t id) {
+    sql::Connection& connection = session_.Connection();
+    const std::string mask = priceMask(session_);
+    // An article's code could stand in ART twice; a line must not.
+    dbgLineas_.bind(connection.execute(
+        "SELECT LAC_CODART,(select max(ART_DES) from ART where ART_COD = LAC_CODART) as Descripcion,LAC_ANCHO,"
+        "LAC_ESPESOR,LAC_DEXTERIOR,LAC_DINTERIOR,LAC_LARGO,LAC_PRECIO FROM LAC where LAC_IDCAC = " +
+        text(id)));
+    dbgLineas_.setColumns(lineColumns(mask));
+    const sql::Recordset sum =
+        connection.execute("SELECT isnull(sum(LAC_PRECIO),0) as Total FROM LAC where LAC_IDCAC = " + text(id));
+    lblTotal_.setCaption(screen::shownUnder(sum["Total"], mask));
+}
+
+}  // namespace velmora::host

@@ -1,0 +1,66 @@
+#include "velmora/tracking/order_sprocket.h"
+
+#include <array>
+#include <string_view>
+
+#include "velmora/data/product_types.h"
+
+namespace velmora::tracking {
+
+using session::Tipo;
+
+namespace {
+
+struct CopiedColumn {
+    std::string_view column;
+    std::string_view from;  ///< of DPI
+};
+
+constexpr std::array copiedColumns{
+    CopiedColumn{"Opi_Pas", "DPI_pas"},
+    CopiedColumn{"Opi_Die", "DPI_Z"},
+    CopiedColumn{"Opi_Rod", "DPI_rodillo"},
+    CopiedColumn{"Opi_Anca", "DPI_ac"},
+    CopiedColumn{"Opi_Eje", "DPI_Eje"},
+    CopiedColumn{"Opi_Chav", "dpi_chav"},
+    CopiedColumn{"Opi_Pri", "dpi_pri"},
+    CopiedColumn{"Opi_DmPri", "DPI_DmPri"},
+    CopiedColumn{"Opi_DmFon", "DPI_DmFon"},
+    CopiedColumn{"Opi_DmExt", "DPI_DmExt"},
+    CopiedColumn{"Opi_DmCub", "DPI_DmCub"},
+    CopiedColumn{"Opi_Alt", "DPI_Alt"},
+    CopiedColumn{"Opi_Ancto", "DPI_AnchoTotal"},
+    CopiedColumn{"Opi_Llanta", "DPI_llanta"},
+    CopiedColumn{"Opi_Anccu", "DPI_AnchoCubo"},
+    CopiedColumn{"Opi_Disdm", "DPI_DisCortDM"},
+    CopiedColumn{"Opi_DisGr", "DPI_DisCortAN"},
+    CopiedColumn{"Opi_Cubdm", "DPI_CubCortDM"},
+    CopiedColumn{"Opi_CubGr", "DPI_CubCortAN"},
+    CopiedColumn{"Opi_PesoDis", "DPI_DisCortPESO"},
+    CopiedColumn{"Opi_PesoCub", "DPI_CubCortPESO"},
+};
+
+}  // namespace
+
+void addSprocketData(session::Session& session, const sql::Recordset& proposal, WorkOrder& order) {
+    if (data::isRack(proposal["DPI_tipo"].toLong())) {
+        return;
+    }
+    session::FieldList& campos = beginRow(session, "OrdPiñones");
+    campos.Add("Opi_OrdId", Tipo::wholeNumber, order.id);
+    for (const CopiedColumn& each : copiedColumns) {
+        campos.Add(each.column, Tipo::number, proposal[each.from]);
+    }
+    std::string sMsg;
+    bool ok = false;
+    session.Insertar(sMsg, ok);
+    if (!ok) {
+        // Kept K-147: the words tell of material, although the row is the sprocket's.
+        raise(sprocketRefused, "Error en la grabacion del registro de material en la orden\r\n" + sMsg);
+    }
+    // Kept K-148: the new row is taken for the one with the highest id; between the two statements another client may
+    // have written his.
+    order.sprocketId = session.Connection().execute("SELECT MAX(Opi_Id) FROM OrdPiñones")[0].toLong();
+}
+
+}  // namespace velmora::tracking

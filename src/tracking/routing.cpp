@@ -1,0 +1,60 @@
+#include "velmora/tracking/routing.h"
+
+#include <string>
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+#include "velmora/tracking/order_description.h"
+
+namespace velmora::tracking {
+
+using session::Tipo;
+
+namespace {
+
+constexpr std::int32_t cuttingMachine = 131;
+constexpr double cuttingEstimate = 1;
+
+}  // namespace
+
+bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrden, std::int32_t numOrden,
+                double estimado, std::int32_t maq) {
+    const sql::Recordset place = session.Connection().execute(
+        "select isnull(max(rut_mpos),0)+1 from rut where rut_maq =" + runtime::CStr(std::int64_t{maq}));
+    const std::int32_t queue = place[0].toLong();
+    session.Modo(0);
+    session.Tabla("RUT");
+    session::FieldList& campos = session.Campos();
+    campos.Add("RUT_IdUsu", Tipo::wholeNumber, session.IdUsuario());
+    campos.Add("RUT_pos", Tipo::wholeNumber, pos);
+    campos.Add("RUT_IdOrden", Tipo::wholeNumber, idOrden);
+    campos.Add("RUT_NumOrden", Tipo::wholeNumber, numOrden);
+    campos.Add("RUT_Maq", Tipo::wholeNumber, maq);
+    campos.Add("RUT_Estimado", Tipo::number, estimado);
+    campos.Add("RUT_Mpos", Tipo::wholeNumber, queue);
+    std::string error;
+    bool ok = false;
+    session.Insertar(error, ok);
+    return ok;
+}
+
+void addRoute(session::Session& session, const sql::Recordset& proposal, const WorkOrder& order,
+              std::string_view pieces) {
+    std::int16_t nPos = 0;
+    // Kept K-152: a row that is refused is passed over in silence and its position stays empty: the order is good
+    // without it, and the shop fills the gap by hand.
+    const auto add = [&](double hours, std::int32_t machine) {
+        FnAltaRuta(session, ++nPos, order.id, order.number, hours, machine);
+    };
+    for (int cut = 0; cut < order.cuts; ++cut) {
+        add(cuttingEstimate, cuttingMachine);
+    }
+    const sql::Recordset lines = session.Connection().execute(
+        "Select (modpi_tiempo * " + runtime::Replace(pieces, ",", ".") +
+        ")as Tiempo ,modpi_maq from modpi where modpi_dpi=" + joined(proposal["dpi_id"]) + " Order by modpi_id asc");
+    for (sql::Recordset line = lines; !line.eof(); line.moveNext()) {
+        add(line["Tiempo"].toDouble(), line["modpi_maq"].toLong());
+    }
+}
+
+}  // namespace velmora::tracking

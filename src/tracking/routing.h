@@ -1,0 +1,23 @@
+#pragma once
+// The route of a work order: the machines that it passes, in order.
+
+#include <cstdint>
+#include <string_view>
+
+#include "velmora/platform/session/session.h"
+#include "velmora/platform/sql/recordset.h"
+#include "velmora/tracking/work_order.h"
+
+namespace velmora::tracking {
+
+/// Adds one row to the route, behind all that already waits for the machine; `estimado` in hours. True when it was
+/// stored. Errors: those of the look-up.
+bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrden, std::int32_t numOrden,
+                double estimado, std::int32_t maq);
+
+/// The route of a new order: its cuts, then the labour lines of the proposal, each for so many pieces as the text
+/// tells. Errors: those of the statements that read; a row that is refused is passed over.
+void addRoute(session::Session& session, const sql::Recordset& proposal, const WorkOrder& order,
+              std::string_view pieces);
+
+}  // namespace velmora::tracking

@@ -1,0 +1,43 @@
+#pragma once
+// What the steps of an acceptance hand to each other, and the errors that they raise.
+
+#include <cstdint>
+#include <string>
+
+#include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/session/session.h"
+
+namespace velmora::tracking {
+
+/// A work order in the making.
+struct WorkOrder {
+    std::int32_t number = 0;      ///< ORDEN_NUM
+    std::int32_t id = 0;          ///< ORDEN_ID
+    std::int32_t sprocketId = 0;  ///< Opi_Id; stays 0 for a rack
+    std::int16_t cuts = 0;        ///< material rows that are cut in the shop
+};
+
+/// Numbers of the errors that an acceptance raises by itself.
+enum AcceptanceError : long {
+    connectionLost = -9998,
+    writeRefused = -9999,  ///< of the order, of the mark on the proposal
+    sprocketRefused = -99997,
+    materialRefused = -9996,
+};
+
+/// Throws one of them. The reason stands in the source; the description is the language's for an error that it does not
+/// know.
+[[noreturn]] inline void raise(AcceptanceError number, std::string reason) {
+    // Kept K-142: who shows the description shows generic words; the reason is there for who looks at the source.
+    throw runtime::RuntimeError(number, runtime::errorDescription(number), std::move(reason));
+}
+
+/// Begins the list of columns of a row that will be written.
+inline session::FieldList& beginRow(session::Session& session, std::string_view table, std::string_view where = "") {
+    session.Tabla(table);
+    session.Donde(where);
+    session.Modo(0);
+    return session.Campos();
+}
+
+}  // namespace velmora::tracking
