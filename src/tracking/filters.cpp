@@ -130,7 +130,8 @@ std::string measuresCondition(const TrackingFields& f) {
             text += measure.clause + runtime::Replace(value, ",", ".") + " " + join;
         }
     }
-    // Kept K-123: the coupling plays no part in this search: a measured piece is like another with or without it.
+    // Kept K-123: the coupling plays no part in this search, nor is there an order: a measured piece is like another
+    // with or without a coupling, early or late.
     const std::string state = stateClause(f.cboFiltroHistorico.listIndex());
     text += state.empty() ? "" : state + join;
     return text.substr(0, text.size() - std::string_view(join).size());

@@ -33,8 +33,9 @@ void writeFixedCaptions(TrackingFields& f) {
     f.Label1(10).setAccessibleName("Acerca del programa");
 }
 
-/// The words of a pair stand before its first field; the second one is named for assistive technology.
-Layout from(std::string pair, screen::TextBox& box) {
+/// The words of a pair stand before its first field; each of the two has a name of its own for assistive technology.
+Layout from(std::string pair, std::string_view name, screen::TextBox& box) {
+    box.setAccessibleName(name);
     return lay::field(std::move(pair), box, dateWidth);
 }
 
@@ -44,17 +45,17 @@ Layout to(std::string_view name, screen::TextBox& box) {
 }
 
 Layout filters(TrackingFields& f) {
-    return lay::group(
-        f.fraFiltros,
-        lay::grid(3,  //
-                  from("De Cliente  a      Cliente", f.txtCriterio(customerFrom)).number(),
-                  to("a Cliente", f.txtCriterio(customerTo)).number(),
-                  lay::field("Tipo de Propuesta", f.cboTipoPre, typeWidth),  //
-                  from("De Fecha   a        Fecha", f.txtCriterio(dateFrom)), to("a Fecha", f.txtCriterio(dateTo)),
-                  lay::field("  Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
-                  from("De Numero   a        Numero", f.txtCriterio(numberFrom)).number(),
-                  to("a Numero", f.txtCriterio(numberTo)).number(),
-                  lay::row(lay::plain(f.chkAcopla), lay::space(), lay::plain(f.cmdfiltro))));
+    return lay::group(f.fraFiltros,
+                      lay::grid(3,  //
+                                from("De Cliente  a      Cliente", "De Cliente", f.txtCriterio(customerFrom)).number(),
+                                to("a Cliente", f.txtCriterio(customerTo)).number(),
+                                lay::field("Tipo de Propuesta", f.cboTipoPre, typeWidth),  //
+                                from("De Fecha   a        Fecha", "De Fecha", f.txtCriterio(dateFrom)),
+                                to("a Fecha", f.txtCriterio(dateTo)),
+                                lay::field("  Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
+                                from("De Numero   a        Numero", "De Numero", f.txtCriterio(numberFrom)).number(),
+                                to("a Numero", f.txtCriterio(numberTo)).number(),
+                                lay::row(lay::plain(f.chkAcopla), lay::space(), lay::plain(f.cmdfiltro))));
 }
 
 Layout measure(std::string caption, screen::TextBox& box, std::string unit = {}) {
@@ -114,7 +115,8 @@ std::vector<screen::Control*> orderOfWork(TrackingFields& f) {
     return order;
 }
 
-/// Tab goes on from the list to what is typed for an order: the customer's references and the number of pieces.
+// Chosen C-122: Tab goes on from the list to what is typed for an order, the customer's references and the number of
+// pieces; the other fields of the panel are reached with the mouse.
 void passOverWhatIsShown(TrackingFields& f) {
     for (const Detail shown : {customerCode, customerName, materialAmount, labourAmount, subcontractedAmount,
                                otherAmount, piecePrice, totalAmount}) {

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Walks over the main form as no user would: random deeds, texts that nobody foresaw, answers as they come. Whatever is
-entered, the program goes on: no crash, no endless chain of field, event, field.
+"""Walks over the main form and, every third time, over the tracking form, as no user would: random deeds, texts that
+nobody foresaw, answers as they come. Whatever is entered, the program goes on: no crash, no endless chain of field,
+event, field.
 
     random_walks.py DRIVER [WALKS [DEEDS [FIRST]]]
 """
@@ -39,12 +40,46 @@ def deed(rng):
     return rng.choices([make for _, make in kinds], [weight for weight, _ in kinds])[0]()
 
 
+CRITERIA = ["txtCriterio(%d)" % i for i in range(6)]
+TRACKING_BOXES = ["Text1(%d)" % i for i in (0, 1, 2, 3, 7, 8)] + ["txtPesu(%d)" % i for i in range(13)]
+CRITERION_TEXTS = [
+    "", "", "1", "300", "1001", "1002", "010126", "31122026", "01/01/26", "99999999999", "abc", "-", "' or 1=1",
+]
+
+
+# What may have opened a form over the list is closed again; where nothing did, the list is, and another one opens.
+BACK = "\nkey ESC\nopen seguimiento"
+
+
+def tracking_deed(rng):
+    kinds = [
+        (10, lambda: 'try set %s "%s"' % (rng.choice(CRITERIA), rng.choice(CRITERION_TEXTS))),
+        (25, lambda: 'try set %s ""' % rng.choice(CRITERIA)),
+        (10, lambda: 'try set %s "%s"' % (rng.choice(TRACKING_BOXES), rng.choice(TEXTS))),
+        (8, lambda: 'try type %s "%s"' % (rng.choice(CRITERIA + TRACKING_BOXES), rng.choice(TEXTS))),
+        (6, lambda: "try choose cboTipoPre %d" % rng.choice([0, 0, 0, *range(16)])),
+        (6, lambda: "try choose cboFiltroHistorico %d" % rng.randrange(3)),
+        (3, lambda: "try check chkAcopla " + rng.choice(["on", "off"])),
+        (20, lambda: "try press " + rng.choice(["cmdfiltro", "cmdfiltro", "XPButton4"])),
+        (12, lambda: "try row dbgDPI %d" % rng.randrange(40)),
+        (4, lambda: "try cell dbgDPI %d" % rng.choice([1, 4]) + BACK),
+        (4, lambda: "try gridkey dbgDPI " + rng.choice(["F8", "F9"]) + BACK),
+        (2, lambda: "try press XPButton2" + BACK),
+        (3, lambda: "try press " + rng.choice(["XPButton1", "cmdExcel"])),
+        (8, lambda: "key " + rng.choice(["ENTER", "DECIMAL", "TAB"])),
+        (4, lambda: "leave"),
+    ]
+    return rng.choices([make for _, make in kinds], [weight for weight, _ in kinds])[0]()
+
+
 def walk(seed, deeds):
     rng = random.Random(seed)
     lines = []
     for _ in range(deeds):
         lines.append("answer " + rng.choice(["cancel", "cancel", "no", "yes"]))
         lines.append("pick " + rng.choice(["none", "0", "3"]))
+    if seed % 3 == 0:
+        return lines + ["open seguimiento"] + [tracking_deed(rng) for _ in range(deeds)] + ["close"]
     return lines + ["open propuestas"] + [deed(rng) for _ in range(deeds)] + ["close"]
 
 

@@ -53,6 +53,13 @@ TEST_F(FormTest, TheButtonsBearTheirCaptions) {
     EXPECT_EQ(fields().fraDatos.caption(), "Datos del Presupuesto");
 }
 
+TEST_F(FormTest, EachFieldOfAPairHasItsName) {
+    open();
+    std::vector<std::string> names;
+    fields().txtCriterio.forEach([&](screen::TextBox& box) { names.push_back(box.accessibleName()); });
+    EXPECT_THAT(names, ElementsAre("De Cliente", "a Cliente", "De Fecha", "a Fecha", "De Numero", "a Numero"));
+}
+
 TEST_F(FormTest, EveryControlHasANameToBeReadOut) {
     open();
     for (const screen::Control* control : form->controls()) {
@@ -272,7 +279,6 @@ class OpeningTest : public TrackingTest {
             EXPECT_EQ(main.tag(), "");
             EXPECT_EQ(main.fields().txtPesu(3).text(), number);
             EXPECT_FALSE(main.fields().txtPesu(0).enabled()) << "read-only";
-            EXPECT_TRUE(main.buttonsAndGrid().XPImprime.enabled()) << "the buttons are not those of jShowPropuesta";
             shop.connection.clear();
             ++shownForms;
         });
@@ -290,6 +296,33 @@ TEST_F(OpeningTest, TheNumbersButtonShowsTheProposalReadOnlyAndListsAnew) {
     EXPECT_THAT(shop.connection.log(), SizeIs(1)) << "the list, once the proposal was closed";
     EXPECT_EQ(lastCondition(), "where dpi_id <> 0 Order by DPI_Fecha DESC ");
     EXPECT_THAT(shop.errors, IsEmpty());
+}
+
+TEST_F(OpeningTest, TheProposalsFormKeepsTheButtonsThatTheLoadLeft) {
+    std::vector<std::pair<std::string, bool>> loaded;
+    shop.form().msCargarPresupuesto(1, false);
+    for (const screen::Control* control : shop.form().controls()) {
+        if (dynamic_cast<const screen::Button*>(control) != nullptr) {
+            loaded.emplace_back(control->fullName(), control->enabled());
+        }
+    }
+    shop.screen.queueModal([&](screen::Form& shown) {
+        for (const auto& [name, enabled] : loaded) {
+            EXPECT_EQ(shown.find(name)->enabled(), enabled) << name;
+        }
+    });
+    cell(1);
+}
+
+TEST_F(OpeningTest, TheButtonsAreNotThoseOfTheHostsConsultation) {
+    shop.screen.queueModal([](screen::Form& shown) {
+        const auto& buttons = dynamic_cast<proposal::frmBercialPiñones&>(shown).buttonsAndGrid();
+        EXPECT_TRUE(buttons.XPGrabar.enabled());
+        EXPECT_TRUE(buttons.XPImprime.enabled());
+        EXPECT_TRUE(buttons.cmdDuplicar.enabled());
+        EXPECT_TRUE(buttons.cmdeliminarrPropuesta.enabled());
+    });
+    cell(1);
 }
 
 TEST_F(OpeningTest, F8InTheListDoesTheSame) {

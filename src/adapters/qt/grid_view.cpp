@@ -1,7 +1,6 @@
 #include "velmora/adapters/qt/grid_view.h"
 
 #include <QHeaderView>
-#include <QLocale>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -11,6 +10,7 @@
 #include "velmora/adapters/qt/grid_table.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/screen/form.h"
 
 namespace velmora::qt {
@@ -176,14 +176,14 @@ void GridView::jumpTo(bool last) {
 }
 
 void GridView::showCount() {
-    const QLocale spanish(QLocale::Spanish, QLocale::Spain);
+    const auto number = [](int value) { return toQt(runtime::Format(value, "#,##0")); };
     const int rows = model_->rowCount();
-    const QString many = spanish.toString(rows);
+    const QString many = number(rows);
     const QString noun = rows == 1 ? QStringLiteral("fila") : QStringLiteral("filas");
     const int current = table_->currentIndex().row();
     const QString total =
         model_->isComplete() ? many + QLatin1Char(' ') + noun : QStringLiteral("más de %1 %2").arg(many, noun);
-    count_->setText(current < 0 ? total : QStringLiteral("Fila %1 de %2").arg(spanish.toString(current + 1), total));
+    count_->setText(current < 0 ? total : QStringLiteral("Fila %1 de %2").arg(number(current + 1), total));
 }
 
 }  // namespace velmora::qt
