@@ -151,9 +151,10 @@ bool Acceptance::completeOrder(const sql::Recordset& proposal, WorkOrder& order)
         addMaterials(session_, desk_.screen, oUtil_, proposal, order);
         addRoute(session_, proposal, order, fields_.txtPesu(pieces).text());
         // Kept K-156: the transaction has ended long ago: this commit fails with its own number, and by that number all
-        // is known to be well. A host that holds a transaction of its own has it committed here.
+        // is known to be well.
         connection().commitTrans();
     } catch (const runtime::RuntimeError& error) {
+        session_.Campos().clear();
         if (error.number() != sql::provider::noTransaction) {
             // Kept K-157: nothing is open any more: this rollback fails, and its error goes up in place of the words.
             connection().rollbackTrans();
@@ -171,6 +172,7 @@ bool Acceptance::trapped(const std::function<void()>& step) {
         return true;
     } catch (const runtime::RuntimeError& error) {
         // Differs D-141: whatever its number: before the commit no error means that all is well.
+        session_.Campos().clear();
         undo();
         tell(error);
         return false;
