@@ -38,6 +38,8 @@ class Workshop {
 
     proposal::frmBercialPiñones& form() { return *form_; }
     StatementRecorder& recorder() { return recorder_; }
+    session::Session& session() { return session_; }
+    platform::Desk& desk() { return desk_.desk(); }
 
     /// The newest proposal of a plain sprocket that has a hub and is not accepted yet.
     std::int32_t openProposal();
