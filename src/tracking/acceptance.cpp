@@ -25,8 +25,8 @@ constexpr std::array pauses{std::chrono::milliseconds(25), std::chrono::millisec
 /// An order that is being made right now is among so many latest numbers.
 constexpr std::int64_t latestNumbers = 100;
 
-/// The current row of a set in a set of its own: the list's rows are read again as it is painted, and by then the
-/// acceptance may have changed what it selects. Error 3021 without a current row.
+// Chosen C-146: the current row in a set of its own: the list's rows are read again as it is painted, and by then the
+// acceptance has changed what it selects. Error 3021 without a current row.
 sql::Recordset copyOfCurrentRow(const sql::Recordset& rows) {
     sql::Row values;
     for (std::size_t column = 0; column < rows.columns().size(); ++column) {

@@ -8,6 +8,9 @@
 #include <gtest/gtest.h>
 
 #include "velmora/tracking/acceptance.h"
+#include "velmora/tracking/order_materials.h"
+#include "velmora/tracking/order_row.h"
+#include "velmora/tracking/order_sprocket.h"
 
 #include "acceptance_shop.h"
 #include "support/proposal_workshop.h"
@@ -256,6 +259,68 @@ TEST_F(AcceptanceFailuresTest, TheReasonOfARefusedOrderIsNotWhatTheUserReads) {
     shop.connection.refuse(insertOrder);
     shop.accept();
     EXPECT_EQ(seen(shop).find("Fallo provocado"), std::string::npos);
+}
+
+/// The source of the error that a step raises when its row is refused.
+std::string sourceOf(AcceptanceShop& shop, const std::function<void()>& step) {
+    shop.connection.refuse(static_cast<int>(shop.connection.log().size()));
+    try {
+        step();
+    } catch (const runtime::RuntimeError& error) {
+        return std::to_string(error.number()) + " " + error.source();
+    }
+    return "nothing";
+}
+
+TEST_F(AcceptanceFailuresTest, TheWordsOfARefusedSprocketTellOfMaterial) {
+    Prepared shop;
+    WorkOrder order;
+    EXPECT_EQ(sourceOf(shop, [&] { addSprocketData(shop.session, *shop.fields.rsDpi, order); }),
+              "-99997 Error en la grabacion del registro de material en la orden\r\nFallo provocado");
+}
+
+TEST_F(AcceptanceFailuresTest, TheWordsOfARefusedSprocketDoNotNameIt) {
+    Prepared shop;
+    WorkOrder order;
+    const std::string words = sourceOf(shop, [&] { addSprocketData(shop.session, *shop.fields.rsDpi, order); });
+    EXPECT_EQ(words.find("iñon"), std::string::npos);
+}
+
+TEST_F(AcceptanceFailuresTest, TheReasonOfARefusedMarkIsTheServers) {
+    Prepared shop;
+    EXPECT_EQ(sourceOf(shop, [&] { markProposal(shop.session, shop.fields, *shop.fields.rsDpi, {}); }),
+              "-9999 Fallo provocado");
+}
+
+TEST_F(AcceptanceFailuresTest, TheWordsOfARefusedMaterial) {
+    Prepared shop;
+    WorkOrder order;
+    shop.connection.refuse(1);
+    try {
+        addMaterials(shop.session, shop.screen, shop.oUtil, *shop.fields.rsDpi, order);
+        FAIL() << "the row was refused";
+    } catch (const runtime::RuntimeError& error) {
+        EXPECT_EQ(error.number(), -9996);
+        EXPECT_EQ(error.source(), "Error Añadiendo Material del piñon:\r\nFallo provocado");
+    }
+}
+
+TEST_F(AcceptanceFailuresTest, ALostConnectionIsRaisedBeforeOrderAndMarkAreTried) {
+    Prepared shop;
+    shop.connection.loseAfter(1);
+    for (const auto& step : std::vector<std::function<void()>>{
+             [&] { tracking::insertOrder(shop.session, shop.fields, *shop.fields.rsDpi, {}, shop.clock.now()); },
+             [&] { markProposal(shop.session, shop.fields, *shop.fields.rsDpi, {}); }}) {
+        const std::size_t before = shop.connection.log().size();
+        try {
+            step();
+            FAIL() << "the connection was lost";
+        } catch (const runtime::RuntimeError& error) {
+            EXPECT_EQ(error.number(), -9998);
+            EXPECT_EQ(error.source(), "La conexión con la Base de Datos se perdió");
+        }
+        EXPECT_EQ(shop.connection.log().size(), before == 0 ? 2u : before) << "the look-ups of the order alone";
+    }
 }
 
 // --- What comes after ------------------------------------------------------------------------------------------------
