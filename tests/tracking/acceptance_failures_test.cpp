@@ -494,6 +494,26 @@ TEST_F(AcceptanceFailuresTest, AValueThatDoesNotFitTheOrderUndoesIt) {
     }
 }
 
+TEST_F(AcceptanceFailuresTest, WhateverStandsInThePanelAnOrderIsWholeOrTold) {
+    const std::string texts[] = {"",   "tres", "1e400",       "--1", "'",  "1,2,3", "(3)",
+                                 "3€", "&HFF", "99999999999", "0",   "-1", "\r\n",  std::string(5000, 'x')};
+    for (int field = customerCode; field <= totalAmount; ++field) {
+        for (const std::string& text : texts) {
+            SCOPED_TRACE("txtPesu(" + std::to_string(field) + ") " + text.substr(0, 20));
+            Prepared shop;
+            shop.fields.txtPesu(field).setText(text);
+            shop.accept();
+            const std::string told = seen(shop);
+            EXPECT_FALSE(shop.connection.transactionOpen());
+            EXPECT_NE(told, "");
+            const bool accepted = !shop.query("select DPI_Id from DPI where not DPI_FAcepta is null").empty();
+            EXPECT_EQ(shop.count("ORDEN"), accepted ? "1" : "0");
+            EXPECT_EQ(told == success, accepted && shop.errors.empty());
+            EXPECT_EQ(shop.count("Mat"), accepted ? "2" : "0") << "only the route can fail behind the order";
+        }
+    }
+}
+
 TEST_F(AcceptanceFailuresTest, AMeasureThatIsNullEndsTheMaterials) {
     Prepared shop;
     shop.change("UPDATE DPI SET DPI_CubCortAN = NULL");
