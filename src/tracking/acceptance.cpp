@@ -17,16 +17,18 @@ namespace velmora::tracking {
 
 namespace {
 
-/// How long an acceptance gives way to another client's that has its order and not yet its mark on the proposal.
-constexpr std::array pauses{std::chrono::milliseconds(25), std::chrono::milliseconds(50),
+/// How long an acceptance gives way to another client's that has its order and not yet its mark on the proposal: three
+/// seconds in all, in steps that grow, so that who comes back soon is not kept waiting.
+constexpr std::array pauses{std::chrono::milliseconds(25),  std::chrono::milliseconds(50),
                             std::chrono::milliseconds(100), std::chrono::milliseconds(200),
-                            std::chrono::milliseconds(400)};
+                            std::chrono::milliseconds(400), std::chrono::milliseconds(800),
+                            std::chrono::milliseconds(1600)};
 
 /// An order that is being made right now is among so many latest numbers.
 constexpr std::int64_t latestNumbers = 100;
 
-/// The current row of a set in a set of its own: the list's rows are read again as it is painted, and by then the
-/// acceptance may have changed what it selects. Error 3021 without a current row.
+// Chosen C-146: the current row in a set of its own: the list's rows are read again as it is painted, and by then the
+// acceptance has changed what it selects. Error 3021 without a current row.
 sql::Recordset copyOfCurrentRow(const sql::Recordset& rows) {
     sql::Row values;
     for (std::size_t column = 0; column < rows.columns().size(); ++column) {
@@ -151,9 +153,10 @@ bool Acceptance::completeOrder(const sql::Recordset& proposal, WorkOrder& order)
         addMaterials(session_, desk_.screen, oUtil_, proposal, order);
         addRoute(session_, proposal, order, fields_.txtPesu(pieces).text());
         // Kept K-156: the transaction has ended long ago: this commit fails with its own number, and by that number all
-        // is known to be well. A host that holds a transaction of its own has it committed here.
+        // is known to be well.
         connection().commitTrans();
     } catch (const runtime::RuntimeError& error) {
+        session_.Campos().clear();
         if (error.number() != sql::provider::noTransaction) {
             // Kept K-157: nothing is open any more: this rollback fails, and its error goes up in place of the words.
             connection().rollbackTrans();
@@ -171,6 +174,7 @@ bool Acceptance::trapped(const std::function<void()>& step) {
         return true;
     } catch (const runtime::RuntimeError& error) {
         // Differs D-141: whatever its number: before the commit no error means that all is well.
+        session_.Campos().clear();
         undo();
         tell(error);
         return false;

@@ -1,0 +1,116 @@
+// What the acceptance of a proposal costs on top of its statements: order, mark, sprocket data, two materials that are
+// cut, and a route of two cuts and two labour lines.
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+#include "velmora/data/schema.h"
+#include "velmora/tracking/acceptance.h"
+
+#include "workshop.h"
+
+namespace velmora::bench {
+namespace {
+
+/// An accepted proposal is used up: so many accept, with those that warm up and are recorded.
+constexpr int proposals = 20'000;
+
+std::string columnsOfProposal() {
+    std::string names;
+    for (const data::ColumnDefinition& column : data::findTable("DPI")->columns) {
+        if (column.name != "DPI_Id") {
+            names += (names.empty() ? "" : ",") + std::string(column.name);
+        }
+    }
+    return names;
+}
+
+/// Pending sprockets with disc and hub, of a customer whom no limit stops, with two lines of labour each.
+void addPendingProposals(sql::Connection& connection) {
+    const std::string names = columnsOfProposal();
+    const std::string free =
+        connection.execute("select top 1 CLI_COD from CLI where isnull(CLI_Riesgo,0) = 0 order by CLI_ID")[0].toText();
+    const std::string first = connection.execute("select max(DPI_Id) from DPI")[0].toText();
+    connection.beginTrans();
+    connection.execute("INSERT INTO DPI (" + names + ") SELECT top 1 " + names +
+                       " FROM DPI where DPI_Tipo = 0 and DPI_FAcepta is null and DPI_DmExt > 120 and DPI_CubCortPESO "
+                       "> 0 and DPI_DisCortPESO > 0");
+    connection.execute("UPDATE DPI SET DPI_CodCliente = " + free + " where DPI_Id > " + first);
+    for (int made = 1; made < proposals; made *= 2) {
+        connection.execute("INSERT INTO DPI (" + names + ") SELECT " + names + " FROM DPI where DPI_Id > " + first);
+    }
+    for (const char* machine : {"10", "11"}) {
+        connection.execute(
+            "INSERT INTO MoDpi (MoDpi_Dpi,MoDpi_Ope,MoDpi_Maq,MoDpi_Minutos,MoDpi_Pvp,MoDpi_Tiempo,MoDpi_Importe) "
+            "SELECT DPI_Id,1," +
+            std::string(machine) + ",15,30,0.25,7.5 FROM DPI where DPI_Id > " + first);
+    }
+    // A reference seen before: the look-up ends at its newest order, however many there are.
+    connection.execute("INSERT INTO ORDEN (ORDEN_NUM,ORDEN_REF,ORDEN_ART) SELECT top 1 " +
+                       connection.execute("select isnull(max(ORDEN_NUM),0)+1 from ORDEN")[0].toText() +
+                       ",N'R-77',ART_COD FROM ART where not ART_COD is null");
+    connection.commitTrans();
+}
+
+/// A list that holds the proposals, and a user who accepts the one under the cursor and goes on to the next.
+class Clerk {
+  public:
+    Clerk() { list(); }
+
+    void acceptNext() {
+        const std::string number = (*fields_.rsDpi)["DPI_Id"].toText();
+        acceptance_.msAceptarPresupuesto();
+        require(fields_.txtCriterio(tracking::numberFrom).text() == number, "the proposal was not accepted");
+        fields_.rsDpi->moveNext();
+    }
+
+    Workshop& workshop() { return workshop_; }
+
+  private:
+    /// The rows in memory: what the list itself costs is measured elsewhere.
+    void list() {
+        sql::Recordset rows = workshop_.session().Connection().execute(
+            "select dpi.* from DPI where DPI_FAcepta is null order by DPI_Id desc");
+        std::vector<sql::Row> all;
+        for (; all.size() < proposals && !rows.eof(); rows.moveNext()) {
+            all.push_back(*rows.peek(*rows.position()));
+        }
+        fields_.rsDpi = sql::Recordset(sql::rowsInMemory(rows.columns(), std::move(all)));
+        const sql::Recordset& first = *fields_.rsDpi;
+        const std::pair<tracking::Detail, const char*> shown[] = {
+            {tracking::customerCode, "DPI_CodCliente"}, {tracking::customerName, "DPI_NomCliente"},
+            {tracking::piecePrice, "DPI_ImpTP"},        {tracking::pieces, "DPI_Unidades"},
+            {tracking::totalAmount, "DPI_Importe"},
+        };
+        for (const auto& [field, column] : shown) {
+            fields_.txtPesu(field).setText(first[column].toText());
+        }
+        fields_.txtPesu(tracking::customerReference).setText("R-77");
+        fields_.txtPesu(tracking::deliveryDate).setText("30/06/2026");
+        for (const char* state : {"Solo Aceptados", "Solo Pendientes", "Todos"}) {
+            fields_.cboFiltroHistorico.addItem(state);
+        }
+    }
+
+    Workshop workshop_{addPendingProposals};
+    session::KestraUtil oUtil_{workshop_.desk().screen, workshop_.session().Connection()};
+    screen::Form form_{"frmSeguimiento"};
+    tracking::TrackingFields fields_{form_};
+    tracking::Acceptance acceptance_{fields_, workshop_.session(), oUtil_, workshop_.desk(), [] {}};
+};
+
+void acceptProposal(benchmark::State& state) {
+    static Clerk clerk;
+    compare(state, clerk.workshop(), [&] { clerk.acceptNext(); });
+}
+
+BENCHMARK(acceptProposal)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace velmora::bench
+
+BENCHMARK_MAIN();
