@@ -4,6 +4,7 @@
 
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
+#include "velmora/reference/frm_materias.h"
 #include "velmora/shell/schema_upgrade.h"
 
 namespace velmora::shell {
@@ -49,8 +50,11 @@ void VMORA::jShow() {
 }
 
 void VMORA::jShowParametros() {
-    msActualizarPARDPI(currentSession().Connection(), desk_.screen);
-    missingWindow("materiales");
+    session::Session& session = currentSession();
+    msActualizarPARDPI(session.Connection(), desk_.screen);
+    reference::frmMaterias form(session, desk_);
+    form.setTag("e");
+    desk_.screen.showModal(form);
 }
 
 void VMORA::jShowPropuesta(std::int32_t& nIdDpi) {
