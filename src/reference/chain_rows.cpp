@@ -77,6 +77,8 @@ void ChainRows::rs_MoveComplete() {
     }
 }
 
+// Kept K-164: every value is shown, worked with and stored again with two decimals: a pitch of 9,525 becomes 9,53 once
+// its row is saved, and a new row's pitch diameter stands on what is shown.
 void ChainRows::show() {
     const sql::Recordset& row = *rs_;
     const auto put = [&](int field, double value) { f_.Text1(field).setText(Format(value, valueMask)); };

@@ -18,13 +18,21 @@ void require(bool correcto, const std::string& error) {
 }  // namespace
 
 std::optional<runtime::RuntimeError> inTransaction(session::Session& session, const std::function<void()>& work) {
+    sql::Connection& connection = session.Connection();
+    bool begun = false;
     try {
-        sql::Transaction transaction(session.Connection());
+        connection.beginTrans();
+        begun = true;
         work();
-        transaction.commit();
+        connection.commitTrans();
         return std::nullopt;
     } catch (const runtime::RuntimeError& error) {
         session.Campos().clear();
+        if (begun) {
+            // A commit that failed may have left the transaction open, or may not: then there is none to undo.
+            runtime::ErrorTrap trap;
+            trap([&] { connection.rollbackTrans(); });
+        }
         return error;
     }
 }
