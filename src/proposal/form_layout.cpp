@@ -365,8 +365,8 @@ void frmBercialPiñones::arrange() {
     setTabOrder(orderOfWork(f_, controls_));
     takeOutOfTheWay(f_);
     // Windows that this version does not bring: their buttons say so and cannot be pressed.
-    for (Button* later : {&controls_.XPButton1, &controls_.cmdDoc, &controls_.cmdHPrecios(0), &controls_.cmdHPrecios(1),
-                          &controls_.cmdHPrecios(2)}) {
+    for (Button* later :
+         {&controls_.cmdDoc, &controls_.cmdHPrecios(0), &controls_.cmdHPrecios(1), &controls_.cmdHPrecios(2)}) {
         later->setEnabled(false);
     }
 }

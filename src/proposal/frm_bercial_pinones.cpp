@@ -6,6 +6,7 @@
 #include "velmora/platform/screen/busy.h"
 #include "velmora/platform/version.h"
 #include "velmora/proposal/cut_sheet.h"
+#include "velmora/reference/frm_pdm_val.h"
 
 namespace velmora::proposal {
 
@@ -38,12 +39,14 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       rack_(f_, cutPrices_, desk.screen),
       geometry_(f_, {constants_, costing_, materials_, doubles_, rack_, totals_}, desk.screen, oUtil_),
       presentation_(f_),
+      gears_(f_, presentation_, materials_, session),
       history_(f_, controls_, session, desk.screen),
       customers_(f_, session, desk.screen, oUtil_),
       loading_(f_, controls_, {materials_, presentation_, geometry_, totals_, history_}, session, desk.screen),
       saving_(f_, loading_, session, desk.screen),
       buttons_(f_, controls_, presentation_, loading_),
       labour_(f_, {totals_, saving_, buttons_}, session, desk),
+      gearStep_(f_, gears_, session, desk),
       duplicating_(f_, loading_, session, desk.screen, oUtil_),
       deleting_(f_, {materials_, history_, buttons_}, session, desk.screen),
       historyGrid_(f_, {history_, loading_}, session, desk) {
@@ -177,6 +180,11 @@ void frmBercialPiñones::wireButtons() {
     controls_.cmdeliminarrPropuesta.onClick = [this] {
         deleting_.msEliminar();
         unload();
+    };
+    f_.cmdEng.onClick = [this] { gearStep_.cmdEng_Click(); };
+    controls_.XPButton1.onClick = [this] {
+        reference::frmPDMVal values(session_, desk_);
+        desk_.screen.showModal(values);
     };
     controls_.dbgDPI.onButtonClick = [this](int column) { historyGrid_.dbgDPI_ButtonClick(column); };
     deleting_.msLimpiarCampos = [this] { msLimpiarCampos(); };

@@ -9,6 +9,7 @@
 #include "velmora/estimate/disc_and_hub_costing.h"
 #include "velmora/estimate/double_sprockets.h"
 #include "velmora/estimate/field_map.h"
+#include "velmora/estimate/gears.h"
 #include "velmora/estimate/material_lists.h"
 #include "velmora/estimate/presentation.h"
 #include "velmora/estimate/rack.h"
@@ -21,6 +22,7 @@
 #include "velmora/proposal/deleting.h"
 #include "velmora/proposal/duplicating.h"
 #include "velmora/proposal/form_controls.h"
+#include "velmora/proposal/gear_step.h"
 #include "velmora/proposal/history.h"
 #include "velmora/proposal/history_grid.h"
 #include "velmora/proposal/labour_step.h"
@@ -79,12 +81,14 @@ class frmBercialPiñones : public screen::Form {
     estimate::Rack rack_;
     estimate::SprocketGeometry geometry_;
     estimate::Presentation presentation_;
+    estimate::Gears gears_;
     History history_;
     CustomerSearch customers_;
     Loading loading_;
     Saving saving_;
     Buttons buttons_;
     LabourStep labour_;
+    GearStep gearStep_;
     Duplicating duplicating_;
     Deleting deleting_;
     HistoryGrid historyGrid_;

@@ -4,6 +4,7 @@
 
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
+#include "velmora/reference/frm_materias.h"
 #include "velmora/shell/schema_upgrade.h"
 #include "velmora/tracking/frm_seguimiento.h"
 
@@ -25,12 +26,6 @@ session::Session& currentSession() {
     return sessionOf(*gVMORA);
 }
 
-/// An operation whose window this version does not bring.
-[[noreturn]] void missingWindow(const char* window) {
-    throw runtime::RuntimeError(runtime::cannotCreateObject,
-                                std::string("Esta versión no incluye todavía la ventana de ") + window);
-}
-
 }  // namespace
 
 VMORA::VMORA(platform::Desk& desk) : desk_(desk) {
@@ -50,8 +45,11 @@ void VMORA::jShow() {
 }
 
 void VMORA::jShowParametros() {
-    msActualizarPARDPI(currentSession().Connection(), desk_.screen);
-    missingWindow("materiales");
+    session::Session& session = currentSession();
+    msActualizarPARDPI(session.Connection(), desk_.screen);
+    reference::frmMaterias form(session, desk_);
+    form.setTag("e");
+    desk_.screen.showModal(form);
 }
 
 void VMORA::jShowPropuesta(std::int32_t& nIdDpi) {

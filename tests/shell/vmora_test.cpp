@@ -132,8 +132,22 @@ TEST_F(VmoraTest, AMissingTableOfProposalsReachesTheHost) {
     EXPECT_EQ(formsShown, 0);
 }
 
+TEST_F(VmoraTest, TheMaterialsFormIsShownModally) {
+    std::string name;
+    std::string tag;
+    workshop.screen.queueModal([&](screen::Form& form) {
+        name = form.name();
+        tag = form.tag();
+    });
+    vmora.jShowParametros();
+    EXPECT_EQ(name, "frmMaterias");
+    EXPECT_EQ(tag, "e");
+    EXPECT_EQ(workshop.connection.log().front(), "Select top 1 * from PARDPI");
+}
+
 TEST_F(VmoraTest, TheOtherOperationsCheckTheTableOfMaterialsAlone) {
-    errorOf([&] { vmora.jShowParametros(); });
+    workshop.screen.queueModal([](screen::Form&) {});
+    vmora.jShowParametros();
     EXPECT_THAT(workshop.connection.logged("Select top 1"), ElementsAre("Select top 1 * from PARDPI"));
     workshop.connection.clear();
     workshop.screen.queueModal([](screen::Form&) {});

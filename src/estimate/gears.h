@@ -1,0 +1,28 @@
+#pragma once
+// Gears and gear discs, whose measures come ready from a row of the table ENG.
+
+#include <cstdint>
+
+#include "velmora/estimate/field_map.h"
+#include "velmora/estimate/material_lists.h"
+#include "velmora/estimate/presentation.h"
+
+namespace velmora::estimate {
+
+class Gears {
+  public:
+    Gears(FieldMap& fields, Presentation& presentation, MaterialLists& materials, session::Session& session)
+        : f_(fields), presentation_(presentation), materials_(materials), session_(session) {}
+
+    /// Fills the common measures (mm) from a gear, an ENG_Id, and lets the disc's row and prices follow; nothing when
+    /// no row has it. Errors: the database's; 13 with no material chosen for the disc.
+    void takeOver(std::int32_t nIdEngranaje);
+
+  private:
+    FieldMap& f_;
+    Presentation& presentation_;
+    MaterialLists& materials_;
+    session::Session& session_;
+};
+
+}  // namespace velmora::estimate

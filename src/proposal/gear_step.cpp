@@ -1,0 +1,31 @@
+#include "velmora/proposal/gear_step.h"
+
+#include "velmora/data/product_types.h"
+#include "velmora/reference/frm_eng_val.h"
+
+namespace velmora::proposal {
+
+namespace {
+
+constexpr int gearWheels = 0;
+constexpr int gearDiscs = 1;
+
+}  // namespace
+
+void GearStep::cmdEng_Click() {
+    // Kept K-172: on any other type no form is shown and the gear of the last choice is read again.
+    if (data::isGear(f_.type())) {
+        choose(f_.type() == data::gear ? gearWheels : gearDiscs);
+    }
+    gears_.takeOver(reference::nIdEngranaje);
+}
+
+void GearStep::choose(int family) {
+    reference::frmENGVal form(session_, desk_);
+    form.fields().cboDobles.setListIndex(family);
+    form.fields().cboDobles.setEnabled(false);
+    reference::nIdEngranaje = 0;
+    desk_.screen.showModal(form);
+}
+
+}  // namespace velmora::proposal

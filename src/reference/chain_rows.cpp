@@ -1,0 +1,137 @@
+#include "velmora/reference/chain_rows.h"
+
+#include <array>
+#include <string>
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/reference/row_writing.h"
+
+namespace velmora::reference {
+
+using runtime::CStr;
+using runtime::Format;
+using session::Tipo;
+
+namespace {
+
+constexpr const char* valueMask = "0.00";
+
+/// A field of Text1 and its column.
+struct Stored {
+    int field;
+    const char* column;
+};
+
+/// In the order of the write.
+constexpr std::array columns{
+    Stored{chainTeeth, "PDM_Z"},
+    Stored{chainDe, "PDM_De"},
+    Stored{chainDp, "PDM_Dp"},
+    Stored{chainDf, "PDM_Df"},
+    Stored{chainDm, "PDM_Dm"},
+    Stored{chainD2, "PDM_D2"},
+    Stored{chainA, "PDM_A"},
+    Stored{chainB1, "PDM_B1"},
+    Stored{chainB2, "PDM_B2"},
+    Stored{chainX, "PDM_X"},
+    Stored{chainPitch, "PDM_Paso"},
+    Stored{chainInnerWidth, "PDM_AC"},
+    Stored{chainRoller, "PDM_Rodillo"},
+    Stored{chainH1, "PDM_H1"},
+};
+
+/// A row filled by other means may lack a value.
+double numberOrZero(const sql::Value& value) {
+    return value.isNull() ? 0 : value.toDouble();
+}
+
+}  // namespace
+
+ChainRows::ChainRows(ChainFields& fields, NewRowButton& newRow, session::Session& session, screen::Screen& screen)
+    : f_(fields), newRow_(newRow), session_(session), screen_(screen) {
+    rs_.onMoveComplete = [this] { rs_MoveComplete(); };
+}
+
+bool ChainRows::load() {
+    rs_ = session_.Connection().execute("Select * from PDM where PDM_Tipo = " +
+                                        CStr(std::int64_t{f_.cboDobles.listIndex()}));
+    f_.dbgRs.bind(*rs_);
+    shapeGrid();
+    return rs_->hasRows();
+}
+
+void ChainRows::shapeGrid() {
+    std::vector<screen::GridColumn> shaped = columnsWithoutPrefix(*rs_, "PDM_");
+    constexpr std::size_t title = 2;
+    for (std::size_t i = 0; i < title; ++i) {
+        shaped[i].visible = false;
+    }
+    shaped[title].right = false;
+    shaped[title].width = 3500;
+    f_.dbgRs.setColumns(std::move(shaped));
+}
+
+void ChainRows::rs_MoveComplete() {
+    if (!rs_->eof() && !rs_->bof()) {
+        show();
+    }
+}
+
+// Kept K-164: every value is shown, worked with and stored again with two decimals: a pitch of 9,525 becomes 9,53 once
+// its row is saved, and a new row's pitch diameter stands on what is shown.
+void ChainRows::show() {
+    const sql::Recordset& row = *rs_;
+    const auto put = [&](int field, double value) { f_.Text1(field).setText(Format(value, valueMask)); };
+    for (const Stored& stored : columns) {
+        put(stored.field, numberOrZero(row[stored.column]));
+    }
+    // Kept K-163: X and Df are worked out for the screen, whatever is stored. X is B2 − b1 here, where the price of a
+    // double reads the gap between its rims; a row that this form has kept holds B2 − b1.
+    put(chainX, numberOrZero(row["PDM_b2"]) - numberOrZero(row["PDM_b1"]));
+    put(chainDf, numberOrZero(row["PDM_Dp"]) - numberOrZero(row["PDM_Rodillo"]));
+    newRow_.disableHead();
+}
+
+void ChainRows::save() {
+    std::string toReturnTo;
+    const auto failure = inTransaction(session_, [&] { toReturnTo = write(); });
+    if (failure) {
+        showCancelledWrite(screen_, *failure);
+        return;
+    }
+    screen_.show({.text = "Datos grabados satisfactoriamente", .icon = screen::Icon::information});
+    rs_->requery();
+    rs_->find("PDM_ID = " + toReturnTo);
+    shapeGrid();
+    if (newRow_.isAdding()) {
+        newRow_.end();
+    }
+}
+
+// Gives the key of the row written.
+std::string ChainRows::write() {
+    const bool edit = !newRow_.isAdding() && f_.Frame1.enabled();
+    // Chosen C-163: with no row to edit, the write is refused like any other, by the error of a set without a row.
+    const std::string id = edit ? (*rs_)["PDM_ID"].toText() : std::string();
+    addFields();
+    if (edit) {
+        updateRow(session_, " Where PDM_ID = " + id);
+        return id;
+    }
+    insertRow(session_, " ");
+    return session_.Connection().execute("Select max(PDM_ID) from PDM")[0].toText();
+}
+
+void ChainRows::addFields() {
+    session_.Tabla("PDM");
+    session::FieldList& campos = session_.Campos();
+    campos.Add("PDM_Tipo", Tipo::number, f_.cboDobles.listIndex());
+    campos.Add(
+        "PDM_Titulo", Tipo::text,
+        "Piñon " + f_.cboDobles.text() + " Doble Z" + CStr(std::int64_t{runtime::CInt(f_.Text1(chainTeeth).text())}));
+    for (const Stored& stored : columns) {
+        campos.Add(stored.column, Tipo::number, f_.Text1(stored.field));
+    }
+}
+
+}  // namespace velmora::reference

@@ -1,0 +1,69 @@
+// How the gears' form looks.
+
+#include "velmora/reference/frm_eng_val.h"
+
+namespace velmora::reference {
+
+using screen::Layout;
+using screen::Role;
+namespace lay = screen::layout;
+
+namespace {
+
+constexpr int valueWidth = 8;  ///< in digits
+
+Layout entered(std::string caption, screen::TextBox& box) {
+    return lay::field(std::move(caption), box, valueWidth).number();
+}
+Layout computed(std::string caption, screen::TextBox& box) {
+    return lay::field(std::move(caption), box, valueWidth).number().as(Role::calculated);
+}
+
+void writeFixedCaptions(GearFields& f) {
+    f.Frame1.setCaption("Dentado");
+    f.Frame2.setCaption("Medidas de la pieza (mm)");
+    f.Label1(gearHubDiameter).setCaption("Dm :");
+    f.Label1(gearTotalWidth).setCaption("A :");
+    f.Label1(gearHubWidth).setCaption("C :");
+    f.cmdGrabar.setCaption("Grabar datos");
+    f.cmdSalir.setCaption("&Salir");
+    f.dbgRs.setAccessibleName("Engranajes");
+}
+
+Layout toothing(GearFields& f) {
+    return lay::group(
+        f.Frame1,
+        lay::column(lay::row(lay::field("Tipo :", f.cboDobles, 18), lay::space()),
+                    lay::grid(4,  //
+                              entered("M :", f.Text1(gearModule)), computed("Paso :", f.Text1(gearPitch)),
+                              computed("De :", f.Text1(gearOutsideDiameter)), entered("H :", f.Text1(gearHeight)),
+                              entered("Z :", f.Text1(gearTeeth)), computed("Dp :", f.Text1(gearPitchDiameter)),
+                              computed("Di :", f.Text1(gearInnerDiameter)), lay::gap())));
+}
+
+Layout piece(GearFields& f) {
+    const auto ofHub = [&](int field) { return lay::field(f.Label1(field), f.Text1(field), valueWidth).number(); };
+    return lay::group(
+        f.Frame2,
+        lay::column(lay::grid(2,                                                                           //
+                              ofHub(gearHubDiameter), ofHub(gearTotalWidth),                               //
+                              entered("D1 :", f.Text1(gearBore)), entered("B :", f.Text1(gearFaceWidth)),  //
+                              lay::gap(), ofHub(gearHubWidth).as(Role::calculated)),
+                    lay::space()));
+}
+
+}  // namespace
+
+void frmENGVal::arrange() {
+    writeFixedCaptions(f_);
+    setLayout(lay::column(
+        lay::row(toothing(f_).stretched(3), piece(f_).stretched(2)), lay::plain(f_.dbgRs).stretched(),
+        lay::row(lay::plain(f_.cmdNuevo), lay::plain(f_.cmdGrabar), lay::space(), lay::plain(f_.cmdSalir))));
+    // Chosen C-162: what is computed is no tab stop: passing through it would empty the list that the teeth have just
+    // brought.
+    setTabOrder({&f_.cboDobles, &f_.Text1(gearModule), &f_.Text1(gearTeeth), &f_.Text1(gearHeight),
+                 &f_.Text1(gearHubDiameter), &f_.Text1(gearBore), &f_.Text1(gearTotalWidth), &f_.Text1(gearFaceWidth),
+                 &f_.dbgRs, &f_.cmdNuevo, &f_.cmdGrabar, &f_.cmdSalir});
+}
+
+}  // namespace velmora::reference

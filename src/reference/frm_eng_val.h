@@ -1,0 +1,34 @@
+#pragma once
+// The table of gears, and at the same time the chooser of a gear for a proposal.
+
+#include "velmora/platform/desk.h"
+#include "velmora/platform/session/kestra_util.h"
+#include "velmora/reference/gear_rows.h"
+#include "velmora/reference/new_row_button.h"
+
+namespace velmora::reference {
+
+/// Who wants a gear clears nIdEngranaje, sets the family, shows the form modally and reads nIdEngranaje.
+class frmENGVal : public screen::Form {
+  public:
+    frmENGVal(session::Session& session, platform::Desk& desk);
+
+    GearFields& fields() { return f_; }
+
+  private:
+    void arrange();
+    void wire();
+    void Form_Load();
+    void cboDobles_Click();
+    void Text1_LostFocus(int Index);
+    void msCalcularEngranaje();
+    void chooseRow();
+    void save();
+
+    GearFields f_{*this};
+    session::KestraUtil oUtil_;
+    NewRowButton newRow_;
+    GearRows rows_;
+};
+
+}  // namespace velmora::reference

@@ -1,0 +1,101 @@
+#include "velmora/reference/gear_rows.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+#include "velmora/reference/row_writing.h"
+
+namespace velmora::reference {
+
+using runtime::CDbl;
+using runtime::CStr;
+using session::Tipo;
+
+std::int32_t nIdEngranaje = 0;
+
+namespace {
+
+/// A field of Text1 and its column.
+struct Stored {
+    int field;
+    const char* column;
+};
+
+/// The fields that find rows.
+constexpr std::array filters{
+    Stored{gearModule, " And ENG_Modulo="},  Stored{gearTeeth, " And ENG_z="},
+    Stored{gearHubDiameter, " And ENG_DM="}, Stored{gearBore, " And ENG_D1="},
+    Stored{gearTotalWidth, " And ENG_A="},   Stored{gearFaceWidth, " And ENG_B="},
+};
+
+constexpr std::array columnsBeforeC{
+    Stored{gearModule, "ENG_Modulo"},    Stored{gearTeeth, "ENG_Z"},          Stored{gearOutsideDiameter, "ENG_De"},
+    Stored{gearPitchDiameter, "ENG_Dp"}, Stored{gearInnerDiameter, "ENG_Di"}, Stored{gearHubDiameter, "ENG_Dm"},
+    Stored{gearBore, "ENG_D1"},          Stored{gearTotalWidth, "ENG_A"},     Stored{gearFaceWidth, "ENG_B"},
+};
+
+constexpr const char* select = "select * from eng where ENG_Tipo=";
+constexpr const char* noFamily = "-1";
+
+}  // namespace
+
+void GearRows::msFiltrarEngranajes(int Index) {
+    const std::string& text = f_.Text1(Index).text();
+    if (CDbl(text) == 0) {
+        return;
+    }
+    const auto* filter = std::ranges::find(filters, Index, &Stored::field);
+    // Kept K-161: leaving any other field that holds a value, the pitch or H, empties the list; people who have typed
+    // those are writing a new gear, not looking for one.
+    const std::string clause = filter == filters.end() ? noFamily
+                                                       : CStr(std::int64_t{f_.cboDobles.listIndex()}) + filter->column +
+                                                             runtime::Replace(text, ",", ".");
+    rs_ = session_.Connection().execute(select + clause);
+    f_.dbgRs.bind(rs_);
+    std::vector<screen::GridColumn> columns = columnsWithoutPrefix(rs_, "ENG_");
+    columns.front().button = true;
+    f_.dbgRs.setColumns(std::move(columns));
+}
+
+bool GearRows::choose() {
+    if (!rs_.isOpen() || !rs_.hasRows()) {
+        return false;
+    }
+    nIdEngranaje = rs_[0].toLong();
+    return true;
+}
+
+// Kept K-162: every save is a new row, and nothing stops a second one of the same values: a proposal refers to the row
+// that it was made of, which must not change under it.
+bool GearRows::save() {
+    if (CDbl(f_.Text1(gearHeight).text()) == 0 || CDbl(f_.Text1(gearBore).text()) == 0) {
+        return false;
+    }
+    const auto failure = inTransaction(session_, [&] {
+        addFields();
+        insertRow(session_, " ");
+        nIdEngranaje = session_.Connection().execute("Select max(ENG_ID) from ENG")[0].toLong();
+    });
+    if (failure) {
+        showCancelledWrite(screen_, *failure);
+        nIdEngranaje = 0;
+    }
+    return !failure;
+}
+
+void GearRows::addFields() {
+    session_.Tabla("ENG");
+    session::FieldList& campos = session_.Campos();
+    campos.Add("ENG_Tipo", Tipo::number, f_.cboDobles.listIndex());
+    for (const Stored& stored : columnsBeforeC) {
+        campos.Add(stored.column, Tipo::number, f_.Text1(stored.field));
+    }
+    campos.Add("ENG_C", Tipo::number, std::max(0.0, CDbl(f_.Text1(gearHubWidth).text())));
+    campos.Add("ENG_Paso", Tipo::number, f_.Text1(gearPitch));
+    campos.Add("ENG_H", Tipo::number, f_.Text1(gearHeight));
+}
+
+}  // namespace velmora::reference

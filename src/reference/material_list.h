@@ -1,0 +1,38 @@
+#pragma once
+// The materials in the grid, and the one under the cursor in the fields.
+
+#include <string>
+
+#include "velmora/platform/session/session.h"
+#include "velmora/platform/sql/recordset.h"
+#include "velmora/reference/material_fields.h"
+
+namespace velmora::reference {
+
+class MaterialList {
+  public:
+    MaterialList(MaterialFields& fields, session::Session& session);
+
+    /// Lists all materials with their articles, by number. Errors: the database's.
+    void msCargarParametros() { show(open()); }
+
+    /// The two halves of msCargarParametros, for who must know that the list can be had before it is shown.
+    sql::Recordset open();
+    void show(sql::Recordset rows);
+
+    /// Moves to the material of a number; stays where it is when there is none.
+    void find(const std::string& number);
+    void goToLast();
+
+    /// The number of the material under the cursor. Error 3021 without one.
+    std::string currentId() const { return (*rsAlm_)["PARDPI_ID"].toText(); }
+
+  private:
+    void msPintaCajas();
+
+    MaterialFields& f_;
+    session::Session& session_;
+    sql::ListenedRecordset rsAlm_;
+};
+
+}  // namespace velmora::reference

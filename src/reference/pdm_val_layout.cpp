@@ -1,0 +1,65 @@
+// How the form of the doubles' values looks.
+
+#include "velmora/reference/frm_pdm_val.h"
+
+namespace velmora::reference {
+
+using screen::Layout;
+using screen::Role;
+namespace lay = screen::layout;
+
+namespace {
+
+constexpr int valueWidth = 8;  ///< in digits
+
+Layout entered(std::string caption, screen::TextBox& box) {
+    return lay::field(std::move(caption), box, valueWidth).number();
+}
+Layout computed(std::string caption, screen::TextBox& box) {
+    return lay::field(std::move(caption), box, valueWidth).number().as(Role::calculated);
+}
+
+void writeFixedCaptions(ChainFields& f) {
+    f.Frame1.setCaption("Valores de la cadena (mm)");
+    f.Frame2.setCaption("Valores de un número de dientes (mm)");
+    f.cmdGrabar.setCaption("Grabar datos");
+    f.cmdSalir.setCaption("&Salir");
+    f.dbgRs.setAccessibleName("Valores de la cadena");
+}
+
+Layout ofChain(ChainFields& f) {
+    return lay::group(
+        f.Frame1,
+        lay::column(lay::field("Tipo :", f.cboDobles),
+                    lay::grid(2,                                                                                 //
+                              entered("Paso :", f.Text1(chainPitch)), entered("b1 :", f.Text1(chainB1)),         //
+                              entered("Cadena :", f.Text1(chainInnerWidth)), entered("B2 :", f.Text1(chainB2)),  //
+                              entered("Rodillo :", f.Text1(chainRoller)), computed("X :", f.Text1(chainX)))));
+}
+
+Layout ofTeeth(ChainFields& f) {
+    return lay::group(f.Frame2,
+                      lay::column(lay::row(entered("Z :", f.Text1(chainTeeth)), lay::space()),
+                                  lay::grid(3,  //
+                                            entered("De :", f.Text1(chainDe)), entered("Dm :", f.Text1(chainDm)),
+                                            entered("A :", f.Text1(chainA)),  //
+                                            entered("Dp :", f.Text1(chainDp)), entered("D2 :", f.Text1(chainD2)),
+                                            entered("H1 :", f.Text1(chainH1)),  //
+                                            computed("Df :", f.Text1(chainDf)), lay::gap(), lay::gap())));
+}
+
+}  // namespace
+
+void frmPDMVal::arrange() {
+    writeFixedCaptions(f_);
+    setLayout(lay::column(
+        lay::row(ofChain(f_).stretched(2), ofTeeth(f_).stretched(3)), lay::plain(f_.dbgRs).stretched(),
+        lay::row(lay::plain(f_.cmdNuevo), lay::plain(f_.cmdGrabar), lay::space(), lay::plain(f_.cmdSalir))));
+    f_.Text1(chainDf).setTabStop(false);
+    setTabOrder({&f_.cboDobles, &f_.Text1(chainPitch), &f_.Text1(chainInnerWidth), &f_.Text1(chainRoller),
+                 &f_.Text1(chainB1), &f_.Text1(chainB2), &f_.Text1(chainTeeth), &f_.Text1(chainDe), &f_.Text1(chainDp),
+                 &f_.Text1(chainDm), &f_.Text1(chainD2), &f_.Text1(chainA), &f_.Text1(chainH1), &f_.dbgRs, &f_.cmdNuevo,
+                 &f_.cmdGrabar, &f_.cmdSalir});
+}
+
+}  // namespace velmora::reference

@@ -1,0 +1,79 @@
+#include "velmora/reference/row_writing.h"
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+#include "velmora/platform/sql/db_error.h"
+
+namespace velmora::reference {
+
+namespace {
+
+// The session answers a refusal with a text; from here on it is the error that it is.
+void require(bool correcto, const std::string& error) {
+    if (!correcto) {
+        throw sql::DbError(sql::provider::failure, error);
+    }
+}
+
+}  // namespace
+
+std::optional<runtime::RuntimeError> inTransaction(session::Session& session, const std::function<void()>& work) {
+    sql::Connection& connection = session.Connection();
+    bool begun = false;
+    try {
+        connection.beginTrans();
+        begun = true;
+        work();
+        connection.commitTrans();
+        return std::nullopt;
+    } catch (const runtime::RuntimeError& error) {
+        session.Campos().clear();
+        if (begun) {
+            // A commit that failed may have left the transaction open, or may not: then there is none to undo.
+            runtime::ErrorTrap trap;
+            trap([&] { connection.rollbackTrans(); });
+        }
+        return error;
+    }
+}
+
+void insertRow(session::Session& session, std::string_view donde) {
+    std::string error;
+    bool correcto = false;
+    session.Donde(donde);
+    session.Insertar(error, correcto);
+    require(correcto, error);
+}
+
+void updateRow(session::Session& session, std::string_view donde) {
+    std::string error;
+    bool correcto = false;
+    session.Donde(donde);
+    session.Actualizar(error, correcto);
+    require(correcto, error);
+}
+
+void showCancelledWrite(screen::Screen& screen, const runtime::RuntimeError& error) {
+    screen.show({.text = std::string("Grabación Cancelada.") + lineBreak + "Error nº " +
+                         runtime::CStr(std::int64_t{error.number()}) + lineBreak + error.description(),
+                 .icon = screen::Icon::critical});
+}
+
+std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix) {
+    std::vector<screen::GridColumn> columns;
+    for (const sql::Column& column : rows.columns()) {
+        columns.push_back({.field = static_cast<int>(columns.size()),
+                           .caption = runtime::Replace(column.name, prefix, ""),
+                           .right = true});
+    }
+    return columns;
+}
+
+void passValueFormKeys(screen::Form& form, screen::KeyDown& key) {
+    form.passUsualKeys(key);
+    if (key.key == screen::Key::escape) {
+        form.unload();
+    }
+}
+
+}  // namespace velmora::reference
