@@ -340,6 +340,8 @@ std::vector<screen::Control*> orderOfWork(estimate::FieldMap& f, FormControls& c
     addBoxes(f.txtPesu, {7, 8, 9, 5, 14, 10, 11, 12});
     add({&f.txtObservaciones, &f.txtExtra, &f.txtCPro, &f.cboFiltroHistorico, &c.dbgDPI, &c.XPGrabar, &c.cmdManoObra,
          &c.XPImprime, &c.cmdCambios, &c.cmdDuplicar, &c.cmdeliminarrPropuesta, &c.cmdDoc, &c.XPButton1, &c.XPSalir});
+    // Behind the buttons of the last line, so that they do not stand in the way of entry.
+    c.cmdHPrecios.forEach([&order](Button& button) { order.push_back(&button); });
     return order;
 }
 
@@ -365,8 +367,7 @@ void frmBercialPiñones::arrange() {
     setTabOrder(orderOfWork(f_, controls_));
     takeOutOfTheWay(f_);
     // Windows that this version does not bring: their buttons say so and cannot be pressed.
-    for (Button* later : {&controls_.XPButton1, &controls_.cmdDoc, &controls_.cmdHPrecios(0), &controls_.cmdHPrecios(1),
-                          &controls_.cmdHPrecios(2)}) {
+    for (Button* later : {&controls_.XPButton1}) {
         later->setEnabled(false);
     }
 }
