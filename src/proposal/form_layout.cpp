@@ -340,6 +340,8 @@ std::vector<screen::Control*> orderOfWork(estimate::FieldMap& f, FormControls& c
     addBoxes(f.txtPesu, {7, 8, 9, 5, 14, 10, 11, 12});
     add({&f.txtObservaciones, &f.txtExtra, &f.txtCPro, &f.cboFiltroHistorico, &c.dbgDPI, &c.XPGrabar, &c.cmdManoObra,
          &c.XPImprime, &c.cmdCambios, &c.cmdDuplicar, &c.cmdeliminarrPropuesta, &c.cmdDoc, &c.XPButton1, &c.XPSalir});
+    // Behind the buttons of the last line, so that they do not stand in the way of entry.
+    c.cmdHPrecios.forEach([&order](Button& button) { order.push_back(&button); });
     return order;
 }
 
@@ -364,11 +366,6 @@ void frmBercialPiñones::arrange() {
         buttons(controls_)));
     setTabOrder(orderOfWork(f_, controls_));
     takeOutOfTheWay(f_);
-    // Windows that this version does not bring: their buttons say so and cannot be pressed.
-    for (Button* later :
-         {&controls_.cmdDoc, &controls_.cmdHPrecios(0), &controls_.cmdHPrecios(1), &controls_.cmdHPrecios(2)}) {
-        later->setEnabled(false);
-    }
 }
 
 }  // namespace velmora::proposal

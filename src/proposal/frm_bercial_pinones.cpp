@@ -49,7 +49,8 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       gearStep_(f_, gears_, session, desk),
       duplicating_(f_, loading_, session, desk.screen, oUtil_),
       deleting_(f_, {materials_, history_, buttons_}, session, desk.screen),
-      historyGrid_(f_, {history_, loading_}, session, desk) {
+      historyGrid_(f_, {history_, loading_}, session, desk),
+      sideWindows_(f_, session, desk) {
     // Chosen C-010: as made, before any event is wired, the fields hold what an empty proposal holds.
     msLimpiarCampos();
     arrange();
@@ -187,6 +188,8 @@ void frmBercialPiñones::wireButtons() {
         desk_.screen.showModal(values);
     };
     controls_.dbgDPI.onButtonClick = [this](int column) { historyGrid_.dbgDPI_ButtonClick(column); };
+    controls_.cmdDoc.onClick = [this] { sideWindows_.cmdDoc_Click(); };
+    controls_.cmdHPrecios.on(&Button::onClick, {[this](int i) { sideWindows_.cmdHPrecios_Click(i); }});
     deleting_.msLimpiarCampos = [this] { msLimpiarCampos(); };
 }
 

@@ -28,6 +28,7 @@
 #include "velmora/proposal/labour_step.h"
 #include "velmora/proposal/loading.h"
 #include "velmora/proposal/saving.h"
+#include "velmora/proposal/side_windows.h"
 
 namespace velmora::proposal {
 
@@ -92,6 +93,7 @@ class frmBercialPiñones : public screen::Form {
     Duplicating duplicating_;
     Deleting deleting_;
     HistoryGrid historyGrid_;
+    SideWindows sideWindows_;
 };
 
 }  // namespace velmora::proposal

@@ -16,17 +16,27 @@ namespace {
 class WatchedRows final : public sql::RowSource {
   public:
     using Run = std::function<sql::Recordset()>;
+    using Pass = std::function<void(std::string_view)>;
 
-    WatchedRows(Run run, sql::Recordset rows) : run_(std::move(run)), rows_(std::move(rows)) {}
+    WatchedRows(Run run, Pass pass, sql::Recordset rows)
+        : run_(std::move(run)), pass_(std::move(pass)), rows_(std::move(rows)) {}
 
     const std::vector<sql::Column>& columns() const override { return rows_.columns(); }
     bool hasRow(std::size_t position) override { return rows_.peek(position) != nullptr; }
     const sql::Row& row(std::size_t position) override { return *rows_.peek(position); }
     std::size_t rowCount() override { return rows_.recordCount(); }
-    std::unique_ptr<sql::RowSource> reopen() const override { return std::make_unique<WatchedRows>(run_, run_()); }
+    std::unique_ptr<sql::RowSource> reopen() const override {
+        return std::make_unique<WatchedRows>(run_, pass_, run_());
+    }
+    void updateBinary(std::size_t position, std::size_t column, sql::Bytes content) override {
+        pass_("update " + columns()[column].name);
+        rows_.moveTo(position);
+        rows_.updateBinary(column, std::move(content));
+    }
 
   private:
     Run run_;
+    Pass pass_;
     sql::Recordset rows_;
 };
 
@@ -47,20 +57,25 @@ sql::Recordset WatchedConnection::execute(std::string_view statement) {
     }
     // Chosen C-272: a requery is a statement too: told, and refused when asked to.
     auto again = [this, held = std::string(statement)] { return run(held); };
-    return sql::Recordset(std::make_unique<WatchedRows>(std::move(again), std::move(rows)));
+    auto passes = [this](std::string_view change) { pass(change); };
+    return sql::Recordset(std::make_unique<WatchedRows>(std::move(again), std::move(passes), std::move(rows)));
 }
 
 sql::Recordset WatchedConnection::run(std::string_view statement) {
     if (listener_) {
         listener_(statement);
     }
+    pass(statement);
+    return ForwardingConnection::execute(statement);
+}
+
+void WatchedConnection::pass(std::string_view statement) {
     mustBeAlive(statement);
     if (refused_ && statement.find(*refused_) != std::string_view::npos) {
         // Chosen C-270: the number is the one of a provider that has failed, whatever the statement.
         refused_.reset();
         fail("El proveedor ha rechazado la instrucción", statement);
     }
-    return ForwardingConnection::execute(statement);
 }
 
 void WatchedConnection::beginTrans() {

@@ -18,8 +18,9 @@ class WatchedConnection final : public sql::ForwardingConnection {
 
     /// Told of each statement to the letter before it runs, also of one that is refused.
     void onStatement(std::function<void(std::string_view)> listener) { listener_ = std::move(listener); }
-    /// The next statement that holds the text, to the letter, fails once (provider::failure) and reaches nobody. A
-    /// second call replaces a text that no statement has held yet.
+    /// The next statement that holds the text, to the letter, fails once (provider::failure) and reaches nobody; a
+    /// column written through a set counts as the statement "update COLUMN". A second call replaces a text that no
+    /// statement has held yet.
     void refuseNext(std::string text) { refused_ = std::move(text); }
     /// From now on everything fails with provider::failure. An open transaction is rolled back, as a server does.
     void lose();
@@ -34,6 +35,7 @@ class WatchedConnection final : public sql::ForwardingConnection {
   private:
     sql::Recordset run(std::string_view statement);
     void mustBeAlive(std::string_view statement = {}) const;
+    void pass(std::string_view statement);
 
     std::function<void(std::string_view)> listener_;
     std::optional<std::string> refused_;

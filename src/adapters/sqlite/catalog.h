@@ -16,6 +16,7 @@ struct TableColumn {
     std::string name;  ///< as declared
     Type type{};
     bool identity = false;
+    bool key = false;  ///< by itself the table's primary key
     bool notNull = false;
 };
 

@@ -22,6 +22,7 @@ Translation Emitter::statement(const StatementTree& tree) {
                 result.types.push_back(std::move(output.type));
             }
             result.steps.push_back(std::move(rows.sql));
+            result.origin = emitter.origin(*parsed);
             return result;
         }
         Translation operator()(const Insert& parsed) const { return emitter.insert(parsed); }

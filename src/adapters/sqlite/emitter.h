@@ -1,6 +1,7 @@
 #pragma once
 // Syntax trees to the engine's SQL, with the type of every expression.
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,7 @@ class Emitter {
     Translation statement(const StatementTree& tree);
 
   private:
+    std::optional<Origin> origin(const Select& select);
     Emitted arithmetic(const Expression& expression, const Scope& scope);
     Emitted negation(const Expression& expression, const Scope& scope);
     Emitted choice(const Expression& expression, const Scope& scope);

@@ -219,6 +219,32 @@ std::unique_ptr<Statement> Engine::prepare(std::string_view sql) {
     return std::make_unique<Statement>(database_.get(), sql, false);
 }
 
+void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::Value& key, const sql::Bytes& content) {
+    parkStreams();
+    const std::string& name = origin.columns[column];
+    const std::string where = " WHERE " + origin.columns[origin.key] + " = ?1";
+    const std::string keyText = key.isText() ? key.toText() : std::string();
+    const auto forKey = [&](const std::string& sql) {
+        auto statement = prepare(sql + where);
+        if (key.isText()) {
+            statement->bind(1, keyText);
+        } else {
+            statement->bind(1, std::get<std::int64_t>(key.raw()));
+        }
+        return statement;
+    };
+    const auto change = forKey("UPDATE " + origin.table + " SET " + name + " = ?2");
+    change->bind(2, content);
+    change->step();
+    const auto stored = forKey("SELECT length(" + name + ") FROM " + origin.table);
+    if (!stored->step()) {
+        throw sql::DbError(sql::provider::rowGone, "La fila que se iba a actualizar ya no existe.");
+    }
+    if (stored->whole(0) != static_cast<std::int64_t>(content.size())) {
+        throw sql::DbError(sql::provider::failure, "El contenido no se guardó entero.");
+    }
+}
+
 void Engine::enter(Stream& stream) {
     streams_.push_back(&stream);
 }
@@ -358,8 +384,12 @@ std::shared_ptr<const Table> Engine::readTable(const std::string& schema, const 
         const std::string declaration = columns->value(1, Kind::text).toText();
         column.type = declaredType(declaration);
         column.identity = declaration == "INTEGER" && columns->whole(3) > 0;
+        column.key = columns->whole(3) > 0;
         column.notNull = columns->whole(2) != 0;
         table->columns.push_back(std::move(column));
+    }
+    if (std::ranges::count(table->columns, true, &TableColumn::key) > 1) {
+        std::ranges::for_each(table->columns, [](TableColumn& column) { column.key = false; });
     }
     return table;
 }

@@ -44,6 +44,8 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     std::unique_ptr<Statement> take(CachedStatement& cached);
     void giveBack(CachedStatement& cached, std::unique_ptr<Statement> statement);
     std::unique_ptr<Statement> prepare(std::string_view sql);
+    /// Writes a binary column of the row with this key (a whole number or a text) and looks at what was stored.
+    void updateBinary(const Origin& origin, std::size_t column, const sql::Value& key, const sql::Bytes& content);
     void enter(Stream& stream);
     void leave(Stream& stream);
 

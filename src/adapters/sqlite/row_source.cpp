@@ -53,6 +53,26 @@ class Rows final : public sql::RowSource, public Stream {
 
     std::unique_ptr<sql::RowSource> reopen() const override { return engine_->openRows(cached_->text); }
 
+    void updateBinary(std::size_t position, std::size_t column, sql::Bytes content) override {
+        const std::optional<Origin>& origin = cached_->translation.origin;
+        const bool binary = cached_->translation.types[column].kind == Kind::binary;
+        if (!origin || !binary || origin->columns[column].empty()) {
+            refuseUpdate();
+        }
+        const sql::Value key = row(position)[origin->key];
+        if (!key.isWhole() && !key.isText()) {
+            refuseUpdate();
+        }
+        try {
+            engine_->updateBinary(*origin, column, key, content);
+        } catch (const sql::DbError& error) {
+            throw withStatement(error, cached_->text);
+        }
+        if (inWindow(position)) {
+            window_[position - first_][column] = std::move(content);
+        }
+    }
+
     void park() override {
         if (statement_ && begun_ == 0) {
             engine_->giveBack(*cached_, std::move(statement_));

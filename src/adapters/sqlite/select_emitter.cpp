@@ -146,6 +146,34 @@ std::string Emitter::orderBy(const Select& select, const Scope& scope, const std
     return sql;
 }
 
+std::optional<Origin> Emitter::origin(const Select& select) {
+    const bool plain = select.from.size() == 1 && !select.from.front().select && !select.distinct &&
+                       select.groupBy.empty() && !select.having;
+    if (!plain) {
+        return std::nullopt;
+    }
+    const auto table = catalog_.table(select.from.front().table);
+    Origin result{.table = quotedTable(*table), .columns = {}};
+    bool found = false;
+    const auto add = [&](const TableColumn* column) {
+        if (column != nullptr && column->key && !found) {
+            found = true;
+            result.key = result.columns.size();
+        }
+        result.columns.push_back(column != nullptr ? quotedName(column->name) : std::string());
+    };
+    for (const Item& item : select.items) {
+        if (item.value->form != Form::star) {
+            add(item.value->form == Form::column ? table->column(item.value->text) : nullptr);
+            continue;
+        }
+        for (const TableColumn& column : table->columns) {
+            add(&column);
+        }
+    }
+    return found ? std::optional(std::move(result)) : std::nullopt;
+}
+
 EmittedSelect Emitter::select(const Select& select, const Scope* outer, bool named,
                               const std::vector<const TableColumn*>* targets) {
     Scope scope;

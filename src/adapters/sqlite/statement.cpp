@@ -36,7 +36,20 @@ Statement::Statement(sqlite3* database, std::string_view sql, bool kept) {
 }
 
 void Statement::bind(int parameter, std::int64_t value) {
-    const int code = sqlite3_bind_int64(handle_.get(), parameter, value);
+    bound(sqlite3_bind_int64(handle_.get(), parameter, value));
+}
+
+void Statement::bind(int parameter, std::string_view value) {
+    bound(sqlite3_bind_text64(handle_.get(), parameter, value.data(), value.size(), SQLITE_STATIC, SQLITE_UTF8));
+}
+
+void Statement::bind(int parameter, const sql::Bytes& value) {
+    // Bytes without an address would be taken for null.
+    bound(value.empty() ? sqlite3_bind_zeroblob(handle_.get(), parameter, 0)
+                        : sqlite3_bind_blob64(handle_.get(), parameter, value.data(), value.size(), SQLITE_STATIC));
+}
+
+void Statement::bound(int code) const {
     if (code != SQLITE_OK) {
         throwEngineError(sqlite3_db_handle(handle_.get()), code);
     }

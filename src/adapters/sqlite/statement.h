@@ -20,6 +20,9 @@ class Statement {
 
     /// Gives its 1-based parameter a value.
     void bind(int parameter, std::int64_t value);
+    /// Nothing is copied: text and bytes must outlive the last step.
+    void bind(int parameter, std::string_view value);
+    void bind(int parameter, const sql::Bytes& value);
     /// To the next row; false behind the last one. Errors: DbError, and the statement is at its start again.
     bool step();
     /// Back to the start; lets go of what it holds of the database.
@@ -33,6 +36,7 @@ class Statement {
     int timesPreparedAnew() const;
 
   private:
+    void bound(int code) const;
     struct Finalize {
         void operator()(sqlite3_stmt* statement) const;
     };

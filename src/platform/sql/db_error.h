@@ -14,6 +14,7 @@ inline constexpr long syntax = static_cast<int>(0x80040E14u);           ///< als
 inline constexpr long constraint = static_cast<int>(0x80040E2Fu);       ///< NOT NULL, key, foreign key
 inline constexpr long conversion = static_cast<int>(0x80040E07u);       ///< a value that does not fit its column's type
 inline constexpr long truncation = static_cast<int>(0x80040E57u);       ///< a text too long for its column
+inline constexpr long rowGone = static_cast<int>(0x80040E38u);          ///< the row to be written is no longer there
 inline constexpr long noTransaction = static_cast<int>(0x8004D00Eu);    ///< commit or rollback with none open
 inline constexpr long transactionOpen = static_cast<int>(0x8004D013u);  ///< a second transaction begun inside the first
 inline constexpr long timeout = static_cast<int>(0x80040E31u);          ///< another writer holds the database

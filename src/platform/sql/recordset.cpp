@@ -11,7 +11,13 @@ namespace velmora::sql {
 
 namespace {
 
-enum CursorError : long { criterionNotUnderstood = 3001, noCurrentRow = 3021, unknownColumn = 3265, closedSet = 3704 };
+enum CursorError : long {
+    criterionNotUnderstood = 3001,
+    noCurrentRow = 3021,
+    cannotBeUpdated = 3251,
+    unknownColumn = 3265,
+    closedSet = 3704,
+};
 
 [[noreturn]] void fail(CursorError number, std::string description) {
     throw runtime::RuntimeError(number, std::move(description), "VELMORA.Data");
@@ -123,6 +129,14 @@ bool Criterion::holds(const Value& value) const {
 
 }  // namespace
 
+void RowSource::updateBinary(std::size_t, std::size_t, Bytes) {
+    refuseUpdate();
+}
+
+void RowSource::refuseUpdate() {
+    fail(cannotBeUpdated, "El conjunto de registros no se puede actualizar.");
+}
+
 std::unique_ptr<RowSource> rowsInMemory(std::vector<Column> columns, std::vector<Row> rows) {
     return std::make_unique<RowsInMemory>(std::move(columns),
                                           std::make_shared<const std::vector<Row>>(std::move(rows)));
@@ -202,13 +216,18 @@ bool Recordset::hasRows() const {
     return !open().empty();
 }
 
-const Value& Recordset::operator[](std::string_view column) const {
+std::size_t Recordset::positionOf(std::string_view column) const {
     const auto& all = open().source->columns();
     const auto found = std::find_if(all.begin(), all.end(), [&](const Column& c) { return sameName(c.name, column); });
     if (found == all.end()) {
         fail(unknownColumn, "El conjunto de registros no tiene la columna '" + std::string(column) + "'.");
     }
-    return open().current()[static_cast<std::size_t>(found - all.begin())];
+    return static_cast<std::size_t>(found - all.begin());
+}
+
+const Value& Recordset::operator[](std::string_view column) const {
+    const std::size_t position = positionOf(column);
+    return open().current()[position];
 }
 
 const Value& Recordset::operator[](std::size_t column) const {
@@ -276,16 +295,10 @@ std::size_t Recordset::recordCount() const {
 void Recordset::find(std::string_view criterion) {
     Cursor& cursor = open();
     const Criterion wanted = Criterion::parse(criterion);
-    const auto& all = cursor.source->columns();
-    const auto column =
-        std::find_if(all.begin(), all.end(), [&](const Column& c) { return sameName(c.name, wanted.column); });
-    if (column == all.end()) {
-        fail(unknownColumn, "El conjunto de registros no tiene la columna '" + std::string(wanted.column) + "'.");
-    }
+    const std::size_t at = positionOf(wanted.column);
     if (cursor.place != Cursor::Place::onRow) {
         failNoCurrentRow();
     }
-    const auto at = static_cast<std::size_t>(column - all.begin());
     std::size_t position = cursor.index;
     while (cursor.source->hasRow(position) && !wanted.holds(cursor.source->row(position)[at])) {
         ++position;
@@ -311,6 +324,21 @@ void Recordset::requery() {
 const Row* Recordset::peek(std::size_t position) const {
     RowSource& source = *open().source;
     return source.hasRow(position) ? &source.row(position) : nullptr;
+}
+
+void Recordset::updateBinary(std::string_view column, Bytes content) {
+    updateBinary(positionOf(column), std::move(content));
+}
+
+void Recordset::updateBinary(std::size_t column, Bytes content) {
+    Cursor& cursor = open();
+    if (column >= cursor.source->columns().size()) {
+        fail(unknownColumn, "El conjunto de registros no tiene tantas columnas.");
+    }
+    if (cursor.place != Cursor::Place::onRow) {
+        failNoCurrentRow();
+    }
+    cursor.source->updateBinary(cursor.index, column, std::move(content));
 }
 
 Subscription Recordset::onMoveComplete(std::function<void()> listener) {

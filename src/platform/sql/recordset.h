@@ -31,6 +31,13 @@ class RowSource {
     virtual std::size_t rowCount() = 0;
     /// The same statement run again.
     virtual std::unique_ptr<RowSource> reopen() const = 0;
+    /// Recordset::updateBinary for the row at a position that hasRow accepted. A source that does not override it
+    /// refuses.
+    virtual void updateBinary(std::size_t position, std::size_t column, Bytes content);
+
+  protected:
+    /// Error 3251.
+    [[noreturn]] static void refuseUpdate();
 };
 
 /// Rows that are already in memory: for tests and for sets that no statement made.
@@ -79,6 +86,17 @@ class Recordset {
     /// The values of any row without moving; none when there is no such row. Valid until the next call.
     const Row* peek(std::size_t position) const;
 
+    /// Writes a binary column of the current row to the database and to this set, whole, and returns when the engine
+    /// holds all of it: it has looked at what it stored. Inside a transaction it counts with it, outside it is
+    /// durable. This is the one way to write through a set, for what is too large to stand in a statement's text
+    /// (files of 50 MB and more); all else is written by statements. An empty content is stored as such, not as null.
+    /// Listeners are not called: the row has not moved.
+    /// Errors: 3251 unless the set is a plain select (no DISTINCT, GROUP BY or join) from one table, brings along
+    /// that table's key of one column, and the column is a binary one of the table; 3021 without a current row; 3265
+    /// for an unknown column; DbError: provider::rowGone when the row is no longer there, the engine's refusal.
+    void updateBinary(std::string_view column, Bytes content);
+    void updateBinary(std::size_t column, Bytes content);
+
     /// Calls `listener` after every change of the current row, requery included, in order of subscription.
     [[nodiscard]] Subscription onMoveComplete(std::function<void()> listener);
 
@@ -88,6 +106,7 @@ class Recordset {
   private:
     struct Cursor;
     Cursor& open() const;
+    std::size_t positionOf(std::string_view column) const;
     void moved();
     std::shared_ptr<Cursor> cursor_;
 };

@@ -435,6 +435,103 @@ TEST_P(ConnectionContract, DocumentsLieInACatalogueOfTheirOwn) {
     EXPECT_EQ(refusal("select * from T_dex"), provider::missingTable);
 }
 
+// Files in a column.
+
+/// Bytes of every value in no order that repeats soon.
+sql::Bytes fileOf(std::size_t size) {
+    sql::Bytes content(size);
+    std::uint32_t state = 1;
+    for (std::byte& each : content) {
+        state = state * 1664525u + 1013904223u;
+        each = static_cast<std::byte>(state >> 24u);
+    }
+    return content;
+}
+
+/// The documents' table with three rows; gives the name to select from.
+std::string documentsTable(sql::Connection& connection) {
+    const std::string table = "DOC" + connection.currentCatalog() + ".dbo.T_Dex";
+    connection.execute("CREATE TABLE " + table +
+                       " (Dex_Id int IDENTITY (1, 1) PRIMARY KEY, Dex_Doc image NULL, Dex_Fic nvarchar(200))");
+    for (const char* name : {"a.pdf", "b.pdf", "c.pdf"}) {
+        connection.execute("insert into " + table + " (Dex_Doc,Dex_Fic) values (Null,N'" + name + "')");
+    }
+    return table;
+}
+
+TEST_P(ConnectionContract, AFileIsWrittenThroughTheSetThatHoldsItsRow) {
+    const std::string table = documentsTable(*connection_);
+    const sql::Bytes content = fileOf(4096);
+    Recordset row = execute("select * from " + table + " where Dex_Id= 2");
+    row.updateBinary("dex_doc", content);
+    EXPECT_EQ(row["Dex_Doc"], Value(content)) << "the set shows it";
+    EXPECT_EQ(row["Dex_Fic"], Value("b.pdf"));
+    EXPECT_EQ(scalar("Select Dex_Doc from " + table + " where Dex_Id= 2"), Value(content));
+    EXPECT_EQ(scalar("select count(*) from " + table + " where Dex_Doc is null"), Value(2)) << "no other row";
+    row.updateBinary(1, sql::Bytes{std::byte{7}});
+    EXPECT_EQ(scalar("Select Dex_Doc from " + table + " where Dex_Id= 2"), Value(sql::Bytes{std::byte{7}}));
+}
+
+TEST_P(ConnectionContract, AnEmptyFileIsNotNull) {
+    const std::string table = documentsTable(*connection_);
+    execute("select * from " + table + " where Dex_Id= 1").updateBinary("Dex_Doc", {});
+    EXPECT_EQ(scalar("select count(*) from " + table + " where Dex_Doc is null"), Value(2));
+    EXPECT_EQ(scalar("select Dex_Doc from " + table + " where Dex_Id= 1"), Value(sql::Bytes{}));
+}
+
+TEST_P(ConnectionContract, AFileOfFiftyMegabytesComesBackByteForByte) {
+    const std::string table = documentsTable(*connection_);
+    const sql::Bytes content = fileOf(50 * 1024 * 1024);
+    execute("select * from " + table + " where Dex_Id= 3").updateBinary("Dex_Doc", content);
+    const Recordset row = execute("select Dex_Doc,Dex_Fic from " + table + " where Dex_Id= 3");
+    EXPECT_TRUE(row["Dex_Doc"] == Value(content));
+}
+
+TEST_P(ConnectionContract, WhatIsWrittenThroughASetCountsWithItsTransaction) {
+    const std::string table = documentsTable(*connection_);
+    connection_->beginTrans();
+    execute("select * from " + table + " where Dex_Id= 1").updateBinary("Dex_Doc", fileOf(100));
+    connection_->rollbackTrans();
+    EXPECT_EQ(scalar("select Dex_Doc from " + table + " where Dex_Id= 1"), Value());
+}
+
+TEST_P(ConnectionContract, OnlyABinaryColumnOfOneRowOfOneTableIsWrittenThroughASet) {
+    const std::string table = documentsTable(*connection_);
+    execute("CREATE TABLE T_NoKey (n int, doc image)");
+    execute("insert into T_NoKey (n) values (1)");
+    const auto refusalOf = [&](const std::string& statement, std::string_view column) {
+        try {
+            execute(statement).updateBinary(column, fileOf(10));
+        } catch (const runtime::RuntimeError& error) {
+            return error.number();
+        }
+        return 0L;
+    };
+    EXPECT_EQ(refusalOf("select * from " + table + " where Dex_Id= 1", "Dex_Fic"), 3251) << "a text";
+    EXPECT_EQ(refusalOf("select Dex_Doc from " + table, "Dex_Doc"), 3251) << "without the key";
+    EXPECT_EQ(refusalOf("select distinct Dex_Id,Dex_Doc from " + table, "Dex_Doc"), 3251);
+    EXPECT_EQ(
+        refusalOf("select a.Dex_Id,a.Dex_Doc from " + table + " a inner join " + table + " b on a.Dex_Id=b.Dex_Id",
+                  "Dex_Doc"),
+        3251);
+    EXPECT_EQ(refusalOf("select * from T_NoKey", "doc"), 3251);
+    EXPECT_EQ(refusalOf("select * from " + table + " where Dex_Id= 9", "Dex_Doc"), 3021);
+    EXPECT_EQ(refusalOf("select * from " + table + " where Dex_Id= 1", "Dex_Docs"), 3265);
+    EXPECT_EQ(scalar("select count(*) from " + table + " where Dex_Doc is null"), Value(3)) << "nothing was written";
+}
+
+TEST_P(ConnectionContract, ARowThatIsGoneIsNotWritten) {
+    const std::string table = documentsTable(*connection_);
+    Recordset row = execute("select * from " + table + " where Dex_Id= 1");
+    execute("delete from " + table + " where Dex_Id= 1");
+    try {
+        row.updateBinary("Dex_Doc", fileOf(10));
+        FAIL() << "no error";
+    } catch (const sql::DbError& error) {
+        EXPECT_EQ(error.number(), provider::rowGone);
+    }
+}
+
 // Result sets.
 
 TEST_P(ConnectionContract, AnEmptySetIsOpenAtBothEnds) {

@@ -14,11 +14,14 @@ class WatchedConnectionTest : public ::testing::Test {
         watched.onStatement([this](std::string_view statement) { told.emplace_back(statement); });
     }
 
+    /// Of the provider's error; 0 without one.
     long numberOf(const std::function<void()>& deed) {
         try {
             deed();
         } catch (const sql::DbError& e) {
             return e.number();
+        } catch (const runtime::RuntimeError&) {
+            return 0;
         }
         return 0;
     }
@@ -76,6 +79,18 @@ TEST_F(WatchedConnectionTest, OnceLostFailsInEverythingAndUndoesTheTransaction) 
     EXPECT_EQ(numberOf([&] { watched.rollbackTrans(); }), sql::provider::failure);
     EXPECT_EQ(numberOf([&] { watched.currentCatalog(); }), sql::provider::failure);
     EXPECT_EQ(database.log.size(), 2u);
+}
+
+TEST_F(WatchedConnectionTest, AColumnWrittenThroughASetIsRefusedByItsNameAndAfterTheLoss) {
+    sql::Recordset rows = watched.execute("select a from t");
+    const auto write = [&] { rows.updateBinary("A", sql::Bytes{std::byte{1}}); };
+    EXPECT_THROW(write(), runtime::RuntimeError) << "the rows of the bench are in memory";
+    EXPECT_EQ(numberOf(write), 0) << "and that is no error of a provider";
+    watched.refuseNext("update a");
+    EXPECT_EQ(numberOf(write), sql::provider::failure);
+    EXPECT_EQ(told.size(), 1u) << "it is no statement of the program";
+    watched.lose();
+    EXPECT_EQ(numberOf(write), sql::provider::failure);
 }
 
 TEST_F(WatchedConnectionTest, LostOutsideATransactionUndoesNothing) {

@@ -265,6 +265,25 @@ TEST(TransactionTest, AFailedCommitIsNotRolledBackAgain) {
     EXPECT_EQ(connection.log, "begin commit ");
 }
 
+TEST(RecordsetTest, RowsThatNoEngineHoldsAreNotUpdated) {
+    Recordset rows(rowsInMemory({{"a"}, {"doc"}}, {{Value(1), Value()}}));
+    const auto refusal = [&](auto&& column) {
+        try {
+            rows.updateBinary(column, Bytes{std::byte{1}});
+        } catch (const runtime::RuntimeError& error) {
+            return error.number();
+        }
+        return 0L;
+    };
+    EXPECT_EQ(refusal("doc"), 3251);
+    EXPECT_EQ(refusal("other"), 3265);
+    EXPECT_EQ(refusal(std::size_t{2}), 3265);
+    rows.moveNext();
+    EXPECT_EQ(refusal("doc"), 3021);
+    rows = {};
+    EXPECT_EQ(refusal("doc"), 3704);
+}
+
 TEST(TransactionTest, ADestructorDoesNotThrow) {
     RecordingConnection connection;
     connection.refuses = true;

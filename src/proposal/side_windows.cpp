@@ -1,0 +1,54 @@
+#include "velmora/proposal/side_windows.h"
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/services/frm_doc.h"
+#include "velmora/services/frm_hcomp.h"
+
+namespace velmora::proposal {
+
+namespace {
+
+std::string textOf(const sql::Value& value) {
+    return value.isNull() ? std::string() : value.toText();
+}
+
+}  // namespace
+
+SideWindows::Material SideWindows::material(int Index) const {
+    switch (Index) {
+        case 0:
+            return {f_.cboMatDisco, f_.rsMatDisco};
+        case 1:
+            return {f_.cboMatCubo, f_.rsMatCubo};
+        default:
+            return {f_.cboMatCre, f_.rsMatCre};
+    }
+}
+
+void SideWindows::cmdHPrecios_Click(int Index) {
+    const Material chosen = material(Index);
+    services::frmHcomp form(session_, desk_);
+    // Kept K-185: the list's first material counts as none, and its window opens empty; people know the second entry
+    // as the first one with prices.
+    if (chosen.list.listIndex() >= 1 && chosen.rows->isOpen() && !chosen.rows->eof()) {
+        const sql::Recordset& row = *chosen.rows;
+        form.nFormula = row["art_for"].isNull() ? 0 : row["art_for"].toLong();
+        form.txtFields(0).setText(textOf(row["art_cod"]));
+        form.txtFields(1).setText(textOf(row["art_des"]));
+        form.msCargar();
+    }
+    desk_.screen.showModal(form);
+}
+
+void SideWindows::cmdDoc_Click() {
+    if (!runtime::IsNumeric(f_.txtPesu(3).text())) {
+        return;
+    }
+    services::frmDoc form(session_, desk_);
+    form.nIdExp = runtime::CLng(f_.txtPesu(3).text());
+    form.nIdAct = services::actOfProposals;
+    form.msCargarDocumentos();
+    desk_.screen.showModal(form);
+}
+
+}  // namespace velmora::proposal

@@ -1,0 +1,121 @@
+#include "velmora/services/document_store.h"
+
+#include <utility>
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/services/document_files.h"
+#include "velmora/services/shell_execute.h"
+
+namespace velmora::services {
+
+using session::Tipo;
+
+namespace {
+
+/// No row was made: the insert was refused.
+constexpr std::int32_t noRow = 0;
+
+std::string text(std::int64_t number) {
+    return runtime::CStr(number);
+}
+
+}  // namespace
+
+DocumentStore::DocumentStore(session::Session& session, platform::Desk& desk)
+    : session_(session), desk_(desk), sPrefijo_("DOC" + session.Connection().currentCatalog() + ".dbo.") {}
+
+sql::Recordset DocumentStore::list(const DocumentOwner& owner) {
+    return session_.Connection().execute("Select dex_id,dex_fic from " + sPrefijo_ +
+                                         "dex where dex_idExp =" + text(owner.nIdExp) +
+                                         " and dex_idAct=" + text(owner.nIdAct) + " order by dex_id desc");
+}
+
+bool DocumentStore::msAnadirFichero(const std::string& path, const DocumentOwner& owner) {
+    const std::int32_t id = addRow(path, owner);
+    if (id == noRow) {
+        showError("Error añadiendo fichero");
+        return true;
+    }
+    if (!SaveFileToDB(path, id)) {
+        // Kept K-181: the row stays, without content, and viewing it does nothing; the file stays where it was.
+        showError("Error insertando el documento");
+        return false;
+    }
+    // Kept K-182: a file picked from disk is gone too, and nothing says so: attaching moves a document into the
+    // database, where alone people look for it afterwards.
+    deleteFile(path);
+    return true;
+}
+
+std::int32_t DocumentStore::addRow(const std::string& path, const DocumentOwner& owner) {
+    session_.Tabla(sPrefijo_ + "Dex");
+    session_.Modo(0);
+    sql::Transaction transaction(session_.Connection());
+    session::FieldList& campos = session_.Campos();
+    campos.Add("Dex_Doc", Tipo::expression, "Null");
+    campos.Add("Dex_Fic", Tipo::text, nameOfFile(path));
+    campos.Add("Dex_FicDes", Tipo::text, extensionOfFile(path));
+    campos.Add("Dex_Idexp", Tipo::wholeNumber, owner.nIdExp);
+    campos.Add("Dex_IdAct", Tipo::wholeNumber, int{owner.nIdAct});
+    campos.Add("Dex_IdUsu", Tipo::wholeNumber, session_.IdUsuario());
+    campos.Add("Dex_Estado", Tipo::wholeNumber, 1);
+    campos.Add("Dex_Importe", Tipo::wholeNumber, 0);
+    campos.Add("Dex_Fecha", Tipo::expression, "getdate()");
+    std::string error;
+    bool correcto = false;
+    session_.Insertar(error, correcto);
+    if (!correcto) {
+        transaction.rollback();
+        return noRow;
+    }
+    const sql::Recordset key = session_.Connection().execute("Select isnull(max(dex_id),1) from " + sPrefijo_ + "dex");
+    const std::int32_t id = key[std::size_t{0}].toLong();
+    transaction.commit();
+    return id;
+}
+
+bool DocumentStore::SaveFileToDB(const std::string& path, std::int32_t id) {
+    try {
+        sql::Recordset row =
+            session_.Connection().execute("select * from " + sPrefijo_ + "Dex where Dex_Id= " + text(id));
+        row.updateBinary("Dex_Doc", readFile(path));
+        return true;
+    } catch (const runtime::RuntimeError& error) {
+        showError("Error : \r\n" + error.description());
+        return false;
+    }
+}
+
+void DocumentStore::LoadFileFromDB(std::int32_t id) {
+    try {
+        open(id);
+    } catch (const runtime::RuntimeError& error) {
+        showError(error.description());
+    }
+}
+
+void DocumentStore::open(std::int32_t id) {
+    const sql::Recordset row =
+        session_.Connection().execute("select Dex_Doc,Dex_Fic from " + sPrefijo_ + "Dex where Dex_Id= " + text(id));
+    if (row.eof() || row["Dex_Doc"].isNull()) {
+        return;
+    }
+    const std::string path = GetTmpPath() + safeFileName(row["Dex_Fic"].toText());
+    const auto* content = std::get_if<sql::Bytes>(&row["Dex_Doc"].raw());
+    if (content == nullptr) {
+        runtime::raise(runtime::typeMismatch);
+    }
+    writeFile(path, *content);
+    ShellEx(desk_.services, path);
+}
+
+void DocumentStore::remove(std::int32_t id) {
+    session_.Connection().execute("delete from " + sPrefijo_ + "dex where dex_id = " + text(id));
+}
+
+void DocumentStore::showError(const std::string& text) {
+    // Chosen C-185: every failure of a document bears the critical icon, as the program's refusals do.
+    desk_.screen.show({.text = text, .icon = screen::Icon::critical});
+}
+
+}  // namespace velmora::services

@@ -1,0 +1,52 @@
+#pragma once
+// The documents attached to a proposal: added from disk or scanned, looked at, deleted.
+
+#include <cstdint>
+#include <string>
+
+#include "velmora/platform/desk.h"
+#include "velmora/platform/screen/data_grid.h"
+#include "velmora/platform/screen/form.h"
+#include "velmora/platform/session/session.h"
+#include "velmora/services/document_store.h"
+
+namespace velmora::services {
+
+/// The owner's kind for proposals.
+inline constexpr std::int16_t actOfProposals = -8;
+
+/// Who opens it sets nIdExp and nIdAct, calls msCargarDocumentos and shows it modally.
+class frmDoc : public screen::Form {
+  public:
+    /// Errors: the database's, when the connection cannot name its catalogue.
+    frmDoc(session::Session& session, platform::Desk& desk);
+
+    std::int32_t nIdExp = 0;  ///< owner: the DPI_Id
+    std::int16_t nIdAct = 0;  ///< the owner's kind
+
+    /// Lists the documents anew. Errors: the database's.
+    void msCargarDocumentos();
+
+    /// Stores a file as a new document; the form's tag is "E" afterwards when its content could not be stored.
+    /// Errors: the database's while the row is made.
+    void msAnadirFichero(const std::string& path);
+
+    screen::Toolbar Toolbar1{*this, "Toolbar1"};
+    screen::DataGrid dbgPlanos{*this, "dbgPlanos"};
+
+  private:
+    void arrange();
+    void Toolbar1_ButtonClick(int index);
+    void Toolbar1_ButtonMenuClick(const std::string& key);
+    void viewDocument();
+    void deleteDocument();
+    void addFromDisk();
+    void scan();
+    bool hasDocuments() const { return rsPlanos_.isOpen() && rsPlanos_.hasRows(); }
+
+    platform::Desk& desk_;
+    DocumentStore store_;
+    sql::Recordset rsPlanos_;
+};
+
+}  // namespace velmora::services
