@@ -1,11 +1,16 @@
 #include "velmora/apps/stand_ins/stand_ins.h"
 
 #include "velmora/adapters/documents/grid_spreadsheet.h"
+#include "velmora/adapters/documents/proposal_printing.h"
 
 namespace velmora::stand_ins {
 
 void registerStandIns(components::ComponentFactory& factory, screen::Screen& screen, system::Services& services,
                       const system::Clock& clock) {
+    // Made when the first paper is printed, and kept as long as the factory.
+    const auto graphics = std::make_shared<qt::Graphics>();
+    factory.add("VELMORAIMP.VMORAIMP",
+                [&services, graphics] { return std::make_unique<documents::ProposalPrinting>(services, graphics); });
     factory.add("LIMBAR.jLimbar",
                 [&] { return std::make_unique<documents::GridSpreadsheet>(screen, services, clock); });
 }
