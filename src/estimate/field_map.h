@@ -85,7 +85,6 @@ struct FieldMap {
     screen::Sketch picTriple{form, "picTriple"};
     screen::Sketch picVariable{form, "picVariable"};
     screen::Sketch picCremallera{form, "picCremallera"};
-    Hubs hubsOnSketch = Hubs::one;
 
     // The material rows chosen for disc, hub and rack, each with its article; a move recalculates.
     sql::ListenedRecordset rsMatDisco;

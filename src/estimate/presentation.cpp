@@ -137,7 +137,6 @@ void Presentation::presentType(int type) {
 }
 
 void Presentation::showHubs(Hubs hubs) {
-    f_.hubsOnSketch = hubs;
     show(hubs != Hubs::none, {&f_.Text3(1), &f_.Text3(3), &f_.Text3(4)});
     show(hubs == Hubs::two, {&f_.Text3(5), &f_.Text3(6)});
 }

@@ -3,8 +3,7 @@
 #include <array>
 #include <optional>
 
-#include "velmora/estimate/multiple_drawings.h"
-#include "velmora/estimate/rack_drawing.h"
+#include "velmora/estimate/product_drawing.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 
@@ -40,78 +39,32 @@ std::optional<double> measure(const TextBox& box) {
     return runtime::IsNumeric(box.text()) ? std::optional(runtime::CDbl(box.text())) : std::nullopt;
 }
 
-estimate::Toothing toothing(int type) {
-    if (data::isSmoothPulley(type)) {
-        return estimate::Toothing::smooth;
-    }
-    return data::isGear(type) ? estimate::Toothing::gear : estimate::Toothing::chain;
-}
-
-void putWheel(estimate::WheelMeasures& measures, const estimate::FieldMap& f) {
-    constexpr double mostTeeth = 10000;
-    const std::optional<double> teeth = measure(f.Text1(1));
-    measures.toothing = toothing(f.type());
-    if (teeth && *teeth >= 0 && *teeth <= mostTeeth) {
-        measures.teeth = static_cast<int>(*teeth);
-    }
-    measures.exterior = measure(f.Text1(15));
-    measures.pitch = measure(f.Text1(3));
-    measures.root = measure(f.Text1(4));
-    measures.bore = measure(f.Text1(7));
-    measures.keyway = measure(f.Text1(12));
-}
-
-screen::Drawing piece(const estimate::FieldMap& f) {
-    estimate::PieceMeasures measures;
-    putWheel(measures, f);
-    measures.hub = measure(f.Text1(16));
-    measures.rim = measure(f.Text1(9));
-    measures.hubWidth = measure(f.Text1(10));
-    measures.totalWidth = measure(f.Text1(17));
-    return estimate::drawPiece(f.hubsOnSketch, measures);
-}
-
-estimate::MultipleMeasures multipleMeasures(const estimate::FieldMap& f, const TextBox& coreHeight) {
-    estimate::MultipleMeasures measures;
-    putWheel(measures, f);
-    measures.chainRim = measure(f.Text1(5));
-    measures.gap = measure(f.Text1(11));
-    measures.rim = measure(f.Text1(9));
-    measures.coreHeight = measure(coreHeight);
-    measures.hub = measure(f.Text1(16));
-    measures.hubWidth = measure(f.Text1(10));
-    return measures;
-}
-
-screen::Drawing twoRims(const estimate::FieldMap& f) {
-    return estimate::drawMultiple(estimate::Rims::two, !f.lblTapaCubo(0).isVisible(), multipleMeasures(f, f.txtPDM(2)));
-}
-
-screen::Drawing threeRims(const estimate::FieldMap& f) {
-    return estimate::drawMultiple(estimate::Rims::three, !f.lblTapacuboTriple(0).isVisible(),
-                                  multipleMeasures(f, f.txtTriple(2)));
-}
-
-screen::Drawing twoHubs(const estimate::FieldMap& f) {
-    estimate::VariableMeasures measures;
-    putWheel(measures, f);
-    measures.hubA = measure(f.Text1(16));
-    measures.hubAWidth = measure(f.Text1(10));
-    measures.rim = measure(f.Text1(9));
-    measures.hubB = measure(f.Text1(18));
-    measures.hubBWidth = measure(f.Text1(14));
-    return estimate::drawVariable(measures);
-}
-
-screen::Drawing rackBar(const estimate::FieldMap& f) {
-    return estimate::drawRack({
-        .module = measure(f.Text1(19)),
-        .pitch = measure(f.Text1(20)),
-        .toothHeight = measure(f.Text1(21)),
-        .height = measure(f.Text1(22)),
-        .length = measure(f.Text1(24)),
-        .width = measure(f.Text1(25)),
-    });
+screen::Drawing drawing(const estimate::FieldMap& f) {
+    const int type = f.type();
+    const bool rack = data::isRack(type);
+    return estimate::drawProduct(type, {
+                                           .teeth = measure(f.Text1(1)),
+                                           .pitch = measure(f.Text1(rack ? 20 : 0)),
+                                           .module = measure(f.Text1(19)),
+                                           .exterior = measure(f.Text1(15)),
+                                           .pitchDiameter = measure(f.Text1(3)),
+                                           .root = measure(f.Text1(4)),
+                                           .bore = measure(f.Text1(7)),
+                                           .keyway = measure(f.Text1(12)),
+                                           .hub = measure(f.Text1(16)),
+                                           .hubWidth = measure(f.Text1(10)),
+                                           .secondHub = measure(f.Text1(18)),
+                                           .secondHubWidth = measure(f.Text1(14)),
+                                           .rim = measure(f.Text1(9)),
+                                           .totalWidth = measure(f.Text1(17)),
+                                           .chainRim = measure(f.Text1(5)),
+                                           .gap = measure(f.Text1(11)),
+                                           .coreHeight = measure(data::isTriple(type) ? f.txtTriple(2) : f.txtPDM(2)),
+                                           .toothHeight = measure(f.Text1(21)),
+                                           .height = measure(f.Text1(22)),
+                                           .length = measure(f.Text1(24)),
+                                           .width = measure(f.Text1(25)),
+                                       });
 }
 
 void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
@@ -208,11 +161,9 @@ Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
         lay::group(c.fraEje, std::move(bore)), lay::space());
 }
 
-using Draw = screen::Drawing (*)(const estimate::FieldMap& f);
-
-/// A drawing with the value labels of an array at the places of the same numbers.
-Layout picture(estimate::FieldMap& f, screen::Sketch& sketch, Draw draw, const screen::ControlArray<TextBox>& labels) {
-    sketch.setSource([&f, draw] { return draw(f); });
+/// The drawing with the value labels of an array at the places of the same numbers.
+Layout picture(estimate::FieldMap& f, screen::Sketch& sketch, const screen::ControlArray<TextBox>& labels) {
+    sketch.setSource([&f] { return drawing(f); });
     sketch.setAccessibleName("Dibujo de la pieza");
     labels.forEach([&sketch](TextBox& box) { sketch.place(box.index(), box); });
     return lay::plain(sketch);
@@ -240,11 +191,11 @@ Layout pictures(estimate::FieldMap& f) {
     nameLabels(f.txtTriple, tripleNames);
     nameLabels(f.txtDCV, variableNames);
     nameLabels(f.txtCre, rackNames);
-    return lay::takeTurns(lay::group(f.fraCremallera, picture(f, f.picCremallera, rackBar, f.txtCre)),
-                          lay::group(f.fraTriple, picture(f, f.picTriple, threeRims, f.txtTriple)),
-                          lay::group(f.fraDobleVar, picture(f, f.picVariable, twoHubs, f.txtDCV)),
-                          lay::group(f.fraPDM, picture(f, f.picDoble, twoRims, f.txtPDM)),
-                          lay::group(f.Frame2, picture(f, f.sketch, piece, f.Text3)))
+    return lay::takeTurns(lay::group(f.fraCremallera, picture(f, f.picCremallera, f.txtCre)),
+                          lay::group(f.fraTriple, picture(f, f.picTriple, f.txtTriple)),
+                          lay::group(f.fraDobleVar, picture(f, f.picVariable, f.txtDCV)),
+                          lay::group(f.fraPDM, picture(f, f.picDoble, f.txtPDM)),
+                          lay::group(f.Frame2, picture(f, f.sketch, f.Text3)))
         .stretched(3);
 }
 

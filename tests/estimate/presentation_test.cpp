@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "velmora/estimate/product_drawing.h"
 #include "velmora/platform/runtime/numbers.h"
 
 #include "support/workshop.h"
@@ -251,7 +252,7 @@ TEST_F(PresentationTest, TheSketchHasTheHubsOfTheType) {
     for (const Row& row : {Row{0, estimate::Hubs::one}, Row{1, estimate::Hubs::none}, Row{2, estimate::Hubs::two},
                            Row{3, estimate::Hubs::two}, Row{8, estimate::Hubs::one}, Row{9, estimate::Hubs::none}}) {
         chooseType(row.type);
-        EXPECT_EQ(fields().hubsOnSketch, row.hubs) << row.type;
+        EXPECT_EQ(estimate::hubsOf(fields().type()), row.hubs) << row.type;
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "velmora/adapters/qt/form_window.h"
 #include "velmora/adapters/qt/message_dialog.h"
+#include "velmora/adapters/qt/progress_window.h"
 #include "velmora/adapters/qt/search_dialog.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
@@ -139,6 +140,10 @@ void QtScreen::setPointer(screen::Pointer pointer) {
 
 void QtScreen::processEvents() {
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+std::unique_ptr<screen::Progress> QtScreen::progress(std::string_view title) {
+    return std::make_unique<ProgressWindow>(toQt(title), topWidget());
 }
 
 void QtScreen::showError(std::exception_ptr error) {

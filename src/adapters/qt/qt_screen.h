@@ -24,6 +24,7 @@ class QtScreen : public screen::Screen {
     void setPointer(screen::Pointer pointer) override;
     /// What the user does meanwhile waits.
     void processEvents() override;
+    std::unique_ptr<screen::Progress> progress(std::string_view title) override;
 
     /// An error that nothing of the logic has caught: a critical box with its number and text.
     void showError(std::exception_ptr error);

@@ -25,21 +25,6 @@ bool isInstalled(const QString& family) {
     return QFontDatabase::families().contains(family);
 }
 
-// The desktop's own font when its digits are all of one width, so that numbers line up. The common fallback is very
-// wide; its narrow sister gives a dense form the room it needs.
-QFont baseFont() {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPointSize(9);
-    const QString resolved = QFontInfo(font).family();
-    const QString wide = QStringLiteral("DejaVu Sans");
-    if (resolved != wide && hasTabularDigits(font)) {
-        return font;
-    }
-    const QString narrow = QStringLiteral("DejaVu Sans Condensed");
-    font.setFamily(isInstalled(narrow) || !isInstalled(wide) ? narrow : wide);
-    return font;
-}
-
 QPalette palette() {
     QPalette p{QColor(window)};
     for (const auto state : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
@@ -62,6 +47,21 @@ QPalette palette() {
 }
 
 }  // namespace
+
+// The desktop's own font when its digits are all of one width, so that numbers line up. The common fallback is very
+// wide; its narrow sister gives a dense form the room it needs.
+QFont baseFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPointSize(9);
+    const QString resolved = QFontInfo(font).family();
+    const QString wide = QStringLiteral("DejaVu Sans");
+    if (resolved != wide && hasTabularDigits(font)) {
+        return font;
+    }
+    const QString narrow = QStringLiteral("DejaVu Sans Condensed");
+    font.setFamily(isInstalled(narrow) || !isInstalled(wide) ? narrow : wide);
+    return font;
+}
 
 void apply(QApplication& application) {
     QApplication::setStyle(new Style);

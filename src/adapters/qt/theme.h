@@ -34,6 +34,8 @@ inline constexpr QRgb currentRow = 0xFFC9DFF5;
 /// Style, palette and font of the whole application. Once, before the first window.
 void apply(QApplication& application);
 
+/// The font of all windows and papers, 9 points.
+QFont baseFont();
 QFont totalFont();
 QFont titleFont();
 

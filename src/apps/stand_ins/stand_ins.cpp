@@ -2,15 +2,23 @@
 
 #include <memory>
 
+#include "velmora/adapters/documents/grid_spreadsheet.h"
+#include "velmora/adapters/documents/proposal_printing.h"
 #include "velmora/adapters/host/delivery_notes.h"
 #include "velmora/adapters/host/work_orders.h"
 
 namespace velmora::stand_ins {
 
-void registerStandIns(components::ComponentFactory& factory, screen::Screen& screen, system::Services&,
-                      const system::Clock&) {
+void registerStandIns(components::ComponentFactory& factory, screen::Screen& screen, system::Services& services,
+                      const system::Clock& clock) {
     factory.add("KOLTAR.KOLTARD", [&screen] { return std::make_unique<host::WorkOrderViewer>(screen); });
     factory.add("SORVEL.SORVELCOMP", [&screen] { return std::make_unique<host::DeliveryNoteViewer>(screen); });
+    // Made when the first paper is printed, and kept as long as the factory.
+    const auto graphics = std::make_shared<qt::Graphics>();
+    factory.add("VELMORAIMP.VMORAIMP",
+                [&services, graphics] { return std::make_unique<documents::ProposalPrinting>(services, graphics); });
+    factory.add("LIMBAR.jLimbar",
+                [&] { return std::make_unique<documents::GridSpreadsheet>(screen, services, clock); });
 }
 
 }  // namespace velmora::stand_ins

@@ -2,8 +2,10 @@
 // What a toolkit does for the logic: show forms and questions, search, and the pointer.
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/screen/form.h"
@@ -37,6 +39,20 @@ struct SearchWindow {
 
 enum class Pointer { normal, hourglass };
 
+/// How far a long work has come, and whether the user has had enough of it. This one shows nothing and is never
+/// cancelled: for screens at which nobody waits.
+class Progress {
+  public:
+    Progress() = default;
+    virtual ~Progress() = default;
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    /// `fraction` from 0 to 1; none when the end is not known. May let the toolkit's events run.
+    virtual void show(std::string_view /*text*/, std::optional<double> /*fraction*/) {}
+    virtual bool cancelled() { return false; }
+};
+
 class Screen {
   public:
     virtual ~Screen() = default;
@@ -49,6 +65,8 @@ class Screen {
     virtual void setPointer(Pointer pointer) = 0;
     /// Lets pending events of the toolkit run.
     virtual void processEvents() = 0;
+    /// A window with a button to cancel, which comes up only when the work takes longer than about a second.
+    virtual std::unique_ptr<Progress> progress(std::string_view /*title*/) { return std::make_unique<Progress>(); }
 };
 
 }  // namespace velmora::screen

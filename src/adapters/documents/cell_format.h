@@ -1,0 +1,21 @@
+#pragma once
+// A grid's masks in the words of a spreadsheet.
+
+#include <string>
+#include <string_view>
+
+namespace velmora::documents {
+
+enum class MaskKind {
+    none,    ///< the value as it is
+    number,  ///< "000000", "#,##0.00 €"
+    date,    ///< "dd/mm/yyyy"
+    yesNo,   ///< "Yes/No"
+};
+
+MaskKind kindOf(std::string_view mask);
+
+/// The number format under which a spreadsheet shows what the grid shows under the mask; empty for none.
+std::string numberFormat(std::string_view mask);
+
+}  // namespace velmora::documents

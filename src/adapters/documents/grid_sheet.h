@@ -1,0 +1,71 @@
+#pragma once
+// A grid's rows as sheets of a workbook: title, captions, and a row a record, in the grid's order and masks.
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "velmora/adapters/documents/cell_format.h"
+#include "velmora/adapters/documents/workbook.h"
+#include "velmora/platform/runtime/date.h"
+#include "velmora/platform/screen/data_grid.h"
+#include "velmora/platform/sql/recordset.h"
+
+namespace velmora::documents {
+
+/// The rows that a sheet of the format can hold, title and captions included.
+inline constexpr std::size_t rowsOfSheet = 1'048'576;
+
+class GridSheet {
+  public:
+    struct Heading {
+        std::string title;
+        runtime::Date written;
+    };
+    /// Called now and then with the rows written so far; false ends the work.
+    using GoOn = std::function<bool(std::size_t rows)>;
+
+    /// `rowsPerSheet` counts title and captions too: what lies beyond goes on in a second sheet.
+    GridSheet(Workbook& book, Heading heading, const std::vector<screen::GridColumn>& columns,
+              std::size_t rowsPerSheet = rowsOfSheet);
+
+    /// Writes from the first row to the last, which leaves the set at its end. False when `goOn` ended it.
+    bool write(sql::Recordset& rows, const GoOn& goOn);
+
+  private:
+    struct Column {
+        std::size_t field;
+        std::string caption;
+        int pixels;
+        bool right;
+        MaskKind kind;
+        lxw_format* value;  ///< nullptr: plain
+        lxw_format* date;   ///< for dates without a mask of their own
+        lxw_format* moment;
+    };
+
+    lxw_format* format(const std::string& number, bool right);
+    void beginSheet();
+    void endSheet();
+    void writeRow(const sql::Row& row);
+    void writeCell(const Column& column, std::uint16_t at, const sql::Value& value);
+    void writeNumber(const Column& column, std::uint16_t at, double value);
+    void writeText(const Column& column, std::uint16_t at, const std::string& text);
+    void writeDate(const Column& column, std::uint16_t at, const runtime::Date& date);
+    void writePlainText(const Column& column, std::uint16_t at, const std::string& text);
+
+    Workbook& book_;
+    Heading heading_;
+    std::size_t rowsPerSheet_;
+    std::vector<Column> columns_;
+    lxw_format* title_;
+    lxw_format* note_;
+    lxw_format* caption_;
+    lxw_format* captionRight_;
+    lxw_worksheet* sheet_ = nullptr;
+    std::uint32_t row_ = 0;
+};
+
+}  // namespace velmora::documents

@@ -1,0 +1,32 @@
+#pragma once
+// A proposal on paper: what stands in for VELMORAIMP.VMORAIMP.
+
+#include <memory>
+
+#include "velmora/adapters/qt/graphics.h"
+#include "velmora/platform/components/components.h"
+#include "velmora/platform/system/system.h"
+
+namespace velmora::documents {
+
+/// Reads a proposal by its number as it was last saved, writes a PDF in the temporary folder and opens it.
+class ProposalPrinting final : public components::Printing {
+  public:
+    /// `graphics` may be shared: it outlives the component, so that an application made for it is made once.
+    ProposalPrinting(system::Services& services, std::shared_ptr<qt::Graphics> graphics)
+        : services_(services), graphics_(std::move(graphics)) {}
+
+    void setMyBd(session::Session& session) override { session_ = &session; }
+
+    /// The customer's sheet and the shop's, "Propuesta_000123.pdf"; for an order the shop's alone,
+    /// "HojaCorte_000123.pdf". Errors: 91 without a session, 5 for a number that no proposal has, 75 and 76 for a file
+    /// that cannot be written or opened, those of the database.
+    void jPrintPropuesta(std::int32_t nIdDpi, bool bOrden) override;
+
+  private:
+    system::Services& services_;
+    std::shared_ptr<qt::Graphics> graphics_;
+    session::Session* session_ = nullptr;
+};
+
+}  // namespace velmora::documents

@@ -1,0 +1,310 @@
+#include "velmora/adapters/documents/proposal_sheets.h"
+
+#include <algorithm>
+
+#include "velmora/data/product_numbers.h"
+#include "velmora/platform/runtime/dates.h"
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::documents {
+
+namespace {
+
+using Number = std::optional<double>;
+
+std::string day(const std::optional<runtime::Date>& date) {
+    return date ? runtime::Format(*date, "dd/mm/yyyy") : std::string();
+}
+
+std::string plain(const Number& value) {
+    return value ? runtime::CStr(*value) : std::string();
+}
+
+std::string amount(const Number& value) {
+    return value ? runtime::Format(*value, "#,##0.00") : std::string();
+}
+
+std::string euros(const Number& value) {
+    return value ? amount(value) + " €" : std::string();
+}
+
+std::string withWords(const std::string& first, const std::string& between, const std::string& second) {
+    return first.empty() || second.empty() ? first + second : first + between + second;
+}
+
+std::string typeName(const StoredProposal& p) {
+    const std::string name(data::productTypeName(p.type));
+    return name.empty() ? "Pieza especial" : name;
+}
+
+/// Collects what has a value.
+class FieldsOf {
+  public:
+    FieldsOf& add(const std::string& caption, const std::string& value) {
+        if (!value.empty()) {
+            fields_.push_back({caption, value});
+        }
+        return *this;
+    }
+    /// A measure that is missing or zero is none.
+    FieldsOf& measure(const std::string& caption, const Number& value) {
+        return value && *value != 0 ? add(caption, plain(value) + " mm") : *this;
+    }
+    FieldsOf& count(const std::string& caption, const Number& value) {
+        return value && *value != 0 ? add(caption, plain(value)) : *this;
+    }
+    std::vector<Field> take() { return std::move(fields_); }
+
+  private:
+    std::vector<Field> fields_;
+};
+
+std::string rimCaption(int type) {
+    if (data::isTriple(type)) {
+        return "Llanta (B3)";
+    }
+    return data::isDouble(type) ? "Llanta (B2)" : "Llanta";
+}
+
+void addToothing(FieldsOf& fields, const StoredProposal& p) {
+    const estimate::ProductMeasures& m = p.measures;
+    fields.add("Cadena", p.chain);
+    if (data::isGear(p.type)) {
+        fields.count("Módulo", m.module).count("Nº de dientes (Z)", m.teeth);
+    } else {
+        fields.measure("Paso", m.pitch)
+            .count("Nº de dientes (Z)", m.teeth)
+            .measure("Ancho cadena (A.C.)", p.chainWidth)
+            .measure("Ø Rodillo", p.roller);
+    }
+    fields.measure("Ø Primitivo", m.pitchDiameter).measure("Ø Fondo", m.root).measure("Altura (H)", p.toothHeight);
+}
+
+void addBody(FieldsOf& fields, const StoredProposal& p) {
+    const estimate::ProductMeasures& m = p.measures;
+    const bool unlike = data::isVariable(p.type);
+    fields.measure("Ø Exterior", m.exterior).measure(rimCaption(p.type), m.rim);
+    fields.measure("Llanta (b1)", m.chainRim).measure("Ancho hueco (X)", m.gap).measure("Altura (H1)", m.coreHeight);
+    if (data::hasHub(p.type)) {
+        fields.measure(unlike ? "Ø Cubo A" : "Ø Cubo", m.hub)
+            .measure(unlike ? "Ancho cubo A" : "Ancho cubo", m.hubWidth)
+            .measure("Ø Cubo B", m.secondHub)
+            .measure("Ancho cubo B", m.secondHubWidth);
+    }
+    fields.measure("Ancho total", m.totalWidth)
+        .measure("Eje", m.bore)
+        .measure("Chavetero", m.keyway)
+        .count("Prisioneros", p.setScrews)
+        .add("Herramienta del eje", p.tool)
+        .add("Acoplamiento", p.coupling ? "Sí" : "");
+}
+
+Fields measuresOf(const StoredProposal& p) {
+    const estimate::ProductMeasures& m = p.measures;
+    FieldsOf fields;
+    if (data::isRack(p.type)) {
+        fields.count("Módulo", m.module)
+            .measure("Paso", m.pitch)
+            .measure("Altura del diente (h)", m.toothHeight)
+            .measure("Altura (H)", m.height)
+            .measure("Largo (L)", m.length)
+            .measure("Ancho (B)", m.width);
+    } else {
+        if (data::hasTeeth(p.type)) {
+            addToothing(fields, p);
+        }
+        addBody(fields, p);
+    }
+    return {.title = typeName(p), .fields = fields.take(), .columns = 3};
+}
+
+Sketch sketchOf(const StoredProposal& p, double height, double leastHeight) {
+    return {.drawing = estimate::drawProduct(p.type, p.measures),
+            .labels = estimate::drawingLabels(p.type, p.measures),
+            .height = height,
+            .leastHeight = leastHeight};
+}
+
+/// The words for the material, the hub's own where they differ.
+Fields materialWords(const StoredProposal& p) {
+    FieldsOf fields;
+    const bool unlike = p.hub && !p.hub->printed.empty() && p.hub->printed != p.disc.printed;
+    fields.add(unlike ? "Material del disco" : "Material", p.disc.printed);
+    if (unlike) {
+        fields.add("Material del cubo", p.hub->printed);
+    }
+    return {.title = {}, .fields = fields.take(), .columns = 2};
+}
+
+void addRemarks(std::vector<Block>& blocks, const StoredProposal& p) {
+    if (!p.remarks.empty()) {
+        blocks.emplace_back(Paragraph{"Observaciones", p.remarks});
+    }
+    if (!p.extra.empty()) {
+        blocks.emplace_back(Paragraph{"Notas", p.extra});
+    }
+}
+
+/// The customer on the left, the days on the right.
+std::vector<Field> customerFields(const StoredProposal& p) {
+    FieldsOf customer;
+    customer.add("Cliente", withWords(p.customerCode, " · ", p.customerName))
+        .add("Su referencia", p.customerReference)
+        .add("Su pedido", withWords(p.customerOrder, " del ", day(p.orderDate)));
+    FieldsOf days;
+    days.add("Fecha", day(p.created))
+        .add("Fecha de entrega", day(p.delivery))
+        .add("Aceptada", day(p.accepted))
+        .add("Orden", p.order);
+    std::vector<Field> fields = customer.take();
+    const std::vector<Field> right = days.take();
+    fields.resize(std::max(fields.size(), right.size()));
+    fields.insert(fields.end(), right.begin(), right.end());
+    return fields;
+}
+
+// --- The shop's
+
+std::string stockName(const StoredProposal& p) {
+    if (data::isRack(p.type)) {
+        return "Pletina";
+    }
+    return p.hub || data::isDiscWithoutHub(p.type) ? "Disco" : "Pieza";
+}
+
+std::string size(const StoredCut& cut, bool rack) {
+    const auto side = [](const std::string& caption, const Number& value) {
+        return value && *value != 0 ? caption + plain(value) : std::string();
+    };
+    std::string text = rack ? plain(cut.width) : side("Ø ", cut.diameter);
+    text = withWords(text, " × ", rack ? plain(cut.diameter) : plain(cut.width));
+    text = withWords(text, " × ", side("", cut.thickness));
+    return withWords(text, ", interior ", side("Ø ", cut.inner));
+}
+
+std::vector<std::string> stockRow(const std::string& name, const StoredCut& cut, bool rack) {
+    return {name,
+            withWords(cut.material, "\n", withWords(cut.articleCode, " · ", cut.article)),
+            size(cut, rack),
+            amount(cut.weight),
+            amount(cut.price),
+            amount(cut.cut),
+            amount(cut.amount)};
+}
+
+Number times(const Number& a, const Number& b) {
+    return a && b ? Number(runtime::Redondear(*a * *b, 2)) : std::nullopt;
+}
+
+Number sum(const Number& a, const Number& b) {
+    return a || b ? Number(runtime::Redondear(a.value_or(0) + b.value_or(0), 2)) : std::nullopt;
+}
+
+Table stockOf(const StoredProposal& p) {
+    Table table{.title = "Material por pieza",
+                .columns = {{"", 0.8},
+                            {"Material", 2.5},
+                            {"Corte (mm)", 1.6},
+                            {"Peso kg", 0.8, true},
+                            {"€/kg", 0.7, true},
+                            {"Corte €", 0.8, true},
+                            {"Importe €", 0.95, true}}};
+    const bool rack = data::isRack(p.type);
+    table.rows.push_back(stockRow(stockName(p), p.disc, rack));
+    Number weight = p.disc.weight;
+    if (p.hub) {
+        table.rows.push_back(stockRow(data::hasTwinHubs(p.type) ? "2 cubos" : "Cubo", *p.hub, false));
+        weight = sum(weight, p.hub->weight);
+    }
+    table.total = {"", "", "", amount(weight), "", "", amount(p.material)};
+    return table;
+}
+
+Fields lotOf(const StoredProposal& p) {
+    FieldsOf fields;
+    fields.add("Nº de piezas", plain(p.units))
+        .add("Peso del lote", times(sum(p.disc.weight, p.hub ? p.hub->weight : Number()), p.units)
+                                  ? amount(times(sum(p.disc.weight, p.hub ? p.hub->weight : Number()), p.units)) + " kg"
+                                  : "")
+        .add("Consultado a", p.supplier);
+    return {.title = {}, .fields = fields.take(), .columns = 2};
+}
+
+Table labourOf(const StoredProposal& p) {
+    Table table{.title = "Mano de obra por pieza",
+                .columns = {{"Sección", 1.3},
+                            {"Máquina", 1.8},
+                            {"Operario", 1.8},
+                            {"Minutos", 0.8, true},
+                            {"Horas", 0.8, true},
+                            {"€/hora", 0.8, true},
+                            {"Importe €", 0.95, true}}};
+    Number minutes;
+    Number amounts;
+    for (const StoredLabour& line : p.labour) {
+        table.rows.push_back(
+            {line.section, line.machine, line.worker, line.minutes ? runtime::Format(*line.minutes, "#,##0.00") : "",
+             line.hours ? runtime::Format(*line.hours, "#,##0.0000") : "", amount(line.rate), amount(line.amount)});
+        minutes = sum(minutes, line.minutes);
+        amounts = sum(amounts, line.amount);
+    }
+    table.total = {"", "", "", amount(minutes), "", "", amount(amounts)};
+    return table;
+}
+
+Table costsOf(const StoredProposal& p) {
+    return {.title = "Importes por pieza y del lote (€)",
+            .columns = {{"Material", 0.85, true},
+                        {"Mano de obra", 1.15, true},
+                        {"Subcontratados", 1.3, true},
+                        {"Varios", 0.7, true},
+                        {"Fijo sierra", 0.9, true},
+                        {"Total pieza", 0.95, true},
+                        {"Piezas", 0.65, true},
+                        {"Importe total", 1.15, true}},
+            .rows = {},
+            .total = {amount(p.material), amount(p.labourAmount), amount(p.subcontracted), amount(p.others),
+                      amount(p.saw), amount(p.piece), plain(p.units), amount(p.total)}};
+}
+
+}  // namespace
+
+std::string numberOf(const StoredProposal& proposal) {
+    return runtime::Format(proposal.number, "000000");
+}
+
+Sheet customerSheet(const StoredProposal& p) {
+    Sheet sheet{.title = "Propuesta " + numberOf(p), .name = "Propuesta " + numberOf(p), .heading = customerFields(p)};
+    sheet.blocks.emplace_back(measuresOf(p));
+    sheet.blocks.emplace_back(sketchOf(p, 105, 75));
+    if (Fields material = materialWords(p); !material.fields.empty()) {
+        sheet.blocks.emplace_back(std::move(material));
+    }
+    FieldsOf figures;
+    figures.add("Nº de piezas", plain(p.units))
+        .add("Precio por pieza", euros(p.piece))
+        .add("Importe total", euros(p.total));
+    if (Figures all{figures.take()}; !all.figures.empty()) {
+        sheet.blocks.emplace_back(std::move(all));
+    }
+    addRemarks(sheet.blocks, p);
+    return sheet;
+}
+
+Sheet shopSheet(const StoredProposal& p) {
+    Sheet sheet{
+        .title = "Hoja de corte " + numberOf(p), .name = "Hoja de corte " + numberOf(p), .heading = customerFields(p)};
+    sheet.blocks.emplace_back(measuresOf(p));
+    // Many dimensions need room.
+    sheet.blocks.emplace_back(data::hasChainList(p.type) ? sketchOf(p, 80, 64) : sketchOf(p, 60, 46));
+    sheet.blocks.emplace_back(stockOf(p));
+    sheet.blocks.emplace_back(lotOf(p));
+    if (!p.labour.empty()) {
+        sheet.blocks.emplace_back(labourOf(p));
+    }
+    sheet.blocks.emplace_back(costsOf(p));
+    addRemarks(sheet.blocks, p);
+    return sheet;
+}
+
+}  // namespace velmora::documents

@@ -1,0 +1,28 @@
+#include "velmora/adapters/qt/graphics.h"
+
+#include <QGuiApplication>
+#include <algorithm>
+#include <array>
+
+namespace velmora::qt {
+
+Graphics::Graphics() = default;
+
+Graphics::~Graphics() = default;
+
+void Graphics::require() {
+    if (QCoreApplication::instance() != nullptr) {
+        return;
+    }
+    // The application keeps referring to its arguments, and takes out of them what it has understood.
+    static char name[] = "velmora";
+    static char option[] = "-platform";
+    static char platform[] = "offscreen";
+    static int count = 0;
+    static char* arguments[4];
+    std::ranges::copy(std::array<char*, 4>{name, option, platform, nullptr}, arguments);
+    count = 3;
+    own_ = std::make_unique<QGuiApplication>(count, arguments);
+}
+
+}  // namespace velmora::qt

@@ -1,0 +1,29 @@
+#pragma once
+// A database with the rows of the demonstration workshop and a proposal of every product type, printed into a folder.
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "velmora/adapters/session/stand_in_session.h"
+#include "velmora/adapters/sqlite/database.h"
+
+#include "adapters/documents/folder.h"
+
+namespace velmora::support {
+
+class PaperWorkshop {
+  public:
+    PaperWorkshop();
+
+    sql::Recordset execute(const std::string& statement) { return database->execute(statement); }
+    /// The newest proposal of the type.
+    std::int32_t latestOfType(int type);
+
+    StoppedClock clock;
+    std::unique_ptr<sql::Connection> database;
+    adapters::StandInSession session;
+};
+
+}  // namespace velmora::support

@@ -1,0 +1,299 @@
+#include "velmora/adapters/documents/proposal_printing.h"
+
+#include <regex>
+#include <set>
+
+#include <gmock/gmock.h>
+
+#include "velmora/data/product_types.h"
+#include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+
+#include "adapters/documents/paper_workshop.h"
+
+namespace velmora::documents {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class ProposalPrintingTest : public ::testing::Test {
+  protected:
+    ProposalPrintingTest() { component.setMyBd(workshop.session); }
+
+    /// The path of the paper.
+    const std::string& print(std::int32_t number, bool order = false) {
+        component.jPrintPropuesta(number, order);
+        return services.opened.back();
+    }
+    std::string pageText(const std::string& path, int page) {
+        const std::string which = runtime::CStr(std::int64_t{page});
+        return support::outputOf("pdftotext -layout -f " + which + " -l " + which + " '" + path + "' -");
+    }
+    std::string info(const std::string& path) { return support::outputOf("LC_ALL=C pdfinfo '" + path + "'"); }
+    void set(std::int32_t number, const std::string& assignment) {
+        workshop.execute("UPDATE DPI SET " + assignment + " WHERE DPI_Id=" + runtime::CStr(std::int64_t{number}));
+    }
+    /// A plain sprocket with disc and hub, whose figures are all different.
+    std::int32_t sprocket() {
+        set(1,
+            "DPI_Tipo=0, DPI_CodCliente=1013, DPI_NomCliente='LAVANDERÍAS ESPUMAÑUL SL', DPI_RefCli='REF-17-A', "
+            "DPI_PedCliente='PC-77', DPI_FPedCliente='03/02/2026', DPI_FechaEntrega='20/02/2026', "
+            "DPI_Obser='Taladros M8', DPI_Extra='Nota libre', DPI_ProTex='Aceros Consultados', DPI_Z=38, "
+            "DPI_Pas=12.7, DPI_AC=7.75, DPI_Rodillo=8.51, DPI_Eje=25, DPI_Chav=8, DPI_Pri=2, DPI_DmPri=153.79, "
+            "DPI_DmFon=145.28, DPI_DmExt=160, DPI_DmCub=95, DPI_Alt=7.36, DPI_AnchoTotal=50, DPI_Llanta=6, "
+            "DPI_AnchoCubo=44, DPI_IdParDisco=4, DPI_ArtDisco=4, DPI_DisCortDM=165, DPI_DisCortAN=8, "
+            "DPI_DmInterno=0, DPI_DisCortPESO=1.34, DPI_DisPVE=1.31, DPI_DisImporte=11.66, "
+            "DPI_CosteCorteDisco=9.9, DPI_IdParCubo=3, DPI_ArtCubo=2, DPI_CubCortDM=102, DPI_CubCortAN=47, "
+            "DPI_CuboDmInterno=0, DPI_CubCortPESO=3.02, DPI_CubPVE=1.52, DPI_CubImporte=9.09, DPI_FijoSierra=2.53, "
+            "DPI_ImpMat=20.75, DPI_ImpMO=24.98, DPI_ImpTS=31.17, DPI_ImpVA=1.05, DPI_ImpTP=1080.48, "
+            "DPI_Unidades=20, DPI_Importe=21609.6, DPI_HERRAMIENTA='H7', DPI_Acopla=1");
+        return 1;
+    }
+
+    support::PaperWorkshop workshop;
+    support::Folder folder;
+    support::FolderServices services{folder};
+    ProposalPrinting component{services, std::make_shared<qt::Graphics>()};
+};
+
+TEST_F(ProposalPrintingTest, APaperBearsTheNumberOfTheProposalAndIsOpened) {
+    EXPECT_EQ(print(7), services.folder + "Propuesta_000007.pdf");
+    EXPECT_EQ(folder.files(), std::vector<std::string>{"Propuesta_000007.pdf"});
+    EXPECT_EQ(services.opened.size(), 1u);
+}
+
+TEST_F(ProposalPrintingTest, IsA4WithEmbeddedFontsAndLinesInPlaceOfImages) {
+    const std::string path = print(sprocket());
+    EXPECT_THAT(info(path), HasSubstr("(A4)"));
+    EXPECT_THAT(info(path), HasSubstr("Pages:           2"));
+    EXPECT_THAT(info(path), HasSubstr("Propuesta 000001"));
+    const std::string fonts = support::outputOf("LC_ALL=C pdffonts '" + path + "'");
+    EXPECT_THAT(fonts, HasSubstr("TrueType"));
+    std::size_t families = 0;
+    for (std::size_t at = fonts.find("Identity-H"); at != std::string::npos; at = fonts.find("Identity-H", at + 1)) {
+        EXPECT_EQ(fonts.substr(at + 10, 30).find("yes"), 7u) << fonts;
+        ++families;
+    }
+    EXPECT_EQ(families, 2u) << fonts;
+    const std::string images = support::outputOf("LC_ALL=C pdfimages -list '" + path + "'");
+    EXPECT_EQ(std::count(images.begin(), images.end(), '\n'), 2) << images;
+}
+
+TEST_F(ProposalPrintingTest, TheCustomersPageTellsPieceAndPrice) {
+    const std::string page = pageText(print(sprocket()), 1);
+    for (const char* text : {"Propuesta 000001",
+                             "1013 · LAVANDERÍAS ESPUMAÑUL SL",
+                             "REF-17-A",
+                             "PC-77 del 03/02/2026",
+                             "20/02/2026",
+                             "Piñon Especial",
+                             "12,7 mm",
+                             "38",
+                             "7,75 mm",
+                             "8,51 mm",
+                             "153,79 mm",
+                             "145,28 mm",
+                             "Ø exterior 160",
+                             "Ø cubo 95",
+                             "Llanta 6",
+                             "Cubo 44",
+                             "Ancho total 50",
+                             "25 mm",
+                             "H7",
+                             "Acoplamiento",
+                             "Hierro S275JR",
+                             "Acero F-1140",
+                             "1.080,48 €",
+                             "21.609,60 €",
+                             "Taladros M8",
+                             "Nota libre",
+                             "Página 1 de 1"}) {
+        EXPECT_THAT(page, HasSubstr(text));
+    }
+}
+
+TEST_F(ProposalPrintingTest, TheCustomersPageShowsNoCost) {
+    const std::string page = pageText(print(sprocket()), 1);
+    const std::string shop = pageText(services.opened.back(), 2);
+    for (const char* cost : {"1,34",
+                             "1,31",
+                             "11,66",
+                             "9,90",
+                             "3,02",
+                             "1,52",
+                             "9,09",
+                             "4,50",
+                             "2,53",
+                             "20,75",
+                             "24,98",
+                             "31,17",
+                             "1,05",
+                             "165",
+                             "102",
+                             "Aceros Consultados",
+                             "Disco hierro S275JR",
+                             "DIS-S275",
+                             "Torno",
+                             "Fijo sierra",
+                             "Mano de obra"}) {
+        EXPECT_THAT(page, Not(HasSubstr(cost)));
+        EXPECT_THAT(shop, HasSubstr(cost));
+    }
+}
+
+TEST_F(ProposalPrintingTest, TheShopsPageCutsWeighsAndSums) {
+    const std::string page = pageText(print(sprocket()), 2);
+    for (const char* text : {"Hoja de corte 000001", "Ø 165 × 8", "Ø 102 × 47", "RED-F1140", "4,36", "87,20 kg",
+                             "1.080,48", "21.609,60", "Página 1 de 1"}) {
+        EXPECT_THAT(page, HasSubstr(text));
+    }
+}
+
+TEST_F(ProposalPrintingTest, TheHubsCutIsWhatItsAmountLeaves) {
+    // 9,09 is 3,02 kg at 1,52 €, rounded to 4,59, and a cut of 4,50.
+    EXPECT_TRUE(std::regex_search(pageText(print(sprocket()), 2), std::regex("Cubo .*3,02 +1,52 +4,50 +9,09")));
+}
+
+TEST_F(ProposalPrintingTest, TheLabourLinesStandAsTheyAreStored) {
+    sprocket();
+    workshop.execute("DELETE FROM MoDpi WHERE MoDpi_Dpi=1");
+    workshop.execute(
+        "INSERT INTO MoDpi (MoDpi_Dpi, MoDpi_Ope, MoDpi_Maq, MoDpi_Minutos, MoDpi_Pvp, MoDpi_Tiempo, "
+        "MoDpi_Importe) VALUES (1, 2, 201, 16.4, 39.5, 0.2733, 10.8)");
+    workshop.execute(
+        "INSERT INTO MoDpi (MoDpi_Dpi, MoDpi_Ope, MoDpi_Maq, MoDpi_Minutos, MoDpi_Pvp, MoDpi_Tiempo, "
+        "MoDpi_Importe) VALUES (1, 99, 999, 60.25, 1200, 1.0042, 1205)");
+    const std::string page = pageText(print(1), 2);
+    EXPECT_TRUE(std::regex_search(page, std::regex("16,40 +0,2733 +39,50 +10,80"))) << page;
+    EXPECT_TRUE(std::regex_search(page, std::regex("60,25 +1,0042 +1\\.200,00 +1\\.205,00"))) << page;
+    EXPECT_TRUE(std::regex_search(page, std::regex("76,65 +1\\.215,80"))) << page;
+}
+
+TEST_F(ProposalPrintingTest, ManyLabourLinesGoOnUnderTheirCaptionsOnFurtherPages) {
+    sprocket();
+    for (int i = 1; i <= 100; ++i) {
+        workshop.execute(
+            "INSERT INTO MoDpi (MoDpi_Dpi, MoDpi_Ope, MoDpi_Maq, MoDpi_Minutos, MoDpi_Pvp, MoDpi_Tiempo, "
+            "MoDpi_Importe) VALUES (1, 2, 201, " +
+            runtime::CStr(std::int64_t{1000 + i}) + ", 39.5, 0.2733, 10.8)");
+    }
+    const std::string path = print(1);
+    const std::string facts = info(path);
+    std::smatch pages;
+    ASSERT_TRUE(std::regex_search(facts, pages, std::regex("Pages: +(\\d)")));
+    const int count = pages[1].str()[0] - '0';
+    ASSERT_GE(count, 4);
+    std::string all;
+    for (int page = 2; page <= count; ++page) {
+        const std::string text = pageText(path, page);
+        EXPECT_THAT(text, HasSubstr("Página " + runtime::CStr(std::int64_t{page - 1}) + " de " +
+                                    runtime::CStr(std::int64_t{count - 1})));
+        if (page > 2) {
+            EXPECT_THAT(text, HasSubstr("Hoja de corte 000001 (continuación)"));
+        }
+        if (page < count) {
+            EXPECT_THAT(text, HasSubstr("Operario"));
+        }
+        all += text;
+    }
+    for (int i = 1; i <= 100; ++i) {
+        EXPECT_THAT(all, HasSubstr(runtime::Format(1000 + i, "#,##0.00")));
+    }
+}
+
+TEST_F(ProposalPrintingTest, LongRemarksAreWrappedAndNoWordIsLost) {
+    std::string remarks = "Primera\r\nsegunda";
+    for (int i = 1; i <= 300; ++i) {
+        remarks += " palabra" + runtime::CStr(std::int64_t{i});
+    }
+    remarks += " " + std::string(300, 'x') + " termina";
+    set(sprocket(), "DPI_Obser='" + remarks + "'");
+    const std::string path = print(1, false);
+    std::string text = support::outputOf("pdftotext -f 1 -l 2 '" + path + "' -");
+    for (const char* word : {"Primera\nsegunda palabra1 ", "palabra150", "palabra300", "termina"}) {
+        EXPECT_THAT(text, HasSubstr(word));
+    }
+    EXPECT_GE(std::count(text.begin(), text.end(), 'x'), 300) << text;
+    EXPECT_THAT(text, HasSubstr("Propuesta 000001 (continuación)"));
+    // What would run over the edge stands outside the page's box.
+    const std::string boxes = support::outputOf("pdftotext -bbox '" + path + "' -");
+    const std::regex right("xMax=\"([0-9]+)");
+    for (std::sregex_iterator at(boxes.begin(), boxes.end(), right), end; at != end; ++at) {
+        EXPECT_LE(runtime::Val((*at)[1].str()), 595 - 45);
+    }
+}
+
+TEST_F(ProposalPrintingTest, TheOrdersPaperIsTheShopsAlone) {
+    const std::string path = print(sprocket(), true);
+    EXPECT_EQ(path, services.folder + "HojaCorte_000001.pdf");
+    EXPECT_THAT(info(path), HasSubstr("Pages:           1"));
+    EXPECT_THAT(pageText(path, 1), HasSubstr("Hoja de corte 000001"));
+}
+
+TEST_F(ProposalPrintingTest, EveryTypeHasItsPaper) {
+    for (const data::ProductType& type : data::productTypes) {
+        const std::string path = print(workshop.latestOfType(type.number));
+        const std::string page = pageText(path, 1);
+        EXPECT_THAT(page, HasSubstr(std::string(type.name))) << type.number;
+        const sql::Recordset row = workshop.execute("SELECT DPI_ImpTP, DPI_Importe FROM DPI WHERE DPI_Id=" +
+                                                    runtime::CStr(std::int64_t{workshop.latestOfType(type.number)}));
+        EXPECT_THAT(page, HasSubstr(runtime::Format(row[0].toDouble(), "#,##0.00") + " €")) << type.number;
+        EXPECT_THAT(page, HasSubstr(runtime::Format(row[1].toDouble(), "#,##0.00") + " €")) << type.number;
+        EXPECT_THAT(info(path), HasSubstr("Pages:           2")) << type.number;
+        EXPECT_THAT(pageText(path, 2), HasSubstr("Material por pieza")) << type.number;
+    }
+}
+
+TEST_F(ProposalPrintingTest, ARackIsToldByItsOwnMeasures) {
+    const std::int32_t rack = workshop.latestOfType(13);
+    const std::string page = pageText(print(rack), 1);
+    for (const char* text : {"Cremallera", "Módulo", "L 1000", "H 40", "A 31", "B 30", "Pletina de acero F-114"}) {
+        EXPECT_THAT(page, HasSubstr(text));
+    }
+    EXPECT_THAT(page, Not(HasSubstr("Rodillo")));
+    EXPECT_THAT(pageText(services.opened.back(), 2), HasSubstr("1000 × 30 × 40"));
+}
+
+TEST_F(ProposalPrintingTest, NullsAreLeftOut) {
+    workshop.execute("INSERT INTO DPI (DPI_Tipo) VALUES (0)");
+    const std::int32_t bare = workshop.latestOfType(0);
+    const std::string page = pageText(print(bare), 1);
+    EXPECT_THAT(page, HasSubstr("Piñon Especial"));
+    EXPECT_THAT(page, HasSubstr("15/01/2026"));
+    EXPECT_THAT(page, Not(HasSubstr("Ø Exterior")));
+    EXPECT_THAT(page, Not(HasSubstr("Cliente")));
+}
+
+TEST_F(ProposalPrintingTest, WhatIsWrongIsToldAndNothingIsWritten) {
+    const auto refusal = [this](std::int32_t number) {
+        try {
+            component.jPrintPropuesta(number, false);
+        } catch (const runtime::RuntimeError& e) {
+            return runtime::CStr(std::int64_t{e.number()}) + " " + e.description();
+        }
+        return std::string("no error");
+    };
+    EXPECT_EQ(refusal(99999), "5 No existe la propuesta 099999");
+    const std::string there = services.folder;
+    services.folder = there + "missing/";
+    EXPECT_THAT(refusal(1), HasSubstr("75 No se puede escribir el fichero\n" + there + "missing/Propuesta_000001.pdf"));
+    services.folder.clear();
+    EXPECT_EQ(refusal(1), "76 No hay carpeta temporal en la que escribir Propuesta_000001.pdf");
+    services.folder = there;
+    std::filesystem::create_directories(there + "Propuesta_000001.pdf/inside");
+    EXPECT_THAT(refusal(1), HasSubstr("75 No se puede escribir el fichero\n" + there + "Propuesta_000001.pdf"));
+    EXPECT_EQ(folder.files(), std::vector<std::string>{"Propuesta_000001.pdf"});
+    EXPECT_TRUE(services.opened.empty());
+    services.answer = 31;
+    EXPECT_THAT(refusal(2), HasSubstr("Propuesta_000002.pdf"));
+}
+
+TEST_F(ProposalPrintingTest, AProposalIsNotPrintedWithoutASession) {
+    ProposalPrinting orphan(services, std::make_shared<qt::Graphics>());
+    EXPECT_THROW(orphan.jPrintPropuesta(1, false), runtime::RuntimeError);
+}
+
+}  // namespace
+}  // namespace velmora::documents

@@ -1,0 +1,101 @@
+#include "velmora/estimate/product_drawing.h"
+
+#include <set>
+#include <variant>
+
+#include <gtest/gtest.h>
+
+#include "velmora/data/product_types.h"
+#include "velmora/estimate/multiple_drawings.h"
+#include "velmora/estimate/rack_drawing.h"
+
+namespace velmora::estimate {
+namespace {
+
+ProductMeasures allMeasures() {
+    return {.teeth = 21,
+            .pitch = 12.7,
+            .module = 4,
+            .exterior = 127.5,
+            .pitchDiameter = 121.5,
+            .root = 113,
+            .bore = 25,
+            .keyway = 8,
+            .hub = 80,
+            .hubWidth = 32.4,
+            .secondHub = 60,
+            .secondHubWidth = 30,
+            .rim = 7.2,
+            .totalWidth = 72,
+            .chainRim = 7,
+            .gap = 9.5,
+            .coreHeight = 16.5,
+            .toothHeight = 9,
+            .height = 40,
+            .length = 1000,
+            .width = 30};
+}
+
+std::set<int> labelsIn(const screen::Drawing& drawing) {
+    std::set<int> labels;
+    for (const screen::Shape& shape : drawing.shapes) {
+        if (const auto* dimension = std::get_if<screen::Dimension>(&shape); dimension && dimension->label >= 0) {
+            labels.insert(dimension->label);
+        }
+    }
+    return labels;
+}
+
+class ProductDrawing : public ::testing::TestWithParam<int> {};
+
+TEST_P(ProductDrawing, EveryPlaceOfTheDrawingHasAText) {
+    std::set<int> texts;
+    for (const auto& [label, text] : drawingLabels(GetParam(), allMeasures())) {
+        EXPECT_FALSE(text.empty()) << label;
+        texts.insert(label);
+    }
+    std::set<int> places = labelsIn(drawProduct(GetParam(), allMeasures()));
+    // Without a hub the rims are all there is: one width says it.
+    if (data::isDouble(GetParam()) && !data::hasHub(GetParam())) {
+        places.erase(static_cast<int>(DoubleLabel::totalWidth));
+    } else if (data::isTriple(GetParam()) && !data::hasHub(GetParam())) {
+        places.erase(static_cast<int>(TripleLabel::totalWidth));
+    }
+    EXPECT_EQ(texts, places);
+}
+
+TEST_P(ProductDrawing, WithoutMeasuresItIsAPieceWithoutTexts) {
+    EXPECT_FALSE(drawProduct(GetParam(), {}).shapes.empty());
+    EXPECT_TRUE(drawingLabels(GetParam(), {}).empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryType, ProductDrawing, ::testing::Range(-1, 15));
+
+TEST(ProductDrawings, HubsFollowTheType) {
+    for (const data::ProductType& type : data::productTypes) {
+        const Hubs expected = type.family == data::ProductFamily::twoHubs                           ? Hubs::two
+                              : type.number == 1 || type.number == 9 /* the two discs of one rim */ ? Hubs::none
+                                                                                                    : Hubs::one;
+        EXPECT_EQ(hubsOf(type.number), expected) << type.number;
+    }
+}
+
+TEST(ProductDrawings, TextsAreInTheLocalesFormAndZeroIsNone) {
+    ProductMeasures measures = allMeasures();
+    measures.hub = 0;
+    const auto labels = drawingLabels(0, measures);
+    EXPECT_EQ(labels.at(static_cast<int>(PieceLabel::exterior)), "Ø exterior 127,5");
+    EXPECT_EQ(labels.at(static_cast<int>(PieceLabel::hubWidth)), "Cubo 32,4");
+    EXPECT_FALSE(labels.contains(static_cast<int>(PieceLabel::hub)));
+}
+
+TEST(ProductDrawings, WhatIsSummedIsSummed) {
+    const auto variable = drawingLabels(10, allMeasures());
+    EXPECT_EQ(variable.at(static_cast<int>(VariableLabel::totalWidth)), "69,6");
+    const auto rack = drawingLabels(13, allMeasures());
+    EXPECT_EQ(rack.at(static_cast<int>(RackLabel::bodyHeight)), "31");
+    EXPECT_EQ(rack.at(static_cast<int>(RackLabel::length)), "1000");
+}
+
+}  // namespace
+}  // namespace velmora::estimate
