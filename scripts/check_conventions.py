@@ -157,13 +157,18 @@ def room_of(name):
     return name.split("/")[1]
 
 
+# The folder of apps/ that is no program but what programs have in common.
+SHARED_BY_PROGRAMS = "stand_ins"
+
+
 def forbidden_arrow(own, other, own_name, other_name):
     if own in CORE:
         return other not in ROOMS[own] and other != own
     if own == "adapters":
         return other == "apps"
     # A program stands on everything, but not on another program.
-    return other == "apps" and own_name.split("/")[:3][2:] != other_name.split("/")[2:3]
+    program = other_name.split("/")[2:3]
+    return other == "apps" and own_name.split("/")[:3][2:] != program and program != [SHARED_BY_PROGRAMS]
 
 
 def check_includes(house):

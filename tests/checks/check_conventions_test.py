@@ -18,7 +18,8 @@ SOUND = {
     "src/estimate/rules.cpp": '#include "velmora/data/chains.h"\n#include <charconv>\n' + TAGGED,
     "src/tracking/list.cpp": '#include "velmora/proposal/form.h"\n',
     "src/adapters/sqlite/database.cpp": '#include <sqlite3.h>\n#include "velmora/platform/sql/value.h"\n',
-    "src/apps/drive/main.cpp": '#include <iostream>\n#include "velmora/apps/drive/options.h"\n',
+    "src/apps/drive/main.cpp": '#include <iostream>\n#include "velmora/apps/drive/options.h"\n'
+    '#include "velmora/apps/stand_ins/stand_ins.h"\n',
     "tests/estimate/rules_test.cpp": TEST,
     "docs/behaviour.md": HEADING + ROW,
 }
