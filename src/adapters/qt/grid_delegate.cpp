@@ -1,6 +1,9 @@
 #include "velmora/adapters/qt/grid_delegate.h"
 
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "velmora/adapters/qt/grid_model.h"
 #include "velmora/adapters/qt/theme.h"
@@ -35,6 +38,18 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
         painter->drawRect(option.rect.adjusted(0, 0, -1, -2));
     }
     painter->restore();
+}
+
+bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) {
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const bool cut = option.fontMetrics.horizontalAdvance(text) > option.rect.width() - 2 * theme::unit;
+    if (event->type() == QEvent::ToolTip && cut) {
+        QToolTip::showText(event->globalPos(), text, view);
+        return true;
+    }
+    QToolTip::hideText();
+    return false;
 }
 
 void GridDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& option, const QString& text) const {

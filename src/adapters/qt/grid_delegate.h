@@ -12,6 +12,9 @@ class GridDelegate : public QStyledItemDelegate {
     GridDelegate(const GridModel& model, QObject* parent) : QStyledItemDelegate(parent), model_(model) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    /// A text that its column cuts off is told whole.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
 
   private:
     void paintButton(QPainter& painter, const QStyleOptionViewItem& option, const QString& text) const;

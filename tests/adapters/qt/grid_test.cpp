@@ -1,6 +1,8 @@
 #include <QApplication>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QTableView>
+#include <QToolTip>
 #include <algorithm>
 
 #include <gmock/gmock.h>
@@ -98,6 +100,24 @@ TEST_F(Grid, HiddenColumnsAreLeftOut) {
         EXPECT_EQ(table().model()->columnCount(), 3);
         EXPECT_EQ(table().model()->headerData(1, Qt::Horizontal).toString(), "Texto");
         EXPECT_EQ(count(), "Fila 1 de 3 filas");
+    });
+}
+
+TEST_F(Grid, ATextThatItsColumnCutsOffIsToldWholeUnderTheMouse) {
+    bind(3);
+    play(form, [&] {
+        const auto hover = [&] {
+            const QPoint at = table().visualRect(table().model()->index(1, 1)).center();
+            QHelpEvent event(QEvent::ToolTip, at, table().viewport()->mapToGlobal(at));
+            QApplication::sendEvent(table().viewport(), &event);
+        };
+        table().setColumnWidth(1, 200);
+        hover();
+        EXPECT_FALSE(QToolTip::isVisible());
+        table().setColumnWidth(1, 24);
+        hover();
+        EXPECT_EQ(QToolTip::text(), "Fila");
+        QToolTip::hideText();
     });
 }
 
