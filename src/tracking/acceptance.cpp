@@ -17,10 +17,12 @@ namespace velmora::tracking {
 
 namespace {
 
-/// How long an acceptance gives way to another client's that has its order and not yet its mark on the proposal.
-constexpr std::array pauses{std::chrono::milliseconds(25), std::chrono::milliseconds(50),
+/// How long an acceptance gives way to another client's that has its order and not yet its mark on the proposal: three
+/// seconds in all, in steps that grow, so that who comes back soon is not kept waiting.
+constexpr std::array pauses{std::chrono::milliseconds(25),  std::chrono::milliseconds(50),
                             std::chrono::milliseconds(100), std::chrono::milliseconds(200),
-                            std::chrono::milliseconds(400)};
+                            std::chrono::milliseconds(400), std::chrono::milliseconds(800),
+                            std::chrono::milliseconds(1600)};
 
 /// An order that is being made right now is among so many latest numbers.
 constexpr std::int64_t latestNumbers = 100;

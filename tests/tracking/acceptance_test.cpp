@@ -716,7 +716,7 @@ TEST_F(AcceptanceTest, AnOrderThatStaysUnmarkedDoesNotHinderASecondOne) {
     shop.chooseAndAccept(id);
     EXPECT_EQ(query("select ORDEN_NUM from ORDEN where ORDEN_IdDPI = 1"), "9\n10");
     EXPECT_EQ(query("select DPI_Orden from DPI"), "10");
-    EXPECT_EQ(shop.screen.pauses, 5);
+    EXPECT_EQ(shop.screen.pauses, 7);
 }
 
 TEST_F(AcceptanceTest, AnOldOrderWithoutItsMarkIsNotWaitedFor) {
