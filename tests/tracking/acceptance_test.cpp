@@ -327,6 +327,7 @@ TEST_F(AcceptanceTest, WhatWasTypedInThePanelIsSaved) {
               "OTRO NOMBRE|R-88|P'10|40,13|1001|0|1");
     EXPECT_EQ(query("select DPI_RefCli,DPI_PedCliente,DPI_NomCliente from DPI"), "  R-88 |P'10|TALLERES NORTE SL")
         << "the reference untrimmed; the name is not saved";
+    EXPECT_THAT(logged("Select top 1"), ElementsAre(HasSubstr("orden_ref = 'R-88' order by")));
 }
 
 TEST_F(AcceptanceTest, AReferenceSeenBeforeBringsItsArticle) {
