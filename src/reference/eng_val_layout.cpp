@@ -10,7 +10,7 @@ namespace lay = screen::layout;
 
 namespace {
 
-constexpr int valueWidth = 8;  ///< in digits
+constexpr int valueWidth = 10;  ///< in digits
 
 Layout entered(std::string caption, screen::TextBox& box) {
     return lay::field(std::move(caption), box, valueWidth).number();
