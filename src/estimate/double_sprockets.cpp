@@ -117,7 +117,8 @@ void DoubleSprockets::spreadTriple(double rim) {
 }
 
 void DoubleSprockets::hubWidthChanged() {
-    // Only the triple sprocket reads its rim from the triple's sketch; the triple disc goes with the doubles.
+    // Kept K-174: only the triple sprocket goes by the triple's sketch here and at the gap; a triple disc goes with the
+    // doubles, so that reading one back works out two rims and one gap. Its price was made before that and stands.
     const bool triple = f_.type() == data::tripleSprocket;
     const TextBox& rim = triple ? f_.txtTriple(9) : f_.txtPDM(4);
     TextBox& total = triple ? f_.txtTriple(10) : f_.txtPDM(3);

@@ -59,6 +59,8 @@ void Rack::rsMatCre_MoveComplete() {
     }
     put(f_.txtPesu(54), material["art_pco"]);
     put(f_.txtPesu(56), material["art_pve"]);
+    // Kept K-175: the cut is worked out here alone: sizes that change after the material was chosen are priced with the
+    // cut of the sizes before, until it is chosen again.
     const double rate = cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCre));
     const double cut = std::max(number(f_.Text4(50)), number(f_.Text4(52))) * rate;
     f_.txtPesu(55).setText(Format(cut, amountMask));

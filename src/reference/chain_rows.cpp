@@ -16,6 +16,10 @@ namespace {
 
 constexpr const char* valueMask = "0.00";
 
+// Of the grid, in twips.
+constexpr int columnWidth = 850;
+constexpr int titleWidth = 2600;
+
 /// A field of Text1 and its column.
 struct Stored {
     int field;
@@ -61,13 +65,13 @@ bool ChainRows::load() {
 }
 
 void ChainRows::shapeGrid() {
-    std::vector<screen::GridColumn> shaped = columnsWithoutPrefix(*rs_, "PDM_");
+    std::vector<screen::GridColumn> shaped = columnsWithoutPrefix(*rs_, "PDM_", columnWidth);
     constexpr std::size_t title = 2;
     for (std::size_t i = 0; i < title; ++i) {
         shaped[i].visible = false;
     }
     shaped[title].right = false;
-    shaped[title].width = 3500;
+    shaped[title].width = titleWidth;
     f_.dbgRs.setColumns(std::move(shaped));
 }
 

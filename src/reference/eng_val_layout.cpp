@@ -10,7 +10,7 @@ namespace lay = screen::layout;
 
 namespace {
 
-constexpr int valueWidth = 8;  ///< in digits
+constexpr int valueWidth = 10;  ///< in digits
 
 Layout entered(std::string caption, screen::TextBox& box) {
     return lay::field(std::move(caption), box, valueWidth).number();
@@ -43,13 +43,11 @@ Layout toothing(GearFields& f) {
 
 Layout piece(GearFields& f) {
     const auto ofHub = [&](int field) { return lay::field(f.Label1(field), f.Text1(field), valueWidth).number(); };
-    return lay::group(
-        f.Frame2,
-        lay::column(lay::grid(2,                                                                           //
-                              ofHub(gearHubDiameter), ofHub(gearTotalWidth),                               //
-                              entered("D1 :", f.Text1(gearBore)), entered("B :", f.Text1(gearFaceWidth)),  //
-                              lay::gap(), ofHub(gearHubWidth).as(Role::calculated)),
-                    lay::space()));
+    return lay::group(f.Frame2,
+                      lay::grid(2,                                                                           //
+                                ofHub(gearHubDiameter), ofHub(gearTotalWidth),                               //
+                                entered("D1 :", f.Text1(gearBore)), entered("B :", f.Text1(gearFaceWidth)),  //
+                                lay::gap(), ofHub(gearHubWidth).as(Role::calculated)));
 }
 
 }  // namespace

@@ -32,6 +32,7 @@ frmENGVal::frmENGVal(session::Session& session, platform::Desk& desk)
 void frmENGVal::Form_Load() {
     oUtil_.ColorFoco(screen::colors::yellow);
     oUtil_.ColorNormal(screen::colors::white);
+    // Chosen C-168: the fields start at zero, as an emptied one ends.
     f_.Text1.forEach([](TextBox& box) { box.setText("0"); });
     for (const std::string_view family : data::familiasEngranaje) {
         f_.cboDobles.addItem(family);

@@ -39,6 +39,7 @@ constexpr std::array columnsBeforeC{
 
 constexpr const char* select = "select * from eng where ENG_Tipo=";
 constexpr const char* noFamily = "-1";
+constexpr int columnWidth = 760;  ///< twips: all fourteen columns show in the window as it opens
 
 }  // namespace
 
@@ -55,7 +56,8 @@ void GearRows::msFiltrarEngranajes(int Index) {
                                                              runtime::Replace(text, ",", ".");
     rs_ = session_.Connection().execute(select + clause);
     f_.dbgRs.bind(rs_);
-    std::vector<screen::GridColumn> columns = columnsWithoutPrefix(rs_, "ENG_");
+    std::vector<screen::GridColumn> columns = columnsWithoutPrefix(rs_, "ENG_", columnWidth);
+    // Chosen C-169: the button stands in the first column, whose value it takes.
     columns.front().button = true;
     f_.dbgRs.setColumns(std::move(columns));
 }

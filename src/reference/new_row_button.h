@@ -19,6 +19,8 @@ class NewRowButton {
     void begin();
     void end();
     /// The six fields of the head: 1 to 5 and 11.
+    /// Kept K-176: the same six in both forms. In the gears' form they are the teeth, what follows from them and H:
+    /// after a cancel they stay closed until the form is opened again. Gears are written without this button.
     void disableHead();
 
   private:

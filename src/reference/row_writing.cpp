@@ -59,11 +59,12 @@ void showCancelledWrite(screen::Screen& screen, const runtime::RuntimeError& err
                  .icon = screen::Icon::critical});
 }
 
-std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix) {
+std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix, int width) {
     std::vector<screen::GridColumn> columns;
     for (const sql::Column& column : rows.columns()) {
         columns.push_back({.field = static_cast<int>(columns.size()),
                            .caption = runtime::Replace(column.name, prefix, ""),
+                           .width = width,
                            .right = true});
     }
     return columns;

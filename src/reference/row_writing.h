@@ -28,8 +28,8 @@ void updateRow(session::Session& session, std::string_view donde);
 void showCancelledWrite(screen::Screen& screen, const runtime::RuntimeError& error);
 
 /// A column for each of the set's, in its order, called by its name without the table's prefix. Names of the table
-/// itself are right-aligned: they are numbers.
-std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix);
+/// itself are right-aligned: they are numbers. The width is in twips.
+std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix, int width);
 
 /// Keys that the forms of values have in common: Enter moves on, Esc closes, the pad's point is the comma.
 void passValueFormKeys(screen::Form& form, screen::KeyDown& key);

@@ -27,6 +27,7 @@ double FnDpCadena(double Z, double Paso) {
     return CDbl(runtime::Left(text, whole + 2));
 }
 
+// Chosen C-166: tip and root are worked out from the pitch diameter as it stands in its field, which is rounded.
 GearMeasures gearMeasures(double module, double teeth) {
     constexpr int decimals = 2;
     constexpr double tip = 2;     ///< modules between pitch and outside diameter

@@ -1,14 +1,221 @@
 #include "velmora/estimate/double_sprockets.h"
 
+#include <gmock/gmock.h>
+
+#include "velmora/data/product_numbers.h"
+
 #include "support/workshop.h"
 
 namespace velmora::support {
 namespace {
 
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr std::array multiples{4, 5, 6, 7, 12, 14};
+
+/// Chain 3 with 21 teeth: B2 20, gap 4, A 45, exterior 136. Also with 17,5.
 class DoubleSprocketsTest : public Workshop {
   protected:
+    DoubleSprocketsTest() {
+        for (const char* teeth : {"21", "17.5"}) {
+            execute(std::string("INSERT INTO PDM (PDM_Tipo,PDM_Titulo,PDM_Z,PDM_Paso,PDM_AC,PDM_Rodillo,PDM_b1,PDM_b2,"
+                                "PDM_X,PDM_H1,PDM_De,PDM_Dp,PDM_Df,PDM_Dm,PDM_D2,PDM_A) VALUES (3,N'',") +
+                    teeth + ",19.05,11.68,12.07,8,20,4,2.5,136,127.82,115.75,90,20,45)");
+        }
+        connection.clear();
+    }
     const std::string& text(int i) { return fields().Text1(i).text(); }
+    const std::string& pdm(int i) { return fields().txtPDM(i).text(); }
+    const std::string& triple(int i) { return fields().txtTriple(i).text(); }
+
+    estimate::DoubleSprockets& doubles() {
+        if (!doubles_) {
+            doubles_.emplace(fields(), session, screen);
+        }
+        return *doubles_;
+    }
+    void lookUp(int type, std::string_view teeth = "21") {
+        chooseType(type);
+        fields().cboDobles.setListIndex(3);
+        connection.clear();
+        enter(fields().Text1(1), teeth);
+        leave();
+    }
+
+  private:
+    std::optional<estimate::DoubleSprockets> doubles_;
 };
+
+// --- The look-up ---------------------------------------------------------------------------------------------------
+
+TEST_F(DoubleSprocketsTest, ARowIsLookedUpByChainAndTeeth) {
+    lookUp(4);
+    EXPECT_THAT(connection.logged("PDM"), ElementsAre("Select * from PDM where PDm_tipo = 3 AND PDm_z=21.00"));
+    const std::vector<std::pair<int, const char*>> expected{
+        {0, "19,05"}, {8, "11,68"}, {2, "12,07"}, {7, "20"},    {3, "127,82"}, {4, "115,75"}, {15, "136"},
+        {16, "90"},   {17, "45"},   {5, "8"},     {6, "10,13"}, {10, "25"},    {11, "4"},     {9, "20"}};
+    for (const auto& [i, value] : expected) {
+        EXPECT_EQ(text(i), value) << i;
+    }
+}
+
+TEST_F(DoubleSprocketsTest, TeethWithDecimalsAreLookedUpAsTyped) {
+    lookUp(4, "17,5");
+    EXPECT_THAT(connection.logged("PDM"), ElementsAre("Select * from PDM where PDm_tipo = 3 AND PDm_z=17.50"));
+    EXPECT_EQ(text(15), "136");
+}
+
+TEST_F(DoubleSprocketsTest, TheRimOfADoubleIsB2AndThatOfATripleThreeRimsAndTwoGaps) {
+    for (const int type : multiples) {
+        lookUp(type);
+        const bool three = type == data::tripleSprocket || type == data::tripleDisc;
+        EXPECT_EQ(text(9), three ? "32" : "20") << type;
+        EXPECT_EQ(pdm(4), text(9)) << type;
+        EXPECT_EQ(fields().Label1(4).caption(), three ? "Llanta (B3)" : "Llanta (B2)") << type;
+    }
+}
+
+TEST_F(DoubleSprocketsTest, TheRowIsSpreadOverTheSketchOfTheDouble) {
+    lookUp(4);
+    const std::vector<std::string> expected{"136", "90", "12,63", "45", "20", "25", "8", "4", "8"};
+    for (int i = 0; i <= 8; ++i) {
+        EXPECT_EQ(pdm(i), expected[static_cast<std::size_t>(i)]) << i;
+    }
+}
+
+TEST_F(DoubleSprocketsTest, TheRowIsSpreadOverTheSketchOfTheTriple) {
+    for (const int type : {12, 14}) {
+        lookUp(type);
+        const std::vector<std::string> expected{"136", "90", "12,63", "8", "4", "8", "4", "8", "25", "32", "57"};
+        for (int i = 0; i <= 10; ++i) {
+            EXPECT_EQ(triple(i), expected[static_cast<std::size_t>(i)]) << type << " " << i;
+        }
+        EXPECT_EQ(text(17), "57") << type;
+    }
+}
+
+TEST_F(DoubleSprocketsTest, ADoubleDiscHasNoHubAndIsAsWideAsItsRim) {
+    for (const int type : {6, 7}) {
+        lookUp(type);
+        EXPECT_EQ(text(16), "0") << type;
+        EXPECT_EQ(text(10), "0") << type;
+        EXPECT_EQ(text(17), "20") << type;
+    }
+}
+
+TEST_F(DoubleSprocketsTest, UnknownTeethAreToldAndChangeNoField) {
+    for (const int type : multiples) {
+        lookUp(type);
+        const std::string disc = fields().Text4(0).text();
+        screen.messages.clear();
+        enter(fields().Text1(1), "22");
+        leave();
+        ASSERT_EQ(screen.messages.size(), 1u) << type;
+        EXPECT_EQ(screen.messages[0].text, "Error: No Existen datos para piñon doble de Z 22,00");
+        EXPECT_EQ(text(1), "22,00") << "beside the values of the teeth before";
+        EXPECT_EQ(text(15), "136") << type;
+        EXPECT_EQ(fields().Text4(0).text(), disc) << type;
+    }
+}
+
+TEST_F(DoubleSprocketsTest, LeavingAnyFieldShowsWhatBelongsToTheDoubles) {
+    chooseType(4);
+    for (screen::Control* hidden :
+         std::initializer_list<screen::Control*>{&fields().Label1(10), &fields().Text1(5), &fields().fraPDM}) {
+        hidden->setVisible(false);
+        enter(fields().Text1(12), "8");
+        leave();
+        EXPECT_TRUE(hidden->visible()) << hidden->fullName();
+    }
+}
+
+TEST_F(DoubleSprocketsTest, EveryFieldButTheBoreWorksOutDiscAndHub) {
+    lookUp(4);
+    for (const int i : {7, 12}) {
+        fields().Text4(1).setText("1");
+        enter(fields().Text1(i), "21");
+        leave();
+        EXPECT_EQ(fields().Text4(1).text(), i == 7 ? "1" : "141") << i;
+    }
+}
+
+// --- Hub and gap ---------------------------------------------------------------------------------------------------
+
+TEST_F(DoubleSprocketsTest, TheHubsWidthGivesTheTotal) {
+    for (const int type : {4, 5}) {
+        lookUp(type);
+        enter(fields().Text1(10), "30,5");
+        leave();
+        EXPECT_EQ(text(17), "50,5") << type;
+        EXPECT_EQ(pdm(3), "50,5") << type;
+        EXPECT_EQ(pdm(5), "30,50") << type;
+    }
+}
+
+TEST_F(DoubleSprocketsTest, TheHubsWidthOfATripleSprocketGoesToItsOwnSketch) {
+    lookUp(12);
+    enter(fields().Text1(10), "30,5");
+    leave();
+    EXPECT_EQ(text(17), "62,5");
+    EXPECT_EQ(triple(10), "62,5");
+    EXPECT_EQ(triple(8), "30,50");
+    EXPECT_EQ(pdm(3), "45") << "the double's sketch keeps what the row said";
+}
+
+TEST_F(DoubleSprocketsTest, TheGapGivesTheRimOfTheDoubles) {
+    lookUp(5);
+    enter(fields().Text1(11), "6");
+    leave();
+    EXPECT_EQ(pdm(7), "6,00");
+    EXPECT_EQ(text(9), "22") << "8 + 8 + 6";
+    EXPECT_EQ(text(17), "47");
+    EXPECT_EQ(pdm(3), "47");
+    EXPECT_EQ(pdm(5), "25");
+}
+
+TEST_F(DoubleSprocketsTest, TheGapOfATwoChainDiscLeavesItWithoutHub) {
+    lookUp(7);
+    enter(fields().Text1(11), "6");
+    leave();
+    EXPECT_EQ(text(16), "0");
+    EXPECT_EQ(text(10), "0");
+    EXPECT_EQ(text(17), "22");
+}
+
+TEST_F(DoubleSprocketsTest, ATripleDiscsHubAndGapAreWorkedOutAsADoubles) {
+    lookUp(14);
+    doubles().Text1_LostFocus(10);
+    EXPECT_EQ(pdm(3), "57");
+    EXPECT_EQ(triple(8), "25") << "the triple's sketch is not written";
+    doubles().Text1_LostFocus(11);
+    EXPECT_EQ(text(9), "20") << "two rims and one gap";
+    EXPECT_EQ(text(17), "45");
+}
+
+TEST_F(DoubleSprocketsTest, ATripleSprocketsGapGivesThreeRimsAndTwoGaps) {
+    lookUp(12);
+    doubles().Text1_LostFocus(11);
+    EXPECT_EQ(text(9), "32");
+    EXPECT_EQ(text(17), "57");
+}
+
+TEST_F(DoubleSprocketsTest, TheHubsDiameterGoesToBothSketches) {
+    lookUp(4);
+    enter(fields().Text1(16), "80");
+    leave();
+    EXPECT_EQ(pdm(1), "80,00");
+    EXPECT_EQ(triple(1), "80,00");
+    EXPECT_EQ(fields().Text4(2).text(), "85");
+}
+
+TEST_F(DoubleSprocketsTest, ARefusedLookUpReachesTheUserAndChangesNoField) {
+    lookUp(4);
+    connection.refuse("from PDM");
+    enter(fields().Text1(1), "17,5");
+    EXPECT_THROW(leave(), sql::DbError);
+    EXPECT_EQ(text(15), "136");
+}
 
 // --- msCalcularDobleVariable ---------------------------------------------------------------------------------------
 

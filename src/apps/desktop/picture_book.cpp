@@ -14,6 +14,9 @@
 #include "velmora/labour/frm_mano_obra.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
+#include "velmora/reference/frm_eng_val.h"
+#include "velmora/reference/frm_materias.h"
+#include "velmora/reference/frm_pdm_val.h"
 #include "velmora/tracking/frm_seguimiento.h"
 
 namespace velmora::desktop {
@@ -89,6 +92,20 @@ std::unique_ptr<screen::Form> deliveryNoteForm(session::Session& session) {
     return form;
 }
 
+/// The gears of module 2, as a user lists them.
+std::unique_ptr<screen::Form> gearForm(session::Session& session, platform::Desk& desk) {
+    auto form = std::make_unique<reference::frmENGVal>(session, desk);
+    auto& f = form->fields();
+    const std::vector<std::pair<int, const char*>> entries{
+        {reference::gearModule, "2"}, {reference::gearTeeth, "20"}, {reference::gearModule, "2"}};
+    for (const auto& [field, text] : entries) {
+        form->moveFocus(f.Text1(field));
+        f.Text1(field).setText(text);
+    }
+    form->moveFocus(f.dbgRs);
+    return form;
+}
+
 }  // namespace
 
 std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
@@ -102,6 +119,11 @@ std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
     pages.push_back({"seguimiento", [&session, &desk] { return trackingForm(session, desk); }});
     pages.push_back({"orden_de_trabajo", [&session] { return workOrderForm(session); }});
     pages.push_back({"albaran", [&session] { return deliveryNoteForm(session); }});
+    pages.push_back(
+        {"materiales", [&session, &desk] { return std::make_unique<reference::frmMaterias>(session, desk); }});
+    pages.push_back(
+        {"pinones_dobles", [&session, &desk] { return std::make_unique<reference::frmPDMVal>(session, desk); }});
+    pages.push_back({"engranajes", [&session, &desk] { return gearForm(session, desk); }});
     return pages;
 }
 
