@@ -91,7 +91,8 @@ sql::Bytes readFile(const std::string& path) {
 
 void writeFile(const std::string& path, const sql::Bytes& content) {
     const fs::path file = toPath(path);
-    // An earlier copy may be closed to writing.
+    // Differs D-183: a link that lies in the way is replaced, not followed, and a file that could not be finished does
+    // not stay. An earlier copy may be closed to writing.
     removeFileOrLink(file);
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);
     const bool begun = stream.is_open();
