@@ -28,8 +28,8 @@ SideWindows::Material SideWindows::material(int Index) const {
 void SideWindows::cmdHPrecios_Click(int Index) {
     const Material chosen = material(Index);
     services::frmHcomp form(session_, desk_);
-    // Kept K-185: the list's first material counts as none, and its window opens empty; people know the second entry
-    // as the first one with prices.
+    // Kept K-185: the first material counts as none and its window opens empty, also when it was chosen: it is the
+    // one on which a list stands that nobody has touched.
     if (chosen.list.listIndex() >= 1 && chosen.rows->isOpen() && !chosen.rows->eof()) {
         const sql::Recordset& row = *chosen.rows;
         form.nFormula = row["art_for"].isNull() ? 0 : row["art_for"].toLong();

@@ -34,10 +34,11 @@ bool isControl(char c) {
     return code < 0x20 || code == 0x7F;
 }
 
-/// An earlier copy, which may be closed to writing, or a link that somebody laid there to have another file written.
-void makeRoomFor(const fs::path& file) {
+/// Takes away a file, or a link that somebody laid there to have another file written; never a folder or a device.
+void removeFileOrLink(const fs::path& file) {
     std::error_code ignored;
-    if (!fs::is_directory(fs::symlink_status(file, ignored))) {
+    const fs::file_status status = fs::symlink_status(file, ignored);
+    if (fs::is_regular_file(status) || fs::is_symlink(status)) {
         fs::remove(file, ignored);
     }
 }
@@ -90,15 +91,16 @@ sql::Bytes readFile(const std::string& path) {
 
 void writeFile(const std::string& path, const sql::Bytes& content) {
     const fs::path file = toPath(path);
-    makeRoomFor(file);
+    // Differs D-183: a link that lies in the way is replaced, not followed, and a file that could not be finished does
+    // not stay. An earlier copy may be closed to writing.
+    removeFileOrLink(file);
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);
     const bool begun = stream.is_open();
     stream.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
     stream.close();
     if (!stream) {
         if (begun) {
-            std::error_code ignored;
-            fs::remove(file, ignored);
+            removeFileOrLink(file);
         }
         fail(cannotWrite, "No se puede escribir el fichero " + path);
     }

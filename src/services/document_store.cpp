@@ -50,6 +50,7 @@ bool DocumentStore::msAnadirFichero(const std::string& path, const DocumentOwner
 std::int32_t DocumentStore::addRow(const std::string& path, const DocumentOwner& owner) {
     session_.Tabla(sPrefijo_ + "Dex");
     session_.Modo(0);
+    // Differs D-182: when the key cannot be read the transaction is rolled back, where it would have stayed open.
     sql::Transaction transaction(session_.Connection());
     session::FieldList& campos = session_.Campos();
     campos.Add("Dex_Doc", Tipo::expression, "Null");

@@ -6,6 +6,8 @@
 # The scenario's first lines may be
 #   # options: --data workshop.sql --now "2026-01-15 10:00:00"     the driver reads this one itself
 #   # status: 2                                                    exit status; 0 unless told
+#   # read-only: plano.pdf                                        one of its files that nobody may write in
+# When a folder NAME.files lies beside NAME.drive, the scenario plays in a copy of it: its file dialogs take the names.
 # When NAME.expected lies beside NAME.drive, the whole output must be equal to it. --write makes that file anew.
 set -u
 
@@ -24,7 +26,17 @@ status=$(header status)
 
 work=$(mktemp -d) || exit 1
 trap 'rm -rf "$work"' EXIT
-"$driver" "$scenario" >"$work/out" 2>"$work/faults"
+script=$PWD/$scenario
+files=${scenario%.drive}.files
+play() {
+    if [ -d "$files" ]; then
+        closed=$(header read-only)
+        cp -R "$files" "$work/files" && cd "$work/files" || exit 1
+        [ -z "$closed" ] || chmod a-w "$closed" || exit 1
+    fi
+    "$driver" "$script"
+}
+(play) >"$work/out" 2>"$work/faults"
 ended=$?
 
 if [ "$write" = yes ]; then

@@ -89,8 +89,13 @@ void GridView::setWidths() {
     int stretching = -1;
     for (int i = 0; i < model_->columnCount(); ++i) {
         const screen::GridColumn& shape = model_->shape(i);
-        const int caption = table_->fontMetrics().horizontalAdvance(toQt(shape.caption)) + 2 * theme::unit + 4;
-        widths.push_back(std::max(shape.width / theme::twipsPerPixel, caption));
+        const QFontMetrics letters = table_->fontMetrics();
+        const int padding = 2 * theme::unit + 4;
+        const int caption = letters.horizontalAdvance(toQt(shape.caption)) + padding;
+        // A date that is cut looks like another one.
+        const int date =
+            shape.mask == "dd/mm/yyyy" ? letters.horizontalAdvance(QStringLiteral("00/00/0000")) + padding : 0;
+        widths.push_back(std::max({shape.width / theme::twipsPerPixel, caption, date}));
         const bool text = !shape.right && !shape.button;
         if (text && (stretching < 0 || widths.back() > widths[static_cast<std::size_t>(stretching)])) {
             stretching = i;

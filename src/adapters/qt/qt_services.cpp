@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include "velmora/adapters/qt/text.h"
@@ -12,9 +14,37 @@
 namespace velmora::qt {
 
 namespace {
+
 constexpr int opened = 33;
 constexpr int fileNotFound = 2;
+constexpr int accessDenied = 5;
 constexpr int noAssociation = 31;
+
+/// How long the desktop's opener may take to say that it found no program. One that is still at work then has handed
+/// the file on, or is the program itself.
+constexpr int patience = 2000;  // ms
+
+/// Runs the desktop's own opener, which unlike the toolkit's call tells whether a program took the file.
+int openWith(const QString& opener, const QString& path) {
+    auto* process = new QProcess;
+    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process->setStandardInputFile(QProcess::nullDevice());
+    process->setStandardOutputFile(QProcess::nullDevice());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->start(opener, {path});
+    if (!process->waitForStarted()) {
+        delete process;
+        return noAssociation;
+    }
+    if (!process->waitForFinished(patience)) {
+        return opened;  // the process lives on until the program is closed
+    }
+    if (process->exitStatus() == QProcess::NormalExit && process->exitCode() == 0) {
+        return opened;
+    }
+    return process->exitCode() == fileNotFound ? fileNotFound : noAssociation;
+}
+
 }  // namespace
 
 QStringList nameFilters(std::string_view filter) {
@@ -58,6 +88,13 @@ int QtServices::openWithAssociatedProgram(std::string_view path) {
     const QFileInfo file(toQt(path));
     if (!file.exists()) {
         return fileNotFound;
+    }
+    if (!file.isReadable()) {
+        return accessDenied;
+    }
+    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    if (!opener.isEmpty()) {
+        return openWith(opener, file.absoluteFilePath());
     }
     return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath())) ? opened : noAssociation;
 }

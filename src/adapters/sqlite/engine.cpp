@@ -236,6 +236,7 @@ void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::V
     const auto change = forKey("UPDATE " + origin.table + " SET " + name + " = ?2");
     change->bind(2, content);
     change->step();
+    // Differs D-184: whoever deletes the file afterwards must know that the database has all of it.
     const auto stored = forKey("SELECT length(" + name + ") FROM " + origin.table);
     if (!stored->step()) {
         throw sql::DbError(sql::provider::rowGone, "La fila que se iba a actualizar ya no existe.");

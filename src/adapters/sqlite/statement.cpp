@@ -44,7 +44,7 @@ void Statement::bind(int parameter, std::string_view value) {
 }
 
 void Statement::bind(int parameter, const sql::Bytes& value) {
-    // Bytes without an address would be taken for null.
+    // Chosen C-188: no bytes are an empty content. Without an address they would be taken for null.
     bound(value.empty() ? sqlite3_bind_zeroblob(handle_.get(), parameter, 0)
                         : sqlite3_bind_blob64(handle_.get(), parameter, value.data(), value.size(), SQLITE_STATIC));
 }

@@ -17,6 +17,8 @@
 #include "velmora/reference/frm_eng_val.h"
 #include "velmora/reference/frm_materias.h"
 #include "velmora/reference/frm_pdm_val.h"
+#include "velmora/services/frm_doc.h"
+#include "velmora/services/frm_hcomp.h"
 #include "velmora/tracking/frm_seguimiento.h"
 
 namespace velmora::desktop {
@@ -106,6 +108,30 @@ std::unique_ptr<screen::Form> gearForm(session::Session& session, platform::Desk
     return form;
 }
 
+/// The last purchases of a tube, whose lots have most measures.
+std::unique_ptr<screen::Form> pricesForm(session::Session& session, platform::Desk& desk) {
+    auto form = std::make_unique<services::frmHcomp>(session, desk);
+    const sql::Recordset tube = session.Connection().execute("SELECT max(ART_ID) as Tubo FROM ART where ART_For = 6");
+    form->msArticulo(tube["Tubo"].isNull() ? 0 : tube["Tubo"].toLong());
+    form->msCargar();
+    return form;
+}
+
+/// The documents of the newest proposal; a few names stand in when it has none.
+std::unique_ptr<screen::Form> documentsForm(session::Session& session, platform::Desk& desk) {
+    auto form = std::make_unique<services::frmDoc>(session, desk);
+    const sql::Recordset newest = session.Connection().execute("SELECT max(DPI_Id) as nIdDpi FROM DPI");
+    form->nIdExp = newest["nIdDpi"].isNull() ? 0 : newest["nIdDpi"].toLong();
+    form->nIdAct = services::actOfProposals;
+    form->msCargarDocumentos();
+    if (form->dbgPlanos.rowCount() == 0) {
+        form->dbgPlanos.bind(sql::Recordset(sql::rowsInMemory(
+            {{"dex_id"}, {"dex_fic"}},
+            {{3, "DOC202601151007.pdf"}, {2, "Pedido PC-2122.pdf"}, {1, "Plano del cubo, revisión 2.dwg"}})));
+    }
+    return form;
+}
+
 }  // namespace
 
 std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
@@ -118,6 +144,8 @@ std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
     pages.push_back({"mano_de_obra", [&session, &desk] { return labourForm(session, desk); }});
     pages.push_back({"seguimiento", [&session, &desk] { return trackingForm(session, desk); }});
     pages.push_back({"orden_de_trabajo", [&session] { return workOrderForm(session); }});
+    pages.push_back({"precios_de_compra", [&session, &desk] { return pricesForm(session, desk); }});
+    pages.push_back({"documentos", [&session, &desk] { return documentsForm(session, desk); }});
     pages.push_back({"albaran", [&session] { return deliveryNoteForm(session); }});
     pages.push_back(
         {"materiales", [&session, &desk] { return std::make_unique<reference::frmMaterias>(session, desk); }});

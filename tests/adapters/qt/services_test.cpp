@@ -22,9 +22,52 @@ TEST(Services, TheTemporaryFolderExistsAndEndsInASeparator) {
 }
 
 TEST(Services, AMissingFileIsAFailureCode) {
-    const int code = qt::QtServices().openWithAssociatedProgram("/no/such/file.pdf");
-    EXPECT_GE(code, 0);
-    EXPECT_LE(code, 32);
+    EXPECT_EQ(qt::QtServices().openWithAssociatedProgram("/no/such/file.pdf"), 2);
+}
+
+/// A desktop whose opener does as the script says, while it lives.
+class DesktopWithOpener {
+  public:
+    explicit DesktopWithOpener(const char* script) : before_(qgetenv("PATH")) {
+        QFile opener(folder_.filePath("xdg-open"));
+        EXPECT_TRUE(opener.open(QIODevice::WriteOnly));
+        opener.write(QByteArray("#!/bin/sh\n") + script + "\n");
+        opener.close();
+        opener.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        QFile document(folder_.filePath("plano 7ª.pdf"));
+        EXPECT_TRUE(document.open(QIODevice::WriteOnly));
+        qputenv("PATH", folder_.path().toUtf8() + ":" + before_);
+    }
+    ~DesktopWithOpener() { qputenv("PATH", before_); }
+    DesktopWithOpener(const DesktopWithOpener&) = delete;
+    DesktopWithOpener& operator=(const DesktopWithOpener&) = delete;
+
+    int open() const {
+        return qt::QtServices().openWithAssociatedProgram(folder_.filePath("plano 7ª.pdf").toStdString());
+    }
+    bool was(const char* name) const { return QFile::exists(folder_.filePath(name)); }
+
+  private:
+    QTemporaryDir folder_;
+    QByteArray before_;
+};
+
+TEST(Services, WhatTheDesktopsOpenerSaysIsTheCode) {
+    EXPECT_GT(DesktopWithOpener("exit 0").open(), 32);
+    EXPECT_EQ(DesktopWithOpener("exit 2").open(), 2);
+    EXPECT_EQ(DesktopWithOpener("exit 3").open(), 31);
+    EXPECT_EQ(DesktopWithOpener("exit 4").open(), 31);
+    EXPECT_EQ(DesktopWithOpener("kill -9 $$").open(), 31);
+}
+
+TEST(Services, TheOpenerIsGivenTheWholePath) {
+    const DesktopWithOpener desktop("cp \"$1\" \"$(dirname \"$0\")/copia\"");
+    EXPECT_GT(desktop.open(), 32);
+    EXPECT_TRUE(desktop.was("copia"));
+}
+
+TEST(Services, AnOpenerThatStaysHasTheFile) {
+    EXPECT_GT(DesktopWithOpener("exec sleep 4").open(), 32);
 }
 
 TEST(Services, FiltersAreReadInPairs) {

@@ -31,7 +31,7 @@ class Toolbars : public QtBench {
   protected:
     QPushButton& button(const QString& caption) const {
         for (QPushButton* candidate : widgetOf(form.bar).findChildren<QPushButton*>()) {
-            if (candidate->text() == caption) {
+            if (candidate->text().remove(QLatin1Char('&')) == caption) {
                 return *candidate;
             }
         }
@@ -43,6 +43,19 @@ class Toolbars : public QtBench {
 TEST_F(Toolbars, SeparatorsCountAndTheFocusMovesFirst) {
     play(form, [&] {
         QTest::mouseClick(&button("Visualizar documento"), Qt::LeftButton);
+        EXPECT_THAT(form.log, ElementsAre("lost box", "button 3"));
+    });
+}
+
+TEST_F(Toolbars, EachButtonHasAMnemonicOfItsOwn) {
+    form.bar.setItems({{"Visualizar", {}}, {"", {}}, {"Vista", {}}, {"&Otra", {}}});
+    play(form, [&] {
+        EXPECT_EQ(button("Visualizar").text(), "&Visualizar");
+        EXPECT_EQ(button("Vista").text(), "V&ista");
+        EXPECT_EQ(button("Otra").text(), "&Otra");
+        key(Qt::Key_I, Qt::AltModifier);
+        // The button is seen going down before it clicks.
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.log.size() == 2; }, 1000));
         EXPECT_THAT(form.log, ElementsAre("lost box", "button 3"));
     });
 }

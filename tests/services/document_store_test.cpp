@@ -1,0 +1,260 @@
+#include "velmora/services/document_store.h"
+
+#include <gmock/gmock.h>
+
+#include "services_bench.h"
+
+namespace velmora::services {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace fs = std::filesystem;
+
+constexpr DocumentOwner proposal7{.nIdExp = 7, .nIdAct = -8};
+
+class DocumentStoreTest : public ServicesTest {
+  protected:
+    DocumentStoreTest() { connection.clear(); }
+
+    void put(int id, const char* name, const char* content) {
+        database->execute("INSERT INTO DOCTALLER.dbo.dex (Dex_Id,Dex_IdExp,Dex_IdAct,Dex_Fic,Dex_Doc) VALUES (" +
+                          std::to_string(id) + ",7,-8,N'" + name + "'," + content + ")");
+    }
+    std::string source(std::string_view content = "%PDF-1.7") { return write(desktop / "pieza.pdf", content); }
+
+    DocumentStore store{session, desk};
+};
+
+TEST_F(DocumentStoreTest, TheCatalogueOfDocumentsIsNamedAfterTheSessions) {
+    EXPECT_EQ(store.sPrefijo(), "DOCTALLER.dbo.");
+}
+
+TEST_F(DocumentStoreTest, TheOwnersDocumentsAreListedTheNewestFirst) {
+    put(3, "a.pdf", "Null");
+    put(9, "b.pdf", "Null");
+    database->execute("INSERT INTO DOCTALLER.dbo.dex (Dex_IdExp,Dex_IdAct,Dex_Fic) VALUES (8,-8,N'de otra')");
+    database->execute("INSERT INTO DOCTALLER.dbo.dex (Dex_IdExp,Dex_IdAct,Dex_Fic) VALUES (7,-1,N'de otra clase')");
+    sql::Recordset rows = store.list(proposal7);
+    EXPECT_THAT(connection.log(),
+                ElementsAre("Select dex_id,dex_fic from DOCTALLER.dbo.dex where dex_idExp =7 and dex_idAct=-8 order by "
+                            "dex_id desc"));
+    ASSERT_EQ(rows.recordCount(), 2U);
+    EXPECT_EQ(rows["dex_fic"], sql::Value("b.pdf"));
+    rows.moveNext();
+    EXPECT_EQ(rows["dex_id"], sql::Value(3));
+}
+
+TEST_F(DocumentStoreTest, AFileMovesIntoTheDatabaseStatementByStatement) {
+    const std::string path = source();
+    EXPECT_TRUE(store.msAnadirFichero(path, proposal7));
+    EXPECT_THAT(connection.log(),
+                ElementsAre("BEGIN",
+                            "INSERT INTO DOCTALLER.dbo.Dex (Dex_Doc,Dex_Fic,Dex_FicDes,Dex_Idexp,Dex_IdAct,Dex_IdUsu,"
+                            "Dex_Estado,Dex_Importe,Dex_Fecha) VALUES (Null,N'pieza.pdf',N'pdf',7,-8,7,1,0,getdate())",
+                            "Select isnull(max(dex_id),1) from DOCTALLER.dbo.dex", "COMMIT",
+                            "select * from DOCTALLER.dbo.Dex where Dex_Id= 1"));
+    EXPECT_EQ(value("select Dex_Doc from DOCTALLER.dbo.dex"), sql::Value(bytes("%PDF-1.7")));
+    EXPECT_EQ(value("select Dex_Fecha from DOCTALLER.dbo.dex"), sql::Value(morning));
+    EXPECT_FALSE(exists(path)) << "attaching moves the document";
+    EXPECT_THAT(screen.messages, IsEmpty()) << "and says nothing";
+}
+
+TEST_F(DocumentStoreTest, APickedFileDoesNotStayOnDiskAsACopyWould) {
+    const std::string path = source();
+    store.msAnadirFichero(path, proposal7);
+    EXPECT_NE(contentOf(path), "%PDF-1.7");
+}
+
+TEST_F(DocumentStoreTest, AFileClosedToWritingIsStoredAndStaysWithoutAMessage) {
+    const std::string path = source();
+    fs::permissions(path, fs::perms::owner_read);
+    EXPECT_TRUE(store.msAnadirFichero(path, proposal7));
+    EXPECT_TRUE(exists(path));
+    EXPECT_EQ(value("select Dex_Doc from DOCTALLER.dbo.dex"), sql::Value(bytes("%PDF-1.7")));
+    EXPECT_THAT(screen.messages, IsEmpty());
+}
+
+TEST_F(DocumentStoreTest, APathWithoutASeparatorIsTheName) {
+    const fs::path before = fs::current_path();
+    fs::current_path(desktop.withSeparator());
+    write("suelto", "x");
+    EXPECT_TRUE(store.msAnadirFichero("suelto", proposal7));
+    fs::current_path(before);
+    EXPECT_EQ(query("select Dex_Fic from DOCTALLER.dbo.dex"), "suelto");
+    EXPECT_EQ(query("select Dex_FicDes from DOCTALLER.dbo.dex"), "");
+    EXPECT_EQ(query("select len(Dex_FicDes) from DOCTALLER.dbo.dex"), "0") << "empty, not null";
+}
+
+TEST_F(DocumentStoreTest, ANameWithAnApostropheIsStored) {
+    const std::string path = write(desktop / "cadena 2'.pdf", "x");
+    EXPECT_TRUE(store.msAnadirFichero(path, proposal7));
+    EXPECT_EQ(query("select Dex_Fic from DOCTALLER.dbo.dex"), "cadena 2'.pdf");
+}
+
+TEST_F(DocumentStoreTest, TheKeyIsReadInTheTransactionOfTheInsert) {
+    put(41, "otro.pdf", "0x41");
+    EXPECT_TRUE(store.msAnadirFichero(source("nuevo"), proposal7));
+    EXPECT_EQ(value("select Dex_Doc from DOCTALLER.dbo.dex where Dex_Id = 42"), sql::Value(bytes("nuevo")));
+    EXPECT_EQ(value("select Dex_Doc from DOCTALLER.dbo.dex where Dex_Id = 41"), sql::Value(bytes("A")));
+}
+
+TEST_F(DocumentStoreTest, AFileThatCannotBeReadLeavesTheRowWithoutContent) {
+    const std::string path = desktop / "falta.pdf";
+    EXPECT_FALSE(store.msAnadirFichero(path, proposal7));
+    EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex where Dex_Doc is null"), "1");
+    EXPECT_THAT(screen.messageTexts(),
+                ElementsAre("Error : \r\nNo se puede leer el fichero " + path, "Error insertando el documento"));
+    EXPECT_EQ(screen.messages[0].icon, screen::Icon::critical);
+    EXPECT_EQ(screen.messages[1].icon, screen::Icon::critical);
+    screen.messages.clear();
+    store.LoadFileFromDB(1);
+    EXPECT_THAT(screen.messages, IsEmpty()) << "viewing it does nothing";
+    EXPECT_THAT(services.opened, IsEmpty());
+}
+
+// What survives a failure at each step of an addition.
+
+struct Failure {
+    int step;
+    const char* what;
+    std::vector<std::string> messages;
+    bool raises;
+    const char* rows;  ///< in the table afterwards
+};
+
+TEST_F(DocumentStoreTest, AFailureAtAnyStepKeepsTheFileAndNeverHalfARow) {
+    const std::string told = "Error : \r\nFallo provocado";
+    const Failure failures[] = {
+        {0, "begin", {}, true, "0"},
+        {1, "insert", {"Error añadiendo fichero"}, false, "0"},
+        {2, "key", {}, true, "0"},
+        {3, "commit", {}, true, "0"},
+        {4, "select of the row", {told, "Error insertando el documento"}, false, "1"},
+        {5, "content", {told, "Error insertando el documento"}, false, "1"},
+    };
+    for (const Failure& each : failures) {
+        database->execute("delete from DOCTALLER.dbo.dex");
+        screen.messages.clear();
+        const std::string path = source();
+        faults.failAt(each.step);
+        bool raised = false;
+        try {
+            store.msAnadirFichero(path, proposal7);
+        } catch (const sql::DbError& error) {
+            raised = true;
+            EXPECT_EQ(error.description(), "Fallo provocado") << each.what;
+        }
+        faults.failAt(-1);
+        EXPECT_EQ(raised, each.raises) << each.what;
+        EXPECT_EQ(screen.messageTexts(), each.messages) << each.what;
+        EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex"), each.rows) << each.what;
+        EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex where not Dex_Doc is null"), "0") << each.what;
+        EXPECT_EQ(contentOf(path), "%PDF-1.7") << each.what;
+        EXPECT_NO_THROW(connection.beginTrans()) << each.what << ": a transaction was left open";
+        connection.rollbackTrans();
+    }
+    EXPECT_TRUE(store.msAnadirFichero(source(), proposal7)) << "afterwards all is well again";
+}
+
+TEST_F(DocumentStoreTest, ARowThatVanishesBeforeItsContentIsTold) {
+    const std::string path = source();
+    EXPECT_FALSE(store.SaveFileToDB(path, 99));
+    EXPECT_THAT(screen.messageTexts(),
+                ElementsAre("Error : \r\nEl conjunto de registros no está sobre ningún registro."));
+    EXPECT_TRUE(exists(path));
+}
+
+// Viewing.
+
+TEST_F(DocumentStoreTest, ADocumentIsWrittenToTheTemporaryFolderAndOpened) {
+    put(1, "plano ñ.pdf", "0x255044462d");
+    store.LoadFileFromDB(1);
+    EXPECT_THAT(connection.log(), ElementsAre("select Dex_Doc,Dex_Fic from DOCTALLER.dbo.Dex where Dex_Id= 1"));
+    EXPECT_EQ(contentOf(temporary / "plano ñ.pdf"), "%PDF-") << "it stays behind";
+    EXPECT_THAT(services.opened, ElementsAre(temporary / "plano ñ.pdf"));
+    database->execute("update DOCTALLER.dbo.dex set Dex_Doc = 0x41");
+    store.LoadFileFromDB(1);
+    EXPECT_EQ(contentOf(temporary / "plano ñ.pdf"), "A") << "the next view of the name overwrites it";
+    EXPECT_THAT(screen.messages, IsEmpty());
+}
+
+TEST_F(DocumentStoreTest, WithoutARowOrContentNothingHappens) {
+    put(1, "vacio.pdf", "Null");
+    store.LoadFileFromDB(1);
+    store.LoadFileFromDB(2);
+    EXPECT_THAT(screen.messages, IsEmpty());
+    EXPECT_THAT(services.opened, IsEmpty());
+    EXPECT_FALSE(exists(temporary / "vacio.pdf"));
+}
+
+TEST_F(DocumentStoreTest, AStoredNameStaysInTheTemporaryFolder) {
+    put(1, "../fuera.txt", "0x41");
+    put(2, "/etc/fuera.txt", "0x42");
+    put(3, "..", "0x43");
+    store.LoadFileFromDB(1);
+    EXPECT_EQ(contentOf(temporary / "fuera.txt"), "A");
+    EXPECT_FALSE(exists(temporary / "../fuera.txt"));
+    store.LoadFileFromDB(2);
+    EXPECT_EQ(contentOf(temporary / "fuera.txt"), "B");
+    EXPECT_THAT(screen.messages, IsEmpty());
+    store.LoadFileFromDB(3);
+    EXPECT_THAT(screen.messageTexts(), ElementsAre("El nombre del documento no es un nombre de fichero"));
+    EXPECT_EQ(services.opened.size(), 2U);
+}
+
+TEST_F(DocumentStoreTest, AFailureToViewIsShown) {
+    put(1, "plano.pdf", "0x41");
+    services.openingCode = 31;
+    store.LoadFileFromDB(1);
+    connection.refuse("select Dex_Doc");
+    store.LoadFileFromDB(1);
+    services.folder = temporary / "no hay/";
+    store.LoadFileFromDB(1);
+    EXPECT_THAT(screen.messageTexts(),
+                ElementsAre("No application is associated with this file type.", "Rechazada",
+                            "No se puede escribir el fichero " + (temporary / "no hay/plano.pdf")));
+}
+
+TEST_F(DocumentStoreTest, AnEmptyFileIsStoredAndViewedEmpty) {
+    EXPECT_TRUE(store.msAnadirFichero(source(""), proposal7));
+    EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex where Dex_Doc is null"), "0");
+    store.LoadFileFromDB(1);
+    EXPECT_EQ(contentOf(temporary / "pieza.pdf"), "");
+}
+
+TEST_F(DocumentStoreTest, FiftyMegabytesGoInAndComeOutByteForByte) {
+    std::string content(50 * 1024 * 1024, '\0');
+    std::uint32_t state = 7;
+    for (char& each : content) {
+        state = state * 1664525u + 1013904223u;
+        each = static_cast<char>(state >> 24u);
+    }
+    EXPECT_TRUE(store.msAnadirFichero(source(content), proposal7));
+    EXPECT_FALSE(exists(desktop / "pieza.pdf"));
+    store.LoadFileFromDB(1);
+    EXPECT_TRUE(contentOf(temporary / "pieza.pdf") == content);
+}
+
+TEST_F(DocumentStoreTest, ADocumentIsDeletedByItsKey) {
+    put(1, "a.pdf", "0x41");
+    put(2, "b.pdf", "0x42");
+    store.remove(1);
+    EXPECT_THAT(connection.log(), ElementsAre("delete from DOCTALLER.dbo.dex where dex_id = 1"));
+    EXPECT_EQ(query("select Dex_Fic from DOCTALLER.dbo.dex"), "b.pdf");
+}
+
+TEST_F(DocumentStoreTest, ALostConnectionCannotNameItsCatalogue) {
+    class Gone final : public sql::ForwardingConnection {
+      public:
+        using ForwardingConnection::ForwardingConnection;
+        std::string currentCatalog() const override { throw sql::DbError(sql::provider::failure, "Se perdió"); }
+    };
+    Gone gone(*database);
+    adapters::StandInSession lost(gone);
+    EXPECT_THROW(DocumentStore(lost, desk), sql::DbError);
+}
+
+}  // namespace
+}  // namespace velmora::services
