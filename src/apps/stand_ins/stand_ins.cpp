@@ -6,6 +6,8 @@
 #include "velmora/adapters/documents/proposal_printing.h"
 #include "velmora/adapters/host/delivery_notes.h"
 #include "velmora/adapters/host/work_orders.h"
+#include "velmora/adapters/scanner/page_scanner.h"
+#include "velmora/adapters/scanner/sane_source.h"
 
 namespace velmora::stand_ins {
 
@@ -19,6 +21,9 @@ void registerStandIns(components::ComponentFactory& factory, screen::Screen& scr
                 [&services, graphics] { return std::make_unique<documents::ProposalPrinting>(services, graphics); });
     factory.add("LIMBAR.jLimbar",
                 [&] { return std::make_unique<documents::GridSpreadsheet>(screen, services, clock); });
+    factory.add("MIRTOL.jMirtol", [&screen, graphics] {
+        return std::make_unique<scanner::PageScanner>(screen, std::make_shared<scanner::SaneSource>(), graphics);
+    });
 }
 
 }  // namespace velmora::stand_ins

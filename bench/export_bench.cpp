@@ -1,0 +1,177 @@
+// The export of a long list beside the bare library that writes the same cells: `ratio` is the one through the other,
+// timed in the same turn, `cpu_ratio` the same without the waiting for the disk. `grown_kB` is what the process takes
+// more at the end of an export than at its beginning.
+
+#include <charconv>
+#include <chrono>
+#include <fstream>
+#include <string>
+
+#include <benchmark/benchmark.h>
+#include <time.h>
+#include <unistd.h>
+#include <xlsxwriter.h>
+
+#include "velmora/adapters/documents/grid_sheet.h"
+#include "velmora/platform/runtime/dates.h"
+
+#include "workshop.h"
+
+namespace velmora::bench {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t columnCount = 14;
+
+std::vector<screen::GridColumn> columns() {
+    std::vector<screen::GridColumn> all;
+    const char* masks[columnCount] = {"000000", "dd/mm/yyyy", "", "", "#,##0.00", "#,##0.00", "#,##0.00",
+                                      "",       "",           "", "", "",         "",         ""};
+    for (std::size_t i = 0; i < columnCount; ++i) {
+        all.push_back({.field = static_cast<int>(i), .caption = "Columna", .mask = masks[i]});
+    }
+    return all;
+}
+
+/// The rows of a long list, each made when it is asked for.
+class LongList final : public sql::RowSource {
+  public:
+    explicit LongList(std::size_t count) : count_(count) {
+        for (std::size_t i = 0; i < columnCount; ++i) {
+            columns_.push_back({"c"});
+        }
+        row_ = {1,
+                runtime::Date::of(2026, 1, 15),
+                "MAQUINARIA TRIGOVERDÍN SA",
+                "PL-36-B",
+                15.02,
+                26.22,
+                218.7,
+                25,
+                12.7,
+                7.75,
+                8.51,
+                20,
+                "Piñon Especial",
+                sql::Value()};
+    }
+    const std::vector<sql::Column>& columns() const override { return columns_; }
+    bool hasRow(std::size_t position) override { return position < count_; }
+    const sql::Row& row(std::size_t position) override {
+        row_[0] = sql::Value(static_cast<std::int64_t>(position + 1));
+        row_[6] = sql::Value(static_cast<double>(position) / 100);
+        return row_;
+    }
+    std::size_t rowCount() override { return count_; }
+    std::unique_ptr<sql::RowSource> reopen() const override { return std::make_unique<LongList>(count_); }
+
+  private:
+    std::size_t count_;
+    std::vector<sql::Column> columns_;
+    sql::Row row_;
+};
+
+void exportList(const std::string& path, const std::string& scratch, std::size_t rows) {
+    sql::Recordset list(std::make_unique<LongList>(rows));
+    documents::Workbook book(path, scratch);
+    documents::GridSheet sheet(book, {.title = "Registro", .written = runtime::Date::of(2026, 1, 15)}, columns());
+    require(sheet.write(list, [](std::size_t) { return true; }), "the export came to no end");
+    book.close();
+}
+
+void bareLibrary(const std::string& path, std::string scratch, std::size_t rows) {
+    lxw_workbook_options options{};
+    options.constant_memory = LXW_TRUE;
+    options.tmpdir = scratch.data();
+    lxw_workbook* book = workbook_new_opt(path.c_str(), &options);
+    lxw_worksheet* sheet = workbook_add_worksheet(book, "Registro");
+    const auto masked = [book](const char* mask) {
+        lxw_format* format = workbook_add_format(book);
+        format_set_num_format(format, mask);
+        return format;
+    };
+    lxw_format* number = masked("000000");
+    lxw_format* date = masked("dd/mm/yyyy");
+    lxw_format* amount = masked("#,##0.00");
+    for (std::size_t i = 0; i < rows; ++i) {
+        const auto row = static_cast<lxw_row_t>(i + 3);
+        worksheet_write_number(sheet, row, 0, static_cast<double>(i + 1), number);
+        worksheet_write_number(sheet, row, 1, 46037, date);
+        worksheet_write_string(sheet, row, 2, "MAQUINARIA TRIGOVERDÍN SA", nullptr);
+        worksheet_write_string(sheet, row, 3, "PL-36-B", nullptr);
+        worksheet_write_number(sheet, row, 4, 15.02, amount);
+        worksheet_write_number(sheet, row, 5, 26.22, amount);
+        worksheet_write_number(sheet, row, 6, static_cast<double>(i) / 100, amount);
+        worksheet_write_number(sheet, row, 7, 25, nullptr);
+        worksheet_write_number(sheet, row, 8, 12.7, nullptr);
+        worksheet_write_number(sheet, row, 9, 7.75, nullptr);
+        worksheet_write_number(sheet, row, 10, 8.51, nullptr);
+        worksheet_write_number(sheet, row, 11, 20, nullptr);
+        worksheet_write_string(sheet, row, 12, "Piñon Especial", nullptr);
+    }
+    require(workbook_close(book) == LXW_NO_ERROR, "the bare library wrote nothing");
+}
+
+/// Resident memory of the process.
+double residentKilobytes() {
+    std::ifstream statm("/proc/self/statm");
+    std::string total;
+    std::string resident;
+    statm >> total >> resident;
+    double pages = 0;
+    std::from_chars(resident.data(), resident.data() + resident.size(), pages);
+    return pages * static_cast<double>(::sysconf(_SC_PAGESIZE)) / 1024;
+}
+
+struct Took {
+    double seconds = 0;
+    double cpuSeconds = 0;
+};
+
+double cpuSeconds() {
+    timespec used{};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+    return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) * 1e-9;
+}
+
+template <typename Work>
+void addTime(Took& took, const Work& work) {
+    const auto start = Clock::now();
+    const double cpu = cpuSeconds();
+    work();
+    took.cpuSeconds += cpuSeconds() - cpu;
+    took.seconds += std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+void ExportOfALongList(benchmark::State& state) {
+    const auto rows = static_cast<std::size_t>(state.range(0));
+    const TemporaryFolder folder;
+    const std::string ours = folder.file("ours.xlsx");
+    const std::string bare = folder.file("bare.xlsx");
+    const std::string scratch = folder.file("");
+    exportList(ours, scratch, 1000);
+    const double before = residentKilobytes();
+    Took own;
+    Took library;
+    for ([[maybe_unused]] const auto& turn : state) {
+        addTime(own, [&] { exportList(ours, scratch, rows); });
+        state.PauseTiming();
+        addTime(library, [&] { bareLibrary(bare, scratch, rows); });
+        state.ResumeTiming();
+    }
+    state.counters["ratio"] = own.seconds / library.seconds;
+    state.counters["cpu_ratio"] = own.cpuSeconds / library.cpuSeconds;
+    state.counters["grown_kB"] = residentKilobytes() - before;
+    state.counters["rows_per_s"] =
+        benchmark::Counter(static_cast<double>(rows) * static_cast<double>(state.iterations()) / own.seconds);
+}
+
+BENCHMARK(ExportOfALongList)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+}  // namespace velmora::bench
+
+BENCHMARK_MAIN();

@@ -1,0 +1,36 @@
+#pragma once
+// Work that may hang, done on a thread of its own while the screen stays alive.
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "velmora/adapters/scanner/page_source.h"
+#include "velmora/platform/screen/screen.h"
+
+namespace velmora::scanner {
+
+struct Patience {
+    std::chrono::milliseconds silence{60'000};  ///< without a sign of life before the work is given up
+    std::chrono::milliseconds grace{5'000};     ///< for it to end once it is cancelled
+};
+
+/// Runs the work to its end and shows how far it is. The user's cancelling, and too long a silence, cancel its watch.
+/// Work that does not end then is left to itself on its thread, so it must own all that it uses. Errors: those of the
+/// work; after a silence, number 68.
+void runErrand(std::function<void(Watch&)> work, screen::Progress& progress, const std::string& text,
+               const Patience& patience);
+
+/// The same for a work that answers. None when it was cancelled before it had an answer.
+template <typename Answer>
+std::optional<Answer> askFor(std::function<std::optional<Answer>(Watch&)> work, screen::Progress& progress,
+                             const std::string& text, const Patience& patience) {
+    const auto answer = std::make_shared<std::optional<Answer>>();
+    runErrand([answer, work = std::move(work)](Watch& watch) { *answer = work(watch); }, progress, text, patience);
+    return std::move(*answer);
+}
+
+}  // namespace velmora::scanner

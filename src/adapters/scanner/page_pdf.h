@@ -1,0 +1,13 @@
+#pragma once
+// A scanned page as a PDF of its true size.
+
+#include "velmora/adapters/scanner/page_source.h"
+
+class QIODevice;
+
+namespace velmora::scanner {
+
+/// False when the device takes no more. Needs the toolkit's application (qt::Graphics).
+bool writePage(const Image& page, QIODevice& out);
+
+}  // namespace velmora::scanner

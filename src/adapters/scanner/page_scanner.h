@@ -1,0 +1,43 @@
+#pragma once
+// A page from the scanner into a file: what stands in for MIRTOL.jMirtol.
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "velmora/adapters/qt/graphics.h"
+#include "velmora/adapters/scanner/errand.h"
+#include "velmora/adapters/scanner/page_source.h"
+#include "velmora/platform/components/components.h"
+#include "velmora/platform/screen/screen.h"
+
+namespace velmora::scanner {
+
+/// What goes wrong is told to the user and raised to nobody: `resultado` says whether the file was written.
+class PageScanner final : public components::Scanner {
+  public:
+    PageScanner(screen::Screen& screen, std::shared_ptr<PageSource> source, std::shared_ptr<qt::Graphics> graphics,
+                Patience patience = {});
+
+    void setFichero(std::string_view path) override { path_ = path; }
+    /// Scans one page with the only device there is, with that of SANE_DEFAULT_DEVICE, or with the one that the user
+    /// chooses, and writes it as a PDF.
+    void jConfig() override;
+    bool resultado() const override { return written_; }
+
+  private:
+    /// None when the user left the choice.
+    std::optional<std::string> chooseDevice();
+    std::optional<Image> scan(const std::string& device);
+    void write(const Image& page);
+    void tell(const std::string& text);
+
+    screen::Screen& screen_;
+    std::shared_ptr<PageSource> source_;
+    std::shared_ptr<qt::Graphics> graphics_;
+    Patience patience_;
+    std::string path_;
+    bool written_ = false;
+};
+
+}  // namespace velmora::scanner
