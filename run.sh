@@ -1,6 +1,7 @@
 #!/bin/bash
 # Installs what is missing, builds, and opens the program. Where there is no display, the program writes the pictures
-# of its windows and a whole proposal, played without a screen, to out/.
+# of its windows, and a proposal played without a screen from its entry to its work order, with paper and spreadsheet,
+# to out/.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -14,7 +15,7 @@ fi
 
 mkdir -p out
 QT_QPA_PLATFORM=offscreen "$programs/velmora" --pictures out
-"$programs/velmora-drive" tests/scenarios/sprocket.drive >out/sprocket.txt
+"$programs/velmora-drive" --keep out tests/scenarios/from_entry_to_order.drive >out/from_entry_to_order.txt
 
 echo
 echo "There is no display, so nothing was opened. Written instead, in $PWD/out:"

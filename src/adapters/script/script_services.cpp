@@ -55,13 +55,18 @@ std::optional<runtime::Date> momentFrom(std::string_view text) {
 }
 
 ScriptServices::~ScriptServices() {
-    if (!folder_.empty()) {
+    if (!folder_.empty() && !isKept_) {
         std::error_code ignored;
         std::filesystem::remove_all(folder_, ignored);
     }
 }
 
 std::string ScriptServices::temporaryFolder() const {
+    if (isKept_) {
+        std::error_code failure;
+        std::filesystem::create_directories(folder_, failure);
+        return failure ? std::string() : folder_.string() + "/";
+    }
     if (folder_.empty()) {
         std::error_code failure;
         std::string pattern = (std::filesystem::temp_directory_path(failure) / "velmora-XXXXXX").string();

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "velmora/adapters/script/answers.h"
 #include "velmora/adapters/script/journal.h"
@@ -28,12 +29,15 @@ std::optional<runtime::Date> momentFrom(std::string_view text);
 class ScriptServices final : public system::Services {
   public:
     ScriptServices(Journal& journal, Answers& answers) : journal_(journal), answers_(answers) {}
-    /// Removes the temporary folder and what lies in it.
+    /// With a temporary folder of one's own, which is made when it is missing and stays with what lies in it.
+    ScriptServices(Journal& journal, Answers& answers, std::filesystem::path kept)
+        : journal_(journal), answers_(answers), folder_(std::move(kept)), isKept_(true) {}
+    /// Removes the temporary folder and what lies in it, unless it was to be kept.
     ~ScriptServices() override;
     ScriptServices(const ScriptServices&) = delete;
     ScriptServices& operator=(const ScriptServices&) = delete;
 
-    /// A folder of this run alone, made when it is first asked for. Empty when none can be made.
+    /// The folder given, or one of this run alone, made when it is first asked for. Empty when none can be made.
     std::string temporaryFolder() const override;
     /// Shows `file title="…" path="…"`. Errors: Ending when nothing is queued.
     std::optional<std::string> openFileDialog(const system::OpenFileRequest& request) override;
@@ -44,6 +48,7 @@ class ScriptServices final : public system::Services {
     Journal& journal_;
     Answers& answers_;
     mutable std::filesystem::path folder_;
+    bool isKept_ = false;
 };
 
 }  // namespace velmora::script

@@ -21,6 +21,8 @@ class OptionLine {
         app.add_option("--data", options.data, "Rows of a new database: demo (default), none, or a file of statements")
             ->type_name("demo|none|FILE.sql");
         app.add_option("--now", now_, "Stops the clock, the database's too")->type_name("\"YYYY-MM-DD HH:MM:SS\"");
+        app.add_option("--keep", options.keep, "Folder for papers and spreadsheets that the program writes, kept")
+            ->type_name("DIR");
         app.add_flag("--trace-sql", options.traceSql, "Prints every statement of the program");
         app.footer("A script may begin with a line \"# options: …\"; what is given here comes before it.");
     }
@@ -79,6 +81,7 @@ void addOptionsOfScript(Options& options) {
     line.settle();
     seenFrom(options.script, line.options.database);
     seenFrom(options.script, line.options.data);
+    seenFrom(options.script, line.options.keep);
     if (!options.dsn) {
         takeIfNone(options.database, line.options.database);
     }
@@ -87,6 +90,7 @@ void addOptionsOfScript(Options& options) {
     }
     takeIfNone(options.data, line.options.data);
     takeIfNone(options.now, line.options.now);
+    takeIfNone(options.keep, line.options.keep);
     options.traceSql = options.traceSql || line.options.traceSql;
 }
 

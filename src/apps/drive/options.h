@@ -14,6 +14,7 @@ struct Options {
     std::optional<std::string> dsn;       ///< data source of a server
     std::optional<std::string> data;  ///< demo, none or the path of a file of statements; none: demo for a new database
     std::optional<runtime::Date> now;  ///< where the clock stands; none: it runs
+    std::optional<std::string> keep;   ///< folder for the files that the program writes; none: one that is removed
     bool traceSql = false;
     std::string script = "-";  ///< "-" is the standard input
 };

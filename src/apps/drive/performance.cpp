@@ -26,6 +26,12 @@ std::unique_ptr<system::Clock> clockOf(const Options& options) {
     return std::make_unique<system::SystemClock>();
 }
 
+std::unique_ptr<script::ScriptServices> servicesOf(const Options& options, script::Journal& journal,
+                                                   script::Answers& answers) {
+    return options.keep ? std::make_unique<script::ScriptServices>(journal, answers, *options.keep)
+                        : std::make_unique<script::ScriptServices>(journal, answers);
+}
+
 script::Status play(const Options& options, std::istream& in) {
     const std::unique_ptr<system::Clock> clock = clockOf(options);
     const std::unique_ptr<sql::Connection> engine = openDatabase(options, *clock);
@@ -33,10 +39,10 @@ script::Status play(const Options& options, std::istream& in) {
     script::Journal journal(std::cout);
     script::Answers answers;
     script::ScriptScreen screen(journal, answers);
-    script::ScriptServices services(journal, answers);
+    const std::unique_ptr<script::ScriptServices> services = servicesOf(options, journal, answers);
     components::ComponentFactory components;
-    stand_ins::registerStandIns(components, screen, services, *clock);
-    platform::Desk desk{screen, components, services, *clock};
+    stand_ins::registerStandIns(components, screen, *services, *clock);
+    platform::Desk desk{screen, components, *services, *clock};
 
     script::WatchedConnection program(*engine);
     if (options.traceSql) {

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 namespace velmora::script {
 namespace {
@@ -37,6 +38,30 @@ TEST(ScriptServices, KeepATemporaryFolderOfTheirOwnAsLongAsTheyLive) {
     }
     EXPECT_FALSE(std::filesystem::exists(folder));
     EXPECT_EQ(out.str(), "opened \"hoja.txt\"\n");
+}
+
+TEST(ScriptServices, LeaveTheFolderThatTheyWereGiven) {
+    std::ostringstream out;
+    Journal journal(out);
+    Answers answers;
+    std::string pattern = (std::filesystem::temp_directory_path() / "velmora-kept-XXXXXX").string();
+    const std::filesystem::path root = mkdtemp(pattern.data());
+    const std::filesystem::path kept = root / "papeles";
+    {
+        ScriptServices services(journal, answers, kept);
+        EXPECT_EQ(services.temporaryFolder(), kept.string() + "/");
+        std::ofstream(services.temporaryFolder() + "hoja.txt") << "x";
+    }
+    EXPECT_TRUE(std::filesystem::exists(kept / "hoja.txt"));
+    std::filesystem::remove_all(root);
+}
+
+TEST(ScriptServices, HaveNoTemporaryFolderWhereNoneCanBeMade) {
+    std::ostringstream out;
+    Journal journal(out);
+    Answers answers;
+    const ScriptServices services(journal, answers, "/dev/null/papeles");
+    EXPECT_EQ(services.temporaryFolder(), "");
 }
 
 }  // namespace
