@@ -7,6 +7,7 @@
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/reference/row_writing.h"
+#include "velmora/reference/value_forms.h"
 
 namespace velmora::reference {
 

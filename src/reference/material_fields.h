@@ -7,6 +7,7 @@
 #include "velmora/platform/screen/control_array.h"
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/sql/value.h"
 
 namespace velmora::reference {
 
@@ -18,6 +19,11 @@ enum MaterialField : int {
     materialArticle = 3,      ///< ART_DES, shown
     materialPrinted = 4,      ///< PARDPI_MATP
 };
+
+/// A column's text, empty for null.
+inline std::string textOrNothing(const sql::Value& value) {
+    return value.isNull() ? std::string() : value.toText();
+}
 
 struct MaterialFields {
     explicit MaterialFields(screen::Form& owner) : form(owner) {}
