@@ -33,8 +33,8 @@ struct MaterialFields {
     screen::ControlArray<screen::TextBox> Text1{form, "Text1", {{0, 4}}};
     screen::CheckBox Check1{form, "Check1"};  ///< iron
     screen::CheckBox Check2{form, "Check2"};  ///< disc
-    // Kept K-165: the box of the flange can be ticked and is neither stored nor shown; a hub's material is one without
-    // "Disco", and people tick it as a note to themselves while they compare.
+    // Kept K-165: the box of the flange can be ticked and is neither stored nor shown again; a hub's material is simply
+    // one without "Disco", and no column stands ready for more.
     screen::CheckBox Check3{form, "Check3"};
     screen::CheckBox Check4{form, "Check4"};  ///< rack
     screen::Button cmdBuscarArticulo{form, "cmdBuscarArticulo"};
