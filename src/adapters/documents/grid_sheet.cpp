@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -39,14 +40,43 @@ int pixelsOf(int twips) {
     return std::clamp(twips / twipsOfPixel, leastPixels, mostPixels);
 }
 
+/// How many bytes of a sequence follow its first one; none when that begins no sequence.
+std::optional<std::size_t> following(unsigned char first) {
+    if (first < 0x80) {
+        return 0;
+    }
+    if (first >= 0xC2 && first <= 0xDF) {
+        return 1;
+    }
+    return first >= 0xE1 && first <= 0xEC ? std::optional<std::size_t>(2) : std::nullopt;
+}
+
+/// Whether a text can go into a cell untouched: short, without line ends of two characters and certainly valid. Rare
+/// letters are not looked at closely: their texts take the long way.
+bool isFit(const std::string& text) {
+    if (text.size() > longestText) {
+        return false;
+    }
+    for (std::size_t i = 0; i < text.size();) {
+        const auto count = following(static_cast<unsigned char>(text[i]));
+        if (!count || text[i] == '\r' || text[i] == '\0' || i + *count >= text.size()) {
+            return false;
+        }
+        for (std::size_t end = ++i + *count; i < end; ++i) {
+            if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
 /// As a cell can hold it: valid UTF-8, lines ended by a line feed, not too long.
 // Chosen C-213: a cell takes 32.767 units and no more; a longer text is cut, and its last character says so.
 std::string cellText(const std::string& text) {
-    std::string result = text;
-    const bool plain = std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-    if (!plain) {
-        result = runtime::toUtf8(runtime::toCodePoints(text));
-    }
+    std::string result = runtime::toUtf8(runtime::toCodePoints(text));
+    // The library takes a text up to its first zero.
+    std::erase(result, '\0');
     if (result.find('\r') != std::string::npos) {
         result = runtime::Replace(runtime::Replace(result, "\r\n", "\n"), "\r", "\n");
     }
@@ -234,9 +264,16 @@ void GridSheet::writeDate(const Column& column, std::uint16_t at, const runtime:
 }
 
 void GridSheet::writePlainText(const Column& column, std::uint16_t at, const std::string& text) {
-    if (!text.empty()) {
-        book_.check(worksheet_write_string(sheet_, row_, at, cellText(text).c_str(), column.value));
+    if (text.empty()) {
+        return;
     }
+    const char* fit = text.c_str();
+    std::string made;
+    if (!isFit(text)) {
+        made = cellText(text);
+        fit = made.c_str();
+    }
+    book_.check(worksheet_write_string(sheet_, row_, at, fit, column.value));
 }
 
 }  // namespace velmora::documents

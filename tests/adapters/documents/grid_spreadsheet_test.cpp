@@ -216,10 +216,13 @@ TEST_F(GridSpreadsheetTest, ATextThatBeginsLikeAFormulaStaysAText) {
 }
 
 TEST_F(GridSpreadsheetTest, TextsOfSeveralLinesBrokenBytesAndMarkupComeThrough) {
-    writeGrid({{.field = 0, .caption = "t"}}, {{"uno\r\ndos"}, {"<b>&\"ñ€😀\""}, {std::string("a\xFFz")}, {"\x01"}});
+    writeGrid({{.field = 0, .caption = "t"}},
+              {{"uno\r\ndos"}, {"<b>&\"ñ€😀\""}, {std::string("a\xFFz")}, {std::string("b\0z", 3)}, {"ñ\xC3"}});
     EXPECT_EQ(cell("A4"), "A4 s 'uno\\ndos' [General]\n");
     EXPECT_EQ(cell("A5"), "A5 s '<b>&\"ñ€😀\"' [General]\n");
     EXPECT_EQ(cell("A6"), "A6 s 'a\xEF\xBF\xBDz' [General]\n");
+    EXPECT_EQ(cell("A7"), "A7 s 'bz' [General]\n");
+    EXPECT_EQ(cell("A8"), "A8 s 'ñ\xEF\xBF\xBD' [General]\n");
 }
 
 TEST_F(GridSpreadsheetTest, ATextTooLongForACellIsCutAndSaysSo) {
