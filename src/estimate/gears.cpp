@@ -41,9 +41,8 @@ void Gears::takeOver(std::int32_t nIdEngranaje) {
     put(f_.txtModulo, row["eng_modulo"]);
     presentation_.showModule();
     f_.Text1(12).setFocus();
-    // Kept K-173: the disc alone is worked out anew. A gear up to 120 mm leaves the hub's sizes and amount as they
-    // stood, those of a larger gear that was chosen just before among them; leaving it would be cut from what the form
-    // shows.
+    // Kept K-173: the disc alone is worked out anew. A gear whose pitch diameter is 120 mm or less leaves the hub's
+    // sizes and amount as they stood, those of a larger gear chosen just before among them; stored prices were made so.
     materials_.cboMatDisco_Click();
 }
 

@@ -47,10 +47,6 @@ std::vector<std::string> partsOf(const std::string& row) {
     }
 }
 
-std::string textOrNothing(const sql::Value& value) {
-    return value.isNull() ? std::string() : value.toText();
-}
-
 }  // namespace
 
 void ArticleOfMaterial::msBuscarArticuloMaterial(bool bCodigo) {

@@ -5,6 +5,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/reference/row_writing.h"
+#include "velmora/reference/value_forms.h"
 
 namespace velmora::reference {
 
@@ -13,8 +14,6 @@ using runtime::Format;
 using session::Tipo;
 
 namespace {
-
-constexpr const char* valueMask = "0.00";
 
 // Of the grid, in twips.
 constexpr int columnWidth = 850;

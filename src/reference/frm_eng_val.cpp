@@ -2,7 +2,7 @@
 
 #include "velmora/data/fixed_lists.h"
 #include "velmora/platform/runtime/numbers.h"
-#include "velmora/reference/row_writing.h"
+#include "velmora/reference/value_forms.h"
 #include "velmora/reference/value_rules.h"
 
 namespace velmora::reference {
@@ -13,7 +13,6 @@ using screen::TextBox;
 
 namespace {
 
-constexpr const char* valueMask = "0.00";
 constexpr int gears = 0;
 
 }  // namespace

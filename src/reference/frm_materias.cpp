@@ -40,7 +40,8 @@ void frmMaterias::wire() {
     f_.cmdSalir.onClick = [this] { unload(); };
 }
 
-// The grid's keys come through here as well: the form sees every key first.
+// The grid's keys come through here as well: the form sees every key first. The pad's point stays a point: a code may
+// hold one.
 void frmMaterias::Form_KeyDown(screen::KeyDown& key) {
     using screen::Key;
     switch (key.key) {

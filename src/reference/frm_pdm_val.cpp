@@ -3,6 +3,7 @@
 #include "velmora/data/chains.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/reference/row_writing.h"
+#include "velmora/reference/value_forms.h"
 #include "velmora/reference/value_rules.h"
 
 namespace velmora::reference {
@@ -10,12 +11,6 @@ namespace velmora::reference {
 using runtime::CDbl;
 using runtime::Format;
 using screen::TextBox;
-
-namespace {
-
-constexpr const char* valueMask = "0.00";
-
-}  // namespace
 
 frmPDMVal::frmPDMVal(session::Session& session, platform::Desk& desk)
     : Form("frmPDMVal"),

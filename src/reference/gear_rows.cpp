@@ -7,6 +7,7 @@
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/reference/row_writing.h"
+#include "velmora/reference/value_forms.h"
 
 namespace velmora::reference {
 
@@ -70,8 +71,8 @@ bool GearRows::choose() {
     return true;
 }
 
-// Kept K-162: every save is a new row, and nothing stops a second one of the same values: a proposal refers to the row
-// that it was made of, which must not change under it.
+// Kept K-162: every save is a new row, and nothing stops a second one of the same values: what a gear was quoted by is
+// never written over.
 bool GearRows::save() {
     if (CDbl(f_.Text1(gearHeight).text()) == 0 || CDbl(f_.Text1(gearBore).text()) == 0) {
         return false;

@@ -7,6 +7,7 @@
 #include "velmora/platform/screen/control_array.h"
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/sql/value.h"
 
 namespace velmora::reference {
 
@@ -19,6 +20,11 @@ enum MaterialField : int {
     materialPrinted = 4,      ///< PARDPI_MATP
 };
 
+/// A column's text, empty for null.
+inline std::string textOrNothing(const sql::Value& value) {
+    return value.isNull() ? std::string() : value.toText();
+}
+
 struct MaterialFields {
     explicit MaterialFields(screen::Form& owner) : form(owner) {}
 
@@ -27,8 +33,8 @@ struct MaterialFields {
     screen::ControlArray<screen::TextBox> Text1{form, "Text1", {{0, 4}}};
     screen::CheckBox Check1{form, "Check1"};  ///< iron
     screen::CheckBox Check2{form, "Check2"};  ///< disc
-    // Kept K-165: the box of the flange can be ticked and is neither stored nor shown; a hub's material is one without
-    // "Disco", and people tick it as a note to themselves while they compare.
+    // Kept K-165: the box of the flange can be ticked and is neither stored nor shown again; a hub's material is simply
+    // one without "Disco", and no column stands ready for more.
     screen::CheckBox Check3{form, "Check3"};
     screen::CheckBox Check4{form, "Check4"};  ///< rack
     screen::Button cmdBuscarArticulo{form, "cmdBuscarArticulo"};

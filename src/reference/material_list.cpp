@@ -24,10 +24,6 @@ std::vector<screen::GridColumn> columns() {
     };
 }
 
-std::string textOrNothing(const sql::Value& value) {
-    return value.isNull() ? std::string() : value.toText();
-}
-
 }  // namespace
 
 MaterialList::MaterialList(MaterialFields& fields, session::Session& session) : f_(fields), session_(session) {

@@ -1,7 +1,7 @@
 #include "velmora/reference/row_writing.h"
 
-#include "velmora/platform/runtime/numbers.h"
-#include "velmora/platform/runtime/text.h"
+#include <string>
+
 #include "velmora/platform/sql/db_error.h"
 
 namespace velmora::reference {
@@ -51,30 +51,6 @@ void updateRow(session::Session& session, std::string_view donde) {
     session.Donde(donde);
     session.Actualizar(error, correcto);
     require(correcto, error);
-}
-
-void showCancelledWrite(screen::Screen& screen, const runtime::RuntimeError& error) {
-    screen.show({.text = std::string("Grabación Cancelada.") + lineBreak + "Error nº " +
-                         runtime::CStr(std::int64_t{error.number()}) + lineBreak + error.description(),
-                 .icon = screen::Icon::critical});
-}
-
-std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix, int width) {
-    std::vector<screen::GridColumn> columns;
-    for (const sql::Column& column : rows.columns()) {
-        columns.push_back({.field = static_cast<int>(columns.size()),
-                           .caption = runtime::Replace(column.name, prefix, ""),
-                           .width = width,
-                           .right = true});
-    }
-    return columns;
-}
-
-void passValueFormKeys(screen::Form& form, screen::KeyDown& key) {
-    form.passUsualKeys(key);
-    if (key.key == screen::Key::escape) {
-        form.unload();
-    }
 }
 
 }  // namespace velmora::reference

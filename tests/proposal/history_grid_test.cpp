@@ -1,24 +1,14 @@
 #include <gmock/gmock.h>
 
 #include "support/proposal_workshop.h"
+#include "support/watched_orders.h"
 
 namespace velmora::proposal {
 namespace {
 
+using support::WatchedOrders;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-/// The host's order module, which tells what it was given.
-class WatchedOrders final : public components::WorkOrders {
-  public:
-    explicit WatchedOrders(std::vector<std::string>& told) : told_(told) {}
-    ~WatchedOrders() override { told_.push_back("released"); }
-    void setMyBd(session::Session&) override { told_.push_back("MyBd"); }
-    void jLoad(std::int32_t number) override { told_.push_back("jLoad " + std::to_string(number)); }
-
-  private:
-    std::vector<std::string>& told_;
-};
 
 class HistoryGridTest : public ::testing::Test {
   protected:

@@ -9,20 +9,11 @@
 #include "velmora/tracking/frm_seguimiento.h"
 
 #include "support/proposal_workshop.h"
+#include "support/watched_orders.h"
 
 namespace velmora::tracking {
 
-/// The host's order component, which tells what it was given.
-class WatchedOrders final : public components::WorkOrders {
-  public:
-    explicit WatchedOrders(std::vector<std::string>& told) : told_(told) {}
-    ~WatchedOrders() override { told_.push_back("released"); }
-    void setMyBd(session::Session&) override { told_.push_back("MyBd"); }
-    void jLoad(std::int32_t number) override { told_.push_back("jLoad " + std::to_string(number)); }
-
-  private:
-    std::vector<std::string>& told_;
-};
+using support::WatchedOrders;
 
 class TrackingTest : public ::testing::Test {
   protected:

@@ -1,11 +1,13 @@
 #include "velmora/adapters/documents/files.h"
 
+#include <QFile>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
 #include <utility>
 
+#include "velmora/adapters/qt/text.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/text.h"
 
@@ -77,6 +79,17 @@ void NewFile::keep() {
     if (failure) {
         refuseToWrite(path_, failure.message());
     }
+}
+
+void writeFile(const std::string& path, const std::function<bool(QIODevice&)>& write) {
+    NewFile file(path);
+    QFile out(qt::toQt(file.draft()));
+    const bool written = out.open(QIODevice::WriteOnly) && write(out) && out.flush();
+    out.close();
+    if (!written || out.error() != QFileDevice::NoError) {
+        refuseToWrite(path, qt::fromQt(out.errorString()));
+    }
+    file.keep();
 }
 
 }  // namespace velmora::documents

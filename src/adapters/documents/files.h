@@ -1,10 +1,13 @@
 #pragma once
 // Where documents are written, and the way to the program that shows them.
 
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "velmora/platform/system/system.h"
+
+class QIODevice;
 
 namespace velmora::documents {
 
@@ -40,5 +43,8 @@ class NewFile {
     std::string path_;
     std::string draft_;
 };
+
+/// Writes a NewFile through a device of the toolkit. Error 75 when `write` answers false or the device takes no more.
+void writeFile(const std::string& path, const std::function<bool(QIODevice&)>& write);
 
 }  // namespace velmora::documents

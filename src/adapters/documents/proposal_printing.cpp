@@ -1,12 +1,9 @@
 #include "velmora/adapters/documents/proposal_printing.h"
 
-#include <QFile>
-
 #include "velmora/adapters/documents/files.h"
 #include "velmora/adapters/documents/proposal_sheets.h"
 #include "velmora/adapters/documents/sheet_painter.h"
 #include "velmora/adapters/documents/stored_proposal.h"
-#include "velmora/adapters/qt/text.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/session/session.h"
 
@@ -20,18 +17,6 @@ StoredProposal required(sql::Connection& connection, std::int32_t number) {
     }
     throw runtime::RuntimeError(runtime::invalidProcedureCall,
                                 "No existe la propuesta " + runtime::Format(number, "000000"));
-}
-
-void write(const std::vector<Sheet>& sheets, const std::string& path) {
-    NewFile file(path);
-    QFile out(qt::toQt(file.draft()));
-    const bool written =
-        out.open(QIODevice::WriteOnly) && paintSheets(sheets, sheets.front().title, out) && out.flush();
-    out.close();
-    if (!written || out.error() != QFileDevice::NoError) {
-        refuseToWrite(path, qt::fromQt(out.errorString()));
-    }
-    file.keep();
 }
 
 }  // namespace
@@ -52,7 +37,7 @@ void ProposalPrinting::jPrintPropuesta(std::int32_t nIdDpi, bool bOrden) {
         sheets.push_back(customerSheet(proposal));
     }
     sheets.push_back(shopSheet(proposal));
-    write(sheets, path);
+    writeFile(path, [&](QIODevice& out) { return paintSheets(sheets, sheets.front().title, out); });
     openDocument(services_, path);
 }
 

@@ -69,7 +69,9 @@ void FormWindow::build() {
 
 void FormWindow::connectViews() {
     for (const auto& view : views_) {
-        viewByControl_.emplace(&view->control(), view.get());
+        if (!viewByControl_.emplace(&view->control(), view.get()).second) {
+            furtherViews_[&view->control()].push_back(view.get());
+        }
         for (QWidget* input : view->inputs()) {
             viewByWidget_.emplace(input, view.get());
             input->installEventFilter(this);
@@ -129,6 +131,11 @@ void FormWindow::runModal() {
 void FormWindow::controlChanged(screen::Control& control, screen::Property property) {
     if (ControlView* view = viewOf(control)) {
         view->update(property);
+    }
+    if (const auto further = furtherViews_.find(&control); further != furtherViews_.end()) {
+        for (ControlView* view : further->second) {
+            view->update(property);
+        }
     }
     if (const auto sketches = sketchesByLabel_.find(&control); sketches != sketchesByLabel_.end()) {
         for (SketchView* sketch : sketches->second) {

@@ -70,6 +70,8 @@ class FormWindow : public QWidget, private screen::FormObserver, private ViewHos
     QWidget* content_ = nullptr;
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unordered_map<const screen::Control*, ControlView*> viewByControl_;
+    /// A label that captions several fields, one of which is shown at a time, has a view beside each.
+    std::unordered_map<const screen::Control*, std::vector<ControlView*>> furtherViews_;
     std::unordered_map<const QObject*, ControlView*> viewByWidget_;
     std::unordered_map<const screen::Control*, std::vector<SketchView*>> sketchesByLabel_;
     std::vector<Turn> turns_;

@@ -76,8 +76,8 @@ std::optional<std::string> QtServices::openFileDialog(const system::OpenFileRequ
     dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Abrir"));
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("&Cancelar"));
     dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nombre:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("&Tipo:"));
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("&Buscar en:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo:"));
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Buscar en:"));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }

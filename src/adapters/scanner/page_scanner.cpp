@@ -1,11 +1,9 @@
 #include "velmora/adapters/scanner/page_scanner.h"
 
-#include <QFile>
 #include <cstdlib>
 #include <utility>
 
 #include "velmora/adapters/documents/files.h"
-#include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/scanner/device_form.h"
 #include "velmora/adapters/scanner/page_pdf.h"
 #include "velmora/platform/runtime/errors.h"
@@ -63,14 +61,7 @@ std::optional<Image> PageScanner::scan(const std::string& device) {
 
 void PageScanner::write(const Image& page) {
     graphics_->require();
-    documents::NewFile file(path_);
-    QFile out(qt::toQt(file.draft()));
-    const bool written = out.open(QIODevice::WriteOnly) && writePage(page, out) && out.flush();
-    out.close();
-    if (!written || out.error() != QFileDevice::NoError) {
-        documents::refuseToWrite(path_, qt::fromQt(out.errorString()));
-    }
-    file.keep();
+    documents::writeFile(path_, [&](QIODevice& out) { return writePage(page, out); });
 }
 
 void PageScanner::tell(const std::string& text) {

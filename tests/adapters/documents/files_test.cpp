@@ -1,5 +1,6 @@
 #include "velmora/adapters/documents/files.h"
 
+#include <QIODevice>
 #include <fstream>
 
 #include "velmora/platform/runtime/errors.h"
@@ -82,6 +83,21 @@ TEST(NewFile, ThatCannotTakeItsNameIsAnErrorThatNamesIt) {
         EXPECT_EQ(e.number(), 75);
         EXPECT_NE(e.description().find("No se puede escribir el fichero\n" + path), std::string::npos);
     }
+}
+
+TEST(WriteFile, WhatCannotBeWrittenWholeIsNoFile) {
+    const support::Folder folder;
+    const std::string path = folder.path() / "a.txt";
+    EXPECT_THROW(writeFile(path,
+                           [](QIODevice& out) {
+                               out.write("half");
+                               return false;
+                           }),
+                 RuntimeError);
+    EXPECT_TRUE(folder.files().empty());
+    writeFile(path, [](QIODevice& out) { return out.write("whole") == 5; });
+    EXPECT_EQ(folder.files(), std::vector<std::string>{"a.txt"});
+    EXPECT_EQ(std::filesystem::file_size(path), 5u);
 }
 
 }  // namespace

@@ -46,6 +46,11 @@ TEST_F(DeliveryNotesTest, HeadLinesAndTheSumOfThePricesAreShown) {
 }
 
 TEST_F(DeliveryNotesTest, PricesHaveTheDecimalsThatTheHostAsksFor) {
+    for (const int outside : {-1, 99}) {
+        session.setParametro("par_decprecom", outside);
+        screen.queueModal([](screen::Form&) {});
+        EXPECT_NO_THROW(show(7)) << outside;
+    }
     session.setParametro("par_decprecom", 2);
     screen.queueModal([](screen::Form& form) {
         EXPECT_EQ(row(form, "dbgLineas", 1), "SUELTO||60,00|12,00||||1,50");

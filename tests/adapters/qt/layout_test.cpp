@@ -156,5 +156,44 @@ TEST_F(Layouts, AListFilledEntryByEntryIsShownInTheEnd) {
     });
 }
 
+/// Two fields that take turns under one caption, as a gear's module does with the chain's width.
+class SharedCaptionForm : public screen::Form {
+  public:
+    SharedCaptionForm() : Form("SharedCaptionForm") {
+        caption.setCaption("AC");
+        module.setVisible(false);
+        setLayout(screen::layout::column(screen::layout::takeTurns(screen::layout::field(caption, width, 8),
+                                                                   screen::layout::field(caption, module, 8))));
+    }
+    screen::Label caption{*this, "caption"};
+    screen::TextBox width{*this, "width"};
+    screen::TextBox module{*this, "module"};
+};
+
+TEST_F(Layouts, ACaptionOfFieldsThatTakeTurnsChangesBesideEach) {
+    SharedCaptionForm shared;
+    play(shared, [&] {
+        const auto captions = [&] {
+            settle();
+            std::vector<std::string> shown;
+            for (const QLabel* label : screen_->top()->findChildren<QLabel*>()) {
+                if (label->isVisible()) {
+                    shown.push_back(label->text().toStdString());
+                }
+            }
+            return shown;
+        };
+        EXPECT_THAT(captions(), ::testing::ElementsAre("AC"));
+        shared.caption.setCaption("Modulo");
+        shared.width.setVisible(false);
+        shared.module.setVisible(true);
+        EXPECT_THAT(captions(), ::testing::ElementsAre("Modulo"));
+        EXPECT_EQ(widgetOf(shared.module).accessibleName(), "Modulo");
+        shared.module.setVisible(false);
+        shared.width.setVisible(true);
+        EXPECT_THAT(captions(), ::testing::ElementsAre("Modulo"));
+    });
+}
+
 }  // namespace
 }  // namespace velmora::testing

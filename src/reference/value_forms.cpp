@@ -1,0 +1,35 @@
+#include "velmora/reference/value_forms.h"
+
+#include <string>
+
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+#include "velmora/reference/row_writing.h"
+
+namespace velmora::reference {
+
+void showCancelledWrite(screen::Screen& screen, const runtime::RuntimeError& error) {
+    screen.show({.text = std::string("Grabación Cancelada.") + lineBreak + "Error nº " +
+                         runtime::CStr(std::int64_t{error.number()}) + lineBreak + error.description(),
+                 .icon = screen::Icon::critical});
+}
+
+std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix, int width) {
+    std::vector<screen::GridColumn> columns;
+    for (const sql::Column& column : rows.columns()) {
+        columns.push_back({.field = static_cast<int>(columns.size()),
+                           .caption = runtime::Replace(column.name, prefix, ""),
+                           .width = width,
+                           .right = true});
+    }
+    return columns;
+}
+
+void passValueFormKeys(screen::Form& form, screen::KeyDown& key) {
+    form.passUsualKeys(key);
+    if (key.key == screen::Key::escape) {
+        form.unload();
+    }
+}
+
+}  // namespace velmora::reference
