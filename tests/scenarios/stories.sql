@@ -1,5 +1,6 @@
 -- a workshop for the stories of the estimate: iron and other metals, a tube, a material without saw rate,
--- ranges of factors that share their bounds and end at a pitch diameter of 400, one customer
+-- ranges of factors that share their bounds and end at a pitch diameter of 400, one customer,
+-- two machines and who works on them
 INSERT INTO materiales (mat_id, mat_pcs) VALUES (1, 0.05)
 INSERT INTO materiales (mat_id, mat_pcs) VALUES (2, 0.02)
 INSERT INTO materiales (mat_id, mat_pcs) VALUES (3, 0.04)
@@ -24,3 +25,8 @@ INSERT INTO Calculos (Calculos_Tipo, Calculos_Valor1, Calculos_Valor2, Calculos_
 INSERT INTO Calculos (Calculos_Tipo, Calculos_Valor1, Calculos_Valor2, Calculos_Constante) VALUES (2, 0, 100, 0.45)
 INSERT INTO Calculos (Calculos_Tipo, Calculos_Valor1, Calculos_Valor2, Calculos_Constante) VALUES (2, 100, 400, 0.3)
 INSERT INTO CLI (CLI_ID, CLI_COD, CLI_NOM, CLI_COMER, CLI_GtosFinan, CLI_Riesgo, CLI_ImpMaxRiesgo) VALUES (1, 1001, 'TALLERES NORTE SL', 'NORTE', 1.5, 0, 0)
+INSERT INTO RSEC (RSEC_ID,RSEC_NOM) VALUES (1,N'Torno')
+INSERT INTO MAQ (MAQ_ID,MAQ_NOM,MAQ_SEC) VALUES (10,N'Torno CNC',1)
+INSERT INTO MAQ (MAQ_ID,MAQ_NOM,MAQ_SEC) VALUES (11,N'Talladora',1)
+INSERT INTO OPE (OPE_ID,OPE_NOM,OPE_VENTA,OPE_MAD) VALUES (1,N'Ana',30,10)
+INSERT INTO OPE (OPE_ID,OPE_NOM,OPE_VENTA,OPE_MAD) VALUES (2,N'Begoña',36,11)

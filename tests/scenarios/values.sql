@@ -1,5 +1,6 @@
 -- a workshop for the stories of gears, doubles, triples and racks: a disc, a hub, a disc of iron, two bars for racks, one
--- chain with a small and two large wheels, gears and gear discs, one customer
+-- chain with a small and two large wheels, gears and gear discs, one customer,
+-- two machines and who works on them
 INSERT INTO materiales (mat_id, mat_pcs) VALUES (1, 0.05)
 INSERT INTO materiales (mat_id, mat_pcs) VALUES (2, 0.02)
 INSERT INTO materiales (mat_id, mat_pcs) VALUES (3, 0.04)
@@ -24,3 +25,8 @@ INSERT INTO ENG (ENG_Tipo, ENG_Modulo, ENG_Z, ENG_Paso, ENG_Dp, ENG_Di, ENG_De, 
 INSERT INTO ENG (ENG_Tipo, ENG_Modulo, ENG_Z, ENG_Paso, ENG_Dp, ENG_Di, ENG_De, ENG_Dm, ENG_D1, ENG_H, ENG_A, ENG_B, ENG_C) VALUES (1, 5, 60, 15.71, 300, 287.5, 310, 0, 30, 11.25, 0, 50, 0)
 INSERT INTO ENG (ENG_Tipo, ENG_Modulo, ENG_Z, ENG_Paso, ENG_Dp, ENG_Di, ENG_De, ENG_Dm, ENG_D1, ENG_H, ENG_A, ENG_B, ENG_C) VALUES (0, 4, 30, 12.57, 120, 110, 128, 70, 20, 9, 60, 40, 20)
 INSERT INTO ENG (ENG_Tipo, ENG_Modulo, ENG_Z, ENG_Paso, ENG_Dp, ENG_Di, ENG_De, ENG_Dm, ENG_D1, ENG_H, ENG_A, ENG_B, ENG_C) VALUES (1, 4, 40, 12.57, 160, 150, 168, 0, 24, 9, 0, 40, 0)
+INSERT INTO RSEC (RSEC_ID,RSEC_NOM) VALUES (1,N'Torno')
+INSERT INTO MAQ (MAQ_ID,MAQ_NOM,MAQ_SEC) VALUES (10,N'Torno CNC',1)
+INSERT INTO MAQ (MAQ_ID,MAQ_NOM,MAQ_SEC) VALUES (11,N'Talladora',1)
+INSERT INTO OPE (OPE_ID,OPE_NOM,OPE_VENTA,OPE_MAD) VALUES (1,N'Ana',30,10)
+INSERT INTO OPE (OPE_ID,OPE_NOM,OPE_VENTA,OPE_MAD) VALUES (2,N'Begoña',36,11)
