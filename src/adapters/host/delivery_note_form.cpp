@@ -1,5 +1,6 @@
 #include "velmora/adapters/host/delivery_note_form.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -34,8 +35,10 @@ std::vector<screen::GridColumn> lineColumns(const std::string& priceMask) {
 }
 
 std::string priceMask(const session::Session& session) {
+    // Of a setting that no number can follow the nearest that one can.
     const sql::Value decimals = session.Parametros("par_decprecom");
-    return "#0." + std::string(static_cast<std::size_t>(decimals.isNull() ? 2 : decimals.toLong()), '0');
+    const std::int32_t places = decimals.isNull() ? 2 : std::clamp(decimals.toLong(), 0, 15);
+    return "#0." + std::string(static_cast<std::size_t>(places), '0');
 }
 
 std::string text(std::int32_t number) {
