@@ -298,6 +298,17 @@ TEST_F(FormTest, MeasuresTakeNumbersWithOneComma) {
     EXPECT_EQ(measure(0), "12,75");
 }
 
+TEST_F(FormTest, AMeasureIsYellowAndSelectedWhileItHasTheFocus) {
+    open();
+    fields().Text1.forEach([this](screen::TextBox& box) {
+        goTo(box);
+        EXPECT_EQ(box.backColor(), screen::colors::yellow) << box.fullName();
+        EXPECT_TRUE(box.allSelected()) << box.fullName();
+        form->leaveFocus();
+        EXPECT_EQ(box.backColor(), screen::colors::white) << box.fullName();
+    });
+}
+
 TEST_F(FormTest, AMeasureIsLeftWithTwoDecimalsAndATextAsZero) {
     open();
     for (const auto& [typed, shown] :
