@@ -96,8 +96,8 @@ constexpr std::array rackEnd{
 constexpr auto rackPlate = joinedColumns(headStart, headEnd, rackStart, formula, rackEnd);
 
 constexpr std::array discStart{
-    fixed("Mat_Anc", Tipo::number, 1),
-    fixed("Mat_Esp", Tipo::number, 1),
+    fixed("Mat_Anc", Tipo::wholeNumber, 1),
+    fixed("Mat_Esp", Tipo::wholeNumber, 1),
     ofProposal("Mat_Dex", Tipo::number, "DPI_DisCortDM"),
 };
 constexpr std::array pieceByPiece{
@@ -119,8 +119,8 @@ constexpr auto discOfOneLength = joinedColumns(headStart, headEnd, discStart, fo
 
 constexpr std::array hubMeasures{
     workedOut("Mat_Lar", Tipo::number, Source::hubLength),
-    fixed("Mat_Anc", Tipo::number, 1),
-    fixed("Mat_Esp", Tipo::number, 1),
+    fixed("Mat_Anc", Tipo::wholeNumber, 1),
+    fixed("Mat_Esp", Tipo::wholeNumber, 1),
     workedOut("Mat_Din", Tipo::number, Source::hubBore),
     ofProposal("Mat_Dex", Tipo::number, "DPI_CubCortDM"),
 };

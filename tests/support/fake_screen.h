@@ -43,6 +43,7 @@ class ScriptedScreen : public screen::Screen {
     std::vector<screen::MessageBox> messages;
     std::vector<Search> searches;
     std::vector<screen::Pointer> pointers;
+    int yields = 0;  ///< how often events that wait were let through
 
     std::vector<std::string> messageTexts() const {
         std::vector<std::string> texts;
@@ -81,7 +82,7 @@ class ScriptedScreen : public screen::Screen {
         return take(picks_);
     }
     void setPointer(screen::Pointer pointer) override { pointers.push_back(pointer); }
-    void processEvents() override {}
+    void processEvents() override { ++yields; }
 
   private:
     template <typename T>

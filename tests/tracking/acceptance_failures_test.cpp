@@ -521,6 +521,7 @@ TEST_F(AcceptanceFailuresTest, AMeasureThatIsNullEndsTheMaterials) {
     shop.accept();
     EXPECT_EQ(seen(shop), errorOf(noTransaction));
     EXPECT_EQ(written(shop), writtenBefore(insertHub));
+    EXPECT_TRUE(shop.session.Campos().fields().empty()) << "the columns begun are not left to the next write";
 }
 
 TEST_F(AcceptanceFailuresTest, AnArticleThatIsGoneEndsTheMaterials) {

@@ -443,6 +443,14 @@ TEST_F(AcceptanceTest, TheDiscByFormulaAndAnswer) {
     }
 }
 
+TEST_F(AcceptanceTest, AnArticleWithoutAFormulaIsCutOffALength) {
+    shop.change("UPDATE ART SET ART_For = NULL WHERE ART_ID = 17");
+    accepted({{"DPI_ArtDisco", "17"}, {"DPI_ArtCubo", "17"}, {"DPI_DmInterno", "33.5"}});
+    EXPECT_EQ(query(materials),
+              "S-0|1|36|1|165|1|1|NULL|NULL|3|10|165|1\n"
+              "S-0|1|177|1|95|1|1|NULL|NULL|3|57|95|2");
+}
+
 TEST_F(AcceptanceTest, TheDiscNotCutHereIsStillMarkedAsADisc) {
     shop.screen.cutsDisc = screen::Answer::no;
     accepted({{"DPI_CubCortPESO", noHub}});

@@ -139,6 +139,14 @@ TEST_F(DetailTest, DatesTakeDigitsAloneAndOtherFieldsTakeAll) {
     EXPECT_EQ(detail(pieces), "2,x");
 }
 
+TEST_F(DetailTest, KeysInFieldsThatAreNoDatesLetTheScreenCatchUp) {
+    shop.screen.yields = 0;
+    type(fields().txtPesu(customerName), "abc");
+    EXPECT_EQ(shop.screen.yields, 3);
+    type(fields().txtPesu(deliveryDate), "0101");
+    EXPECT_EQ(shop.screen.yields, 3);
+}
+
 TEST_F(DetailTest, ATypedDateIsShownAsOne) {
     for (const auto& [typed, shown] : {std::pair{"050126", "05/01/2026"}, std::pair{"05012026", "05/01/2026"},
                                        std::pair{"5/1/26", "05/01/2026"}, std::pair{"999999", "999999"}}) {

@@ -18,6 +18,7 @@ struct Export {
     bool formEnabled = true;
     bool pointerWaits = false;
     int released = 0;
+    int yields = 0;  ///< how often the screen was let catch up before
 };
 
 class ExportTest : public TrackingTest {
@@ -34,6 +35,7 @@ class ExportTest : public TrackingTest {
             for (; !rows.eof(); rows.moveNext()) {
                 test_.seen.numbers.push_back(rows["DPI_Id"].toText());
             }
+            test_.seen.yields = test_.shop.screen.yields;
             test_.seen.formEnabled = test_.form->enabled();
             test_.seen.pointerWaits = test_.shop.screen.pointers.back() == screen::Pointer::hourglass;
             if (test_.fails) {
@@ -82,6 +84,15 @@ TEST_F(ExportTest, TheComponentGetsTitleRowsAndColumns) {
     EXPECT_TRUE(seen.pointerWaits);
     EXPECT_EQ(seen.released, 1);
     expectBackAsItWas();
+}
+
+TEST_F(ExportTest, ThePointerIsOnTheScreenBeforeTheWorkAndOffAfterIt) {
+    withComponent();
+    openWithRows();
+    shop.screen.yields = 0;
+    press(fields().cmdExcel);
+    EXPECT_EQ(seen.yields, 1);
+    EXPECT_EQ(shop.screen.yields, 2);
 }
 
 TEST_F(ExportTest, TheCurrentRowAndThePanelStay) {

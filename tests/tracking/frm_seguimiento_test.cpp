@@ -1,5 +1,7 @@
 #include "velmora/tracking/frm_seguimiento.h"
 
+#include <map>
+
 #include <gmock/gmock.h>
 
 #include "bench.h"
@@ -51,6 +53,50 @@ TEST_F(FormTest, TheButtonsBearTheirCaptions) {
     EXPECT_EQ(fields().cmdExcel.caption(), "Exportar a excel");
     EXPECT_EQ(fields().fraMedidas.caption(), "Buscar Propuestas por medidas");
     EXPECT_EQ(fields().fraDatos.caption(), "Datos del Presupuesto");
+}
+
+/// The caption of every field that has one beside or above it, by the field's name.
+void addCaptions(std::map<std::string, std::string>& captions, const screen::Layout& layout) {
+    if (layout.kind == screen::Layout::Kind::field && layout.control != nullptr && !layout.caption.empty()) {
+        captions[layout.control->fullName()] = layout.caption;
+    }
+    for (const screen::Layout& child : layout.children) {
+        addCaptions(captions, child);
+    }
+}
+
+TEST_F(FormTest, TheFieldsBearTheirCaptions) {
+    open();
+    std::map<std::string, std::string> captions;
+    addCaptions(captions, form->layout());
+    const std::map<std::string, std::string> expected{
+        {"txtCriterio(0)", "De Cliente  a      Cliente"},
+        {"txtCriterio(2)", "De Fecha   a        Fecha"},
+        {"txtCriterio(4)", "De Numero   a        Numero"},
+        {"cboTipoPre", "Tipo de Propuesta"},
+        {"cboFiltroHistorico", "  Filtrar Historico por:"},
+        {"Text1(0)", "Paso"},
+        {"Text1(1)", "Z"},
+        {"Text1(2)", "Ø Rodillo"},
+        {"Text1(3)", "Modulo"},
+        {"Text1(7)", "Eje"},
+        {"Text1(8)", "A.C."},
+        {"txtPesu(0)", "Codigo Cliente"},
+        {"txtPesu(1)", "Nombre Cliente"},
+        {"txtPesu(2)", "Ref. Cliente"},
+        {"txtPesu(3)", "Pedido. Cliente"},
+        {"txtPesu(4)", "Fecha Pedido"},
+        {"txtPesu(5)", "Fecha Entrega"},
+        {"txtPesu(6)", "Importe Material"},
+        {"txtPesu(7)", "Mano Obra"},
+        {"txtPesu(8)", "Subcontratados"},
+        {"txtPesu(9)", "Varios"},
+        {"txtPesu(10)", "Total Pieza"},
+        {"txtPesu(11)", "Nº de Piezas"},
+        {"txtPesu(12)", "Importe Total"},
+    };
+    EXPECT_EQ(captions, expected);
+    EXPECT_EQ(fields().chkAcopla.caption(), "Acoplamiento");
 }
 
 TEST_F(FormTest, EachFieldOfAPairHasItsName) {
@@ -250,6 +296,17 @@ TEST_F(FormTest, MeasuresTakeNumbersWithOneComma) {
     EXPECT_EQ(measure(0), "12,75");
     form->leaveFocus();
     EXPECT_EQ(measure(0), "12,75");
+}
+
+TEST_F(FormTest, AMeasureIsYellowAndSelectedWhileItHasTheFocus) {
+    open();
+    fields().Text1.forEach([this](screen::TextBox& box) {
+        goTo(box);
+        EXPECT_EQ(box.backColor(), screen::colors::yellow) << box.fullName();
+        EXPECT_TRUE(box.allSelected()) << box.fullName();
+        form->leaveFocus();
+        EXPECT_EQ(box.backColor(), screen::colors::white) << box.fullName();
+    });
 }
 
 TEST_F(FormTest, AMeasureIsLeftWithTwoDecimalsAndATextAsZero) {

@@ -35,6 +35,7 @@ std::vector<screen::GridColumn> lineColumns(const std::string& priceMask) {
 }
 
 std::string priceMask(const session::Session& session) {
+    // Of a setting that no number can follow the nearest that one can.
     const sql::Value decimals = session.Parametros("par_decprecom");
     const std::int32_t places = decimals.isNull() ? 2 : std::clamp(decimals.toLong(), 0, 15);
     return "#0." + std::string(static_cast<std::size_t>(places), '0');

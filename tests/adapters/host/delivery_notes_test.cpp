@@ -59,6 +59,14 @@ TEST_F(DeliveryNotesTest, PricesHaveTheDecimalsThatTheHostAsksFor) {
     show(7);
 }
 
+TEST_F(DeliveryNotesTest, DecimalsThatNoPriceCanHaveAreTheNearestThatItCan) {
+    session.setParametro("par_decprecom", -3);
+    screen.queueModal([](screen::Form& form) {
+        EXPECT_EQ(row(form, "dbgLineas", 1), "SUELTO||60,00|12,00||||2,") << "as in the list of prices";
+    });
+    show(7);
+}
+
 TEST_F(DeliveryNotesTest, AnUnknownKeyIsSaidAndNothingIsShown) {
     show(99);
     EXPECT_THAT(screen.messageTexts(), ElementsAre("No existe el albarán con la clave 99."));
