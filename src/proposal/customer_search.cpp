@@ -33,19 +33,6 @@ constexpr NameSearch commercial{
 };
 constexpr int shortestAnswer = 3;
 
-/// The columns of a chosen row.
-std::vector<std::string> partsOf(std::string_view row) {
-    std::vector<std::string> parts;
-    for (;;) {
-        const std::size_t end = row.find('\x01');
-        parts.emplace_back(row.substr(0, end));
-        if (end == std::string_view::npos) {
-            return parts;
-        }
-        row.remove_prefix(end + 1);
-    }
-}
-
 }  // namespace
 
 void CustomerSearch::msValidarCliente() {
@@ -89,7 +76,7 @@ void CustomerSearch::takeOver(const std::string& row) {
         return;
     }
     // A result with too few parts leaves what it does not bring as it was.
-    const std::vector<std::string> parts = partsOf(row);
+    const std::vector<std::string> parts = session::columnsOf(row);
     if (parts.size() > 1) {
         // Kept K-015: the tag holds the code here and the customer's key after a look-up by code; nothing reads it.
         code.setText(parts[1]);

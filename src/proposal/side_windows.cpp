@@ -28,14 +28,16 @@ SideWindows::Material SideWindows::material(int Index) const {
 void SideWindows::cmdHPrecios_Click(int Index) {
     const Material chosen = material(Index);
     services::frmHcomp form(session_, desk_);
-    // Kept K-185: the first material counts as none and its window opens empty, also when it was chosen: it is the
-    // one on which a list stands that nobody has touched.
-    if (chosen.list.listIndex() >= 1 && chosen.rows->isOpen() && !chosen.rows->eof()) {
+    if (chosen.rows->isOpen() && !chosen.rows->eof()) {
         const sql::Recordset& row = *chosen.rows;
         form.nFormula = row["art_for"].isNull() ? 0 : row["art_for"].toLong();
         form.txtFields(0).setText(textOf(row["art_cod"]));
         form.txtFields(1).setText(textOf(row["art_des"]));
-        form.msCargar();
+        // Kept K-185: the first material counts as none and its list stays empty, also when it was chosen: it is the
+        // one on which a list stands that nobody has touched.
+        if (chosen.list.listIndex() >= 1) {
+            form.msCargar();
+        }
     }
     desk_.screen.showModal(form);
 }

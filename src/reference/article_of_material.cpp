@@ -10,7 +10,6 @@ namespace velmora::reference {
 
 namespace {
 
-constexpr const char* separator = "\x01";
 constexpr const char* cancelled = "Acción Cancelada";
 constexpr std::size_t shortestAnswer = 3;
 constexpr double plateFormula = 1;
@@ -33,19 +32,6 @@ constexpr ArticleSearch byName{
     .column = "ART_DES",
     .title = "Buscar Articulos por Nombre",
 };
-
-std::vector<std::string> partsOf(const std::string& row) {
-    std::vector<std::string> parts;
-    std::size_t start = 0;
-    for (;;) {
-        const std::size_t end = row.find(separator, start);
-        parts.push_back(row.substr(start, end - start));
-        if (end == std::string::npos) {
-            return parts;
-        }
-        start = end + 1;
-    }
-}
 
 }  // namespace
 
@@ -78,11 +64,8 @@ std::string ArticleOfMaterial::lookUpCode() {
     const std::string code = runtime::Replace(f_.Text1(materialArticleCode).text(), "'", "''");
     const sql::Recordset row = session_.Connection().execute(
         "Select ART_ID,ART_COD,ART_DES,('') as Blanco FROM ART where art_cod='" + code + "'");
-    std::string joined;
-    for (std::size_t i = 0; row.hasRows() && i < row.columns().size(); ++i) {
-        joined += (i == 0 ? "" : separator) + textOrNothing(row[i]);
-    }
-    return joined;
+    const sql::Row* first = row.peek(0);
+    return first == nullptr ? std::string() : session::joinedRow(*first);
 }
 
 void ArticleOfMaterial::takeOver(const std::string& row) {
@@ -93,7 +76,7 @@ void ArticleOfMaterial::takeOver(const std::string& row) {
         f_.Text1(materialArticle).setText("");
         return;
     }
-    const std::vector<std::string> parts = partsOf(row);
+    const std::vector<std::string> parts = session::columnsOf(row);
     code.setTag(parts.at(0));
     if (parts.size() > 1) {
         code.setText(parts[1]);

@@ -41,7 +41,7 @@ void frmENGVal::Form_Load() {
 }
 
 void frmENGVal::wire() {
-    onKeyDown = [this](screen::KeyDown& key) { passValueFormKeys(*this, key); };
+    onKeyDown = [this](screen::KeyDown& key) { passKeysOfSideWindow(key); };
     f_.cboDobles.onClick = [this] { cboDobles_Click(); };
     f_.Text1.on(&TextBox::onGotFocus, {[this](int i) { oUtil_.EntrarCampo(f_.Text1(i)); }});
     f_.Text1.on(&TextBox::onLostFocus, {[this](int i) { Text1_LostFocus(i); }});

@@ -25,11 +25,4 @@ std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows,
     return columns;
 }
 
-void passValueFormKeys(screen::Form& form, screen::KeyDown& key) {
-    form.passUsualKeys(key);
-    if (key.key == screen::Key::escape) {
-        form.unload();
-    }
-}
-
 }  // namespace velmora::reference

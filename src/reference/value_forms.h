@@ -20,7 +20,4 @@ void showCancelledWrite(screen::Screen& screen, const runtime::RuntimeError& err
 /// numbers are. The width is in twips.
 std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix, int width);
 
-/// Keys that the forms of values have in common: Enter moves on, Esc closes, the pad's point is the comma.
-void passValueFormKeys(screen::Form& form, screen::KeyDown& key);
-
 }  // namespace velmora::reference

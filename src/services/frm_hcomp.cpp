@@ -70,12 +70,7 @@ frmHcomp::frmHcomp(session::Session& session, platform::Desk& desk) : Form("frmH
     shapeGrid();
     dbgCompras.onButtonClick = [this](int column) { dbgCompras_ButtonClick(column); };
     cmdSalir.onClick = [this] { unload(); };
-    onKeyDown = [this](screen::KeyDown& key) {
-        passUsualKeys(key);
-        if (key.key == screen::Key::escape) {
-            unload();
-        }
-    };
+    onKeyDown = [this](screen::KeyDown& key) { passKeysOfSideWindow(key); };
 }
 
 void frmHcomp::arrange() {

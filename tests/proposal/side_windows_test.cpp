@@ -60,14 +60,15 @@ TEST_F(SideWindowsTest, EachButtonShowsTheArticleOfItsMaterial) {
 TEST_F(SideWindowsTest, TheFirstMaterialAndNoneOpenAnEmptyList) {
     shop.form();
     shop.connection.clear();
-    for (const int index : {0, 1, 2}) {
-        EXPECT_EQ(pricesOf(index), "||0") << index;
-    }
+    // The article of the line's set is told, its purchases are not.
+    EXPECT_EQ(pricesOf(0), "R-F114|Redondo F-114|2");
+    EXPECT_EQ(pricesOf(1), "R-F1140|Redondo F-1140|2");
+    EXPECT_EQ(pricesOf(2), "P-S275|Pletina S275|1");
     shop.fields().cboMatDisco.setListIndex(0);
-    EXPECT_EQ(pricesOf(0), "||0");
+    EXPECT_EQ(pricesOf(0), "R-F114|Redondo F-114|2");
     shop.attempt([&] { shop.fields().cboMatDisco.setListIndex(-1); });  // no entry has a number to be read
     shop.errors.clear();
-    EXPECT_EQ(pricesOf(0), "||0");
+    EXPECT_EQ(pricesOf(0), "R-F114|Redondo F-114|2");
     EXPECT_THAT(shop.connection.logged("lac_codart"), IsEmpty());
     EXPECT_THAT(shop.errors, IsEmpty());
 }

@@ -25,12 +25,12 @@ std::vector<screen::GridColumn> lineColumns(const std::string& priceMask) {
     return {
         {.field = 0, .caption = "Articulo", .width = 1600},
         {.field = 1, .caption = "Descripción", .width = 3600},
-        {.field = 2, .caption = "Ancho", .width = 1000, .mask = measure, .right = true},
-        {.field = 3, .caption = "Espesor", .width = 1000, .mask = measure, .right = true},
-        {.field = 4, .caption = "Ø Ext", .width = 1000, .mask = measure, .right = true},
-        {.field = 5, .caption = "Ø Int", .width = 1000, .mask = measure, .right = true},
-        {.field = 6, .caption = "Largo", .width = 1100, .mask = measure, .right = true},
-        {.field = 7, .caption = "Precio", .width = 1200, .mask = priceMask, .right = true},
+        {.field = 2, .caption = "Ancho (mm)", .width = 1000, .mask = measure, .right = true},
+        {.field = 3, .caption = "Espesor (mm)", .width = 1000, .mask = measure, .right = true},
+        {.field = 4, .caption = "Ø Ext (mm)", .width = 1000, .mask = measure, .right = true},
+        {.field = 5, .caption = "Ø Int (mm)", .width = 1000, .mask = measure, .right = true},
+        {.field = 6, .caption = "Largo (mm)", .width = 1100, .mask = measure, .right = true},
+        {.field = 7, .caption = "Precio (€)", .width = 1200, .mask = priceMask, .right = true},
     };
 }
 
@@ -51,12 +51,7 @@ DeliveryNoteForm::DeliveryNoteForm(session::Session& session) : Form("frmAlbaran
     setCaption("Albarán de Compra");
     arrange();
     cmdSalir_.onClick = [this] { unload(); };
-    onKeyDown = [this](screen::KeyDown& key) {
-        passUsualKeys(key);
-        if (key.key == screen::Key::escape) {
-            unload();
-        }
-    };
+    onKeyDown = [this](screen::KeyDown& key) { passKeysOfSideWindow(key); };
 }
 
 void DeliveryNoteForm::arrange() {

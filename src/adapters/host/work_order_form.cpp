@@ -37,32 +37,32 @@ constexpr std::array orderFields{
 constexpr int measureWidth = 8;
 constexpr const char* measure = "#,##0.00";
 
-constexpr RecordField millimetres(const char* column, const char* caption) {
+constexpr RecordField measured(const char* column, const char* caption) {
     return {.column = column, .caption = caption, .width = measureWidth, .mask = measure};
 }
 
 constexpr std::array sprocketFields{
-    millimetres("Opi_Pas", "Paso"),
+    measured("Opi_Pas", "Paso"),
     RecordField{.column = "Opi_Die", .caption = "Z", .width = measureWidth, .mask = whole},
-    millimetres("Opi_Rod", "Ø Rodillo"),
-    millimetres("Opi_Anca", "A.C."),
-    millimetres("Opi_Eje", "Eje"),
-    millimetres("Opi_Chav", "Chavetero de"),
+    measured("Opi_Rod", "Ø Rodillo"),
+    measured("Opi_Anca", "A.C."),
+    measured("Opi_Eje", "Eje"),
+    measured("Opi_Chav", "Chavetero de"),
     RecordField{.column = "Opi_Pri", .caption = "Nº Prisioneros", .width = measureWidth, .mask = whole},
-    millimetres("Opi_DmPri", "Ø Primitivo"),
-    millimetres("Opi_DmFon", "Ø Fondo"),
-    millimetres("Opi_DmExt", "Ø Exterior"),
-    millimetres("Opi_DmCub", "Ø Cubo"),
-    millimetres("Opi_Alt", "H - Altura"),
-    millimetres("Opi_Ancto", "Ancho Total"),
-    millimetres("Opi_Llanta", "Llanta"),
-    millimetres("Opi_Anccu", "Ancho cubo"),
-    millimetres("Opi_Disdm", "Corte Disco Ø"),
-    millimetres("Opi_DisGr", "Corte Disco Ancho"),
-    millimetres("Opi_PesoDis", "Peso Disco (kg)"),
-    millimetres("Opi_Cubdm", "Corte Cubo Ø"),
-    millimetres("Opi_CubGr", "Corte Cubo Ancho"),
-    millimetres("Opi_PesoCub", "Peso Cubo (kg)"),
+    measured("Opi_DmPri", "Ø Primitivo"),
+    measured("Opi_DmFon", "Ø Fondo"),
+    measured("Opi_DmExt", "Ø Exterior"),
+    measured("Opi_DmCub", "Ø Cubo"),
+    measured("Opi_Alt", "H - Altura"),
+    measured("Opi_Ancto", "Ancho Total"),
+    measured("Opi_Llanta", "Llanta"),
+    measured("Opi_Anccu", "Ancho cubo"),
+    measured("Opi_Disdm", "Corte Disco Ø"),
+    measured("Opi_DisGr", "Corte Disco Ancho"),
+    measured("Opi_PesoDis", "Peso Disco (kg)"),
+    measured("Opi_Cubdm", "Corte Cubo Ø"),
+    measured("Opi_CubGr", "Corte Cubo Ancho"),
+    measured("Opi_PesoCub", "Peso Cubo (kg)"),
 };
 
 std::vector<screen::GridColumn> materialColumns() {
@@ -96,7 +96,7 @@ std::string text(std::int32_t number) {
 }
 
 screen::Layout sprocket(const Boxes& boxes) {
-    screen::Layout grid{.kind = screen::Layout::Kind::grid, .columns = 5};
+    screen::Layout grid{.kind = screen::Layout::Kind::grid, .columns = 7};
     for (int i = 0; i < static_cast<int>(sprocketFields.size()); ++i) {
         grid.children.push_back(recordField(boxes, sprocketFields, i));
     }
@@ -109,18 +109,13 @@ WorkOrderForm::WorkOrderForm(sql::Connection& connection) : Form("frmOrden"), co
     setCaption("Orden de Trabajo");
     arrange();
     cmdSalir_.onClick = [this] { unload(); };
-    onKeyDown = [this](screen::KeyDown& key) {
-        passUsualKeys(key);
-        if (key.key == screen::Key::escape) {
-            unload();
-        }
-    };
+    onKeyDown = [this](screen::KeyDown& key) { passKeysOfSideWindow(key); };
 }
 
 void WorkOrderForm::arrange() {
     fraOrden_.setCaption("Orden");
-    fraPiñon_.setCaption("Datos del piñon");
-    fraMaterial_.setCaption("Material");
+    fraPiñon_.setCaption("Datos del piñon (mm)");
+    fraMaterial_.setCaption("Material (mm)");
     fraRuta_.setCaption("Ruta");
     dbgMaterial_.setAccessibleName("Material de la orden");
     dbgRuta_.setAccessibleName("Ruta de la orden");

@@ -176,6 +176,13 @@ void Form::passUsualKeys(KeyDown& key) {
     }
 }
 
+void Form::passKeysOfSideWindow(KeyDown& key) {
+    passUsualKeys(key);
+    if (key.key == Key::escape) {
+        unload();
+    }
+}
+
 void Form::activate() {
     onActivate();
     if (active_ == nullptr && enabled_ && !unloaded_) {

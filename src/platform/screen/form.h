@@ -78,6 +78,9 @@ class Form {
     /// of the pad becomes the comma key.
     void passUsualKeys(KeyDown& key);
 
+    /// The same, and Esc closes the form: the keys of a window beside the work.
+    void passKeysOfSideWindow(KeyDown& key);
+
     // --- Life ------------------------------------------------------------------------------------------------
 
     /// Called by a toolkit when the form comes on the screen: Activate, then the first tab stop takes the focus

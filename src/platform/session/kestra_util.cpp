@@ -9,6 +9,7 @@
 namespace velmora::session {
 namespace {
 
+constexpr char columnSeparator = '\x01';
 constexpr std::string_view dateMask = "dd/mm/yyyy";
 constexpr char32_t firstPrintable = 32;
 
@@ -92,6 +93,29 @@ void KestraUtil::TeclaCampo(screen::TextBox& campo, screen::KeyPress& key, bool 
     key.character = digit || leadingMinus || decimalComma || editing ? typed : U'\0';
 }
 
+std::string joinedRow(const sql::Row& row) {
+    std::string joined;
+    for (const sql::Value& value : row) {
+        if (&value != &row.front()) {
+            joined += columnSeparator;
+        }
+        joined += value.isNull() ? std::string() : value.toText();
+    }
+    return joined;
+}
+
+std::vector<std::string> columnsOf(std::string_view joinedRow) {
+    std::vector<std::string> columns;
+    for (;;) {
+        const std::size_t end = joinedRow.find(columnSeparator);
+        columns.emplace_back(joinedRow.substr(0, end));
+        if (end == std::string_view::npos) {
+            return columns;
+        }
+        joinedRow.remove_prefix(end + 1);
+    }
+}
+
 std::string KestraUtil::Buscar(std::string_view statement, std::string_view campo, std::string_view cabecera1,
                                std::string_view cabecera2, std::string_view titulo, int ancho1, int ancho2, bool) {
     screen::SearchWindow window{.title = std::string(titulo),
@@ -103,12 +127,7 @@ std::string KestraUtil::Buscar(std::string_view statement, std::string_view camp
                                 .rows = connection_->execute(statement)};
     const std::optional<std::size_t> chosen = screen_.search(window);
     const sql::Row* row = chosen ? window.rows.peek(*chosen) : nullptr;
-    std::string joined;
-    for (std::size_t i = 0; row && i < row->size(); ++i) {
-        const sql::Value& value = (*row)[i];
-        joined += (i == 0 ? "" : "\x01") + (value.isNull() ? std::string() : value.toText());
-    }
-    return joined;
+    return row == nullptr ? std::string() : joinedRow(*row);
 }
 
 double KestraUtil::Redondear(double valor, int decimales) const {

@@ -4,11 +4,17 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/sql/connection.h"
 
 namespace velmora::session {
+
+/// A row as the search window gives it: its columns as text, null as nothing, joined by the character of code 1.
+std::string joinedRow(const sql::Row& row);
+/// Its columns again.
+std::vector<std::string> columnsOf(std::string_view joinedRow);
 
 class KestraUtil {
   public:
@@ -29,8 +35,8 @@ class KestraUtil {
     /// comma through; a typed point becomes the comma; swallows all else.
     void TeclaCampo(screen::TextBox& campo, screen::KeyPress& key, bool soloEnteros);
 
-    /// The search window. Gives the row chosen as text, its columns joined by the character of code 1, in the order
-    /// of the statement; an empty text when nothing was chosen. Widths in twips.
+    /// The search window. Gives the row chosen as joinedRow() does; an empty text when nothing was chosen. Widths in
+    /// twips.
     std::string Buscar(std::string_view statement, std::string_view campo, std::string_view cabecera1,
                        std::string_view cabecera2, std::string_view titulo, int ancho1, int ancho2, bool bandera);
 

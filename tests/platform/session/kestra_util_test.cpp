@@ -157,6 +157,12 @@ TEST_F(KestraUtilTest, SearchingGivesTheChosenRowJoined) {
               "1002\x01");
 }
 
+TEST(JoinedRowTest, ComesApartIntoTheColumnsItWasMadeOf) {
+    const std::string row = joinedRow({7, "SUR, S.L.", sql::Value(), 1.5});
+    EXPECT_THAT(columnsOf(row), ::testing::ElementsAre("7", "SUR, S.L.", "", "1,5"));
+    EXPECT_THAT(columnsOf(""), ::testing::ElementsAre(""));
+}
+
 TEST_F(KestraUtilTest, ASearchThatIsLeftGivesNothing) {
     connection.answer("Select MAQ_ID FROM MAQ", {"MAQ_ID"}, {{131}});
     screen.queuePick(std::nullopt);
