@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QProcess>
+#include <QSet>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -24,10 +25,20 @@ constexpr int noAssociation = 31;
 /// the file on, or is the program itself.
 constexpr int patience = 2000;  // ms
 
+/// Openers that are still at work, most likely the programs themselves. They are never ended by us, at our own end
+/// neither, and so never destroyed while they run.
+QSet<QProcess*>& atWork() {
+    static auto& all = *new QSet<QProcess*>;
+    return all;
+}
+
 /// Runs the desktop's own opener, which unlike the toolkit's call tells whether a program took the file.
 int openWith(const QString& opener, const QString& path) {
     auto* process = new QProcess;
-    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    QObject::connect(process, &QProcess::finished, process, [process] {
+        atWork().remove(process);
+        process->deleteLater();
+    });
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());
@@ -37,7 +48,8 @@ int openWith(const QString& opener, const QString& path) {
         return noAssociation;
     }
     if (!process->waitForFinished(patience)) {
-        return opened;  // the process lives on until the program is closed
+        atWork().insert(process);
+        return opened;
     }
     if (process->exitStatus() == QProcess::NormalExit && process->exitCode() == 0) {
         return opened;
