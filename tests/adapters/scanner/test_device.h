@@ -18,9 +18,7 @@ class TestDevice {
         std::ofstream(folder().path() / "dll.conf") << "test\n";
         set(lines);
     }
-    ~TestDevice() {
-        ::unsetenv("SANE_DEFAULT_DEVICE");
-    }
+    ~TestDevice() { ::unsetenv("SANE_DEFAULT_DEVICE"); }
     TestDevice(const TestDevice&) = delete;
     TestDevice& operator=(const TestDevice&) = delete;
 
