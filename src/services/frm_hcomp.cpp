@@ -5,6 +5,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/session/purchase_price_mask.h"
 
 namespace velmora::services {
 
@@ -50,14 +51,6 @@ const Measures& measuresOf(std::int32_t formula) {
     return found == measures.end() ? byQuantity : *found;
 }
 
-/// "#0." and a zero for each decimal of a purchase price.
-std::string priceMask(const session::Session& session) {
-    // Chosen C-187: a host without the setting gets two decimals; what no number has is cut to 15.
-    const sql::Value decimals = session.Parametros("par_decprecom");
-    const std::int32_t places = decimals.isNull() ? 2 : std::clamp(decimals.toLong(), 0, 15);
-    return "#0." + std::string(static_cast<std::size_t>(places), '0');
-}
-
 std::string textOf(const sql::Value& value) {
     return value.isNull() ? std::string() : value.toText();
 }
@@ -89,7 +82,7 @@ void frmHcomp::arrange() {
 void frmHcomp::shapeGrid() {
     dbgCompras.setColumns({
         {.field = 0, .caption = "Fecha", .width = 1100, .mask = "dd/mm/yyyy", .right = true},
-        {.field = 1, .caption = "Precio", .width = 1000, .mask = priceMask(session_), .right = true},
+        {.field = 1, .caption = "Precio", .width = 1000, .mask = session::purchasePriceMask(session_), .right = true},
         {.field = 2, .caption = "Serie", .width = 1000},
         {.field = numberColumn, .caption = "Numero", .width = 1000, .button = true},
         {.field = 4, .caption = "Medidas", .width = 2200},

@@ -1,10 +1,10 @@
 #include "velmora/adapters/host/delivery_note_form.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/session/purchase_price_mask.h"
 
 namespace velmora::host {
 
@@ -32,13 +32,6 @@ std::vector<screen::GridColumn> lineColumns(const std::string& priceMask) {
         {.field = 6, .caption = "Largo (mm)", .width = 1100, .mask = measure, .right = true},
         {.field = 7, .caption = "Precio (€)", .width = 1200, .mask = priceMask, .right = true},
     };
-}
-
-std::string priceMask(const session::Session& session) {
-    // Of a setting that no number can follow the nearest that one can.
-    const sql::Value decimals = session.Parametros("par_decprecom");
-    const std::int32_t places = decimals.isNull() ? 2 : std::clamp(decimals.toLong(), 0, 15);
-    return "#0." + std::string(static_cast<std::size_t>(places), '0');
 }
 
 std::string text(std::int32_t number) {
@@ -84,7 +77,7 @@ bool DeliveryNoteForm::load(std::int32_t id) {
 
 void DeliveryNoteForm::loadLines(std::int32_t id) {
     sql::Connection& connection = session_.Connection();
-    const std::string mask = priceMask(session_);
+    const std::string mask = session::purchasePriceMask(session_);
     // An article's code could stand in ART twice; a line must not.
     dbgLineas_.bind(connection.execute(
         "SELECT LAC_CODART,(select max(ART_DES) from ART where ART_COD = LAC_CODART) as Descripcion,LAC_ANCHO,"
