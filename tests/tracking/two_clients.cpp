@@ -1,23 +1,17 @@
 // Two processes on one database file that accept the same proposals at the same moment. No order number is ever given
 // twice, no proposal ever gets two orders, and who comes second is told.
 //
-//   two_clients [PROPOSALS [FOLDER]]      1000 unless told, in memory where the system has a folder there
+//   two_clients [PROPOSALS]      1000 unless told
 
-#include <atomic>
 #include <charconv>
 #include <chrono>
-#include <filesystem>
+#include <functional>
 #include <iostream>
-#include <new>
 #include <string>
 #include <string_view>
-#include <thread>
-
-#include <sys/mman.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "acceptance_shop.h"
+#include "support/two_processes.h"
 
 namespace velmora::tracking {
 namespace {
@@ -28,30 +22,6 @@ struct Tally {
     int told = 0;  ///< that the other one was first
     int wrong = 0;
     int pauses = 0;
-};
-
-/// Where the two meet before each proposal, so that they press the button at the same moment.
-class Meeting {
-  public:
-    static Meeting& shared() {
-        static Meeting* const meeting = [] {
-            void* const memory =
-                ::mmap(nullptr, sizeof(Meeting), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-            return memory == MAP_FAILED ? nullptr : new (memory) Meeting;
-        }();
-        return *meeting;
-    }
-    void meet(int turn) {
-        ++arrived_;
-        while (arrived_ < 2 * (turn + 1) && !oneIsGone_) {
-            std::this_thread::yield();
-        }
-    }
-    void leave() { oneIsGone_ = true; }
-
-  private:
-    std::atomic<int> arrived_ = 0;
-    std::atomic<bool> oneIsGone_ = false;
 };
 
 /// The rows of all proposals as they stood before the race, on which both clients work: stale from the first one on.
@@ -70,18 +40,17 @@ std::vector<sql::Row> staleRows(AcceptanceShop& shop, std::vector<sql::Column>& 
     return all;
 }
 
-Tally race(const std::string& path) {
+Tally race(const std::string& path, support::Meeting& meeting) {
     AcceptanceShop shop(openShopDatabase(path, std::chrono::seconds(30)));
     shop.fields.txtCriterio(numberFrom).setText("1");
     std::vector<sql::Column> columns;
     const std::vector<sql::Row> rows = staleRows(shop, columns);
     Tally tally;
-    int turn = 0;
     for (const sql::Row& row : rows) {
         shop.screen.messages.clear();
         shop.errors.clear();
         shop.fields.rsDpi = sql::Recordset(sql::rowsInMemory(columns, {row}));
-        Meeting::shared().meet(turn++);
+        meeting.meet();
         shop.accept();
         const std::string last = shop.screen.messages.empty() ? "" : shop.screen.messages.back().text;
         if (last.starts_with("Presupuesto Aceptado")) {
@@ -98,17 +67,6 @@ Tally race(const std::string& path) {
     }
     tally.pauses = shop.screen.pauses;
     return tally;
-}
-
-pid_t startClient(const std::string& path, const int (&result)[2]) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const Tally tally = race(path);
-        Meeting::shared().leave();
-        const bool written = ::write(result[1], &tally, sizeof tally) == sizeof tally;
-        ::_exit(written ? 0 : 1);
-    }
-    return child;
 }
 
 void fill(const std::string& path, int proposals) {
@@ -152,38 +110,30 @@ bool check(const std::string& path, int proposals) {
     return good;
 }
 
-int run(int proposals, const std::filesystem::path& place) {
-    const std::filesystem::path folder = place / ("velmora-two-clients-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder);
-    const std::string path = (folder / "taller.db").string();
+int run(int proposals) {
+    const support::FolderForAll folder;
+    const std::string path = folder.file("taller.db");
     fill(path, proposals);
 
-    int result[2];
-    if (::pipe(result) != 0) {
-        return 1;
-    }
-    Meeting::shared();
+    support::Meeting meeting(2);
     const auto begun = std::chrono::steady_clock::now();
-    const pid_t clients[2] = {startClient(path, result), startClient(path, result)};
-    ::close(result[1]);
+    const std::function<Tally()> client = [&] { return race(path, meeting); };
     Tally total;
-    for (Tally each; ::read(result[0], &each, sizeof each) == sizeof each;) {
-        std::cout << "client: accepted " << each.accepted << ", told " << each.told << ", gave way " << each.pauses
-                  << " times, wrong " << each.wrong << '\n';
-        total.accepted += each.accepted;
-        total.told += each.told;
-        total.wrong += each.wrong;
-    }
-    for (const pid_t client : clients) {
-        int status = 0;
-        ::waitpid(client, &status, 0);
-        total.wrong += status == 0 ? 0 : 1;
+    for (const std::optional<Tally>& each : support::runTogether<Tally>(meeting, {client, client})) {
+        if (!each) {
+            ++total.wrong;
+            continue;
+        }
+        std::cout << "client: accepted " << each->accepted << ", told " << each->told << ", gave way " << each->pauses
+                  << " times, wrong " << each->wrong << '\n';
+        total.accepted += each->accepted;
+        total.told += each->told;
+        total.wrong += each->wrong;
     }
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begun;
     std::cout << "seconds: " << static_cast<int>(seconds.count()) << '\n';
     const bool good =
         check(path, proposals) && total.wrong == 0 && total.accepted == proposals && total.told == proposals;
-    std::filesystem::remove_all(folder);
     return good ? 0 : 1;
 }
 
@@ -196,10 +146,5 @@ int main(int argc, char** argv) {
         const std::string_view text(argv[1]);
         std::from_chars(text.data(), text.data() + text.size(), proposals);
     }
-    const std::filesystem::path inMemory = "/dev/shm";
-    const std::filesystem::path place = argc > 2 ? std::filesystem::path(argv[2])
-                                        : std::filesystem::is_directory(inMemory)
-                                            ? inMemory
-                                            : std::filesystem::temp_directory_path();
-    return velmora::tracking::run(proposals, place);
+    return velmora::tracking::run(proposals);
 }
