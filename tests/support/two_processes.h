@@ -22,28 +22,40 @@
 
 namespace velmora::support {
 
-/// Where the processes meet before each turn, so that they act at the same moment. Made before they are started.
-class Meeting {
+/// A value in memory that all processes share. Made before they are started; atomic unless they take turns at it.
+template <typename Value>
+class Shared {
   public:
-    explicit Meeting(int parties) : parties_(parties) {
-        void* const memory = ::mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    Shared() {
+        void* const memory = ::mmap(nullptr, sizeof(Value), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
         if (memory == MAP_FAILED) {
             throw std::runtime_error("no memory to share");
         }
-        shared_ = new (memory) Shared;
+        value_ = new (memory) Value();
     }
-    ~Meeting() { ::munmap(shared_, sizeof(Shared)); }
-    Meeting(const Meeting&) = delete;
-    Meeting& operator=(const Meeting&) = delete;
+    ~Shared() { ::munmap(value_, sizeof(Value)); }
+    Shared(const Shared&) = delete;
+    Shared& operator=(const Shared&) = delete;
+
+    Value& operator*() { return *value_; }
+
+  private:
+    Value* value_;
+};
+
+/// Where the processes meet before each turn, so that they act at the same moment. Made before they are started.
+class Meeting {
+  public:
+    explicit Meeting(int parties) : parties_(parties) {}
 
     /// Returns when all parties have come to this turn, or at once when one of them has left for good.
     void meet() {
         using std::chrono::steady_clock;
         ++turn_;
-        ++shared_->arrived;
+        ++*arrived_;
         // The last one to come finds the others awake, unless it keeps them waiting for long.
         const auto awake = steady_clock::now() + std::chrono::milliseconds(2);
-        while (shared_->arrived < parties_ * turn_ && !shared_->oneIsGone) {
+        while (*arrived_ < parties_ * turn_ && !*oneIsGone_) {
             if (steady_clock::now() < awake) {
                 std::this_thread::yield();
             } else {
@@ -51,17 +63,13 @@ class Meeting {
             }
         }
     }
-    void leave() { shared_->oneIsGone = true; }
+    void leave() { *oneIsGone_ = true; }
 
   private:
-    struct Shared {
-        std::atomic<int> arrived = 0;
-        std::atomic<bool> oneIsGone = false;
-    };
-
     const int parties_;
     int turn_ = 0;  ///< of this process
-    Shared* shared_;
+    Shared<std::atomic<int>> arrived_;
+    Shared<std::atomic<bool>> oneIsGone_;
 };
 
 /// Runs each client in a process of its own, until all have ended. Gives what each returned, in their order; none for
