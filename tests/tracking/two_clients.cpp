@@ -289,11 +289,12 @@ class Reader {
         scroll();
         expectShown(row, "before the button");
         expectPanel("before the button");
-        f.txtPesu(customerOrder).setText("P-" + std::to_string(turn));
+        f.txtPesu(customerOrder).setText("PEDIDO " + std::to_string(turn));
         accept(deed);
         if (deed != Meanwhile::leavesIt) {
             expectPanel("told");
-            tally_.expect(f.txtPesu(customerOrder).text() == "P-" + std::to_string(turn), "what was typed is gone");
+            tally_.expect(f.txtPesu(customerOrder).text() == "PEDIDO " + std::to_string(turn),
+                          "what was typed is gone");
         }
     }
 
