@@ -141,7 +141,7 @@ Acceptance::Standing Acceptance::begin(const sql::Recordset& proposal, WorkOrder
     } catch (...) {
         // Differs D-143: the transaction does not stay open behind the error: it would hold every other client, and
         // this one could begin no other.
-        undoInAnyCase();
+        undoQuietly();
         throw;
     }
     Standing standing;
@@ -278,7 +278,7 @@ std::optional<runtime::RuntimeError> Acceptance::undone(const std::function<void
     } catch (...) {
         // Differs D-144: no kind of failure leaves the transaction open.
         session_.Campos().clear();
-        undoInAnyCase();
+        undoQuietly();
         throw;
     }
 }
@@ -297,7 +297,7 @@ void Acceptance::undo() {
 }
 
 /// For an error that goes up: nothing comes before it.
-void Acceptance::undoInAnyCase() {
+void Acceptance::undoQuietly() {
     try {
         connection().rollbackTrans();
     } catch (const std::exception&) {

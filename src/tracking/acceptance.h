@@ -51,7 +51,7 @@ class Acceptance {
     bool completeOrder(const sql::Recordset& proposal, WorkOrder& order);
     std::optional<runtime::RuntimeError> undone(const std::function<void()>& step);
     void undo();
-    void undoInAnyCase();
+    void undoQuietly();
     void tell(const runtime::RuntimeError& error);
     void succeed(const sql::Recordset& proposal, const WorkOrder& order);
 
