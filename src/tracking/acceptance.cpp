@@ -1,12 +1,13 @@
 #include "velmora/tracking/acceptance.h"
 
-#include <array>
+#include <algorithm>
 #include <chrono>
-#include <thread>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
 #include "velmora/platform/screen/busy.h"
 #include "velmora/tracking/credit_gate.h"
+#include "velmora/tracking/detail.h"
 #include "velmora/tracking/order_description.h"
 #include "velmora/tracking/order_materials.h"
 #include "velmora/tracking/order_row.h"
@@ -17,25 +18,17 @@ namespace velmora::tracking {
 
 namespace {
 
-/// How long an acceptance gives way to another client's that has its order and not yet its mark on the proposal: three
-/// seconds in all, in steps that grow, so that who comes back soon is not kept waiting.
-constexpr std::array pauses{std::chrono::milliseconds(25),  std::chrono::milliseconds(50),
-                            std::chrono::milliseconds(100), std::chrono::milliseconds(200),
-                            std::chrono::milliseconds(400), std::chrono::milliseconds(800),
-                            std::chrono::milliseconds(1600)};
+using std::chrono::milliseconds;
+
+/// How long an acceptance waits for the mark of another client's order.
+constexpr milliseconds patience(3000);
+/// A client marks the proposal right after its order's commit: the first looks follow soon.
+constexpr milliseconds firstPause(25);
+/// The window paints between two pauses.
+constexpr milliseconds longestPause(100);
 
 /// An order that is being made right now is among so many latest numbers.
 constexpr std::int64_t latestNumbers = 100;
-
-// Chosen C-146: the current row in a set of its own: the list's rows are read again as it is painted, and by then the
-// acceptance has changed what it selects. Error 3021 without a current row.
-sql::Recordset copyOfCurrentRow(const sql::Recordset& rows) {
-    sql::Row values;
-    for (std::size_t column = 0; column < rows.columns().size(); ++column) {
-        values.push_back(rows[column]);
-    }
-    return sql::Recordset(sql::rowsInMemory(rows.columns(), {std::move(values)}));
-}
 
 // Kept K-153: the number comes from the table, one above its highest, and from no counter: a highest order that is
 // deleted gives its number to the next one.
@@ -48,6 +41,27 @@ std::string textOf(std::int64_t number) {
     return runtime::CStr(number);
 }
 
+std::int32_t keyOf(const sql::Recordset& proposal) {
+    return proposal["dpi_id"].toLong();
+}
+
+/// True when a column of the row in the database has another value than the row that was shown, which may lack columns
+/// that were added since.
+bool differs(const sql::Recordset& now, const sql::Recordset& shown) {
+    const auto isShown = [&](const sql::Column& column) {
+        return std::ranges::any_of(shown.columns(), [&](const sql::Column& other) {
+            return runtime::UCase(other.name) == runtime::UCase(column.name);
+        });
+    };
+    for (std::size_t i = 0; i < now.columns().size(); ++i) {
+        const sql::Column& column = now.columns()[i];
+        if (isShown(column) && now[i] != shown[column.name]) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 void Acceptance::msAceptarPresupuesto() {
@@ -55,7 +69,15 @@ void Acceptance::msAceptarPresupuesto() {
     if (!list.hasRows()) {
         return;
     }
-    const sql::Recordset proposal = copyOfCurrentRow(list);
+    // Differs D-145: what is accepted is the row that the panel shows, by its key and with its values. A row that the
+    // panel cannot show is not accepted with the figures of the row before it.
+    const sql::Recordset proposal = fields_.shown;
+    if (!proposal.isOpen()) {
+        if (list["DPI_FAcepta"].isNull()) {
+            desk_.screen.show({.text = "El panel no muestra el presupuesto entero, no se puede aceptar"});
+        }
+        return;
+    }
     if (!proposal["DPI_FAcepta"].isNull() || !isWithinCredit() || !isConfirmed()) {
         return;
     }
@@ -88,58 +110,132 @@ bool Acceptance::isConfirmed() {
 /// From the number to the commit. False when there is no order; the user has been told.
 bool Acceptance::openOrder(const sql::Recordset& proposal, WorkOrder& order) {
     Standing standing = begin(proposal, order);
-    // Differs D-140: of two clients at the same proposal one gets an order and the other is told. Between a client's
-    // commit and its mark the proposal still looks pending; who comes upon such an order gives way for a moment. One
-    // that stays unmarked was left by a failure, and another order may be made.
-    for (const auto pause : pauses) {
-        if (standing.state != Standing::beingAccepted) {
-            break;
-        }
-        standing.state = Standing::unknown;
-        if (trapped([&] { connection().rollbackTrans(); })) {
-            const screen::Hourglass hourglass(desk_.screen);
-            std::this_thread::sleep_for(pause);
-            standing = begin(proposal, order);
-        }
+    if (mayBeMarkedYet(standing, proposal)) {
+        standing = waitForMark(proposal, order, standing);
     }
-    if (standing.state == Standing::accepted) {
-        tellAcceptedElsewhere(standing);
-    }
-    if (standing.state == Standing::unknown || standing.state == Standing::accepted) {
+    if (standing.state != Standing::pending && standing.state != Standing::ordered) {
+        refuse(standing);
         return false;
     }
     // Kept K-154: the transaction covers the number and the order's row and nothing else: the questions that follow
     // would hold every other client, and an order that lacks something is completed by hand.
-    return trapped([&] {
+    const auto error = undone([&] {
         insertOrder(session_, fields_, proposal, order, desk_.clock.now());
         connection().commitTrans();
     });
+    if (error) {
+        tell(*error);
+        return false;
+    }
+    unmarkedHere_[keyOf(proposal)] = order.number;
+    return true;
 }
 
-/// Begins the transaction, takes the next number and looks at the proposal again.
+/// Begins the transaction, takes the next number and looks at the proposal. The transaction is open afterwards unless
+/// the look failed.
 Acceptance::Standing Acceptance::begin(const sql::Recordset& proposal, WorkOrder& order) {
-    // Kept K-155: what fails here is not trapped, and leaves the transaction open.
+    // Kept K-155: what fails here is not trapped: the user reads the error itself and not the words of an acceptance.
     connection().beginTrans();
-    order.number = nextNumber(connection());
+    try {
+        order.number = nextNumber(connection());
+    } catch (...) {
+        // Differs D-143: the transaction does not stay open behind the error: it would hold every other client, and
+        // this one could begin no other.
+        undoQuietly();
+        throw;
+    }
     Standing standing;
-    trapped([&] {
-        const sql::Recordset now = connection().execute(
-            "Select DPI_FAcepta,DPI_Orden,(Select max(orden_NUM) FROM ORDEN where orden_NUM >= " +
-            textOf(order.number - latestNumbers) +
-            " and ORDEN_IdDPI = dpi_id) as Otra FROM DPI where dpi_id = " + joined(proposal["dpi_id"]));
-        if (!now["DPI_FAcepta"].isNull()) {
-            standing = {.state = Standing::accepted, .orderNumber = joined(now["DPI_Orden"])};
-        } else {
-            standing.state = now["Otra"].isNull() ? Standing::pending : Standing::beingAccepted;
-        }
-    });
+    if (const auto error = undone([&] { standing = look(proposal, order.number); })) {
+        standing = {.state = Standing::failed, .error = error};
+    }
     return standing;
 }
 
-void Acceptance::tellAcceptedElsewhere(const Standing& standing) {
-    if (trapped([&] { connection().rollbackTrans(); })) {
-        // Chosen C-145: the words without an icon, as the words of success.
-        desk_.screen.show({.text = "El presupuesto ya fue aceptado, orden de trabajo nº " + standing.orderNumber});
+/// Looks at the proposal by its key, then at its orders.
+Acceptance::Standing Acceptance::look(const sql::Recordset& proposal, std::int32_t nextNumber) {
+    // Differs D-140: of two clients at the same proposal one gets an order and the other is told. The mark is read
+    // before the orders: a client stores its order first, and its mark afterwards.
+    const std::string key = joined(proposal["dpi_id"]);
+    const sql::Recordset now = connection().execute("Select * FROM DPI where dpi_id = " + key);
+    if (!now.hasRows()) {
+        return {.state = Standing::gone};
+    }
+    if (!now["DPI_FAcepta"].isNull()) {
+        return {.state = Standing::accepted, .orderNumber = joined(now["DPI_Orden"])};
+    }
+    if (differs(now, proposal)) {
+        return {.state = Standing::changed};
+    }
+    const sql::Recordset orders = connection().execute("Select max(orden_NUM) FROM ORDEN where ORDEN_IdDPI = " + key +
+                                                       " and orden_NUM >= " + textOf(nextNumber - latestNumbers));
+    if (orders[0].isNull()) {
+        return {.state = Standing::pending};
+    }
+    return {.state = Standing::ordered, .unmarked = orders[0].toLong()};
+}
+
+/// True for an order that another client has committed and may be about to mark on the proposal.
+bool Acceptance::mayBeMarkedYet(const Standing& standing, const sql::Recordset& proposal) const {
+    // Chosen C-148: an order whose mark failed on this form is known as such until the form is closed; a form opened
+    // later waits for it as anybody does.
+    const auto own = unmarkedHere_.find(keyOf(proposal));
+    return standing.state == Standing::ordered && (own == unmarkedHere_.end() || own->second != standing.unmarked);
+}
+
+/// Backs off while another client has committed an order but not yet marked the proposal, looking again and again. An
+/// order that stays unmarked was left by a failure, and another one may be made. The transaction is open before and
+/// afterwards unless a look failed.
+Acceptance::Standing Acceptance::waitForMark(const sql::Recordset& proposal, WorkOrder& order, Standing standing) {
+    // Differs D-146: the window paints meanwhile, and takes no input.
+    const screen::Busy busy(desk_.screen, fields_.form);
+    std::int32_t awaited = standing.unmarked;
+    milliseconds waited(0);
+    milliseconds pause = firstPause;
+    while (mayBeMarkedYet(standing, proposal) && waited < patience) {
+        if (const auto error = undone([&] { connection().rollbackTrans(); })) {
+            return {.state = Standing::failed, .error = error};
+        }
+        desk_.clock.pause(pause);
+        desk_.screen.processEvents();
+        waited += pause;
+        pause = std::min(2 * pause, longestPause);
+        standing = begin(proposal, order);
+        if (standing.unmarked != awaited) {
+            // Another order than before: its client has made it while this one waited for a leftover.
+            awaited = standing.unmarked;
+            waited = milliseconds(0);
+            pause = firstPause;
+        }
+    }
+    return standing;
+}
+
+/// Ends the transaction without an order and tells why.
+void Acceptance::refuse(const Standing& standing) {
+    auto error = standing.error;
+    if (standing.state != Standing::failed) {
+        error = undone([&] { connection().rollbackTrans(); });
+    }
+    if (error) {
+        tell(*error);
+        return;
+    }
+    // Chosen C-147: the list is read anew, so that it shows how things stand, unless that would overwrite what the user
+    // has typed in the panel.
+    const bool keepsPanel = isEdited(fields_);
+    // Differs D-147: a proposal that another user has deleted or changed since it was shown gets no order, and the user
+    // is told which it was.
+    const std::map<Standing::State, std::string> words{
+        {Standing::gone, "El presupuesto ya no existe, otro usuario lo ha eliminado"},
+        {Standing::accepted, "El presupuesto ya fue aceptado, orden de trabajo nº " + standing.orderNumber},
+        {Standing::changed,
+         std::string("El presupuesto ha sido modificado por otro usuario, revíselo antes de aceptarlo") +
+             (keepsPanel ? "\r\nEjecute el filtro para verlo como está ahora, hasta entonces se conserva lo escrito"
+                         : "")},
+    };
+    // Chosen C-145: the words without an icon, as the words of success.
+    desk_.screen.show({.text = words.at(standing.state)});
+    if (!keepsPanel) {
         reload_();
     }
 }
@@ -148,6 +244,7 @@ void Acceptance::tellAcceptedElsewhere(const Standing& standing) {
 bool Acceptance::completeOrder(const sql::Recordset& proposal, WorkOrder& order) {
     try {
         markProposal(session_, fields_, proposal, order);
+        unmarkedHere_.erase(keyOf(proposal));
         order.id = orderIdOf(connection(), order.number);
         addSprocketData(session_, proposal, order);
         addMaterials(session_, desk_.screen, oUtil_, proposal, order);
@@ -167,17 +264,22 @@ bool Acceptance::completeOrder(const sql::Recordset& proposal, WorkOrder& order)
     return true;
 }
 
-/// Runs a step before the commit; what fails in it undoes the transaction and is told. True when it went well.
-bool Acceptance::trapped(const std::function<void()>& step) {
+/// Runs a step between begin and commit. What fails in it undoes the transaction: an error of the language or the
+/// database is given back, anything else goes up.
+std::optional<runtime::RuntimeError> Acceptance::undone(const std::function<void()>& step) {
     try {
         step();
-        return true;
+        return std::nullopt;
     } catch (const runtime::RuntimeError& error) {
         // Differs D-141: whatever its number: before the commit no error means that all is well.
         session_.Campos().clear();
         undo();
-        tell(error);
-        return false;
+        return error;
+    } catch (...) {
+        // Differs D-144: no kind of failure leaves the transaction open.
+        session_.Campos().clear();
+        undoQuietly();
+        throw;
     }
 }
 
@@ -191,6 +293,15 @@ void Acceptance::undo() {
         if (error.number() != sql::provider::noTransaction && session_.ComprobarConexion(connection(), reason)) {
             throw;
         }
+    }
+}
+
+/// For an error that goes up: nothing comes before it.
+void Acceptance::undoQuietly() {
+    try {
+        connection().rollbackTrans();
+    } catch (const std::exception&) {
+        // The connection is gone, or refuses: there is nothing more to be done about the transaction.
     }
 }
 

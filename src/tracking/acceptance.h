@@ -2,7 +2,10 @@
 // A proposal that the customer has accepted becomes a work order: the order, the mark on the proposal, sprocket data,
 // materials and route.
 
+#include <cstdint>
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 
 #include "velmora/platform/desk.h"
@@ -20,28 +23,35 @@ class Acceptance {
                const platform::Desk& desk, std::function<void()> reload)
         : fields_(fields), session_(session), oUtil_(oUtil), desk_(desk), reload_(std::move(reload)) {}
 
-    /// Accepts the proposal on the current row of the list, with what stands in the detail fields. Does nothing without
-    /// a row and for a proposal that is accepted. What fails before the order is stored leaves nothing and is told;
-    /// what fails afterwards leaves what was stored and goes up as an error. Errors also: those of the gate and of the
-    /// order's number, which nothing traps.
+    /// Accepts the proposal that the panel shows, with what stands in the panel's fields. Does nothing without a row
+    /// and for a proposal that is accepted. One that another user has accepted, changed or deleted since it was shown
+    /// gets no order: the user is told, and what was typed in the panel stays. What fails before the order is stored
+    /// leaves nothing and is told; what fails afterwards leaves what was stored and goes up as an error. Errors also:
+    /// those of the gate and of the order's number, which nothing traps; no transaction is open after them.
     void msAceptarPresupuesto();
 
   private:
     /// How a proposal stands in the database, whatever the list shows.
     struct Standing {
-        enum State { unknown, pending, beingAccepted, accepted };
-        State state = unknown;
-        std::string orderNumber{};  ///< of an accepted one
+        enum State { failed, gone, accepted, changed, ordered, pending };
+        State state = pending;
+        std::string orderNumber{};                     ///< of an accepted one
+        std::int32_t unmarked = 0;                     ///< its latest order, which it does not bear, of an ordered one
+        std::optional<runtime::RuntimeError> error{};  ///< of a look that failed
     };
 
     bool isWithinCredit();
     bool isConfirmed();
     bool openOrder(const sql::Recordset& proposal, WorkOrder& order);
     Standing begin(const sql::Recordset& proposal, WorkOrder& order);
-    void tellAcceptedElsewhere(const Standing& standing);
+    Standing look(const sql::Recordset& proposal, std::int32_t nextNumber);
+    bool mayBeMarkedYet(const Standing& standing, const sql::Recordset& proposal) const;
+    Standing waitForMark(const sql::Recordset& proposal, WorkOrder& order, Standing standing);
+    void refuse(const Standing& standing);
     bool completeOrder(const sql::Recordset& proposal, WorkOrder& order);
-    bool trapped(const std::function<void()>& step);
+    std::optional<runtime::RuntimeError> undone(const std::function<void()>& step);
     void undo();
+    void undoQuietly();
     void tell(const runtime::RuntimeError& error);
     void succeed(const sql::Recordset& proposal, const WorkOrder& order);
 
@@ -52,6 +62,8 @@ class Acceptance {
     const session::KestraUtil& oUtil_;
     const platform::Desk& desk_;
     std::function<void()> reload_;
+    /// By proposal, the number of the order that was stored here and whose mark on the proposal failed.
+    std::map<std::int32_t, std::int32_t> unmarkedHere_;
 };
 
 }  // namespace velmora::tracking

@@ -1,6 +1,8 @@
 #include "velmora/tracking/detail.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/errors.h"
@@ -56,21 +58,39 @@ bool isDate(int Index) {
     return Index == orderDate || Index == deliveryDate;
 }
 
+/// Error 3021 without a current row.
+sql::Recordset copyOfCurrentRow(const sql::Recordset& rows) {
+    sql::Row values;
+    for (std::size_t column = 0; column < rows.columns().size(); ++column) {
+        values.push_back(rows[column]);
+    }
+    return sql::Recordset(sql::rowsInMemory(rows.columns(), {std::move(values)}));
+}
+
 }  // namespace
 
+bool isEdited(const TrackingFields& fields) {
+    return fields.shown.isOpen() && std::ranges::any_of(columns, [&](const DetailColumn& detail) {
+               return fields.txtPesu(detail.field).text() != textOf(fields.shown[detail.column], detail.shown);
+           });
+}
+
 void DetailPanel::rsDpi_MoveComplete() {
+    f_.shown = {};
     if (!f_.rsDpi->hasRows()) {
         return;
     }
-    const sql::Recordset& row = *f_.rsDpi;
+    // Chosen C-146: the row is copied as it is shown: what an acceptance reads of it, and what the user saw of it, are
+    // the same, whatever happens to the list meanwhile.
+    const sql::Recordset row = copyOfCurrentRow(*f_.rsDpi);
     for (const DetailColumn& detail : columns) {
         f_.txtPesu(detail.field).setText(textOf(row[detail.column], detail.shown));
     }
-    showMeasures();
+    f_.shown = row;
+    showMeasures(row);
 }
 
-void DetailPanel::showMeasures() {
-    const sql::Recordset& row = *f_.rsDpi;
+void DetailPanel::showMeasures(const sql::Recordset& row) {
     runtime::ErrorTrap trap;
     for (const MeasureColumn& measure : measures) {
         // Kept K-124: a measure that the proposal lacks leaves what the search held, so that the fields can be of two

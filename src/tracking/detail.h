@@ -7,13 +7,18 @@
 
 namespace velmora::tracking {
 
+/// True when a field of the panel holds something else than the row that it shows: what the user has typed, or a date
+/// that was wiped.
+bool isEdited(const TrackingFields& fields);
+
 class DetailPanel {
   public:
     DetailPanel(TrackingFields& fields, session::KestraUtil& oUtil, screen::Screen& screen)
         : f_(fields), oUtil_(oUtil), screen_(screen) {}
 
     /// Shows the current row, and puts its measures into the fields of the search. An empty list leaves all as it was.
-    /// Errors: 94 for a null in customer, name or an amount; the fields before it are filled by then.
+    /// Errors: 94 for a null in customer, name or an amount; the fields before it are filled by then, and no row counts
+    /// as shown.
     void rsDpi_MoveComplete();
 
     void txtPesu_KeyPress(int Index, screen::KeyPress& key);
@@ -21,7 +26,7 @@ class DetailPanel {
     void txtPesu_LostFocus(int Index);
 
   private:
-    void showMeasures();
+    void showMeasures(const sql::Recordset& row);
 
     TrackingFields& f_;
     session::KestraUtil& oUtil_;

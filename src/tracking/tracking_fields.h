@@ -62,6 +62,9 @@ struct TrackingFields {
 
     /// The rows of the list; the form listens to its moves.
     sql::ListenedRecordset rsDpi;
+    /// The row that the panel shows, with the values of the moment at which it was shown. Closed while the panel does
+    /// not show the current row, or not all of it. A new set for each row: who holds the earlier one keeps its row.
+    sql::Recordset shown;
 };
 
 }  // namespace velmora::tracking

@@ -3,6 +3,7 @@
 
 #include <iostream>
 #include <map>
+#include <stdexcept>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,6 +21,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 using ::testing::StartsWith;
 
 constexpr long noTransaction = sql::provider::noTransaction;
@@ -32,6 +34,7 @@ enum Operation : int {
     begin,
     highestNumber,
     lookAgain,
+    otherOrders,
     charges,
     earlierArticle,
     insertOrder,
@@ -150,7 +153,8 @@ TEST_F(AcceptanceFailuresTest, TheOperationsAreTheseAndNoOthers) {
         {debt, "SELECT (select"},
         {begin, "BEGIN"},
         {highestNumber, "Select max("},
-        {lookAgain, "Select DPI_FAcepta"},
+        {lookAgain, "Select * FROM DPI"},
+        {otherOrders, "Select max("},
         {charges, "Select CLI_Gtos"},
         {earlierArticle, "Select top 1"},
         {insertOrder, "INSERT INTO O"},
@@ -175,7 +179,7 @@ TEST_F(AcceptanceFailuresTest, ARefusalAtEachOperationLeavesWhatTheTableTells) {
         shop.connection.refuse(operation);
         shop.accept();
         print("refused", operation, names[static_cast<std::size_t>(operation)], shop);
-        EXPECT_EQ(shop.connection.transactionOpen(), operation == highestNumber);
+        EXPECT_FALSE(shop.connection.transactionOpen());
         if (operation < lookAgain) {
             EXPECT_EQ(seen(shop), errorOf(failure));
             EXPECT_EQ(written(shop), writtenBefore(0));
@@ -374,25 +378,114 @@ TEST_F(AcceptanceFailuresTest, AfterTheMarkTheProposalCannotBeTriedAgain) {
     }
 }
 
-TEST_F(AcceptanceFailuresTest, AFailingNumberLeavesTheTransactionOpen) {
-    Prepared shop;
+TEST_F(AcceptanceFailuresTest, AFailingNumberIsRolledBackBeforeItGoesUp) {
+    support::TemporaryFolder folder;
+    const std::string path = folder.file("taller.db");
+    Prepared shop(makeShopDatabase(path));
     shop.connection.refuse(highestNumber);
     shop.accept();
-    EXPECT_EQ(seen(shop), errorOf(failure));
-    EXPECT_THROW(shop.database->beginTrans(), sql::DbError);
+    EXPECT_EQ(shop.connection.log().back(), "ROLLBACK");
+    EXPECT_EQ(shop.count("ORDEN"), "0");
+    EXPECT_NO_THROW(openShopDatabase(path, std::chrono::milliseconds(20))->beginTrans()) << "nobody else is held";
     shop.connection.restore();
     shop.errors.clear();
     shop.screen.messages.clear();
     shop.accept();
-    EXPECT_EQ(seen(shop), errorOf(sql::provider::transactionOpen)) << "until the session is closed or rolled back";
-    EXPECT_EQ(shop.count("ORDEN"), "0");
+    EXPECT_EQ(seen(shop), success) << "and neither is this client";
 }
 
-TEST_F(AcceptanceFailuresTest, AFailingNumberIsNotUndone) {
+TEST_F(AcceptanceFailuresTest, AFailingNumberGoesUpAsTheErrorThatItIs) {
+    Prepared shop;
+    shop.connection.refuse(highestNumber, sql::provider::timeout);
+    shop.accept();
+    EXPECT_EQ(seen(shop), errorOf(sql::provider::timeout));
+}
+
+TEST_F(AcceptanceFailuresTest, AFailingNumberIsNotToldInTheWordsOfAnAcceptance) {
     Prepared shop;
     shop.connection.refuse(highestNumber);
     shop.accept();
-    EXPECT_EQ(shop.connection.log().back(), names[highestNumber]) << "no rollback follows";
+    EXPECT_EQ(seen(shop).find(wordsOfFailure), std::string::npos);
+}
+
+TEST_F(AcceptanceFailuresTest, ANumberBeyondThirtyTwoBitsLeavesNoTransaction) {
+    Prepared shop;
+    shop.change("INSERT INTO ORDEN (ORDEN_NUM) VALUES (2147483647)");
+    shop.accept();
+    EXPECT_EQ(seen(shop), errorOf(runtime::overflow));
+    EXPECT_FALSE(shop.connection.transactionOpen());
+}
+
+TEST_F(AcceptanceFailuresTest, ARollbackThatIsRefusedDoesNotHideTheNumbersError) {
+    Prepared shop;
+    shop.connection.refuse(highestNumber, sql::provider::timeout);
+    shop.connection.refuse(highestNumber + 1);
+    shop.accept();
+    EXPECT_EQ(seen(shop), errorOf(sql::provider::timeout));
+}
+
+TEST_F(AcceptanceFailuresTest, WhatIsNoErrorOfTheLanguageIsRolledBackToo) {
+    for (int operation = begin; operation <= commit; ++operation) {
+        SCOPED_TRACE(names[static_cast<std::size_t>(operation)]);
+        Prepared shop;
+        shop.connection.breakAt(operation);
+        EXPECT_THROW(shop.accept(), std::runtime_error);
+        EXPECT_FALSE(shop.connection.transactionOpen());
+        EXPECT_EQ(written(shop), writtenBefore(0));
+        EXPECT_TRUE(shop.session.Campos().fields().empty());
+        shop.connection.restore();
+        shop.screen.messages.clear();
+        shop.accept();
+        EXPECT_EQ(seen(shop), success);
+    }
+}
+
+// --- An order whose mark failed
+// -----------------------------------------------------------------------------------------
+
+TEST_F(AcceptanceFailuresTest, WhoseOwnMarkFailedDoesNotWaitForHisOwnOrder) {
+    Prepared shop;
+    for (int tries = 0; tries < 2; ++tries) {
+        shop.connection.restore();
+        shop.connection.refuse(mark);
+        shop.accept();
+        ASSERT_EQ(shop.errors.size(), 1u);
+        shop.errors.clear();
+    }
+    shop.connection.restore();
+    shop.accept();
+    EXPECT_EQ(shop.query("select ORDEN_NUM from ORDEN where ORDEN_IdDPI = 1 order by ORDEN_NUM"), "1\n2\n3");
+    EXPECT_EQ(shop.query("select DPI_Orden from DPI"), "3");
+    EXPECT_THAT(shop.clock.pauses, IsEmpty());
+    EXPECT_EQ(shop.screen.hourglasses, 0);
+}
+
+TEST_F(AcceptanceFailuresTest, AnotherClientsOrderIsWaitedForAlsoByOneWithAnOrderOfHisOwn) {
+    Prepared shop;
+    shop.connection.refuse(mark);
+    shop.accept();
+    shop.connection.restore();
+    shop.errors.clear();
+    shop.change("INSERT INTO ORDEN (ORDEN_NUM,ORDEN_IdDPI) VALUES (2,1)");
+    shop.clock.onPause = [&] { shop.change("UPDATE DPI SET DPI_FAcepta = getdate(), DPI_Orden = 2"); };
+    shop.accept();
+    EXPECT_EQ(shop.screen.texts().back(), "El presupuesto ya fue aceptado, orden de trabajo nº 2");
+    EXPECT_EQ(shop.count("ORDEN"), "2");
+    EXPECT_THAT(shop.clock.pauses, SizeIs(1));
+}
+
+TEST_F(AcceptanceFailuresTest, AFormOpenedLaterWaitsForTheOrderOfTheOneBefore) {
+    support::TemporaryFolder folder;
+    const std::string path = folder.file("taller.db");
+    {
+        Prepared shop(makeShopDatabase(path));
+        shop.connection.refuse(mark);
+        shop.accept();
+    }
+    AcceptanceShop later(openShopDatabase(path));
+    later.chooseAndAccept(1);
+    EXPECT_THAT(later.clock.pauses, SizeIs(32));
+    EXPECT_EQ(later.query("select DPI_Orden from DPI"), "2");
 }
 
 // --- The rollback itself

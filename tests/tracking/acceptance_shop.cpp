@@ -1,10 +1,11 @@
 #include "acceptance_shop.h"
 
+#include <stdexcept>
+#include <thread>
 #include <utility>
 
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
-#include "velmora/platform/runtime/dates.h"
 
 namespace velmora::tracking {
 
@@ -81,14 +82,6 @@ std::string shown(const sql::Value& value) {
     return value.isNull() ? "NULL" : value.toText();
 }
 
-std::string orEmpty(const sql::Value& value) {
-    return value.isNull() ? std::string() : value.toText();
-}
-
-std::string day(const sql::Value& value) {
-    return value.isNull() ? std::string() : runtime::Format(value.toDate(), "dd/mm/yyyy");
-}
-
 }  // namespace
 
 std::vector<std::string> AnsweringScreen::texts() const {
@@ -114,18 +107,30 @@ screen::Answer AnsweringScreen::show(const screen::MessageBox& box) {
 }
 
 void AnsweringScreen::setPointer(screen::Pointer pointer) {
-    if (pointer == screen::Pointer::hourglass) {
-        ++pauses;
-        if (onPause) {
-            onPause();
-        }
+    hourglasses += pointer == screen::Pointer::hourglass ? 1 : 0;
+}
+
+void AnsweringScreen::processEvents() {
+    ++yields;
+    if (onYield) {
+        onYield();
+    }
+}
+
+void StoppedClock::pause(std::chrono::milliseconds length) const {
+    pauses.push_back(length);
+    if (onPause) {
+        onPause();
+    }
+    if (pace != 0) {
+        std::this_thread::sleep_for(length / pace);
     }
 }
 
 void FaultPoints::restore() {
     log_.clear();
     refused_.clear();
-    lostAt_ = lostAfter_ = -1;
+    lostAt_ = lostAfter_ = brokenAt_ = -1;
     lost_ = false;
 }
 
@@ -134,6 +139,9 @@ void FaultPoints::pass(std::string_view what) {
     log_.emplace_back(what);
     if (operation == lostAt_) {
         lose();
+    }
+    if (operation == brokenAt_) {
+        throw std::runtime_error("No es un error del lenguaje");
     }
     if (lost_) {
         throw sql::DbError(sql::provider::failure, "Se perdió la conexión");
@@ -234,7 +242,7 @@ AcceptanceShop::AcceptanceShop(std::unique_ptr<sql::Connection> opened)
         fields.cboFiltroHistorico.addItem(state);
     }
     fields.cboFiltroHistorico.setListIndex(onlyPending);
-    fields.rsDpi.onMoveComplete = [this] { showRow(); };
+    fields.rsDpi.onMoveComplete = [this] { panel.rsDpi_MoveComplete(); };
 }
 
 void AcceptanceShop::list(const std::string& where) {
@@ -242,25 +250,6 @@ void AcceptanceShop::list(const std::string& where) {
         "select DPI_Id, DPI_Fecha,DPI_FAcepta,DPI_Orden,DPI_Unidades,DPI_ImpTP,DPI_CodCliente,DPI_NomCliente,dpi.* "
         "from DPI " +
         where);
-}
-
-void AcceptanceShop::showRow() {
-    const sql::Recordset& row = *fields.rsDpi;
-    if (!row.hasRows() || row.eof()) {
-        return;
-    }
-    const auto& txtPesu = fields.txtPesu;
-    const std::pair<Detail, const char*> values[] = {
-        {customerCode, "DPI_CodCliente"},   {customerName, "DPI_NomCliente"}, {customerReference, "DPI_RefCli"},
-        {customerOrder, "DPI_PedCliente"},  {materialAmount, "DPI_ImpMat"},   {labourAmount, "DPI_ImpMO"},
-        {subcontractedAmount, "DPI_ImpTS"}, {otherAmount, "DPI_ImpVA"},       {piecePrice, "DPI_ImpTP"},
-        {pieces, "dpi_unidades"},           {totalAmount, "DPI_Importe"},
-    };
-    for (const auto& [field, column] : values) {
-        txtPesu(field).setText(orEmpty(row[column]));
-    }
-    txtPesu(orderDate).setText(day(row["DPI_FPedCliente"]));
-    txtPesu(deliveryDate).setText(day(row["DPI_FechaEntrega"]));
 }
 
 void AcceptanceShop::accept() {

@@ -14,6 +14,7 @@
 #include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/platform/desk.h"
 #include "velmora/tracking/acceptance.h"
+#include "velmora/tracking/detail.h"
 
 namespace velmora::tracking {
 
@@ -24,8 +25,9 @@ class AnsweringScreen final : public screen::Screen {
     screen::Answer cutsDisc = screen::Answer::yes;
     screen::Answer cutsHub = screen::Answer::yes;
     std::vector<screen::MessageBox> messages;
-    int pauses = 0;  ///< how often the hourglass came up
-    std::function<void()> onPause;
+    int hourglasses = 0;  ///< how often it came up
+    int yields = 0;       ///< how often events that wait were let through
+    std::function<void()> onYield;
     /// Runs while a box is open, before it is answered.
     std::function<void(const screen::MessageBox&)> whileOpen;
 
@@ -35,7 +37,7 @@ class AnsweringScreen final : public screen::Screen {
     screen::Answer show(const screen::MessageBox& box) override;
     std::optional<std::size_t> search(const screen::SearchWindow&) override { return std::nullopt; }
     void setPointer(screen::Pointer pointer) override;
-    void processEvents() override {}
+    void processEvents() override;
 };
 
 /// Counts what reaches a connection, from 0: statements, begins, commits, rollbacks; keeps their log; refuses some, or
@@ -48,6 +50,8 @@ class FaultPoints final : public sql::ForwardingConnection {
     void loseAt(int operation) { lostAt_ = operation; }
     /// The operation itself still goes through.
     void loseAfter(int operation) { lostAfter_ = operation; }
+    /// Fails there as no database does: by an exception that is no run-time error.
+    void breakAt(int operation) { brokenAt_ = operation; }
     /// Runs right before the next statement that holds the text.
     void before(std::string text, std::function<void()> deed) { before_ = {std::move(text), std::move(deed)}; }
     /// Works again, and counts anew.
@@ -71,6 +75,7 @@ class FaultPoints final : public sql::ForwardingConnection {
     std::pair<std::string, std::function<void()>> before_;
     int lostAt_ = -1;
     int lostAfter_ = -1;
+    int brokenAt_ = -1;
     bool lost_ = false;
     bool open_ = false;
 };
@@ -79,6 +84,12 @@ class StoppedClock final : public system::Clock {
   public:
     runtime::Date time = runtime::Date::of(2026, 1, 15, 10);
     runtime::Date now() const override { return time; }
+
+    /// Every pause that was asked for. None of them lasts unless `pace` is set: then so many times shorter than asked.
+    mutable std::vector<std::chrono::milliseconds> pauses;
+    std::function<void()> onPause;
+    int pace = 0;
+    void pause(std::chrono::milliseconds length) const override;
 };
 
 class NoServices final : public system::Services {
@@ -150,12 +161,10 @@ class AcceptanceShop {
     session::KestraUtil oUtil{screen, connection};
     screen::Form form{"frmSeguimiento"};
     TrackingFields fields{form};
+    DetailPanel panel{fields, oUtil, screen};
     Acceptance acceptance;
     std::vector<runtime::RuntimeError> errors;
     int reloads = 0;
-
-  private:
-    void showRow();
 };
 
 }  // namespace velmora::tracking

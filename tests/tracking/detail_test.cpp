@@ -128,6 +128,48 @@ TEST_F(DetailTest, TheRowsBehindAnUnshowableOneCanStillBeReached) {
     EXPECT_EQ(measure(1), "21");
 }
 
+TEST_F(DetailTest, TheRowShownIsKeptAsItWas) {
+    EXPECT_FALSE(fields().shown.isOpen());
+    listAll();
+    const sql::Recordset first = fields().shown;
+    shop.database->execute("update DPI set DPI_RefCli=N'OTRA' where DPI_Id=1");
+    moveTo(1);
+    EXPECT_EQ(first["DPI_Id"].toLong(), 1);
+    EXPECT_EQ(first["DPI_RefCli"].toText(), "REF-1");
+    EXPECT_EQ(fields().shown["DPI_Id"].toLong(), 2);
+}
+
+TEST_F(DetailTest, NoRowCountsAsShownWhenThePanelDoesNotShowItWhole) {
+    shop.database->execute("update DPI set DPI_ImpTS=NULL where DPI_Id=2");
+    listAll();
+    EXPECT_TRUE(fields().shown.isOpen());
+    moveTo(1);
+    EXPECT_FALSE(fields().shown.isOpen());
+    EXPECT_FALSE(isEdited(fields()));
+    moveTo(0);
+    EXPECT_TRUE(fields().shown.isOpen());
+    fields().txtCriterio(numberFrom).setText("99");
+    press(fields().cmdfiltro);
+    EXPECT_FALSE(fields().shown.isOpen()) << "the panel keeps a row that the list no longer has";
+}
+
+TEST_F(DetailTest, ThePanelIsEditedOnceAFieldHoldsSomethingElse) {
+    listAll();
+    EXPECT_FALSE(isEdited(fields()));
+    for (int field = customerCode; field <= totalAmount; ++field) {
+        const std::string before = detail(field);
+        fields().txtPesu(field).setText(before + "1");
+        EXPECT_TRUE(isEdited(fields())) << field;
+        fields().txtPesu(field).setText(before);
+        EXPECT_FALSE(isEdited(fields())) << field;
+    }
+    moveTo(1);
+    EXPECT_FALSE(isEdited(fields())) << "nulls are shown as nothing";
+    goTo(fields().txtPesu(orderDate));
+    form->leaveFocus();
+    EXPECT_FALSE(isEdited(fields()));
+}
+
 // ---- The fields -------------------------------------------------------------------------------------------------
 
 TEST_F(DetailTest, DatesTakeDigitsAloneAndOtherFieldsTakeAll) {

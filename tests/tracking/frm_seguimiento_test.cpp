@@ -1,5 +1,6 @@
 #include "velmora/tracking/frm_seguimiento.h"
 
+#include <algorithm>
 #include <map>
 
 #include <gmock/gmock.h>
@@ -9,6 +10,7 @@
 namespace velmora::tracking {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -344,6 +346,7 @@ class OpeningTest : public TrackingTest {
     void spoil() { shop.database->execute("delete from PARDPI where PARDPI_DISCO=1"); }
 
     int shownForms = 0;
+    std::vector<std::string> told;  ///< to the order component
 };
 
 TEST_F(OpeningTest, TheNumbersButtonShowsTheProposalReadOnlyAndListsAnew) {
@@ -445,6 +448,31 @@ TEST_F(OpeningTest, InAnEmptyListTheKeysFailForTheUserToSee) {
     EXPECT_EQ(shownForms, 0);
 }
 
+TEST_F(OpeningTest, TheRowThatIsShownIsOpenedWhateverOthersWriteMeanwhile) {
+    shop.components.add("KOLTAR.KOLTARD", [this] { return std::make_unique<WatchedOrders>(told); });
+    // Many screens, with the proposal of the workshop in their middle.
+    for (int number = 2; number <= 200; ++number) {
+        store("DPI_Fecha", "dateadd(hour," + std::to_string(number) + ",'11/01/2026')");
+    }
+    shop.database->execute("update DPI set DPI_Orden=24001 where DPI_Id=1");
+    listAll();
+    const std::vector<std::string> before = listed();
+    const auto row = static_cast<std::size_t>(std::ranges::find(before, "000001") - before.begin());
+    ASSERT_GT(row, 50u);
+    shop.attempt([&] { fields().dbgDPI.moveToRow(row); });
+    store("DPI_Fecha", "'02/02/2026'");
+    store("DPI_Fecha", "'02/02/2026'");
+    shop.database->execute("delete from DPI where DPI_Id > 195 and DPI_Id <= 200");
+    EXPECT_EQ(listed(), before) << "scrolled from end to end";
+
+    gridKey(screen::Key::f9);
+    EXPECT_THAT(told, Contains("jLoad 24001"));
+    expectProposal("1");
+    gridKey(screen::Key::f8);
+    EXPECT_EQ(shownForms, 1);
+    EXPECT_THAT(shop.errors, IsEmpty());
+}
+
 // ---- To the order -----------------------------------------------------------------------------------------------
 
 class OrderTest : public OpeningTest {
@@ -457,7 +485,6 @@ class OrderTest : public OpeningTest {
         press(fields().cmdfiltro);
         shop.connection.clear();
     }
-    std::vector<std::string> told;
 };
 
 TEST_F(OrderTest, ItsButtonItsCellAndF9HandTheNumberOver) {

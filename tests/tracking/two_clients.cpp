@@ -1,63 +1,107 @@
-// Two processes on one database file that accept the same proposals at the same moment. No order number is ever given
-// twice, no proposal ever gets two orders, and who comes second is told.
+// Two processes on one database file: one proposal, one new order; no order number is ever given twice; what is
+// accepted is what was shown.
 //
-//   two_clients [PROPOSALS [FOLDER]]      1000 unless told, in memory where the system has a folder there
+//   two_clients STORY [TURNS]      the stories stand at the end, with the turns of their long form
 
-#include <atomic>
+#include <array>
 #include <charconv>
 #include <chrono>
-#include <filesystem>
+#include <functional>
 #include <iostream>
-#include <new>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <thread>
+#include <vector>
 
-#include <sys/mman.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "velmora/tracking/frm_seguimiento.h"
 
 #include "acceptance_shop.h"
+#include "support/two_processes.h"
 
 namespace velmora::tracking {
 namespace {
 
-/// How a client of this process has fared. Written by each client, one line.
+using support::Meeting;
+
+/// A client waits for the other's writes as long as it takes.
+constexpr std::chrono::seconds patient(30);
+
+/// How a client has fared.
 struct Tally {
     int accepted = 0;
-    int told = 0;  ///< that the other one was first
+    int told = 0;  ///< that there is no order to be had
     int wrong = 0;
     int pauses = 0;
-};
 
-/// Where the two meet before each proposal, so that they press the button at the same moment.
-class Meeting {
-  public:
-    static Meeting& shared() {
-        static Meeting* const meeting = [] {
-            void* const memory =
-                ::mmap(nullptr, sizeof(Meeting), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-            return memory == MAP_FAILED ? nullptr : new (memory) Meeting;
-        }();
-        return *meeting;
-    }
-    void meet(int turn) {
-        ++arrived_;
-        while (arrived_ < 2 * (turn + 1) && !oneIsGone_) {
-            std::this_thread::yield();
+    void expect(bool holds, const std::string& what) {
+        if (!holds) {
+            ++wrong;
+            std::cerr << "wrong: " << what << '\n';
         }
     }
-    void leave() { oneIsGone_ = true; }
+};
 
-  private:
-    std::atomic<int> arrived_ = 0;
-    std::atomic<bool> oneIsGone_ = false;
+/// Runs the clients, shows how each has fared, and gives the sum. A client that ended early counts as wrong.
+Tally sumOf(Meeting& meeting, const std::vector<std::function<Tally()>>& clients) {
+    const auto begun = std::chrono::steady_clock::now();
+    Tally total;
+    for (const std::optional<Tally>& each : support::runTogether<Tally>(meeting, clients)) {
+        if (!each) {
+            ++total.wrong;
+            continue;
+        }
+        std::cout << "client: accepted " << each->accepted << ", told " << each->told << ", paused " << each->pauses
+                  << " times, wrong " << each->wrong << '\n';
+        total.accepted += each->accepted;
+        total.told += each->told;
+        total.wrong += each->wrong;
+    }
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begun;
+    std::cout << "seconds: " << static_cast<int>(seconds.count()) << '\n';
+    return total;
+}
+
+struct Figure {
+    const char* what;
+    std::string statement;
+    int expected;
+};
+
+/// Shows each figure; true when all are as expected.
+bool hold(const std::string& path, const std::vector<Figure>& figures) {
+    AcceptanceShop shop(openShopDatabase(path));
+    bool good = true;
+    for (const Figure& figure : figures) {
+        const std::string expected = std::to_string(figure.expected);
+        const std::string found = shop.query(figure.statement);
+        std::cout << figure.what << ": " << found << (found == expected ? "" : ", not " + expected) << '\n';
+        good = good && found == expected;
+    }
+    return good;
+}
+
+std::string lastWords(const AcceptanceShop& shop) {
+    return shop.errors.empty() ? shop.screen.messages.empty() ? "" : shop.screen.messages.back().text
+                               : shop.errors.back().description();
+}
+
+bool isAccepted(const std::string& words) {
+    return words.starts_with("Presupuesto Aceptado");
+}
+
+// --- Both accept the same proposals ----------------------------------------------------------------------------------
+
+/// What a race is run with.
+struct Race {
+    int pace = 1;  ///< pauses are so many times shorter than a user's
+    /// What the first client, or somebody before it, has left of a proposal on its list before both press the button.
+    std::function<void(AcceptanceShop&, std::int32_t proposal)> leave;
 };
 
 /// The rows of all proposals as they stood before the race, on which both clients work: stale from the first one on.
 std::vector<sql::Row> staleRows(AcceptanceShop& shop, std::vector<sql::Column>& columns) {
     shop.list(" order by DPI_Id");
-    sql::Recordset& rows = *shop.fields.rsDpi;
+    sql::Recordset rows = shop.fields.rsDpi->clone();
     columns = rows.columns();
     std::vector<sql::Row> all;
     for (; !rows.eof(); rows.moveNext()) {
@@ -70,45 +114,31 @@ std::vector<sql::Row> staleRows(AcceptanceShop& shop, std::vector<sql::Column>& 
     return all;
 }
 
-Tally race(const std::string& path) {
-    AcceptanceShop shop(openShopDatabase(path, std::chrono::seconds(30)));
+Tally race(const std::string& path, Meeting& meeting, const Race& race, bool isFirst) {
+    AcceptanceShop shop(openShopDatabase(path, patient));
+    shop.clock.pace = race.pace;
     shop.fields.txtCriterio(numberFrom).setText("1");
     std::vector<sql::Column> columns;
     const std::vector<sql::Row> rows = staleRows(shop, columns);
     Tally tally;
-    int turn = 0;
     for (const sql::Row& row : rows) {
+        shop.fields.rsDpi = sql::Recordset(sql::rowsInMemory(columns, {row}));
+        if (isFirst && race.leave) {
+            race.leave(shop, (*shop.fields.rsDpi)["DPI_Id"].toLong());
+        }
+        shop.connection.restore();
         shop.screen.messages.clear();
         shop.errors.clear();
-        shop.fields.rsDpi = sql::Recordset(sql::rowsInMemory(columns, {row}));
-        Meeting::shared().meet(turn++);
+        meeting.meet();
         shop.accept();
-        const std::string last = shop.screen.messages.empty() ? "" : shop.screen.messages.back().text;
-        if (last.starts_with("Presupuesto Aceptado")) {
-            ++tally.accepted;
-        } else if (last.starts_with("El presupuesto ya fue aceptado")) {
-            ++tally.told;
-        } else {
-            ++tally.wrong;
-            std::cerr << last << '\n';
-            for (const std::string& text : shop.errorTexts()) {
-                std::cerr << text << '\n';
-            }
-        }
+        const std::string words = lastWords(shop);
+        const bool isTold = words.starts_with("El presupuesto ya fue aceptado");
+        tally.accepted += isAccepted(words) ? 1 : 0;
+        tally.told += isTold ? 1 : 0;
+        tally.expect(isAccepted(words) || isTold, words);
     }
-    tally.pauses = shop.screen.pauses;
+    tally.pauses = static_cast<int>(shop.clock.pauses.size());
     return tally;
-}
-
-pid_t startClient(const std::string& path, const int (&result)[2]) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const Tally tally = race(path);
-        Meeting::shared().leave();
-        const bool written = ::write(result[1], &tally, sizeof tally) == sizeof tally;
-        ::_exit(written ? 0 : 1);
-    }
-    return child;
 }
 
 void fill(const std::string& path, int proposals) {
@@ -121,85 +151,348 @@ void fill(const std::string& path, int proposals) {
     database->commitTrans();
 }
 
-/// Says what is wrong; true when nothing is.
-bool check(const std::string& path, int proposals) {
-    AcceptanceShop shop(openShopDatabase(path));
-    const std::string all = std::to_string(proposals);
-    struct Row {
-        const char* what;
-        const char* statement;
-        std::string expected;
-    };
-    const Row rows[] = {
-        {"orders", "select count(*) from ORDEN", all},
-        {"numbers given", "select count(distinct ORDEN_NUM) from ORDEN", all},
-        {"highest number", "select max(ORDEN_NUM) from ORDEN", all},
-        {"proposals with an order", "select count(distinct ORDEN_IdDPI) from ORDEN", all},
-        {"proposals that know their order",
-         "select count(*) from DPI inner join ORDEN on DPI_Orden = ORDEN_NUM where ORDEN_IdDPI = DPI_Id and not "
-         "DPI_FAcepta is null",
-         all},
-        {"sprockets", "select count(distinct Opi_OrdId) from OrdPiñones", all},
-        {"materials", "select count(*) from Mat", std::to_string(2 * proposals)},
-        {"route rows", "select count(*) from RUT", std::to_string(3 * proposals)},
-    };
-    bool good = true;
-    for (const Row& row : rows) {
-        const std::string found = shop.query(row.statement);
-        std::cout << row.what << ": " << found << (found == row.expected ? "" : ", not " + row.expected) << '\n';
-        good = good && found == row.expected;
-    }
-    return good;
+/// `leftovers` is how many orders of each proposal lie there before the race.
+bool run(const Race& options, int proposals, int leftovers) {
+    const support::FolderForAll folder;
+    const std::string path = folder.file("taller.db");
+    fill(path, proposals);
+    Meeting meeting(2);
+    const Tally total = sumOf(meeting, {[&] { return race(path, meeting, options, true); },
+                                        [&] { return race(path, meeting, options, false); }});
+    const int orders = proposals * (1 + leftovers);
+    const bool holds =
+        hold(path, {
+                       {"orders", "select count(*) from ORDEN", orders},
+                       {"numbers given", "select count(distinct ORDEN_NUM) from ORDEN", orders},
+                       {"highest number", "select max(ORDEN_NUM) from ORDEN", orders},
+                       {"proposals with an order", "select count(distinct ORDEN_IdDPI) from ORDEN", proposals},
+                       {"proposals that know their order",
+                        "select count(*) from DPI inner join ORDEN on DPI_Orden = ORDEN_NUM where "
+                        "ORDEN_IdDPI = DPI_Id and not DPI_FAcepta is null",
+                        proposals},
+                       {"sprockets", "select count(distinct Opi_OrdId) from OrdPiñones", proposals},
+                       {"materials", "select count(*) from Mat", 2 * proposals},
+                       {"route rows", "select count(*) from RUT", 3 * proposals},
+                   });
+    return holds && total.wrong == 0 && total.accepted == proposals && total.told == proposals;
 }
 
-int run(int proposals, const std::filesystem::path& place) {
-    const std::filesystem::path folder = place / ("velmora-two-clients-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder);
-    const std::string path = (folder / "taller.db").string();
-    fill(path, proposals);
+bool sameProposal(int turns) {
+    return run({}, turns, 0);
+}
 
-    int result[2];
-    if (::pipe(result) != 0) {
-        return 1;
+/// Both find the order of an earlier failure, and wait for it as long as the other.
+bool leftoverOrder(int turns) {
+    const Race options{.pace = 10, .leave = [](AcceptanceShop& shop, std::int32_t proposal) {
+                           shop.change("INSERT INTO ORDEN (ORDEN_NUM,ORDEN_IdDPI) select isnull(max(ORDEN_NUM),0)+1," +
+                                       std::to_string(proposal) + " from ORDEN");
+                       }};
+    return run(options, turns, 1);
+}
+
+/// The mark of the first client's own order has just failed: it does not wait, the other does.
+bool ownLeftoverOrder(int turns) {
+    const Race options{.pace = 10, .leave = [](AcceptanceShop& shop, std::int32_t) {
+                           shop.connection.before("UPDATE DPI", [] {
+                               throw sql::DbError(sql::provider::timeout, "La marca no se pudo escribir");
+                           });
+                           shop.accept();
+                       }};
+    return run(options, turns, 1);
+}
+
+// --- A list is scrolled while the other writes -----------------------------------------------------------------------
+
+/// What the other client does with the proposal that is shown.
+enum class Meanwhile { leavesIt, acceptsIt, changesIt, deletesIt };
+
+Meanwhile meanwhile(int turn) {
+    constexpr std::array deeds{Meanwhile::leavesIt,  Meanwhile::acceptsIt, Meanwhile::leavesIt,
+                               Meanwhile::changesIt, Meanwhile::leavesIt,  Meanwhile::deletesIt};
+    return deeds[static_cast<std::size_t>(turn) % deeds.size()];
+}
+
+/// How the reader is told.
+const char* wordsOf(Meanwhile deed) {
+    switch (deed) {
+        case Meanwhile::leavesIt:
+            return "Presupuesto Aceptado";
+        case Meanwhile::acceptsIt:
+            return "El presupuesto ya fue aceptado";
+        case Meanwhile::changesIt:
+            return "El presupuesto ha sido modificado";
+        case Meanwhile::deletesIt:
+            return "El presupuesto ya no existe";
     }
-    Meeting::shared();
-    const auto begun = std::chrono::steady_clock::now();
-    const pid_t clients[2] = {startClient(path, result), startClient(path, result)};
-    ::close(result[1]);
-    Tally total;
-    for (Tally each; ::read(result[0], &each, sizeof each) == sizeof each;) {
-        std::cout << "client: accepted " << each.accepted << ", told " << each.told << ", gave way " << each.pauses
-                  << " times, wrong " << each.wrong << '\n';
-        total.accepted += each.accepted;
-        total.told += each.told;
-        total.wrong += each.wrong;
+    return "";
+}
+
+constexpr int firstProposals = 300;  ///< many screens of a list
+constexpr int meetings = 4;          ///< of a turn
+
+/// A proposal whose teeth, customer's name and reference tell its number; each is a minute younger than the one before.
+void addTelling(sql::Connection& connection) {
+    connection.beginTrans();
+    const int id = addProposal(connection);
+    const std::string number = std::to_string(id);
+    constexpr int dayOfMinutes = 24 * 60;
+    const std::string date = std::to_string(10 + id / dayOfMinutes) + "/01/2026 " +
+                             std::to_string(id % dayOfMinutes / 60) + ":" + std::to_string(id % 60) + ":00";
+    connection.execute("UPDATE DPI SET DPI_Z = " + number + ", DPI_NomCliente = N'C-" + number +
+                       "', DPI_RefCli = N'R-" + number + "', DPI_Fecha = '" + date + "' where DPI_Id = " + number);
+    connection.commitTrans();
+}
+
+/// A user of the real form: looks at a row of the list, clicks it, scrolls, accepts it.
+class Reader {
+  public:
+    Reader(const std::string& path, Meeting& meeting, std::int32_t& seen)
+        : shop_(openShopDatabase(path, patient)), form_(shop_.session, shop_.desk), meeting_(meeting), seen_(seen) {
+        shop_.clock.pace = 10;
     }
-    for (const pid_t client : clients) {
-        int status = 0;
-        ::waitpid(client, &status, 0);
-        total.wrong += status == 0 ? 0 : 1;
+
+    Tally work(int turns) {
+        for (int turn = 0; turn < turns; ++turn) {
+            met_ = 0;
+            try {
+                play(turn);
+            } catch (const runtime::RuntimeError& error) {
+                tally_.expect(false, error.description());
+            }
+            while (met_ < meetings) {
+                meet();
+            }
+        }
+        tally_.pauses = static_cast<int>(shop_.clock.pauses.size());
+        return tally_;
     }
-    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begun;
-    std::cout << "seconds: " << static_cast<int>(seconds.count()) << '\n';
-    const bool good =
-        check(path, proposals) && total.wrong == 0 && total.accepted == proposals && total.told == proposals;
-    std::filesystem::remove_all(folder);
-    return good ? 0 : 1;
+
+  private:
+    void play(int turn) {
+        TrackingFields& f = form_.fields();
+        const Meanwhile deed = meanwhile(turn);
+        f.txtCriterio(numberFrom).setText("");
+        f.cboFiltroHistorico.setListIndex(onlyPending);
+        f.cmdfiltro.onClick();
+        const std::size_t row = 5 + static_cast<std::size_t>(turn) * 37 % 200;
+        seen_ = numberAt(row);
+        meet();
+        meet();  // rows were stored, deleted and accepted around it
+        scroll();
+        expectShown(row, "scrolled");
+        f.dbgDPI.moveToRow(row);
+        expectPanel("clicked");
+        meet();
+        if (deed != Meanwhile::leavesIt) {
+            meet();
+        }
+        scroll();
+        expectShown(row, "before the button");
+        expectPanel("before the button");
+        f.txtPesu(customerOrder).setText("PEDIDO " + std::to_string(turn));
+        accept(deed);
+        if (deed != Meanwhile::leavesIt) {
+            expectPanel("told");
+            tally_.expect(f.txtPesu(customerOrder).text() == "PEDIDO " + std::to_string(turn),
+                          "what was typed is gone");
+        }
+    }
+
+    void meet() {
+        meeting_.meet();
+        ++met_;
+    }
+
+    std::int32_t numberAt(std::size_t row) {
+        const std::string text = form_.fields().dbgDPI.cellText(row, 1);
+        std::int32_t number = 0;
+        std::from_chars(text.data(), text.data() + text.size(), number);
+        return number;
+    }
+
+    void scroll() {
+        const std::size_t rows = form_.fields().dbgDPI.rowCount();
+        for (std::size_t row = 0; row < rows; row += 20) {
+            numberAt(row);
+        }
+        numberAt(0);
+    }
+
+    void expectShown(std::size_t row, const std::string& when) {
+        const std::int32_t now = numberAt(row);
+        tally_.expect(now == seen_,
+                      when + ": the list shows " + std::to_string(now) + " where it showed " + std::to_string(seen_));
+    }
+
+    void expectPanel(const std::string& when) {
+        const auto& txtPesu = form_.fields().txtPesu;
+        const std::string number = std::to_string(seen_);
+        tally_.expect(
+            txtPesu(customerName).text() == "C-" + number && txtPesu(customerReference).text() == "R-" + number,
+            when + ": the panel shows " + txtPesu(customerName).text() + ", " + txtPesu(customerReference).text() +
+                " of " + number);
+    }
+
+    void accept(Meanwhile deed) {
+        shop_.connection.restore();
+        shop_.screen.messages.clear();
+        form_.fields().XPButton1.onClick();
+        const std::string words = lastWords(shop_);
+        tally_.accepted += isAccepted(words) ? 1 : 0;
+        tally_.told += isAccepted(words) ? 0 : 1;
+        tally_.expect(words.starts_with(wordsOf(deed)), words);
+        const std::string number = std::to_string(seen_);
+        const bool hasOrder = deed == Meanwhile::leavesIt || deed == Meanwhile::acceptsIt;
+        const std::string order = shop_.query("select ORDEN_NOM,ORDEN_REF from ORDEN where ORDEN_IdDPI = " + number);
+        tally_.expect(order == (hasOrder ? "C-" + number + "|R-" + number : ""), number + " has the order " + order);
+    }
+
+    Tally tally_;
+    AcceptanceShop shop_;
+    frmSeguimiento form_;
+    Meeting& meeting_;
+    std::int32_t& seen_;
+    int met_ = 0;
+};
+
+/// The other client, who writes around the proposal that the reader has seen, and to it.
+class Writer {
+  public:
+    Writer(const std::string& path, Meeting& meeting, const std::int32_t& seen)
+        : shop_(openShopDatabase(path, patient)), meeting_(meeting), seen_(seen) {
+        shop_.clock.pace = 10;
+        shop_.fields.txtCriterio(numberFrom).setText("1");
+    }
+
+    Tally work(int turns) {
+        for (int turn = 0; turn < turns; ++turn) {
+            meeting_.meet();
+            writeAround();
+            meeting_.meet();
+            meeting_.meet();
+            writeTo(meanwhile(turn));
+            meeting_.meet();
+        }
+        tally_.pauses = static_cast<int>(shop_.clock.pauses.size());
+        return tally_;
+    }
+
+  private:
+    void writeTo(Meanwhile deed) {
+        const std::string number = std::to_string(seen_);
+        switch (deed) {
+            case Meanwhile::leavesIt:
+                return writeAround();
+            case Meanwhile::acceptsIt:
+                return accept(seen_);
+            case Meanwhile::changesIt:
+                return shop_.change("UPDATE DPI SET DPI_ImpTP = DPI_ImpTP + 1 where DPI_Id = " + number);
+            case Meanwhile::deletesIt:
+                return shop_.change("delete from DPI where DPI_Id = " + number);
+        }
+    }
+
+    void writeAround() {
+        for (int stored = 0; stored < 3; ++stored) {
+            addTelling(*shop_.database);
+        }
+        shop_.change("delete from DPI where DPI_Id = " + std::to_string(another("max")));
+        accept(another("max"));
+        accept(another("min"));
+    }
+
+    std::int32_t another(const std::string& which) {
+        return shop_.database
+            ->execute("select " + which + "(DPI_Id) from DPI where DPI_FAcepta is null and DPI_Id <> " +
+                      std::to_string(seen_))[0]
+            .toLong();
+    }
+
+    void accept(std::int32_t proposal) {
+        shop_.connection.restore();
+        shop_.screen.messages.clear();
+        shop_.errors.clear();
+        shop_.chooseAndAccept(proposal);
+        const std::string words = lastWords(shop_);
+        tally_.accepted += isAccepted(words) ? 1 : 0;
+        tally_.expect(isAccepted(words), words);
+    }
+
+    Tally tally_;
+    AcceptanceShop shop_;
+    Meeting& meeting_;
+    const std::int32_t& seen_;
+};
+
+bool scrolledList(int turns) {
+    const support::FolderForAll folder;
+    const std::string path = folder.file("taller.db");
+    {
+        const auto database = makeShopDatabase(path);
+        for (int made = 0; made < firstProposals + 2 * turns; ++made) {
+            addTelling(*database);
+        }
+    }
+    Meeting meeting(2);
+    support::Shared<std::int32_t> seen;
+    const Tally total = sumOf(meeting, {[&] { return Reader(path, meeting, *seen).work(turns); },
+                                        [&] { return Writer(path, meeting, *seen).work(turns); }});
+    const bool holds = hold(
+        path,
+        {
+            {"orders", "select count(*) from ORDEN", total.accepted},
+            {"numbers given", "select count(distinct ORDEN_NUM) from ORDEN", total.accepted},
+            {"proposals with an order", "select count(distinct ORDEN_IdDPI) from ORDEN", total.accepted},
+            {"orders of another customer",
+             "select count(*) from ORDEN inner join DPI on ORDEN_IdDPI = DPI_Id where ORDEN_NOM <> DPI_NomCliente", 0},
+            {"sprockets of another proposal",
+             "select count(*) from OrdPiñones inner join ORDEN on Opi_OrdId = ORDEN_ID inner join DPI on "
+             "ORDEN_IdDPI = DPI_Id where Opi_Die <> DPI_Z",
+             0},
+            {"references of another proposal",
+             "select count(*) from DPI where not DPI_FAcepta is null and substring(DPI_NomCliente,2,20) "
+             "<> substring(DPI_RefCli,2,20)",
+             0},
+        });
+    int accepted = 0;
+    for (int turn = 0; turn < turns; ++turn) {
+        accepted += meanwhile(turn) == Meanwhile::leavesIt ? 1 : 0;
+    }
+    return holds && total.wrong == 0 && total.told == turns - accepted;
+}
+
+struct Story {
+    std::string_view name;
+    bool (*play)(int turns);
+    int turns;  ///< of the long form
+};
+
+constexpr std::array stories{
+    Story{"same_proposal", sameProposal, 1000},
+    Story{"leftover_order", leftoverOrder, 500},
+    Story{"own_leftover_order", ownLeftoverOrder, 500},
+    Story{"scrolled_list", scrolledList, 500},
+};
+
+bool play(std::string_view name, int turns) {
+    for (const Story& story : stories) {
+        if (story.name == name) {
+            std::cout << "-- " << name << '\n';
+            return story.play(turns > 0 ? turns : story.turns);
+        }
+    }
+    std::cerr << "no such story\n";
+    return false;
 }
 
 }  // namespace
 }  // namespace velmora::tracking
 
 int main(int argc, char** argv) {
-    int proposals = 1000;
-    if (argc > 1) {
-        const std::string_view text(argv[1]);
-        std::from_chars(text.data(), text.data() + text.size(), proposals);
+    int turns = 0;
+    if (argc > 2) {
+        const std::string_view text(argv[2]);
+        std::from_chars(text.data(), text.data() + text.size(), turns);
     }
-    const std::filesystem::path inMemory = "/dev/shm";
-    const std::filesystem::path place = argc > 2 ? std::filesystem::path(argv[2])
-                                        : std::filesystem::is_directory(inMemory)
-                                            ? inMemory
-                                            : std::filesystem::temp_directory_path();
-    return velmora::tracking::run(proposals, place);
+    return argc > 1 && velmora::tracking::play(argv[1], turns) ? 0 : 1;
 }

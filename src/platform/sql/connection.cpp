@@ -1,5 +1,7 @@
 #include "velmora/platform/sql/connection.h"
 
+#include <exception>
+
 namespace velmora::sql {
 
 Transaction::~Transaction() {
@@ -8,7 +10,7 @@ Transaction::~Transaction() {
     }
     try {
         connection_.rollbackTrans();
-    } catch (const runtime::RuntimeError&) {
+    } catch (const std::exception&) {
         // The engine undoes an open transaction itself when its connection is gone; a destructor has nobody to tell.
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 // The machine around the program: the clock, folders, files and the programs that open them.
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@ class Clock {
   public:
     virtual ~Clock() = default;
     virtual runtime::Date now() const = 0;
+    /// Returns when so much time has passed. The machine's time, unless a clock of its own makes it pass otherwise.
+    virtual void pause(std::chrono::milliseconds time) const;
 };
 
 /// The machine's local time.

@@ -1,8 +1,13 @@
 #include <ctime>
+#include <thread>
 
 #include "velmora/platform/system/system.h"
 
 namespace velmora::system {
+
+void Clock::pause(std::chrono::milliseconds time) const {
+    std::this_thread::sleep_for(time);
+}
 
 runtime::Date SystemClock::now() const {
     const std::time_t moment = std::time(nullptr);

@@ -1,5 +1,7 @@
 #include "velmora/platform/sql/recordset.h"
 
+#include <stdexcept>
+
 #include <gtest/gtest.h>
 
 #include "velmora/platform/runtime/errors.h"
@@ -236,12 +238,16 @@ class RecordingConnection final : public Connection {
         if (refuses) {
             throw DbError(provider::failure, "no");
         }
+        if (breaks) {
+            throw std::runtime_error("no error of the database");
+        }
     }
     std::string currentCatalog() const override { return "VELMORA"; }
     bool isAlive() override { return true; }
 
     std::string log;
     bool refuses = false;
+    bool breaks = false;  ///< the rollback
 };
 
 }  // namespace
@@ -288,6 +294,20 @@ TEST(TransactionTest, ADestructorDoesNotThrow) {
     RecordingConnection connection;
     connection.refuses = true;
     EXPECT_NO_THROW({ const Transaction transaction(connection); });
+    connection.refuses = false;
+    connection.breaks = true;
+    EXPECT_NO_THROW({ const Transaction transaction(connection); });
+}
+
+TEST(TransactionTest, WhateverEndsItEarlyRollsBack) {
+    RecordingConnection connection;
+    try {
+        const Transaction transaction(connection);
+        throw std::runtime_error("no error of the language");
+    } catch (const std::runtime_error&) {
+        connection.log += "seen ";
+    }
+    EXPECT_EQ(connection.log, "begin rollback seen ");
 }
 
 TEST(ForwardingConnectionTest, PassesEverythingOn) {
