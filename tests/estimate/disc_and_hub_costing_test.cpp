@@ -551,6 +551,30 @@ TEST_F(DiscAndHubCostingTest, TheCaptionsOfTheProcessFollowTheExteriorAsItChange
     EXPECT_EQ(fields().lblDiscoProceso.foreColor(), 0xFF0000);
 }
 
+TEST_F(DiscAndHubCostingTest, WithoutAnExteriorTheCaptionsOfTheProcessAreHiddenFromTheFirstMomentOn) {
+    const auto shown = [this] { return fields().lblCuboProceso.visible() || fields().lblDiscoProceso.visible(); };
+    closeForm();
+    EXPECT_FALSE(shown()) << "as the form opens";
+    for (const char* none : {"0", "0,00", "", "x"}) {
+        fields().Text1(15).setText("100");
+        EXPECT_TRUE(shown());
+        fields().Text1(15).setText(none);
+        EXPECT_FALSE(shown()) << none;
+    }
+    fields().Text1(15).setText("0");
+    costing().msCalcularCubo();
+    EXPECT_FALSE(shown()) << "nor does the costing of one piece show them";
+}
+
+TEST_F(DiscAndHubCostingTest, TheCaptionsOfTheProcessAreBlueWheneverTheyAreShown) {
+    fields().lblCuboProceso.setForeColor(screen::colors::black);
+    fields().Text1(15).setText("100");
+    fields().lblCuboProceso.setForeColor(screen::colors::black);
+    costing().msCalcularCubo();
+    EXPECT_TRUE(fields().lblCuboProceso.visible());
+    EXPECT_EQ(fields().lblCuboProceso.foreColor(), screen::colors::blue);
+}
+
 TEST_F(DiscAndHubCostingTest, CaptionsThatWaitedForTheCostingWouldStillShowTheOldProcess) {
     fields().Text1(15).setText("100");
     fields().Text1(15).setText("200");
