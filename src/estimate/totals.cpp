@@ -185,6 +185,11 @@ void Totals::sumHub(ErrorTrap& trap) {
     msRecalcularImportes(5);
 }
 
+void Totals::txtPesu_Change(int Index) {
+    f_.noteChange(f_.txtPesu(Index));
+    msRecalcularImportes(Index);
+}
+
 void Totals::txtPesu_KeyPress(int Index, screen::KeyPress& key) {
     if (among(numericKeys, Index)) {
         oUtil_.TeclaCampo(f_.txtPesu(Index), key, false);
@@ -192,6 +197,7 @@ void Totals::txtPesu_KeyPress(int Index, screen::KeyPress& key) {
 }
 
 void Totals::txtPesu_LostFocus(int Index) {
+    const TypedFields::ProgramWrites masks(f_.typed);
     TextBox& box = f_.txtPesu(Index);
     if (!among(maskedOnLeaving, Index)) {
         oUtil_.SalirCampo(box);
@@ -226,6 +232,12 @@ void Totals::msMostrarFormula() {
     f_.lblFormulaPeso.setCaption(words);
     // Chosen C-003: the stock pieces' own weights are not worked out again here: nothing shows or keeps them.
     f_.txtPesu(17).setText(Format(a - b, amountMask));
+}
+
+void Totals::clearFormula() {
+    f_.txtPesu(17).setToolTip("");
+    f_.lblFormulaPeso.setCaption("");
+    f_.txtPesu(17).setText("0,00");
 }
 
 }  // namespace velmora::estimate

@@ -18,8 +18,10 @@ class Totals {
 
     /// The approximate weight of the finished piece, in txtPesu(17) and in words beside it.
     void msMostrarFormula();
+    /// No approximate weight: "0,00" and no words.
+    void clearFormula();
 
-    void txtPesu_Change(int Index) { msRecalcularImportes(Index); }
+    void txtPesu_Change(int Index);
     void txtPesu_KeyPress(int Index, screen::KeyPress& key);
     /// What leaving a field of txtPesu does but the customer's look-up: the mask, and zero for what is no number.
     void txtPesu_LostFocus(int Index);

@@ -310,6 +310,15 @@ TEST_F(TotalsTest, TheApproximateWeightIsToldInWordsWithTheLocalesComma) {
     EXPECT_EQ(amount(17), "16,50");
 }
 
+TEST_F(TotalsTest, AClearedApproximateWeightHasNoWords) {
+    enterLargeSprocket();
+    totals().msMostrarFormula();
+    totals().clearFormula();
+    EXPECT_EQ(box(17).toolTip(), "");
+    EXPECT_EQ(fields().lblFormulaPeso.caption(), "");
+    EXPECT_EQ(amount(17), "0,00");
+}
+
 TEST_F(TotalsTest, AMeasureThatIsNoNumberCountsNothingInTheApproximateWeight) {
     for (const int i : {1, 2, 7, 9, 10, 15, 16, 17}) {
         fields().Text1(i).setText("x");
