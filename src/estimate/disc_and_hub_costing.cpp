@@ -294,6 +294,9 @@ void DiscAndHubCosting::Text4_LostFocus(int Index) {
     }
     if (Index >= 50 && Index <= 52) {
         writeRackWeight();
+        // Kept K-175: while a size is typed the bar is priced with the cut of the size before; its weight follows each
+        // key.
+        totals_.writeRackCut();
         totals_.msRecalcularImportes(52);
     } else if (Index >= 53 && Index <= 56) {
         totals_.msRecalcularImportes(56);

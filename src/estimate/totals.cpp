@@ -107,6 +107,17 @@ double Totals::hubCut() {
     return data::hasTwinHubs(f_.type()) ? oneCut + oneCut : oneCut;
 }
 
+double Totals::rackCut() {
+    return std::max(number(f_.Text4(50)), number(f_.Text4(52))) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCre));
+}
+
+void Totals::writeRackCut() {
+    ErrorTrap trap;
+    if (f_.rsMatCre->isOpen() && f_.rsMatCre->hasRows()) {
+        trap([&] { f_.txtPesu(55).setText(Format(rackCut(), amountMask)); });
+    }
+}
+
 double Totals::writeHubCut(ErrorTrap& trap) {
     double x = 0;
     if (trap.condition([&] { return number(f_.Text4(5)) > 0; })) {
@@ -136,7 +147,11 @@ void Totals::sumRack(ErrorTrap& trap) {
 }
 
 void Totals::sumMaterial(ErrorTrap& trap) {
-    trap([&] { put(f_.txtPesu(7), round2(number(f_.txtPesu(22)) + number(f_.txtPesu(25)))); });
+    // Differs D-008: a rack's material is its bar, whatever stands in the hidden lines of disc and hub.
+    const auto material = [&] {
+        return data::isRack(f_.type()) ? number(f_.txtPesu(57)) : number(f_.txtPesu(22)) + number(f_.txtPesu(25));
+    };
+    trap([&] { put(f_.txtPesu(7), round2(material())); });
     sumPiece(trap);
 }
 

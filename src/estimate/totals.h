@@ -29,6 +29,10 @@ class Totals {
     /// The saw's cut of the hub's material (€), two cuts for a piece with two hubs; from Text4(2). Error 13 when
     /// that is no number.
     double hubCut();
+    /// The saw's cut of a rack's bar (€), along the larger of Text4(50) and (52). Error 13 when one is no number.
+    double rackCut();
+    /// Writes it into txtPesu(55); nothing without a material. No error leaves it.
+    void writeRackCut();
 
   private:
     void voidHub(runtime::ErrorTrap& trap);

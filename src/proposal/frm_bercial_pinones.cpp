@@ -36,7 +36,7 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       totals_(f_, cutPrices_, weights_, oUtil_),
       costing_(f_, cutPrices_, weights_, totals_, oUtil_),
       doubles_(f_, session, desk.screen),
-      rack_(f_, cutPrices_, desk.screen),
+      rack_(f_, totals_, desk.screen),
       geometry_(f_, {constants_, costing_, materials_, doubles_, rack_, totals_}, desk.screen, oUtil_),
       presentation_(f_),
       gears_(f_, presentation_, materials_, session),
