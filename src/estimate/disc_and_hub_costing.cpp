@@ -127,18 +127,23 @@ void DiscAndHubCosting::onePiece() {
                          &f_.txtPesu(25)}) {
         box->setText("0");
     }
-    f_.lblCuboProceso.setVisible(true);
+    showProcess(f_.lblCuboProceso);
     f_.fraMatDisco.setCaption("Material del Piñon");
     put(f_.txtPesu(16), discCut());
 }
 
 // Chosen C-004: the captions follow the exterior diameter as it changes.
 void DiscAndHubCosting::msMostrarProcesoCubo() {
-    const bool onePiece = runtime::IsNumeric(f_.Text1(15).text()) && number(f_.Text1(15)) <= onePieceLimit;
-    for (Label* label : {&f_.lblCuboProceso, &f_.lblDiscoProceso}) {
-        label->setVisible(onePiece);
-        label->setForeColor(screen::colors::blue);
-    }
+    showProcess(f_.lblCuboProceso);
+    showProcess(f_.lblDiscoProceso);
+}
+
+// Differs D-012: a piece without an exterior is not said to be one round: neither caption is seen before a measure is
+// there, from the making of the form on.
+void DiscAndHubCosting::showProcess(Label& caption) const {
+    const double exterior = numberOrZero(f_.Text1(15));
+    caption.setForeColor(screen::colors::blue);
+    caption.setVisible(exterior > 0 && exterior <= onePieceLimit);
 }
 
 void DiscAndHubCosting::showInnerDiameter(const sql::Recordset& material, TextBox& box, Label& label) {
@@ -289,6 +294,9 @@ void DiscAndHubCosting::Text4_LostFocus(int Index) {
     }
     if (Index >= 50 && Index <= 52) {
         writeRackWeight();
+        // Kept K-175: while a size is typed the bar is priced with the cut of the size before; its weight follows each
+        // key.
+        totals_.writeRackCut();
         totals_.msRecalcularImportes(52);
     } else if (Index >= 53 && Index <= 56) {
         totals_.msRecalcularImportes(56);

@@ -13,7 +13,9 @@ class DiscAndHubCosting {
   public:
     DiscAndHubCosting(FieldMap& fields, CutPrices& cutPrices, const Weights& weights, Totals& totals,
                       session::KestraUtil& util)
-        : f_(fields), cutPrices_(cutPrices), weights_(weights), totals_(totals), oUtil_(util) {}
+        : f_(fields), cutPrices_(cutPrices), weights_(weights), totals_(totals), oUtil_(util) {
+        msMostrarProcesoCubo();
+    }
 
     /// Cut sizes of the disc. Nothing while a save runs. Error 13 when a measure is no number.
     void msCalcularDisco();
@@ -23,7 +25,7 @@ class DiscAndHubCosting {
     void msCalcularGrueso();
     /// The cut cost of the disc. No error leaves it. Nothing calls it at present.
     void msCorteDisco();
-    /// Captions that tell a one-piece round.
+    /// Captions that tell a one-piece round: blue, hidden above the one-piece limit and without an exterior.
     void msMostrarProcesoCubo();
 
     void rsMatDisco_MoveComplete();
@@ -39,6 +41,7 @@ class DiscAndHubCosting {
   private:
     double discCut();
     void onePiece();
+    void showProcess(Label& caption) const;
     void discAndHub(const TextBox& hubLength);
     void priceHub();
     void discChanged();

@@ -1,5 +1,6 @@
 #include "velmora/estimate/double_sprockets.h"
 
+#include <algorithm>
 #include <array>
 
 #include "velmora/platform/runtime/numbers.h"
@@ -20,6 +21,24 @@ constexpr std::array measuresBeforeHeight{
     Measure{3, "PDM_dp"},   Measure{4, "PDM_DF"}, Measure{15, "PDM_de"},     Measure{16, "PDM_dm"},
     Measure{17, "PDM_a"},   Measure{5, "PDM_b1"},
 };
+
+/// A field of a sketch and the field of Text1 that it repeats.
+struct Repeated {
+    int sketch;
+    int field;
+};
+
+constexpr std::array onVariableSketch{Repeated{0, 17}, Repeated{1, 10}, Repeated{2, 9}, Repeated{3, 14},
+                                      Repeated{4, 18}, Repeated{5, 16}, Repeated{6, 15}};
+constexpr std::array onDoubleSketch{Repeated{1, 16}, Repeated{3, 17}, Repeated{4, 9}, Repeated{5, 10}};
+constexpr std::array onTripleSketch{Repeated{1, 16}, Repeated{8, 10}, Repeated{9, 9}, Repeated{10, 17}};
+
+template <std::size_t N>
+void repeat(const FieldMap& f, const std::array<Repeated, N>& fields, const ControlArray<TextBox>& sketch) {
+    for (const Repeated& repeated : fields) {
+        sketch(repeated.sketch).setText(f.Text1(repeated.field).text());
+    }
+}
 
 double column(const sql::Recordset& row, const char* name) {
     return row[name].toDouble();
@@ -118,7 +137,7 @@ void DoubleSprockets::spreadTriple(double rim) {
 
 void DoubleSprockets::hubWidthChanged() {
     // Kept K-174: only the triple sprocket goes by the triple's sketch here and at the gap; a triple disc goes with the
-    // doubles, so that reading one back works out two rims and one gap. Its price was made before that and stands.
+    // doubles: leaving one of the two fields gives it two rims and one gap. A load ends with the widths stored.
     const bool triple = f_.type() == data::tripleSprocket;
     const TextBox& rim = triple ? f_.txtTriple(9) : f_.txtPDM(4);
     TextBox& total = triple ? f_.txtTriple(10) : f_.txtPDM(3);
@@ -150,8 +169,9 @@ void DoubleSprockets::hubDiameterChanged() {
 }
 
 void DoubleSprockets::msCalcularDobleVariable() {
-    // Chosen C-007: it acts for the variable sprocket alone; on any other type it would write its total over theirs.
-    if (f_.bCargandoPropuesta || f_.type() != data::variableSprocket) {
+    // Chosen C-007: it acts for the variable products alone, the pulley once its second hub is known; on any other type
+    // it would write its total over theirs.
+    if (f_.bCargandoPropuesta || !f_.secondHubIsKnown()) {
         return;
     }
     f_.txtDCV(2).setText(f_.Text1(9).text());
@@ -162,6 +182,25 @@ void DoubleSprockets::msCalcularDobleVariable() {
     f_.txtDCV(4).setText(f_.Text1(18).text());
     f_.txtDCV(6).setText(f_.Text1(15).text());
     f_.Text1(17).setText(f_.txtDCV(0).text());
+}
+
+// Differs D-005: the figures of the variable sketch are those of the fields beside them, in a load too, where the
+// calculation that writes them is off; they would be another proposal's under a drawing to scale.
+void DoubleSprockets::repeatOnVariableSketch() {
+    if (data::isVariable(f_.type())) {
+        repeat(f_, onVariableSketch, f_.txtDCV);
+    }
+}
+
+void DoubleSprockets::variableMeasureChanged(int field) {
+    if (std::ranges::find(onVariableSketch, field, &Repeated::field) != onVariableSketch.end()) {
+        repeatOnVariableSketch();
+    }
+}
+
+void DoubleSprockets::repeatOnMultipleSketches() {
+    repeat(f_, onDoubleSketch, f_.txtPDM);
+    repeat(f_, onTripleSketch, f_.txtTriple);
 }
 
 }  // namespace velmora::estimate

@@ -15,9 +15,19 @@ class DoubleSprockets {
     /// handler then ends with no other change.
     bool Text1_LostFocus(int Index);
 
-    /// Spreads the measures over the sketch of the variable sprocket and gives its total width. Nothing for other
-    /// types, nor while a proposal is being loaded.
+    /// Spreads the measures over the sketch of the variable product whose second hub is known, and gives its total
+    /// width. Nothing for other types, nor while a proposal is being loaded.
     void msCalcularDobleVariable();
+
+    /// The figures of the variable sketch, txtDCV, from the fields beside them; writes no measure. Nothing for types
+    /// other than 10 and 11.
+    void repeatOnVariableSketch();
+    /// The same after a change of that field of Text1, if the sketch repeats it.
+    void variableMeasureChanged(int field);
+
+    /// Rim, hub and total width on the sketches of double and triple, txtPDM and txtTriple, from the fields beside
+    /// them.
+    void repeatOnMultipleSketches();
 
   private:
     bool lookUp();

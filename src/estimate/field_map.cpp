@@ -5,6 +5,19 @@
 
 namespace velmora::estimate {
 
+// Differs D-003: the pulley's second hub counts as soon as the user has told it; until then its fields hold nothing of
+// this pulley, and total width and stored columns leave them out.
+bool FieldMap::secondHubIsKnown() const {
+    return type() == data::variableSprocket ||
+           (type() == data::variablePulley && (typed.contain(Text1(14)) || typed.contain(Text1(18))));
+}
+
+void FieldMap::noteChange(const TextBox& box) {
+    if (!bCargandoPropuesta) {
+        typed.changed(box);
+    }
+}
+
 void FieldMap::invalidateSketches() {
     for (screen::Sketch* each : {&sketch, &picDoble, &picTriple, &picVariable, &picCremallera}) {
         each->invalidate();

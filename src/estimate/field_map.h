@@ -6,6 +6,7 @@
 
 #include "velmora/data/product_numbers.h"
 #include "velmora/estimate/drawings.h"
+#include "velmora/estimate/typed_fields.h"
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/control_array.h"
 #include "velmora/platform/screen/data_grid.h"
@@ -96,8 +97,18 @@ struct FieldMap {
     bool bCargandoDisco = false;      ///< a save is running: no recalculation of the disc
     bool bCargandoCubo = false;       ///< a save is running: no prices of the hub
 
+    /// What the user has typed since an empty proposal or a stored one was put on the form.
+    TypedFields typed;
+
     /// The product type on show: the list's index, stored as DPI_Tipo.
     int type() const { return cboTipoPre.listIndex(); }
+
+    /// Whether Text1(14) and (18) are the second hub of the variable product on show: always for the sprocket; for the
+    /// pulley, whose load leaves them as they were, once the user has changed the text of one of them.
+    bool secondHubIsKnown() const;
+
+    /// Takes note of a change of a text, which is the user's or the program's; a load's changes are the program's.
+    void noteChange(const TextBox& box);
 
     /// Tells that a measure has changed: the sketches are drawn anew.
     void invalidateSketches();

@@ -24,6 +24,9 @@ struct Repeated {
 constexpr std::array sketchFields{Repeated{0, 21}, Repeated{1, 22}, Repeated{2, 23},
                                   Repeated{3, 24}, Repeated{4, 22}, Repeated{5, 25}};
 
+/// Height, length and width of the bar.
+constexpr std::array barSizes{22, 24, 25};
+
 }  // namespace
 
 void Rack::Text1_LostFocus(int Index) {
@@ -37,6 +40,11 @@ void Rack::Text1_LostFocus(int Index) {
         return;
     }
     msCalcularCremallera();
+    // Differs D-010: a size that is left has its cut worked out anew, as its weight; it would be priced with the cut of
+    // the size before.
+    if (std::ranges::find(barSizes, Index) != barSizes.end()) {
+        totals_.writeRackCut();
+    }
 }
 
 void Rack::msCalcularCremallera() {
@@ -59,10 +67,7 @@ void Rack::rsMatCre_MoveComplete() {
     }
     put(f_.txtPesu(54), material["art_pco"]);
     put(f_.txtPesu(56), material["art_pve"]);
-    // Kept K-175: the cut is worked out here alone: sizes that change after the material was chosen are priced with the
-    // cut of the sizes before, until it is chosen again.
-    const double rate = cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCre));
-    const double cut = std::max(number(f_.Text4(50)), number(f_.Text4(52))) * rate;
+    const double cut = totals_.rackCut();
     f_.txtPesu(55).setText(Format(cut, amountMask));
     f_.txtPesu(57).setText(Format(round2(number(f_.Text4(53)) * number(f_.txtPesu(56)) + cut), amountMask));
 }

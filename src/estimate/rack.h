@@ -1,16 +1,14 @@
 #pragma once
 // The rack: a bar with teeth, measured from its module and priced from a bar of its own material.
 
-#include "velmora/estimate/cut_prices.h"
 #include "velmora/estimate/field_map.h"
-#include "velmora/estimate/weights.h"
+#include "velmora/estimate/totals.h"
 
 namespace velmora::estimate {
 
 class Rack {
   public:
-    Rack(FieldMap& fields, CutPrices& cutPrices, screen::Screen& screen)
-        : f_(fields), cutPrices_(cutPrices), screen_(screen) {}
+    Rack(FieldMap& fields, Totals& totals, screen::Screen& screen) : f_(fields), totals_(totals), screen_(screen) {}
 
     void Text1_LostFocus(int Index);
 
@@ -21,7 +19,7 @@ class Rack {
 
   private:
     FieldMap& f_;
-    CutPrices& cutPrices_;
+    Totals& totals_;
     screen::Screen& screen_;
 };
 

@@ -90,6 +90,7 @@ void SprocketGeometry::writeHubWidth() {
 }
 
 void SprocketGeometry::Text1_LostFocus(int Index) {
+    const TypedFields::ProgramWrites masks(f_.typed);
     TextBox& box = f_.Text1(Index);
     if (!runtime::IsNumeric(box.text())) {
         box.setText("0");
@@ -131,8 +132,8 @@ void SprocketGeometry::leavePlain(int Index) {
             tail(writeTotalWidth(Index));
             break;
         case secondHubWidth:
-            // Chosen C-030: the tail runs as for the first hub, but no total was worked out: a small variable pulley is
-            // cut 3 mm thick until its measures are worked out again.
+            // Chosen C-030: the tail runs as for the first hub, but no total was worked out: a small variable pulley
+            // whose second hub is not known is cut 3 mm thick until its measures are worked out again.
             tail(0);
             break;
         default:
@@ -190,7 +191,7 @@ double SprocketGeometry::writeTotalWidth(int Index) {
 }
 
 void SprocketGeometry::tail(double total) {
-    if (f_.type() == data::variableSprocket) {
+    if (f_.secondHubIsKnown()) {
         rooms_.doubles.msCalcularDobleVariable();
     } else if (number(f_.Text1(15)) <= onePieceLimit) {
         f_.Text4(0).setText(Format(total + 3, "0.00"));
@@ -211,6 +212,7 @@ void SprocketGeometry::leaveWithChainList(int Index) {
 }
 
 void SprocketGeometry::Text1_Change(int Index) {
+    f_.noteChange(f_.Text1(Index));
     for (const SketchCaption& follows : sketchCaptions) {
         if (follows.field == Index) {
             const std::string& value = f_.Text1(Index).text();
@@ -224,6 +226,7 @@ void SprocketGeometry::Text1_Change(int Index) {
             rooms_.doubles.msCalcularDobleVariable();
         }
     }
+    rooms_.doubles.variableMeasureChanged(Index);
     f_.invalidateSketches();
 }
 

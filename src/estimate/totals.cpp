@@ -107,6 +107,17 @@ double Totals::hubCut() {
     return data::hasTwinHubs(f_.type()) ? oneCut + oneCut : oneCut;
 }
 
+double Totals::rackCut() {
+    return std::max(number(f_.Text4(50)), number(f_.Text4(52))) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCre));
+}
+
+void Totals::writeRackCut() {
+    ErrorTrap trap;
+    if (f_.rsMatCre->isOpen() && f_.rsMatCre->hasRows()) {
+        trap([&] { f_.txtPesu(55).setText(Format(rackCut(), amountMask)); });
+    }
+}
+
 double Totals::writeHubCut(ErrorTrap& trap) {
     double x = 0;
     if (trap.condition([&] { return number(f_.Text4(5)) > 0; })) {
@@ -136,7 +147,11 @@ void Totals::sumRack(ErrorTrap& trap) {
 }
 
 void Totals::sumMaterial(ErrorTrap& trap) {
-    trap([&] { put(f_.txtPesu(7), round2(number(f_.txtPesu(22)) + number(f_.txtPesu(25)))); });
+    // Differs D-008: a rack's material is its bar, whatever stands in the hidden lines of disc and hub.
+    const auto material = [&] {
+        return data::isRack(f_.type()) ? number(f_.txtPesu(57)) : number(f_.txtPesu(22)) + number(f_.txtPesu(25));
+    };
+    trap([&] { put(f_.txtPesu(7), round2(material())); });
     sumPiece(trap);
 }
 
@@ -185,6 +200,11 @@ void Totals::sumHub(ErrorTrap& trap) {
     msRecalcularImportes(5);
 }
 
+void Totals::txtPesu_Change(int Index) {
+    f_.noteChange(f_.txtPesu(Index));
+    msRecalcularImportes(Index);
+}
+
 void Totals::txtPesu_KeyPress(int Index, screen::KeyPress& key) {
     if (among(numericKeys, Index)) {
         oUtil_.TeclaCampo(f_.txtPesu(Index), key, false);
@@ -192,6 +212,7 @@ void Totals::txtPesu_KeyPress(int Index, screen::KeyPress& key) {
 }
 
 void Totals::txtPesu_LostFocus(int Index) {
+    const TypedFields::ProgramWrites masks(f_.typed);
     TextBox& box = f_.txtPesu(Index);
     if (!among(maskedOnLeaving, Index)) {
         oUtil_.SalirCampo(box);
@@ -226,6 +247,12 @@ void Totals::msMostrarFormula() {
     f_.lblFormulaPeso.setCaption(words);
     // Chosen C-003: the stock pieces' own weights are not worked out again here: nothing shows or keeps them.
     f_.txtPesu(17).setText(Format(a - b, amountMask));
+}
+
+void Totals::clearFormula() {
+    f_.txtPesu(17).setToolTip("");
+    f_.lblFormulaPeso.setCaption("");
+    f_.txtPesu(17).setText("0,00");
 }
 
 }  // namespace velmora::estimate

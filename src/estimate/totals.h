@@ -18,8 +18,10 @@ class Totals {
 
     /// The approximate weight of the finished piece, in txtPesu(17) and in words beside it.
     void msMostrarFormula();
+    /// No approximate weight: "0,00" and no words.
+    void clearFormula();
 
-    void txtPesu_Change(int Index) { msRecalcularImportes(Index); }
+    void txtPesu_Change(int Index);
     void txtPesu_KeyPress(int Index, screen::KeyPress& key);
     /// What leaving a field of txtPesu does but the customer's look-up: the mask, and zero for what is no number.
     void txtPesu_LostFocus(int Index);
@@ -27,6 +29,10 @@ class Totals {
     /// The saw's cut of the hub's material (€), two cuts for a piece with two hubs; from Text4(2). Error 13 when
     /// that is no number.
     double hubCut();
+    /// The saw's cut of a rack's bar (€), along the larger of Text4(50) and (52). Error 13 when one is no number.
+    double rackCut();
+    /// Writes it into txtPesu(55); nothing without a material. No error leaves it.
+    void writeRackCut();
 
   private:
     void voidHub(runtime::ErrorTrap& trap);

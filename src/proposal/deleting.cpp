@@ -31,6 +31,7 @@ void Deleting::startAnew() {
     rooms_.materials.cboMatCubo_Click();
     rooms_.history.msHistorico(false);
     rooms_.buttons.cmdCambios_Click();
+    rooms_.newProposal.begin();
     f_.cboTipoPre.setEnabled(true);
     f_.cboTipoPre.setFocus();
 }

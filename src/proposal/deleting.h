@@ -5,6 +5,7 @@
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/material_lists.h"
+#include "velmora/estimate/new_proposal.h"
 #include "velmora/proposal/buttons.h"
 #include "velmora/proposal/history.h"
 
@@ -16,6 +17,7 @@ class Deleting {
         estimate::MaterialLists& materials;
         History& history;
         Buttons& buttons;
+        estimate::NewProposal& newProposal;
     };
 
     Deleting(estimate::FieldMap& fields, Rooms rooms, session::Session& session, screen::Screen& screen)

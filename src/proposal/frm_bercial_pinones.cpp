@@ -36,19 +36,21 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       totals_(f_, cutPrices_, weights_, oUtil_),
       costing_(f_, cutPrices_, weights_, totals_, oUtil_),
       doubles_(f_, session, desk.screen),
-      rack_(f_, cutPrices_, desk.screen),
+      rack_(f_, totals_, desk.screen),
       geometry_(f_, {constants_, costing_, materials_, doubles_, rack_, totals_}, desk.screen, oUtil_),
       presentation_(f_),
       gears_(f_, presentation_, materials_, session),
+      newProposal_(f_, totals_),
       history_(f_, controls_, session, desk.screen),
       customers_(f_, session, desk.screen, oUtil_),
-      loading_(f_, controls_, {materials_, presentation_, geometry_, totals_, history_}, session, desk.screen),
+      loading_(f_, controls_, {materials_, presentation_, geometry_, doubles_, totals_, history_}, session,
+               desk.screen),
       saving_(f_, loading_, session, desk.screen),
       buttons_(f_, controls_, presentation_, loading_),
       labour_(f_, {totals_, saving_, buttons_}, session, desk),
       gearStep_(f_, gears_, session, desk),
       duplicating_(f_, loading_, session, desk.screen, oUtil_),
-      deleting_(f_, {materials_, history_, buttons_}, session, desk.screen),
+      deleting_(f_, {materials_, history_, buttons_, newProposal_}, session, desk.screen),
       historyGrid_(f_, {history_, loading_}, session, desk),
       sideWindows_(f_, session, desk) {
     // Chosen C-010: as made, before any event is wired, the fields hold what an empty proposal holds.
@@ -85,6 +87,7 @@ void frmBercialPiñones::Form_Load() {
     for (TextBox* box : {&f_.txtPesu(4), &f_.txtPesu(3), &f_.txtPesu(13), &f_.txtExtra}) {
         box->setText("");
     }
+    newProposal_.begin();
 }
 
 void frmBercialPiñones::msLimpiarCampos() {
@@ -157,7 +160,10 @@ void frmBercialPiñones::wireFields() {
 }
 
 void frmBercialPiñones::wireLists() {
-    f_.cboTipoPre.onClick = [this] { presentation_.cboTipoPre_Click(); };
+    f_.cboTipoPre.onClick = [this] {
+        presentation_.cboTipoPre_Click();
+        newProposal_.typeChosen();
+    };
     f_.cboFiltroHistorico.onClick = [this] { history_.msHistorico(false); };
     f_.cboMatDisco.onClick = [this] { materials_.cboMatDisco_Click(); };
     f_.cboMatDisco.onCommit = [this] { materials_.cboMatDisco_Click(); };

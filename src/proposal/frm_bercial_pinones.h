@@ -11,6 +11,7 @@
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/gears.h"
 #include "velmora/estimate/material_lists.h"
+#include "velmora/estimate/new_proposal.h"
 #include "velmora/estimate/presentation.h"
 #include "velmora/estimate/rack.h"
 #include "velmora/estimate/sprocket_geometry.h"
@@ -83,6 +84,7 @@ class frmBercialPiñones : public screen::Form {
     estimate::SprocketGeometry geometry_;
     estimate::Presentation presentation_;
     estimate::Gears gears_;
+    estimate::NewProposal newProposal_;
     History history_;
     CustomerSearch customers_;
     Loading loading_;

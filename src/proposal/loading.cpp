@@ -58,6 +58,10 @@ void putOrZero(TextBox& box, const sql::Value& value) {
     }
 }
 
+void putMasked(TextBox& box, const sql::Value& value, const char* mask) {
+    box.setText(runtime::Format(value.toDouble(), mask));
+}
+
 bool isOnePiece(const sql::Recordset& row) {
     return row["DPI_DmExt"].toDouble() <= estimate::onePieceLimit;
 }
@@ -125,10 +129,12 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
         closeForEditing();
     }
     setButtons();
+    letStoredWidthsStand(row);
     f_.Text3(5).setText(f_.Text1(17).text());
     rooms_.history.msHistorico(false);
     f_.form.setEnabled(false);
     putAgain(row);
+    showWhatFollows();
     return true;
 }
 
@@ -192,6 +198,10 @@ bool Loading::refuse(const char* message) {
 }
 
 void Loading::putState(const sql::Recordset& row) {
+    // What was typed belongs to the proposal before, but for the load after one's own save.
+    if (!f_.bCargandoDisco) {
+        f_.typed.forget();
+    }
     // Chosen C-061: the number stands plain; the mask of six digits belongs to the lists.
     put(f_.txtPesu(3), row["dpi_id"]);
     f_.txtPesu(6).setText(textOrNothing(row["DPI_Orden"]));
@@ -248,7 +258,8 @@ bool Loading::putByType(const sql::Recordset& row) {
         }
         rooms_.geometry.Text1_LostFocus(11);
     } else if (type == data::variableSprocket) {
-        // Kept K-017: only the sprocket's second hub comes back, the pulley's does not.
+        // Kept K-017: only the sprocket's second hub is put on the form; the pulley's fields stay as they were and
+        // count as unknown until the user changes one of them.
         put(f_.Text1(18), row["DPI_PDM_B1"]);
         put(f_.Text1(14), row["DPI_PDM_h1"]);
         rooms_.geometry.Text1_LostFocus(11);
@@ -263,6 +274,9 @@ void Loading::putRack(const sql::Recordset& row) {
     put(f_.Text1(20), row["DPI_pas"]);
     put(f_.Text1(21), row["DPI_ac"]);
     rooms_.geometry.Text1_LostFocus(19);
+    // Differs D-007: pitch and tooth height stand as stored, where leaving the module works them out from it.
+    putMasked(f_.Text1(20), row["DPI_pas"], "#,##0.00");
+    putMasked(f_.Text1(21), row["DPI_ac"], "#,##0.00");
     for (const Stored& stored : {Stored{22, "DPI_Alt"}, Stored{24, "DPI_llanta"}, Stored{25, "DPI_AnchoCubo"}}) {
         put(f_.Text1(stored.field), row[stored.column]);
         rooms_.geometry.Text1_LostFocus(stored.field);
@@ -275,6 +289,36 @@ void Loading::putRack(const sql::Recordset& row) {
     rooms_.totals.txtPesu_LostFocus(56);
     put(f_.txtPesu(57), row["DPI_DisImporte"]);
     rooms_.totals.txtPesu_LostFocus(57);
+    putRackCut(row);
+}
+
+// Differs D-009: no column holds the cut of a rack: it is what the stored amount leaves beside weight and price, where
+// the rack before would leave its own.
+void Loading::putRackCut(const sql::Recordset& row) {
+    const double material = estimate::round2(row["DPI_DisCortPESO"].toDouble() * row["DPI_DisPVE"].toDouble());
+    f_.txtPesu(55).setText(runtime::Format(row["DPI_DisImporte"].toDouble() - material, estimate::amountMask));
+}
+
+// Differs D-006: the widths of a multiple product and their copies on its sketches are the row's, not those that the
+// handlers on the way have worked out; saved again, it would be stored as another piece.
+void Loading::letStoredWidthsStand(const sql::Recordset& row) {
+    if (!data::hasChainList(f_.type())) {
+        return;
+    }
+    for (const Stored& stored : {Stored{9, "DPI_llanta"}, Stored{10, "DPI_AnchoCubo"}, Stored{16, "DPI_DmCub"},
+                                 Stored{17, "DPI_AnchoTotal"}}) {
+        put(f_.Text1(stored.field), row[stored.column]);
+    }
+    rooms_.doubles.repeatOnMultipleSketches();
+}
+
+/// The figures that follow others, once these stand: those of the variable sketch, and the approximate weight.
+void Loading::showWhatFollows() {
+    rooms_.doubles.repeatOnVariableSketch();
+    // Differs D-013: the weight and the words of another piece do not stay; types 0 and 10 have told their own.
+    if (f_.type() != data::plainSprocket && f_.type() != data::variableSprocket) {
+        rooms_.totals.clearFormula();
+    }
 }
 
 void Loading::setButtons() {

@@ -1,6 +1,7 @@
 #pragma once
 // One row of DPI put on the main form as it was saved.
 
+#include "velmora/estimate/double_sprockets.h"
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/material_lists.h"
 #include "velmora/estimate/presentation.h"
@@ -17,6 +18,7 @@ class Loading {
         estimate::MaterialLists& materials;
         estimate::Presentation& presentation;
         estimate::SprocketGeometry& geometry;
+        estimate::DoubleSprockets& doubles;
         estimate::Totals& totals;
         History& history;
     };
@@ -45,6 +47,9 @@ class Loading {
     void putRack(const sql::Recordset& row);
     void setButtons();
     void putAgain(const sql::Recordset& row);
+    void letStoredWidthsStand(const sql::Recordset& row);
+    void putRackCut(const sql::Recordset& row);
+    void showWhatFollows();
     void finish();
 
     estimate::FieldMap& f_;

@@ -240,10 +240,16 @@ void Saving::addFieldsByType() {
     } else if (data::isTriple(type)) {
         addMultipleProduct(f_.Text1(11));
     } else if (data::isVariable(type)) {
+        // Differs D-004: an update leaves the second hub that the form does not show as it is stored.
+        const bool writesSecondHub = f_.secondHubIsKnown() || !runtime::IsNumeric(f_.txtPesu(3).text());
         campos.Add("DPI_PDM_Tipo", Tipo::expression, null);
-        campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(18));
+        if (writesSecondHub) {
+            campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(18));
+        }
         campos.Add("DPI_PDM_x", Tipo::expression, null);
-        campos.Add("DPI_PDM_h1", Tipo::number, f_.Text1(14));
+        if (writesSecondHub) {
+            campos.Add("DPI_PDM_h1", Tipo::number, f_.Text1(14));
+        }
         campos.Add("DPI_PDM_Texto", Tipo::expression, null);
     }
     // Gears and the rack leave these columns as they are.

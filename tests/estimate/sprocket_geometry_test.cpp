@@ -308,7 +308,7 @@ TEST_F(SprocketGeometryTest, TheSecondHubsWidthCutsASmallVariablePulleyWithNoTot
     chooseType(11);
     enterSmallSprocket();
     fields().Text4(0).setText("12");
-    enter(measure(14), "5");
+    measure(14).setFocus();
     leave();
     EXPECT_EQ(fields().Text4(0).text(), "3,00");
 }
@@ -317,9 +317,28 @@ TEST_F(SprocketGeometryTest, TheSecondHubsWidthLeavesTheThicknessOfALargeVariabl
     chooseType(11);
     fields().Text1(15).setText("200");
     fields().Text4(0).setText("12");
-    enter(measure(14), "5");
+    measure(14).setFocus();
     leave();
     EXPECT_EQ(fields().Text4(0).text(), "12");
+}
+
+TEST_F(SprocketGeometryTest, AVariablePulleyWhoseSecondHubIsKnownIsCutAsTheSprocketIs) {
+    for (const int left : {10, 14}) {
+        std::vector<std::string> thickness;
+        for (const int type : {10, 11}) {
+            closeForm();
+            chooseType(type);
+            enterSmallSprocket();
+            enter(measure(14), "5");
+            enter(measure(10), "20");
+            fields().Text4(0).setText("12");
+            enter(measure(left), "7");
+            leave();
+            thickness.push_back(fields().Text4(0).text());
+        }
+        EXPECT_EQ(thickness[1], thickness[0]) << left;
+        EXPECT_NE(thickness[1], "3,00") << left;
+    }
 }
 
 TEST_F(SprocketGeometryTest, AGearsFieldsOnlyTakeTheMask) {
@@ -385,7 +404,7 @@ TEST_F(SprocketGeometryTest, TheVariableSketchFollowsTheseFieldsAndNoOther) {
         chooseType(10);
         fields().txtDCV(6).setText("old");
         measure(field).setText("5");
-        const bool follows = field == 9 || field == 10 || field == 15 || field == 16 || field == 17;
+        const bool follows = field == 9 || field == 10 || (field >= 14 && field <= 18);
         EXPECT_EQ(fields().txtDCV(6).text() != "old", follows) << field;
     }
 }

@@ -292,6 +292,28 @@ TEST_F(TotalsTest, ARacksSizesAreWeighedAndPricedButNotSummedByTheirOwnIndex) {
     EXPECT_EQ(amount(57), "25,55");
 }
 
+TEST_F(TotalsTest, ARacksMaterialIsItsBarWhereOthersSumDiscAndHub) {
+    chooseType(13);
+    for (const int index : {5, 6, 22, 25}) {
+        sum(index,
+            {{7, "1"}, {22, "10"}, {25, "5"}, {57, "33,90"}, {14, "0"}, {5, "0"}, {8, "0"}, {9, "0"}, {11, "2"}});
+        EXPECT_EQ(amount(7), "33,9") << index;
+        EXPECT_EQ(amount(10), "33,9") << index;
+        EXPECT_EQ(amount(12), "67,8") << index;
+    }
+}
+
+TEST_F(TotalsTest, PassingThroughTheSundriesOfARackLeavesItsMaterial) {
+    chooseType(13);
+    sum(55, {{55, "2"}, {56, "3"}, {11, "2"}});
+    enter(box(5), "1");
+    leave();
+    box(5).setFocus();
+    form().tabForward();
+    EXPECT_EQ(amount(7), "2");
+    EXPECT_EQ(amount(10), "3");
+}
+
 // --- msMostrarFormula ----------------------------------------------------------------------------------------------
 
 TEST_F(TotalsTest, TheApproximateWeightIsToldInWordsWithTheLocalesComma) {
@@ -308,6 +330,15 @@ TEST_F(TotalsTest, TheApproximateWeightIsToldInWordsWithTheLocalesComma) {
     EXPECT_EQ(box(17).toolTip(), words);
     EXPECT_EQ(fields().lblFormulaPeso.caption(), words);
     EXPECT_EQ(amount(17), "16,50");
+}
+
+TEST_F(TotalsTest, AClearedApproximateWeightHasNoWords) {
+    enterLargeSprocket();
+    totals().msMostrarFormula();
+    totals().clearFormula();
+    EXPECT_EQ(box(17).toolTip(), "");
+    EXPECT_EQ(fields().lblFormulaPeso.caption(), "");
+    EXPECT_EQ(amount(17), "0,00");
 }
 
 TEST_F(TotalsTest, AMeasureThatIsNoNumberCountsNothingInTheApproximateWeight) {

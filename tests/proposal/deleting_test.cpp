@@ -45,6 +45,55 @@ TEST_F(DeletingTest, TheNextProposalIsANewRow) {
     EXPECT_EQ(shop.text("txtPesu(3)"), "2");
 }
 
+TEST_F(DeletingTest, TheNewProposalShowsTheMaterialsOfItsTypeWithTheirPrices) {
+    struct Row {
+        int type;
+        const char* disc;
+        const char* hub;
+        const char* rack;
+    };
+    for (const Row& row : {Row{0, "1,4", "1,5", "0,00"}, Row{1, "1,4", "0", "0,00"}, Row{4, "1,4", "1,5", "0,00"},
+                           Row{13, "1,4", "1,5", "1,2"}}) {
+        shop.openAnew();
+        shop.choose("cboTipoPre", row.type);
+        shop.set("txtPesu(0)", "1001");
+        shop.set("txtPesu(11)", "1");
+        shop.leave();
+        shop.key(screen::Key::f5);
+        ASSERT_NE(shop.text("txtPesu(3)"), "") << row.type;
+        shop.screen.queue(screen::Answer::yes);
+        shop.key(screen::Key::f9);
+        ASSERT_EQ(shop.text("txtPesu(3)"), "") << row.type;
+        EXPECT_EQ(shop.text("txtPesu(21)"), row.disc) << row.type;
+        EXPECT_EQ(shop.text("txtPesu(24)"), row.hub) << row.type;
+        EXPECT_EQ(shop.text("txtPesu(56)"), row.rack) << row.type;
+        EXPECT_THAT(shop.errors, IsEmpty()) << row.type;
+    }
+}
+
+TEST_F(DeletingTest, TheNewPulleyDoesNotKnowTheSecondHubOfTheDeletedOne) {
+    shop.openAnew();
+    shop.choose("cboTipoPre", 11);
+    shop.set("Text1(14)", "22,5");
+    shop.set("txtPesu(0)", "1001");
+    shop.set("txtPesu(11)", "1");
+    shop.set("Text1(14)", "20");
+    shop.key(screen::Key::f5);
+    ASSERT_TRUE(shop.fields().secondHubIsKnown());
+    shop.screen.queue(screen::Answer::yes);
+    shop.key(screen::Key::f9);
+    EXPECT_EQ(shop.text("Text1(14)"), "0,00");
+    EXPECT_FALSE(shop.fields().secondHubIsKnown());
+}
+
+TEST_F(DeletingTest, TheWordsOfTheDeletedPieceAreGone) {
+    ASSERT_NE(shop.text("lblFormulaPeso"), "");
+    shop.screen.queue(screen::Answer::yes);
+    shop.key(screen::Key::f9);
+    EXPECT_EQ(shop.text("lblFormulaPeso"), "");
+    EXPECT_EQ(shop.text("txtPesu(17)"), "0,00");
+}
+
 TEST_F(DeletingTest, OnNoByTheKeyEverythingStays) {
     const auto before = shop.texts();
     shop.screen.queue(screen::Answer::no);

@@ -33,6 +33,39 @@ class LoadingTest : public ::testing::Test {
     }
     bool load(bool bEditable = false) { return workshop.form().msCargarPresupuesto(1, bEditable); }
     std::vector<std::string> messages() { return workshop.screen.messageTexts(); }
+    /// One proposal of every type with figures that no rule would work out; type 0 has number 1, and so on.
+    void storeEveryType() {
+        for (int type = 0; type < 15; ++type) {
+            const bool rack = type == data::rack;
+            const bool chain = data::hasChainList(type);
+            store(type, ",DPI_DmExt,DPI_IdParDisco,DPI_PDM_Tipo,DPI_PDM_Texto,DPI_PDM_x,DPI_PDM_b1,DPI_PDM_h1",
+                  std::string(rack ? ",180,5" : ",180,1") + (chain ? ",1,N'ISO 1/2''''',6.6" : ",NULL,NULL,NULL") +
+                      (chain || data::isVariable(type) ? ",7.3,9.4" : ",NULL,NULL"));
+        }
+        workshop.database->execute("UPDATE DPI SET DPI_DmInterno=0,DPI_CuboDmInterno=0");
+        workshop.database->execute(
+            "UPDATE DPI SET DPI_Alt=20,DPI_AC=9.9,DPI_Pas=12.7,DPI_ArtDisco=14 WHERE DPI_Tipo=13");
+    }
+    /// A stored row, column by column.
+    std::vector<std::string> storedRow(int number) {
+        const sql::Recordset row =
+            workshop.database->execute("select * from DPI where DPI_ID=" + std::to_string(number));
+        std::vector<std::string> values;
+        for (std::size_t i = 0; i < row.columns().size(); ++i) {
+            values.push_back(row.columns()[i].name + " " + (row[i].isNull() ? "NULL" : row[i].toText()));
+        }
+        return values;
+    }
+    static std::vector<std::string> changed(const std::vector<std::string>& before,
+                                            const std::vector<std::string>& after) {
+        std::vector<std::string> differences;
+        for (std::size_t i = 0; i < before.size(); ++i) {
+            if (before[i] != after[i]) {
+                differences.push_back(before[i] + " -> " + after[i]);
+            }
+        }
+        return differences;
+    }
 
     ProposalWorkshop workshop;
 };
@@ -101,6 +134,103 @@ TEST_F(LoadingTest, StoredFiguresStandAtTheEndNotRecalculatedOnes) {
     EXPECT_TRUE(workshop.fields().chkAcopla.checked());
     EXPECT_FALSE(workshop.fields().bCargandoPropuesta);
     EXPECT_TRUE(workshop.form().enabled());
+}
+
+TEST_F(LoadingTest, OpeningAndSavingUnchangedChangesNoStoredFigureOfAnyType) {
+    storeEveryType();
+    struct Opening {
+        const char* exterior;  ///< on either side of the one-piece limit
+        bool anew;             ///< a form for each, or one that opens one after the other
+    };
+    for (const Opening& opening : {Opening{"180", false}, Opening{"180", true}, Opening{"98", false}}) {
+        workshop.database->execute(std::string("UPDATE DPI SET DPI_DmExt=") + opening.exterior);
+        for (int type = 0; type < 15; ++type) {
+            const std::vector<std::string> stored = storedRow(type + 1);
+            if (opening.anew) {
+                workshop.openAnew();
+            }
+            ASSERT_TRUE(workshop.form().msCargarPresupuesto(type + 1, false)) << type;
+            workshop.press("cmdCambios");
+            workshop.screen.messages.clear();
+            workshop.key(screen::Key::f5);
+            ASSERT_THAT(messages(), ElementsAre("Datos Grabados satisfactoriamente")) << type;
+            EXPECT_THAT(changed(stored, storedRow(type + 1)), IsEmpty()) << type << ", " << opening.exterior;
+        }
+    }
+    EXPECT_THAT(workshop.errors, IsEmpty());
+}
+
+TEST_F(LoadingTest, TheWidthsOfAMultipleProductAreTheRowsAndSoAreTheirCopiesOnTheSketch) {
+    storeEveryType();
+    for (const int type : {4, 5, 6, 7, 12, 14}) {
+        ASSERT_TRUE(workshop.form().msCargarPresupuesto(type + 1, true)) << type;
+        const std::vector<std::pair<const char*, const char*>> expected{
+            {"Text1(9)", "11,1"},     {"Text1(10)", "33,3"},    {"Text1(16)", "40"},    {"Text1(17)", "77,7"},
+            {"txtPDM(4)", "11,1"},    {"txtPDM(5)", "33,3"},    {"txtPDM(1)", "40"},    {"txtPDM(3)", "77,7"},
+            {"txtTriple(9)", "11,1"}, {"txtTriple(8)", "33,3"}, {"txtTriple(1)", "40"}, {"txtTriple(10)", "77,7"},
+            {"Text3(5)", "77,7"},     {"Text4(0)", "12,25"},    {"Text4(1)", "201,5"},  {"Text4(2)", "55,5"},
+            {"Text4(3)", "44,5"},     {"Text4(4)", "3,14"},     {"Text4(5)", "1,23"},   {"txtPesu(22)", "15,5"},
+        };
+        for (const auto& [name, text] : expected) {
+            EXPECT_EQ(workshop.text(name), text) << type << " " << name;
+        }
+    }
+}
+
+TEST_F(LoadingTest, TheVariableSketchShowsTheProposalThatIsLoaded) {
+    storeEveryType();
+    workshop.database->execute("UPDATE DPI SET DPI_AnchoTotal=1,DPI_AnchoCubo=2,DPI_llanta=3 WHERE DPI_Tipo=10");
+    for (const int type : {10, 11}) {
+        ASSERT_TRUE(workshop.form().msCargarPresupuesto(type + 1, type == 10)) << type;
+        const std::vector<std::pair<const char*, const char*>> beside{
+            {"txtDCV(0)", "Text1(17)"}, {"txtDCV(1)", "Text1(10)"}, {"txtDCV(2)", "Text1(9)"},
+            {"txtDCV(3)", "Text1(14)"}, {"txtDCV(4)", "Text1(18)"}, {"txtDCV(5)", "Text1(16)"},
+            {"txtDCV(6)", "Text1(15)"},
+        };
+        for (const auto& [sketch, field] : beside) {
+            EXPECT_EQ(workshop.text(sketch), workshop.text(field)) << type << " " << sketch;
+        }
+        EXPECT_EQ(workshop.text("Text1(17)"), type == 10 ? "1" : "77,7") << "the stored width";
+        EXPECT_EQ(workshop.text("Text1(14)"), "9,4") << "the pulley's field keeps what stood there";
+    }
+}
+
+TEST_F(LoadingTest, ThePulleysSecondHubIsUnknownAfterALoad) {
+    storeEveryType();
+    workshop.choose("cboTipoPre", data::variablePulley);
+    workshop.set("Text1(14)", "22,5");
+    ASSERT_TRUE(workshop.fields().secondHubIsKnown());
+    ASSERT_TRUE(workshop.form().msCargarPresupuesto(data::variablePulley + 1, true));
+    EXPECT_EQ(workshop.text("Text1(14)"), "22,5") << "it stands there";
+    EXPECT_FALSE(workshop.fields().secondHubIsKnown()) << "and is not this pulley's";
+    workshop.set("Text1(10)", "30");
+    workshop.leave();
+    EXPECT_EQ(workshop.text("Text1(17)"), "77,7");
+}
+
+TEST_F(LoadingTest, ALoadEndsWithTheApproximateWeightOfThePieceOrWithNone) {
+    storeEveryType();
+    for (int type = 0; type < 15; ++type) {
+        workshop.form().fields().txtPesu(17).setText("5");
+        workshop.form().fields().txtPesu(17).setToolTip("of another piece");
+        workshop.form().fields().lblFormulaPeso.setCaption("of another piece");
+        ASSERT_TRUE(workshop.form().msCargarPresupuesto(type + 1, true)) << type;
+        const bool told = type == data::plainSprocket || type == data::variableSprocket;
+        // 180 x 11,1 + 40 x 33,3 less 25 x 77,7 and 8,51 x 11,1 x 17
+        EXPECT_EQ(workshop.text("txtPesu(17)"), told ? "-218,34" : "0,00") << type;
+        EXPECT_EQ(workshop.text("lblFormulaPeso").empty(), !told) << type;
+        EXPECT_EQ(workshop.control("txtPesu(17)").toolTip(), workshop.text("lblFormulaPeso")) << type;
+    }
+}
+
+TEST_F(LoadingTest, AfterOnesOwnSaveTheApproximateWeightIsThatOfALoad) {
+    workshop.choose("cboTipoPre", data::twoHubSprocket);
+    workshop.enterToothing();
+    ASSERT_NE(workshop.text("txtPesu(17)"), "0,00");
+    workshop.enterCustomerAndUnits();
+    workshop.key(screen::Key::f5);
+    EXPECT_EQ(workshop.text("txtPesu(17)"), "0,00");
+    EXPECT_EQ(workshop.text("lblFormulaPeso"), "");
 }
 
 TEST_F(LoadingTest, ALoadRunsItsStatementsToTheLetter) {
@@ -256,6 +386,37 @@ TEST_F(LoadingTest, ARacksBarComesBackAsStored) {
     for (const auto& [name, text] : expected) {
         EXPECT_EQ(workshop.text(name), text) << name;
     }
+}
+
+TEST_F(LoadingTest, ARacksCutIsWhatItsStoredAmountLeaves) {
+    storeEveryType();
+    struct Row {
+        const char* weight;
+        const char* price;
+        const char* amount;
+        const char* cut;
+    };
+    for (const Row& row : {Row{"2.2", "1.25", "7.77", "5,02"}, Row{"12.56", "1.2", "17.07", "2,00"},
+                           Row{"1.5", "1.13", "3.7", "2,00"}, Row{"2", "10", "1000", "980,00"}}) {
+        workshop.database->execute(std::string("UPDATE DPI SET DPI_DisCortPESO=") + row.weight +
+                                   ",DPI_DisPVE=" + row.price + ",DPI_DisImporte=" + row.amount + " WHERE DPI_Tipo=13");
+        workshop.fields().txtPesu(55).setText("99");
+        ASSERT_TRUE(workshop.form().msCargarPresupuesto(data::rack + 1, true));
+        EXPECT_EQ(workshop.text("txtPesu(55)"), row.cut);
+        const std::string amount = workshop.text("txtPesu(57)");
+        workshop.set("txtPesu(9)", "0");
+        workshop.set("txtPesu(56)", workshop.text("txtPesu(56)") + "0");
+        EXPECT_EQ(workshop.text("txtPesu(57)"), amount) << "worked out again it is the same";
+    }
+}
+
+TEST_F(LoadingTest, ARacksPitchAndToothHeightAreTheRows) {
+    storeEveryType();
+    ASSERT_TRUE(workshop.form().msCargarPresupuesto(data::rack + 1, true));
+    EXPECT_EQ(workshop.text("Text1(19)"), "2,50");
+    EXPECT_EQ(workshop.text("Text1(20)"), "12,70") << "the module gives 7,85";
+    EXPECT_EQ(workshop.text("Text1(21)"), "9,90") << "and 5,63";
+    EXPECT_EQ(workshop.text("Text1(23)"), "10,10") << "20 less the height stored";
 }
 
 TEST_F(LoadingTest, AGearGetsTheRestOfItsPresentation) {

@@ -190,6 +190,10 @@ TEST_F(SavingTest, EachTypeWritesTheColumnsOfMultipleProductsInItsWay) {
             "INSERT INTO DPI (DPI_PDM_Tipo,DPI_PDM_b1,DPI_PDM_x,DPI_PDM_h1,DPI_PDM_Texto) VALUES (9,9,9,9,N'x')");
         f.txtPesu(3).setText("1");
         f.bCargandoPropuesta = false;
+        if (type == data::variablePulley) {
+            fresh.set("Text1(14)", "22");
+            fresh.set("Text1(14)", "114");
+        }
         fresh.attempt([&] { fresh.form().msGrabar(true); });
         std::vector<std::string> stored;
         for (const std::string& column : columns) {
@@ -197,6 +201,43 @@ TEST_F(SavingTest, EachTypeWritesTheColumnsOfMultipleProductsInItsWay) {
         }
         EXPECT_THAT(stored, ElementsAreArray(expected[static_cast<std::size_t>(type)])) << "type " << type;
     }
+}
+
+TEST_F(SavingTest, AnUpdateLeavesThePulleysSecondHubThatTheUserHasNotTold) {
+    fill(data::variablePulley);
+    workshop.database->execute("INSERT INTO DPI (DPI_PDM_Tipo,DPI_PDM_b1,DPI_PDM_h1) VALUES (9,60,22.5)");
+    workshop.fields().txtPesu(3).setText("1");
+    workshop.key(Key::f5);
+    EXPECT_THAT(row({"DPI_PDM_Tipo", "DPI_PDM_b1", "DPI_PDM_h1"}), ElementsAre("NULL", "60", "22,5"));
+    workshop.set("Text1(18)", "55");
+    workshop.key(Key::f5);
+    EXPECT_THAT(row({"DPI_PDM_b1", "DPI_PDM_h1"}), ElementsAre("55", "114"));
+}
+
+TEST_F(SavingTest, ANewPulleyStoresItsSecondHubKnownOrNot) {
+    fill(data::variablePulley);
+    workshop.key(Key::f5);
+    EXPECT_THAT(row({"DPI_PDM_b1", "DPI_PDM_h1"}), ElementsAre("118", "114"));
+}
+
+TEST_F(SavingTest, TheLoadAfterOnesOwnSaveKeepsThePulleysSecondHubKnown) {
+    workshop.choose("cboTipoPre", data::variablePulley);
+    workshop.enterToothing();
+    workshop.set("Text1(14)", "22,5");
+    workshop.set("Text1(18)", "60");
+    workshop.enterCustomerAndUnits();
+    workshop.key(Key::f5);
+    EXPECT_TRUE(workshop.fields().secondHubIsKnown());
+    EXPECT_EQ(workshop.text("Text1(14)"), "22,50");
+    workshop.set("Text1(14)", "30");
+    workshop.leave();
+    workshop.key(Key::f5);
+    EXPECT_THAT(row({"DPI_PDM_b1", "DPI_PDM_h1"}), ElementsAre("60", "30"));
+    workshop.press("cmdCambios");
+    EXPECT_FALSE(workshop.fields().secondHubIsKnown()) << "any other load forgets it";
+    workshop.key(Key::f5);
+    EXPECT_FALSE(workshop.fields().secondHubIsKnown()) << "and a save does not make it known";
+    EXPECT_THAT(row({"DPI_PDM_b1", "DPI_PDM_h1"}), ElementsAre("60", "30"));
 }
 
 TEST_F(SavingTest, APlainProductAndARackFillTheSameColumnsFromTheirOwnFields) {

@@ -1,0 +1,102 @@
+#include "velmora/estimate/new_proposal.h"
+
+#include <array>
+
+namespace velmora::estimate {
+
+namespace {
+
+constexpr const char* emptyPrice = "0,00";  ///< as the fields of an empty proposal are written
+
+/// A part that is cut from a material of its own, with the fields of its line.
+struct Part {
+    sql::ListenedRecordset FieldMap::*material;
+    int weight;  ///< Text4
+    int cost;    ///< txtPesu
+    int sale;    ///< txtPesu
+    bool (*belongsTo)(int type);
+};
+
+constexpr bool hasDisc(int type) {
+    return data::findProductType(type) != nullptr && !data::isRack(type);
+}
+
+constexpr std::array parts{
+    Part{.material = &FieldMap::rsMatDisco, .weight = 4, .cost = 20, .sale = 21, .belongsTo = hasDisc},
+    Part{.material = &FieldMap::rsMatCubo, .weight = 5, .cost = 23, .sale = 24, .belongsTo = data::hasHub},
+    Part{.material = &FieldMap::rsMatCre, .weight = 53, .cost = 54, .sale = 56, .belongsTo = data::isRack},
+};
+
+/// Switches the totals off while it lives, and gives back what it found.
+class TotalsOff {
+  public:
+    TotalsOff(FieldMap& fields, bool wanted) : off_(fields.bCargandoPropuesta), before_(off_) {
+        off_ = before_ || wanted;
+    }
+    ~TotalsOff() { off_ = before_; }
+    TotalsOff(const TotalsOff&) = delete;
+    TotalsOff& operator=(const TotalsOff&) = delete;
+
+  private:
+    bool& off_;
+    bool before_;
+};
+
+/// The row chosen for a part; none while its list has nothing to show.
+const sql::Recordset* materialOf(const FieldMap& f, const Part& part) {
+    const sql::Recordset& material = *(f.*part.material);
+    return material.isOpen() && material.hasRows() ? &material : nullptr;
+}
+
+/// Writes `to` where `from` stands and the user has not typed.
+void replace(const FieldMap& f, TextBox& box, const std::string& from, const std::string& to) {
+    if (box.text() == from && !f.typed.contain(box)) {
+        box.setText(to);
+    }
+}
+
+}  // namespace
+
+void NewProposal::begin() {
+    f_.typed.forget();
+    totals_.clearFormula();
+    showPrices();
+}
+
+void NewProposal::typeChosen() {
+    if (!f_.bCargandoPropuesta && f_.txtPesu(3).text().empty()) {
+        withdrawPrices();
+        showPrices();
+    }
+}
+
+// Differs D-011: the material that a list shows is a material with its price. Most types never open its row again, and
+// quoted it at 0,00.
+void NewProposal::showPrices() {
+    for (const Part& part : parts) {
+        const sql::Recordset* material = materialOf(f_, part);
+        if (material != nullptr && part.belongsTo(f_.type())) {
+            // Without a weight there is nothing to sum, and the totals stay as they were written.
+            const TotalsOff off(f_, !weighs(part.weight));
+            replace(f_, f_.txtPesu(part.cost), emptyPrice, (*material)["art_pco"].toText());
+            replace(f_, f_.txtPesu(part.sale), emptyPrice, (*material)["art_pve"].toText());
+        }
+    }
+}
+
+void NewProposal::withdrawPrices() {
+    for (const Part& part : parts) {
+        const sql::Recordset* material = materialOf(f_, part);
+        if (material != nullptr && !part.belongsTo(f_.type()) && !weighs(part.weight)) {
+            const TotalsOff off(f_, true);
+            replace(f_, f_.txtPesu(part.cost), (*material)["art_pco"].toText(), emptyPrice);
+            replace(f_, f_.txtPesu(part.sale), (*material)["art_pve"].toText(), emptyPrice);
+        }
+    }
+}
+
+bool NewProposal::weighs(int weight) const {
+    return numberOrZero(f_.Text4(weight)) != 0;
+}
+
+}  // namespace velmora::estimate
