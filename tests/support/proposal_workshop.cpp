@@ -176,6 +176,8 @@ void goTo(ProposalWorkshop& workshop, screen::Control& control) {
 void ProposalWorkshop::set(std::string_view field, std::string_view text) {
     screen::Control& target = control(field);
     goTo(*this, target);
+    const auto* box = dynamic_cast<const screen::TextBox*>(&target);
+    EXPECT_FALSE(box != nullptr && box->locked()) << field << " is locked";
     if (auto* list = dynamic_cast<screen::ComboBox*>(&target)) {
         attempt([&] { list->setText(text); });
     } else {
