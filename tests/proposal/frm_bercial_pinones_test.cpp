@@ -363,5 +363,81 @@ TEST_F(MainFormTest, NumberDatesAndOrderAreLockedForTypingInEveryState) {
     expectLocked("new, after a deletion");
 }
 
+// ---- Consultation -----------------------------------------------------------------------------------------------
+
+class ConsultationTest : public MainFormTest {
+  protected:
+    ConsultationTest() {
+        workshop.saveNewProposal();
+        workshop.openAnew();
+        workshop.saveNewProposal();
+        workshop.openAnew();
+        workshop.screen.messages.clear();
+        workshop.form().msCargarPresupuesto(1, false);
+        workshop.form().bConsulta = true;
+        workshop.form().activate();
+    }
+    /// Every way to write that a person has, and those that only code has.
+    void expectNothingWrites() {
+        const std::vector<std::string> rows = allRows();
+        for (const char* button : {"XPGrabar", "cmdCambios", "cmdManoObra", "cmdDuplicar", "cmdeliminarrPropuesta"}) {
+            EXPECT_FALSE(workshop.enabled(button)) << button;
+            dynamic_cast<screen::Button&>(workshop.control(button)).onClick();
+        }
+        for (const Key key : {Key::f1, Key::f5, Key::f6, Key::f9}) {
+            workshop.key(key);
+        }
+        EXPECT_FALSE(workshop.form().msGrabar(true));
+        EXPECT_THAT(workshop.screen.messages, IsEmpty());
+        EXPECT_THAT(workshop.errors, IsEmpty());
+        EXPECT_EQ(allRows(), rows);
+        EXPECT_FALSE(workshop.form().isUnloaded());
+    }
+    std::vector<std::string> allRows() {
+        std::vector<std::string> rows;
+        for (sql::Recordset row = workshop.database->execute("select * from DPI"); !row.eof(); row.moveNext()) {
+            for (std::size_t column = 0; column < row.columns().size(); ++column) {
+                rows.push_back(row[column].isNull() ? "NULL" : row[column].toText());
+            }
+        }
+        return rows;
+    }
+};
+
+TEST_F(ConsultationTest, NothingWrites) {
+    expectNothingWrites();
+    EXPECT_FALSE(workshop.enabled("txtPesu(0)"));
+    EXPECT_TRUE(workshop.enabled("XPImprime")) << "who is shown it by the list may print it";
+}
+
+TEST_F(ConsultationTest, NothingWritesAfterAnotherProposalWasOpenedFromItsHistory) {
+    ASSERT_EQ(workshop.form().buttonsAndGrid().dbgDPI.rowCount(), 1u);
+    workshop.screen.queue(screen::Answer::yes);
+    workshop.form().buttonsAndGrid().dbgDPI.onButtonClick(0);
+    EXPECT_EQ(workshop.text("txtPesu(3)"), "2");
+    workshop.screen.messages.clear();
+    expectNothingWrites();
+    EXPECT_FALSE(workshop.enabled("txtPesu(0)"));
+}
+
+TEST_F(ConsultationTest, NothingWritesWhereTheProposalCouldNotBeLoaded) {
+    workshop.openAnew();
+    workshop.form().msCargarPresupuesto(4711, false);
+    workshop.form().bConsulta = true;
+    workshop.form().activate();
+    workshop.enterToothing();
+    workshop.enterCustomerAndUnits();
+    expectNothingWrites();
+}
+
+TEST_F(ConsultationTest, WithoutItTheWaysAreOpen) {
+    workshop.openAnew();
+    workshop.form().msCargarPresupuesto(1, false);
+    workshop.form().activate();
+    for (const char* button : {"XPGrabar", "cmdCambios", "cmdDuplicar", "cmdeliminarrPropuesta"}) {
+        EXPECT_TRUE(workshop.enabled(button)) << button;
+    }
+}
+
 }  // namespace
 }  // namespace velmora::proposal
