@@ -44,13 +44,14 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       gears_(f_, presentation_, materials_, session),
       history_(f_, controls_, session, desk.screen),
       customers_(f_, session, desk.screen, oUtil_),
-      loading_(f_, controls_, {materials_, presentation_, geometry_, totals_, history_}, session, desk.screen),
-      saving_(f_, loading_, session, desk.screen),
+      stored_(session),
+      loading_(f_, controls_, {materials_, presentation_, geometry_, totals_, history_, stored_}, session, desk.screen),
+      saving_(f_, {loading_, stored_}, session, desk.screen),
       buttons_(f_, controls_, presentation_, loading_),
       labour_(f_, {totals_, saving_, buttons_}, session, desk),
       gearStep_(f_, gears_, session, desk),
       duplicating_(f_, loading_, session, desk.screen, oUtil_),
-      deleting_(f_, {materials_, history_, buttons_}, session, desk.screen),
+      deleting_(f_, {materials_, history_, buttons_, stored_}, session, desk.screen),
       historyGrid_(f_, {history_, loading_}, session, desk),
       sideWindows_(f_, session, desk) {
     // Chosen C-010: as made, before any event is wired, the fields hold what an empty proposal holds.
@@ -266,9 +267,12 @@ void frmBercialPiñones::save() {
     }
 }
 
+// The form stays where another user's hand kept the proposal from being deleted: what was typed is still on it.
 void frmBercialPiñones::remove() {
     deleting_.msEliminar();
-    unload();
+    if (!deleting_.wasHeldBack()) {
+        unload();
+    }
 }
 
 }  // namespace velmora::proposal

@@ -29,6 +29,7 @@
 #include "velmora/proposal/loading.h"
 #include "velmora/proposal/saving.h"
 #include "velmora/proposal/side_windows.h"
+#include "velmora/proposal/stored_proposal.h"
 
 namespace velmora::proposal {
 
@@ -86,6 +87,7 @@ class frmBercialPiñones : public screen::Form {
     estimate::Gears gears_;
     History history_;
     CustomerSearch customers_;
+    StoredProposal stored_;
     Loading loading_;
     Saving saving_;
     Buttons buttons_;
