@@ -6,8 +6,10 @@
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/material_lists.h"
 #include "velmora/estimate/new_proposal.h"
+#include "velmora/platform/session/checked_write.h"
 #include "velmora/proposal/buttons.h"
 #include "velmora/proposal/history.h"
+#include "velmora/proposal/stored_proposal.h"
 
 namespace velmora::proposal {
 
@@ -18,6 +20,7 @@ class Deleting {
         History& history;
         Buttons& buttons;
         estimate::NewProposal& newProposal;
+        StoredProposal& stored;
     };
 
     Deleting(estimate::FieldMap& fields, Rooms rooms, session::Session& session, screen::Screen& screen)
@@ -26,17 +29,25 @@ class Deleting {
     /// How the fields of an empty proposal are written; set by the form.
     std::function<void()> msLimpiarCampos;
 
-    /// Asks and deletes; the form is a new proposal afterwards. Nothing without a number; refuses an accepted one.
-    /// Errors: the database's.
+    /// Asks and deletes; the form is a new proposal afterwards. Nothing without a number; refuses an accepted one. The
+    /// stored row is looked at first: one that was accepted or deleted meanwhile is refused too, which is told, and
+    /// one that another user has changed is deleted only when the user says so again. Errors: the database's.
     void msEliminar();
 
+    /// True when the last msEliminar deleted nothing for what another user had done to the row.
+    bool wasHeldBack() const { return heldBack_; }
+
   private:
+    session::Written remove(const std::string& number);
+    void refuse();
+    void tellAccepted();
     void startAnew();
 
     estimate::FieldMap& f_;
     Rooms rooms_;
     session::Session& session_;
     screen::Screen& screen_;
+    bool heldBack_ = false;
 };
 
 }  // namespace velmora::proposal

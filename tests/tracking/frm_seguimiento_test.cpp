@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include <gmock/gmock.h>
 
@@ -358,12 +359,14 @@ TEST_F(OpeningTest, TheNumbersButtonShowsTheProposalReadOnlyAndListsAnew) {
     EXPECT_THAT(shop.errors, IsEmpty());
 }
 
-TEST_F(OpeningTest, TheProposalsFormKeepsTheButtonsThatTheLoadLeft) {
+TEST_F(OpeningTest, OfTheProposalsFormWhatWritesIsOffAndOtherButtonsAreAsTheLoadLeftThem) {
+    const std::set<std::string> writing{"XPGrabar", "cmdCambios", "cmdManoObra", "cmdDuplicar",
+                                        "cmdeliminarrPropuesta"};
     std::vector<std::pair<std::string, bool>> loaded;
     shop.form().msCargarPresupuesto(1, false);
     for (const screen::Control* control : shop.form().controls()) {
         if (dynamic_cast<const screen::Button*>(control) != nullptr) {
-            loaded.emplace_back(control->fullName(), control->enabled());
+            loaded.emplace_back(control->fullName(), control->enabled() && !writing.contains(control->fullName()));
         }
     }
     shop.screen.queueModal([&](screen::Form& shown) {
@@ -377,10 +380,7 @@ TEST_F(OpeningTest, TheProposalsFormKeepsTheButtonsThatTheLoadLeft) {
 TEST_F(OpeningTest, TheButtonsAreNotThoseOfTheHostsConsultation) {
     shop.screen.queueModal([](screen::Form& shown) {
         const auto& buttons = dynamic_cast<proposal::frmBercialPiñones&>(shown).buttonsAndGrid();
-        EXPECT_TRUE(buttons.XPGrabar.enabled());
-        EXPECT_TRUE(buttons.XPImprime.enabled());
-        EXPECT_TRUE(buttons.cmdDuplicar.enabled());
-        EXPECT_TRUE(buttons.cmdeliminarrPropuesta.enabled());
+        EXPECT_TRUE(buttons.XPImprime.enabled()) << "the host's may not print";
     });
     cell(1);
 }
