@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <iterator>
 #include <limits>
-#include <thread>
+#include <mutex>
 #include <utility>
 
 namespace velmora::sqlite {
@@ -20,6 +21,9 @@ constexpr std::uintmax_t toleratedSize = writeAheadSize * 3 / 2;
 constexpr std::size_t fewRows = 4096;
 constexpr std::size_t pagesForARow = 4;
 
+/// A reader who wants more of them lets the copy go on in between.
+constexpr std::size_t rowsOfATurn = 64;
+
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 std::uintmax_t sizeOf(const std::string& path) {
@@ -29,22 +33,6 @@ std::uintmax_t sizeOf(const std::string& path) {
 }
 
 }  // namespace
-
-/// The reader's turn: who copies lets him go first.
-class OpenRows::Turn {
-  public:
-    explicit Turn(OpenRows& rows) : rows_(rows) {
-        ++rows_.waiting_;
-        rows_.mutex_.lock();
-        --rows_.waiting_;
-    }
-    ~Turn() { rows_.mutex_.unlock(); }
-    Turn(const Turn&) = delete;
-    Turn& operator=(const Turn&) = delete;
-
-  private:
-    OpenRows& rows_;
-};
 
 OpenRows::OpenRows(std::unique_ptr<RowReader> reader, Options options)
     : options_(std::move(options)), reader_(std::move(reader)) {
@@ -63,16 +51,23 @@ OpenRows::~OpenRows() {
 }
 
 OpenRows::Part OpenRows::read(std::size_t from, std::size_t most) {
-    const Turn turn(*this);
-    if (lost_) {
-        throw *lost_;
+    Part part;
+    for (bool more = true; more;) {
+        const std::lock_guard turn(mutex_);
+        if (lost_) {
+            throw *lost_;
+        }
+        const std::size_t wanted = std::min(rowsOfATurn, most - part.rows.size());
+        auto rows = reader_->read(from + part.rows.size(), wanted);
+        more = rows.size() == wanted && part.rows.size() + wanted < most;
+        std::ranges::move(rows, std::back_inserter(part.rows));
+        part.end = reader_->end();
     }
-    auto rows = reader_->read(from, most);
-    return {.rows = std::move(rows), .end = reader_->end()};
+    return part;
 }
 
 std::size_t OpenRows::count() {
-    const Turn turn(*this);
+    const std::lock_guard turn(mutex_);
     if (lost_) {
         throw *lost_;
     }
@@ -80,14 +75,14 @@ std::size_t OpenRows::count() {
 }
 
 void OpenRows::close() {
-    const Turn turn(*this);
+    const std::lock_guard turn(mutex_);
     copy_.reset();
     reader_.reset();
     writeAhead_.clear();
 }
 
 void OpenRows::detach() {
-    const Turn turn(*this);
+    const std::lock_guard turn(mutex_);
     if (!reader_) {
         return;
     }
@@ -104,20 +99,17 @@ void OpenRows::detach() {
 }
 
 bool OpenRows::isHeld() {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard turn(mutex_);
     return !writeAhead_.empty();
 }
 
 bool OpenRows::hinders() {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard turn(mutex_);
     return std::ranges::any_of(writeAhead_, [](const WriteAhead& file) { return sizeOf(file.path) > file.tolerated; });
 }
 
 bool OpenRows::detachStep() {
-    while (waiting_ > 0) {
-        std::this_thread::yield();
-    }
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard turn(mutex_);
     if (writeAhead_.empty()) {
         return false;
     }

@@ -1,15 +1,14 @@
 #pragma once
 // The rows of a set that did not end with its first ones.
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "velmora/adapters/sqlite/fair_mutex.h"
 #include "velmora/adapters/sqlite/row_reader.h"
 #include "velmora/adapters/sqlite/set_copy.h"
 #include "velmora/platform/sql/db_error.h"
@@ -60,15 +59,13 @@ class OpenRows {
         std::string path;
         std::uintmax_t tolerated;  ///< bytes
     };
-    class Turn;
 
     void goOn();
     void beginCopy();
     void finishCopy();
 
     Options options_;
-    std::mutex mutex_;
-    std::atomic<int> waiting_ = 0;  ///< readers in front of the mutex
+    FairMutex mutex_;
     std::unique_ptr<RowReader> reader_;
     std::unique_ptr<SetCopy> copy_;  ///< being made
     bool rowsAreMany_ = false;

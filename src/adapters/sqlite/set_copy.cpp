@@ -12,7 +12,7 @@ namespace velmora::sqlite {
 namespace {
 
 constexpr std::size_t rowsOfAStep = 256;
-constexpr int pagesOfAStep = 256;
+constexpr int pagesOfAStep = 512;
 
 /// The columns of the table of rows: "c0, c1, …".
 std::string columnNames(std::size_t count) {
