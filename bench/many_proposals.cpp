@@ -26,15 +26,23 @@ std::string columns() {
     return names;
 }
 
+std::int64_t numberFrom(const char* variable, std::int64_t unlessTold) {
+    std::int64_t number = unlessTold;
+    if (const char* text = std::getenv(variable)) {
+        const std::string_view digits(text);
+        std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    }
+    return number;
+}
+
 }  // namespace
 
 std::int64_t wantedProposals() {
-    std::int64_t wanted = 1'000'000;
-    if (const char* text = std::getenv("VELMORA_BENCH_PROPOSALS")) {
-        const std::string_view digits(text);
-        std::from_chars(digits.data(), digits.data() + digits.size(), wanted);
-    }
-    return wanted;
+    return numberFrom("VELMORA_BENCH_PROPOSALS", 1'000'000);
+}
+
+std::int64_t wantedSaves() {
+    return numberFrom("VELMORA_BENCH_SAVES", 10'000);
 }
 
 void multiplyProposals(sql::Connection& connection) {

@@ -2,28 +2,50 @@
 
 #include <map>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
+#include <string_view>
 
 #include <sqlite3.h>
 
 namespace velmora::bench {
 namespace {
 
-/// SQLite knows of no context for what it calls on opening a connection, so the connections are kept here.
-std::vector<sqlite3*>& openedConnections() {
-    static std::vector<sqlite3*> connections;
+/// SQLite knows of no context for what it calls on opening a connection, so the connections are kept here. The program
+/// may open one on a thread of its own.
+struct Connections {
+    std::mutex mutex;
+    std::vector<sqlite3*> opened;
+};
+
+Connections& theConnections() {
+    static Connections connections;
     return connections;
 }
 
+std::vector<sqlite3*> openedConnections() {
+    const std::lock_guard lock(theConnections().mutex);
+    return theConnections().opened;
+}
+
+void forgetConnections() {
+    const std::lock_guard lock(theConnections().mutex);
+    theConnections().opened.clear();
+}
+
 void forgetConnection(void* database) {
-    std::erase(openedConnections(), database);
+    const std::lock_guard lock(theConnections().mutex);
+    std::erase(theConnections().opened, database);
 }
 
 void answerNothing(sqlite3_context*, int, sqlite3_value**) {}
 
 // SQLite tells of no closing either, but it lets go of a connection's functions then.
 int rememberConnection(sqlite3* database, char**, const struct sqlite3_api_routines*) {
-    openedConnections().push_back(database);
+    {
+        const std::lock_guard lock(theConnections().mutex);
+        theConnections().opened.push_back(database);
+    }
     return sqlite3_create_function_v2(database, "velmora_bench_connection", 0, SQLITE_UTF8, database, &answerNothing,
                                       nullptr, nullptr, &forgetConnection);
 }
@@ -43,6 +65,10 @@ struct Watch {
 void noteStart(Watch& watch, sqlite3_stmt* statement, const char* text) {
     // What a trigger runs is announced as a comment; it will run again by itself.
     if (text != nullptr && text[0] == '-' && text[1] == '-') {
+        return;
+    }
+    // Where a set begins and ends to hold its state of the database; it cannot be repeated while another set holds one.
+    if (text != nullptr && (std::string_view(text) == "BEGIN" || std::string_view(text) == "END")) {
         return;
     }
     const std::unique_ptr<char, decltype(&sqlite3_free)> sql(sqlite3_expanded_sql(statement), &sqlite3_free);
@@ -94,13 +120,13 @@ void fetch(sqlite3_stmt* statement, std::int64_t rows) {
 }  // namespace
 
 StatementRecorder::StatementRecorder() {
-    openedConnections().clear();
+    forgetConnections();
     sqlite3_auto_extension(extension());
 }
 
 StatementRecorder::~StatementRecorder() {
     sqlite3_cancel_auto_extension(extension());
-    openedConnections().clear();
+    forgetConnections();
 }
 
 Recording StatementRecorder::record(const std::function<void()>& work) {

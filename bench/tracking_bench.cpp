@@ -1,11 +1,13 @@
 // The tracking list of a workshop that has made very many proposals: how long until the first rows stand on the screen,
-// beside the bare statements, and how much memory walking the whole list takes.
+// beside the bare statements; how much memory walking the whole list takes; and how large the write-ahead file becomes
+// while the list is open and another process saves.
 
 #include <algorithm>
 #include <cstdint>
 #include <fstream>
 #include <functional>
 #include <memory>
+#include <string_view>
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -14,6 +16,7 @@
 #include "velmora/tracking/frm_seguimiento.h"
 
 #include "many_proposals.h"
+#include "support/foreign_saves.h"
 #include "workshop.h"
 
 namespace velmora::bench {
@@ -23,7 +26,9 @@ using tracking::frmSeguimiento;
 
 constexpr std::size_t rowsOfAScreen = 20;
 constexpr double mebibyte = 1024.0 * 1024.0;
-constexpr double mostGrowth = 64;  // MiB
+constexpr double mostGrowth = 64;         // MiB
+constexpr double mostWriteAhead = 16;     // MiB
+constexpr std::size_t rowsBack = 20'000;  ///< walked from the end on the way back
 
 struct Tracking {
     Workshop workshop{multiplyProposals};
@@ -144,17 +149,23 @@ double residentMebibytes() {
     return static_cast<double>(resident * ::sysconf(_SC_PAGESIZE)) / mebibyte;
 }
 
-/// Screen by screen to the last row, as a user who holds the key down, and back to the first.
-void walkToTheEnd(benchmark::State& state) {
+/// The list of all proposals, with the first screen painted.
+tracking::TrackingFields& openAll() {
     tracking::TrackingFields& f = theTracking().form->fields();
     f.cboTipoPre.setListIndex(0);
     f.txtCriterio.forEach([](screen::TextBox& box) { box.setText(""); });
     f.cboFiltroHistorico.setListIndex(tracking::allStates);
+    f.cmdfiltro.onClick();
+    paint(f.dbgDPI, 0);
+    return f;
+}
+
+/// Screen by screen to the last row, as a user who holds the key down, and back to the first.
+void walkToTheEnd(benchmark::State& state) {
     double most = 0;
     std::size_t rows = 0;
     for ([[maybe_unused]] auto turn : state) {
-        f.cmdfiltro.onClick();
-        paint(f.dbgDPI, 0);
+        tracking::TrackingFields& f = openAll();
         ::malloc_trim(0);  // what furnishing the workshop has left must not hide what the walk takes
         const double before = residentMebibytes();
         for (rows = 0; f.dbgDPI.recordset().peek(rows) != nullptr; rows += rowsOfAScreen) {
@@ -164,6 +175,9 @@ void walkToTheEnd(benchmark::State& state) {
             }
         }
         f.rsDpi->moveLast();
+        for (std::size_t row = rows; row > 0 && rows - row < rowsBack; row -= rowsOfAScreen) {
+            paint(f.dbgDPI, row - rowsOfAScreen);
+        }
         f.rsDpi->moveFirst();
         paint(f.dbgDPI, 0);
         most = std::max(most, residentMebibytes() - before);
@@ -171,6 +185,49 @@ void walkToTheEnd(benchmark::State& state) {
     state.counters["rows"] = static_cast<double>(rows);
     state.counters["growth_MiB"] = most;
     require(most < mostGrowth, "walking the list takes memory as it goes");
+}
+
+/// Another process saves while the list is open: untouched, the program waiting as for its user, or scrolled.
+void beside(benchmark::State& state, bool read) {
+    const test::SavesAsked asked{.database = theTracking().workshop.databaseFile(),
+                                 .statement = "update DPI set DPI_ImpTP = isnull(DPI_ImpTP, 0) + 1 where DPI_Id = ",
+                                 .keys = wantedProposals(),
+                                 .saves = wantedSaves()};
+    double largest = 0;
+    double longest = 0;
+    double seconds = 0;
+    for ([[maybe_unused]] auto turn : state) {
+        tracking::TrackingFields& f = openAll();
+        const sql::Row first = *f.dbgDPI.recordset().peek(0);
+        test::ForeignSaves saves("/proc/self/exe", asked);
+        if (read) {
+            for (std::size_t row = 0; !saves.ended(); row += rowsOfAScreen) {
+                if (f.dbgDPI.recordset().peek(row) == nullptr) {
+                    row = 0;
+                }
+                paint(f.dbgDPI, row);
+            }
+        }
+        const test::ForeignSaves::Result result = saves.wait();
+        largest = std::max(largest, static_cast<double>(result.largestWriteAhead) / mebibyte);
+        longest = std::max(longest, result.longestSave);
+        seconds += result.seconds;
+        require(*f.dbgDPI.recordset().peek(0) == first, "the list has another first row");
+    }
+    state.counters["wal_MiB"] = largest;
+    state.counters["longest_save_ms"] = longest * 1e3;
+    state.counters["saves_per_s"] =
+        static_cast<double>(wantedSaves()) * static_cast<double>(state.iterations()) / std::max(seconds, 1e-9);
+    require(largest > 0, "the other process has written nothing");
+    require(largest < mostWriteAhead, "the write-ahead file has grown behind the open list");
+}
+
+void unreadBesideForeignSaves(benchmark::State& state) {
+    beside(state, false);
+}
+
+void readBesideForeignSaves(benchmark::State& state) {
+    beside(state, true);
 }
 
 BENCHMARK(all)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -186,8 +243,21 @@ BENCHMARK(byNumbers)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byNumber)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byMeasures)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(walkToTheEnd)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(unreadBesideForeignSaves)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(readBesideForeignSaves)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace velmora::bench
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    if (const auto status = velmora::test::runForeignSaves(argc, argv)) {
+        return *status;
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -40,6 +40,7 @@ class Workshop {
     StatementRecorder& recorder() { return recorder_; }
     session::Session& session() { return session_; }
     platform::Desk& desk() { return desk_.desk(); }
+    std::string databaseFile() const { return folder_.file("taller.db"); }
 
     /// The newest proposal of a plain sprocket that has a hub and is not accepted yet.
     std::int32_t openProposal();
@@ -47,7 +48,7 @@ class Workshop {
   private:
     TemporaryFolder folder_;
     StatementRecorder recorder_;
-    std::unique_ptr<sql::Connection> connection_ = sqlite::openDatabase(folder_.file("taller.db"));
+    std::unique_ptr<sql::Connection> connection_ = sqlite::openDatabase(databaseFile());
     adapters::StandInSession session_{*connection_};
     QuietDesk desk_;
     std::unique_ptr<proposal::frmBercialPiñones> form_;

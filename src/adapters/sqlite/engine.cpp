@@ -5,22 +5,14 @@
 
 #include <sqlite3.h>
 
-#include "velmora/adapters/sqlite/collation.h"
 #include "velmora/adapters/sqlite/errors.h"
-#include "velmora/adapters/sqlite/functions.h"
+#include "velmora/adapters/sqlite/quoting.h"
 #include "velmora/adapters/sqlite/row_source.h"
 #include "velmora/adapters/sqlite/tokenizer.h"
 
 namespace velmora::sqlite {
 
 namespace {
-
-constexpr std::string_view mainSchema = "main";
-constexpr std::string_view documentsSchema = "documents";
-constexpr std::string_view inMemory = ":memory:";
-
-/// Texts longer than this carry a document's content and are not run twice.
-constexpr std::size_t longestCachedText = 16 * 1024;
 
 /// The default clock: the system's time in the machine's zone, as local time without a zone.
 runtime::Date localNow() {
@@ -39,66 +31,45 @@ std::string besideWithPrefix(std::string path) {
     return path.insert(folder == std::string::npos ? 0 : folder + 1, "DOC");
 }
 
-std::string doubledQuotes(std::string_view text) {
-    std::string doubled;
-    for (const char c : text) {
-        doubled.append(c == '\'' ? 2 : 1, c);
+Options completed(Options options) {
+    if (!options.clock) {
+        options.clock = localNow;
     }
-    return doubled;
+    options.cachedStatements = std::max<std::size_t>(options.cachedStatements, 1);
+    return options;
 }
 
 }  // namespace
 
-void Engine::Close::operator()(sqlite3* database) const {
-    sqlite3_close_v2(database);
-}
-
 Engine::Engine(const std::string& path, Options options)
-    : options_(std::move(options)), path_(path), cache_(std::max<std::size_t>(options_.cachedStatements, 1)) {
-    if (!options_.clock) {
-        options_.clock = localNow;
-    }
-    const int flags = options_.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-    sqlite3* opened = nullptr;
-    const int code =
-        sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
-    database_.reset(opened);
-    if (code != SQLITE_OK) {
-        throwEngineError(opened, code);
-    }
-    configure(path);
-}
+    : options_(completed(std::move(options))),
+      path_(path),
+      pool_(std::make_shared<LinkPool>(path, options_)),
+      link_(pool_->take()),
+      cache_(options_.cachedStatements) {}
 
 Engine::~Engine() {
-    cache_.clear();
     if (inTransaction_) {
-        sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        sqlite3_exec(link_->handle(), "ROLLBACK", nullptr, nullptr, nullptr);
     }
 }
 
-void Engine::configure(const std::string& path) {
-    sqlite3* database = database_.get();
-    sqlite3_busy_timeout(database, static_cast<int>(options_.busyTimeout.count()));
-    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    registerCollation(database);
-    registerFunctions(database, options_.clock);
-    if (path != inMemory && !options_.readOnly) {
-        run("PRAGMA journal_mode = WAL");
+const std::shared_ptr<Link>& Engine::link() {
+    if (!link_) {
+        link_ = pool_->take();
     }
-    run("PRAGMA synchronous = FULL");
-    run("PRAGMA schema_version");  // reads the file: what is no database is told now
-}
-
-void Engine::run(const std::string& sql) {
-    const int code = sqlite3_exec(database_.get(), sql.c_str(), nullptr, nullptr, nullptr);
-    if (code != SQLITE_OK) {
-        throwEngineError(database_.get(), code);
+    if (!documentsFile_.empty()) {
+        link_->attachDocuments(documentsFile_);
     }
+    return link_;
 }
 
 bool Engine::isAlive() {
-    return sqlite3_exec(database_.get(), "PRAGMA schema_version", nullptr, nullptr, nullptr) == SQLITE_OK;
+    try {
+        return link()->isAlive();
+    } catch (const sql::DbError&) {
+        return false;
+    }
 }
 
 // Statements.
@@ -132,7 +103,6 @@ std::unique_ptr<sql::RowSource> Engine::openRows(std::string_view text) {
 }
 
 std::shared_ptr<CachedStatement> Engine::statementOf(std::string_view text) {
-    parkStreams();
     if (auto known = cache_.find(text)) {
         return known;
     }
@@ -153,43 +123,80 @@ std::shared_ptr<CachedStatement> Engine::translated(std::string_view text) {
     made->translation = translate(text, *this);
     made->text = std::string(text);
     const bool runsAgain = made->translation.answer != Answer::schema && !made->translation.steps.empty();
-    if (runsAgain && text.size() <= longestCachedText) {
+    if (runsAgain && made->runsAgain()) {
         cache_.add(made);
     }
     return made;
 }
 
-std::unique_ptr<sql::RowSource> Engine::rowsOf(const std::shared_ptr<CachedStatement>& cached) {
-    for (std::shared_ptr<CachedStatement> current = cached;;) {
-        if (auto rows = openRowSource(shared_from_this(), current)) {
-            return rows;
+std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> cached) {
+    for (;;) {
+        // Rows that are read again must tell the time of the first reading.
+        const bool asksTheTime = cached->translation.steps.front().find("getdate()") != std::string::npos;
+        auto reader =
+            std::make_unique<RowReader>(link(), cached, asksTheTime ? std::optional(options_.clock()) : std::nullopt);
+        auto first = reader->read(0, openingRows);
+        if (!reader->wasPreparedAnew()) {
+            auto others = reader->end() ? nullptr : keepOpen(std::move(reader));
+            return std::make_unique<Rows>(shared_from_this(), std::move(cached), std::move(first), std::move(others));
         }
         // The tables are no longer what they were when `*` was written out.
         forget();
-        current = translated(std::string(current->text));
+        cached = translated(std::string(cached->text));
     }
 }
 
-void Engine::runChange(CachedStatement& cached) {
+std::shared_ptr<OpenRows> Engine::keepOpen(std::unique_ptr<RowReader> reader) {
+    const bool takesLink = !inTransaction_ && link_->keepsSnapshots();
+    if (takesLink) {
+        link_->enterSnapshot();
+        link_.reset();
+    }
+    auto others = std::make_shared<OpenRows>(std::move(reader), options_);
+    if (takesLink) {
+        watch_.add(others);
+        return others;
+    }
+    onLink_.push_back(others);
+    if (!inTransaction_ && path_ != inMemory) {
+        settleSets();
+    }
+    return others;
+}
+
+/// Sets that are read on the link of all statements must have their rows before one of these changes anything.
+void Engine::settleSets() {
+    for (const std::weak_ptr<OpenRows>& known : std::exchange(onLink_, {})) {
+        if (const auto others = known.lock()) {
+            others->detach();
+        }
+    }
+}
+
+void Engine::runChange(const CachedStatement& cached) {
     if (cached.translation.steps.empty()) {
         return;
     }
-    auto statement = take(cached);
+    settleSets();
+    Link& writer = *link();
+    auto statement = writer.take(cached);
     while (statement->step()) {
     }
-    giveBack(cached, std::move(statement));
+    writer.giveBack(cached, std::move(statement));
 }
 
 void Engine::runSchemaChange(const Translation& translation) {
+    settleSets();
     forget();
-    run("SAVEPOINT schema_change");
+    Link& writer = *link();
+    writer.run("SAVEPOINT schema_change");
     try {
         for (const std::string& step : translation.steps) {
-            run(step);
+            writer.run(step);
         }
-        run("RELEASE schema_change");
+        writer.run("RELEASE schema_change");
     } catch (const sql::DbError&) {
-        sqlite3_exec(database_.get(), "ROLLBACK TO schema_change; RELEASE schema_change", nullptr, nullptr, nullptr);
+        sqlite3_exec(writer.handle(), "ROLLBACK TO schema_change; RELEASE schema_change", nullptr, nullptr, nullptr);
         forget();
         throw;
     }
@@ -202,30 +209,14 @@ void Engine::forget() {
     tables_.clear();
 }
 
-std::unique_ptr<Statement> Engine::take(CachedStatement& cached) {
-    if (cached.idle) {
-        return std::move(cached.idle);
-    }
-    return std::make_unique<Statement>(database_.get(), cached.translation.steps.front(),
-                                       cached.text.size() <= longestCachedText);
-}
-
-void Engine::giveBack(CachedStatement& cached, std::unique_ptr<Statement> statement) {
-    statement->reset();
-    cached.idle = std::move(statement);
-}
-
-std::unique_ptr<Statement> Engine::prepare(std::string_view sql) {
-    return std::make_unique<Statement>(database_.get(), sql, false);
-}
-
 void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::Value& key, const sql::Bytes& content) {
-    parkStreams();
+    settleSets();
+    Link& writer = *link();
     const std::string& name = origin.columns[column];
     const std::string where = " WHERE " + origin.columns[origin.key] + " = ?1";
     const std::string keyText = key.isText() ? key.toText() : std::string();
     const auto forKey = [&](const std::string& sql) {
-        auto statement = prepare(sql + where);
+        auto statement = writer.prepare(sql + where);
         if (key.isText()) {
             statement->bind(1, keyText);
         } else {
@@ -246,20 +237,6 @@ void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::V
     }
 }
 
-void Engine::enter(Stream& stream) {
-    streams_.push_back(&stream);
-}
-
-void Engine::leave(Stream& stream) {
-    std::erase(streams_, &stream);
-}
-
-void Engine::parkStreams() {
-    for (Stream* stream : std::exchange(streams_, {})) {
-        stream->park();
-    }
-}
-
 // Transactions.
 
 void Engine::begin() {
@@ -267,8 +244,8 @@ void Engine::begin() {
     if (inTransaction_) {
         throw sql::DbError(sql::provider::transactionOpen, "Ya hay una transacción abierta.", {.sqlState = "25001"});
     }
-    parkStreams();
-    run("BEGIN IMMEDIATE");
+    settleSets();
+    link()->run("BEGIN IMMEDIATE");
     inTransaction_ = true;
 }
 
@@ -276,21 +253,17 @@ void Engine::commit() {
     if (!inTransaction_) {
         throw sql::DbError(sql::provider::noTransaction, "No hay ninguna transacción abierta.", {.sqlState = "25000"});
     }
-    parkStreams();
+    settleSets();
     inTransaction_ = false;
-    if (sqlite3_get_autocommit(database_.get()) != 0) {
+    if (!link_->isInTransaction()) {
         // A full disk, for one, makes the engine undo everything on the spot.
         throw sql::DbError(sql::provider::failure, "La transacción se deshizo por un error anterior.",
                            {.sqlState = "40000"});
     }
-    const int code = sqlite3_exec(database_.get(), "COMMIT", nullptr, nullptr, nullptr);
-    if (code == SQLITE_OK) {
-        return;
-    }
     try {
-        throwEngineError(database_.get(), code);
+        link_->run("COMMIT");
     } catch (const sql::DbError&) {
-        sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        sqlite3_exec(link_->handle(), "ROLLBACK", nullptr, nullptr, nullptr);
         throw;
     }
 }
@@ -299,11 +272,11 @@ void Engine::rollback() {
     if (!inTransaction_) {
         throw sql::DbError(sql::provider::noTransaction, "No hay ninguna transacción abierta.", {.sqlState = "25000"});
     }
-    parkStreams();
+    settleSets();
     inTransaction_ = false;
     forget();  // tables made in the transaction are gone
-    if (sqlite3_get_autocommit(database_.get()) == 0) {
-        run("ROLLBACK");
+    if (link_->isInTransaction()) {
+        link_->run("ROLLBACK");
     }
 }
 
@@ -320,12 +293,12 @@ std::string Engine::schemaOf(const TableName& name) {
     if (catalog != "DOC" + foldName(options_.catalog)) {
         throwMissingTable(name.catalog + ".dbo." + name.name);
     }
-    attachDocuments(name);
+    findDocuments(name);
     return std::string(documentsSchema);
 }
 
-void Engine::attachDocuments(const TableName& name) {
-    if (documentsAttached_) {
+void Engine::findDocuments(const TableName& name) {
+    if (!documentsFile_.empty()) {
         return;
     }
     std::string file(inMemory);
@@ -335,19 +308,19 @@ void Engine::attachDocuments(const TableName& name) {
             throwMissingTable(name.catalog + ".dbo." + name.name);
         }
         if (!options_.readOnly) {
-            // On a connection of its own: the journal of a file cannot be chosen inside a transaction.
-            Options plain = options_;
-            const Engine other(file, std::move(plain));
+            // On a link of its own: the journal of a file cannot be chosen inside a transaction.
+            const Link other(file, options_);
         }
     }
-    run("ATTACH DATABASE '" + doubledQuotes(file) + "' AS " + std::string(documentsSchema));
-    documentsAttached_ = true;
+    link()->attachDocuments(file);
+    documentsFile_ = std::move(file);
 }
 
 const std::string& Engine::storedName(const std::string& schema, const TableName& name) {
     auto& known = names_[schema];
     if (known.empty()) {
-        const auto all = prepare("SELECT name FROM \"" + schema + "\".sqlite_schema WHERE type IN ('table', 'view')");
+        const auto all =
+            link()->prepare("SELECT name FROM \"" + schema + "\".sqlite_schema WHERE type IN ('table', 'view')");
         while (all->step()) {
             std::string declared = all->value(0, Kind::text).toText();
             std::string folded = foldName(declared);
@@ -377,8 +350,8 @@ std::shared_ptr<const Table> Engine::readTable(const std::string& schema, const 
     auto table = std::make_shared<Table>();
     table->schema = schema;
     table->name = name;
-    const auto columns = prepare("SELECT name, type, \"notnull\", pk FROM pragma_table_info('" + doubledQuotes(name) +
-                                 "', '" + schema + "')");
+    const auto columns = link()->prepare("SELECT name, type, \"notnull\", pk FROM pragma_table_info(" +
+                                         quotedText(name) + ", " + quotedText(schema) + ")");
     while (columns->step()) {
         TableColumn column;
         column.name = columns->value(0, Kind::text).toText();

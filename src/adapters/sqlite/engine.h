@@ -9,20 +9,20 @@
 
 #include "velmora/adapters/sqlite/catalog.h"
 #include "velmora/adapters/sqlite/database.h"
+#include "velmora/adapters/sqlite/link_pool.h"
+#include "velmora/adapters/sqlite/open_rows.h"
+#include "velmora/adapters/sqlite/snapshot_watch.h"
 #include "velmora/adapters/sqlite/statement_cache.h"
-
-struct sqlite3;
 
 namespace velmora::sqlite {
 
-/// A result set that is still being read. It lets go of the database when somebody else needs it, and finds its
-/// place again later.
-class Stream {
-  public:
-    virtual ~Stream() = default;
-    virtual void park() = 0;
-};
-
+/// Statements run on one link. A set that does not end with its first rows keeps them as they were:
+/// - Outside a transaction, on a database with write-ahead logging, it takes the link along, which stays in the state
+///   of that moment; the statements after it run on another one. SnapshotWatch takes the set off the database when the
+///   write-ahead file grows behind it.
+/// - Inside a transaction, and in memory, it reads on the link that all statements use; before one of them changes
+///   anything, what is left of the set is copied.
+/// - Where there is no write-ahead logging, a reader holds writers up: it is copied at once.
 class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
   public:
     Engine(const std::string& path, Options options);
@@ -40,46 +40,38 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     const std::string& catalogName() const { return options_.catalog; }
     bool isAlive();
 
-    // For result sets.
-    std::unique_ptr<Statement> take(CachedStatement& cached);
-    void giveBack(CachedStatement& cached, std::unique_ptr<Statement> statement);
-    std::unique_ptr<Statement> prepare(std::string_view sql);
-    /// Writes a binary column of the row with this key (a whole number or a text) and looks at what was stored.
+    /// For result sets: writes a binary column of the row with this key (a whole number or a text) and looks at what
+    /// was stored.
     void updateBinary(const Origin& origin, std::size_t column, const sql::Value& key, const sql::Bytes& content);
-    void enter(Stream& stream);
-    void leave(Stream& stream);
 
     std::string schemaOf(const TableName& name) override;
     std::shared_ptr<const Table> table(const TableName& name) override;
 
   private:
-    struct Close {
-        void operator()(sqlite3* database) const;
-    };
-    struct Schema;
-
-    void run(const std::string& sql);
-    void configure(const std::string& path);
-    void parkStreams();
+    const std::shared_ptr<Link>& link();
+    void settleSets();
     std::shared_ptr<CachedStatement> statementOf(std::string_view text);
     std::shared_ptr<CachedStatement> translated(std::string_view text);
-    std::unique_ptr<sql::RowSource> rowsOf(const std::shared_ptr<CachedStatement>& cached);
-    void runChange(CachedStatement& cached);
+    std::unique_ptr<sql::RowSource> rowsOf(std::shared_ptr<CachedStatement> cached);
+    std::shared_ptr<OpenRows> keepOpen(std::unique_ptr<RowReader> reader);
+    void runChange(const CachedStatement& cached);
     void runSchemaChange(const Translation& translation);
     void forget();
-    void attachDocuments(const TableName& name);
+    void findDocuments(const TableName& name);
     const std::string& storedName(const std::string& schema, const TableName& name);
     std::shared_ptr<const Table> readTable(const std::string& schema, const std::string& name);
 
     Options options_;
     std::string path_;
-    std::unique_ptr<sqlite3, Close> database_;
+    std::string documentsFile_;  ///< once a statement has named the documents' catalogue
+    std::shared_ptr<LinkPool> pool_;
+    std::shared_ptr<Link> link_;  ///< on which the statements run; none when a set has taken it along
     StatementCache cache_;
     std::unordered_map<std::string, std::unordered_map<std::string, std::string>> names_;  ///< schema, folded, declared
     std::unordered_map<std::string, std::shared_ptr<const Table>> tables_;
-    std::vector<Stream*> streams_;
+    std::vector<std::weak_ptr<OpenRows>> onLink_;  ///< sets that are read on the link of all statements
     bool inTransaction_ = false;
-    bool documentsAttached_ = false;
+    SnapshotWatch watch_;
 };
 
 }  // namespace velmora::sqlite

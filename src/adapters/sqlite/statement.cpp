@@ -49,6 +49,13 @@ void Statement::bind(int parameter, const sql::Bytes& value) {
                         : sqlite3_bind_blob64(handle_.get(), parameter, value.data(), value.size(), SQLITE_STATIC));
 }
 
+void Statement::bindRow(int firstParameter, const Statement& row) {
+    for (int column = 0; column < row.columnCount(); ++column) {
+        bound(sqlite3_bind_value(handle_.get(), firstParameter + column,
+                                 sqlite3_column_value(row.handle_.get(), column)));
+    }
+}
+
 void Statement::bound(int code) const {
     if (code != SQLITE_OK) {
         throwEngineError(sqlite3_db_handle(handle_.get()), code);
@@ -105,6 +112,10 @@ sql::Value Statement::value(int column, Kind kind) const {
 
 std::int64_t Statement::whole(int column) const {
     return sqlite3_column_int64(handle_.get(), column);
+}
+
+int Statement::columnCount() const {
+    return sqlite3_column_count(handle_.get());
 }
 
 int Statement::timesPreparedAnew() const {

@@ -23,6 +23,8 @@ class Statement {
     /// Nothing is copied: text and bytes must outlive the last step.
     void bind(int parameter, std::string_view value);
     void bind(int parameter, const sql::Bytes& value);
+    /// Gives the parameters from this one on the columns of the row on which the other statement stands, as stored.
+    void bindRow(int firstParameter, const Statement& row);
     /// To the next row; false behind the last one. Errors: DbError, and the statement is at its start again.
     bool step();
     /// Back to the start; lets go of what it holds of the database.
@@ -31,6 +33,7 @@ class Statement {
     /// A column of the row on which the statement stands.
     sql::Value value(int column, Kind kind) const;
     std::int64_t whole(int column) const;
+    int columnCount() const;
 
     /// How often the engine had to prepare it anew since a table was changed by somebody else.
     int timesPreparedAnew() const;

@@ -1,6 +1,13 @@
 #include "velmora/adapters/sqlite/statement_cache.h"
 
+#include <atomic>
+
 namespace velmora::sqlite {
+
+std::uint64_t CachedStatement::nextId() {
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
 
 std::shared_ptr<CachedStatement> StatementCache::find(std::string_view text) {
     const auto found = byText_.find(text);

@@ -1,7 +1,8 @@
 #pragma once
-// Statements by their text: translated once, prepared once.
+// Statements by their text, translated once.
 
 #include <cstddef>
+#include <cstdint>
 #include <list>
 #include <memory>
 #include <string>
@@ -9,15 +10,22 @@
 #include <unordered_map>
 
 #include "velmora/adapters/sqlite/dialect.h"
-#include "velmora/adapters/sqlite/statement.h"
 
 namespace velmora::sqlite {
 
-/// A translated statement and, while nobody runs it, its prepared form.
+/// Texts longer than this carry a document's content and are not run twice.
+inline constexpr std::size_t longestCachedText = 16 * 1024;
+
+/// A translated statement. Once made it is not changed: sets on other threads read by it.
 struct CachedStatement {
+    std::uint64_t id = nextId();  ///< by which a link knows its prepared form
     std::string text;
     Translation translation;
-    std::unique_ptr<Statement> idle;
+
+    bool runsAgain() const { return text.size() <= longestCachedText; }
+
+  private:
+    static std::uint64_t nextId();
 };
 
 /// Keeps the statements used last. Whoever runs one shares it: it may leave the cache meanwhile.

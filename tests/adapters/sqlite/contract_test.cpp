@@ -1,17 +1,50 @@
+#include <filesystem>
+
 #include "velmora/adapters/sqlite/database.h"
 
 #include "connection_contract.h"
+#include "temporary_folder.h"
 
 namespace velmora::test {
 
 namespace {
 
-std::unique_ptr<sql::Connection> openInMemory() {
-    return sqlite::openDatabase(":memory:");
+class InMemory final : public DatabaseUnderTest {
+  public:
+    std::unique_ptr<sql::Connection> connect() override { return sqlite::openDatabase(":memory:"); }
+};
+
+class InAFile final : public DatabaseUnderTest {
+  public:
+    std::unique_ptr<sql::Connection> connect() override { return sqlite::openDatabase(folder_.file("taller.db")); }
+
+  private:
+    TemporaryFolder folder_;
+};
+
+/// Where no memory can be shared between clients, there is no write-ahead logging.
+class WithoutWriteAheadLog final : public DatabaseUnderTest {
+  public:
+    std::unique_ptr<sql::Connection> connect() override {
+        return sqlite::openDatabase("file:" + folder_.file("taller.db") + "?vfs=unix-dotfile");
+    }
+
+  private:
+    TemporaryFolder folder_;
+};
+
+template <typename Database>
+EngineUnderTest engine(const char* name) {
+    return {.name = name, .make = [] { return std::make_unique<Database>(); }};
 }
 
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, ConnectionContract, testing::Values(EngineUnderTest{"Sqlite", openInMemory}));
+INSTANTIATE_TEST_SUITE_P(Sqlite, ConnectionContract,
+                         testing::Values(engine<InMemory>("InMemory"), engine<InAFile>("InAFile")), nameOf);
+INSTANTIATE_TEST_SUITE_P(Sqlite, SharedDatabaseContract,
+                         testing::Values(engine<InAFile>("InAFile"),
+                                         engine<WithoutWriteAheadLog>("WithoutWriteAheadLog")),
+                         nameOf);
 
 }  // namespace velmora::test

@@ -11,6 +11,7 @@
 
 #include "velmora/adapters/sqlite/errors.h"
 
+#include "temporary_folder.h"
 #include "workshop.h"
 
 namespace velmora::test {
@@ -24,14 +25,7 @@ namespace fs = std::filesystem;
 
 class DatabaseFile : public testing::Test {
   protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "velmora_XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        folder_ = pattern;
-    }
-    void TearDown() override { fs::remove_all(folder_); }
-
-    std::string path(const std::string& name = "taller.db") const { return (folder_ / name).string(); }
+    std::string path(const std::string& name = "taller.db") const { return folder_.file(name); }
 
     std::unique_ptr<sql::Connection> open(std::chrono::milliseconds wait = std::chrono::milliseconds(50)) const {
         return sqlite::openDatabase(path(), {.busyTimeout = wait});
@@ -48,7 +42,7 @@ class DatabaseFile : public testing::Test {
         return {0, ""};
     }
 
-    fs::path folder_;
+    TemporaryFolder folder_;
 };
 
 }  // namespace

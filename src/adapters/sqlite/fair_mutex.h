@@ -1,0 +1,33 @@
+#pragma once
+// A mutex that is given in the order in which it was asked for.
+
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+
+namespace velmora::sqlite {
+
+/// Two threads that take it again and again take turns; with a plain mutex, one of them may starve.
+class FairMutex {
+  public:
+    void lock() {
+        std::unique_lock turn(mutex_);
+        const std::uint64_t own = asked_++;
+        changed_.wait(turn, [&] { return served_ == own; });
+    }
+    void unlock() {
+        {
+            const std::lock_guard turn(mutex_);
+            ++served_;
+        }
+        changed_.notify_all();
+    }
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::uint64_t asked_ = 0;
+    std::uint64_t served_ = 0;
+};
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,111 @@
+#pragma once
+// One connection of the embedded engine, configured, with the statements that it has prepared.
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "velmora/adapters/sqlite/database.h"
+#include "velmora/adapters/sqlite/statement.h"
+#include "velmora/adapters/sqlite/statement_cache.h"
+
+struct sqlite3;
+
+namespace velmora::sqlite {
+
+/// The path of a database in memory.
+inline constexpr std::string_view inMemory = ":memory:";
+
+/// The engine's names of a database's two files.
+inline constexpr std::string_view mainSchema = "main";
+inline constexpr std::string_view documentsSchema = "documents";
+
+/// Bytes that the write-ahead file reaches while nobody reads an older state of the database: it is written from its
+/// start again once so much of it is in the database itself.
+inline constexpr std::uint64_t writeAheadSize = 1024 * 1024;
+
+/// Used by one thread at a time: whoever holds it has it for himself.
+class Link {
+  public:
+    /// Opens the database, with write-ahead logging where the place allows it. Errors: DbError.
+    Link(const std::string& path, const Options& options);
+    ~Link();
+    Link(const Link&) = delete;
+    Link& operator=(const Link&) = delete;
+
+    /// Chosen C-208: an empty database of its own for rows that are kept, in the engine's temporary storage: memory
+    /// first, and beyond some 2 MiB a file that has no name from the moment it is made (SQLITE_TMPDIR, TMPDIR,
+    /// /var/tmp, /tmp). It goes with the link. Errors: DbError.
+    static std::shared_ptr<Link> temporary(const Options& options);
+
+    /// Makes the documents' file known to this link; nothing when it is already. Errors: DbError.
+    void attachDocuments(const std::string& file);
+
+    void run(const std::string& sql);
+    bool isAlive();
+    /// True between BEGIN and the transaction's end, also when the engine has not ended it by itself.
+    bool isInTransaction() const;
+    std::unique_ptr<Statement> prepare(std::string_view sql);
+
+    /// The statement prepared, perhaps by an earlier user of it, who gave it back.
+    std::unique_ptr<Statement> take(const CachedStatement& cached);
+    void giveBack(const CachedStatement& cached, std::unique_ptr<Statement> statement);
+
+    /// True when a reader neither hinders writers nor is hindered by them, and sees one state until he ends.
+    bool keepsSnapshots() const { return keepsSnapshots_; }
+    /// While a statement is being read: all that this link reads stays in that statement's state until
+    /// leaveSnapshot(), and the write-ahead files of what it has read so far grow behind it.
+    void enterSnapshot();
+    /// Nothing without a snapshot. No statement may be in the middle of its rows. Errors: DbError.
+    void leaveSnapshot();
+    bool isInSnapshot() const { return inSnapshot_; }
+    /// The schemas that a snapshot holds.
+    std::vector<std::string> heldSchemas() const;
+    /// The path of a schema's write-ahead file; empty for one that has none.
+    std::string writeAheadFile(const std::string& schema) const;
+
+    sqlite3* handle() const { return database_.get(); }
+
+  private:
+    friend class FixedMoment;
+    struct Close {
+        void operator()(sqlite3* database) const;
+    };
+    struct Idle {
+        std::uint64_t id;
+        std::unique_ptr<Statement> statement;
+    };
+
+    void configure(const std::string& path);
+    bool isWriteAhead(std::string_view schema);
+    void limitWriteAhead(std::string_view schema);
+
+    Options options_;
+    std::optional<runtime::Date> moment_;
+    bool keepsSnapshots_ = false;
+    bool documentsAttached_ = false;
+    bool inSnapshot_ = false;
+    std::unique_ptr<sqlite3, Close> database_;
+    std::list<Idle> idle_;  ///< the one used last stands first
+    std::unordered_map<std::uint64_t, std::list<Idle>::iterator> idleById_;
+};
+
+/// Chosen C-209: getdate() answers one and the same moment in all rows of a set, also in those read again: the moment
+/// of its opening. Statements that run on this link while the object lives are told it.
+class FixedMoment {
+  public:
+    FixedMoment(Link& link, const std::optional<runtime::Date>& moment) : link_(link) { link_.moment_ = moment; }
+    ~FixedMoment() { link_.moment_.reset(); }
+    FixedMoment(const FixedMoment&) = delete;
+    FixedMoment& operator=(const FixedMoment&) = delete;
+
+  private:
+    Link& link_;
+};
+
+}  // namespace velmora::sqlite

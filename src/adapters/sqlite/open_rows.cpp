@@ -1,0 +1,161 @@
+#include "velmora/adapters/sqlite/open_rows.h"
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <iterator>
+#include <limits>
+#include <mutex>
+#include <utility>
+
+namespace velmora::sqlite {
+
+namespace {
+
+/// Bytes of a write-ahead file at which a set that holds it is taken off the database. It comes to writeAheadSize and
+/// a transaction more without that.
+constexpr std::uintmax_t toleratedSize = writeAheadSize * 3 / 2;
+
+/// Rows are copied rather than the database's pages up to this many, and beyond it while they are few beside the pages:
+/// a row takes about as long as a page.
+constexpr std::size_t fewRows = 4096;
+constexpr std::size_t pagesForARow = 4;
+
+/// A reader who wants more of them lets the copy go on in between.
+constexpr std::size_t rowsOfATurn = 64;
+
+constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
+
+std::uintmax_t sizeOf(const std::string& path) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    return error ? 0 : size;
+}
+
+}  // namespace
+
+OpenRows::OpenRows(std::unique_ptr<RowReader> reader, Options options)
+    : options_(std::move(options)), reader_(std::move(reader)) {
+    const Link& link = *reader_->link();
+    if (!link.isInSnapshot()) {
+        return;
+    }
+    for (const std::string& schema : link.heldSchemas()) {
+        const std::string path = link.writeAheadFile(schema);
+        writeAhead_.push_back({.path = path, .tolerated = std::max(toleratedSize, sizeOf(path))});
+    }
+}
+
+OpenRows::~OpenRows() {
+    close();
+}
+
+OpenRows::Part OpenRows::read(std::size_t from, std::size_t most) {
+    Part part;
+    for (bool more = true; more;) {
+        const std::lock_guard turn(mutex_);
+        if (lost_) {
+            throw *lost_;
+        }
+        const std::size_t wanted = std::min(rowsOfATurn, most - part.rows.size());
+        auto rows = reader_->read(from + part.rows.size(), wanted);
+        more = rows.size() == wanted && part.rows.size() + wanted < most;
+        std::ranges::move(rows, std::back_inserter(part.rows));
+        part.end = reader_->end();
+    }
+    return part;
+}
+
+std::size_t OpenRows::count() {
+    const std::lock_guard turn(mutex_);
+    if (lost_) {
+        throw *lost_;
+    }
+    return reader_->count();
+}
+
+void OpenRows::close() {
+    const std::lock_guard turn(mutex_);
+    copy_.reset();
+    reader_.reset();
+    writeAhead_.clear();
+}
+
+void OpenRows::detach() {
+    const std::lock_guard turn(mutex_);
+    if (!reader_) {
+        return;
+    }
+    try {
+        copy_ = std::make_unique<RowCopy>(*reader_, options_, anyNumber);
+        while (copy_->step() == CopyProgress::goingOn) {
+        }
+        finishCopy();
+    } catch (const sql::DbError& error) {
+        lost_ = error;
+        copy_.reset();
+        reader_.reset();
+    }
+}
+
+bool OpenRows::isHeld() {
+    const std::lock_guard turn(mutex_);
+    return !writeAhead_.empty();
+}
+
+bool OpenRows::hinders() {
+    const std::lock_guard turn(mutex_);
+    return std::ranges::any_of(writeAhead_, [](const WriteAhead& file) { return sizeOf(file.path) > file.tolerated; });
+}
+
+bool OpenRows::detachStep() {
+    const std::lock_guard turn(mutex_);
+    if (writeAhead_.empty()) {
+        return false;
+    }
+    try {
+        goOn();
+        return !writeAhead_.empty();
+    } catch (const std::exception&) {
+        copy_.reset();
+        for (WriteAhead& file : writeAhead_) {
+            file.tolerated = std::max(file.tolerated, 2 * sizeOf(file.path));
+        }
+        return false;
+    }
+}
+
+void OpenRows::goOn() {
+    if (!copy_) {
+        beginCopy();
+    }
+    switch (copy_->step()) {
+        case CopyProgress::goingOn:
+            break;
+        case CopyProgress::complete:
+            finishCopy();
+            break;
+        case CopyProgress::tooManyRows:
+            rowsAreMany_ = true;
+            copy_.reset();
+            break;
+    }
+}
+
+void OpenRows::beginCopy() {
+    const std::size_t most = std::max(fewRows, static_cast<std::size_t>(heldPages(*reader_->link())) / pagesForARow);
+    if (rowsAreMany_ || reader_->end().value_or(0) > most) {
+        copy_ = std::make_unique<PageCopy>(*reader_, options_);
+    } else {
+        copy_ = std::make_unique<RowCopy>(*reader_, options_, most);
+    }
+}
+
+/// The set is read from the copy, and what it held of the database is free again.
+void OpenRows::finishCopy() {
+    reader_ = copy_->reader();
+    copy_.reset();
+    writeAhead_.clear();
+}
+
+}  // namespace velmora::sqlite
