@@ -212,7 +212,7 @@ def check_locale(house):
 
 def check_rounding(house):
     for name in house.sources("src/"):
-        if room_of(name) not in CORE or name.startswith("src/platform/runtime/"):
+        if room_of(name) not in CORE or name.startswith("src/velmora/platform/runtime/"):
             continue
         code = code_alone(house.read(name))
         for found in _ROUND_CALL.finditer(code):
