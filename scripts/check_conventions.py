@@ -311,7 +311,18 @@ def check_register(house):
                 house.refuse(REGISTER, number, f"{tag}: there is no test {test}")
 
 
-CHECKS = (check_includes, check_indexes, check_locale, check_rounding, check_files, check_register)
+README = "README.md"
+EXAMPLE = "examples/embedding/main.cpp"
+
+
+def check_example(house):
+    """The readme shows the embedding example as it is built and run by the tests."""
+    if README in house.files and EXAMPLE in house.files:
+        if f"```cpp\n{house.read(EXAMPLE)}```\n" not in house.read(README):
+            house.refuse(README, 1, f"does not show {EXAMPLE} as it stands")
+
+
+CHECKS = (check_example, check_includes, check_indexes, check_locale, check_rounding, check_files, check_register)
 
 
 def findings(root):

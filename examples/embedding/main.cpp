@@ -30,13 +30,17 @@ int main() {
     screen.onIdle([&] {  // in place of a person before the form: pitch, teeth, chain width, roller, pieces
         auto& fields = dynamic_cast<proposal::frmBercialPiñones&>(*screen.forms().back()).fields();
         script::User person(journal);
-        for (const auto& [field, text] : std::vector<std::pair<screen::TextBox*, const char*>>{
-                 {&fields.Text1(0), "12,7"}, {&fields.Text1(1), "38"}, {&fields.Text1(8), "7,75"},
-                 {&fields.Text1(2), "8,51"}, {&fields.txtPesu(11), "10"}}) {
+        for (const auto& [field, text] :
+             std::vector<std::pair<screen::TextBox*, const char*>>{{&fields.Text1(0), "12,7"},
+                                                                   {&fields.Text1(1), "38"},
+                                                                   {&fields.Text1(8), "7,75"},
+                                                                   {&fields.Text1(2), "8,51"},
+                                                                   {&fields.txtPesu(11), "10"}}) {
             person.set(*field, text);
         }
         person.leave(*screen.forms().back());
-        std::cout << "Total Pieza " << fields.txtPesu(10).text() << ", Importe Total " << fields.txtPesu(12).text() << '\n';
+        std::cout << "Total Pieza " << fields.txtPesu(10).text() << ", Importe Total " << fields.txtPesu(12).text()
+                  << '\n';
         return false;  // nothing more to do: the form is closed
     });
 

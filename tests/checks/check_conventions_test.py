@@ -169,6 +169,11 @@ class Conventions(unittest.TestCase):
     def test_a_missing_register_refuses_every_tag(self):
         self.assertRefused({"docs/behaviour.md": None}, "does not stand in")
 
+    def test_the_readme_shows_the_example_as_it_stands(self):
+        example = {"examples/embedding/main.cpp": "int main() {}\n"}
+        self.assertSound({**example, "README.md": "# A\n\n```cpp\nint main() {}\n```\n"})
+        self.assertRefused({**example, "README.md": "# A\n\n```cpp\nint main();\n```\n"}, "does not show")
+
     def test_file_names_are_ascii(self):
         self.assertRefused({"src/velmora/data/piñon.cpp": "\n"}, "file names are ASCII")
 
