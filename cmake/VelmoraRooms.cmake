@@ -1,8 +1,9 @@
-# A room is one library of the house. Its headers are reached as "velmora/<room>/<header>.h", and only
-# through the link to the room: each room brings an include path that holds nothing but itself, so that an
-# include against the direction of the picture does not compile.
+# velmora_room() makes a library of a room, velmora_program() a program. What a room LINKS is what it may include:
+# the same list gives the linker its libraries and velmora_picture() its table of allowed includes.
 
-set(VELMORA_WARNINGS -Wall -Wextra -Wconversion -Wshadow)
+set(VELMORA_WARNINGS
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+  -Woverloaded-virtual)
 
 # Flags of our own code; they never reach whoever embeds a room.
 add_library(velmora_flags INTERFACE)
@@ -15,32 +16,67 @@ if(VELMORA_WERROR)
   target_compile_options(velmora_flags INTERFACE -Werror)
 endif()
 if(VELMORA_FUZZ)
-  # The fuzzer sees only what tells it where it has been.
+  # The fuzzer sees only code that reports to it.
   target_compile_options(velmora_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 if(VELMORA_SANITIZE)
   target_compile_options(velmora_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                  -fno-omit-frame-pointer)
   target_link_options(velmora_flags INTERFACE -fsanitize=address,undefined)
-  # The sanitizers' own branches make g++ see members of a variant that nobody set; the release build keeps this warning.
+  # The sanitizers' own branches make g++ report members of a variant as unset; the release build keeps this warning.
   target_compile_options(velmora_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
-# velmora_room(<name> FOLDER <folder below src> SOURCES … [LINKS …])
-# FOLDER is also the include prefix: FOLDER adapters/sqlite gives "velmora/adapters/sqlite/…".
-function(velmora_room name)
-  cmake_parse_arguments(room "" "FOLDER" "SOURCES;LINKS" ${ARGN})
-  set(target "velmora_${name}")
-  set(include_root "${CMAKE_BINARY_DIR}/rooms/${name}")
-  get_filename_component(parent "${include_root}/velmora/${room_FOLDER}" DIRECTORY)
-  file(MAKE_DIRECTORY "${parent}")
-  file(CREATE_LINK "${CMAKE_SOURCE_DIR}/src/${room_FOLDER}" "${include_root}/velmora/${room_FOLDER}" SYMBOLIC)
+# The table of the picture: for each folder below src/velmora the rooms that it links.
+function(velmora_note_links folder)
+  set(rooms "${ARGN}")
+  list(FILTER rooms INCLUDE REGEX "^velmora_")
+  list(TRANSFORM rooms REPLACE "^velmora_" "")
+  set_property(GLOBAL APPEND PROPERTY VELMORA_FOLDERS "${folder}")
+  set_property(GLOBAL APPEND PROPERTY "VELMORA_LINKS_OF_${folder}" ${rooms})
+endfunction()
 
-  list(TRANSFORM room_SOURCES PREPEND "${CMAKE_SOURCE_DIR}/src/${room_FOLDER}/")
+# velmora_layer(<folder> [<folder> …]): a folder of a room that may include itself and the named folders only.
+function(velmora_layer folder)
+  set_property(GLOBAL APPEND PROPERTY VELMORA_LAYERS "${folder}")
+  set_property(GLOBAL PROPERTY "VELMORA_LAYER_USES_${folder}" "${ARGN}")
+endfunction()
+
+# velmora_room(<name> FOLDER <folder below src/velmora> SOURCES … [LINKS …] [PRIVATE_LINKS …])
+# FOLDER is also the include prefix: FOLDER adapters/sqlite gives "velmora/adapters/sqlite/…". Third-party libraries
+# that no header of the room names are PRIVATE_LINKS.
+function(velmora_room name)
+  cmake_parse_arguments(PARSE_ARGV 1 room "" "FOLDER" "SOURCES;LINKS;PRIVATE_LINKS")
+  set(target "velmora_${name}")
+  list(TRANSFORM room_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/src/velmora/${room_FOLDER}/")
   add_library(${target} STATIC ${room_SOURCES})
+  add_library(velmora::${name} ALIAS ${target})
   target_compile_features(${target} PUBLIC cxx_std_20)
-  target_include_directories(${target} PUBLIC "${include_root}")
-  target_link_libraries(${target} PUBLIC ${room_LINKS} PRIVATE velmora_flags)
-  set_target_properties(${target} PROPERTIES VELMORA_FOLDER "${room_FOLDER}")
+  target_include_directories(${target} PUBLIC
+    "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+  target_link_libraries(${target} PUBLIC ${room_LINKS} PRIVATE ${room_PRIVATE_LINKS} $<BUILD_INTERFACE:velmora_flags>)
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} VELMORA_FOLDER "${room_FOLDER}")
+  if(TARGET velmora_picture)
+    add_dependencies(${target} velmora_picture)
+  endif()
+
   set_property(GLOBAL APPEND PROPERTY VELMORA_ROOMS ${name})
+  set_property(GLOBAL PROPERTY "VELMORA_FOLDER_OF_${name}" "${room_FOLDER}")
+  velmora_note_links("${room_FOLDER}" ${room_LINKS} ${room_PRIVATE_LINKS})
+  install(TARGETS ${target} EXPORT velmora ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+  install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/velmora/${room_FOLDER}/"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/velmora/${room_FOLDER}" FILES_MATCHING PATTERN "*.h")
+endfunction()
+
+# velmora_program(<name> FOLDER <folder below src/velmora> SOURCES … LINKS …)
+function(velmora_program name)
+  cmake_parse_arguments(PARSE_ARGV 1 program "" "FOLDER" "SOURCES;LINKS")
+  list(TRANSFORM program_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/src/velmora/${program_FOLDER}/")
+  add_executable(${name} ${program_SOURCES})
+  target_link_libraries(${name} PRIVATE ${program_LINKS} velmora_flags)
+  if(TARGET velmora_picture)
+    add_dependencies(${name} velmora_picture)
+  endif()
+  velmora_note_links("${program_FOLDER}" ${program_LINKS})
+  install(TARGETS ${name} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 endfunction()

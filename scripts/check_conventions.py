@@ -11,22 +11,8 @@ import re
 import sys
 from pathlib import Path
 
-_GROUND = {"platform"}
-_DATA = _GROUND | {"data"}
-_ESTIMATE = _DATA | {"estimate"}
-_FORMS = _ESTIMATE | {"labour", "reference", "services"}
-ROOMS = {
-    "platform": set(),
-    "data": _GROUND,
-    "estimate": _DATA,
-    "labour": _ESTIMATE,
-    "reference": _ESTIMATE,
-    "services": _ESTIMATE,
-    "proposal": _FORMS,
-    "tracking": _FORMS | {"proposal"},
-    "shell": _FORMS | {"proposal", "tracking"},
-}
-CORE = set(ROOMS)
+# The folders below src/velmora that may lean on libraries and the system; all others are the core.
+NOT_CORE = {"adapters", "apps"}
 
 STANDARD_HEADERS = set(
     """
@@ -152,53 +138,61 @@ class House:
 
 
 
+SOURCES = "src/velmora/"
+
+
 def room_of(name):
-    """The room of a source below src/, or of an include "velmora/…": the first folder."""
-    return name.split("/")[1]
+    """The room of a source below src/velmora/: the first folder."""
+    return name.removeprefix(SOURCES).split("/")[0]
 
 
-# The folder of apps/ that is no program but what programs have in common.
-SHARED_BY_PROGRAMS = "stand_ins"
+def is_core(name):
+    return room_of(name) not in NOT_CORE
 
 
-def forbidden_arrow(own, other, own_name, other_name):
-    if own in CORE:
-        return other not in ROOMS[own] and other != own
-    if own == "adapters":
-        return other == "apps"
-    # A program stands on everything, but not on another program.
-    program = other_name.split("/")[2:3]
-    return other == "apps" and own_name.split("/")[:3][2:] != program and program != [SHARED_BY_PROGRAMS]
-
-
+# Which room may include which is checked by the build itself, from the links of the rooms (cmake/check_picture.cmake).
 def check_includes(house):
-    for name in house.sources("src/"):
-        own = room_of(name)
+    for name in house.sources(SOURCES):
         source = without_comments(house.read(name))
         for found in _INCLUDE.finditer(source):
             mark, header = found.groups()
             line = line_of(source, found.start())
             if header.startswith("velmora/"):
-                other = room_of(header)
                 if mark != '"':
                     house.refuse(name, line, f'our own header is included with quotes: "{header}"')
-                if other not in CORE | {"adapters", "apps"}:
-                    house.refuse(name, line, f"there is no room {other}")
-                elif forbidden_arrow(own, other, name, header):
-                    house.refuse(name, line, f"{own} may not include {header}: the arrows run downward")
                 continue
-            if own not in CORE:
+            if not is_core(name):
                 continue
             if mark == '"':
-                house.refuse(name, line, f'an own header is named by its room, "velmora/{own}/…": {header}')
+                house.refuse(name, line, f'an own header is named by its room, "velmora/{room_of(name)}/…": {header}')
             elif header not in STANDARD_HEADERS:
                 house.refuse(name, line, f"the core stands on the C++ standard library alone: <{header}>")
             elif header in LOCALE_HEADERS:
                 house.refuse(name, line, f"<{header}> follows the locale of the process: use velmora::runtime")
 
 
+# The control arrays of the main form, and the files that may show their indexes as numbers.
+FORM_ARRAYS = "Text1 Text3 Text4 txtPesu txtPDM txtTriple txtDCV txtCre Label1 D".split()
+_LITERAL_INDEX = re.compile(r"\b(" + "|".join(FORM_ARRAYS) + r")\(([^()]*\b\d+\b[^()]*)\)")
+FORM_ROOMS = ("src/velmora/estimate/", "src/velmora/proposal/")
+NUMBERED = {"src/velmora/estimate/field_names.h", "src/velmora/proposal/form_layout.cpp"}
+
+
+def check_indexes(house):
+    for name in house.files:
+        if not name.startswith(FORM_ROOMS) or name in NUMBERED or not name.endswith((".h", ".cpp")):
+            continue
+        code = code_alone(house.read(name))
+        for found in _LITERAL_INDEX.finditer(code):
+            house.refuse(
+                name,
+                line_of(code, found.start()),
+                f"{found.group()}: name the field, velmora/estimate/field_names.h has its name",
+            )
+
+
 def check_locale(house):
-    for name in house.sources("src/"):
+    for name in house.sources(SOURCES):
         code = code_alone(house.read(name))
         for pattern in (_LOCALE_CALL, _LOCALE_TYPE):
             for found in pattern.finditer(code):
@@ -211,8 +205,8 @@ def check_locale(house):
 
 
 def check_rounding(house):
-    for name in house.sources("src/"):
-        if room_of(name) not in CORE or name.startswith("src/platform/runtime/"):
+    for name in house.sources(SOURCES):
+        if not is_core(name) or name.startswith("src/velmora/platform/runtime/"):
             continue
         code = code_alone(house.read(name))
         for found in _ROUND_CALL.finditer(code):
@@ -271,7 +265,7 @@ def read_register(house):
 def tags_in_code(house):
     """Id to the files and lines that hold its tag; refuses tags that are not in the form."""
     tags = {}
-    for name in house.sources("src/"):
+    for name in house.sources(SOURCES):
         source = house.read(name)
         for found in _TAG.finditer(source):
             word, letter, digits = found.groups()
@@ -317,7 +311,18 @@ def check_register(house):
                 house.refuse(REGISTER, number, f"{tag}: there is no test {test}")
 
 
-CHECKS = (check_includes, check_locale, check_rounding, check_files, check_register)
+README = "README.md"
+EXAMPLE = "examples/embedding/main.cpp"
+
+
+def check_example(house):
+    """The readme shows the embedding example as it is built and run by the tests."""
+    if README in house.files and EXAMPLE in house.files:
+        if f"```cpp\n{house.read(EXAMPLE)}```\n" not in house.read(README):
+            house.refuse(README, 1, f"does not show {EXAMPLE} as it stands")
+
+
+CHECKS = (check_example, check_includes, check_indexes, check_locale, check_rounding, check_files, check_register)
 
 
 def findings(root):

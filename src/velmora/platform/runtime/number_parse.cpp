@@ -97,7 +97,7 @@ double Val(std::string_view text) {
     if (at < rest.size() && (small(rest[at]) == 'e' || small(rest[at]) == 'd')) {
         std::size_t first = at + 1;
         const bool below = first < rest.size() && rest[first] == '-';
-        first += first < rest.size() && (below || rest[first] == '+') ? 1 : 0;
+        first += first < rest.size() && (below || rest[first] == '+') ? 1U : 0U;
         const std::size_t end = std::min(rest.find_first_not_of("0123456789", first), rest.size());
         if (end > first) {
             number.exponent(below, rest.substr(first, end - first));

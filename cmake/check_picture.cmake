@@ -1,0 +1,48 @@
+# cmake -DTABLE=… -DROOT=… -P check_picture.cmake: refuses includes that the table of velmora_write_picture() does not
+# allow, with a line for each.
+cmake_minimum_required(VERSION 3.25)
+include("${TABLE}")
+
+# The folder of a list that holds the path; empty when none does.
+function(folder_of path candidates result)
+  foreach(folder IN LISTS candidates)
+    string(FIND "${path}" "${folder}/" at)
+    if(at EQUAL 0)
+      set(${result} "${folder}" PARENT_SCOPE)
+      return()
+    endif()
+  endforeach()
+  set(${result} "" PARENT_SCOPE)
+endfunction()
+
+set(refused 0)
+function(refuse text)
+  message(NOTICE "${text}")
+  set(refused 1 PARENT_SCOPE)
+endfunction()
+
+file(GLOB_RECURSE files RELATIVE "${ROOT}" "${ROOT}/*.h" "${ROOT}/*.cpp")
+foreach(file IN LISTS files)
+  folder_of("${file}" "${folders}" own)
+  folder_of("${file}" "${layers}" own_layer)
+  if(NOT own)
+    continue()  # a room that is not built has no row
+  endif()
+  file(STRINGS "${ROOT}/${file}" lines ENCODING UTF-8 REGEX "^[ \t]*#[ \t]*include[ \t]*\"velmora/")
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^[^\"]*\"velmora/([^\"]*)\".*$" "\\1" header "${line}")
+    folder_of("${header}" "${folders}" other)
+    folder_of("${header}" "${layers}" other_layer)
+    if(NOT EXISTS "${ROOT}/${header}")
+      refuse("${file}: there is no header ${header}")
+    elseif(NOT other STREQUAL own AND NOT other IN_LIST "allowed ${own}")
+      refuse("${file}: may not include ${header}: ${own} does not link that room")
+    elseif(own_layer AND other STREQUAL own AND NOT other_layer STREQUAL own_layer
+           AND NOT other_layer IN_LIST "allowed ${own_layer}")
+      refuse("${file}: may not include ${header}: ${own_layer} stands below or beside it")
+    endif()
+  endforeach()
+endforeach()
+if(refused)
+  message(FATAL_ERROR "Includes against the picture: see docs/architecture.md")
+endif()

@@ -1,0 +1,26 @@
+#!/bin/sh
+# embed.sh tree|install SOURCES BUILD WORK: configures, builds and runs examples/embedding, from the tree of the sources
+# or from an installation of the build folder BUILD; WORK is emptied first.
+set -eu
+from=$1 sources=$2 build=$3 work=$4
+
+rm -rf "$work"
+mkdir -p "$work"
+case $from in
+tree)
+    set -- "-DVELMORA_TREE=$sources" ;;
+install)
+    cmake --install "$build" --prefix "$work/installed" >"$work/install.log"
+    # The headers must be the installed ones: nothing below the sources may be named.
+    if grep -rn "$sources" "$work/installed/lib"*/cmake "$work/installed/lib"/*/cmake 2>/dev/null; then
+        echo "the package names the folder of the sources" >&2
+        exit 1
+    fi
+    set -- "-DCMAKE_PREFIX_PATH=$work/installed" ;;
+esac
+cmake -S "$sources/examples/embedding" -B "$work/build" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@" >"$work/configure.log"
+cmake --build "$work/build" --target embedding >"$work/build.log" || { cat "$work/build.log" >&2; exit 1; }
+program=$(find "$work/build" -name embedding -type f -perm -u+x)
+"$program" | tee "$work/out"
+grep -Eq '^Total Pieza [0-9.]+,[0-9]{2}, Importe Total [0-9.]+,[0-9]{2}$' "$work/out"
+! grep -q 'Total Pieza 0,00' "$work/out"
