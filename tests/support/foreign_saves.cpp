@@ -8,6 +8,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <string_view>
+#include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -24,7 +25,7 @@ namespace velmora::test {
 namespace {
 
 constexpr std::string_view asSaver = "--foreign-saves";
-constexpr int arguments = 6;  // program, asSaver, database, statement, keys, saves
+constexpr int arguments = 7;  // program, asSaver, database, statement, keys, saves, pause
 
 /// Neighbouring saves change rows far from each other.
 constexpr std::int64_t stride = 7919;
@@ -53,6 +54,7 @@ ForeignSaves::Result save(const SavesAsked& asked) {
         result.longestSave = std::max(result.longestSave, secondsSince(saveBegun));
         result.largestWriteAhead =
             std::max(result.largestWriteAhead, std::filesystem::file_size(asked.database + "-wal"));
+        std::this_thread::sleep_for(asked.pause);
     }
     result.seconds = secondsSince(begun);
     return result;
@@ -69,8 +71,13 @@ ForeignSaves::ForeignSaves(const std::string& program, const SavesAsked& asked) 
     posix_spawn_file_actions_t actions;
     ::posix_spawn_file_actions_init(&actions);
     ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-    std::string words[arguments] = {program,         std::string(asSaver),       asked.database,
-                                    asked.statement, std::to_string(asked.keys), std::to_string(asked.saves)};
+    std::string words[arguments] = {program,
+                                    std::string(asSaver),
+                                    asked.database,
+                                    asked.statement,
+                                    std::to_string(asked.keys),
+                                    std::to_string(asked.saves),
+                                    std::to_string(asked.pause.count())};
     char* argv[arguments + 1] = {};
     std::ranges::transform(words, argv, [](std::string& word) { return word.data(); });
     const int failed = ::posix_spawn(&process_, program.c_str(), &actions, nullptr, argv, environ);
@@ -111,8 +118,11 @@ std::optional<int> runForeignSaves(int argc, char** argv) {
         return std::nullopt;
     }
     try {
-        const ForeignSaves::Result result =
-            save({.database = argv[2], .statement = argv[3], .keys = numberOf(argv[4]), .saves = numberOf(argv[5])});
+        const ForeignSaves::Result result = save({.database = argv[2],
+                                                  .statement = argv[3],
+                                                  .keys = numberOf(argv[4]),
+                                                  .saves = numberOf(argv[5]),
+                                                  .pause = std::chrono::microseconds(numberOf(argv[6]))});
         return ::write(STDOUT_FILENO, &result, sizeof result) == static_cast<ssize_t>(sizeof result) ? 0 : 1;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

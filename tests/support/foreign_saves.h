@@ -1,6 +1,7 @@
 #pragma once
 // Another process that saves on the same database.
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -15,7 +16,8 @@ struct SavesAsked {
     /// The statement of a save without its last word, the key of a row: 1 to `keys`, all over the table.
     std::string statement;
     std::int64_t keys = 1;
-    std::int64_t saves = 1;  ///< each a transaction of its own
+    std::int64_t saves = 1;              ///< each a transaction of its own
+    std::chrono::microseconds pause{0};  ///< between two saves
 };
 
 /// The process runs while the object lives; the destructor waits for its end.

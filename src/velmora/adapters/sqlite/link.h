@@ -48,7 +48,7 @@ class Link {
 
     void run(const std::string& sql);
     bool isAlive();
-    /// True between BEGIN and the transaction's end, also when the engine has not ended it by itself.
+    /// True in a snapshot too. The engine may end either by itself, when a statement cannot read or the disk is full.
     bool isInTransaction() const;
     std::unique_ptr<Statement> prepare(std::string_view sql);
 

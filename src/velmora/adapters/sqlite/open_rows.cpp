@@ -35,7 +35,7 @@ std::uintmax_t sizeOf(const std::string& path) {
 }  // namespace
 
 OpenRows::OpenRows(std::unique_ptr<RowReader> reader, Options options)
-    : options_(std::move(options)), reader_(std::move(reader)) {
+    : options_(std::move(options)), reader_(std::move(reader)), inTransaction_(reader_->link()->isInTransaction()) {
     const Link& link = *reader_->link();
     if (!link.isInSnapshot()) {
         return;
@@ -54,9 +54,7 @@ OpenRows::Part OpenRows::read(std::size_t from, std::size_t most) {
     Part part;
     for (bool more = true; more;) {
         const std::lock_guard turn(mutex_);
-        if (lost_) {
-            throw *lost_;
-        }
+        requireRows();
         const std::size_t wanted = std::min(rowsOfATurn, most - part.rows.size());
         auto rows = reader_->read(from + part.rows.size(), wanted);
         more = rows.size() == wanted && part.rows.size() + wanted < most;
@@ -68,10 +66,29 @@ OpenRows::Part OpenRows::read(std::size_t from, std::size_t most) {
 
 std::size_t OpenRows::count() {
     const std::lock_guard turn(mutex_);
-    if (lost_) {
+    requireRows();
+    return reader_->count();
+}
+
+/// False when the engine has ended by itself what kept the state: what the link reads now would be another one.
+bool OpenRows::stillHolds() {
+    if (reader_ && inTransaction_ && !reader_->link()->isInTransaction()) {
+        lose({sql::provider::failure, "Las filas se han perdido por un error de lectura o escritura anterior."});
+    }
+    return reader_ != nullptr;
+}
+
+void OpenRows::requireRows() {
+    if (!stillHolds() && lost_) {
         throw *lost_;
     }
-    return reader_->count();
+}
+
+void OpenRows::lose(const sql::DbError& error) {
+    lost_ = error;
+    copy_.reset();
+    reader_.reset();
+    writeAhead_.clear();
 }
 
 void OpenRows::close() {
@@ -83,7 +100,7 @@ void OpenRows::close() {
 
 void OpenRows::detach() {
     const std::lock_guard turn(mutex_);
-    if (!reader_) {
+    if (!stillHolds()) {
         return;
     }
     try {
@@ -92,9 +109,7 @@ void OpenRows::detach() {
         }
         finishCopy();
     } catch (const sql::DbError& error) {
-        lost_ = error;
-        copy_.reset();
-        reader_.reset();
+        lose(error);
     }
 }
 
@@ -110,7 +125,7 @@ bool OpenRows::hinders() {
 
 bool OpenRows::detachStep() {
     const std::lock_guard turn(mutex_);
-    if (writeAhead_.empty()) {
+    if (writeAhead_.empty() || !stillHolds()) {
         return false;
     }
     try {
@@ -118,6 +133,7 @@ bool OpenRows::detachStep() {
         return !writeAhead_.empty();
     } catch (const std::exception&) {
         copy_.reset();
+        stillHolds();
         for (WriteAhead& file : writeAhead_) {
             file.tolerated = std::max(file.tolerated, 2 * sizeOf(file.path));
         }
@@ -154,6 +170,7 @@ void OpenRows::beginCopy() {
 /// The set is read from the copy, and what it held of the database is free again.
 void OpenRows::finishCopy() {
     reader_ = copy_->reader();
+    inTransaction_ = false;
     copy_.reset();
     writeAhead_.clear();
 }

@@ -31,7 +31,8 @@ class OpenRows {
         std::vector<sql::Row> rows;
         std::optional<std::size_t> end;  ///< RowReader::end
     };
-    /// RowReader::read.
+    /// RowReader::read. Once the state is lost, an error of reading having ended it, every call is answered with an
+    /// error.
     Part read(std::size_t from, std::size_t most);
     /// RowReader::count.
     std::size_t count();
@@ -60,6 +61,9 @@ class OpenRows {
         std::uintmax_t tolerated;  ///< bytes
     };
 
+    bool stillHolds();
+    void requireRows();
+    void lose(const sql::DbError& error);
     void goOn();
     void beginCopy();
     void finishCopy();
@@ -69,6 +73,7 @@ class OpenRows {
     std::unique_ptr<RowReader> reader_;
     std::unique_ptr<SetCopy> copy_;  ///< being made
     bool rowsAreMany_ = false;
+    bool inTransaction_;                  ///< the state that is read is that of a transaction of the link
     std::vector<WriteAhead> writeAhead_;  ///< of the databases that are held
     std::optional<sql::DbError> lost_;
 };
