@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "velmora/data/product_types.h"
+#include "velmora/data/product_numbers.h"
 #include "velmora/estimate/multiple_drawings.h"
 #include "velmora/estimate/rack_drawing.h"
 
@@ -67,6 +67,31 @@ TEST_P(ProductDrawing, EveryPlaceOfTheDrawingHasAText) {
 TEST_P(ProductDrawing, WithoutMeasuresItIsAPieceWithoutTexts) {
     EXPECT_FALSE(drawProduct(GetParam(), {}).shapes.empty());
     EXPECT_TRUE(drawingLabels(GetParam(), {}).empty());
+}
+
+TEST_P(ProductDrawing, WhatLeadsOutToATotalWidthBelongsToItsDimension) {
+    const screen::Drawing drawing = drawProduct(GetParam(), allMeasures());
+    std::set<int> ledOut;
+    for (const screen::Shape& shape : drawing.shapes) {
+        if (const auto* path = std::get_if<screen::Path>(&shape); path && path->label >= 0) {
+            EXPECT_EQ(path->pen, screen::Pen::dimension);
+            ledOut.insert(path->label);
+        }
+    }
+    std::set<int> totals;
+    if (data::hasTwinHubs(GetParam())) {
+        totals = {static_cast<int>(PieceLabel::totalWidth), static_cast<int>(PieceLabel::totalWidthOfTwoHubs)};
+    } else if (data::isVariable(GetParam())) {
+        totals = {static_cast<int>(VariableLabel::totalWidth)};
+    } else if (data::isDouble(GetParam()) && data::hasHub(GetParam())) {
+        totals = {static_cast<int>(DoubleLabel::totalWidth)};
+    } else if (data::isTriple(GetParam()) && data::hasHub(GetParam())) {
+        totals = {static_cast<int>(TripleLabel::totalWidth)};
+    } else if (!data::isDouble(GetParam()) && !data::isTriple(GetParam()) && !data::isRack(GetParam()) &&
+               hubsOf(GetParam()) == Hubs::one) {
+        totals = {static_cast<int>(PieceLabel::totalWidth)};
+    }
+    EXPECT_EQ(ledOut, totals);
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryType, ProductDrawing, ::testing::Range(-1, 15));

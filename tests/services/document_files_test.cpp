@@ -64,11 +64,68 @@ TEST(DocumentFilesTest, AStoredNameNeverLeadsOutOfItsFolder) {
     EXPECT_EQ(safeFileName("../../etc/passwd"), "passwd");
     EXPECT_EQ(safeFileName("..\\..\\arranque.exe"), "arranque.exe");
     EXPECT_EQ(safeFileName("/etc/passwd"), "passwd");
-    for (const char* refused : {"", "..", ".", "planos/", "planos/..", "a\nb.pdf", "a\x7f.pdf", "\t"}) {
+    for (const char* refused : {"", "..", ".", "planos/", "planos/.."}) {
         EXPECT_EQ(errorOf([&] { safeFileName(refused); }), "52 El nombre del documento no es un nombre de fichero")
             << refused;
     }
-    EXPECT_FALSE(errorOf([] { safeFileName(std::string_view("a\0b.pdf", 7)); }).empty());
+}
+
+TEST(DocumentFilesTest, ControlCharactersOfAStoredNameBecomeBlanks) {
+    EXPECT_EQ(safeFileName("a\nb.pdf"), "a b.pdf");
+    EXPECT_EQ(safeFileName("a\x7f.pdf"), "a .pdf");
+    EXPECT_EQ(safeFileName(std::string_view("a\0b.pdf", 7)), "a b.pdf");
+    EXPECT_EQ(safeFileName("a\xC2\x85z\xC2\xA0.pdf"), "a z\xC2\xA0.pdf") << "those of two bytes too";
+    EXPECT_EQ(safeFileName("\tplano.pdf\r\n"), "plano.pdf") << "at the ends they go: the extension stays";
+    EXPECT_EQ(safeFileName(" plano.pdf"), " plano.pdf") << "a name without them stays as it is";
+    for (const char* bare : {"\t", "\x01\x02", ".\n", "\n..", "\x7f .. \x7f"}) {
+        EXPECT_EQ(safeFileName(bare), "documento") << bare;
+    }
+}
+
+TEST(DocumentFilesTest, ANameTooLongForAFileSystemIsCutBeforeItsExtension) {
+    EXPECT_EQ(safeFileName(std::string(251, 'a') + ".pdf"), std::string(251, 'a') + ".pdf") << "255 bytes fit";
+    EXPECT_EQ(safeFileName(std::string(252, 'a') + ".pdf"), std::string(251, 'a') + ".pdf");
+    EXPECT_EQ(safeFileName(std::string(400, 'a')), std::string(255, 'a'));
+    EXPECT_EQ(safeFileName("a." + std::string(400, 'e')), "a." + std::string(253, 'e')) << "no extension at all";
+    std::string wide;
+    for (int i = 0; i < 200; ++i) {
+        wide += "ñ";
+    }
+    // 251 bytes would end within a letter.
+    EXPECT_EQ(safeFileName(wide + ".pdf"), wide.substr(0, 250) + ".pdf");
+    std::string emoji;
+    for (int i = 0; i < 100; ++i) {
+        emoji += "😀";
+    }
+    EXPECT_EQ(safeFileName(emoji), emoji.substr(0, 252));
+}
+
+TEST(DocumentFilesTest, EveryFittedNameCanBeWrittenAndReadBack) {
+    const Folder folder;
+    for (const std::string& stored : {std::string("a\nb.pdf"), std::string(300, 'x') + ".dwg", std::string("\x01"),
+                                      std::string("\x1B[31mrojo.pdf")}) {
+        const std::string path = folder / safeFileName(stored);
+        writeFile(path, bytes("x"));
+        EXPECT_EQ(contentOf(path), "x");
+    }
+}
+
+TEST(DocumentFilesTest, OneFileIsKnownUnderEveryPathToIt) {
+    const Folder folder;
+    const std::string file = write(folder / "taller.db", "x");
+    fs::create_directory(folder / "sub");
+    fs::create_symlink("taller.db", folder / "enlace");
+    fs::create_symlink("enlace", folder / "doble");
+    fs::create_hard_link(file, folder / "duro");
+    write(folder / "copia.db", "x");
+    for (const char* same : {"taller.db", "sub/../taller.db", ".//taller.db", "enlace", "doble", "duro"}) {
+        EXPECT_TRUE(isSameFile(folder / same, file)) << same;
+    }
+    for (const char* other : {"copia.db", "falta.db", "sub"}) {
+        EXPECT_FALSE(isSameFile(folder / other, file)) << other;
+    }
+    EXPECT_FALSE(isSameFile("", file));
+    EXPECT_FALSE(isSameFile(folder / "falta.db", folder / "falta.db")) << "what is not there is no file";
 }
 
 TEST(DocumentFilesTest, AFileIsReadAndWrittenByteForByte) {

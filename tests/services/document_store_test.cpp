@@ -114,6 +114,80 @@ TEST_F(DocumentStoreTest, AFileThatCannotBeReadLeavesTheRowWithoutContent) {
     EXPECT_THAT(services.opened, IsEmpty());
 }
 
+/// A session on a database in files, and every path that leads to one of these.
+class OwnFilesTest : public DocumentStoreTest {
+  protected:
+    OwnFilesTest() { data::createDatabase(*files_); }
+
+    void expectRefused(const std::string& path, const std::string& target) {
+        screen.messages.clear();
+        const std::string before = contentOf(target);
+        EXPECT_TRUE(onFiles.msAnadirFichero(path, proposal7)) << path;
+        EXPECT_THAT(screen.messageTexts(),
+                    ElementsAre("El fichero es de la propia base de datos y no se puede adjuntar"))
+            << path;
+        EXPECT_TRUE(fs::exists(fs::symlink_status(path))) << path;
+        EXPECT_TRUE(contentOf(target) == before) << path;
+        EXPECT_EQ(files_->execute("select count(*) from DOCTALLER.dbo.dex")[0].toLong(), 0) << path;
+    }
+
+    std::string main = desktop / "taller.db";
+    std::unique_ptr<sql::Connection> files_ =
+        sqlite::openDatabase(main, {.clock = [] { return morning; }, .catalog = "TALLER"});
+    adapters::StandInSession sessionOnFiles{*files_, 7};
+    DocumentStore onFiles{sessionOnFiles, desk};
+};
+
+TEST_F(OwnFilesTest, TheDatabasesOwnFilesAreNotAttached) {
+    for (const char* name :
+         {"taller.db", "taller.db-wal", "taller.db-shm", "DOCtaller.db", "DOCtaller.db-wal", "DOCtaller.db-shm"}) {
+        ASSERT_TRUE(exists(desktop / name)) << name;
+        expectRefused(desktop / name, desktop / name);
+    }
+    EXPECT_EQ(screen.messages.back().icon, screen::Icon::critical);
+}
+
+TEST_F(OwnFilesTest, NorUnderAnotherPathThatLeadsToThem) {
+    fs::create_directory(desktop / "sub");
+    fs::create_directory_symlink(desktop.withSeparator(), temporary / "carpeta");
+    fs::create_symlink(main, desktop / "enlace.pdf");
+    fs::create_hard_link(desktop / "DOCtaller.db", desktop / "duro.pdf");
+    expectRefused(desktop / "sub/../taller.db", main);
+    expectRefused(desktop / "enlace.pdf", main);
+    expectRefused(desktop / "duro.pdf", desktop / "DOCtaller.db");
+    expectRefused(temporary / "carpeta/DOCtaller.db-wal", desktop / "DOCtaller.db-wal");
+    const fs::path before = fs::current_path();
+    fs::current_path(desktop.withSeparator());
+    expectRefused("taller.db", main);
+    fs::current_path(before);
+}
+
+TEST_F(OwnFilesTest, AnyOtherFileBesideThemIs) {
+    const std::string copy = write(desktop / "taller.db.copia", "x");
+    EXPECT_TRUE(onFiles.msAnadirFichero(copy, proposal7));
+    EXPECT_FALSE(exists(copy));
+    EXPECT_THAT(screen.messages, IsEmpty());
+    EXPECT_EQ(files_->execute("select count(*) from DOCTALLER.dbo.dex")[0].toLong(), 1);
+}
+
+TEST_F(OwnFilesTest, ADatabaseOpenedThroughALinkKnowsItsFilesAndTheirLogs) {
+    fs::create_directory(temporary / "datos");
+    fs::create_symlink(desktop / "taller.db", temporary / "datos/enlace.db");
+    const auto linked = sqlite::openDatabase(temporary / "datos/enlace.db", {.catalog = "TALLER"});
+    linked->execute("select count(*) from DPI");
+    adapters::StandInSession other(*linked, 7);
+    DocumentStore throughLink(other, desk);
+    EXPECT_TRUE(throughLink.msAnadirFichero(desktop / "taller.db-wal", proposal7));
+    EXPECT_TRUE(throughLink.msAnadirFichero(main, proposal7));
+    EXPECT_EQ(screen.messages.size(), 2U);
+    EXPECT_TRUE(exists(main));
+    EXPECT_TRUE(exists(desktop / "taller.db-wal"));
+}
+
+TEST_F(DocumentStoreTest, ADatabaseInMemoryHasNoFiles) {
+    EXPECT_THAT(connection.files(), IsEmpty());
+}
+
 // What survives a failure at each step of an addition.
 
 struct Failure {
@@ -202,6 +276,38 @@ TEST_F(DocumentStoreTest, AStoredNameStaysInTheTemporaryFolder) {
     store.LoadFileFromDB(3);
     EXPECT_THAT(screen.messageTexts(), ElementsAre("El nombre del documento no es un nombre de fichero"));
     EXPECT_EQ(services.opened.size(), 2U);
+}
+
+TEST_F(DocumentStoreTest, ADocumentWhoseNameNoFileSystemTakesIsViewed) {
+    // As long as the column takes, and longer than any name of a file.
+    put(1, (std::string(256, 'p') + ".pdf").c_str(), "0x41");
+    put(2, "plano\n2.pdf", "0x42");
+    store.LoadFileFromDB(1);
+    store.LoadFileFromDB(2);
+    EXPECT_THAT(screen.messages, IsEmpty());
+    EXPECT_THAT(services.opened, ElementsAre(temporary / (std::string(251, 'p') + ".pdf"), temporary / "plano 2.pdf"));
+    EXPECT_EQ(contentOf(services.opened[0]), "A");
+    EXPECT_EQ(contentOf(services.opened[1]), "B");
+    EXPECT_EQ(query("select Dex_Fic from DOCTALLER.dbo.dex where Dex_Id = 2"), "plano\n2.pdf")
+        << "the stored name stays";
+}
+
+TEST_F(DocumentStoreTest, WithoutATemporaryFolderNothingIsWrittenAndWordsSaySo) {
+    const fs::path before = fs::current_path();
+    fs::current_path(desktop.withSeparator());
+    put(1, "plano.pdf", "0x41");
+    services.folder.clear();
+    store.LoadFileFromDB(1);
+    fs::current_path(before);
+    EXPECT_THAT(screen.messageTexts(), ElementsAre("No hay carpeta temporal en la que escribir plano.pdf"));
+    EXPECT_FALSE(exists(desktop / "plano.pdf")) << "the current folder is not the temporary one";
+    EXPECT_THAT(services.opened, IsEmpty());
+    try {
+        store.temporaryPath("a.pdf");
+        FAIL() << "no error";
+    } catch (const runtime::RuntimeError& error) {
+        EXPECT_EQ(error.number(), 76);
+    }
 }
 
 TEST_F(DocumentStoreTest, AFailureToViewIsShown) {

@@ -170,6 +170,19 @@ TEST_F(FrmDocTest, TwoScansOfOneMinuteAreNotToldApartByTheSecond) {
     EXPECT_NE(query("select Dex_Fic from DOCTALLER.dbo.dex"), "DOC20260115100730.pdf");
 }
 
+TEST_F(FrmDocTest, WithoutATemporaryFolderNothingIsScanned) {
+    services.folder.clear();
+    try {
+        menu("ESCANER");
+        FAIL() << "no error";
+    } catch (const runtime::RuntimeError& error) {
+        EXPECT_EQ(error.number(), 76);
+        EXPECT_EQ(error.description(), "No hay carpeta temporal en la que escribir DOC202601151007.pdf");
+    }
+    EXPECT_THAT(paper.paths, IsEmpty());
+    EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex"), "0");
+}
+
 TEST_F(FrmDocTest, AScanThatIsCancelledLeavesNoRow) {
     paper.accepted = false;
     menu("ESCANER");

@@ -316,9 +316,10 @@ void WidthRows::width(Side side, int place, double left, double right, const Mar
     }
 }
 
-void WidthRows::leadOut(Side side, int place, double x, double edge) const {
+void WidthRows::leadOut(Side side, int place, double x, double edge, int label) const {
     const double sign = static_cast<int>(side);
-    line(drawing_, {x, sign * edge}, {x, sign * (foot(place) + 0.2 * row_)}, Pen::dimension);
+    drawing_.shapes.emplace_back(Path{
+        .points = {{x, sign * edge}, {x, sign * (foot(place) + 0.2 * row_)}}, .pen = Pen::dimension, .label = label});
 }
 
 }  // namespace velmora::estimate::parts

@@ -115,8 +115,8 @@ class WidthRows {
 
     void width(Side side, int place, double left, double right, const Mark& mark) const;
     /// Leads an edge out to where the extension line of a row begins, and a little further: a toolkit may leave a gap
-    /// there.
-    void leadOut(Side side, int place, double x, double edge) const;
+    /// there. With a label it stays out of the picture together with that label's dimension.
+    void leadOut(Side side, int place, double x, double edge, int label = -1) const;
 
     /// How far from the axis the dimension line of a row stands.
     double level(int place) const;

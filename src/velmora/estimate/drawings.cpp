@@ -91,8 +91,9 @@ void drawWidthsOfOneHub(const WidthRows& rows, const Piece& piece) {
     const double right = piece.rimRight();
     rows.leadOut(Side::below, 0, 0, piece.hub + 0.1 * rows.row());
     rows.width(Side::below, 0, 0, piece.rimLeft(), mark(PieceLabel::hubWidth));
-    rows.leadOut(Side::below, 1, right, piece.root);
-    rows.width(Side::below, 1, 0, right, mark(PieceLabel::totalWidth));
+    const parts::Mark total = mark(PieceLabel::totalWidth);
+    rows.leadOut(Side::below, 1, right, piece.root, total.label);
+    rows.width(Side::below, 1, 0, right, total);
 }
 
 // Chosen C-321: with two hubs both labels of the total width measure the whole piece; they differ only while the one
@@ -101,17 +102,19 @@ void drawWidthsOfTwoHubs(const WidthRows& rows, const Piece& piece) {
     const double right = piece.rimRight();
     const double width = piece.width();
     const double hubEdge = piece.hub + 0.1 * rows.row();
-    rows.leadOut(Side::above, 1, 0, hubEdge);
-    rows.leadOut(Side::above, 1, width, hubEdge);
-    rows.width(Side::above, 1, 0, width, mark(PieceLabel::totalWidthOfTwoHubs));
+    const parts::Mark sum = mark(PieceLabel::totalWidthOfTwoHubs);
+    rows.leadOut(Side::above, 1, 0, hubEdge, sum.label);
+    rows.leadOut(Side::above, 1, width, hubEdge, sum.label);
+    rows.width(Side::above, 1, 0, width, sum);
 
     rows.leadOut(Side::below, 0, 0, hubEdge);
     rows.width(Side::below, 0, 0, piece.rimLeft(), mark(PieceLabel::hubWidth));
     rows.leadOut(Side::below, 1, right, piece.root);
     rows.leadOut(Side::below, 1, width, hubEdge);
     rows.width(Side::below, 1, right, width, mark(PieceLabel::secondHubWidth));
-    rows.leadOut(Side::below, 2, 0, rows.foot(1));
-    rows.width(Side::below, 2, 0, width, mark(PieceLabel::totalWidth));
+    const parts::Mark total = mark(PieceLabel::totalWidth);
+    rows.leadOut(Side::below, 2, 0, rows.foot(1), total.label);
+    rows.width(Side::below, 2, 0, width, total);
 }
 
 // Chosen C-320: the disc keeps the line of its width, which carries the label of the rim: that label is shown for every

@@ -173,7 +173,7 @@ void drawWidthsBelow(const WidthRows& rows, const Multiple& piece, const Marks& 
     if (piece.hasHub()) {
         rows.leadOut(Side::below, 0, 0, piece.hub + 0.1 * rows.row());
         rows.width(Side::below, 0, 0, piece.hubWidth, marks.hubWidth);
-        rows.leadOut(Side::below, 1, piece.width(), piece.root);
+        rows.leadOut(Side::below, 1, piece.width(), piece.root, marks.totalWidth.label);
         rows.width(Side::below, 1, 0, piece.width(), marks.totalWidth);
     } else {
         rows.width(Side::below, 0, 0, piece.width(), marks.totalWidth);
@@ -253,9 +253,10 @@ void drawDimensions(Drawing& drawing, const Variable& piece, double row) {
     const double edgeA = piece.hubA + 0.1 * row;
     const double edgeB = piece.hubB + 0.1 * row;
     const WidthRows rows(drawing, piece, row);
-    rows.leadOut(Side::above, 1, 0, edgeA);
-    rows.leadOut(Side::above, 1, width, edgeB);
-    rows.width(Side::above, 1, 0, width, mark(VariableLabel::totalWidth, "Total"));
+    const Mark total = mark(VariableLabel::totalWidth, "Total");
+    rows.leadOut(Side::above, 1, 0, edgeA, total.label);
+    rows.leadOut(Side::above, 1, width, edgeB, total.label);
+    rows.width(Side::above, 1, 0, width, total);
     rows.width(Side::above, 0, piece.hubAWidth, right, mark(VariableLabel::rim, "Llanta"));
     rows.leadOut(Side::below, 0, 0, edgeA);
     rows.width(Side::below, 0, 0, piece.hubAWidth, mark(VariableLabel::hubAWidth, "Cubo A"));

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/runtime/text.h"
 
 namespace velmora::services {
 
@@ -29,9 +30,62 @@ fs::path toPath(std::string_view utf8) {
     fail(cannotRead, "No se puede leer el fichero " + path);
 }
 
-bool isControl(char c) {
-    const auto code = static_cast<unsigned char>(c);
-    return code < 0x20 || code == 0x7F;
+/// What the file systems in use take at most, in bytes.
+constexpr std::size_t longestName = 255;
+
+/// Of a name that consists of control characters alone.
+constexpr const char* namelessDocument = "documento";
+
+/// The length in bytes of the control character that the text begins with; 0 for any other character.
+std::size_t controlAt(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    if (first < 0x20 || first == 0x7F) {
+        return 1;
+    }
+    // U+0080 to U+009F
+    return first == 0xC2 && text.size() > 1 && static_cast<unsigned char>(text[1]) <= 0x9F ? 2 : 0;
+}
+
+/// Control characters turned into blanks; those at the ends go, with the blanks that stand there.
+// Chosen C-276: what stands in the place of a control character is open: a blank, which every viewer shows in a title.
+std::string withoutControls(const std::string& name) {
+    std::string result;
+    bool any = false;
+    for (std::size_t at = 0; at < name.size();) {
+        const std::size_t control = controlAt(std::string_view(name).substr(at));
+        result += control > 0 ? ' ' : name[at];
+        any = any || control > 0;
+        at += std::max<std::size_t>(control, 1);
+    }
+    return any ? runtime::Trim(result) : name;
+}
+
+/// At most so many bytes, ended between two characters.
+std::string firstBytes(const std::string& text, std::size_t most) {
+    if (text.size() <= most) {
+        return text;
+    }
+    while (most > 0 && (static_cast<unsigned char>(text[most]) & 0xC0) == 0x80) {
+        --most;
+    }
+    return text.substr(0, most);
+}
+
+/// A name of at most `longestName` bytes that keeps its extension, as long as that leaves room for a name before it.
+std::string shortened(const std::string& name) {
+    if (name.size() <= longestName) {
+        return name;
+    }
+    const std::size_t point = name.find_last_of('.');
+    const std::size_t ending = point == std::string::npos ? 0 : name.size() - point;
+    if (ending == 0 || ending > longestName / 2) {
+        return firstBytes(name, longestName);
+    }
+    return firstBytes(name.substr(0, point), longestName - ending) + name.substr(point);
+}
+
+bool namesNoFile(const std::string& name) {
+    return name.empty() || name == "." || name == "..";
 }
 
 /// Takes away a file, or a link that somebody laid there to have another file written; never a folder or a device.
@@ -63,10 +117,17 @@ std::string safeFileName(std::string_view storedName) {
     if (drivesHaveLetters) {
         name.erase(0, name.find_last_of(':') + 1);
     }
-    if (name.empty() || name == "." || name == ".." || std::ranges::any_of(name, isControl)) {
+    if (namesNoFile(name)) {
         fail(wrongFileName, "El nombre del documento no es un nombre de fichero");
     }
-    return name;
+    // Differs D-264: a name that the file system would refuse is made fit, so that its document can be viewed.
+    name = withoutControls(name);
+    return namesNoFile(name) ? namelessDocument : shortened(name);
+}
+
+bool isSameFile(const std::string& path, const std::string& other) {
+    std::error_code ignored;
+    return fs::equivalent(toPath(path), toPath(other), ignored);
 }
 
 sql::Bytes readFile(const std::string& path) {

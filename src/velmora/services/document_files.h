@@ -15,9 +15,14 @@ std::string nameOfFile(std::string_view path);
 std::string extensionOfFile(std::string_view path);
 
 /// The last part of a stored name, which may come from anywhere, so that it can only name a file inside the folder it
-/// is put behind. Errors: 52 (wrong file name) when nothing usable is left: no characters, "." or "..", control
-/// characters.
+/// is put behind, and one that a file system takes: control characters become blanks, or go at an end; of more than 255
+/// bytes those before the extension are cut, never within a character. Errors: 52 (wrong file name) for a name without
+/// characters, "." and "..".
 std::string safeFileName(std::string_view storedName);
+
+/// Whether both paths lead to one file on one device, however they are spelled and through whatever links. False when
+/// one of them leads nowhere.
+bool isSameFile(const std::string& path, const std::string& other);
 
 /// The whole content. Errors: 3002, its description naming the file, when it is no file, cannot be opened or not be
 /// read to its end.

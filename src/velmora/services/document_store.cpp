@@ -1,5 +1,6 @@
 #include "velmora/services/document_store.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "velmora/platform/runtime/numbers.h"
@@ -14,6 +15,8 @@ namespace {
 
 /// No row was made: the insert was refused.
 constexpr std::int32_t noRow = 0;
+
+constexpr long pathNotFound = 76;
 
 std::string text(std::int64_t number) {
     return runtime::CStr(number);
@@ -30,7 +33,17 @@ sql::Recordset DocumentStore::list(const DocumentOwner& owner) {
                                          " and dex_idAct=" + text(owner.nIdAct) + " order by dex_id desc");
 }
 
+bool DocumentStore::isOfTheDatabase(const std::string& path) const {
+    return std::ranges::any_of(session_.Connection().files(),
+                               [&](const std::string& file) { return isSameFile(path, file); });
+}
+
 bool DocumentStore::msAnadirFichero(const std::string& path, const DocumentOwner& owner) {
+    // Differs D-263: attaching deletes the file from disk, and the database with it.
+    if (isOfTheDatabase(path)) {
+        showError("El fichero es de la propia base de datos y no se puede adjuntar");
+        return true;
+    }
     const std::int32_t id = addRow(path, owner);
     if (id == noRow) {
         showError("Error añadiendo fichero");
@@ -101,13 +114,22 @@ void DocumentStore::open(std::int32_t id) {
     if (row.eof() || row["Dex_Doc"].isNull()) {
         return;
     }
-    const std::string path = GetTmpPath() + safeFileName(row["Dex_Fic"].toText());
+    const std::string path = temporaryPath(safeFileName(row["Dex_Fic"].toText()));
     const auto* content = std::get_if<sql::Bytes>(&row["Dex_Doc"].raw());
     if (content == nullptr) {
         runtime::raise(runtime::typeMismatch);
     }
     writeFile(path, *content);
     ShellEx(desk_.services, path);
+}
+
+std::string DocumentStore::temporaryPath(const std::string& name) const {
+    // Differs D-261: without a temporary folder the name alone would be a file of the current one.
+    const std::string folder = GetTmpPath();
+    if (folder.empty()) {
+        throw runtime::RuntimeError(pathNotFound, "No hay carpeta temporal en la que escribir " + name);
+    }
+    return folder + name;
 }
 
 void DocumentStore::remove(std::int32_t id) {

@@ -28,7 +28,8 @@ class DocumentStore {
     sql::Recordset list(const DocumentOwner& owner);
 
     /// Stores a file as a new document and takes it away from disk once its content is in the database; false when
-    /// the content is not, which has been told. Errors: the database's while the row is made; then there is no row.
+    /// the content is not, which has been told. A file of the database itself is refused in words: neither row nor
+    /// file is touched. Errors: the database's while the row is made; then there is no row.
     bool msAnadirFichero(const std::string& path, const DocumentOwner& owner);
 
     /// Writes the file's bytes into the row; false when that failed, which has been told.
@@ -41,11 +42,15 @@ class DocumentStore {
     /// Errors: the database's.
     void remove(std::int32_t id);
 
-    /// The system's temporary folder with a separator behind it; empty when there is none.
+    /// The temporary folder with a separator behind it; empty when there is none.
     std::string GetTmpPath() const { return desk_.services.temporaryFolder(); }
+
+    /// Where a file of this name is to lie in the temporary folder. Error 76 when there is none.
+    std::string temporaryPath(const std::string& name) const;
 
   private:
     std::int32_t addRow(const std::string& path, const DocumentOwner& owner);
+    bool isOfTheDatabase(const std::string& path) const;
     void open(std::int32_t id);
     void showError(const std::string& text);
 

@@ -114,7 +114,7 @@ void frmDoc::addFromDisk() {
 
 void frmDoc::scan() {
     // Kept K-183: the name counts minutes, so that two scans of one minute bear the same name in the list.
-    const std::string path = store_.GetTmpPath() + "DOC" + runtime::Format(desk_.clock.now(), "yyyymmddhhnn") + ".pdf";
+    const std::string path = store_.temporaryPath("DOC" + runtime::Format(desk_.clock.now(), "yyyymmddhhnn") + ".pdf");
     const auto scanner = desk_.components.create<components::Scanner>("MIRTOL.jMirtol");
     scanner->setFichero(path);
     scanner->jConfig();

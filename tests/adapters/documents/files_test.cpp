@@ -12,6 +12,11 @@ namespace {
 
 using runtime::RuntimeError;
 
+std::string contentOf(const std::string& path) {
+    std::ifstream stream(path);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 TEST(FileName, IsOneThatEveryFileSystemTakes) {
     EXPECT_EQ(fileName("Registro de presupuestos"), "Registro de presupuestos");
     EXPECT_EQ(fileName("a/b\\c:d*e?f\"g<h>i|j\tk"), "a b c d e f g h i j k");
@@ -68,6 +73,44 @@ TEST(NewFile, LeavesWhatStoodThereUntilItIsWhole) {
     }
     EXPECT_EQ(folder.files(), std::vector<std::string>{"a.txt"});
     EXPECT_EQ(std::filesystem::file_size(path), 5u);
+}
+
+TEST(NewFile, ALinkInTheWayIsNotFollowed) {
+    const support::Folder folder;
+    const std::string foreign = folder.path() / "ajeno.txt";
+    const std::string path = folder.path() / "a.txt";
+    std::ofstream(foreign) << "ajeno";
+    std::filesystem::create_symlink(foreign, path + ".part");
+    std::filesystem::create_symlink(foreign, path);
+    {
+        NewFile file(path);
+        std::ofstream(file.draft()) << "whole";
+        file.keep();
+    }
+    EXPECT_EQ(std::filesystem::file_size(foreign), 5u);
+    EXPECT_EQ(contentOf(foreign), "ajeno");
+    EXPECT_EQ(contentOf(path), "whole");
+    EXPECT_FALSE(std::filesystem::is_symlink(path));
+}
+
+TEST(NewFile, WhyItCannotBeMadeIsSaidInTheUsersLanguage) {
+    const support::Folder folder;
+    std::ofstream(folder.path() / "fichero") << "x";
+    const std::pair<std::string, std::string> cases[] = {
+        {folder.path() / "falta/a.txt", "La carpeta no existe."},
+        {folder.path() / "fichero/a.txt", "La carpeta no existe."},
+        {folder.path() / std::string(300, 'x'), "El nombre es demasiado largo."},
+        {"/proc/version/a.txt", "La carpeta no existe."},
+        {"/proc/self/a.txt", "La carpeta no existe."},
+    };
+    for (const auto& [path, reason] : cases) {
+        try {
+            const NewFile file(path);
+            ADD_FAILURE() << path;
+        } catch (const RuntimeError& e) {
+            EXPECT_EQ(e.description(), "No se puede escribir el fichero\n" + path + "\n\n" + reason);
+        }
+    }
 }
 
 TEST(NewFile, ThatCannotTakeItsNameIsAnErrorThatNamesIt) {

@@ -1,5 +1,6 @@
 #include "velmora/adapters/documents/grid_spreadsheet.h"
 
+#include <algorithm>
 #include <clocale>
 #include <limits>
 
@@ -8,6 +9,7 @@
 #include "velmora/adapters/documents/files.h"
 #include "velmora/adapters/documents/grid_sheet.h"
 #include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/runtime/numbers.h"
 
 #include "adapters/documents/folder.h"
 #include "support/fake_screen.h"
@@ -61,6 +63,26 @@ class Numbers final : public sql::RowSource {
     sql::Row row_;
 };
 
+/// Rows of a short text, the last one of a long one, that count how often each is read.
+class Growing final : public sql::RowSource {
+  public:
+    explicit Growing(std::vector<std::size_t>& reads) : reads_(reads) {}
+    const std::vector<sql::Column>& columns() const override { return columns_; }
+    bool hasRow(std::size_t position) override { return position < reads_.size(); }
+    const sql::Row& row(std::size_t position) override {
+        ++reads_[position];
+        row_ = {std::string(position + 1 == reads_.size() ? 60 : 3, 'x')};
+        return row_;
+    }
+    std::size_t rowCount() override { return reads_.size(); }
+    std::unique_ptr<sql::RowSource> reopen() const override { return nullptr; }
+
+  private:
+    std::vector<std::size_t>& reads_;
+    std::vector<sql::Column> columns_{{"t"}};
+    sql::Row row_;
+};
+
 std::size_t openFiles() {
     std::size_t count = 0;
     DIR* folder = ::opendir("/proc/self/fd");
@@ -105,6 +127,16 @@ class GridSpreadsheetTest : public ::testing::Test {
     /// The cell's line.
     std::string cell(const std::string& name) { return told(name + " "); }
 
+    /// Of the columns of each sheet, in digits.
+    std::vector<double> widths() {
+        std::vector<double> all;
+        const std::string lines = told("widths");
+        for (std::size_t at = lines.find(' '); at != std::string::npos; at = lines.find(' ', at + 1)) {
+            all.push_back(runtime::Val(std::string_view(lines).substr(at + 1)));
+        }
+        return all;
+    }
+
     support::Folder folder;
     support::FolderServices services{folder};
     support::StoppedClock clock;
@@ -124,23 +156,77 @@ TEST_F(GridSpreadsheetTest, IsNamedAfterTitleAndClockAndOpened) {
     EXPECT_EQ(services.opened, std::vector<std::string>{services.folder + name});
 }
 
-TEST_F(GridSpreadsheetTest, TitleCaptionsFrozenHeaderFilterAndWidths) {
+TEST_F(GridSpreadsheetTest, TitleCaptionsFrozenHeaderAndFilter) {
     writeGrid({{.field = 1, .caption = "Año", .width = 1500, .right = true},
                {.field = 0, .caption = "oculta", .visible = false},
                {.field = 2, .caption = "Cliente", .width = 4500, .mask = {}}},
               {{1, 2024, "Muñoz"}, {2, 2025, "Ibáñez"}});
-    EXPECT_EQ(told(),
+    EXPECT_EQ(told("sheet") + told("formulas") + told("A") + told("B"),
               "sheet 'Registro de presupuestos especi' rows=5 freeze=A4 filter=A3:B5\n"
               "formulas 0\n"
-              "widths 14.3 42.9\n"
               "A1 s 'Registro de presupuestos especiales' [General] bold\n"
               "A2 s 'Exportado el 15/01/2026 10:00' [General]\n"
               "A3 s 'Año' [General] bold right\n"
-              "B3 s 'Cliente' [General] bold\n"
               "A4 n 2024 [General] right\n"
-              "B4 s 'Muñoz' [General]\n"
               "A5 n 2025 [General] right\n"
+              "B3 s 'Cliente' [General] bold\n"
+              "B4 s 'Muñoz' [General]\n"
               "B5 s 'Ibáñez' [General]\n");
+}
+
+TEST_F(GridSpreadsheetTest, AColumnIsAsWideAsItsLongestTextWhateverTheGridsWidth) {
+    const std::string name = "MAQUINARIA TRIGOVERDÍN Y COMPAÑÍA SA";
+    writeGrid(
+        {{.field = 0, .caption = "Cliente", .width = 300},
+         {.field = 1, .caption = "Z", .width = 9000},
+         {.field = 2, .caption = "Referencia del cliente", .width = 300},
+         {.field = 3, .caption = "L", .width = 300}},
+        {{"ANA", "a", "x", "corta\nuna linea larga de dos\nfin"}, {name, "bb", "y", "z"}, {"BEA", "c", "z", "z"}});
+    ASSERT_EQ(widths().size(), 4u);
+    EXPECT_GE(widths()[0], 36);
+    EXPECT_LE(widths()[0], 36 * 1.6);
+    EXPECT_LE(widths()[1], 6) << "the grid's width is not the sheet's";
+    EXPECT_GE(widths()[2], 22) << "a caption counts";
+    EXPECT_GE(widths()[3], 22);
+    EXPECT_LE(widths()[3], 30) << "of several lines the longest counts";
+}
+
+TEST_F(GridSpreadsheetTest, AColumnHasABound) {
+    writeGrid({{.field = 0, .caption = "t"}, {.field = 1, .caption = std::string(400, 'c')}},
+              {{std::string(30'000, 'm'), "x"}, {"", ""}});
+    EXPECT_NEAR(widths().at(0), 80, 1);
+    EXPECT_NEAR(widths().at(1), 80, 1);
+}
+
+TEST_F(GridSpreadsheetTest, NumbersAndDatesHaveRoomToBeReadWhole) {
+    const Date moment = Date::of(2026, 1, 15, 18, 30, 0);
+    writeGrid({{.field = 0, .caption = "€", .width = 15, .mask = "#,##0.00"},
+               {.field = 1, .caption = "€", .width = 15, .mask = "#,##0.00 €"},
+               {.field = 2, .caption = "n", .width = 15},
+               {.field = 3, .caption = "d", .width = 15, .mask = "dd/mm/yyyy"},
+               {.field = 4, .caption = "m", .width = 15},
+               {.field = 5, .caption = "b", .width = 15}},
+              {{1.0, 5.0, std::int64_t{1234567890}, moment, moment, true},
+               {99999999.99, -99999999.99, 7, moment, moment, true},
+               {2.0, 6.0, 0.1234567890123, moment, moment, false}});
+    EXPECT_GE(widths().at(0), 13);
+    EXPECT_GE(widths().at(1), 16);
+    EXPECT_GE(widths().at(2), 11);
+    EXPECT_GE(widths().at(3), 10);
+    EXPECT_GE(widths().at(4), 19);
+    EXPECT_GE(widths().at(5), 9);
+    for (const double width : widths()) {
+        EXPECT_LE(width, 24);
+    }
+}
+
+TEST_F(GridSpreadsheetTest, TheLastOfManyRowsCountsAndNoRowIsReadTwice) {
+    constexpr std::size_t count = 2500;
+    std::vector<std::size_t> reads(count);
+    sql::Recordset list(std::make_unique<Growing>(reads));
+    writeSet({{.field = 0, .caption = "n"}}, list);
+    EXPECT_GE(widths().at(0), 60);
+    EXPECT_LE(*std::ranges::max_element(reads), 1u);
 }
 
 TEST_F(GridSpreadsheetTest, ColumnsStandInTheOrderOfTheGrid) {
@@ -223,6 +309,21 @@ TEST_F(GridSpreadsheetTest, TextsOfSeveralLinesBrokenBytesAndMarkupComeThrough) 
     EXPECT_EQ(cell("A6"), "A6 s 'a\xEF\xBF\xBDz' [General]\n");
     EXPECT_EQ(cell("A7"), "A7 s 'bz' [General]\n");
     EXPECT_EQ(cell("A8"), "A8 s 'ñ\xEF\xBF\xBD' [General]\n");
+}
+
+TEST_F(GridSpreadsheetTest, NoCharacterSpoilsTheFile) {
+    component.setTitulo("Lista \x01\xEF\xBF\xBF");
+    writeGrid(
+        {{.field = 0, .caption = "c\xEF\xBF\xBE\x02"}},
+        {{"a\xEF\xBF\xBEz"}, {"b\xEF\xBF\xBFz"}, {"c\xED\xA0\x80z"}, {"d\x01\x1Fz"}, {"e\xF4\x8F\xBF\xBFz"}, {"f\tz"}});
+    const std::string unknown = "\xEF\xBF\xBD";
+    EXPECT_EQ(cell("A3"), "A3 s 'c" + unknown + " ' [General] bold\n");
+    EXPECT_EQ(cell("A4"), "A4 s 'a" + unknown + "z' [General]\n");
+    EXPECT_EQ(cell("A5"), "A5 s 'b" + unknown + "z' [General]\n");
+    EXPECT_TRUE(cell("A6").starts_with("A6 s 'c" + unknown)) << cell("A6");
+    EXPECT_EQ(cell("A7"), "A7 s 'd  z' [General]\n");
+    EXPECT_EQ(cell("A8"), "A8 s 'e" + unknown + "z' [General]\n");
+    EXPECT_EQ(cell("A9"), "A9 s 'f\\tz' [General]\n");
 }
 
 TEST_F(GridSpreadsheetTest, ATextTooLongForACellIsCutAndSaysSo) {

@@ -48,4 +48,27 @@ std::int32_t PaperWorkshop::latestOfType(int type) {
     return execute("SELECT max(DPI_Id) FROM DPI where DPI_Tipo=" + runtime::CStr(std::int64_t{type}))[0].toLong();
 }
 
+std::int32_t PaperWorkshop::withGreatFigures(int type) {
+    constexpr const char* great = "99999999.99";
+    std::string assignments;
+    for (const char* column :
+         {"DPI_AC",        "DPI_Rodillo",     "DPI_Pas",    "DPI_DmPri",      "DPI_DmFon",           "DPI_DmExt",
+          "DPI_DmCub",     "DPI_Alt",         "DPI_Eje",    "DPI_Chav",       "DPI_AnchoTotal",      "DPI_Llanta",
+          "DPI_AnchoCubo", "DPI_PDM_b1",      "DPI_PDM_x",  "DPI_PDM_h1",     "DPI_DisCortDM",       "DPI_DisCortAN",
+          "DPI_DmInterno", "DPI_DisCortPESO", "DPI_DisPVE", "DPI_DisImporte", "DPI_CosteCorteDisco", "DPI_CubCortDM",
+          "DPI_CubCortAN", "DPI_CubCortPESO", "DPI_CubPVE", "DPI_CubImporte", "DPI_FijoSierra",      "DPI_ImpMat",
+          "DPI_ImpMO",     "DPI_ImpTS",       "DPI_ImpVA",  "DPI_ImpTP",      "DPI_Unidades",        "DPI_Importe"}) {
+        assignments += (assignments.empty() ? "" : ", ") + std::string(column) + "=" + great;
+    }
+    const std::int32_t proposal = latestOfType(type);
+    const std::string number = runtime::CStr(std::int64_t{proposal});
+    execute("UPDATE DPI SET " + assignments + " WHERE DPI_Id=" + number);
+    execute("DELETE FROM MoDpi WHERE MoDpi_Dpi=" + number);
+    execute(
+        "INSERT INTO MoDpi (MoDpi_Dpi, MoDpi_Ope, MoDpi_Maq, MoDpi_Minutos, MoDpi_Pvp, MoDpi_Tiempo, MoDpi_Importe) "
+        "VALUES (" +
+        number + ", 2, 201, " + great + ", " + great + ", " + great + ", " + great + ")");
+    return proposal;
+}
+
 }  // namespace velmora::support

@@ -20,6 +20,9 @@ class PaperWorkshop {
     sql::Recordset execute(const std::string& statement) { return database->execute(statement); }
     /// The newest proposal of the type.
     std::int32_t latestOfType(int type);
+    /// Gives the newest proposal of the type the greatest amounts and measures that a paper must bear, and a line of
+    /// labour with such figures; its number.
+    std::int32_t withGreatFigures(int type);
 
     StoppedClock clock;
     std::unique_ptr<sql::Connection> database;

@@ -1,5 +1,7 @@
 #include "velmora/adapters/documents/proposal_printing.h"
 
+#include <algorithm>
+#include <iterator>
 #include <regex>
 #include <set>
 
@@ -22,14 +24,47 @@ class ProposalPrintingTest : public ::testing::Test {
   protected:
     ProposalPrintingTest() { component.setMyBd(workshop.session); }
 
-    /// The path of the paper.
-    const std::string& print(std::int32_t number, bool order = false) {
-        component.jPrintPropuesta(number, order);
+    /// The paths of the customer's paper and of the shop's.
+    std::string customersPaper(std::int32_t number) {
+        component.jPrintPropuesta(number, false);
+        return services.opened.at(services.opened.size() - 2);
+    }
+    std::string shopsPaper(std::int32_t number) {
+        component.jPrintPropuesta(number, false);
+        return services.opened.back();
+    }
+    std::string ordersPaper(std::int32_t number) {
+        component.jPrintPropuesta(number, true);
         return services.opened.back();
     }
     std::string pageText(const std::string& path, int page) {
         const std::string which = runtime::CStr(std::int64_t{page});
         return support::outputOf("pdftotext -layout -f " + which + " -l " + which + " '" + path + "' -");
+    }
+    std::string textOf(const std::string& path) { return support::outputOf("pdftotext -layout '" + path + "' -"); }
+    struct Word {
+        double left;
+        double top;
+        double right;
+        double bottom;
+        std::string text;
+    };
+    /// The words of the paper and where they stand, in points.
+    static std::vector<Word> wordsOf(const std::string& path) {
+        const std::string boxes = support::outputOf("pdftotext -bbox '" + path + "' -");
+        const std::regex word(
+            R"re(<word xMin="([0-9.-]+)" yMin="([0-9.-]+)" xMax="([0-9.-]+)" yMax="([0-9.-]+)">([^<]*)</word>)re");
+        std::vector<Word> words;
+        for (std::sregex_iterator at(boxes.begin(), boxes.end(), word), end; at != end; ++at) {
+            words.push_back({runtime::Val((*at)[1].str()), runtime::Val((*at)[2].str()), runtime::Val((*at)[3].str()),
+                             runtime::Val((*at)[4].str()), (*at)[5].str()});
+        }
+        return words;
+    }
+    static Word wordOf(const std::vector<Word>& words, const std::string& text) {
+        const auto found = std::ranges::find(words, text, &Word::text);
+        EXPECT_NE(found, words.end()) << text;
+        return found == words.end() ? Word{} : *found;
     }
     std::string info(const std::string& path) { return support::outputOf("LC_ALL=C pdfinfo '" + path + "'"); }
     void set(std::int32_t number, const std::string& assignment) {
@@ -47,7 +82,7 @@ class ProposalPrintingTest : public ::testing::Test {
             "DPI_DmInterno=0, DPI_DisCortPESO=1.34, DPI_DisPVE=1.31, DPI_DisImporte=11.66, "
             "DPI_CosteCorteDisco=9.9, DPI_IdParCubo=3, DPI_ArtCubo=2, DPI_CubCortDM=102, DPI_CubCortAN=47, "
             "DPI_CuboDmInterno=0, DPI_CubCortPESO=3.02, DPI_CubPVE=1.52, DPI_CubImporte=9.09, DPI_FijoSierra=2.53, "
-            "DPI_ImpMat=20.75, DPI_ImpMO=24.98, DPI_ImpTS=31.17, DPI_ImpVA=1.05, DPI_ImpTP=1080.48, "
+            "DPI_ImpMat=20.75, DPI_ImpMO=24.98, DPI_ImpTS=1031.17, DPI_ImpVA=1.05, DPI_ImpTP=1080.48, "
             "DPI_Unidades=20, DPI_Importe=21609.6, DPI_HERRAMIENTA='H7', DPI_Acopla=1");
         return 1;
     }
@@ -58,16 +93,22 @@ class ProposalPrintingTest : public ::testing::Test {
     ProposalPrinting component{services, std::make_shared<qt::Graphics>()};
 };
 
-TEST_F(ProposalPrintingTest, APaperBearsTheNumberOfTheProposalAndIsOpened) {
-    EXPECT_EQ(print(7), services.folder + "Propuesta_000007.pdf");
-    EXPECT_EQ(folder.files(), std::vector<std::string>{"Propuesta_000007.pdf"});
-    EXPECT_EQ(services.opened.size(), 1u);
+TEST_F(ProposalPrintingTest, CustomerAndShopHaveFilesOfTheirOwn) {
+    component.jPrintPropuesta(7, false);
+    const std::string customers = services.folder + "Propuesta_000007.pdf";
+    const std::string shops = services.folder + "HojaCorte_000007.pdf";
+    EXPECT_EQ(services.opened, (std::vector<std::string>{customers, shops}));
+    EXPECT_THAT(folder.files(), ::testing::UnorderedElementsAre("Propuesta_000007.pdf", "HojaCorte_000007.pdf"));
+    EXPECT_THAT(textOf(customers), Not(HasSubstr("Hoja de corte")));
+    EXPECT_THAT(info(customers), Not(HasSubstr("Hoja de corte")));
+    EXPECT_THAT(textOf(shops), HasSubstr("Hoja de corte 000007"));
+    EXPECT_THAT(info(shops), HasSubstr("Hoja de corte 000007"));
 }
 
 TEST_F(ProposalPrintingTest, IsA4WithEmbeddedFontsAndLinesInPlaceOfImages) {
-    const std::string path = print(sprocket());
+    const std::string path = customersPaper(sprocket());
     EXPECT_THAT(info(path), HasSubstr("(A4)"));
-    EXPECT_THAT(info(path), HasSubstr("Pages:           2"));
+    EXPECT_THAT(info(path), HasSubstr("Pages:           1"));
     EXPECT_THAT(info(path), HasSubstr("Propuesta 000001"));
     const std::string fonts = support::outputOf("LC_ALL=C pdffonts '" + path + "'");
     EXPECT_THAT(fonts, HasSubstr("TrueType"));
@@ -82,7 +123,7 @@ TEST_F(ProposalPrintingTest, IsA4WithEmbeddedFontsAndLinesInPlaceOfImages) {
 }
 
 TEST_F(ProposalPrintingTest, TheCustomersPageTellsPieceAndPrice) {
-    const std::string page = pageText(print(sprocket()), 1);
+    const std::string page = pageText(customersPaper(sprocket()), 1);
     for (const char* text : {"Propuesta 000001",
                              "1013 · LAVANDERÍAS ESPUMAÑUL SL",
                              "REF-17-A",
@@ -115,8 +156,8 @@ TEST_F(ProposalPrintingTest, TheCustomersPageTellsPieceAndPrice) {
 }
 
 TEST_F(ProposalPrintingTest, TheCustomersPageShowsNoCost) {
-    const std::string page = pageText(print(sprocket()), 1);
-    const std::string shop = pageText(services.opened.back(), 2);
+    const std::string page = textOf(customersPaper(sprocket()));
+    const std::string shop = textOf(services.opened.back());
     for (const char* cost : {"1,34",
                              "1,31",
                              "11,66",
@@ -144,7 +185,7 @@ TEST_F(ProposalPrintingTest, TheCustomersPageShowsNoCost) {
 }
 
 TEST_F(ProposalPrintingTest, TheShopsPageCutsWeighsAndSums) {
-    const std::string page = pageText(print(sprocket()), 2);
+    const std::string page = textOf(shopsPaper(sprocket()));
     for (const char* text : {"Hoja de corte 000001", "Ø 165 × 8", "Ø 102 × 47", "RED-F1140", "4,36", "87,20 kg",
                              "1.080,48", "21.609,60", "Página 1 de 1"}) {
         EXPECT_THAT(page, HasSubstr(text));
@@ -153,7 +194,7 @@ TEST_F(ProposalPrintingTest, TheShopsPageCutsWeighsAndSums) {
 
 TEST_F(ProposalPrintingTest, TheHubsCutIsWhatItsAmountLeaves) {
     // 9,09 is 3,02 kg at 1,52 €, rounded to 4,59, and a cut of 4,50.
-    EXPECT_TRUE(std::regex_search(pageText(print(sprocket()), 2), std::regex("Cubo .*3,02 +1,52 +4,50 +9,09")));
+    EXPECT_TRUE(std::regex_search(textOf(shopsPaper(sprocket())), std::regex("Cubo .*3,02 +1,52 +4,50 +9,09")));
 }
 
 TEST_F(ProposalPrintingTest, TheLabourLinesStandAsTheyAreStored) {
@@ -165,7 +206,7 @@ TEST_F(ProposalPrintingTest, TheLabourLinesStandAsTheyAreStored) {
     workshop.execute(
         "INSERT INTO MoDpi (MoDpi_Dpi, MoDpi_Ope, MoDpi_Maq, MoDpi_Minutos, MoDpi_Pvp, MoDpi_Tiempo, "
         "MoDpi_Importe) VALUES (1, 99, 999, 60.25, 1200, 1.0042, 1205)");
-    const std::string page = pageText(print(1), 2);
+    const std::string page = textOf(shopsPaper(1));
     EXPECT_TRUE(std::regex_search(page, std::regex("16,40 +0,2733 +39,50 +10,80"))) << page;
     EXPECT_TRUE(std::regex_search(page, std::regex("60,25 +1,0042 +1\\.200,00 +1\\.205,00"))) << page;
     EXPECT_TRUE(std::regex_search(page, std::regex("76,65 +1\\.215,80"))) << page;
@@ -179,18 +220,18 @@ TEST_F(ProposalPrintingTest, ManyLabourLinesGoOnUnderTheirCaptionsOnFurtherPages
             "MoDpi_Importe) VALUES (1, 2, 201, " +
             runtime::CStr(std::int64_t{1000 + i}) + ", 39.5, 0.2733, 10.8)");
     }
-    const std::string path = print(1);
+    const std::string path = shopsPaper(1);
     const std::string facts = info(path);
     std::smatch pages;
     ASSERT_TRUE(std::regex_search(facts, pages, std::regex("Pages: +(\\d)")));
     const int count = pages[1].str()[0] - '0';
-    ASSERT_GE(count, 4);
+    ASSERT_GE(count, 3);
     std::string all;
-    for (int page = 2; page <= count; ++page) {
+    for (int page = 1; page <= count; ++page) {
         const std::string text = pageText(path, page);
-        EXPECT_THAT(text, HasSubstr("Página " + runtime::CStr(std::int64_t{page - 1}) + " de " +
-                                    runtime::CStr(std::int64_t{count - 1})));
-        if (page > 2) {
+        EXPECT_THAT(text, HasSubstr("Página " + runtime::CStr(std::int64_t{page}) + " de " +
+                                    runtime::CStr(std::int64_t{count})));
+        if (page > 1) {
             EXPECT_THAT(text, HasSubstr("Hoja de corte 000001 (continuación)"));
         }
         if (page < count) {
@@ -210,7 +251,7 @@ TEST_F(ProposalPrintingTest, LongRemarksAreWrappedAndNoWordIsLost) {
     }
     remarks += " " + std::string(300, 'x') + " termina";
     set(sprocket(), "DPI_Obser='" + remarks + "'");
-    const std::string path = print(1, false);
+    const std::string path = customersPaper(1);
     std::string text = support::outputOf("pdftotext -f 1 -l 2 '" + path + "' -");
     for (const char* word : {"Primera\nsegunda palabra1 ", "palabra150", "palabra300", "termina"}) {
         EXPECT_THAT(text, HasSubstr(word));
@@ -226,40 +267,117 @@ TEST_F(ProposalPrintingTest, LongRemarksAreWrappedAndNoWordIsLost) {
 }
 
 TEST_F(ProposalPrintingTest, TheOrdersPaperIsTheShopsAlone) {
-    const std::string path = print(sprocket(), true);
+    const std::string path = ordersPaper(sprocket());
     EXPECT_EQ(path, services.folder + "HojaCorte_000001.pdf");
+    EXPECT_EQ(folder.files(), std::vector<std::string>{"HojaCorte_000001.pdf"});
     EXPECT_THAT(info(path), HasSubstr("Pages:           1"));
     EXPECT_THAT(pageText(path, 1), HasSubstr("Hoja de corte 000001"));
 }
 
 TEST_F(ProposalPrintingTest, EveryTypeHasItsPaper) {
     for (const data::ProductType& type : data::productTypes) {
-        const std::string path = print(workshop.latestOfType(type.number));
+        const std::string path = customersPaper(workshop.latestOfType(type.number));
         const std::string page = pageText(path, 1);
         EXPECT_THAT(page, HasSubstr(std::string(type.name))) << type.number;
         const sql::Recordset row = workshop.execute("SELECT DPI_ImpTP, DPI_Importe FROM DPI WHERE DPI_Id=" +
                                                     runtime::CStr(std::int64_t{workshop.latestOfType(type.number)}));
         EXPECT_THAT(page, HasSubstr(runtime::Format(row[0].toDouble(), "#,##0.00") + " €")) << type.number;
         EXPECT_THAT(page, HasSubstr(runtime::Format(row[1].toDouble(), "#,##0.00") + " €")) << type.number;
-        EXPECT_THAT(info(path), HasSubstr("Pages:           2")) << type.number;
-        EXPECT_THAT(pageText(path, 2), HasSubstr("Material por pieza")) << type.number;
+        EXPECT_THAT(info(path), HasSubstr("Pages:           1")) << type.number;
+        EXPECT_THAT(info(services.opened.back()), HasSubstr("Pages:           1")) << type.number;
+        EXPECT_THAT(textOf(services.opened.back()), HasSubstr("Material por pieza")) << type.number;
     }
 }
 
 TEST_F(ProposalPrintingTest, ARackIsToldByItsOwnMeasures) {
     const std::int32_t rack = workshop.latestOfType(13);
-    const std::string page = pageText(print(rack), 1);
+    const std::string page = textOf(customersPaper(rack));
     for (const char* text : {"Cremallera", "Módulo", "L 1000", "H 40", "A 31", "B 30", "Pletina de acero F-114"}) {
         EXPECT_THAT(page, HasSubstr(text));
     }
     EXPECT_THAT(page, Not(HasSubstr("Rodillo")));
-    EXPECT_THAT(pageText(services.opened.back(), 2), HasSubstr("1000 × 30 × 40"));
+    EXPECT_THAT(textOf(services.opened.back()), HasSubstr("1000 × 30 × 40"));
+}
+
+TEST_F(ProposalPrintingTest, NoNumberIsBrokenHoweverGreat) {
+    // Whatever is made of nines alone is one of these numbers, or a piece of one.
+    const std::set<std::string> whole{"99.999.999,99", "99999999,99", "99999999,99,", "99.999.999,9900"};
+    const std::regex nines("9[9.,]*");
+    for (const data::ProductType& type : data::productTypes) {
+        const std::int32_t proposal = workshop.withGreatFigures(type.number);
+        component.jPrintPropuesta(proposal, false);
+        for (std::size_t paper = services.opened.size() - 2; paper < services.opened.size(); ++paper) {
+            std::size_t great = 0;
+            for (const Word& word : wordsOf(services.opened[paper])) {
+                great += word.text == "99.999.999,99" ? 1 : 0;
+                EXPECT_TRUE(!std::regex_match(word.text, nines) || whole.contains(word.text))
+                    << type.number << ": " << word.text;
+                EXPECT_GE(word.left, 45) << word.text;
+                EXPECT_LE(word.right, 595 - 45) << word.text;
+            }
+            EXPECT_GE(great, 2u) << type.number;
+        }
+    }
+}
+
+TEST_F(ProposalPrintingTest, GreatNumbersStandBesideEachOtherAndNotOnEachOther) {
+    const std::string path = shopsPaper(workshop.withGreatFigures(0));
+    std::vector<Word> numbers;
+    std::ranges::copy_if(wordsOf(path), std::back_inserter(numbers),
+                         [](const Word& word) { return word.text.find("99.999.999") != std::string::npos; });
+    ASSERT_GE(numbers.size(), 20u);
+    for (const Word& one : numbers) {
+        for (const Word& other : numbers) {
+            const bool sameLine = one.top < other.bottom && other.top < one.bottom;
+            EXPECT_TRUE(&one == &other || !sameLine || one.right < other.left || other.right < one.left)
+                << one.text << " " << one.left << "-" << one.right << ", " << other.left << "-" << other.right;
+        }
+    }
+}
+
+TEST_F(ProposalPrintingTest, OrdinaryNumbersLeaveTheLettersTheirSize) {
+    const auto heightOf = [](const Word& word) { return word.bottom - word.top; };
+    const auto ordinary = wordsOf(shopsPaper(sprocket()));
+    const auto great = wordsOf(shopsPaper(workshop.withGreatFigures(0)));
+    EXPECT_NEAR(heightOf(wordOf(ordinary, "Subcontratados")), heightOf(wordOf(ordinary, "Importe")), 0.01);
+    EXPECT_LT(heightOf(wordOf(great, "Subcontratados")), heightOf(wordOf(great, "Importe")) - 1);
+}
+
+TEST_F(ProposalPrintingTest, TheSpreadSawsShareIsTheShopsColumnAndIsSaid) {
+    set(sprocket(),
+        "DPI_FijoSierra=4, DPI_Unidades=2, DPI_ImpMat=10, DPI_ImpMO=2.5, DPI_ImpTS=0, DPI_ImpVA=1, "
+        "DPI_ImpTP=15.5, DPI_Importe=31");
+    const std::string page = textOf(shopsPaper(1));
+    EXPECT_TRUE(std::regex_search(page, std::regex("10,00 +2,50 +0,00 +1,00 +2,00 +15,50 +2 +31,00"))) << page;
+    std::string words;
+    for (const Word& word : wordsOf(services.opened.back())) {
+        words += word.text + " ";
+    }
+    EXPECT_THAT(words, HasSubstr("Fijo de sierra (4,00 €) repartido entre las 2 piezas del lote: 2,00 € por pieza."));
+    EXPECT_THAT(textOf(services.opened.at(services.opened.size() - 2)), Not(HasSubstr("sierra")));
+}
+
+TEST_F(ProposalPrintingTest, RemarksKeepTheirTabsAndTheirIndentation) {
+    set(sprocket(),
+        "DPI_Obser='   sangrada" + std::string("\r\n") + "primera\r\n\ttabulada\r\nx\tuno\r\nxxxxx\tdos\r\n'");
+    const std::vector<Word> words = wordsOf(customersPaper(1));
+    const double left = wordOf(words, "primera").left;
+    EXPECT_GT(wordOf(words, "sangrada").left, left + 4);
+    EXPECT_GT(wordOf(words, "tabulada").left, wordOf(words, "sangrada").left + 4);
+    EXPECT_NEAR(wordOf(words, "uno").left, wordOf(words, "tabulada").left, 0.1);
+    EXPECT_NEAR(wordOf(words, "dos").left, wordOf(words, "tabulada").left, 0.1);
+    EXPECT_NEAR(wordOf(words, "x").left, left, 0.1);
+}
+
+TEST_F(ProposalPrintingTest, RemarksOfBlanksAloneAreNone) {
+    set(sprocket(), "DPI_Obser=' \r\n\t \r\n'");
+    EXPECT_THAT(textOf(customersPaper(1)), Not(HasSubstr("Observaciones")));
 }
 
 TEST_F(ProposalPrintingTest, NullsAreLeftOut) {
     workshop.execute("INSERT INTO DPI (DPI_Tipo) VALUES (0)");
     const std::int32_t bare = workshop.latestOfType(0);
-    const std::string page = pageText(print(bare), 1);
+    const std::string page = textOf(customersPaper(bare));
     EXPECT_THAT(page, HasSubstr("Piñon Especial"));
     EXPECT_THAT(page, HasSubstr("15/01/2026"));
     EXPECT_THAT(page, Not(HasSubstr("Ø Exterior")));
@@ -278,12 +396,14 @@ TEST_F(ProposalPrintingTest, WhatIsWrongIsToldAndNothingIsWritten) {
     EXPECT_EQ(refusal(99999), "5 No existe la propuesta 099999");
     const std::string there = services.folder;
     services.folder = there + "missing/";
-    EXPECT_THAT(refusal(1), HasSubstr("75 No se puede escribir el fichero\n" + there + "missing/Propuesta_000001.pdf"));
+    EXPECT_EQ(refusal(1),
+              "75 No se puede escribir el fichero\n" + there + "missing/Propuesta_000001.pdf\n\nLa carpeta no existe.");
     services.folder.clear();
     EXPECT_EQ(refusal(1), "76 No hay carpeta temporal en la que escribir Propuesta_000001.pdf");
     services.folder = there;
     std::filesystem::create_directories(there + "Propuesta_000001.pdf/inside");
-    EXPECT_THAT(refusal(1), HasSubstr("75 No se puede escribir el fichero\n" + there + "Propuesta_000001.pdf"));
+    EXPECT_EQ(refusal(1), "75 No se puede escribir el fichero\n" + there +
+                              "Propuesta_000001.pdf\n\nHay una carpeta con ese nombre.");
     EXPECT_EQ(folder.files(), std::vector<std::string>{"Propuesta_000001.pdf"});
     EXPECT_TRUE(services.opened.empty());
     services.answer = 31;

@@ -1,25 +1,56 @@
-// Prints the newest proposal of every product type into a folder, to be looked at: sample_papers FOLDER
+// Prints the newest proposal of every product type into a folder, and some of them with the greatest figures that a
+// paper must bear, to be looked at: sample_papers FOLDER
 
+#include <filesystem>
 #include <iostream>
 
 #include "velmora/adapters/documents/proposal_printing.h"
 
 #include "adapters/documents/paper_workshop.h"
 
+namespace {
+
+using namespace velmora;
+
+constexpr int types = 15;
+
+class Printer {
+  public:
+    explicit Printer(support::PaperWorkshop& workshop) : workshop_(workshop) {}
+
+    void print(std::int32_t proposal, int type, const std::filesystem::path& folder) {
+        std::filesystem::create_directories(folder);
+        services_.folder = folder.string() + "/";
+        services_.opened.clear();
+        documents::ProposalPrinting printing(services_, graphics_);
+        printing.setMyBd(workshop_.session);
+        printing.jPrintPropuesta(proposal, false);
+        for (const std::string& path : services_.opened) {
+            std::cout << type << ' ' << path << '\n';
+        }
+    }
+
+  private:
+    support::PaperWorkshop& workshop_;
+    support::Folder unused_;
+    support::FolderServices services_{unused_};
+    std::shared_ptr<qt::Graphics> graphics_ = std::make_shared<qt::Graphics>();
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
-    using namespace velmora;
     if (argc != 2) {
         std::cerr << "sample_papers FOLDER\n";
         return 2;
     }
+    const std::filesystem::path folder = argv[1];
     support::PaperWorkshop workshop;
-    const support::Folder unused;
-    support::FolderServices services(unused);
-    services.folder = std::string(argv[1]) + "/";
-    documents::ProposalPrinting printing(services, std::make_shared<qt::Graphics>());
-    printing.setMyBd(workshop.session);
-    for (int type = 0; type < 15; ++type) {
-        printing.jPrintPropuesta(workshop.latestOfType(type), false);
-        std::cout << type << ' ' << services.opened.back() << '\n';
+    Printer printer(workshop);
+    for (int type = 0; type < types; ++type) {
+        printer.print(workshop.latestOfType(type), type, folder);
+    }
+    for (int type = 0; type < types; ++type) {
+        printer.print(workshop.withGreatFigures(type), type, folder / "great");
     }
 }

@@ -21,6 +21,22 @@ TEST(Services, TheTemporaryFolderExistsAndEndsInASeparator) {
     EXPECT_TRUE(QDir(QString::fromStdString(folder)).exists());
 }
 
+TEST(Services, TheTemporaryFolderIsTheProgramsOwnAndClosedToOthers) {
+    const QTemporaryDir root;
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", root.path().toUtf8());
+    const qt::QtServices services;
+    const QString folder = QString::fromStdString(services.temporaryFolder());
+    EXPECT_TRUE(folder.startsWith(root.path() + "/velmora-")) << folder.toStdString();
+    EXPECT_EQ(QFile::permissions(folder) & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+                                            QFile::WriteOther | QFile::ExeOther),
+              QFile::Permissions());
+    EXPECT_EQ(services.temporaryFolder(), folder.toStdString());
+    qputenv("TMPDIR", "/no/such/folder");
+    EXPECT_EQ(services.temporaryFolder(), "") << "neither the current folder nor any other";
+    before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+}
+
 TEST(Services, AMissingFileIsAFailureCode) {
     EXPECT_EQ(qt::QtServices().openWithAssociatedProgram("/no/such/file.pdf"), 2);
 }

@@ -71,6 +71,14 @@ TEST_F(SketchPainting, APlaceWithoutALabelHasNoDimension) {
     EXPECT_GT(measured.height(), measured.width() / 2 + 20);
 }
 
+TEST_F(SketchPainting, APathThatBelongsToADimensionStaysOutWithIt) {
+    Drawing drawing = box(100, 50);
+    const QRect plain = inked(paint(drawing, {}, {400, 400}));
+    drawing.shapes.emplace_back(Path{.points = {{0, 50}, {0, 90}}, .pen = Pen::dimension, .label = 3});
+    EXPECT_EQ(inked(paint(drawing, {}, {400, 400})), plain);
+    EXPECT_NE(inked(paint(drawing, {{3, "Ancho 100"}}, {400, 400})), plain);
+}
+
 TEST_F(SketchPainting, ALongTextStaysOnTheCanvas) {
     Drawing drawing = box(10, 60);
     drawing.shapes.emplace_back(Dimension{{10, 60}, {10, 0}, 5, 0});

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -40,6 +41,15 @@ TEST(ScriptServices, KeepATemporaryFolderOfTheirOwnAsLongAsTheyLive) {
     EXPECT_EQ(out.str(), "opened \"hoja.txt\"\n");
 }
 
+TEST(ScriptServices, KeepTheirFolderClosedToOthers) {
+    std::ostringstream out;
+    Journal journal(out);
+    Answers answers;
+    const ScriptServices services(journal, answers);
+    const auto mode = std::filesystem::status(services.temporaryFolder()).permissions();
+    EXPECT_EQ(mode & std::filesystem::perms::mask, std::filesystem::perms::owner_all);
+}
+
 TEST(ScriptServices, LeaveTheFolderThatTheyWereGiven) {
     std::ostringstream out;
     Journal journal(out);
@@ -62,6 +72,11 @@ TEST(ScriptServices, HaveNoTemporaryFolderWhereNoneCanBeMade) {
     Answers answers;
     const ScriptServices services(journal, answers, "/dev/null/papeles");
     EXPECT_EQ(services.temporaryFolder(), "");
+    const char* set = ::getenv("TMPDIR");
+    const std::optional<std::string> before = set == nullptr ? std::nullopt : std::optional<std::string>(set);
+    ::setenv("TMPDIR", ".", 1);
+    EXPECT_EQ(ScriptServices(journal, answers).temporaryFolder(), "") << "the current folder is none";
+    before ? ::setenv("TMPDIR", before->c_str(), 1) : ::unsetenv("TMPDIR");
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #include "velmora/adapters/documents/files.h"
 
 #include <QFile>
+#include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 #include <utility>
 
@@ -26,6 +28,36 @@ constexpr std::u32string_view refused = U"\\/:*?\"<>|";
 
 fs::path toPath(std::string_view utf8) {
     return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+struct Reason {
+    int code;
+    const char* words;
+};
+
+constexpr std::array reasons{
+    Reason{ENOENT, "La carpeta no existe."},
+    Reason{ENOTDIR, "La carpeta no existe."},
+    Reason{EACCES, "No hay permiso para escribir en la carpeta."},
+    Reason{EPERM, "No hay permiso para escribir en la carpeta."},
+    Reason{EROFS, "El disco es de solo lectura."},
+    Reason{ENOSPC, "No queda sitio en el disco."},
+    Reason{EDQUOT, "No queda sitio en el disco."},
+    Reason{EFBIG, "El fichero es demasiado grande para el disco."},
+    Reason{EISDIR, "Hay una carpeta con ese nombre."},
+    Reason{EEXIST, "Hay otro fichero con ese nombre."},
+    Reason{ENOTEMPTY, "Hay una carpeta con ese nombre."},
+    Reason{ENAMETOOLONG, "El nombre es demasiado largo."},
+};
+
+/// The system's own words are those of the language that it was set up in.
+std::string wordsOf(const std::error_code& failure) {
+    const auto* known = std::ranges::find(reasons, failure.value(), &Reason::code);
+    return known == reasons.end() ? "Error del sistema: " + failure.message() : known->words;
+}
+
+std::string wordsOf(QFileDevice::FileError failure) {
+    return failure == QFileDevice::ResourceError ? "No queda sitio en el disco." : "El disco no admite más datos.";
 }
 
 }  // namespace
@@ -63,9 +95,15 @@ void refuseToWrite(std::string_view path, std::string_view reason) {
 }
 
 NewFile::NewFile(std::string path) : path_(std::move(path)), draft_(path_ + ".part") {
-    if (!std::ofstream(toPath(draft_), std::ios::binary)) {
-        refuseToWrite(path_, std::generic_category().message(errno));
+    const fs::path draft = toPath(draft_);
+    std::error_code ignored;
+    fs::remove(draft, ignored);
+    // Differs D-262: a link that lies in the way is taken away, not followed; "x" refuses one that is laid meanwhile.
+    std::FILE* made = std::fopen(draft.c_str(), "wbx");
+    if (made == nullptr) {
+        refuseToWrite(path_, wordsOf(std::error_code(errno, std::generic_category())));
     }
+    std::fclose(made);
 }
 
 NewFile::~NewFile() {
@@ -77,19 +115,23 @@ void NewFile::keep() {
     std::error_code failure;
     fs::rename(toPath(draft_), toPath(path_), failure);
     if (failure) {
-        refuseToWrite(path_, failure.message());
+        refuseToWrite(path_, wordsOf(failure));
     }
 }
 
-void writeFile(const std::string& path, const std::function<bool(QIODevice&)>& write) {
-    NewFile file(path);
-    QFile out(qt::toQt(file.draft()));
+std::unique_ptr<NewFile> draftFile(const std::string& path, const std::function<bool(QIODevice&)>& write) {
+    auto file = std::make_unique<NewFile>(path);
+    QFile out(qt::toQt(file->draft()));
     const bool written = out.open(QIODevice::WriteOnly) && write(out) && out.flush();
     out.close();
     if (!written || out.error() != QFileDevice::NoError) {
-        refuseToWrite(path, qt::fromQt(out.errorString()));
+        refuseToWrite(path, wordsOf(out.error()));
     }
-    file.keep();
+    return file;
+}
+
+void writeFile(const std::string& path, const std::function<bool(QIODevice&)>& write) {
+    draftFile(path, write)->keep();
 }
 
 }  // namespace velmora::documents

@@ -2,6 +2,7 @@
 // Where documents are written, and the way to the program that shows them.
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -28,7 +29,8 @@ void openDocument(system::Services& services, std::string_view path);
 /// way, leaves nothing behind, and what stood there before stays.
 class NewFile {
   public:
-    /// Makes the draft, empty. Error 75, with the reason, when that cannot be done.
+    /// Makes the draft, empty, in place of what an earlier run left of it; a link there is not followed. Error 75, with
+    /// the reason, when that cannot be done.
     explicit NewFile(std::string path);
     ~NewFile();
     NewFile(const NewFile&) = delete;
@@ -44,7 +46,11 @@ class NewFile {
     std::string draft_;
 };
 
-/// Writes a NewFile through a device of the toolkit. Error 75 when `write` answers false or the device takes no more.
+/// Writes the draft of a file through a device of the toolkit; it is still to be kept. Error 75 when `write` answers
+/// false or the device takes no more.
+std::unique_ptr<NewFile> draftFile(const std::string& path, const std::function<bool(QIODevice&)>& write);
+
+/// The same, and kept.
 void writeFile(const std::string& path, const std::function<bool(QIODevice&)>& write);
 
 }  // namespace velmora::documents

@@ -2,26 +2,31 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <type_traits>
 #include <utility>
 #include <variant>
 
 #include <xlsxwriter.h>
 
-#include "velmora/adapters/documents/files.h"
+#include "velmora/adapters/documents/cell_text.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
-#include "velmora/platform/runtime/text.h"
 
 namespace velmora::documents {
 
 namespace {
 
-constexpr int twipsOfPixel = 15;
 constexpr int leastPixels = 24;
-constexpr int mostPixels = 1790;  ///< 255 characters, the widest column there is
-constexpr std::size_t longestText = 32767;
+// Chosen C-277: a column has 80 digits at most: a longer text does not push the other columns out of sight.
+constexpr int mostPixels = 565;
+constexpr int cellPadding = 8;     ///< pixels, both sides and the line between two cells
+constexpr int filterButton = 20;   ///< pixels, beside each caption
+constexpr double boldness = 1.15;  ///< bold letters to plain ones
+/// A number without a format is shown with so many digits at most, however many it has.
+constexpr const char* widestGeneral = "-0,00000000000";
+constexpr const char* logicalValue = "VERDADERO";
+constexpr const char* dayMask = "dd/mm/yyyy";
+constexpr const char* momentMask = "dd/mm/yyyy hh:nn:ss";
 constexpr double exactWhole = 9007199254740992.0;  ///< beyond it a number of a spreadsheet loses digits
 // The format counts a 29 February 1900, which never was: before the next day its serials are not the language's.
 constexpr double firstCommonSerial = 61;
@@ -36,57 +41,24 @@ bool hasSerial(double serial) {
     return serial >= firstCommonSerial && serial < endOfSerials;
 }
 
-int pixelsOf(int twips) {
-    return std::clamp(twips / twipsOfPixel, leastPixels, mostPixels);
+/// Of a moment whose day, month and hour are as long as any.
+int pixelsOfMoment(const std::string& mask) {
+    return pixelsOfText(runtime::Format(runtime::Date::of(2028, 9, 27, 22, 28, 28), mask));
 }
 
-/// How many bytes of a sequence follow its first one; none when that begins no sequence.
-std::optional<std::size_t> following(unsigned char first) {
-    if (first < 0x80) {
-        return 0;
-    }
-    if (first >= 0xC2 && first <= 0xDF) {
-        return 1;
-    }
-    return first >= 0xE1 && first <= 0xEC ? std::optional<std::size_t>(2) : std::nullopt;
-}
-
-/// Whether a text can go into a cell untouched: short, without line ends of two characters and certainly valid. Rare
-/// letters are not looked at closely: their texts take the long way.
-bool isFit(const std::string& text) {
-    if (text.size() > longestText) {
-        return false;
-    }
-    for (std::size_t i = 0; i < text.size();) {
-        const auto count = following(static_cast<unsigned char>(text[i]));
-        if (!count || text[i] == '\r' || text[i] == '\0' || i + *count >= text.size()) {
-            return false;
-        }
-        for (std::size_t end = ++i + *count; i < end; ++i) {
-            if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
-/// As a cell can hold it: valid UTF-8, lines ended by a line feed, not too long.
-// Chosen C-213: a cell takes 32.767 units and no more; a longer text is cut, and its last character says so.
-std::string cellText(const std::string& text) {
-    std::string result = runtime::toUtf8(runtime::toCodePoints(text));
-    // The library takes a text up to its first zero.
-    std::erase(result, '\0');
-    if (result.find('\r') != std::string::npos) {
-        result = runtime::Replace(runtime::Replace(result, "\r\n", "\n"), "\r", "\n");
-    }
-    if (result.size() > longestText && runtime::Len(result) > longestText) {
-        result = runtime::Left(result, longestText - 1) + "…";
-    }
-    return result;
+int pixelsOfCaption(const std::string& caption) {
+    return static_cast<int>(pixelsOfText(caption) * boldness) + filterButton;
 }
 
 }  // namespace
+
+void GridSheet::Room::take(std::string_view text) {
+    take(pixelsOfText(text));
+}
+
+void GridSheet::Room::take(int needed) {
+    pixels = std::max(pixels, needed);
+}
 
 GridSheet::GridSheet(Workbook& book, Heading heading, const std::vector<screen::GridColumn>& columns,
                      std::size_t rowsPerSheet)
@@ -114,14 +86,18 @@ GridSheet::GridSheet(Workbook& book, Heading heading, const std::vector<screen::
         }
         const MaskKind kind = kindOf(column.mask);
         const bool masked = kind != MaskKind::none;
+        const bool dated = kind == MaskKind::date;
         columns_.push_back({.field = static_cast<std::size_t>(column.field),
                             .caption = cellText(column.caption),
-                            .pixels = pixelsOf(column.width),
                             .right = column.right,
                             .kind = kind,
+                            .mask = column.mask,
                             .value = masked || column.right ? format(numberFormat(column.mask), column.right) : nullptr,
-                            .date = kind == MaskKind::date ? nullptr : format("dd/mm/yyyy", column.right),
-                            .moment = kind == MaskKind::date ? nullptr : format("dd/mm/yyyy hh:mm:ss", column.right)});
+                            .date = dated ? nullptr : format(dayMask, column.right),
+                            .moment = dated ? nullptr : format(numberFormat(momentMask), column.right),
+                            .dayPixels = pixelsOfMoment(dated ? column.mask : dayMask),
+                            .momentPixels = pixelsOfMoment(dated ? column.mask : momentMask),
+                            .room = {}});
     }
 }
 
@@ -139,10 +115,8 @@ lxw_format* GridSheet::format(const std::string& number, bool right) {
 // In this mode of the library rows are written in their order and never gone back to.
 void GridSheet::beginSheet() {
     sheet_ = book_.addSheet(heading_.title);
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        const auto at = static_cast<lxw_col_t>(i);
-        book_.check(
-            worksheet_set_column_pixels(sheet_, at, at, static_cast<std::uint32_t>(columns_[i].pixels), nullptr));
+    for (Column& column : columns_) {
+        column.room = {.pixels = pixelsOfCaption(column.caption)};
     }
     book_.check(worksheet_write_string(sheet_, titleRow, 0, cellText(heading_.title).c_str(), title_));
     const std::string note = "Exportado el " + runtime::Format(heading_.written, "dd/mm/yyyy hh:nn");
@@ -161,7 +135,15 @@ void GridSheet::beginSheet() {
     row_ = firstRow;
 }
 
+// The library puts the columns' widths in front of the rows when the file is put together: they may be told last, and
+// no row has to be read twice.
+// Differs D-269: a column is as wide as what it shows; the grid's own widths cut texts and numbers.
 void GridSheet::endSheet() {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        const auto at = static_cast<lxw_col_t>(i);
+        const int pixels = std::clamp(columns_[i].room.pixels + cellPadding, leastPixels, mostPixels);
+        book_.check(worksheet_set_column_pixels(sheet_, at, at, static_cast<std::uint32_t>(pixels), nullptr));
+    }
     if (!columns_.empty()) {
         const auto lastColumn = static_cast<lxw_col_t>(columns_.size() - 1);
         book_.check(worksheet_autofilter(sheet_, captionRow, 0, std::max(row_ - 1, captionRow), lastColumn));
@@ -187,7 +169,7 @@ bool GridSheet::write(sql::Recordset& rows, const GoOn& goOn) {
 
 void GridSheet::writeRow(const sql::Row& row) {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-        const Column& column = columns_[i];
+        Column& column = columns_[i];
         if (column.field < row.size()) {
             writeCell(column, static_cast<lxw_col_t>(i), row[column.field]);
         }
@@ -195,12 +177,13 @@ void GridSheet::writeRow(const sql::Row& row) {
     ++row_;
 }
 
-void GridSheet::writeCell(const Column& column, std::uint16_t at, const sql::Value& value) {
+void GridSheet::writeCell(Column& column, std::uint16_t at, const sql::Value& value) {
     std::visit(
         [&](const auto& v) {
             using Kind = std::decay_t<decltype(v)>;
             if constexpr (std::is_same_v<Kind, bool>) {
                 if (column.kind == MaskKind::none) {
+                    column.room.take(logicalValue);
                     book_.check(worksheet_write_boolean(sheet_, row_, at, v ? 1 : 0, column.value));
                 } else {
                     writeNumber(column, at, v ? -1.0 : 0.0);
@@ -224,9 +207,10 @@ void GridSheet::writeCell(const Column& column, std::uint16_t at, const sql::Val
         value.raw());
 }
 
-void GridSheet::writeNumber(const Column& column, std::uint16_t at, double value) {
+void GridSheet::writeNumber(Column& column, std::uint16_t at, double value) {
     switch (column.kind) {
         case MaskKind::yesNo:
+            column.room.take("Sí");
             book_.check(worksheet_write_number(sheet_, row_, at, value != 0 ? 1 : 0, column.value));
             return;
         case MaskKind::date:
@@ -234,16 +218,33 @@ void GridSheet::writeNumber(const Column& column, std::uint16_t at, double value
                 writePlainText(column, at, runtime::CStr(value));
                 return;
             }
-            [[fallthrough]];
+            column.room.take(column.dayPixels);
+            break;
         case MaskKind::number:
         case MaskKind::none:
-            book_.check(worksheet_write_number(sheet_, row_, at, value, column.value));
+            measureNumber(column, value);
     }
+    book_.check(worksheet_write_number(sheet_, row_, at, value, column.value));
+}
+
+// The text of a number under a mask grows with the number alone: only one that is greater than all before is looked at.
+void GridSheet::measureNumber(Column& column, double value) {
+    double& widest = value < 0 ? column.room.least : column.room.greatest;
+    const bool plain = column.kind == MaskKind::none;
+    const bool whole = value == std::floor(value);
+    if (!plain || whole) {
+        if (std::abs(value) <= widest) {
+            return;
+        }
+        widest = std::abs(value);
+    }
+    const std::string text = plain ? runtime::CStr(value) : runtime::Format(value, column.mask);
+    column.room.take(plain && text.size() > std::string_view(widestGeneral).size() ? widestGeneral : text);
 }
 
 // A grid shows a text under a mask as the number or the date that it reads as; so does the sheet. Any other text stays
 // one, whatever it begins with.
-void GridSheet::writeText(const Column& column, std::uint16_t at, const std::string& text) {
+void GridSheet::writeText(Column& column, std::uint16_t at, const std::string& text) {
     if (column.kind == MaskKind::date && runtime::IsDate(text)) {
         writeDate(column, at, runtime::CDate(text));
     } else if (column.kind != MaskKind::none && runtime::IsNumeric(text)) {
@@ -253,26 +254,30 @@ void GridSheet::writeText(const Column& column, std::uint16_t at, const std::str
     }
 }
 
-void GridSheet::writeDate(const Column& column, std::uint16_t at, const runtime::Date& date) {
+void GridSheet::writeDate(Column& column, std::uint16_t at, const runtime::Date& date) {
     const double serial = runtime::toSerial(date);
     if (!hasSerial(serial)) {
         writePlainText(column, at, runtime::CStr(date));
         return;
     }
-    lxw_format* plain = serial == std::floor(serial) ? column.date : column.moment;
-    book_.check(worksheet_write_number(sheet_, row_, at, serial, column.kind == MaskKind::date ? column.value : plain));
+    const bool isDay = serial == std::floor(serial);
+    const bool masked = column.kind == MaskKind::date;
+    column.room.take(isDay ? column.dayPixels : column.momentPixels);
+    lxw_format* plain = isDay ? column.date : column.moment;
+    book_.check(worksheet_write_number(sheet_, row_, at, serial, masked ? column.value : plain));
 }
 
-void GridSheet::writePlainText(const Column& column, std::uint16_t at, const std::string& text) {
+void GridSheet::writePlainText(Column& column, std::uint16_t at, const std::string& text) {
     if (text.empty()) {
         return;
     }
     const char* fit = text.c_str();
     std::string made;
-    if (!isFit(text)) {
+    if (!isPlainCellText(text)) {
         made = cellText(text);
         fit = made.c_str();
     }
+    column.room.take(fit);
     book_.check(worksheet_write_string(sheet_, row_, at, fit, column.value));
 }
 

@@ -1,10 +1,12 @@
 #pragma once
-// A grid's rows as sheets of a workbook: title, captions, and a row a record, in the grid's order and masks.
+// A grid's rows as sheets of a workbook: title, captions, and a row a record, in the grid's order and masks. A column
+// is as wide as the longest text that it shows, up to 80 digits.
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "velmora/adapters/documents/cell_format.h"
@@ -35,26 +37,39 @@ class GridSheet {
     bool write(sql::Recordset& rows, const GoOn& goOn);
 
   private:
+    /// What the cells of one sheet have needed so far.
+    struct Room {
+        int pixels = 0;
+        double greatest = -1;  ///< of the numbers whose text was looked at
+        double least = 0;      ///< the same below zero, without its sign
+
+        void take(std::string_view text);
+        void take(int needed);
+    };
     struct Column {
         std::size_t field;
         std::string caption;
-        int pixels;
         bool right;
         MaskKind kind;
+        std::string mask;
         lxw_format* value;  ///< nullptr: plain
         lxw_format* date;   ///< for dates without a mask of their own
         lxw_format* moment;
+        int dayPixels;
+        int momentPixels;
+        Room room;
     };
 
     lxw_format* format(const std::string& number, bool right);
     void beginSheet();
     void endSheet();
     void writeRow(const sql::Row& row);
-    void writeCell(const Column& column, std::uint16_t at, const sql::Value& value);
-    void writeNumber(const Column& column, std::uint16_t at, double value);
-    void writeText(const Column& column, std::uint16_t at, const std::string& text);
-    void writeDate(const Column& column, std::uint16_t at, const runtime::Date& date);
-    void writePlainText(const Column& column, std::uint16_t at, const std::string& text);
+    void writeCell(Column& column, std::uint16_t at, const sql::Value& value);
+    void measureNumber(Column& column, double value);
+    void writeNumber(Column& column, std::uint16_t at, double value);
+    void writeText(Column& column, std::uint16_t at, const std::string& text);
+    void writeDate(Column& column, std::uint16_t at, const runtime::Date& date);
+    void writePlainText(Column& column, std::uint16_t at, const std::string& text);
 
     Workbook& book_;
     Heading heading_;

@@ -19,6 +19,22 @@ StoredProposal required(sql::Connection& connection, std::int32_t number) {
                                 "No existe la propuesta " + runtime::Format(number, "000000"));
 }
 
+struct Paper {
+    std::string name;
+    Sheet sheet;
+};
+
+/// What is handed to the customer names nothing but the proposal, and holds nothing of the shop's.
+// Differs D-267: the shop's sheet, with all costs, was the second page of the file that bears the proposal's name.
+std::vector<Paper> papersOf(const StoredProposal& proposal, bool order) {
+    std::vector<Paper> papers;
+    if (!order) {
+        papers.push_back({"Propuesta_" + numberOf(proposal) + ".pdf", customerSheet(proposal)});
+    }
+    papers.push_back({"HojaCorte_" + numberOf(proposal) + ".pdf", shopSheet(proposal)});
+    return papers;
+}
+
 }  // namespace
 
 // Chosen C-211: papers go into the temporary folder under the proposal's number: what is printed is the stored
@@ -29,16 +45,19 @@ void ProposalPrinting::jPrintPropuesta(std::int32_t nIdDpi, bool bOrden) {
         runtime::raise(runtime::objectNotSet);
     }
     const StoredProposal proposal = required(session_->Connection(), nIdDpi);
-    const std::string path =
-        temporaryPath(services_, (bOrden ? "HojaCorte_" : "Propuesta_") + numberOf(proposal) + ".pdf");
     graphics_->require();
-    std::vector<Sheet> sheets;
-    if (!bOrden) {
-        sheets.push_back(customerSheet(proposal));
+    std::vector<std::string> paths;
+    std::vector<std::unique_ptr<NewFile>> files;
+    for (const Paper& paper : papersOf(proposal, bOrden)) {
+        paths.push_back(temporaryPath(services_, paper.name));
+        files.push_back(draftFile(paths.back(), [&](QIODevice& out) { return paintSheet(paper.sheet, out); }));
     }
-    sheets.push_back(shopSheet(proposal));
-    writeFile(path, [&](QIODevice& out) { return paintSheets(sheets, sheets.front().title, out); });
-    openDocument(services_, path);
+    for (const auto& file : files) {
+        file->keep();
+    }
+    for (const std::string& path : paths) {
+        openDocument(services_, path);
+    }
 }
 
 }  // namespace velmora::documents

@@ -9,7 +9,8 @@
 
 namespace velmora::documents {
 
-/// Reads a proposal by its number as it was last saved, writes a PDF in the temporary folder and opens it.
+/// Reads a proposal by its number as it was last saved, writes its papers as PDF in the temporary folder and opens
+/// them.
 class ProposalPrinting final : public components::Printing {
   public:
     /// `graphics` may be shared: it outlives the component, so that an application made for it is made once.
@@ -18,9 +19,9 @@ class ProposalPrinting final : public components::Printing {
 
     void setMyBd(session::Session& session) override { session_ = &session; }
 
-    /// The customer's sheet and the shop's, "Propuesta_000123.pdf"; for an order the shop's alone,
-    /// "HojaCorte_000123.pdf". Errors: 91 without a session, 5 for a number that no proposal has, 75 and 76 for a file
-    /// that cannot be written or opened, those of the database.
+    /// The customer's sheet, "Propuesta_000123.pdf", and the shop's, "HojaCorte_000123.pdf", each in a file of its own;
+    /// for an order the shop's alone. Nothing takes its name before all are drawn. Errors: 91 without a session, 5 for
+    /// a number that no proposal has, 75 and 76 for a file that cannot be written or opened, those of the database.
     void jPrintPropuesta(std::int32_t nIdDpi, bool bOrden) override;
 
   private:

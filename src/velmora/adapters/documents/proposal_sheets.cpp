@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "velmora/data/product_numbers.h"
+#include "velmora/estimate/multiple_drawings.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -37,21 +38,26 @@ std::string typeName(const StoredProposal& p) {
     return name.empty() ? "Pieza especial" : name;
 }
 
+/// A measure that is missing or zero is none.
+bool isThere(const Number& value) {
+    return value && *value != 0;
+}
+
 /// Collects what has a value.
 class FieldsOf {
   public:
-    FieldsOf& add(const std::string& caption, const std::string& value) {
+    FieldsOf& add(const std::string& caption, const std::string& value, bool isNumber = false) {
         if (!value.empty()) {
-            fields_.push_back({caption, value});
+            fields_.push_back({.caption = caption, .value = value, .number = isNumber});
         }
         return *this;
     }
-    /// A measure that is missing or zero is none.
+    FieldsOf& number(const std::string& caption, const std::string& value) { return add(caption, value, true); }
     FieldsOf& measure(const std::string& caption, const Number& value) {
-        return value && *value != 0 ? add(caption, plain(value) + " mm") : *this;
+        return isThere(value) ? number(caption, plain(value) + " mm") : *this;
     }
     FieldsOf& count(const std::string& caption, const Number& value) {
-        return value && *value != 0 ? add(caption, plain(value)) : *this;
+        return isThere(value) ? number(caption, plain(value)) : *this;
     }
     std::vector<Field> take() { return std::move(fields_); }
 
@@ -80,6 +86,22 @@ void addToothing(FieldsOf& fields, const StoredProposal& p) {
     fields.measure("Ø Primitivo", m.pitchDiameter).measure("Ø Fondo", m.root).measure("Altura (H)", p.toothHeight);
 }
 
+/// The one total width that the papers name; none for a disc.
+// Differs D-265: a disc's stored total, which its screen hides, was printed as well.
+// Chosen C-274: of a piece with two unlike hubs the total is the stored one, which the form showed when the proposal
+// was saved; without one it is the sum of rim and hubs.
+Number totalWidthOf(const StoredProposal& p) {
+    const estimate::ProductMeasures& m = p.measures;
+    if (data::isDiscWithoutHub(p.type)) {
+        return std::nullopt;
+    }
+    if (data::isVariable(p.type) && !isThere(m.totalWidth) && isThere(m.hubWidth) && isThere(m.rim) &&
+        isThere(m.secondHubWidth)) {
+        return runtime::Redondear(*m.hubWidth + *m.rim + *m.secondHubWidth, 2);
+    }
+    return m.totalWidth;
+}
+
 void addBody(FieldsOf& fields, const StoredProposal& p) {
     const estimate::ProductMeasures& m = p.measures;
     const bool unlike = data::isVariable(p.type);
@@ -91,7 +113,7 @@ void addBody(FieldsOf& fields, const StoredProposal& p) {
             .measure("Ø Cubo B", m.secondHub)
             .measure("Ancho cubo B", m.secondHubWidth);
     }
-    fields.measure("Ancho total", m.totalWidth)
+    fields.measure("Ancho total", totalWidthOf(p))
         .measure("Eje", m.bore)
         .measure("Chavetero", m.keyway)
         .count("Prisioneros", p.setScrews)
@@ -118,11 +140,30 @@ Fields measuresOf(const StoredProposal& p) {
     return {.title = typeName(p), .fields = fields.take(), .columns = 3};
 }
 
-Sketch sketchOf(const StoredProposal& p, double height, double leastHeight) {
-    return {.drawing = estimate::drawProduct(p.type, p.measures),
-            .labels = estimate::drawingLabels(p.type, p.measures),
-            .height = height,
-            .leastHeight = leastHeight};
+/// The texts of the sketch, with one total width at most, and no other than the paper names.
+// Differs D-266: two equal hubs bore their total twice, and two unlike ones the sum of the widths beside another total.
+std::map<int, std::string> labelsOf(const StoredProposal& p) {
+    std::map<int, std::string> labels = estimate::drawingLabels(p.type, p.measures);
+    if (data::hasTwinHubs(p.type)) {
+        labels.erase(static_cast<int>(estimate::PieceLabel::totalWidth));
+    }
+    const auto sum = labels.find(static_cast<int>(estimate::VariableLabel::totalWidth));
+    if (data::isVariable(p.type) && sum != labels.end() && sum->second != plain(totalWidthOf(p))) {
+        labels.erase(sum);
+    }
+    return labels;
+}
+
+/// A sketch that no measure is written on would be that of any other piece.
+// Differs D-272: a proposal without measures was drawn as an ordinary piece.
+void addSketch(std::vector<Block>& blocks, const StoredProposal& p, double height, double leastHeight) {
+    std::map<int, std::string> labels = labelsOf(p);
+    if (!labels.empty()) {
+        blocks.emplace_back(Sketch{.drawing = estimate::drawProduct(p.type, p.measures),
+                                   .labels = std::move(labels),
+                                   .height = height,
+                                   .leastHeight = leastHeight});
+    }
 }
 
 /// The words for the material, the hub's own where they differ.
@@ -222,10 +263,9 @@ Table stockOf(const StoredProposal& p) {
 
 Fields lotOf(const StoredProposal& p) {
     FieldsOf fields;
-    fields.add("Nº de piezas", plain(p.units))
-        .add("Peso del lote", times(sum(p.disc.weight, p.hub ? p.hub->weight : Number()), p.units)
-                                  ? amount(times(sum(p.disc.weight, p.hub ? p.hub->weight : Number()), p.units)) + " kg"
-                                  : "")
+    const Number weight = times(sum(p.disc.weight, p.hub ? p.hub->weight : Number()), p.units);
+    fields.number("Nº de piezas", plain(p.units))
+        .number("Peso del lote", weight ? amount(weight) + " kg" : "")
         .add("Consultado a", p.supplier);
     return {.title = {}, .fields = fields.take(), .columns = 2};
 }
@@ -252,19 +292,63 @@ Table labourOf(const StoredProposal& p) {
     return table;
 }
 
+/// How the amounts of one piece make its stored total.
+struct PieceSum {
+    Number saw;              ///< what of the saw's fixed charge one piece bears
+    bool sawSpread = false;  ///< over the pieces of the lot
+    double difference = 0;   ///< what the total holds beside all amounts
+};
+
+bool isSameAmount(double a, double b) {
+    return runtime::Redondear(a - b, 2) == 0;
+}
+
+PieceSum pieceSumOf(const StoredProposal& p) {
+    if (!p.piece) {
+        return {.saw = p.saw};
+    }
+    const double saw = p.saw.value_or(0);
+    const double beside = *p.piece - p.material.value_or(0) - p.labourAmount.value_or(0) - p.subcontracted.value_or(0) -
+                          p.others.value_or(0);
+    if (isSameAmount(beside, saw)) {
+        return {.saw = p.saw};
+    }
+    if (isThere(p.saw) && isThere(p.units)) {
+        const double share = runtime::Redondear(saw / *p.units, 2);
+        if (isSameAmount(beside, share)) {
+            return {.saw = share, .sawSpread = true};
+        }
+    }
+    return {.saw = p.saw, .difference = runtime::Redondear(beside - saw, 2)};
+}
+
+// Differs D-268: the amounts of a piece add up to its total. Where the saw's charge is spread over the lot its column
+// holds the share of one piece, and the line below says so.
+// Chosen C-275: a total that is not the sum of its amounts, entered by hand or made with another number of pieces, gets
+// a column of its own for the difference.
 Table costsOf(const StoredProposal& p) {
-    return {.title = "Importes por pieza y del lote (€)",
-            .columns = {{"Material", 0.85, true},
-                        {"Mano de obra", 1.15, true},
-                        {"Subcontratados", 1.3, true},
-                        {"Varios", 0.7, true},
-                        {"Fijo sierra", 0.9, true},
-                        {"Total pieza", 0.95, true},
-                        {"Piezas", 0.65, true},
-                        {"Importe total", 1.15, true}},
-            .rows = {},
-            .total = {amount(p.material), amount(p.labourAmount), amount(p.subcontracted), amount(p.others),
-                      amount(p.saw), amount(p.piece), plain(p.units), amount(p.total)}};
+    const PieceSum sum = pieceSumOf(p);
+    Table table{.title = "Importes por pieza y del lote (€)", .columns = {}};
+    const auto add = [&](const char* caption, double share, std::string value) {
+        table.columns.push_back({.caption = caption, .share = share, .right = true});
+        table.total.push_back(std::move(value));
+    };
+    add("Material", 0.85, amount(p.material));
+    add("Mano de obra", 1.15, amount(p.labourAmount));
+    add("Subcontratados", 1.3, amount(p.subcontracted));
+    add("Varios", 0.7, amount(p.others));
+    add("Fijo sierra", 0.9, amount(sum.saw));
+    if (sum.difference != 0) {
+        add("Diferencia", 0.9, amount(sum.difference));
+    }
+    add("Total pieza", 0.95, amount(p.piece));
+    add("Piezas", 0.65, plain(p.units));
+    add("Importe total", 1.15, amount(p.total));
+    if (sum.sawSpread) {
+        table.note = "Fijo de sierra (" + euros(p.saw) + ") repartido entre las " + plain(p.units) +
+                     " piezas del lote: " + euros(sum.saw) + " por pieza.";
+    }
+    return table;
 }
 
 }  // namespace
@@ -276,14 +360,14 @@ std::string numberOf(const StoredProposal& proposal) {
 Sheet customerSheet(const StoredProposal& p) {
     Sheet sheet{.title = "Propuesta " + numberOf(p), .name = "Propuesta " + numberOf(p), .heading = customerFields(p)};
     sheet.blocks.emplace_back(measuresOf(p));
-    sheet.blocks.emplace_back(sketchOf(p, 105, 75));
+    addSketch(sheet.blocks, p, 105, 75);
     if (Fields material = materialWords(p); !material.fields.empty()) {
         sheet.blocks.emplace_back(std::move(material));
     }
     FieldsOf figures;
-    figures.add("Nº de piezas", plain(p.units))
-        .add("Precio por pieza", euros(p.piece))
-        .add("Importe total", euros(p.total));
+    figures.number("Nº de piezas", plain(p.units))
+        .number("Precio por pieza", euros(p.piece))
+        .number("Importe total", euros(p.total));
     if (Figures all{figures.take()}; !all.figures.empty()) {
         sheet.blocks.emplace_back(std::move(all));
     }
@@ -296,7 +380,8 @@ Sheet shopSheet(const StoredProposal& p) {
         .title = "Hoja de corte " + numberOf(p), .name = "Hoja de corte " + numberOf(p), .heading = customerFields(p)};
     sheet.blocks.emplace_back(measuresOf(p));
     // Many dimensions need room.
-    sheet.blocks.emplace_back(data::hasChainList(p.type) ? sketchOf(p, 80, 64) : sketchOf(p, 60, 46));
+    const bool many = data::hasChainList(p.type);
+    addSketch(sheet.blocks, p, many ? 80 : 60, many ? 64 : 46);
     sheet.blocks.emplace_back(stockOf(p));
     sheet.blocks.emplace_back(lotOf(p));
     if (!p.labour.empty()) {

@@ -13,6 +13,7 @@ namespace velmora::documents {
 struct Field {
     std::string caption;
     std::string value;
+    bool number = false;  ///< with or without a unit: stands on one line
 };
 
 /// Captions and values in so many columns, filled downward. Of two columns the first is the wider one.
@@ -32,7 +33,7 @@ struct Sketch {
 struct Column {
     std::string caption;
     double share = 1;    ///< of the width
-    bool right = false;  ///< right-aligned
+    bool right = false;  ///< right-aligned: numbers, each of which stands on one line
 };
 
 /// The captions stand again on every page that the rows reach.
@@ -41,9 +42,10 @@ struct Table {
     std::vector<Column> columns;
     std::vector<std::vector<std::string>> rows = {};
     std::vector<std::string> total = {};  ///< a last row, set off; empty: none
+    std::string note = {};                ///< a remark on the figures, below them
 };
 
-/// A text of any length; line ends are kept.
+/// A text of any length; line ends, tabs and blanks at the beginning of a line are kept.
 struct Paragraph {
     std::string title;
     std::string text;
@@ -56,7 +58,7 @@ struct Figures {
 
 using Block = std::variant<Fields, Sketch, Table, Paragraph, Figures>;
 
-/// Begins a page of its own. Its pages are counted apart from those of the other sheets.
+/// A paper of its own.
 struct Sheet {
     std::string title;
     std::string name;  ///< stands at the head of its further pages and at the foot of each

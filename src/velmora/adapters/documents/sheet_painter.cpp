@@ -1,15 +1,15 @@
 #include "velmora/adapters/documents/sheet_painter.h"
 
-#include <QFontMetricsF>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTextLayout>
 #include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
 
+#include "velmora/adapters/documents/column_widths.h"
+#include "velmora/adapters/documents/paper_text.h"
 #include "velmora/adapters/qt/sketch_painter.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
@@ -40,6 +40,7 @@ constexpr double cellPadding = 5;
 constexpr double firstOfTwo = 0.6;    ///< the share of the first of two columns
 constexpr double captionOfTwo = 112;  ///< pixels
 constexpr double captionShare = 0.6;  ///< of the column, in three and more
+constexpr qsizetype wholeWord = 16;   ///< a table's word of so many letters, or fewer, is not broken
 
 constexpr QRgb ink = 0xFF101418;
 constexpr QRgb faint = 0xFF5A6673;
@@ -76,50 +77,6 @@ struct Strip {
     std::shared_ptr<const Strip> head = nullptr;
 };
 
-double lineHeight(const QFont& font) {
-    return QFontMetricsF(font).lineSpacing();
-}
-
-/// The lines of a text in a width, broken between words or, where a word is wider, within it.
-QStringList linesOf(const QString& text, const QFont& font, double inWidth) {
-    QStringList lines;
-    QString plain = text;
-    plain.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    for (const QString& paragraph : plain.split(QLatin1Char('\n'))) {
-        QTextLayout layout(paragraph, font);
-        QTextOption option;
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        layout.setTextOption(option);
-        layout.beginLayout();
-        bool any = false;
-        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-            line.setLineWidth(inWidth);
-            lines.append(paragraph.mid(line.textStart(), line.textLength()).trimmed());
-            any = true;
-        }
-        layout.endLayout();
-        if (!any) {
-            lines.append(QString());
-        }
-    }
-    return lines;
-}
-
-void drawLines(QPainter& painter, const QRectF& place, const QStringList& lines, const QFont& font, QRgb colour,
-               Qt::Alignment alignment = Qt::AlignLeft) {
-    painter.setFont(font);
-    painter.setPen(QColor(colour));
-    const double height = lineHeight(font);
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        const QRectF line(place.left(), place.top() + static_cast<double>(i) * height, place.width(), height);
-        painter.drawText(line, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextDontClip, lines[i]);
-    }
-}
-
-double heightOf(const QStringList& lines, const QFont& font) {
-    return static_cast<double>(lines.size()) * lineHeight(font);
-}
-
 Strip space(double height) {
     return {.height = height, .draw = [](QPainter&, const QRectF&) {}};
 }
@@ -142,11 +99,27 @@ class Composer {
     }
 
   private:
+    struct FieldColumn {
+        double left;
+        double captionWidth;
+        double valueWidth;
+    };
     struct FieldCell {
         double left;
         double captionWidth;
         QStringList caption;
         QStringList value;
+        QFont valueFont;
+    };
+    struct TableShape {
+        QFont body;
+        QFont strong;
+        std::vector<double> widths;
+    };
+    struct FigureShape {
+        QFont font;
+        QFont greatFont;
+        std::vector<double> widths;
     };
 
     void add(const Fields& fields) { addFields(fields); }
@@ -156,9 +129,14 @@ class Composer {
     void add(const Figures& figures);
     void addTitle(const std::string& title);
     void addFields(const Fields& fields);
-    FieldCell fieldCell(const Field& field, std::size_t column, std::size_t columns) const;
+    FieldColumn fieldColumn(const Fields& fields, std::size_t column, std::size_t columns, std::size_t rows) const;
+    FieldCell fieldCell(const Field& field, const FieldColumn& column) const;
     void addHeading(const std::string& title);
-    Strip tableRow(const Table& table, const std::vector<std::string>& cells, const QFont& font, bool set) const;
+    void addRunningText(const std::string& text, const QFont& font, QRgb colour);
+    TableShape shapeOf(const Table& table) const;
+    Strip tableRow(const Table& table, const std::vector<std::string>& cells, const std::vector<double>& widths,
+                   const QFont& font, bool set) const;
+    FigureShape shapeOf(const Figures& figures) const;
 
     const Fonts& fonts_;
     double roominess_;
@@ -194,13 +172,17 @@ void Composer::addFields(const Fields& fields) {
     addHeading(fields.title);
     const auto columns = static_cast<std::size_t>(std::max(1, fields.columns));
     const std::size_t rows = (fields.fields.size() + columns - 1) / columns;
+    std::vector<FieldColumn> places;
+    for (std::size_t column = 0; column < columns; ++column) {
+        places.push_back(fieldColumn(fields, column, columns, rows));
+    }
     for (std::size_t row = 0; row < rows; ++row) {
         std::vector<FieldCell> cells;
         double height = lineHeight(fonts_.body);
         for (std::size_t column = 0; column < columns; ++column) {
             const std::size_t index = column * rows + row;
             if (index < fields.fields.size()) {
-                cells.push_back(fieldCell(fields.fields[index], column, columns));
+                cells.push_back(fieldCell(fields.fields[index], places[column]));
                 height = std::max(
                     {height, heightOf(cells.back().caption, fonts_.body), heightOf(cells.back().value, fonts_.strong)});
             }
@@ -212,23 +194,46 @@ void Composer::addFields(const Fields& fields) {
                                        const QRectF at = place.translated(cell.left, 0);
                                        drawLines(painter, at, cell.caption, fonts_.body, faint);
                                        drawLines(painter, at.translated(cell.captionWidth, 0), cell.value,
-                                                 fonts_.strong, ink);
+                                                 cell.valueFont, ink);
                                    }
                                },
                            .keepWithNext = row == 0 && rows > 1});
     }
 }
 
-Composer::FieldCell Composer::fieldCell(const Field& field, std::size_t column, std::size_t columns) const {
+/// Captions give way to the numbers beside them, as far as their words stay whole.
+Composer::FieldColumn Composer::fieldColumn(const Fields& fields, std::size_t column, std::size_t columns,
+                                            std::size_t rows) const {
     const double room = width - columnGap * static_cast<double>(columns - 1);
     const double even = room / static_cast<double>(columns);
     const double first = columns == 2 ? room * firstOfTwo : even;
     const double columnWidth = columns == 2 && column == 1 ? room - first : first;
-    const double captionWidth = columns <= 2 ? captionOfTwo : columnWidth * captionShare;
+    double captionWidth = columns <= 2 ? captionOfTwo : columnWidth * captionShare;
+    double widestNumber = 0;
+    double widestWord = 0;
+    for (std::size_t i = column * rows; i < std::min((column + 1) * rows, fields.fields.size()); ++i) {
+        const Field& field = fields.fields[i];
+        if (field.number) {
+            widestNumber = std::max(widestNumber, widthOf(toQt(field.value), fonts_.strong));
+        }
+        for (const QString& word : toQt(field.caption).split(QLatin1Char(' '))) {
+            widestWord = std::max(widestWord, widthOf(word, fonts_.body) + unit);
+        }
+    }
+    captionWidth = std::min(captionWidth, std::max(columnWidth - widestNumber, widestWord));
     return {.left = static_cast<double>(column) * (first + columnGap),
             .captionWidth = captionWidth,
-            .caption = linesOf(toQt(field.caption), fonts_.body, captionWidth - unit),
-            .value = linesOf(toQt(field.value), fonts_.strong, columnWidth - captionWidth)};
+            .valueWidth = columnWidth - captionWidth};
+}
+
+Composer::FieldCell Composer::fieldCell(const Field& field, const FieldColumn& column) const {
+    const QString value = toQt(field.value);
+    const QFont font = field.number ? fitting(value, fonts_.strong, column.valueWidth) : fonts_.strong;
+    return {.left = column.left,
+            .captionWidth = column.captionWidth,
+            .caption = linesOf(toQt(field.caption), fonts_.body, column.captionWidth - unit),
+            .value = field.number ? QStringList{value} : linesOf(value, font, column.valueWidth),
+            .valueFont = font};
 }
 
 void Composer::add(const Sketch& sketch) {
@@ -248,28 +253,75 @@ void Composer::add(const Sketch& sketch) {
                        }});
 }
 
-Strip Composer::tableRow(const Table& table, const std::vector<std::string>& cells, const QFont& font, bool set) const {
+/// What a cell needs: a number as a whole, a text its words but for the very long ones.
+double leastWidth(const QString& text, bool number, const QFont& font) {
+    double widest = 0;
+    for (const QString& line : paragraphsOf(text)) {
+        for (const QString& part : number ? QStringList{line} : line.split(QLatin1Char(' '))) {
+            if (number || part.size() <= wholeWord) {
+                widest = std::max(widest, widthOf(part, font));
+            }
+        }
+    }
+    return widest;
+}
+
+std::vector<ColumnRoom> roomsOf(const Table& table, const QFont& body, const QFont& strong) {
+    std::vector<ColumnRoom> rooms;
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        const Column& column = table.columns[i];
+        double least = leastWidth(toQt(column.caption), false, strong);
+        const auto consider = [&](const std::vector<std::string>& cells, const QFont& font) {
+            if (i < cells.size()) {
+                least = std::max(least, leastWidth(toQt(cells[i]), column.right, font));
+            }
+        };
+        for (const std::vector<std::string>& row : table.rows) {
+            consider(row, body);
+        }
+        consider(table.total, strong);
+        rooms.push_back({.share = column.share, .least = least + 2 * cellPadding});
+    }
+    return rooms;
+}
+
+/// Smaller letters only where the columns' numbers leave no other way.
+// Differs D-274: a number stands on one line, where it was broken into two of which each reads like another number.
+Composer::TableShape Composer::shapeOf(const Table& table) const {
+    for (int smaller = 0;; ++smaller) {
+        TableShape shape{
+            .body = reduced(fonts_.body, smaller), .strong = reduced(fonts_.strong, smaller), .widths = {}};
+        std::vector<ColumnRoom> rooms = roomsOf(table, shape.body, shape.strong);
+        auto widths = divideWidth(width, rooms);
+        if (!widths && shape.body.pixelSize() <= smallestLetters) {
+            std::ranges::for_each(rooms, [](ColumnRoom& room) { room.least = 0; });
+            widths = divideWidth(width, rooms);
+        }
+        if (widths) {
+            shape.widths = *std::move(widths);
+            return shape;
+        }
+    }
+}
+
+Strip Composer::tableRow(const Table& table, const std::vector<std::string>& cells, const std::vector<double>& widths,
+                         const QFont& font, bool set) const {
     struct Cell {
         QRectF place;
         QStringList lines;
         bool right;
     };
-    double shares = 0;
-    for (const Column& column : table.columns) {
-        shares += column.share;
-    }
     std::vector<Cell> laid;
     double left = 0;
     double height = lineHeight(font);
     for (std::size_t i = 0; i < table.columns.size() && i < cells.size(); ++i) {
-        const double columnWidth = width * table.columns[i].share / shares;
-        const double inside = columnWidth - 2 * cellPadding;
+        const double inside = widths[i] - 2 * cellPadding;
         Cell cell{.place = {left + cellPadding, 3, inside, 0},
                   .lines = linesOf(toQt(cells[i]), font, inside),
                   .right = table.columns[i].right};
         height = std::max(height, heightOf(cell.lines, font));
         laid.push_back(std::move(cell));
-        left += columnWidth;
+        left += widths[i];
     }
     return {.height = height + 7, .draw = [laid, font, set](QPainter& painter, const QRectF& place) {
                 if (set) {
@@ -290,53 +342,82 @@ void Composer::add(const Table& table) {
     for (const Column& column : table.columns) {
         captions.push_back(column.caption);
     }
-    Strip head = tableRow(table, captions, fonts_.strong, true);
+    const TableShape shape = shapeOf(table);
+    Strip head = tableRow(table, captions, shape.widths, shape.strong, true);
     const auto again = std::make_shared<const Strip>(head);
     head.keepWithNext = true;
     strips_.push_back(std::move(head));
     for (std::size_t i = 0; i < table.rows.size(); ++i) {
-        Strip row = tableRow(table, table.rows[i], fonts_.body, false);
+        Strip row = tableRow(table, table.rows[i], shape.widths, shape.body, false);
         row.head = again;
         // The total never stands alone on a page.
         row.keepWithNext = !table.total.empty() && i + 1 == table.rows.size();
         strips_.push_back(std::move(row));
     }
     if (!table.total.empty()) {
-        strips_.push_back(tableRow(table, table.total, fonts_.strong, true));
+        strips_.push_back(tableRow(table, table.total, shape.widths, shape.strong, true));
+    }
+    if (!table.note.empty()) {
+        strips_.back().keepWithNext = true;
+        strips_.push_back(space(unit / 2));
+        strips_.back().keepWithNext = true;
+        addRunningText(table.note, fonts_.small, faint);
     }
 }
 
 void Composer::add(const Paragraph& paragraph) {
     addHeading(paragraph.title);
-    for (const QString& line : linesOf(toQt(paragraph.text), fonts_.body, width)) {
+    addRunningText(paragraph.text, fonts_.body, ink);
+}
+
+void Composer::addRunningText(const std::string& text, const QFont& font, QRgb colour) {
+    for (const QString& line : linesOf(toQt(text), font, width)) {
         strips_.push_back(
-            {.height = lineHeight(fonts_.body), .draw = [this, line](QPainter& painter, const QRectF& place) {
-                 drawLines(painter, place, {line}, fonts_.body, ink);
+            {.height = lineHeight(font), .draw = [line, font, colour](QPainter& painter, const QRectF& place) {
+                 drawRunningLine(painter, place, line, font, colour);
              }});
+    }
+}
+
+/// The last figure is the greatest and would have two shares.
+Composer::FigureShape Composer::shapeOf(const Figures& figures) const {
+    for (int smaller = 0;; ++smaller) {
+        FigureShape shape{
+            .font = reduced(fonts_.figure, smaller), .greatFont = reduced(fonts_.greatFigure, smaller), .widths = {}};
+        const bool last = shape.greatFont.pixelSize() <= smallestLetters;
+        std::vector<ColumnRoom> rooms;
+        for (std::size_t i = 0; i < figures.figures.size(); ++i) {
+            const Field& figure = figures.figures[i];
+            const bool great = i + 1 == figures.figures.size();
+            const double least = std::max(widthOf(toQt(figure.caption), fonts_.small),
+                                          widthOf(toQt(figure.value), great ? shape.greatFont : shape.font));
+            rooms.push_back({.share = great ? 2.0 : 1.0, .least = last ? 0 : least + 4 * unit});
+        }
+        if (auto widths = divideWidth(width, rooms)) {
+            shape.widths = *std::move(widths);
+            return shape;
+        }
     }
 }
 
 void Composer::add(const Figures& figures) {
     const double height = lineHeight(fonts_.small) + lineHeight(fonts_.greatFigure) + 3 * unit;
-    strips_.push_back({.height = height, .draw = [this, all = figures.figures](QPainter& painter, const QRectF& place) {
-                           painter.fillRect(place, QColor(tint));
-                           // The last figure is the greatest and gets two shares.
-                           const double share = place.width() / static_cast<double>(all.size() + 1);
-                           double left = place.left();
-                           for (std::size_t i = 0; i < all.size(); ++i) {
-                               const bool last = i + 1 == all.size();
-                               const QFont& font = last ? fonts_.greatFigure : fonts_.figure;
-                               const QRectF box =
-                                   QRectF(left, place.top() + unit, last ? 2 * share : share, place.height() - 2 * unit)
-                                       .adjusted(2 * unit, 0, -2 * unit, 0);
-                               drawLines(painter, box, {toQt(all[i].caption)}, fonts_.small, faint, Qt::AlignRight);
-                               const double valueHeight = lineHeight(font);
-                               drawLines(painter,
-                                         QRectF(box.left(), box.bottom() - valueHeight, box.width(), valueHeight),
-                                         {toQt(all[i].value)}, font, ink, Qt::AlignRight);
-                               left += share;
-                           }
-                       }});
+    strips_.push_back(
+        {.height = height,
+         .draw = [this, all = figures.figures, shape = shapeOf(figures)](QPainter& painter, const QRectF& place) {
+             painter.fillRect(place, QColor(tint));
+             double left = place.left();
+             for (std::size_t i = 0; i < all.size(); ++i) {
+                 const QFont& font = i + 1 == all.size() ? shape.greatFont : shape.font;
+                 const QRectF box = QRectF(left, place.top() + unit, shape.widths[i], place.height() - 2 * unit)
+                                        .adjusted(2 * unit, 0, -2 * unit, 0);
+                 drawLines(painter, box, {toQt(all[i].caption)}, fonts_.small, faint, Qt::AlignRight);
+                 const double valueHeight = lineHeight(font);
+                 drawLines(painter, QRectF(box.left(), box.bottom() - valueHeight, box.width(), valueHeight),
+                           {toQt(all[i].value)}, font, ink, Qt::AlignRight);
+                 left += shape.widths[i];
+             }
+         }});
 }
 
 struct Placed {
@@ -428,13 +509,13 @@ void drawFurtherHead(QPainter& painter, const Fonts& fonts, const Sheet& sheet) 
 
 }  // namespace
 
-bool paintSheets(const std::vector<Sheet>& sheets, const std::string& title, QIODevice& out) {
+bool paintSheet(const Sheet& sheet, QIODevice& out) {
     const Fonts fonts;
     QPdfWriter paper(&out);
     paper.setPageSize(QPageSize(QPageSize::A4));
     paper.setPageMargins(QMarginsF(0, 0, 0, 0));
     paper.setResolution(paperDots);
-    paper.setTitle(toQt(title));
+    paper.setTitle(toQt(sheet.title));
     paper.setCreator(QStringLiteral("VELMORA"));
     QPainter painter;
     if (!painter.begin(&paper)) {
@@ -443,23 +524,19 @@ bool paintSheets(const std::vector<Sheet>& sheets, const std::string& title, QIO
     constexpr double scale = static_cast<double>(paperDots) / screenDots;
     painter.scale(scale, scale);
     painter.setRenderHint(QPainter::Antialiasing);
-    bool first = true;
-    for (const Sheet& sheet : sheets) {
-        const LaidOut laidOut = layOut(sheet, fonts);
-        const std::vector<Page>& pages = laidOut.pages;
-        for (std::size_t i = 0; i < pages.size(); ++i) {
-            if (!first && !paper.newPage()) {
+    const LaidOut laidOut = layOut(sheet, fonts);
+    const std::vector<Page>& pages = laidOut.pages;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        if (i > 0) {
+            if (!paper.newPage()) {
                 return false;
             }
-            first = false;
-            if (i > 0) {
-                drawFurtherHead(painter, fonts, sheet);
-            }
-            for (const Placed& placed : pages[i]) {
-                placed.strip->draw(painter, QRectF(sideMargin, placed.y, width, placed.strip->height));
-            }
-            drawFoot(painter, fonts, sheet, i + 1, pages.size());
+            drawFurtherHead(painter, fonts, sheet);
         }
+        for (const Placed& placed : pages[i]) {
+            placed.strip->draw(painter, QRectF(sideMargin, placed.y, width, placed.strip->height));
+        }
+        drawFoot(painter, fonts, sheet, i + 1, pages.size());
     }
     return painter.end();
 }

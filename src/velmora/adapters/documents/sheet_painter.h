@@ -1,8 +1,5 @@
 #pragma once
-// Sheets on A4 paper, as a PDF: letters as letters of embedded fonts, drawings as lines.
-
-#include <string>
-#include <vector>
+// A sheet on A4 paper, as a PDF: letters as letters of embedded fonts, drawings as lines.
 
 #include "velmora/adapters/documents/sheet.h"
 
@@ -10,8 +7,9 @@ class QIODevice;
 
 namespace velmora::documents {
 
-/// Writes one document of all sheets, each from a new page. Needs the toolkit's application (qt::Graphics). False when
-/// the device takes no more.
-bool paintSheets(const std::vector<Sheet>& sheets, const std::string& title, QIODevice& out);
+/// Writes a document that bears the sheet's title. Columns give way to their numbers, and where there is no room left
+/// for them letters become smaller: no number is broken. Needs the toolkit's application (qt::Graphics). False when the
+/// device takes no more.
+bool paintSheet(const Sheet& sheet, QIODevice& out);
 
 }  // namespace velmora::documents

@@ -18,6 +18,20 @@ std::string text(const sql::Value& value) {
     return value.isNull() ? std::string() : runtime::Trim(value.toText());
 }
 
+/// A text of several lines: tabs and blanks that a line begins with belong to it, empty lines at either end do not.
+// Differs D-271: blanks at the beginning were taken off, and a list that is set in lost its first line's place.
+std::string runningText(const sql::Value& value) {
+    constexpr std::string_view blanks = " \t\r\n";
+    const std::string all = value.isNull() ? std::string() : value.toText();
+    const std::size_t first = all.find_first_not_of(blanks);
+    if (first == std::string::npos) {
+        return {};
+    }
+    const std::size_t lineEnd = all.find_last_of("\r\n", first);
+    const std::size_t begin = lineEnd == std::string::npos ? 0 : lineEnd + 1;
+    return all.substr(begin, all.find_last_not_of(blanks) + 1 - begin);
+}
+
 std::optional<runtime::Date> date(const sql::Value& value) {
     return value.isNull() ? std::nullopt : std::optional(value.toDate());
 }
@@ -155,8 +169,8 @@ std::optional<StoredProposal> readProposal(sql::Connection& connection, std::int
     p.customerOrder = text(row["DPI_PedCliente"]);
     p.orderDate = date(row["DPI_FPedCliente"]);
     p.delivery = date(row["DPI_FechaEntrega"]);
-    p.remarks = text(row["DPI_Obser"]);
-    p.extra = text(row["DPI_Extra"]);
+    p.remarks = runningText(row["DPI_Obser"]);
+    p.extra = runningText(row["DPI_Extra"]);
     p.supplier = text(row["DPI_ProTex"]);
     p.chain = text(row["DPI_PDM_Texto"]);
     p.measures = readMeasures(row, p.type);

@@ -6,6 +6,7 @@
 #include <locale.h>
 #include <xlsxwriter.h>
 
+#include "velmora/adapters/documents/cell_text.h"
 #include "velmora/adapters/documents/files.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
@@ -35,7 +36,7 @@ constexpr std::size_t longestSheetName = 31;
 constexpr std::u32string_view refusedInSheetName = U"[]:*?/\\";
 
 std::string sheetName(const std::string& title, int number) {
-    std::u32string name = runtime::toCodePoints(title);
+    std::u32string name = runtime::toCodePoints(cellText(title));
     for (char32_t& c : name) {
         c = c < U' ' || refusedInSheetName.find(c) != std::u32string_view::npos ? U' ' : c;
     }
@@ -102,7 +103,7 @@ void Workbook::check(int answer) const {
 }
 
 void Workbook::setTitle(const std::string& title) {
-    std::string text = runtime::Left(title, 255);
+    std::string text = runtime::Left(cellText(title), 255);
     std::string company = "VELMORA";
     lxw_doc_properties properties{};
     properties.title = text.data();

@@ -50,14 +50,11 @@ DeliveryNoteForm::DeliveryNoteForm(session::Session& session) : Form("frmAlbaran
 void DeliveryNoteForm::arrange() {
     fraAlbaran_.setCaption("Albarán");
     dbgLineas_.setAccessibleName("Lineas del albarán");
-    lblTotal_.setAccessibleName("Suma de los precios de las lineas");
     cmdSalir_.setCaption("&Salir (ESC)");
     screen::Layout head = recordRow(txtAlbaran_, noteFields, 0, 3);
     head.children.push_back(lay::space());
-    setLayout(lay::column(
-        lay::group(fraAlbaran_, std::move(head)), lay::plain(dbgLineas_).stretched(),
-        lay::row(lay::space(), lay::field("Total Precios", lblTotal_).number().units("€").as(screen::Role::total)),
-        lay::row(lay::space(), lay::plain(cmdSalir_))));
+    setLayout(lay::column(lay::group(fraAlbaran_, std::move(head)), lay::plain(dbgLineas_).stretched(),
+                          lay::row(lay::space(), lay::plain(cmdSalir_))));
     std::vector<screen::Control*> order;
     addTabStops(order, txtAlbaran_);
     order.insert(order.end(), {&dbgLineas_, &cmdSalir_});
@@ -76,17 +73,13 @@ bool DeliveryNoteForm::load(std::int32_t id) {
 }
 
 void DeliveryNoteForm::loadLines(std::int32_t id) {
-    sql::Connection& connection = session_.Connection();
-    const std::string mask = session::purchasePriceMask(session_);
     // An article's code could stand in ART twice; a line must not.
-    dbgLineas_.bind(connection.execute(
+    // Differs D-273: nothing is summed here: prices are those of a unit, and a line does not hold its quantity.
+    dbgLineas_.bind(session_.Connection().execute(
         "SELECT LAC_CODART,(select max(ART_DES) from ART where ART_COD = LAC_CODART) as Descripcion,LAC_ANCHO,"
         "LAC_ESPESOR,LAC_DEXTERIOR,LAC_DINTERIOR,LAC_LARGO,LAC_PRECIO FROM LAC where LAC_IDCAC = " +
         text(id)));
-    dbgLineas_.setColumns(lineColumns(mask));
-    const sql::Recordset sum =
-        connection.execute("SELECT isnull(sum(LAC_PRECIO),0) as Total FROM LAC where LAC_IDCAC = " + text(id));
-    lblTotal_.setCaption(screen::shownUnder(sum["Total"], mask));
+    dbgLineas_.setColumns(lineColumns(session::purchasePriceMask(session_)));
 }
 
 }  // namespace velmora::host

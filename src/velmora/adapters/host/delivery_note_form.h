@@ -1,5 +1,5 @@
 #pragma once
-// One delivery note of a purchase, to be read: its head, its lines, and the sum of their prices.
+// One delivery note of a purchase, to be read: its head and its lines.
 
 #include <cstdint>
 
@@ -27,7 +27,6 @@ class DeliveryNoteForm : public screen::Form {
     screen::Frame fraAlbaran_{*this, "fraAlbaran"};
     Boxes txtAlbaran_{*this, "txtAlbaran", {{0, 3}}};
     screen::DataGrid dbgLineas_{*this, "dbgLineas"};
-    screen::Label lblTotal_{*this, "lblTotal"};
     screen::Button cmdSalir_{*this, "cmdSalir"};
 };
 

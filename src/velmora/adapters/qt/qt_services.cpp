@@ -77,7 +77,8 @@ QStringList nameFilters(std::string_view filter) {
 }
 
 std::string QtServices::temporaryFolder() const {
-    return fromQt(QDir::toNativeSeparators(QDir::tempPath() + QLatin1Char('/')));
+    const auto folder = folder_.path();
+    return folder ? folder->string() + "/" : std::string();
 }
 
 std::optional<std::string> QtServices::openFileDialog(const system::OpenFileRequest& request) {

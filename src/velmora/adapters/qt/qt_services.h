@@ -3,15 +3,20 @@
 
 #include <QStringList>
 
+#include "velmora/adapters/machine/own_folder.h"
 #include "velmora/platform/system/system.h"
 
 namespace velmora::qt {
 
 class QtServices : public system::Services {
   public:
+    /// The program's own folder below the system's temporary one; empty when there is none to be trusted.
     std::string temporaryFolder() const override;
     std::optional<std::string> openFileDialog(const system::OpenFileRequest& request) override;
     int openWithAssociatedProgram(std::string_view path) override;
+
+  private:
+    mutable machine::OwnFolder folder_;
 };
 
 /// "Todos (*.*)|*.*|Textos|*.txt;*.log" as the toolkit's file dialog takes it.

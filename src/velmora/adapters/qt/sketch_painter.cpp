@@ -132,10 +132,6 @@ void SketchPainter::paint(const QRectF& canvas) {
     }
 }
 
-bool SketchPainter::isShown(const screen::Dimension& dimension) const {
-    return dimension.label < 0 || labels_.contains(dimension.label);
-}
-
 QPointF SketchPainter::map(screen::Point point) const {
     return QPointF(point.x * scale_, -point.y * scale_) + shift_;
 }
@@ -168,6 +164,9 @@ QRectF SketchPainter::extent(double scale) const {
     const auto includePoint = [&](QPointF p) { include(QRectF(p - QPointF(0.5, 0.5), QSizeF(1, 1))); };
     for (const screen::Shape& shape : drawing_.shapes) {
         if (const auto* path = std::get_if<screen::Path>(&shape)) {
+            if (!isShown(path->label)) {
+                continue;
+            }
             for (const screen::Point& point : path->points) {
                 includePoint(trial.map(point));
             }
@@ -259,6 +258,9 @@ void SketchPainter::noteOutline(const QPainterPath& shape) {
 }
 
 void SketchPainter::draw(const screen::Path& path) {
+    if (!isShown(path.label)) {
+        return;
+    }
     QPainterPath shape;
     for (std::size_t i = 0; i < path.points.size(); ++i) {
         const QPointF point = map(path.points[i]);

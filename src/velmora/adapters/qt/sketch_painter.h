@@ -46,7 +46,8 @@ class SketchPainter {
     void fit(const QRectF& canvas);
     QRectF extent(double scale) const;
     QPointF map(screen::Point point) const;
-    bool isShown(const screen::Dimension& dimension) const;
+    bool isShown(const screen::Dimension& dimension) const { return isShown(dimension.label); }
+    bool isShown(int label) const { return label < 0 || labels_.contains(label); }
     DimensionLine lineOf(const screen::Dimension& dimension) const;
     std::vector<TextPlace> candidates(const DimensionLine& line) const;
     TextPlace place(const DimensionLine& line) const;

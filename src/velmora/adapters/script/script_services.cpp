@@ -3,8 +3,7 @@
 #include <chrono>
 #include <system_error>
 
-#include <stdlib.h>
-
+#include "velmora/adapters/machine/own_folder.h"
 #include "velmora/adapters/script/ending.h"
 #include "velmora/adapters/script/shown_text.h"
 
@@ -68,12 +67,12 @@ std::string ScriptServices::temporaryFolder() const {
         return failure ? std::string() : folder_.string() + "/";
     }
     if (folder_.empty()) {
-        std::error_code failure;
-        std::string pattern = (std::filesystem::temp_directory_path(failure) / "velmora-XXXXXX").string();
-        if (failure || mkdtemp(pattern.data()) == nullptr) {
+        const auto root = machine::temporaryRoot();
+        const auto made = root ? machine::newFolder(*root, "velmora") : std::nullopt;
+        if (!made) {
             return {};
         }
-        folder_ = pattern;
+        folder_ = *made;
     }
     return folder_.string() + "/";
 }

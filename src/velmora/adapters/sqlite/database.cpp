@@ -15,6 +15,7 @@ class Database final : public sql::Connection {
     void commitTrans() override { engine_->commit(); }
     void rollbackTrans() override { engine_->rollback(); }
     std::string currentCatalog() const override { return engine_->catalogName(); }
+    std::vector<std::string> files() const override { return engine_->files(); }
     bool isAlive() override { return engine_->isAlive(); }
 
   private:

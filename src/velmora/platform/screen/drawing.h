@@ -33,6 +33,7 @@ struct Path {
     bool closed = false;
     Pen pen = Pen::outline;
     Fill fill = Fill::none;
+    int label = -1;  ///< belongs to the dimension with this label, and stays out with it
 };
 
 struct Circle {

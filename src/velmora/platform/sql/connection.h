@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "velmora/platform/sql/db_error.h"
 #include "velmora/platform/sql/recordset.h"
@@ -27,6 +28,10 @@ class Connection {
 
     /// False when the connection has been lost.
     virtual bool isAlive() = 0;
+
+    /// The files on this machine that the engine works in, its logs too, whether they exist yet or not: nobody else may
+    /// read, write or delete them. None for a server and for a database in memory.
+    virtual std::vector<std::string> files() const { return {}; }
 };
 
 /// Begins a transaction and rolls it back at the end of its life unless it was committed.
@@ -56,6 +61,7 @@ class ForwardingConnection : public Connection {
     void rollbackTrans() override { target_.rollbackTrans(); }
     std::string currentCatalog() const override { return target_.currentCatalog(); }
     bool isAlive() override { return target_.isAlive(); }
+    std::vector<std::string> files() const override { return target_.files(); }
 
   private:
     Connection& target_;

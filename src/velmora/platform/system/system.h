@@ -32,7 +32,9 @@ struct OpenFileRequest {
 class Services {
   public:
     virtual ~Services() = default;
-    /// With a separator at its end; empty when there is none.
+    /// A folder for papers, sheets and viewed documents that nobody but this user can enter, with a separator at its
+    /// end. Empty when there is none: whoever writes says so (error 76) and never writes elsewhere, the current folder
+    /// least of all.
     virtual std::string temporaryFolder() const = 0;
     /// The path chosen; none when the dialog was left.
     virtual std::optional<std::string> openFileDialog(const OpenFileRequest& request) = 0;
