@@ -1,7 +1,7 @@
 #include "velmora/platform/session/checked_write.h"
 
 #include <chrono>
-#include <optional>
+#include <memory>
 #include <thread>
 
 #include "velmora/platform/screen/busy.h"
@@ -25,7 +25,7 @@ bool isConfirmed(screen::Screen& screen, const std::string& question) {
 
 Written writeChecked(sql::Connection& connection, screen::Screen& screen, const CheckedWrite& steps) {
     bool confirmed = false;
-    std::optional<screen::Hourglass> waiting;
+    std::unique_ptr<screen::Hourglass> waiting;
     for (;;) {
         RowState state = RowState::asShown;
         const auto lookAndWrite = [&] {
@@ -45,7 +45,7 @@ Written writeChecked(sql::Connection& connection, screen::Screen& screen, const 
                 return Written::closed;
             case RowState::inUse:
                 if (!waiting) {
-                    waiting.emplace(screen);
+                    waiting = std::make_unique<screen::Hourglass>(screen);
                 }
                 screen.processEvents();
                 std::this_thread::sleep_for(step);
