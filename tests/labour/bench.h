@@ -14,7 +14,10 @@ namespace velmora::labour {
 
 class LabourTest : public ::testing::Test {
   protected:
-    LabourTest() { support::addStaff(*shop.database); }
+    LabourTest() {
+        support::addStaff(*shop.database);
+        shop.database->execute("INSERT INTO DPI (DPI_Tipo) VALUES (0)");
+    }
 
     /// The form as the main form opens it.
     frmManoObra& open(std::int32_t proposal = 1, bool modifiable = true) {

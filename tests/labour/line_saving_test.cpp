@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <gmock/gmock.h>
 
 #include "bench.h"
@@ -8,7 +10,13 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class LineSavingTest : public LabourTest {};
+class LineSavingTest : public LabourTest {
+  protected:
+    std::vector<std::string> firstOperations(std::size_t count) {
+        const auto& log = shop.connection.log();
+        return {log.begin(), log.begin() + static_cast<std::ptrdiff_t>(std::min(count, log.size()))};
+    }
+};
 
 TEST_F(LineSavingTest, NinetyMinutesAtThirtyEurosAreOneHourAndAHalfAndFortyFiveEuros) {
     open();
@@ -20,9 +28,13 @@ TEST_F(LineSavingTest, NinetyMinutesAtThirtyEurosAreOneHourAndAHalfAndFortyFiveE
     EXPECT_EQ(line(amount).text(), "45");
     shop.connection.clear();
     press(fields().cmdGrabarLinea);
-    EXPECT_EQ(shop.connection.log().front(),
-              "INSERT INTO MoDpi (MoDpi_Dpi,MoDpi_Ope,MoDpi_Maq,MoDpi_Minutos,MoDpi_Pvp,MoDpi_Importe,MoDpi_Tiempo) "
-              "VALUES (1,1,10,90,30,45,1.5)");
+    EXPECT_THAT(
+        firstOperations(4),
+        ElementsAre(
+            "BEGIN", "Select DPI_FAcepta,DPI_Orden from DPI where DPI_Id = 1",
+            "INSERT INTO MoDpi (MoDpi_Dpi,MoDpi_Ope,MoDpi_Maq,MoDpi_Minutos,MoDpi_Pvp,MoDpi_Importe,MoDpi_Tiempo) "
+            "VALUES (1,1,10,90,30,45,1.5)",
+            "COMMIT"));
     EXPECT_EQ(form->fields().DataGrid1.cellText(0, 7), "45,00");
     EXPECT_EQ(fields().Label2.caption(), "45,00 €");
 }
@@ -92,9 +104,13 @@ TEST_F(LineSavingTest, AnEditedLineIsUpdatedAtThePriceOfToday) {
     fields().cboOperarios.setListIndex(1);
     shop.connection.clear();
     press(fields().cmdGrabarLinea);
-    EXPECT_EQ(shop.connection.log().front(),
-              "UPDATE MoDpi SET MoDpi_Dpi=1,MoDpi_Ope=1,MoDpi_Maq=11,MoDpi_Minutos=120,MoDpi_Pvp=33,MoDpi_Importe=66,"
-              "MoDpi_Tiempo=2 where MoDpi_Id=2");
+    EXPECT_THAT(
+        firstOperations(5),
+        ElementsAre(
+            "BEGIN", "Select DPI_FAcepta,DPI_Orden from DPI where DPI_Id = 1", "Select * from modpi where modpi_id = 2",
+            "UPDATE MoDpi SET MoDpi_Dpi=1,MoDpi_Ope=1,MoDpi_Maq=11,MoDpi_Minutos=120,MoDpi_Pvp=33,MoDpi_Importe=66,"
+            "MoDpi_Tiempo=2 where MoDpi_Id=2",
+            "COMMIT"));
 }
 
 TEST_F(LineSavingTest, PassingThroughTheMachineChoosesItsFirstOperatorAgain) {

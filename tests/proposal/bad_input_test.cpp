@@ -114,7 +114,7 @@ class BadInputTest : public ::testing::TestWithParam<NastyText> {
         EXPECT_THAT(added, AnyOf(0, 1));
         const std::vector<std::string> said = workshop.screen.messageTexts();
         if (std::ranges::find(said, stated[0]) != said.end()) {
-            EXPECT_TRUE(added == 1 || field == "txtPesu(3)") << "stored, it was said";
+            EXPECT_EQ(added, 1) << "stored, it was said";
         } else {
             EXPECT_EQ(added, 0) << "refused, it was said";
         }
@@ -128,7 +128,8 @@ TEST_P(BadInputTest, EveryFieldOfThePlainSprocketTakesItOrRefusesItInWords) {
     workshop.enterToothing();
     std::vector<std::string> fields;
     for (const screen::Control* control : workshop.form().controls()) {
-        if (dynamic_cast<const screen::TextBox*>(control) != nullptr && control->canTakeFocus()) {
+        const auto* box = dynamic_cast<const screen::TextBox*>(control);
+        if (box != nullptr && box->canTakeFocus() && !box->locked()) {
             fields.push_back(control->fullName());
         }
     }

@@ -175,6 +175,49 @@ TEST_F(CustomerSearchTest, ACodeWithDecimalsIsOneThatNoCustomerHas) {
     EXPECT_EQ(code(), "12,5");
 }
 
+TEST_F(CustomerSearchTest, ACodeIsLookedUpByTheNumberThatIsStored) {
+    // What was looked up before: the text, with a point for the comma.
+    workshop.database->execute(
+        "INSERT INTO CLI (CLI_ID,CLI_COD,CLI_NOM,CLI_COMER,CLI_GtosFinan,CLI_Riesgo,CLI_ImpMaxRiesgo) VALUES "
+        "(7,1,N'EL PRIMERO',N'',0,0,0)");
+    workshop.database->execute(
+        "INSERT INTO CLI (CLI_ID,CLI_COD,CLI_NOM,CLI_COMER,CLI_GtosFinan,CLI_Riesgo,CLI_ImpMaxRiesgo) VALUES "
+        "(8,1000,N'EL MILLAR',N'',0,0,0)");
+    struct Case {
+        const char* typed;
+        const char* number;
+        const char* name;
+    };
+    const std::vector<Case> cases{{"1.000", "1000", "EL MILLAR"},          {"1000 €", "1000", "EL MILLAR"},
+                                  {" 1.000,00 ", "1000", "EL MILLAR"},     {"1e3", "1000", "EL MILLAR"},
+                                  {"&H3E8", "1000", "EL MILLAR"},          {"+1000", "1000", "EL MILLAR"},
+                                  {"1000,004", "1000", "EL MILLAR"},       {"0001", "1", "EL PRIMERO"},
+                                  {"1.001", "1001", "TALLERES NORTE SL"},  {"1,000", "1", "EL PRIMERO"},
+                                  {"1002,00", "1002", "ÁRIDOS DEL SUR SA"}};
+    for (const Case& each : cases) {
+        workshop.openAnew();
+        workshop.set("txtPesu(11)", "3");
+        enter(each.typed);
+        EXPECT_THAT(workshop.connection.log(),
+                    ElementsAre(std::string("Select CLI_NOM,CLI_ID from cli where CLI_COD=") + each.number))
+            << each.typed;
+        EXPECT_EQ(name(), each.name) << each.typed;
+        workshop.key(screen::Key::f5);
+        EXPECT_THAT(workshop.screen.messageTexts(), ElementsAre("Datos Grabados satisfactoriamente")) << each.typed;
+        EXPECT_EQ(workshop.query("select DPI_CodCliente from DPI"), each.number) << each.typed;
+        workshop.database->execute("delete from DPI");
+        workshop.screen.messages.clear();
+    }
+}
+
+TEST_F(CustomerSearchTest, ANegativeCodeIsLookedUpAsItIsStored) {
+    workshop.screen.cancelsQuestions = true;
+    enter("(5)");
+    enter("5-");
+    enter("-0,001");
+    EXPECT_THAT(workshop.connection.log(), ElementsAre("Select CLI_NOM,CLI_ID from cli where CLI_COD=0"));
+}
+
 TEST_F(CustomerSearchTest, ThereIsNoSearchOfArticles) {
     workshop.form();
     workshop.connection.clear();

@@ -254,5 +254,40 @@ TEST_F(DuplicatingTest, WhateverStatementFailsNothingRemains) {
     EXPECT_EQ(shop.query("select count(*) from MoDpi"), "4");
 }
 
+TEST_F(DuplicatingTest, ACopyThatDoesNotLoadLeavesTheOriginalOnTheForm) {
+    shop.set("txtPesu(2)", "lo escrito");
+    shop.leave();
+    const auto fields = shop.texts();
+    shop.database->execute("delete from PARDPI where PARDPI_DISCO=1");
+    duplicate();
+    EXPECT_EQ(shop.query("select count(*) from DPI"), "2");
+    EXPECT_EQ(shop.screen.messages.back().text, "Error, no se encuentra el indice del material para el disco");
+    EXPECT_EQ(shop.texts(), fields) << "under its own number";
+
+    shop.connection.refuse("select * from DPI where DPI_ID=3");
+    duplicate();
+    EXPECT_THAT(shop.errorNumbers(), ElementsAre(sql::provider::failure));
+    EXPECT_EQ(shop.texts(), fields);
+}
+
+TEST(DuplicatingBrokenTest, WhatIsNoRunTimeErrorIsRolledBackToo) {
+    for (const char* broken : {"INSERT INTO DPI", "SELECT DPI_Fecha", "FROM moDPI"}) {
+        auto connection = std::make_unique<support::BrokenConnection>(support::makeWorkshopDatabase());
+        support::BrokenConnection& database = *connection;
+        support::ProposalWorkshop shop(std::move(connection));
+        shop.saveNewProposal();
+        const auto fields = shop.texts();
+        database.broken = broken;
+        shop.screen.queue(screen::Answer::yes);
+        EXPECT_THROW(shop.key(screen::Key::f6), std::runtime_error);
+        database.broken.clear();
+        EXPECT_EQ(shop.texts(), fields);
+        EXPECT_FALSE(shop.fields().bCargandoPropuesta);
+        EXPECT_TRUE(shop.session.Campos().fields().empty());
+        EXPECT_EQ(shop.query("select count(*) from DPI"), "1");
+        EXPECT_NO_THROW(database.beginTrans()) << "no transaction was left behind";
+    }
+}
+
 }  // namespace
 }  // namespace velmora::proposal

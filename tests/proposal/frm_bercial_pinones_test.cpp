@@ -22,7 +22,8 @@ class MainFormTest : public ::testing::Test {
     /// Types a text key by key, as the form and then the field see it.
     void type(const std::string& field, const std::string& text) {
         auto& box = dynamic_cast<screen::TextBox&>(workshop.control(field));
-        workshop.set(field, "");
+        workshop.attempt([&] { workshop.form().moveFocus(box, screen::Form::Insist::yes); });
+        box.setText("");
         for (const char32_t character : runtime::toCodePoints(text)) {
             screen::KeyPress press{character};
             box.onKeyPress(press);
@@ -166,7 +167,8 @@ TEST_F(MainFormTest, EnterPassesOverNumberDatesAndOrder) {
 }
 
 TEST_F(MainFormTest, LeavingTheDateWouldMaskItAsAnAmount) {
-    workshop.set("txtPesu(4)", "15/01/2026");
+    workshop.fields().txtPesu(4).setText("15/01/2026");
+    workshop.form().moveFocus(workshop.fields().txtPesu(4));
     workshop.leave();
     EXPECT_EQ(workshop.text("txtPesu(4)"), "0,00") << "this is why the keys pass it over";
 }
@@ -327,6 +329,114 @@ TEST_F(MainFormTest, AMissingPrintingComponentIsShown) {
     workshop.saveNewProposal();
     workshop.key(Key::f8);
     EXPECT_THAT(workshop.errorNumbers(), ElementsAre(429));
+}
+
+TEST_F(MainFormTest, NumberDatesAndOrderAreLockedForTypingInEveryState) {
+    const auto expectLocked = [&](const char* state) {
+        for (const int field : {3, 4, 6, 13}) {
+            EXPECT_TRUE(workshop.fields().txtPesu(field).locked()) << field << " " << state;
+        }
+        EXPECT_FALSE(workshop.fields().txtPesu(0).locked()) << state;
+    };
+    expectLocked("new");
+    for (int type = 0; type < 15; ++type) {
+        workshop.fields().cboTipoPre.setListIndex(type);
+        expectLocked("of another type");
+    }
+    workshop.fields().cboTipoPre.setListIndex(0);
+    workshop.press("cmdCambios");
+    expectLocked("new, after changes");
+    workshop.saveNewProposal();
+    EXPECT_TRUE(workshop.enabled("txtPesu(3)")) << "a load enables it as any other";
+    expectLocked("saved");
+    workshop.form().msCargarPresupuesto(1, false);
+    expectLocked("read-only");
+    workshop.press("cmdCambios");
+    expectLocked("opened for changes");
+    workshop.database->execute("UPDATE DPI SET DPI_FAcepta=getdate(), DPI_Orden=7");
+    workshop.form().msCargarPresupuesto(1, true);
+    expectLocked("accepted");
+    workshop.database->execute("UPDATE DPI SET DPI_FAcepta=null, DPI_Orden=null");
+    workshop.form().msCargarPresupuesto(1, true);
+    workshop.screen.queue(screen::Answer::yes);
+    workshop.key(Key::f9);
+    expectLocked("new, after a deletion");
+}
+
+// ---- Consultation -----------------------------------------------------------------------------------------------
+
+class ConsultationTest : public MainFormTest {
+  protected:
+    ConsultationTest() {
+        workshop.saveNewProposal();
+        workshop.openAnew();
+        workshop.saveNewProposal();
+        workshop.openAnew();
+        workshop.screen.messages.clear();
+        workshop.form().msCargarPresupuesto(1, false);
+        workshop.form().bConsulta = true;
+        workshop.form().activate();
+    }
+    /// Every way to write that a person has, and those that only code has.
+    void expectNothingWrites() {
+        const std::vector<std::string> rows = allRows();
+        for (const char* button : {"XPGrabar", "cmdCambios", "cmdManoObra", "cmdDuplicar", "cmdeliminarrPropuesta"}) {
+            EXPECT_FALSE(workshop.enabled(button)) << button;
+            dynamic_cast<screen::Button&>(workshop.control(button)).onClick();
+        }
+        for (const Key key : {Key::f1, Key::f5, Key::f6, Key::f9}) {
+            workshop.key(key);
+        }
+        EXPECT_FALSE(workshop.form().msGrabar(true));
+        EXPECT_THAT(workshop.screen.messages, IsEmpty());
+        EXPECT_THAT(workshop.errors, IsEmpty());
+        EXPECT_EQ(allRows(), rows);
+        EXPECT_FALSE(workshop.form().isUnloaded());
+    }
+    std::vector<std::string> allRows() {
+        std::vector<std::string> rows;
+        for (sql::Recordset row = workshop.database->execute("select * from DPI"); !row.eof(); row.moveNext()) {
+            for (std::size_t column = 0; column < row.columns().size(); ++column) {
+                rows.push_back(row[column].isNull() ? "NULL" : row[column].toText());
+            }
+        }
+        return rows;
+    }
+};
+
+TEST_F(ConsultationTest, NothingWrites) {
+    expectNothingWrites();
+    EXPECT_FALSE(workshop.enabled("txtPesu(0)"));
+    EXPECT_TRUE(workshop.enabled("XPImprime")) << "who is shown it by the list may print it";
+}
+
+TEST_F(ConsultationTest, NothingWritesAfterAnotherProposalWasOpenedFromItsHistory) {
+    ASSERT_EQ(workshop.form().buttonsAndGrid().dbgDPI.rowCount(), 1u);
+    workshop.screen.queue(screen::Answer::yes);
+    workshop.form().buttonsAndGrid().dbgDPI.onButtonClick(0);
+    EXPECT_EQ(workshop.text("txtPesu(3)"), "2");
+    workshop.screen.messages.clear();
+    expectNothingWrites();
+    EXPECT_FALSE(workshop.enabled("txtPesu(0)"));
+}
+
+TEST_F(ConsultationTest, NothingWritesWhereTheProposalCouldNotBeLoaded) {
+    workshop.openAnew();
+    workshop.form().msCargarPresupuesto(4711, false);
+    workshop.form().bConsulta = true;
+    workshop.form().activate();
+    workshop.enterToothing();
+    workshop.enterCustomerAndUnits();
+    expectNothingWrites();
+}
+
+TEST_F(ConsultationTest, WithoutItTheWaysAreOpen) {
+    workshop.openAnew();
+    workshop.form().msCargarPresupuesto(1, false);
+    workshop.form().activate();
+    for (const char* button : {"XPGrabar", "cmdCambios", "cmdDuplicar", "cmdeliminarrPropuesta"}) {
+        EXPECT_TRUE(workshop.enabled(button)) << button;
+    }
 }
 
 }  // namespace

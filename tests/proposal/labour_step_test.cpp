@@ -159,5 +159,103 @@ TEST_F(LabourStepTest, AFailedListReachesTheUserAndTheFormGoesOn) {
     EXPECT_EQ(shop.text("txtPesu(8)"), "30");
 }
 
+// ---- What another user does meanwhile ---------------------------------------------------------------------------
+
+class LabourMeanwhileTest : public LabourStepTest {
+  protected:
+    static constexpr const char* accepted =
+        "Error en la actualizacion del registro\r\nEl presupuesto ya fue aceptado, orden de trabajo nº 24001";
+    static constexpr const char* gone =
+        "Error en la actualizacion del registro\r\nEl presupuesto ya no existe, otro usuario lo ha eliminado";
+    static constexpr const char* toAccepted = "update DPI set DPI_FAcepta=getdate(), DPI_Orden=24001";
+
+    LabourMeanwhileTest() {
+        shop.saveNewProposal();
+        shop.set("txtPesu(2)", "lo escrito");
+        shop.set("txtExtra", "y más");
+        shop.leave();
+        shop.screen.messages.clear();
+        shop.connection.clear();
+    }
+    /// F1, and what another user does while the labour form is open.
+    void whileOpen(const std::string& statement) {
+        shop.screen.queueModal([=, this](screen::Form&) { shop.database->execute(statement); });
+        shop.key(screen::Key::f1);
+    }
+};
+
+TEST_F(LabourMeanwhileTest, AProposalAcceptedOrDeletedMeanwhileTakesNoSumAndLosesNothingTyped) {
+    struct Case {
+        const char* deed;
+        const char* words;
+    };
+    for (const Case& each : {Case{toAccepted, accepted}, Case{"delete from DPI", gone}}) {
+        const auto typed = shop.texts();
+        shop.screen.messages.clear();
+        shop.connection.clear();
+        whileOpen(each.deed);
+        EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(each.words));
+        EXPECT_EQ(shop.texts(), typed);
+        EXPECT_THAT(shop.connection.logged("UPDATE DPI"), IsEmpty());
+        EXPECT_THAT(shop.errors, IsEmpty());
+        EXPECT_TRUE(shop.form().enabled());
+        shop.database->execute("update DPI set DPI_FAcepta=null, DPI_Orden=null");
+    }
+}
+
+TEST_F(LabourMeanwhileTest, OneAcceptedRightBeforeItIsLoadedAgainTakesNoSumEither) {
+    shop.screen.onEvents = [this] { shop.database->execute(toAccepted); };
+    whileOpen("update MoDpi set MoDpi_Importe=0");
+    EXPECT_EQ(shop.screen.messages.back().text, accepted);
+    EXPECT_THAT(shop.connection.logged("UPDATE DPI"), IsEmpty());
+}
+
+TEST_F(LabourMeanwhileTest, WhatAnotherUserHasSavedMeanwhileComesWithTheReloadAndIsNotAskedFor) {
+    whileOpen("update DPI set DPI_RefCli=N'de otro'");
+    EXPECT_THAT(shop.screen.messages, IsEmpty());
+    EXPECT_EQ(shop.text("txtPesu(2)"), "de otro");
+    EXPECT_EQ(shop.query("select DPI_RefCli from DPI"), "de otro");
+}
+
+TEST_F(LabourMeanwhileTest, OnNoTheSumStaysOnTheFormAndUnsaved) {
+    shop.database->execute(
+        "INSERT INTO MoDpi (MoDpi_Dpi,MoDpi_Ope,MoDpi_Maq,MoDpi_Minutos,MoDpi_Pvp,MoDpi_Tiempo,MoDpi_Importe) VALUES "
+        "(1,1,10,90,30,1.5,45)");
+    /// Another user saves between the reload and the save with the sum.
+    class Intruder final : public screen::FormObserver {
+      public:
+        explicit Intruder(support::ProposalWorkshop& shop) : shop_(shop) { shop_.form().addObserver(*this); }
+        ~Intruder() override { shop_.form().removeObserver(*this); }
+        Intruder(const Intruder&) = delete;
+        Intruder& operator=(const Intruder&) = delete;
+        void controlChanged(screen::Control& control, screen::Property) override {
+            if (control.fullName() == "txtPesu(8)" && shop_.text("txtPesu(8)") == "45") {
+                shop_.database->execute("update DPI set DPI_RefCli=N'de otro'");
+            }
+        }
+        void formChanged() override {}
+        void focusMoved(screen::Control*) override {}
+
+      private:
+        support::ProposalWorkshop& shop_;
+    } const intruder(shop);
+    shop.screen.queue(screen::Answer::no);
+    shop.screen.queueModal([](screen::Form&) {});
+    shop.key(screen::Key::f1);
+    ASSERT_EQ(shop.screen.messages.size(), 1u);
+    EXPECT_EQ(shop.screen.messages[0].buttons, screen::Buttons::yesNo);
+    EXPECT_EQ(shop.text("txtPesu(8)"), "45");
+    EXPECT_EQ(shop.query("select DPI_ImpMO from DPI"), "0");
+    EXPECT_EQ(shop.query("select DPI_RefCli from DPI"), "de otro");
+}
+
+TEST_F(LabourMeanwhileTest, OneThatWasAcceptedBeforeIsNotToldAgain) {
+    accept("24001");
+    shop.screen.messages.clear();
+    shop.screen.queueModal([](screen::Form&) {});
+    shop.press("cmdManoObra");
+    EXPECT_THAT(shop.screen.messages, IsEmpty());
+}
+
 }  // namespace
 }  // namespace velmora::proposal

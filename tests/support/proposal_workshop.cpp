@@ -1,6 +1,7 @@
 #include "support/proposal_workshop.h"
 
 #include <atomic>
+#include <stdexcept>
 #include <utility>
 
 #include <unistd.h>
@@ -63,11 +64,28 @@ constexpr const char* rows[] = {
 }  // namespace
 
 screen::Answer WorkshopScreen::show(const screen::MessageBox& box) {
+    if (whileOpen) {
+        whileOpen(box);
+    }
     if (cancelsQuestions && box.buttons != screen::Buttons::ok) {
         messages.push_back(box);
         return screen::Answer::cancel;
     }
     return ScriptedScreen::show(box);
+}
+
+void WorkshopScreen::processEvents() {
+    ScriptedScreen::processEvents();
+    if (onEvents) {
+        onEvents();
+    }
+}
+
+sql::Recordset BrokenConnection::execute(std::string_view statement) {
+    if (!broken.empty() && statement.find(broken) != std::string_view::npos) {
+        throw std::runtime_error("broken");
+    }
+    return target_->execute(statement);
 }
 
 void FaultyConnection::failAt(int operation) {
@@ -176,6 +194,8 @@ void goTo(ProposalWorkshop& workshop, screen::Control& control) {
 void ProposalWorkshop::set(std::string_view field, std::string_view text) {
     screen::Control& target = control(field);
     goTo(*this, target);
+    const auto* box = dynamic_cast<const screen::TextBox*>(&target);
+    EXPECT_FALSE(box != nullptr && box->locked()) << field << " is locked";
     if (auto* list = dynamic_cast<screen::ComboBox*>(&target)) {
         attempt([&] { list->setText(text); });
     } else {

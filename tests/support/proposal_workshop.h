@@ -20,12 +20,17 @@
 
 namespace velmora::support {
 
-/// The scripted screen, which can also say Cancel to whatever is asked.
+/// The scripted screen, which can also say Cancel to whatever is asked, and at which things happen meanwhile.
 class WorkshopScreen final : public ScriptedScreen {
   public:
     bool cancelsQuestions = false;
+    /// Runs while a box is open, before it is answered.
+    std::function<void(const screen::MessageBox&)> whileOpen;
+    /// Runs when the events of the toolkit are let through.
+    std::function<void()> onEvents;
 
     screen::Answer show(const screen::MessageBox& box) override;
+    void processEvents() override;
 };
 
 /// Refuses one operation of a connection, counted from 0: statements, begins and commits alike.
@@ -46,6 +51,24 @@ class FaultyConnection final : public sql::ForwardingConnection {
 
     int operations_ = 0;
     int failing_ = -1;
+};
+
+/// Owns an engine's connection, and throws what is no run-time error at statements that hold a text.
+class BrokenConnection final : public sql::Connection {
+  public:
+    explicit BrokenConnection(std::unique_ptr<sql::Connection> target) : target_(std::move(target)) {}
+
+    std::string broken;  ///< empty: nothing is
+
+    sql::Recordset execute(std::string_view statement) override;
+    void beginTrans() override { target_->beginTrans(); }
+    void commitTrans() override { target_->commitTrans(); }
+    void rollbackTrans() override { target_->rollbackTrans(); }
+    std::string currentCatalog() const override { return target_->currentCatalog(); }
+    bool isAlive() override { return target_->isAlive(); }
+
+  private:
+    std::unique_ptr<sql::Connection> target_;
 };
 
 /// A folder that goes with the test.

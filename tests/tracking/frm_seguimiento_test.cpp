@@ -1,6 +1,7 @@
 #include "velmora/tracking/frm_seguimiento.h"
 
 #include <map>
+#include <set>
 
 #include <gmock/gmock.h>
 
@@ -355,12 +356,14 @@ TEST_F(OpeningTest, TheNumbersButtonShowsTheProposalReadOnlyAndListsAnew) {
     EXPECT_THAT(shop.errors, IsEmpty());
 }
 
-TEST_F(OpeningTest, TheProposalsFormKeepsTheButtonsThatTheLoadLeft) {
+TEST_F(OpeningTest, OfTheProposalsFormWhatWritesIsOffAndOtherButtonsAreAsTheLoadLeftThem) {
+    const std::set<std::string> writing{"XPGrabar", "cmdCambios", "cmdManoObra", "cmdDuplicar",
+                                        "cmdeliminarrPropuesta"};
     std::vector<std::pair<std::string, bool>> loaded;
     shop.form().msCargarPresupuesto(1, false);
     for (const screen::Control* control : shop.form().controls()) {
         if (dynamic_cast<const screen::Button*>(control) != nullptr) {
-            loaded.emplace_back(control->fullName(), control->enabled());
+            loaded.emplace_back(control->fullName(), control->enabled() && !writing.contains(control->fullName()));
         }
     }
     shop.screen.queueModal([&](screen::Form& shown) {
@@ -374,10 +377,7 @@ TEST_F(OpeningTest, TheProposalsFormKeepsTheButtonsThatTheLoadLeft) {
 TEST_F(OpeningTest, TheButtonsAreNotThoseOfTheHostsConsultation) {
     shop.screen.queueModal([](screen::Form& shown) {
         const auto& buttons = dynamic_cast<proposal::frmBercialPiñones&>(shown).buttonsAndGrid();
-        EXPECT_TRUE(buttons.XPGrabar.enabled());
-        EXPECT_TRUE(buttons.XPImprime.enabled());
-        EXPECT_TRUE(buttons.cmdDuplicar.enabled());
-        EXPECT_TRUE(buttons.cmdeliminarrPropuesta.enabled());
+        EXPECT_TRUE(buttons.XPImprime.enabled()) << "the host's may not print";
     });
     cell(1);
 }

@@ -25,7 +25,8 @@ frmManoObra::frmManoObra(session::Session& session, platform::Desk& desk)
       oUtil_(desk.screen, session.Connection()),
       machines_(f_, session, oUtil_),
       lines_(f_, machines_, session),
-      saving_(f_, session, desk.screen) {
+      writing_(session, desk.screen),
+      saving_(f_, writing_, session, desk.screen) {
     oUtil_.ColorFoco(screen::colors::yellow);
     oUtil_.ColorNormal(screen::colors::white);
     setCaption("Calculo de Mano de Obra");
@@ -103,7 +104,9 @@ void frmManoObra::saveLine() {
         return;
     }
     const bool isNew = f_.fraLinea.caption() == adding;
-    saving_.save(nIdDpi, isNew ? std::string() : lines_.current("modpi_id").toText());
+    if (!saving_.save(nIdDpi, isNew ? sql::Recordset() : lines_.current())) {
+        return;
+    }
     f_.browse();
     f_.fraLinea.setCaption(saved);
     msCargarLineas();
@@ -113,15 +116,22 @@ void frmManoObra::deleteLine() {
     if (!lines_.hasLines()) {
         return;
     }
-    const sql::Value& name = lines_.current("Operario");
+    const sql::Recordset line = lines_.current();
+    const sql::Value& name = line["Operario"];
     const screen::Answer answer = desk_.screen.show(
         {.text = "Realmente desea eliminar la linea del operario " + (name.isNull() ? std::string() : name.toText()),
          .icon = screen::Icon::question,
          .buttons = screen::Buttons::yesNo});
-    if (answer == screen::Answer::yes) {
-        session_.Connection().execute("Delete from modpi where modpi_id = " + lines_.current("modpi_id").toText());
+    if (answer == screen::Answer::yes &&
+        writing_.run({.nIdDpi = nIdDpi, .line = line, .question = "¿Desea eliminarla de todos modos?"},
+                     [&] { deleteRow(line); })) {
         msCargarLineas();
     }
+}
+
+// Differs D-104: a line is looked at, with its proposal, before it is deleted, as before it is stored.
+void frmManoObra::deleteRow(const sql::Recordset& line) {
+    session_.Connection().execute("Delete from modpi where modpi_id = " + line["modpi_id"].toText());
 }
 
 }  // namespace velmora::labour

@@ -6,6 +6,7 @@
 #include "velmora/labour/line_fields.h"
 #include "velmora/labour/line_list.h"
 #include "velmora/labour/line_saving.h"
+#include "velmora/labour/line_writing.h"
 #include "velmora/labour/machine_and_operators.h"
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/kestra_util.h"
@@ -37,6 +38,7 @@ class frmManoObra : public screen::Form {
     void editLine();
     void saveLine();
     void deleteLine();
+    void deleteRow(const sql::Recordset& line);
 
     session::Session& session_;
     platform::Desk& desk_;
@@ -44,6 +46,7 @@ class frmManoObra : public screen::Form {
     session::KestraUtil oUtil_;
     MachineAndOperators machines_;
     LineList lines_;
+    LineWriting writing_;
     LineSaving saving_;
 };
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/sql/kept_row.h"
 
 namespace velmora::labour {
 
@@ -55,16 +56,25 @@ void LineList::msCargarTotal(std::int32_t nIdDpi) {
     f_.Label2.setCaption(sum.eof() ? "0" : runtime::Format(sum["Importe"].toDouble(), "#,##0.00") + " €");
 }
 
+const sql::Recordset& LineList::current() const {
+    if (!current_.isOpen()) {
+        static_cast<void>((*rsMo_)["modpi_id"]);  // the list's own error tells that there is none
+    }
+    return current_;
+}
+
 void LineList::rsMo_MoveComplete() {
+    current_ = {};
     if (!rsMo_->hasRows()) {
         return;
     }
-    f_.txtLinea(machine).setText(current("modpi_maq").toText());
-    machines_.msCargarMaquina(current("modpi_maq").toLong());
+    current_ = sql::keptRow(*rsMo_);
+    f_.txtLinea(machine).setText(current_["modpi_maq"].toText());
+    machines_.msCargarMaquina(current_["modpi_maq"].toLong());
     // Kept K-104: an old line is shown at the operator's price of today, and saving it stores that price; it is how
     // prices of waiting proposals are brought up to date.
-    machines_.choose(current("MoDpi_Ope").toLong());
-    f_.txtLinea(minutes).setText(current("MoDpi_Minutos").toText());
+    machines_.choose(current_["MoDpi_Ope"].toLong());
+    f_.txtLinea(minutes).setText(current_["MoDpi_Minutos"].toText());
     machines_.txtLinea_LostFocus(minutes);
 }
 

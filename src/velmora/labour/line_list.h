@@ -22,8 +22,8 @@ class LineList {
 
     /// True when the list is open and holds at least one line.
     bool hasLines() const { return rsMo_->isOpen() && rsMo_->hasRows(); }
-    /// A column of the current line. Error 3021 without one.
-    const sql::Value& current(const char* column) const { return (*rsMo_)[column]; }
+    /// The line under the cursor as it was read when it came there, all columns. Error 3021 without one.
+    const sql::Recordset& current() const;
 
   private:
     void rsMo_MoveComplete();
@@ -32,6 +32,7 @@ class LineList {
     MachineAndOperators& machines_;
     session::Session& session_;
     sql::ListenedRecordset rsMo_;
+    sql::Recordset current_;
 };
 
 }  // namespace velmora::labour

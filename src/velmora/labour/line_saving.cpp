@@ -33,7 +33,15 @@ bool LineSaving::refuse(const char* message, Line field) {
     return false;
 }
 
-void LineSaving::save(std::int32_t nIdDpi, const std::string& idToUpdate) {
+// Differs D-103: inside the transaction the proposal and the line are looked at first: for a proposal that was accepted
+// or deleted since the form opened no line is stored, and a line that another user has changed only when this one says
+// so. What was typed stays.
+bool LineSaving::save(std::int32_t nIdDpi, const sql::Recordset& shown) {
+    return writing_.run({.nIdDpi = nIdDpi, .line = shown, .question = "¿Desea grabar encima de sus cambios?"},
+                        [&] { write(nIdDpi, shown); });
+}
+
+void LineSaving::write(std::int32_t nIdDpi, const sql::Recordset& shown) {
     const double hours = runtime::CDbl(f_.txtLinea(minutes).text()) * secondsOfAMinute / secondsOfAnHour;
     session_.Tabla("MoDpi");
     session::FieldList& campos = session_.Campos();
@@ -46,12 +54,12 @@ void LineSaving::save(std::int32_t nIdDpi, const std::string& idToUpdate) {
     campos.Add("MoDpi_Tiempo", Tipo::number, hours, fourDecimals);
     std::string error;
     bool correcto = false;
-    if (idToUpdate.empty()) {
+    if (shown.isOpen()) {
+        session_.Donde(" where MoDpi_Id=" + shown["modpi_id"].toText());
+        session_.Actualizar(error, correcto);
+    } else {
         session_.Donde(" ");
         session_.Insertar(error, correcto);
-    } else {
-        session_.Donde(" where MoDpi_Id=" + idToUpdate);
-        session_.Actualizar(error, correcto);
     }
     if (!correcto) {
         // Chosen C-101: the session answers a refusal with a text; it goes up as the error that it is, and the line

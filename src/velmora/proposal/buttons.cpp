@@ -16,6 +16,13 @@ void Buttons::msCancelarBotones(bool bConsulta) {
     controls_.cmdeliminarrPropuesta.setEnabled(false);
 }
 
+void Buttons::disableWriting() {
+    for (screen::Button* button : {&controls_.XPGrabar, &controls_.cmdCambios, &controls_.cmdManoObra,
+                                   &controls_.cmdDuplicar, &controls_.cmdeliminarrPropuesta}) {
+        button->setEnabled(false);
+    }
+}
+
 void Buttons::cmdCambios_Click() {
     // A proposal without a number goes on: only the work order stops this.
     if (!f_.txtPesu(6).text().empty()) {

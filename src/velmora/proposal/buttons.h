@@ -16,6 +16,9 @@ class Buttons {
     /// The state with nothing to save; in consultation there is nothing to print either.
     void msCancelarBotones(bool bConsulta);
 
+    /// Turns off what writes, or opens the way to it.
+    void disableWriting();
+
     /// Opens a proposal without work order for editing.
     void cmdCambios_Click();
 

@@ -32,6 +32,14 @@ constexpr NameSearch commercial{
     .title = "Buscar clientes por nombre COMERCIAL",
 };
 constexpr int shortestAnswer = 3;
+constexpr int decimals = 2;
+
+/// Differs D-067: the number that a save stores for the text, plainly written, and not the text itself: "1.000" is
+/// stored as 1000, and its name must not be that of customer 1.
+std::string storedCode(const std::string& text) {
+    const double number = runtime::Redondear(runtime::CDbl(text), decimals);
+    return runtime::shortest(number == 0 ? 0.0 : number);
+}
 
 }  // namespace
 
@@ -41,8 +49,8 @@ void CustomerSearch::msValidarCliente() {
     if (code.text().empty() || !runtime::IsNumeric(code.text())) {
         return;
     }
-    const sql::Recordset row = session_.Connection().execute("Select CLI_NOM,CLI_ID from cli where CLI_COD=" +
-                                                             runtime::Replace(code.text(), ",", "."));
+    const sql::Recordset row =
+        session_.Connection().execute("Select CLI_NOM,CLI_ID from cli where CLI_COD=" + storedCode(code.text()));
     if (row.hasRows()) {
         if (!row["CLI_NOM"].isNull()) {
             f_.txtPesu(1).setText(row["CLI_NOM"].toText());

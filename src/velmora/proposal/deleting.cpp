@@ -1,16 +1,18 @@
 #include "velmora/proposal/deleting.h"
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/screen/busy.h"
 
 namespace velmora::proposal {
 
 void Deleting::msEliminar() {
+    heldBack_ = false;
     const std::string number = f_.txtPesu(3).text();
     if (!runtime::IsNumeric(number)) {
         return;
     }
     if (!f_.txtPesu(13).text().empty()) {
-        screen_.show({.text = "Error, No es posible eliminar un presupuesto aceptado", .icon = screen::Icon::critical});
+        tellAccepted();
         return;
     }
     const screen::Answer answer = screen_.show({.text = "realmente desea eliminar el presupuesto nº " + number,
@@ -20,17 +22,55 @@ void Deleting::msEliminar() {
     if (answer != screen::Answer::yes) {
         return;
     }
-    // Kept K-112: the labour lines stay in their table; numbers are never given twice, so no other proposal gets them.
-    session_.Connection().execute("delete from dpi where dpi_id = " + number);
-    startAnew();
+    const session::Written written = remove(number);
+    heldBack_ = written != session::Written::yes;
+    if (written == session::Written::closed) {
+        refuse();
+    } else if (written == session::Written::yes) {
+        rooms_.stored.remember({});
+        startAnew();
+    }
 }
 
+// Differs D-063: the row is looked at inside the transaction, before it is deleted: one that was accepted since it came
+// on the form stays, and so does one that another user has changed, unless this one wants it away all the same.
+session::Written Deleting::remove(const std::string& number) {
+    const screen::Disabled disabled(f_.form);
+    return session::writeChecked(
+        session_.Connection(), screen_,
+        {.look = [&] { return rooms_.stored.look(number, rooms_.stored.ownColumns()); },
+         .write =
+             [&] {
+                 // Kept K-112: the labour lines stay in their table; numbers are never given twice, so no other
+                 // proposal gets them.
+                 session_.Connection().execute("delete from dpi where dpi_id = " + number);
+                 return true;
+             },
+         .question = "El presupuesto nº " + number +
+                     " ha sido modificado por otro usuario desde que se cargó.\r\n¿Desea eliminarlo de todos modos?"});
+}
+
+void Deleting::refuse() {
+    const labour::ProposalStanding& standing = rooms_.stored.standing();
+    if (standing.state == labour::ProposalStanding::accepted) {
+        tellAccepted();
+    } else {
+        screen_.show({.text = standing.words(), .icon = screen::Icon::critical});
+    }
+}
+
+void Deleting::tellAccepted() {
+    screen_.show({.text = "Error, No es posible eliminar un presupuesto aceptado", .icon = screen::Icon::critical});
+}
+
+// Differs D-064: the list of chains too is open to choice again, which a proposal that was looked at had closed.
 void Deleting::startAnew() {
     msLimpiarCampos();
     rooms_.materials.cboMatDisco_Click();
     rooms_.materials.cboMatCubo_Click();
     rooms_.history.msHistorico(false);
     rooms_.buttons.cmdCambios_Click();
+    f_.cboDobles.setEnabled(true);
     f_.cboTipoPre.setEnabled(true);
     f_.cboTipoPre.setFocus();
 }

@@ -7,6 +7,7 @@
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/sql/in_transaction.h"
 
 namespace velmora::proposal {
 
@@ -47,6 +48,22 @@ std::string literal(const sql::Value& value) {
 }
 
 }  // namespace
+
+/// Number and date of the proposal on the form before it is copied.
+class Duplicating::Original {
+  public:
+    explicit Original(estimate::FieldMap& f) : f_(f), number_(f.txtPesu(3).text()), date_(f.txtPesu(4).text()) {}
+
+    void putBack() const {
+        f_.txtPesu(3).setText(number_);
+        f_.txtPesu(4).setText(date_);
+    }
+
+  private:
+    estimate::FieldMap& f_;
+    std::string number_;
+    std::string date_;
+};
 
 void Duplicating::cmdDuplicar_Click() {
     if (f_.txtPesu(3).text().empty() || f_.txtPesu(4).text().empty()) {
@@ -91,37 +108,41 @@ void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
         connection.commitTrans();
         return;
     }
-    const std::string number = f_.txtPesu(3).text();
-    const std::string date = f_.txtPesu(4).text();
+    const Original original(f_);
     runtime::ErrorTrap trap;
-    bool begun = false;
-    trap([&] {
-        connection.beginTrans();
-        begun = true;
-        copyProposal(row);
-        row = {};
-        takeNewNumber();
-        copyLines(nIdOrigen);
-        connection.commitTrans();
-        begun = false;
-    });
-    if (!trap.failed()) {
-        screen_.show({.text = "Propuesta duplicada satisfactoriamente", .icon = screen::Icon::information});
-        loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(3).text()), true);
-        return;
+    try {
+        trap([&] {
+            sql::inTransaction(connection, [&] {
+                copyProposal(row);
+                row = {};
+                takeNewNumber();
+                copyLines(nIdOrigen);
+                return true;
+            });
+        });
+        if (!trap.failed()) {
+            screen_.show({.text = "Propuesta duplicada satisfactoriamente", .icon = screen::Icon::information});
+            loadCopy(original);
+            return;
+        }
+    } catch (...) {
+        session_.Campos().clear();
+        original.putBack();
+        throw;
     }
     // Differs D-100: the first error ends the copy, a commit that fails included, and number and date are the
     // original's again: going on would leave a number on the form that the next save writes over.
-    row = {};
-    if (begun) {
-        runtime::ErrorTrap rollback;
-        rollback([&] { connection.rollbackTrans(); });
-    }
     session_.Campos().clear();
-    f_.txtPesu(3).setText(number);
-    f_.txtPesu(4).setText(date);
+    original.putBack();
     f_.form.setTag("E");
     screen_.show({.text = "Error en la grabacion del registro:\r\n" + trap.error()->description()});
+}
+
+// A copy that does not load leaves the original on the form.
+void Duplicating::loadCopy(const Original& original) {
+    if (!loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(3).text()), true)) {
+        original.putBack();
+    }
 }
 
 void Duplicating::copyProposal(const sql::Recordset& row) {

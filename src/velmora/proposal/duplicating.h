@@ -28,6 +28,9 @@ class Duplicating {
     void FnDuplicarPropuesta(std::int32_t nIdOrigen);
 
   private:
+    class Original;
+
+    void loadCopy(const Original& original);
     void copyProposal(const sql::Recordset& row);
     void takeNewNumber();
     void copyLines(std::int32_t nIdOrigen);

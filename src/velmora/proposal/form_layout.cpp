@@ -302,6 +302,11 @@ void takeOutOfTheWay(estimate::FieldMap& f) {
     for (const int i : {3, 4, 6, 13, 17}) {
         f.txtPesu(i).setTabStop(false);
     }
+    // Differs D-066: number, dates and order are not typed, in whatever state they are: a save writes over the proposal
+    // of the number that stands there, and a deletion deletes it.
+    for (const int i : {3, 4, 6, 13}) {
+        f.txtPesu(i).setLocked(true);
+    }
 }
 
 }  // namespace

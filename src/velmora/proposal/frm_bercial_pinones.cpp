@@ -1,5 +1,7 @@
 #include "velmora/proposal/frm_bercial_pinones.h"
 
+#include <utility>
+
 #include "velmora/data/chains.h"
 #include "velmora/data/fixed_lists.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -42,13 +44,14 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       gears_(f_, presentation_, materials_, session),
       history_(f_, controls_, session, desk.screen),
       customers_(f_, session, desk.screen, oUtil_),
-      loading_(f_, controls_, {materials_, presentation_, geometry_, totals_, history_}, session, desk.screen),
-      saving_(f_, loading_, session, desk.screen),
+      stored_(session),
+      loading_(f_, controls_, {materials_, presentation_, geometry_, totals_, history_, stored_}, session, desk.screen),
+      saving_(f_, {loading_, stored_}, session, desk.screen),
       buttons_(f_, controls_, presentation_, loading_),
       labour_(f_, {totals_, saving_, buttons_}, session, desk),
       gearStep_(f_, gears_, session, desk),
       duplicating_(f_, loading_, session, desk.screen, oUtil_),
-      deleting_(f_, {materials_, history_, buttons_}, session, desk.screen),
+      deleting_(f_, {materials_, history_, buttons_, stored_}, session, desk.screen),
       historyGrid_(f_, {history_, loading_}, session, desk),
       sideWindows_(f_, session, desk) {
     // Chosen C-010: as made, before any event is wired, the fields hold what an empty proposal holds.
@@ -108,11 +111,34 @@ void frmBercialPiñones::Form_Activate() {
     if (!bConsulta) {
         return;
     }
+    keepFromWriting();
     if (f_.txtPesu(12).isEnabled()) {
         f_.txtPesu(12).setFocus();
     } else {
         f_.cboFiltroHistorico.setFocus();
     }
+}
+
+bool frmBercialPiñones::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
+    const bool loaded = loading_.msCargarPresupuesto(nIdDpi, bEditable);
+    keepFromWriting();
+    return loaded;
+}
+
+// Differs D-065: who has opened a proposal to look at it writes nothing, neither to it nor to another one that the
+// history brings on the form, whose load opens the way to its changes.
+void frmBercialPiñones::keepFromWriting() {
+    if (bConsulta) {
+        buttons_.disableWriting();
+    }
+}
+
+std::function<void()> frmBercialPiñones::unlessConsultation(std::function<void()> action) {
+    return [this, action = std::move(action)] {
+        if (!bConsulta) {
+            action();
+        }
+    };
 }
 
 void frmBercialPiñones::wireFields() {
@@ -175,19 +201,19 @@ void frmBercialPiñones::wireButtons() {
     controls_.XPGrabar.onClick = [this] { keyDown(screen::Key::f5); };
     controls_.XPImprime.onClick = [this] { msHojaCorte(f_, controls_, session_, desk_); };
     controls_.XPSalir.onClick = [this] { unload(); };
-    controls_.cmdCambios.onClick = [this] { buttons_.cmdCambios_Click(); };
-    controls_.cmdManoObra.onClick = [this] { labour_.cmdManoObra_Click(); };
-    controls_.cmdDuplicar.onClick = [this] { duplicating_.cmdDuplicar_Click(); };
-    controls_.cmdeliminarrPropuesta.onClick = [this] {
-        deleting_.msEliminar();
-        unload();
-    };
+    controls_.cmdCambios.onClick = unlessConsultation([this] { buttons_.cmdCambios_Click(); });
+    controls_.cmdManoObra.onClick = unlessConsultation([this] { labour_.cmdManoObra_Click(); });
+    controls_.cmdDuplicar.onClick = unlessConsultation([this] { duplicating_.cmdDuplicar_Click(); });
+    controls_.cmdeliminarrPropuesta.onClick = unlessConsultation([this] { remove(); });
     f_.cmdEng.onClick = [this] { gearStep_.cmdEng_Click(); };
     controls_.XPButton1.onClick = [this] {
         reference::frmPDMVal values(session_, desk_);
         desk_.screen.showModal(values);
     };
-    controls_.dbgDPI.onButtonClick = [this](int column) { historyGrid_.dbgDPI_ButtonClick(column); };
+    controls_.dbgDPI.onButtonClick = [this](int column) {
+        historyGrid_.dbgDPI_ButtonClick(column);
+        keepFromWriting();
+    };
     controls_.cmdDoc.onClick = [this] { sideWindows_.cmdDoc_Click(); };
     controls_.cmdHPrecios.on(&Button::onClick, {[this](int i) { sideWindows_.cmdHPrecios_Click(i); }});
     deleting_.msLimpiarCampos = [this] { msLimpiarCampos(); };
@@ -202,7 +228,7 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
             break;
         case Key::f1:
             if (f_.txtPesu(0).isEnabled()) {
-                labour_.cmdManoObra_Click();
+                controls_.cmdManoObra.onClick();
             }
             break;
         case Key::f2:
@@ -218,14 +244,14 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
             break;
         case Key::f6:
             if (controls_.cmdDuplicar.isEnabled()) {
-                duplicating_.cmdDuplicar_Click();
+                controls_.cmdDuplicar.onClick();
             }
             break;
         case Key::f8:
             msHojaCorte(f_, controls_, session_, desk_);
             break;
         case Key::f9:
-            if (controls_.cmdeliminarrPropuesta.isEnabled()) {
+            if (controls_.cmdeliminarrPropuesta.isEnabled() && !bConsulta) {
                 deleting_.msEliminar();
             }
             break;
@@ -237,7 +263,15 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
 void frmBercialPiñones::save() {
     if (!bBloqueoGrabar && controls_.XPGrabar.isEnabled()) {
         const screen::Hourglass hourglass(desk_.screen);
-        saving_.msGrabar(false);
+        msGrabar(false);
+    }
+}
+
+// The form stays where another user's hand kept the proposal from being deleted: what was typed is still on it.
+void frmBercialPiñones::remove() {
+    deleting_.msEliminar();
+    if (!deleting_.wasHeldBack()) {
+        unload();
     }
 }
 

@@ -2,7 +2,7 @@
 // The main form: one proposal, from first entry to a stored row. It owns the fields, the concerns that work on them,
 // and the wiring between the two.
 
-#include <memory>
+#include <functional>
 
 #include "velmora/estimate/cut_prices.h"
 #include "velmora/estimate/dimension_constants.h"
@@ -29,6 +29,7 @@
 #include "velmora/proposal/loading.h"
 #include "velmora/proposal/saving.h"
 #include "velmora/proposal/side_windows.h"
+#include "velmora/proposal/stored_proposal.h"
 
 namespace velmora::proposal {
 
@@ -39,13 +40,11 @@ class frmBercialPiñones : public screen::Form {
 
     /// A switch that stops F5. Nothing sets it.
     bool bBloqueoGrabar = false;
-    /// The form was opened to look at one proposal.
+    /// The form was opened to look at one proposal: nothing on it writes.
     bool bConsulta = false;
 
-    bool msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
-        return loading_.msCargarPresupuesto(nIdDpi, bEditable);
-    }
-    bool msGrabar(bool bSilencio) { return saving_.msGrabar(bSilencio); }
+    bool msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable);
+    bool msGrabar(bool bSilencio) { return !bConsulta && saving_.msGrabar(bSilencio); }
     void msCancelarBotones() { buttons_.msCancelarBotones(bConsulta); }
     void msLimpiarCampos();
     void msBuscarArticulo() { customers_.msBuscarArticulo(); }
@@ -64,6 +63,9 @@ class frmBercialPiñones : public screen::Form {
     void wireLists();
     void wireButtons();
     void save();
+    void remove();
+    void keepFromWriting();
+    std::function<void()> unlessConsultation(std::function<void()> action);
 
     session::Session& session_;
     platform::Desk& desk_;
@@ -85,6 +87,7 @@ class frmBercialPiñones : public screen::Form {
     estimate::Gears gears_;
     History history_;
     CustomerSearch customers_;
+    StoredProposal stored_;
     Loading loading_;
     Saving saving_;
     Buttons buttons_;

@@ -6,11 +6,21 @@
 namespace velmora::proposal {
 
 void LabourStep::cmdManoObra_Click() {
+    const bool wasPending = f_.txtPesu(13).text().empty();
     const bool saved = keepLines();
+    // Differs D-102: a proposal that was accepted or deleted while its lines were kept takes no sum any more: it is
+    // told, and the form stays as it was typed.
+    if (saved && wasPending && !rooms_.saving.mayBeWritten()) {
+        return;
+    }
     // Kept K-106: this loads the saved proposal again, and what was typed since the last save is lost by it.
     rooms_.buttons.cmdCambios_Click();
     // Chosen C-102: after a refused save nothing comes back, and the refusal is said once.
-    if (saved && runtime::IsNumeric(f_.txtPesu(3).text())) {
+    if (!saved || !runtime::IsNumeric(f_.txtPesu(3).text())) {
+        return;
+    }
+    const bool acceptedOnTheWay = wasPending && !f_.txtPesu(13).text().empty();
+    if (!acceptedOnTheWay || rooms_.saving.mayBeWritten()) {
         takeOverSum();
     }
 }
@@ -44,6 +54,9 @@ void LabourStep::takeOverSum() {
         rooms_.totals.msRecalcularImportes(field);
     }
     rooms_.saving.msGrabar(true);
+    if (rooms_.saving.wasHeldBack()) {
+        return;
+    }
     rooms_.buttons.cmdCambios_Click();
     if (f_.txtPesu(9).isEnabled()) {
         f_.txtPesu(9).setFocus();

@@ -6,6 +6,8 @@
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/sql/kept_row.h"
+#include "velmora/proposal/form_memory.h"
 
 namespace velmora::proposal {
 
@@ -65,23 +67,41 @@ bool isOnePiece(const sql::Recordset& row) {
 }  // namespace
 
 bool Loading::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
+    // Differs D-061: a load that fails, by an error, a material or a gap that is missing, leaves the form as it was:
+    // half of it would show one proposal under the number of another, and the next save would write it so.
+    const FormMemory before(f_);
+    refusal_.clear();
     f_.txtExtra.setText("");
     // Chosen C-063: a load guards the totals alone; the guards of disc and hub belong to the save.
     f_.bCargandoPropuesta = true;
     f_.cboTipoPre.setEnabled(false);
     try {
-        const sql::Recordset row =
-            session_.Connection().execute("select * from DPI where DPI_ID=" + runtime::CStr(std::int64_t{nIdDpi}));
-        if (!row.eof() && !row.bof() && !putOnForm(row, bEditable)) {
+        const sql::Recordset row = sql::keptRow(
+            session_.Connection().execute("select * from DPI where DPI_ID=" + runtime::CStr(std::int64_t{nIdDpi})));
+        if (!row.eof() && !putOnForm(row, bEditable)) {
+            giveUp(before);
             return false;
         }
         finish();
+        if (!row.eof()) {
+            rooms_.stored.remember(row);
+        }
         return true;
-    } catch (const runtime::RuntimeError&) {
+    } catch (...) {
         // Differs D-060: an error on the way gives the totals and the form back before it goes on to the user.
+        before.restore();
         f_.bCargandoPropuesta = false;
         f_.form.setEnabled(true);
         throw;
+    }
+}
+
+void Loading::giveUp(const FormMemory& before) {
+    before.restore();
+    // The totals of what stands on the form again are worked out as before.
+    f_.bCargandoPropuesta = false;
+    if (!refusal_.empty()) {
+        screen_.show({.text = refusal_});
     }
 }
 
@@ -186,8 +206,7 @@ bool Loading::choose(estimate::ComboBox& list, const sql::Value& id) const {
 }
 
 bool Loading::refuse(const char* message) {
-    screen_.show({.text = message});
-    f_.bCargandoPropuesta = false;
+    refusal_ = message;
     return false;
 }
 
@@ -232,8 +251,7 @@ void Loading::putAmounts(const sql::Recordset& row) {
 bool Loading::putByType(const sql::Recordset& row) {
     const int type = f_.type();
     if (data::hasChainList(type)) {
-        // Kept K-016: a multiple product without its gap ends the load here, and the totals stay off until the next
-        // load or save.
+        // Kept K-016: a multiple product without its gap ends the load here, without a word.
         if (row["DPI_PDM_X"].isNull()) {
             return false;
         }

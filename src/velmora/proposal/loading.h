@@ -8,8 +8,11 @@
 #include "velmora/estimate/totals.h"
 #include "velmora/proposal/form_controls.h"
 #include "velmora/proposal/history.h"
+#include "velmora/proposal/stored_proposal.h"
 
 namespace velmora::proposal {
+
+class FormMemory;
 
 class Loading {
   public:
@@ -19,6 +22,7 @@ class Loading {
         estimate::SprocketGeometry& geometry;
         estimate::Totals& totals;
         History& history;
+        StoredProposal& stored;
     };
 
     Loading(estimate::FieldMap& fields, FormControls& controls, Rooms rooms, session::Session& session,
@@ -27,10 +31,12 @@ class Loading {
 
     /// Puts the proposal on the form, open for editing or read-only. True when it ran to its end, also for a number
     /// that no row has; false when a material is not in its list (a message told so), or a multiple product has no
-    /// gap stored. Errors: 94 for a null where a value belongs; the database's.
+    /// gap stored. Errors: 94 for a null where a value belongs; the database's. False or an error leave the form as
+    /// it was before.
     bool msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable);
 
   private:
+    void giveUp(const FormMemory& before);
     bool putOnForm(const sql::Recordset& row, bool bEditable);
     void openForEditing();
     void closeForEditing();
@@ -52,6 +58,7 @@ class Loading {
     Rooms rooms_;
     session::Session& session_;
     screen::Screen& screen_;
+    std::string refusal_;  ///< the words of a load that a material ends; empty otherwise
 };
 
 }  // namespace velmora::proposal

@@ -1,13 +1,10 @@
 #include "velmora/proposal/saving.h"
 
-#include <optional>
-
 #include "velmora/estimate/weights.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
-#include "velmora/platform/screen/busy.h"
 
 namespace velmora::proposal {
 
@@ -23,6 +20,24 @@ constexpr int extraLength = 200;
 constexpr int supplierLength = 35;
 constexpr int toolLength = 15;
 
+/// While it lives, a save runs: nothing is worked out anew and the form takes no entry. However it ends, the form
+/// comes back.
+class Guarded {
+  public:
+    explicit Guarded(estimate::FieldMap& f) : f_(f) { set(true); }
+    ~Guarded() { set(false); }
+    Guarded(const Guarded&) = delete;
+    Guarded& operator=(const Guarded&) = delete;
+
+  private:
+    void set(bool runs) {
+        f_.bCargandoDisco = f_.bCargandoCubo = f_.bCargandoPropuesta = runs;
+        f_.form.setEnabled(!runs);
+    }
+
+    estimate::FieldMap& f_;
+};
+
 /// A column of kind number and the field that fills it: of another array where the rack keeps it elsewhere.
 struct NumberField {
     const char* column;
@@ -33,6 +48,7 @@ struct NumberField {
 
 bool Saving::msGrabar(bool bSilencio) {
     ++calls_;
+    heldBack_ = false;
     if (!f_.txtPesu(0).enabled() || !f_.txtPesu(13).text().empty()) {
         return false;
     }
@@ -47,31 +63,42 @@ bool Saving::msGrabar(bool bSilencio) {
     }
     session_.Tabla("DPI");
     session_.Modo(0);
-    f_.bCargandoDisco = f_.bCargandoCubo = f_.bCargandoPropuesta = true;
-    f_.form.setEnabled(false);
+    const Guarded guarded(f_);
     const bool isNew = !runtime::IsNumeric(f_.txtPesu(3).text());
-    const bool stored = write(isNew, error);
-    if (!stored) {
-        refuse(isNew, error);
-    } else if (!bSilencio) {
+    const session::Written written = write(isNew, error);
+    const bool stored = written == session::Written::yes;
+    if (stored && !bSilencio) {
         // Kept K-062: a new row is told with the icon of information, a changed one without any.
         screen_.show({.text = "Datos Grabados satisfactoriamente",
                       .icon = isNew ? screen::Icon::information : screen::Icon::none});
+    } else if (!stored && written != session::Written::declined) {
+        refuse(isNew, error);
     }
     f_.bCargandoCubo = f_.bCargandoPropuesta = false;
-    // Whatever the reload meets, the guard of the disc ends and the form comes back.
-    struct End {
-        estimate::FieldMap& f;
-        ~End() {
-            f.bCargandoDisco = false;
-            f.form.setEnabled(true);
-        }
-    } const end{f_};
     if (stored) {
         f_.form.setEnabled(false);
-        loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(3).text()), true);
+        reload();
     }
     return stored;
+}
+
+/// Reads the proposal back. Where that fails, what was typed stays on the form, and it is held against the row as it
+/// was stored just now.
+void Saving::reload() {
+    const std::string number = f_.txtPesu(3).text();
+    const auto rememberRow = [&] {
+        runtime::ErrorTrap trap;
+        trap([&] { rooms_.stored.remember(rooms_.stored.read(number)); });
+    };
+    rooms_.stored.remember({});
+    try {
+        if (!rooms_.loading.msCargarPresupuesto(runtime::CLng(number), true)) {
+            rememberRow();
+        }
+    } catch (...) {
+        rememberRow();
+        throw;
+    }
 }
 
 bool Saving::isComplete() {
@@ -90,43 +117,75 @@ bool Saving::isComplete() {
     return true;
 }
 
+bool Saving::mayBeWritten() {
+    const labour::ProposalStanding& standing = rooms_.stored.readStanding(f_.txtPesu(3).text());
+    if (standing.state == labour::ProposalStanding::pending) {
+        return true;
+    }
+    refuse(false, standing.words());
+    return false;
+}
+
+// Differs D-062: a stored row is looked at inside the transaction, before it is written: one that was accepted or
+// deleted since it came on the form is not written any more, and one that another user has changed only when this one
+// says so. All that was typed stays.
 // Differs D-002: an error on the way, in the fields as in the transaction, ends as a refused write with its text, and
 // all that was typed stays on a form that can be used.
-bool Saving::write(bool isNew, std::string& error) {
-    sql::Connection& connection = session_.Connection();
-    bool begun = false;
+session::Written Saving::write(bool isNew, std::string& error) {
+    newRow_.reset();
+    session::Written written = session::Written::refused;
     try {
-        connection.beginTrans();
-        begun = true;
-        addFields();
-        bool correcto = false;
-        std::optional<NewRow> row;
-        if (isNew) {
-            session_.Donde(" ");
-            session_.Insertar(error, correcto);
-            if (correcto) {
-                row = readBackNewRow();
-            }
-        } else {
-            session_.Donde(" Where DPI_Id = " + f_.txtPesu(3).text());
-            session_.Actualizar(error, correcto);
-        }
-        if (correcto) {
-            connection.commitTrans();
-            if (row) {
-                put(*row);
-            }
-            return true;
-        }
+        written = session::writeChecked(session_.Connection(), screen_,
+                                        {.look = [&] { return look(isNew); },
+                                         .write = [&] { return writeRow(isNew, error); },
+                                         .question = "El presupuesto nº " + f_.txtPesu(3).text() +
+                                                     " ha sido modificado por otro usuario desde que se cargó." +
+                                                     lineBreak + "¿Desea grabar encima de sus cambios?"});
     } catch (const runtime::RuntimeError& e) {
         error = e.description();
+    } catch (...) {
         session_.Campos().clear();
+        throw;
     }
-    if (begun) {
-        runtime::ErrorTrap trap;
-        trap([&] { connection.rollbackTrans(); });
+    session_.Campos().clear();
+    heldBack_ = written == session::Written::closed || written == session::Written::declined;
+    if (written == session::Written::closed) {
+        // Chosen C-065: the words of a refused update, and as its reason those of a second acceptance.
+        error = rooms_.stored.standing().words();
+    } else if (written == session::Written::yes && newRow_) {
+        put(*newRow_);
     }
-    return false;
+    return written;
+}
+
+/// The fields are made up first: what of the row has changed is asked of the columns that this save writes.
+session::RowState Saving::look(bool isNew) {
+    session::FieldList& campos = session_.Campos();
+    campos.clear();
+    addFields();
+    if (isNew) {
+        return session::RowState::asShown;
+    }
+    std::vector<std::string> columns;
+    for (const session::Field& field : campos.fields()) {
+        columns.push_back(field.nombre);
+    }
+    return rooms_.stored.look(f_.txtPesu(3).text(), columns);
+}
+
+bool Saving::writeRow(bool isNew, std::string& error) {
+    bool correcto = false;
+    if (isNew) {
+        session_.Donde(" ");
+        session_.Insertar(error, correcto);
+        if (correcto) {
+            newRow_ = readBackNewRow();
+        }
+    } else {
+        session_.Donde(" Where DPI_Id = " + f_.txtPesu(3).text());
+        session_.Actualizar(error, correcto);
+    }
+    return correcto;
 }
 
 Saving::NewRow Saving::readBackNewRow() {

@@ -44,8 +44,8 @@ void Opening::openProposal(Unloadable unloadable) {
         proposal::frmBercialPiñones form(session_, desk_);
         const bool loaded = form.msCargarPresupuesto((*f_.rsDpi)["dpi_id"].toLong(), false);
         if (loaded || unloadable == Unloadable::isShown) {
-            // Kept K-130: the buttons stay as the load left them, saving, duplicating and deleting among them: who
-            // follows a proposal may copy it or throw it away from here.
+            // Kept K-130: what does not write stays as the load left it: who follows a proposal may print it from here,
+            // which the host's consultation may not.
             form.bConsulta = true;
             desk_.screen.showModal(form);
         }

@@ -1,0 +1,50 @@
+#pragma once
+// The stored row of the proposal on the form: what was read when it came on the form, held against what stands there
+// when it is to be written.
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "velmora/labour/proposal_standing.h"
+#include "velmora/platform/session/checked_write.h"
+#include "velmora/platform/session/session.h"
+
+namespace velmora::proposal {
+
+class StoredProposal {
+  public:
+    explicit StoredProposal(session::Session& session) : session_(session) {}
+
+    /// The row of a number as it stands now; a set without rows when there is none. Errors: the database's.
+    sql::Recordset read(const std::string& number) const;
+
+    /// The row that the form shows from now on; a closed set when it shows none.
+    void remember(sql::Recordset row) { shown_ = std::move(row); }
+
+    /// Looks at the proposal, inside the transaction of its write. It has changed when one of the columns that the
+    /// write concerns no longer holds what the form shows; a number other than that of the row on the form has nothing
+    /// to be held against. Errors: the database's.
+    session::RowState look(const std::string& number, const std::vector<std::string>& columns);
+
+    /// The columns of the row on the form but those that belong to its order: acceptance, the customer's order and its
+    /// dates, which are written while the proposal is tracked. None when no row is on the form.
+    std::vector<std::string> ownColumns() const;
+
+    /// What the last look found, or readStanding.
+    const labour::ProposalStanding& standing() const { return standing_; }
+
+    /// Reads how the proposal stands, outside any transaction. Errors: the database's.
+    const labour::ProposalStanding& readStanding(const std::string& number);
+
+  private:
+    bool isBeingAccepted(const std::string& number);
+
+    session::Session& session_;
+    sql::Recordset shown_;
+    labour::ProposalStanding standing_;
+    std::string unmarkedOrder_;
+    std::chrono::steady_clock::time_point seenSince_;
+};
+
+}  // namespace velmora::proposal
