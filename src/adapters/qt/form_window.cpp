@@ -16,6 +16,7 @@
 #include "velmora/adapters/qt/sketch_view.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/toolkit/key_routing.h"
 
 namespace velmora::qt {
 
@@ -326,32 +327,12 @@ bool FormWindow::handleKey(ControlView* view, const QKeyEvent& event) {
     if (stroke.key == screen::Key::none) {
         return false;
     }
-    // Chosen C-244: the Tab key moves the focus and is not shown to the form, as in the host's screens.
-    if (stroke.key == screen::Key::tab) {
-        feed([&] { stroke.shift ? form_.tabBackward() : form_.tabForward(); });
-        return true;
-    }
-    bool handled = true;
-    feed([&] { handled = keyThroughForm(view, stroke); });
-    return handled;
-}
-
-bool FormWindow::keyThroughForm(ControlView* view, const KeyStroke& stroke) {
-    const screen::Control* before = form_.activeControl();
-    const screen::Key became = form_.keyDown(stroke.key, stroke.shift);
-    if (became == screen::Key::none || !acceptsInput() || form_.activeControl() != before) {
-        return true;
-    }
-    if (became == screen::Key::tab) {
-        stroke.shift ? form_.tabBackward() : form_.tabForward();
-        return true;
-    }
-    KeyStroke turned = stroke;
-    turned.key = became;
-    if (became != stroke.key) {
-        turned.character = became == screen::Key::comma ? U',' : 0;
-    }
-    return view == nullptr || view->key(turned);
+    bool used = true;
+    feed([&] {
+        used = toolkit::routeKey(form_, stroke,
+                                 [&](const KeyStroke& turned) { return view == nullptr || view->key(turned); });
+    });
+    return used;
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -58,7 +58,6 @@ class FormWindow : public QWidget, private screen::FormObserver, private ViewHos
     bool handleKey(ControlView* view, const QKeyEvent& event);
     bool handlePress(ControlView& view, QEvent& event);
     void handleForeignFocus(ControlView& view, Qt::FocusReason reason);
-    bool keyThroughForm(ControlView* view, const KeyStroke& stroke);
     void settle();
     void finishLeftViews();
     void leaveUnusableControl();

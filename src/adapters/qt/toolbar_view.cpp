@@ -50,8 +50,10 @@ void ToolbarView::updateAll() {
     build();
 }
 
-bool ToolbarView::key(const KeyStroke& stroke) {
-    return stroke.character != 0;
+// No key means anything to the bar itself. One that was left to its widget would go up to the window and come to the
+// form a second time.
+bool ToolbarView::key(const KeyStroke&) {
+    return true;
 }
 
 void ToolbarView::build() {

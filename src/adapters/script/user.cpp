@@ -4,6 +4,8 @@
 
 #include "velmora/adapters/script/shown_text.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/toolkit/field_typing.h"
+#include "velmora/platform/toolkit/key_routing.h"
 
 namespace velmora::script {
 
@@ -11,37 +13,7 @@ namespace {
 
 using namespace screen;
 
-constexpr char32_t backspaceCharacter = 8;
-constexpr char32_t enterCharacter = 13;
-constexpr char32_t escapeCharacter = 27;
-constexpr char32_t firstPrinting = 32;
-
-/// The character that a key brings to a field.
-char32_t characterOf(Key key) {
-    switch (key) {
-        case Key::enter:
-            return enterCharacter;
-        case Key::escape:
-            return escapeCharacter;
-        case Key::comma:
-            return U',';
-        case Key::padDecimal:
-            return U'.';
-        default:
-            return 0;
-    }
-}
-
-Key keyOf(char32_t character) {
-    switch (character) {
-        case U'\n':
-            return Key::enter;
-        case U',':
-            return Key::comma;
-        default:
-            return Key::character;
-    }
-}
+using toolkit::KeyStroke;
 
 bool isLocked(const Control& control) {
     const auto* box = dynamic_cast<const TextBox*>(&control);
@@ -65,38 +37,32 @@ std::string withoutLast(std::string_view text) {
     return runtime::toUtf8(characters);
 }
 
-/// The text of a field after one more character.
-std::string withCharacter(std::string_view text, char32_t character, bool severalLines) {
-    if (character == enterCharacter) {
-        return std::string(text) + (severalLines ? "\r\n" : "");
-    }
-    return character < firstPrinting ? std::string(text) : std::string(text) + runtime::toUtf8(character);
-}
+/// A field whose caret stands behind its text.
+class EndOfText final : public toolkit::TextEditor {
+  public:
+    explicit EndOfText(TextBox& box) : box_(box), allSelected_(box.allSelected()) {}
+
+    void insert(char32_t character) override { box_.setText(kept() + runtime::toUtf8(character)); }
+    void breakLine() override { box_.setText(kept() + "\r\n"); }
+    void erase() override { box_.setText(allSelected_ ? std::string() : withoutLast(box_.text())); }
+
+  private:
+    std::string kept() const { return allSelected_ ? std::string() : box_.text(); }
+
+    TextBox& box_;
+    bool allSelected_;
+};
 
 void typeInto(TextBox& box, char32_t character) {
-    KeyPress press{character};
-    box.onKeyPress(press);
-    const bool changes = press.character == backspaceCharacter || press.character >= firstPrinting ||
-                         (press.character == enterCharacter && box.multiLine());
-    if (!changes) {
-        return;
-    }
-    const bool replaces = box.allSelected();
-    // Typing the very text that was selected does not change it, and yet the selection is gone.
-    box.clearSelection();
-    if (press.character == backspaceCharacter) {
-        box.setText(replaces ? std::string() : withoutLast(box.text()));
-    } else {
-        box.setText(withCharacter(replaces ? std::string_view{} : box.text(), press.character, box.multiLine()));
-    }
+    EndOfText editor(box);
+    toolkit::typeInto(box, character, editor);
 }
 
 void typeInto(ComboBox& list, char32_t character) {
-    if (list.style() != ComboBox::Style::editable) {
-        return;
+    if (list.style() == ComboBox::Style::editable && toolkit::editsText(character)) {
+        list.setText(character == toolkit::backspace ? withoutLast(list.text())
+                                                     : list.text() + runtime::toUtf8(character));
     }
-    list.setText(character == backspaceCharacter ? withoutLast(list.text())
-                                                 : withCharacter(list.text(), character, false));
 }
 
 }  // namespace
@@ -142,7 +108,7 @@ bool User::type(Control& control, std::string_view text) {
     }
     Form& form = control.form();
     for (const char32_t character : runtime::toCodePoints(withPlainBreaks(text))) {
-        stroke(form, keyOf(character), character == U'\n' ? enterCharacter : character);
+        stroke(form, toolkit::strokeTyping(character));
     }
     return true;
 }
@@ -209,49 +175,46 @@ bool User::keyInGrid(DataGrid& grid, Key key) {
         return false;
     }
     journal_.guard([&] {
-        KeyDown down{grid.form().keyDown(key)};
-        if (down.key != Key::none && !grid.form().isUnloaded()) {
+        toolkit::routeKey(grid.form(), toolkit::strokeOf(key), [&](const KeyStroke& stroke) {
+            KeyDown down{stroke.key, stroke.shift};
             grid.onKeyDown(down);
-        }
+            return true;
+        });
     });
     return true;
 }
 
 void User::key(Form& form, Key key) {
-    stroke(form, key, characterOf(key));
+    stroke(form, toolkit::strokeOf(key));
 }
 
 void User::backspace(Form& form) {
-    stroke(form, Key::character, backspaceCharacter);
+    stroke(form, toolkit::strokeTyping(toolkit::backspace));
 }
 
-void User::stroke(Form& form, Key key, char32_t character) {
+void User::stroke(Form& form, const KeyStroke& stroke) {
     journal_.guard([&] {
-        const Key become = form.keyDown(key);
-        if (become != Key::none && !form.isUnloaded()) {
-            deliver(form, become, become == key ? character : characterOf(become));
-        }
+        toolkit::routeKey(form, stroke, [&](const KeyStroke& turned) {
+            deliver(form, turned);
+            return true;
+        });
     });
 }
 
-void User::deliver(Form& form, Key key, char32_t character) {
-    if (key == Key::tab) {
-        form.tabForward();
-        return;
-    }
+void User::deliver(Form& form, const KeyStroke& stroke) {
     Control* active = form.activeControl();
-    if (active == nullptr || refuses(*active)) {
+    if (active == nullptr || !active->canTakeFocus()) {
         return;
     }
     if (auto* grid = dynamic_cast<DataGrid*>(active)) {
-        KeyDown down{key};
+        KeyDown down{stroke.key, stroke.shift};
         grid->onKeyDown(down);
-    } else if (auto* button = dynamic_cast<Button*>(active); button != nullptr && key == Key::enter) {
+    } else if (auto* button = dynamic_cast<Button*>(active); button != nullptr && stroke.key == Key::enter) {
         button->onClick();
-    } else if (auto* box = dynamic_cast<TextBox*>(active); box != nullptr && character != 0) {
-        typeInto(*box, character);
-    } else if (auto* list = dynamic_cast<ComboBox*>(active); list != nullptr && character != 0) {
-        typeInto(*list, character);
+    } else if (auto* box = dynamic_cast<TextBox*>(active)) {
+        typeInto(*box, stroke.character);
+    } else if (auto* list = dynamic_cast<ComboBox*>(active)) {
+        typeInto(*list, stroke.character);
     }
 }
 

@@ -8,6 +8,7 @@
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/toolkit/key_stroke.h"
 
 namespace velmora::script {
 
@@ -46,8 +47,8 @@ class User {
     void backspace(screen::Form& form);
 
   private:
-    void stroke(screen::Form& form, screen::Key key, char32_t character);
-    void deliver(screen::Form& form, screen::Key key, char32_t character);
+    void stroke(screen::Form& form, const toolkit::KeyStroke& stroke);
+    void deliver(screen::Form& form, const toolkit::KeyStroke& stroke);
 
     Journal& journal_;
 };
