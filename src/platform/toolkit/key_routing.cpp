@@ -7,10 +7,6 @@ namespace {
 using screen::Form;
 using screen::Key;
 
-bool takesInput(const Form& form) {
-    return form.enabled() && !form.isUnloaded();
-}
-
 void moveByTab(Form& form, bool backward) {
     backward ? form.tabBackward() : form.tabForward();
 }
@@ -18,7 +14,7 @@ void moveByTab(Form& form, bool backward) {
 }  // namespace
 
 bool routeKey(Form& form, const KeyStroke& stroke, const ControlKeys& control) {
-    if (!takesInput(form)) {
+    if (!form.takesInput()) {
         return true;
     }
     if (stroke.key == Key::none) {
@@ -32,7 +28,7 @@ bool routeKey(Form& form, const KeyStroke& stroke, const ControlKeys& control) {
     const screen::Control* before = form.activeControl();
     const Key became = form.keyDown(stroke.key, stroke.shift);
     // Chosen C-300: a key whose KeyDown moved the focus has done its work; the field that was reached does not see it.
-    if (became == Key::none || !takesInput(form) || form.activeControl() != before) {
+    if (became == Key::none || !form.takesInput() || form.activeControl() != before) {
         return true;
     }
     if (became == Key::tab) {
