@@ -30,9 +30,10 @@ class GridView : public ControlView {
     void bringRow();
     void userMoved(int row);
     void clicked(const QModelIndex& index);
-    void pressCell(const QModelIndex& index);
+    std::size_t gridColumn(const QModelIndex& index) const;
     void showCount();
-    void jumpTo(bool last);
+    /// A key that moves the current row; false for any other.
+    bool movesRow(int key);
 
     screen::DataGrid& grid_;
     QWidget* box_;
