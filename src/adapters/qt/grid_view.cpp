@@ -16,6 +16,30 @@
 
 namespace velmora::qt {
 
+namespace {
+
+std::optional<toolkit::RowMove> rowMoveOf(int key) {
+    using toolkit::RowMove;
+    switch (key) {
+        case Qt::Key_Up:
+            return RowMove::up;
+        case Qt::Key_Down:
+            return RowMove::down;
+        case Qt::Key_PageUp:
+            return RowMove::pageUp;
+        case Qt::Key_PageDown:
+            return RowMove::pageDown;
+        case Qt::Key_Home:
+            return RowMove::first;
+        case Qt::Key_End:
+            return RowMove::last;
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace
+
 GridView::GridView(ViewHost& host, screen::DataGrid& grid, const screen::Layout& layout, QWidget* parent)
     : ControlView(host, grid),
       grid_(grid),
@@ -138,33 +162,20 @@ bool GridView::key(const KeyStroke& stroke) {
 }
 
 bool GridView::otherEvent(QEvent& event) {
-    return event.type() == QEvent::KeyPress && movesRow(static_cast<QKeyEvent&>(event).key());
+    if (event.type() != QEvent::KeyPress) {
+        return false;
+    }
+    const std::optional<toolkit::RowMove> move = rowMoveOf(static_cast<QKeyEvent&>(event).key());
+    if (move) {
+        host().feed([&] { toolkit::moveRow(grid_, *move, page(*move)); });
+    }
+    return move.has_value();
 }
 
-bool GridView::movesRow(int key) {
-    const int height = table_->viewport()->height();
-    switch (key) {
-        case Qt::Key_Up:
-            host().feed([&] { toolkit::stepRows(grid_, -1); });
-            return true;
-        case Qt::Key_Down:
-            host().feed([&] { toolkit::stepRows(grid_, 1); });
-            return true;
-        case Qt::Key_PageUp:
-            host().feed([&] { toolkit::stepRows(grid_, -std::max(height / theme::gridRow, 1)); });
-            return true;
-        case Qt::Key_PageDown:
-            host().feed([&] { toolkit::stepRows(grid_, std::max(height / theme::gridRow, 1)); });
-            return true;
-        case Qt::Key_Home:
-            host().feed([&] { toolkit::goToFirstRow(grid_); });
-            return true;
-        case Qt::Key_End:
-            host().feed([&] { toolkit::goToLastRow(grid_); });
-            return true;
-        default:
-            return false;
-    }
+// Downward a page ends with the row that the lower edge cuts.
+std::size_t GridView::page(toolkit::RowMove move) const {
+    const int cut = move == toolkit::RowMove::pageDown ? theme::gridRow - 1 : 0;
+    return static_cast<std::size_t>(std::max((table_->viewport()->height() + cut) / theme::gridRow, 1));
 }
 
 void GridView::showCount() {

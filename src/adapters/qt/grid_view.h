@@ -6,6 +6,7 @@
 #include "velmora/adapters/qt/control_view.h"
 #include "velmora/adapters/qt/grid_model.h"
 #include "velmora/platform/screen/data_grid.h"
+#include "velmora/platform/toolkit/grid_keys.h"
 
 namespace velmora::qt {
 
@@ -32,8 +33,8 @@ class GridView : public ControlView {
     void clicked(const QModelIndex& index);
     std::size_t gridColumn(const QModelIndex& index) const;
     void showCount();
-    /// A key that moves the current row; false for any other.
-    bool movesRow(int key);
+    /// The rows that a page has.
+    std::size_t page(toolkit::RowMove move) const;
 
     screen::DataGrid& grid_;
     QWidget* box_;

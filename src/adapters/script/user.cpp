@@ -4,8 +4,11 @@
 
 #include "velmora/adapters/script/shown_text.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/toolkit/control_keys.h"
+#include "velmora/platform/toolkit/effective_state.h"
 #include "velmora/platform/toolkit/field_typing.h"
 #include "velmora/platform/toolkit/key_routing.h"
+#include "velmora/platform/toolkit/mnemonics.h"
 
 namespace velmora::script {
 
@@ -22,8 +25,9 @@ bool isLocked(const Control& control) {
 
 /// Chosen C-263: a locked field refuses the focus too, not only the entry: a script that means to enter something
 /// must not go on as if it had.
+/// Chosen C-302: what stands at a place where another has its turn is not on the screen and refuses likewise.
 bool refuses(const Control& control) {
-    return !control.canTakeFocus() || isLocked(control) || control.form().isUnloaded();
+    return !control.canTakeFocus() || !toolkit::isSeen(control) || isLocked(control) || control.form().isUnloaded();
 }
 
 std::string withoutLast(std::string_view text) {
@@ -63,6 +67,10 @@ void typeInto(ComboBox& list, char32_t character) {
         list.setText(character == toolkit::backspace ? withoutLast(list.text())
                                                      : list.text() + runtime::toUtf8(character));
     }
+}
+
+bool opensMenu(const Toolbar& bar, int item) {
+    return !bar.items()[static_cast<std::size_t>(item - 1)].menu.empty();
 }
 
 }  // namespace
@@ -166,30 +174,41 @@ bool User::pressCell(DataGrid& grid, std::size_t column) {
     if (!focus(grid) || grid.rowCount() == 0 || column >= grid.columns().size() || !grid.columns()[column].visible) {
         return false;
     }
-    journal_.guard([&] { grid.onButtonClick(static_cast<int>(column)); });
+    journal_.guard([&] { toolkit::pressCell(grid, column); });
     return true;
 }
 
-bool User::keyInGrid(DataGrid& grid, Key key) {
+bool User::moveRow(DataGrid& grid, toolkit::RowMove move) {
+    if (refuses(grid)) {
+        return false;
+    }
+    journal_.guard([&] { toolkit::moveRow(grid, move); });
+    return true;
+}
+
+void User::pressMnemonic(Form& form, char32_t letter) {
+    const std::optional<toolkit::MnemonicTarget> target = toolkit::targetOf(form, letter);
+    if (!target) {
+        return;
+    }
+    if (target->button != nullptr) {
+        press(*target->button);
+    } else if (!opensMenu(*target->bar, target->item)) {
+        press(*target->bar, target->item);
+    }
+}
+
+bool User::keyInGrid(DataGrid& grid, const KeyStroke& stroke) {
     if (refuses(grid)) {
         return false;
     }
     journal_.guard([&] {
-        toolkit::routeKey(grid.form(), toolkit::strokeOf(key), [&](const KeyStroke& stroke) {
-            KeyDown down{stroke.key, stroke.shift};
-            grid.onKeyDown(down);
+        toolkit::routeKey(grid.form(), stroke, [&](const KeyStroke& turned) {
+            toolkit::keyInGrid(grid, turned, std::nullopt);
             return true;
         });
     });
     return true;
-}
-
-void User::key(Form& form, Key key) {
-    stroke(form, toolkit::strokeOf(key));
-}
-
-void User::backspace(Form& form) {
-    stroke(form, toolkit::strokeTyping(toolkit::backspace));
 }
 
 void User::stroke(Form& form, const KeyStroke& stroke) {
@@ -207,10 +226,11 @@ void User::deliver(Form& form, const KeyStroke& stroke) {
         return;
     }
     if (auto* grid = dynamic_cast<DataGrid*>(active)) {
-        KeyDown down{stroke.key, stroke.shift};
-        grid->onKeyDown(down);
-    } else if (auto* button = dynamic_cast<Button*>(active); button != nullptr && stroke.key == Key::enter) {
+        toolkit::keyInGrid(*grid, stroke, std::nullopt);
+    } else if (auto* button = dynamic_cast<Button*>(active); button != nullptr && toolkit::pressesButton(stroke)) {
         button->onClick();
+    } else if (auto* check = dynamic_cast<CheckBox*>(active); check != nullptr && toolkit::ticksBox(stroke)) {
+        check->setChecked(!check->checked());
     } else if (auto* box = dynamic_cast<TextBox*>(active)) {
         typeInto(*box, stroke.character);
     } else if (auto* list = dynamic_cast<ComboBox*>(active)) {

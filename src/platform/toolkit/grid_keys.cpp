@@ -1,7 +1,6 @@
 #include "velmora/platform/toolkit/grid_keys.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace velmora::toolkit {
 
@@ -23,34 +22,44 @@ std::size_t lastRowUpTo(const sql::Recordset& rows, std::size_t from, std::size_
     return to;
 }
 
-}  // namespace
-
-void stepRows(DataGrid& grid, std::ptrdiff_t rows) {
-    const std::optional<sql::Recordset> set = rowsOf(grid);
-    if (!set) {
-        return;
-    }
-    const std::optional<std::size_t> here = set->position();
+void step(DataGrid& grid, const sql::Recordset& rows, bool down, std::size_t count) {
+    const std::optional<std::size_t> here = rows.position();
     if (!here) {
         grid.moveToRow(0);
         return;
     }
-    const auto count = static_cast<std::size_t>(std::abs(rows));
-    const std::size_t target = rows < 0 ? *here - std::min(*here, count) : lastRowUpTo(*set, *here, *here + count);
+    const std::size_t target = down ? lastRowUpTo(rows, *here, *here + count) : *here - std::min(*here, count);
     if (target != *here) {
         grid.moveToRow(target);
     }
 }
 
-void goToFirstRow(DataGrid& grid) {
-    if (std::optional<sql::Recordset> rows = rowsOf(grid)) {
-        rows->moveFirst();
-    }
-}
+}  // namespace
 
-void goToLastRow(DataGrid& grid) {
-    if (std::optional<sql::Recordset> rows = rowsOf(grid)) {
-        rows->moveLast();
+void moveRow(DataGrid& grid, RowMove move, std::size_t page) {
+    std::optional<sql::Recordset> rows = rowsOf(grid);
+    if (!rows) {
+        return;
+    }
+    switch (move) {
+        case RowMove::up:
+            step(grid, *rows, false, 1);
+            break;
+        case RowMove::down:
+            step(grid, *rows, true, 1);
+            break;
+        case RowMove::pageUp:
+            step(grid, *rows, false, page);
+            break;
+        case RowMove::pageDown:
+            step(grid, *rows, true, page);
+            break;
+        case RowMove::first:
+            rows->moveFirst();
+            break;
+        case RowMove::last:
+            rows->moveLast();
+            break;
     }
 }
 

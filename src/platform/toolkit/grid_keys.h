@@ -9,14 +9,13 @@
 
 namespace velmora::toolkit {
 
-/// Moves the current row by a number of rows, upward when negative: 1 for the arrow keys, the rows in sight for a page.
-/// Stops at the first and the last row; with no current row goes to the first. Nothing happens in a grid without rows.
-/// Errors: the set's.
-void stepRows(screen::DataGrid& grid, std::ptrdiff_t rows);
+/// Where the arrow keys, Page Up, Page Down, Home and End take the current row.
+enum class RowMove { up, down, pageUp, pageDown, first, last };
 
-/// To the first, the last row of the set, which finds it by itself; nothing in a grid without rows. Errors: the set's.
-void goToFirstRow(screen::DataGrid& grid);
-void goToLastRow(screen::DataGrid& grid);
+/// Moves the current row; `page` is the number of rows that a page has. Steps stop at the first and the last row, and
+/// with no current row go to the first; the set finds its own last row. Nothing happens in a grid without rows. Errors:
+/// the set's.
+void moveRow(screen::DataGrid& grid, RowMove move, std::size_t page = 1);
 
 /// Presses the button in the current row's cell; `column` is an index into the grid's columns. False when the column
 /// shows no buttons or there is no row.

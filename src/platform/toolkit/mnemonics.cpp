@@ -74,13 +74,13 @@ std::optional<MnemonicTarget> targetOf(const screen::Form& form, char32_t letter
         if (!control->canTakeFocus()) {
             continue;
         }
-        if (const auto* button = dynamic_cast<screen::Button*>(control);
+        if (auto* button = dynamic_cast<screen::Button*>(control);
             button != nullptr && mnemonicOf(button->caption()) == wanted) {
-            return MnemonicTarget{.control = control};
+            return MnemonicTarget{.button = button};
         }
-        if (const auto* bar = dynamic_cast<Toolbar*>(control)) {
+        if (auto* bar = dynamic_cast<Toolbar*>(control)) {
             if (const int item = itemOf(*bar, wanted); item != 0) {
-                return MnemonicTarget{.control = control, .item = item};
+                return MnemonicTarget{.bar = bar, .item = item};
             }
         }
     }

@@ -19,8 +19,9 @@ std::vector<std::string> captionsOf(const screen::Toolbar& bar);
 
 /// What Alt and a letter press: a button, or the item of a bar, counted from 1.
 struct MnemonicTarget {
-    screen::Control* control = nullptr;
-    int item = 0;  ///< 0: the control is a Button
+    screen::Button* button = nullptr;  ///< none: an item of the bar
+    screen::Toolbar* bar = nullptr;
+    int item = 0;
 };
 
 /// The first control of the form, in the order of their making, that can take the focus and answers to the letter

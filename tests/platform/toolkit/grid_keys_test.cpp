@@ -36,48 +36,52 @@ class GridKeysTest : public ::testing::Test {
 };
 
 TEST_F(GridKeysTest, StepsMoveTheSetAndTellItsListenersOnce) {
-    sql::Recordset rows = bind(10);
+    struct Row {
+        RowMove move;
+        std::size_t row;
+    };
+    sql::Recordset rows = bind(20);
     int moves = 0;
     const sql::Subscription listening = rows.onMoveComplete([&] { ++moves; });
-    stepRows(grid, 1);
-    EXPECT_EQ(row(), 1U);
-    stepRows(grid, 3);
-    EXPECT_EQ(row(), 4U);
-    stepRows(grid, -1);
-    EXPECT_EQ(row(), 3U);
-    EXPECT_EQ(moves, 3);
+    for (const Row& step : {Row{RowMove::down, 1}, Row{RowMove::pageDown, 9}, Row{RowMove::up, 8},
+                            Row{RowMove::last, 19}, Row{RowMove::pageUp, 11}, Row{RowMove::first, 0}}) {
+        moves = 0;
+        moveRow(grid, step.move, 8);
+        EXPECT_EQ(row(), step.row);
+        EXPECT_EQ(moves, 1) << step.row;
+    }
 }
 
 TEST_F(GridKeysTest, StepsStopAtTheEndsAndTellNobodyThere) {
     sql::Recordset rows = bind(10);
-    stepRows(grid, 100);
+    moveRow(grid, RowMove::pageDown, 100);
     EXPECT_EQ(row(), 9U);
     int moves = 0;
     const sql::Subscription listening = rows.onMoveComplete([&] { ++moves; });
-    stepRows(grid, 1);
+    moveRow(grid, RowMove::down);
     EXPECT_EQ(row(), 9U);
     EXPECT_EQ(moves, 0);
-    stepRows(grid, -100);
+    moveRow(grid, RowMove::pageUp, 100);
     EXPECT_EQ(row(), 0U);
-    stepRows(grid, -1);
+    moveRow(grid, RowMove::up);
     EXPECT_EQ(row(), 0U);
     EXPECT_EQ(moves, 1);
 }
 
 TEST_F(GridKeysTest, WithoutACurrentRowAStepGoesToTheFirst) {
-    sql::Recordset rows = bind(10);
-    rows.moveTo(10);
-    ASSERT_FALSE(row().has_value());
-    stepRows(grid, 1);
-    EXPECT_EQ(row(), 0U);
+    for (const RowMove move : {RowMove::down, RowMove::up}) {
+        sql::Recordset rows = bind(10);
+        rows.moveTo(10);
+        ASSERT_FALSE(row().has_value());
+        moveRow(grid, move);
+        EXPECT_EQ(row(), 0U);
+    }
 }
 
-TEST_F(GridKeysTest, TheEndsAreFoundByTheSet) {
+TEST_F(GridKeysTest, TheLastRowOfALongSetIsFoundByTheSet) {
     bind(1310720);
-    goToLastRow(grid);
+    moveRow(grid, RowMove::last);
     EXPECT_EQ(row(), 1310719U);
-    goToFirstRow(grid);
-    EXPECT_EQ(row(), 0U);
 }
 
 TEST_F(GridKeysTest, AGridWithoutRowsIsLeftAlone) {
@@ -87,9 +91,9 @@ TEST_F(GridKeysTest, AGridWithoutRowsIsLeftAlone) {
         } else {
             grid.bind({});
         }
-        stepRows(grid, 1);
-        goToFirstRow(grid);
-        goToLastRow(grid);
+        for (const RowMove move : {RowMove::down, RowMove::up, RowMove::first, RowMove::last}) {
+            moveRow(grid, move);
+        }
         EXPECT_FALSE(pressCell(grid, 0));
     }
     EXPECT_THAT(pressed, IsEmpty());

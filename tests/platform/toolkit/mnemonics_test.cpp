@@ -47,16 +47,16 @@ TEST_F(MnemonicTargetTest, AnItemWhoseLettersAreAllTakenHasNone) {
 }
 
 TEST_F(MnemonicTargetTest, FindsTheButtonByItsLetterInEitherCase) {
-    EXPECT_EQ(targetOf(form, U's')->control, &leave);
-    EXPECT_EQ(targetOf(form, U'G')->control, &save);
-    EXPECT_EQ(targetOf(form, U'G')->item, 0);
+    EXPECT_EQ(targetOf(form, U's')->button, &leave);
+    EXPECT_EQ(targetOf(form, U'G')->button, &save);
     EXPECT_FALSE(targetOf(form, U'x').has_value());
 }
 
 TEST_F(MnemonicTargetTest, FindsTheItemOfABarCountedFromOneWithItsSeparators) {
     const auto target = targetOf(form, U'i');
     ASSERT_TRUE(target.has_value());
-    EXPECT_EQ(target->control, &bar);
+    EXPECT_EQ(target->button, nullptr);
+    EXPECT_EQ(target->bar, &bar);
     EXPECT_EQ(target->item, 3);
 }
 
@@ -64,7 +64,7 @@ TEST_F(MnemonicTargetTest, PassesOverWhatCannotTakeTheFocus) {
     save.setEnabled(false);
     EXPECT_FALSE(targetOf(form, U'g').has_value());
     leave.setCaption("&Guardar");
-    EXPECT_EQ(targetOf(form, U'g')->control, &leave);
+    EXPECT_EQ(targetOf(form, U'g')->button, &leave);
 }
 
 }  // namespace
