@@ -111,13 +111,5 @@ TEST_F(Boxes, AFilterThatNothingHoldsChoosesNothing) {
     EXPECT_EQ(screen_->search(customers()), std::nullopt);
 }
 
-TEST(ErrorBox, TellsAProvidersNumberInBothForms) {
-    const auto error =
-        std::make_exception_ptr(runtime::RuntimeError(static_cast<int>(0x80040E37u), "No existe la tabla"));
-    const MessageBox box = qt::errorBox(error);
-    EXPECT_EQ(box.icon, screen::Icon::critical);
-    EXPECT_EQ(box.text, "Error -2147217865 (80040E37)\n\nNo existe la tabla");
-}
-
 }  // namespace
 }  // namespace velmora::testing

@@ -2,92 +2,33 @@
 
 #include <QApplication>
 #include <QTimer>
-#include <stdexcept>
 
 namespace velmora::testing {
 
-namespace {
-
-QApplication& application() {
-    static int count = 1;
-    static char name[] = "test_qt";
-    static char* arguments[] = {name, nullptr};
-    static auto* theOne = new QApplication(count, arguments);
-    return *theOne;
-}
-
-QWidget* focusOrWindow() {
-    // A window that a box has just uncovered becomes active in its turn.
-    if (!QTest::qWaitFor([] { return QApplication::activeWindow() != nullptr; }, 1000)) {
-        throw std::logic_error("no window is active");
-    }
-    if (QWidget* focus = QApplication::focusWidget()) {
-        return focus;
-    }
-    return QApplication::activeWindow();
-}
-
-}  // namespace
-
-QtBench::QtBench() {
-    application();
-    screen_ = std::make_unique<qt::QtScreen>();
-}
-
 void QtBench::play(screen::Form& form, const std::function<void()>& user) {
-    bool played = false;
-    QTimer::singleShot(0, &application(), [&] {
-        QApplication::processEvents();
-        user();
-        played = true;
-        form.unload();
-    });
-    screen_->showModal(form);
-    EXPECT_TRUE(played);
+    EXPECT_TRUE(show(form, user));
     EXPECT_TRUE(answers_.empty()) << "a box that was expected did not open";
 }
 
 void QtBench::whenBoxOpens(const std::function<void(QWidget&)>& answer) {
     answers_.push_back(answer);
     if (answers_.size() == 1) {
-        QTimer::singleShot(0, &application(), [this] { lookForBox(); });
+        QTimer::singleShot(0, qApp, [this] { lookForBox(); });
     }
 }
 
 void QtBench::lookForBox() {
     QWidget* box = QApplication::activeModalWidget();
     if (box == nullptr || dynamic_cast<qt::FormWindow*>(box) != nullptr || !box->isVisible()) {
-        QTimer::singleShot(5, &application(), [this] { lookForBox(); });
+        QTimer::singleShot(5, qApp, [this] { lookForBox(); });
         return;
     }
     const auto answer = answers_.front();
     answers_.erase(answers_.begin());
     if (!answers_.empty()) {
-        QTimer::singleShot(0, &application(), [this] { lookForBox(); });
+        QTimer::singleShot(0, qApp, [this] { lookForBox(); });
     }
     answer(*box);
-}
-
-QWidget& QtBench::widgetOf(const screen::Control& control) const {
-    qt::ControlView* view = screen_->top()->viewOf(control);
-    if (view == nullptr) {
-        throw std::logic_error("no view of " + control.fullName());
-    }
-    return view->focusTarget();
-}
-
-void QtBench::key(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
-    QTest::keyClick(focusOrWindow(), key, modifiers);
-}
-
-void QtBench::type(const QString& text) const {
-    for (const QChar& c : text) {
-        QTest::sendKeyEvent(QTest::Click, focusOrWindow(), Qt::Key_unknown, QString(c), Qt::NoModifier);
-    }
-}
-
-void QtBench::click(const screen::Control& control) const {
-    QTest::mouseClick(&widgetOf(control), Qt::LeftButton);
 }
 
 }  // namespace velmora::testing

@@ -19,7 +19,7 @@ using screen::Pen;
 
 class SketchPainting : public QtBench {
   protected:
-    static QImage paint(const Drawing& drawing, const qt::LabelTexts& labels, QSize size) {
+    static QImage paint(const Drawing& drawing, const toolkit::LabelTexts& labels, QSize size) {
         QImage image(size, QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
@@ -87,15 +87,6 @@ TEST_F(SketchPainting, ALongTextStaysOnTheCanvas) {
         paint(drawing, {{0, "Diametro exterior 1.234,56"}, {1, "LLanta 10 con un texto largo"}}, {300, 260});
     const QRect ink = inked(image);
     EXPECT_TRUE(image.rect().adjusted(2, 2, -2, -2).contains(ink));
-}
-
-TEST_F(SketchPainting, ACaptionStandsBeforeABareNumberAndAloneWithoutOne) {
-    const Dimension exterior{{0, 0}, {10, 0}, 5, 2, "De"};
-    EXPECT_EQ(qt::shownText(exterior, {{2, "83"}}), "De 83");
-    EXPECT_EQ(qt::shownText(exterior, {{2, "-1"}}), "De -1");
-    EXPECT_EQ(qt::shownText(exterior, {{2, ""}}), "De");
-    EXPECT_EQ(qt::shownText(exterior, {{2, "Ancho total 78"}}), "Ancho total 78") << "it has words of its own";
-    EXPECT_EQ(qt::shownText({{0, 0}, {10, 0}, 5, 2}, {{2, "83"}}), "83");
 }
 
 TEST_F(SketchPainting, ATextThatWouldRatherStandOutsideDoes) {

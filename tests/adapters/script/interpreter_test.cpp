@@ -77,6 +77,19 @@ TEST(Script, GridKeysLeaveTheFocusWhereItIs) {
     EXPECT_EQ(play("open banco\nrow dbgFilas 1\nclose").events, "got0 lost0 unload") << "other deeds move it";
 }
 
+TEST(Script, RowKeysMoveAGrid) {
+    EXPECT_EQ(play("open banco\nleave\ngridkey dbgFilas DOWN\ncell dbgFilas 1\nclose").events,
+              "got0 lost0 cell1 unload");
+    EXPECT_EQ(play("open banco\nfocus dbgFilas\nkey END\nkey UP\nkey HOME\nclose").status, Status::ok);
+    EXPECT_EQ(play("open banco\nkey DOWN\nclose").events, "got0 unload") << "no grid has the focus";
+}
+
+TEST(Script, AltAndALetterPressAButton) {
+    EXPECT_EQ(play("open banco\nkey ALT+S\necho after").events, "got0 lost0 unload");
+    EXPECT_EQ(play("open banco\nkey ALT+X\nclose").events, "got0 unload") << "no button bears it";
+    EXPECT_EQ(play("open banco\nkey ALT+\nclose").status, Status::wrong);
+}
+
 TEST(Script, StateAndDumpShowWhatHolds) {
     const Played played = play("open banco\nstate Text1(0) form");
     EXPECT_EQ(played.out,

@@ -237,10 +237,7 @@ Composer::FieldCell Composer::fieldCell(const Field& field, const FieldColumn& c
 }
 
 void Composer::add(const Sketch& sketch) {
-    qt::LabelTexts labels;
-    for (const auto& [label, text] : sketch.labels) {
-        labels[label] = toQt(text);
-    }
+    const toolkit::LabelTexts& labels = sketch.labels;
     const double height = sketch.leastHeight + (sketch.height - sketch.leastHeight) * roominess_;
     strips_.push_back({.height = height * pixelsOfMillimetre,
                        .draw = [this, drawing = sketch.drawing, labels](QPainter& painter, const QRectF& place) {

@@ -2,6 +2,7 @@
 
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/toolkit/control_keys.h"
 
 namespace velmora::qt {
 
@@ -35,11 +36,15 @@ void ButtonView::updateAll() {
 }
 
 bool ButtonView::key(const KeyStroke& stroke) {
-    if (stroke.key == screen::Key::enter) {
-        button_.onClick();
+    if (!toolkit::pressesButton(stroke)) {
         return true;
     }
-    return stroke.character != U' ';
+    // With Space the button is seen going down, and clicks by itself when the key comes up.
+    if (stroke.key != screen::Key::enter) {
+        return false;
+    }
+    button_.onClick();
+    return true;
 }
 
 void ButtonView::clicked() {

@@ -1,6 +1,7 @@
 #include "velmora/adapters/qt/check_box_view.h"
 
 #include "velmora/adapters/qt/text.h"
+#include "velmora/platform/toolkit/control_keys.h"
 
 namespace velmora::qt {
 
@@ -30,7 +31,7 @@ void CheckBoxView::updateAll() {
 }
 
 bool CheckBoxView::key(const KeyStroke& stroke) {
-    return stroke.character != U' ';
+    return !toolkit::ticksBox(stroke);
 }
 
 void CheckBoxView::clicked() {

@@ -151,7 +151,7 @@ void ComboBoxView::edited(const QString& text) {
 }
 
 bool ComboBoxView::key(const KeyStroke& stroke) {
-    if (stroke.character == 0) {
+    if (!toolkit::editsText(stroke.character)) {
         // F4 opens the list, as everywhere.
         if (stroke.key == screen::Key::f4) {
             list_->showPopup();
@@ -162,7 +162,7 @@ bool ComboBoxView::key(const KeyStroke& stroke) {
     if (!list_->isEditable()) {
         return false;
     }
-    if (stroke.character == backspace) {
+    if (stroke.character == toolkit::backspace) {
         list_->lineEdit()->backspace();
     } else {
         list_->lineEdit()->insert(QString::fromUcs4(&stroke.character, 1));

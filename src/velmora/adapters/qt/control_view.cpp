@@ -1,30 +1,19 @@
 #include "velmora/adapters/qt/control_view.h"
 
-#include <algorithm>
-
 #include "velmora/adapters/qt/text.h"
+#include "velmora/platform/toolkit/effective_state.h"
 
 namespace velmora::qt {
 
 namespace {
 
-// The form's own state is left out: it takes no input while it is disabled, yet its fields keep their looks.
-bool enabledOnForm(const screen::Control& control) {
-    for (const screen::Control* c = &control; c != nullptr; c = c->frame()) {
-        if (!c->enabled()) {
-            return false;
-        }
-    }
-    return true;
-}
-
-void show(QWidget& widget, bool visible, bool keepRoom) {
+void show(QWidget& widget, const toolkit::Standing& standing) {
     QSizePolicy policy = widget.sizePolicy();
-    if (policy.retainSizeWhenHidden() != keepRoom) {
-        policy.setRetainSizeWhenHidden(keepRoom);
+    if (policy.retainSizeWhenHidden() != standing.keepsRoom) {
+        policy.setRetainSizeWhenHidden(standing.keepsRoom);
         widget.setSizePolicy(policy);
     }
-    widget.setVisible(visible);
+    widget.setVisible(standing.shown);
 }
 
 }  // namespace
@@ -36,7 +25,7 @@ void ControlView::addCompanion(QWidget& companion) {
 void ControlView::update(screen::Property property) {
     switch (property) {
         case screen::Property::enabled:
-            widget().setEnabled(enabledOnForm(control_));
+            widget().setEnabled(toolkit::looksEnabled(control_));
             updateColors();
             break;
         case screen::Property::visible:
@@ -60,26 +49,15 @@ void ControlView::updateAll() {
     }
 }
 
-// Chosen C-241: a control hidden by itself keeps its room, so that its neighbours stand still; one hidden with its
-// frame gives it back.
 void ControlView::updateVisible() {
     if (shownByOther_) {
         return;
     }
-    bool frameShown = true;
-    for (const screen::Frame* frame = control_.frame(); frame != nullptr; frame = frame->frame()) {
-        if (std::ranges::find(enclosing_, frame) != enclosing_.end()) {
-            break;
-        }
-        frameShown = frameShown && frame->visible();
-    }
-    const bool isFrame = dynamic_cast<const screen::Frame*>(&control_) != nullptr;
-    const bool visible = control_.visible() && frameShown;
-    const bool keepRoom = frameShown && !isFrame;
-    show(widget(), visible, keepRoom);
+    const toolkit::Standing standing = toolkit::standingOf(control_, enclosing_);
+    show(widget(), standing);
     for (const QPointer<QWidget>& companion : companions_) {
         if (companion) {
-            show(*companion, visible, keepRoom);
+            show(*companion, standing);
         }
     }
 }

@@ -45,21 +45,8 @@ void FieldView::edited() {
     bringText();
 }
 
-void FieldView::type(const KeyStroke& stroke) {
-    if (stroke.character == 0) {
-        return;
-    }
-    screen::KeyPress press{stroke.character};
-    box_.onKeyPress(press);
-    if (press.character == 0 || box_.locked()) {
-        return;
-    }
-    box_.clearSelection();
-    if (press.character == backspace) {
-        erase();
-    } else {
-        insert(QString::fromUcs4(&press.character, 1));
-    }
+char32_t FieldView::type(const KeyStroke& stroke) {
+    return toolkit::typeInto(box_, stroke.character, *this);
 }
 
 // Chosen C-245: a press that brings the focus and finds the whole text selected leaves it so: typing then replaces the

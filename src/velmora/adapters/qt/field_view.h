@@ -4,10 +4,11 @@
 #include <string>
 
 #include "velmora/adapters/qt/control_view.h"
+#include "velmora/platform/toolkit/field_typing.h"
 
 namespace velmora::qt {
 
-class FieldView : public ControlView {
+class FieldView : public ControlView, protected toolkit::TextEditor {
   public:
     FieldView(ViewHost& host, screen::TextBox& box, screen::Role role)
         : ControlView(host, box), box_(box), role_(role) {}
@@ -25,8 +26,8 @@ class FieldView : public ControlView {
     screen::TextBox& box() const { return box_; }
     /// To be called when the widget's text has changed, whoever changed it.
     void edited();
-    /// A character through the model's filter into the widget.
-    void type(const KeyStroke& stroke);
+    /// A character through the model's filter into the widget. Gives back what the filter made of it.
+    char32_t type(const KeyStroke& stroke);
     /// Inside feed: tells the model that what the user changed now counts.
     void commitIfChanged();
 
@@ -38,8 +39,6 @@ class FieldView : public ControlView {
     virtual void showText() = 0;
     virtual void selectAll() = 0;
     virtual void deselect() = 0;
-    virtual void erase() = 0;
-    virtual void insert(const QString& text) = 0;
 
   private:
     void bringText();

@@ -11,11 +11,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "velmora/adapters/qt/layout_nature.h"
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/sketch_view.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/toolkit/effective_state.h"
+#include "velmora/platform/toolkit/key_routing.h"
+#include "velmora/platform/toolkit/layout_nature.h"
 
 namespace velmora::qt {
 
@@ -24,19 +26,10 @@ namespace {
 constexpr QSize workingSize{1280, 800};
 constexpr int titleBarRoom = 32;
 
-bool standsIn(const screen::Control& control, const screen::Frame& frame) {
-    for (const screen::Frame* f = control.frame(); f != nullptr; f = f->frame()) {
-        if (f == &frame) {
-            return true;
-        }
-    }
-    return false;
-}
-
 }  // namespace
 
 FormWindow::FormWindow(QtScreen& screen, screen::Form& form, QWidget* parent)
-    : QWidget(parent, Qt::Window), screen_(screen), form_(form) {
+    : QWidget(parent, Qt::Window), screen_(screen), form_(form), actions_(form, *this) {
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(toQt(form.caption()));
     build();
@@ -95,7 +88,7 @@ ControlView* FormWindow::viewOf(const screen::Control& control) const {
 
 QSize FormWindow::openingSize() const {
     const QSize room = QWidget::screen()->availableSize() - QSize(0, titleBarRoom);
-    const bool large = growsDownward(form_.layout());
+    const bool large = toolkit::growsDownward(form_.layout());
     QSize size = content_->layout()->totalSizeHint().expandedTo(content_->layout()->totalMinimumSize());
     if (large && (size.width() > workingSize.width() * 3 / 4 || size.height() > workingSize.height() * 3 / 4)) {
         size = size.expandedTo(workingSize);
@@ -157,7 +150,7 @@ void FormWindow::frameChanged(const screen::Frame& frame, screen::Property prope
         return;
     }
     for (const auto& view : views_) {
-        if (standsIn(view->control(), frame)) {
+        if (toolkit::standsIn(view->control(), frame)) {
             view->update(property);
         }
     }
@@ -175,9 +168,9 @@ void FormWindow::focusMoved(screen::Control* control) {
     ControlView* last = std::exchange(focused_, next);
     if (last != nullptr) {
         last->focusLeft();
-        left_.push_back(last);
+        actions_.afterwards([last] { last->finish(); });
     }
-    syncFocus();
+    moveKeyboard();
     if (next != nullptr) {
         next->focusGained();
     }
@@ -185,65 +178,27 @@ void FormWindow::focusMoved(screen::Control* control) {
 
 // --- What the user does ---------------------------------------------------------------------------------------
 
-void FormWindow::guarded(const std::function<void()>& action) {
-    std::exception_ptr error;
-    try {
-        action();
-    } catch (...) {
-        error = std::current_exception();
-    }
-    if (error) {
-        screen_.showError(error);
-    }
+void FormWindow::showError(std::exception_ptr error) {
+    screen_.showError(error);
 }
 
 void FormWindow::feed(const std::function<void()>& action) {
-    ++depth_;
-    guarded(action);
-    --depth_;
-    if (depth_ == 0) {
-        settle();
-    }
+    actions_.run(action);
 }
 
 bool FormWindow::bringFocus(screen::Control& control) {
-    form_.moveFocus(control);
-    return form_.activeControl() == &control && control.canTakeFocus();
+    return actions_.turnTo(control);
 }
 
 bool FormWindow::acceptsInput() const {
-    return form_.enabled() && !form_.isUnloaded();
+    return form_.takesInput();
 }
 
 void FormWindow::reportLater(std::exception_ptr error) {
     QTimer::singleShot(0, this, [this, error] { screen_.showError(error); });
 }
 
-// After an action, and all that it set off: what fields that were left have still to tell, and the keyboard where the
-// model has it.
-void FormWindow::settle() {
-    ++depth_;
-    finishLeftViews();
-    leaveUnusableControl();
-    --depth_;
-    syncFocus();
-}
-
-void FormWindow::finishLeftViews() {
-    for (ControlView* view : std::exchange(left_, {})) {
-        guarded([&] { view->finish(); });
-    }
-}
-
-// A control that was disabled or hidden while it had the focus gives it on.
-void FormWindow::leaveUnusableControl() {
-    const screen::Control* active = form_.activeControl();
-    if (active != nullptr && acceptsInput() && !active->canTakeFocus()) {
-        guarded([this] { form_.tabForward(); });
-    }
-}
-
-void FormWindow::syncFocus() {
+void FormWindow::moveKeyboard() {
     if (QApplication::activePopupWidget() != nullptr) {
         return;
     }
@@ -326,32 +281,12 @@ bool FormWindow::handleKey(ControlView* view, const QKeyEvent& event) {
     if (stroke.key == screen::Key::none) {
         return false;
     }
-    // Chosen C-244: the Tab key moves the focus and is not shown to the form, as in the host's screens.
-    if (stroke.key == screen::Key::tab) {
-        feed([&] { stroke.shift ? form_.tabBackward() : form_.tabForward(); });
-        return true;
-    }
-    bool handled = true;
-    feed([&] { handled = keyThroughForm(view, stroke); });
-    return handled;
-}
-
-bool FormWindow::keyThroughForm(ControlView* view, const KeyStroke& stroke) {
-    const screen::Control* before = form_.activeControl();
-    const screen::Key became = form_.keyDown(stroke.key, stroke.shift);
-    if (became == screen::Key::none || !acceptsInput() || form_.activeControl() != before) {
-        return true;
-    }
-    if (became == screen::Key::tab) {
-        stroke.shift ? form_.tabBackward() : form_.tabForward();
-        return true;
-    }
-    KeyStroke turned = stroke;
-    turned.key = became;
-    if (became != stroke.key) {
-        turned.character = became == screen::Key::comma ? U',' : 0;
-    }
-    return view == nullptr || view->key(turned);
+    bool used = true;
+    feed([&] {
+        used = toolkit::routeKey(form_, stroke,
+                                 [&](const KeyStroke& turned) { return view == nullptr || view->key(turned); });
+    });
+    return used;
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

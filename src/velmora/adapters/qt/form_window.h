@@ -14,13 +14,14 @@
 #include "velmora/adapters/qt/control_view.h"
 #include "velmora/adapters/qt/layout_builder.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/toolkit/user_actions.h"
 
 namespace velmora::qt {
 
 class QtScreen;
 class SketchView;
 
-class FormWindow : public QWidget, private screen::FormObserver, private ViewHost {
+class FormWindow : public QWidget, private screen::FormObserver, private toolkit::ActionWindow, private ViewHost {
   public:
     /// The form must outlive the window.
     FormWindow(QtScreen& screen, screen::Form& form, QWidget* parent);
@@ -47,6 +48,9 @@ class FormWindow : public QWidget, private screen::FormObserver, private ViewHos
     void formChanged() override;
     void focusMoved(screen::Control* control) override;
 
+    void showError(std::exception_ptr error) override;
+    void moveKeyboard() override;
+
     void feed(const std::function<void()>& action) override;
     bool bringFocus(screen::Control& control) override;
     bool acceptsInput() const override;
@@ -58,15 +62,10 @@ class FormWindow : public QWidget, private screen::FormObserver, private ViewHos
     bool handleKey(ControlView* view, const QKeyEvent& event);
     bool handlePress(ControlView& view, QEvent& event);
     void handleForeignFocus(ControlView& view, Qt::FocusReason reason);
-    bool keyThroughForm(ControlView* view, const KeyStroke& stroke);
-    void settle();
-    void finishLeftViews();
-    void leaveUnusableControl();
-    void syncFocus();
-    void guarded(const std::function<void()>& action);
 
     QtScreen& screen_;
     screen::Form& form_;
+    toolkit::UserActions actions_;
     QWidget* content_ = nullptr;
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unordered_map<const screen::Control*, ControlView*> viewByControl_;
@@ -76,9 +75,7 @@ class FormWindow : public QWidget, private screen::FormObserver, private ViewHos
     std::unordered_map<const screen::Control*, std::vector<SketchView*>> sketchesByLabel_;
     std::vector<Turn> turns_;
     ControlView* focused_ = nullptr;
-    std::vector<ControlView*> left_;
     QEventLoop* loop_ = nullptr;
-    int depth_ = 0;
     bool syncing_ = false;
 };
 

@@ -1,24 +1,16 @@
 #pragma once
-// The rows of a grid for the toolkit's table, read as they come into sight.
+// The rows of a grid as the toolkit's table asks for them.
 
 #include <QAbstractTableModel>
 #include <cstddef>
-#include <exception>
-#include <functional>
-#include <vector>
 
-#include "velmora/platform/screen/data_grid.h"
+#include "velmora/platform/toolkit/grid_rows.h"
 
 namespace velmora::qt {
 
-/// Chosen C-242: it knows as many rows as have been asked for so far, a chunk at a time, and whether there are more: a
-/// set of a million rows is neither counted nor loaded when it opens, and its count reads "más de" until its end is
-/// seen.
 class GridModel : public QAbstractTableModel {
   public:
-    using Reporter = std::function<void(std::exception_ptr)>;
-
-    GridModel(const screen::DataGrid& grid, Reporter report, QObject* parent);
+    GridModel(const screen::DataGrid& grid, toolkit::GridRows::Report report, QObject* parent);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -31,24 +23,14 @@ class GridModel : public QAbstractTableModel {
     void reload();
     /// Makes the row known if the set has it.
     void ensureRow(std::size_t row);
-    /// True when the last row is known, so that rowCount is the count of the set.
-    bool isComplete() const { return complete_; }
 
-    /// The grid's column of a column of the table: hidden ones are left out.
-    int gridColumn(int section) const { return shown_[static_cast<std::size_t>(section)]; }
-    const screen::GridColumn& shape(int section) const;
+    const toolkit::GridRows& rows() const { return rows_; }
+    const screen::GridColumn& shape(int section) const { return rows_.shape(static_cast<std::size_t>(section)); }
 
   private:
-    bool hasRow(std::size_t row) const;
     void grow(std::size_t rows);
-    void failed() const;
 
-    const screen::DataGrid& grid_;
-    Reporter report_;
-    std::vector<int> shown_;
-    std::size_t known_ = 0;
-    bool complete_ = true;
-    mutable bool failed_ = false;  ///< one failure is told once, not once a cell
+    toolkit::GridRows rows_;
 };
 
 }  // namespace velmora::qt

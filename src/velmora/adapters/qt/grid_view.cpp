@@ -10,10 +10,35 @@
 #include "velmora/adapters/qt/grid_table.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
-#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/toolkit/grid_columns.h"
+#include "velmora/platform/toolkit/grid_keys.h"
 
 namespace velmora::qt {
+
+namespace {
+
+std::optional<toolkit::RowMove> rowMoveOf(int key) {
+    using toolkit::RowMove;
+    switch (key) {
+        case Qt::Key_Up:
+            return RowMove::up;
+        case Qt::Key_Down:
+            return RowMove::down;
+        case Qt::Key_PageUp:
+            return RowMove::pageUp;
+        case Qt::Key_PageDown:
+            return RowMove::pageDown;
+        case Qt::Key_Home:
+            return RowMove::first;
+        case Qt::Key_End:
+            return RowMove::last;
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace
 
 GridView::GridView(ViewHost& host, screen::DataGrid& grid, const screen::Layout& layout, QWidget* parent)
     : ControlView(host, grid),
@@ -83,25 +108,10 @@ void GridView::reload() {
     bringRow();
 }
 
-// The widest column of text takes the room that is left over, so that numbers stay together.
 void GridView::setWidths() {
-    std::vector<int> widths;
-    int stretching = -1;
-    for (int i = 0; i < model_->columnCount(); ++i) {
-        const screen::GridColumn& shape = model_->shape(i);
-        const QFontMetrics letters = table_->fontMetrics();
-        const int padding = 2 * theme::unit + 4;
-        const int caption = letters.horizontalAdvance(toQt(shape.caption)) + padding;
-        // A date that is cut looks like another one.
-        const int date =
-            shape.mask == "dd/mm/yyyy" ? letters.horizontalAdvance(QStringLiteral("00/00/0000")) + padding : 0;
-        widths.push_back(std::max({shape.width / theme::twipsPerPixel, caption, date}));
-        const bool text = !shape.right && !shape.button;
-        if (text && (stretching < 0 || widths.back() > widths[static_cast<std::size_t>(stretching)])) {
-            stretching = i;
-        }
-    }
-    table_->setWidths(std::move(widths), stretching);
+    const auto advance = [&](const std::string& text) { return table_->fontMetrics().horizontalAdvance(toQt(text)); };
+    toolkit::ColumnWidths widths = toolkit::columnWidths(model_->rows(), advance, 2 * theme::unit + 4);
+    table_->setWidths(std::move(widths.pixels), widths.stretching);
 }
 
 void GridView::bringRow() {
@@ -131,30 +141,23 @@ void GridView::userMoved(int row) {
 }
 
 void GridView::clicked(const QModelIndex& index) {
-    if (host().acceptsInput()) {
-        pressCell(index);
-    }
-}
-
-void GridView::pressCell(const QModelIndex& index) {
-    if (!index.isValid() || !model_->shape(index.column()).button) {
+    if (!host().acceptsInput() || !index.isValid()) {
         return;
     }
-    const int column = model_->gridColumn(index.column());
     host().feed([&] {
         if (grid_.form().activeControl() == &grid_) {
-            grid_.onButtonClick(column);
+            toolkit::pressCell(grid_, gridColumn(index));
         }
     });
 }
 
+std::size_t GridView::gridColumn(const QModelIndex& index) const {
+    return model_->rows().gridColumn(static_cast<std::size_t>(index.column()));
+}
+
 bool GridView::key(const KeyStroke& stroke) {
-    if (stroke.character == U' ' && table_->currentIndex().isValid()) {
-        pressCell(table_->currentIndex());
-        return true;
-    }
-    screen::KeyDown event{stroke.key, stroke.shift};
-    grid_.onKeyDown(event);
+    const QModelIndex current = table_->currentIndex();
+    toolkit::keyInGrid(grid_, stroke, current.isValid() ? std::optional(gridColumn(current)) : std::nullopt);
     return true;
 }
 
@@ -162,33 +165,23 @@ bool GridView::otherEvent(QEvent& event) {
     if (event.type() != QEvent::KeyPress) {
         return false;
     }
-    const int key = static_cast<QKeyEvent&>(event).key();
-    if (key == Qt::Key_Home || key == Qt::Key_End) {
-        jumpTo(key == Qt::Key_End);
-        return true;
+    const std::optional<toolkit::RowMove> move = rowMoveOf(static_cast<QKeyEvent&>(event).key());
+    if (move) {
+        host().feed([&] { toolkit::moveRow(grid_, *move, page(*move)); });
     }
-    return false;
+    return move.has_value();
 }
 
-// The set finds its own last row; the table need not know all rows before it.
-void GridView::jumpTo(bool last) {
-    host().feed([&] {
-        sql::Recordset rows = grid_.recordset();
-        if (rows.isOpen() && rows.hasRows()) {
-            last ? rows.moveLast() : rows.moveFirst();
-        }
-    });
+// Downward a page ends with the row that the lower edge cuts.
+std::size_t GridView::page(toolkit::RowMove move) const {
+    const int cut = move == toolkit::RowMove::pageDown ? theme::gridRow - 1 : 0;
+    return static_cast<std::size_t>(std::max((table_->viewport()->height() + cut) / theme::gridRow, 1));
 }
 
 void GridView::showCount() {
-    const auto number = [](int value) { return toQt(runtime::Format(value, "#,##0")); };
-    const int rows = model_->rowCount();
-    const QString many = number(rows);
-    const QString noun = rows == 1 ? QStringLiteral("fila") : QStringLiteral("filas");
     const int current = table_->currentIndex().row();
-    const QString total =
-        model_->isComplete() ? many + QLatin1Char(' ') + noun : QStringLiteral("más de %1 %2").arg(many, noun);
-    count_->setText(current < 0 ? total : QStringLiteral("Fila %1 de %2").arg(number(current + 1), total));
+    const auto row = current < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(current));
+    count_->setText(toQt(toolkit::countText(row, model_->rows().known())));
 }
 
 }  // namespace velmora::qt

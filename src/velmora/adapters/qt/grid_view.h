@@ -6,6 +6,7 @@
 #include "velmora/adapters/qt/control_view.h"
 #include "velmora/adapters/qt/grid_model.h"
 #include "velmora/platform/screen/data_grid.h"
+#include "velmora/platform/toolkit/grid_keys.h"
 
 namespace velmora::qt {
 
@@ -30,9 +31,10 @@ class GridView : public ControlView {
     void bringRow();
     void userMoved(int row);
     void clicked(const QModelIndex& index);
-    void pressCell(const QModelIndex& index);
+    std::size_t gridColumn(const QModelIndex& index) const;
     void showCount();
-    void jumpTo(bool last);
+    /// The rows that a page has.
+    std::size_t page(toolkit::RowMove move) const;
 
     screen::DataGrid& grid_;
     QWidget* box_;

@@ -9,6 +9,8 @@ namespace {
 
 using screen::Key;
 
+constexpr char32_t deleteCharacter = 127;
+
 constexpr std::array<std::pair<int, Key>, 14> namedKeys{{
     {Qt::Key_Return, Key::enter},
     {Qt::Key_Enter, Key::enter},
@@ -35,7 +37,8 @@ bool isShortcut(const QKeyEvent& event) {
 
 char32_t typedCharacter(const QKeyEvent& event) {
     const QList<uint> characters = event.text().toUcs4();
-    if (characters.size() != 1 || characters.front() < 32 || characters.front() == 127) {
+    if (characters.size() != 1 || characters.front() < toolkit::firstPrinting ||
+        characters.front() == deleteCharacter) {
         return 0;
     }
     return characters.front();
@@ -52,23 +55,23 @@ KeyStroke strokeOf(const QKeyEvent& event) {
     const bool shift = event.modifiers().testFlag(Qt::ShiftModifier) || event.key() == Qt::Key_Backtab;
     for (const auto& [code, key] : namedKeys) {
         if (event.key() == code) {
-            return isShortcut(event) ? KeyStroke{} : KeyStroke{key, shift, 0};
+            return isShortcut(event) ? KeyStroke{} : toolkit::strokeOf(key, shift);
         }
     }
     if (isShortcut(event)) {
         return {};
     }
     if (event.key() == Qt::Key_Backspace) {
-        return {Key::character, shift, backspace};
+        return toolkit::strokeTyping(toolkit::backspace, shift);
     }
     const char32_t character = typedCharacter(event);
     if (character == 0) {
         return {};
     }
     if (isPadDecimal(event)) {
-        return {Key::padDecimal, shift, character};
+        return {.key = Key::padDecimal, .shift = shift, .character = character};
     }
-    return {event.key() == Qt::Key_Comma ? Key::comma : Key::character, shift, character};
+    return toolkit::strokeTyping(character, shift);
 }
 
 }  // namespace velmora::qt

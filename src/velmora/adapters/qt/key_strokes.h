@@ -1,19 +1,13 @@
 #pragma once
-// A key of the toolkit as a form sees it.
+// A key of the toolkit as the core takes it.
 
 #include <QKeyEvent>
 
-#include "velmora/platform/screen/keys.h"
+#include "velmora/platform/toolkit/key_stroke.h"
 
 namespace velmora::qt {
 
-inline constexpr char32_t backspace = 8;
-
-struct KeyStroke {
-    screen::Key key = screen::Key::none;  ///< none: a key that forms do not see (arrows, shortcuts)
-    bool shift = false;
-    char32_t character = 0;  ///< what it would type; `backspace` for that key
-};
+using toolkit::KeyStroke;
 
 KeyStroke strokeOf(const QKeyEvent& event);
 

@@ -10,10 +10,11 @@
 #include <array>
 
 #include "velmora/adapters/qt/label_view.h"
-#include "velmora/adapters/qt/layout_nature.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
 #include "velmora/adapters/qt/view_factory.h"
+#include "velmora/platform/toolkit/effective_state.h"
+#include "velmora/platform/toolkit/layout_nature.h"
 
 namespace velmora::qt {
 
@@ -21,6 +22,10 @@ namespace {
 
 using screen::Layout;
 using Kind = Layout::Kind;
+using toolkit::growsDownward;
+using toolkit::growsSideways;
+using toolkit::isTall;
+using toolkit::speaksForItself;
 
 // A logical column of a grid is three of the toolkit's: caption, control, unit.
 constexpr int parts = 3;
@@ -71,13 +76,7 @@ QString accessibleName(const Layout& node) {
 }  // namespace
 
 void Turn::update() const {
-    int page = 0;
-    for (const Layout& child : node->children) {
-        if (isVisible(child)) {
-            break;
-        }
-        ++page;
-    }
+    const int page = static_cast<int>(toolkit::shownTurn(*node));
     if (stack->currentIndex() != page) {
         stack->setCurrentIndex(page);
     }

@@ -44,14 +44,7 @@ MemoView::MemoView(ViewHost& host, screen::TextBox& box, const screen::Layout& l
 }
 
 bool MemoView::key(const KeyStroke& stroke) {
-    if (box().locked()) {
-        return true;
-    }
-    if (stroke.key == screen::Key::enter) {
-        edit_->insertPlainText(QStringLiteral("\n"));
-    } else {
-        type(stroke);
-    }
+    type(stroke);
     return true;
 }
 
@@ -91,9 +84,13 @@ void MemoView::erase() {
     edit_->ensureCursorVisible();
 }
 
-void MemoView::insert(const QString& text) {
-    edit_->insertPlainText(text);
+void MemoView::insert(char32_t character) {
+    edit_->insertPlainText(QString::fromUcs4(&character, 1));
     edit_->ensureCursorVisible();
+}
+
+void MemoView::breakLine() {
+    insert(U'\n');
 }
 
 }  // namespace velmora::qt

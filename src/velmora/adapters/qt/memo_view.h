@@ -23,7 +23,8 @@ class MemoView : public FieldView {
     void selectAll() override;
     void deselect() override;
     void erase() override;
-    void insert(const QString& text) override;
+    void insert(char32_t character) override;
+    void breakLine() override;
 
   private:
     QPlainTextEdit* edit_;

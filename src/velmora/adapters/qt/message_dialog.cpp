@@ -5,6 +5,8 @@
 #include <algorithm>
 
 #include "velmora/adapters/qt/text.h"
+#include "velmora/platform/toolkit/message_choices.h"
+#include "velmora/platform/toolkit/mnemonics.h"
 
 namespace velmora::qt {
 
@@ -28,32 +30,6 @@ QMessageBox::Icon iconOf(screen::Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-std::vector<Answer> answersOf(screen::Buttons buttons) {
-    switch (buttons) {
-        case screen::Buttons::yesNo:
-            return {Answer::yes, Answer::no};
-        case screen::Buttons::yesNoCancel:
-            return {Answer::yes, Answer::no, Answer::cancel};
-        case screen::Buttons::ok:
-            break;
-    }
-    return {Answer::ok};
-}
-
-QString captionOf(Answer answer) {
-    switch (answer) {
-        case Answer::yes:
-            return QStringLiteral("&Sí");
-        case Answer::no:
-            return QStringLiteral("&No");
-        case Answer::cancel:
-            return QStringLiteral("&Cancelar");
-        case Answer::ok:
-            break;
-    }
-    return QStringLiteral("&Aceptar");
-}
-
 QMessageBox::ButtonRole roleOf(Answer answer) {
     switch (answer) {
         case Answer::yes:
@@ -72,20 +48,19 @@ QMessageBox::ButtonRole roleOf(Answer answer) {
 
 MessageDialog::MessageDialog(const screen::MessageBox& box, QWidget* parent) : QMessageBox(parent) {
     setIcon(iconOf(box.icon));
-    setWindowTitle(box.title.empty() ? QStringLiteral("VELMORA") : toQt(box.title));
+    setWindowTitle(toQt(box.title.empty() ? toolkit::programTitle : box.title));
     setTextFormat(Qt::PlainText);
     setText(toQt(box.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     int number = 0;
-    for (const Answer answer : answersOf(box.buttons)) {
-        const QString caption = captionOf(answer);
-        QPushButton* button = addButton(caption, roleOf(answer));
-        choices_.push_back({button, answer, caption.at(1).toUpper()});
+    for (const toolkit::Choice& choice : toolkit::choicesOf(box.buttons)) {
+        QPushButton* button = addButton(toQt(choice.caption), roleOf(choice.answer));
+        choices_.push_back({button, choice.answer, toolkit::mnemonicOf(choice.caption)});
         if (++number == box.defaultButton) {
             setDefaultButton(button);
         }
-        // Chosen C-240: Esc presses the last button, the mildest one: OK, No, Cancel. A box with Yes and No that could
-        // not be left by Esc would hold a user who expects it everywhere.
-        setEscapeButton(button);
+        if (choice.answer == toolkit::answerOfEscape(box.buttons)) {
+            setEscapeButton(button);
+        }
     }
 }
 
@@ -97,7 +72,8 @@ Answer MessageDialog::ask() {
 
 void MessageDialog::keyPressEvent(QKeyEvent* event) {
     const QString typed = event->text().toUpper();
-    const auto chosen = std::ranges::find_if(choices_, [&](const Choice& c) { return typed == c.letter; });
+    const auto chosen =
+        std::ranges::find_if(choices_, [&](const Choice& c) { return typed == QString::fromUcs4(&c.letter, 1); });
     if (chosen != choices_.end() && !event->modifiers().testFlag(Qt::ControlModifier)) {
         chosen->button->click();
         return;

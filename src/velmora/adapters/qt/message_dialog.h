@@ -23,7 +23,7 @@ class MessageDialog : public QMessageBox {
     struct Choice {
         QAbstractButton* button;
         screen::Answer answer;
-        QChar letter;
+        char32_t letter;
     };
     std::vector<Choice> choices_;
 };

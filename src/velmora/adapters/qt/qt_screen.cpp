@@ -9,6 +9,7 @@
 #include "velmora/adapters/qt/search_dialog.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/toolkit/error_box.h"
 
 namespace velmora::qt {
 
@@ -51,30 +52,7 @@ class ComesBack {
     QPointer<QWidget> window_;
 };
 
-std::string numberText(long number) {
-    const QString decimal = QString::number(number);
-    if (number >= 0) {
-        return fromQt(decimal);
-    }
-    const auto bits = static_cast<quint32>(static_cast<qint32>(number));
-    return fromQt(decimal + QStringLiteral(" (") + QString::number(bits, 16).toUpper() + QLatin1Char(')'));
-}
-
 }  // namespace
-
-screen::MessageBox errorBox(std::exception_ptr error) {
-    screen::MessageBox box{.text = {}, .icon = screen::Icon::critical, .title = "VELMORA"};
-    try {
-        std::rethrow_exception(error);
-    } catch (const runtime::RuntimeError& e) {
-        box.text = "Error " + numberText(e.number()) + "\n\n" + e.description();
-    } catch (const std::exception& e) {
-        box.text = std::string("Error interno del programa\n\n") + e.what();
-    } catch (...) {
-        box.text = "Error interno del programa";
-    }
-    return box;
-}
 
 QtScreen::QtScreen() {
     theme::apply(*qApp);
@@ -147,7 +125,7 @@ std::unique_ptr<screen::Progress> QtScreen::progress(std::string_view title) {
 }
 
 void QtScreen::showError(std::exception_ptr error) {
-    show(errorBox(error));
+    show(toolkit::errorBox(error));
 }
 
 }  // namespace velmora::qt

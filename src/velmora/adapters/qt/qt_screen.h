@@ -26,7 +26,7 @@ class QtScreen : public screen::Screen {
     void processEvents() override;
     std::unique_ptr<screen::Progress> progress(std::string_view title) override;
 
-    /// An error that nothing of the logic has caught: a critical box with its number and text.
+    /// Shows the box of an error that nothing of the logic has caught.
     void showError(std::exception_ptr error);
     /// Boxes and search windows shown so far; tells whether an action has opened one.
     int boxesShown() const { return boxesShown_; }
@@ -39,8 +39,5 @@ class QtScreen : public screen::Screen {
     int boxesShown_ = 0;
     bool hourglass_ = false;
 };
-
-/// The box for an error: number and text of a run-time error, the text of any other.
-screen::MessageBox errorBox(std::exception_ptr error);
 
 }  // namespace velmora::qt

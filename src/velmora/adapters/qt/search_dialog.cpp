@@ -14,6 +14,7 @@
 #include "velmora/adapters/qt/search_model.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/toolkit/grid_columns.h"
 
 namespace velmora::qt {
 
@@ -23,7 +24,7 @@ constexpr int visibleRows = 16;
 constexpr int leastColumn = 90;
 
 int columnWidth(int twips) {
-    return std::max(twips / theme::twipsPerPixel, leastColumn);
+    return std::max(twips / toolkit::twipsPerPixel, leastColumn);
 }
 
 bool movesInList(int key) {

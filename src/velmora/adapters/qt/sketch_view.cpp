@@ -1,7 +1,6 @@
 #include "velmora/adapters/qt/sketch_view.h"
 
 #include <QPainter>
-#include <QStringList>
 
 #include "velmora/adapters/qt/sketch_painter.h"
 #include "velmora/adapters/qt/text.h"
@@ -27,20 +26,6 @@ class SketchView::Canvas : public QWidget {
     const SketchView& view_;
 };
 
-namespace {
-
-LabelTexts textsOf(const screen::Sketch& sketch) {
-    LabelTexts texts;
-    for (const screen::Sketch::PlacedLabel& label : sketch.labels()) {
-        if (label.box->isVisible()) {
-            texts[label.label] = toQt(label.box->text());
-        }
-    }
-    return texts;
-}
-
-}  // namespace
-
 SketchView::SketchView(ViewHost& host, screen::Sketch& sketch, QWidget* parent)
     : ControlView(host, sketch), sketch_(sketch), canvas_(new Canvas(*this, parent)) {
     labelChanged();
@@ -55,15 +40,7 @@ void SketchView::update(screen::Property property) {
 }
 
 void SketchView::labelChanged() {
-    QStringList measures;
-    for (const screen::Sketch::PlacedLabel& label : sketch_.labels()) {
-        if (label.box->isVisible()) {
-            const QString name = toQt(label.box->accessibleName());
-            const QString text = toQt(label.box->text());
-            measures.append(name.isEmpty() ? text : name + QLatin1Char(' ') + text);
-        }
-    }
-    canvas_->setAccessibleDescription(measures.join(QStringLiteral("; ")));
+    canvas_->setAccessibleDescription(toQt(toolkit::spokenMeasures(sketch_)));
     canvas_->update();
 }
 
@@ -74,7 +51,7 @@ void SketchView::paint(QPainter& painter, const QRect& canvas) const {
     painter.drawRoundedRect(QRectF(canvas).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     try {
         const screen::Drawing drawing = sketch_.drawing();
-        const LabelTexts labels = textsOf(sketch_);
+        const toolkit::LabelTexts labels = toolkit::labelTextsOf(sketch_);
         SketchPainter(painter, drawing, labels).paint(canvas);
     } catch (...) {
         host().reportLater(std::current_exception());

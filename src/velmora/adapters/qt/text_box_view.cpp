@@ -6,7 +6,7 @@
 
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
-#include "velmora/platform/screen/form.h"
+#include "velmora/platform/toolkit/key_routing.h"
 
 namespace velmora::qt {
 
@@ -22,10 +22,8 @@ TextBoxView::TextBoxView(ViewHost& host, screen::TextBox& box, const screen::Lay
 }
 
 bool TextBoxView::key(const KeyStroke& stroke) {
-    if (stroke.key == screen::Key::enter) {
+    if (type(stroke) == toolkit::carriageReturn) {
         commitIfChanged();
-    } else {
-        type(stroke);
     }
     return true;
 }
@@ -53,10 +51,8 @@ bool TextBoxView::committedText(const QString& text) {
     }
     for (const char32_t character : text.toStdU32String()) {
         host().feed([&] {
-            const screen::Key became = box().form().keyDown(screen::Key::character);
-            if (became == screen::Key::character) {
-                key(KeyStroke{became, false, character});
-            }
+            toolkit::routeKey(box().form(), toolkit::strokeTyping(character),
+                              [this](const KeyStroke& stroke) { return key(stroke); });
         });
     }
     return true;
@@ -92,8 +88,10 @@ void TextBoxView::erase() {
     edit_->backspace();
 }
 
-void TextBoxView::insert(const QString& text) {
-    edit_->insert(text);
+void TextBoxView::insert(char32_t character) {
+    edit_->insert(QString::fromUcs4(&character, 1));
 }
+
+void TextBoxView::breakLine() {}
 
 }  // namespace velmora::qt

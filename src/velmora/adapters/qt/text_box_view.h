@@ -21,7 +21,8 @@ class TextBoxView : public FieldView {
     void selectAll() override;
     void deselect() override;
     void erase() override;
-    void insert(const QString& text) override;
+    void insert(char32_t character) override;
+    void breakLine() override;
 
   private:
     /// Composed text, character by character through the filter; false when there is none.

@@ -16,7 +16,6 @@ inline constexpr int unit = 6;          ///< the spacing inside a row
 inline constexpr int rowGap = 4;        ///< between the lines of a group
 inline constexpr int group = 2 * unit;  ///< between groups and at the edges
 inline constexpr int gridRow = 24;
-inline constexpr int twipsPerPixel = 15;
 
 inline constexpr QRgb window = 0xFFF2F4F6;
 inline constexpr QRgb entered = 0xFFFFFFFF;

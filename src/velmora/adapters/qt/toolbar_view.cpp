@@ -7,28 +7,9 @@
 
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/toolkit/mnemonics.h"
 
 namespace velmora::qt {
-
-namespace {
-
-/// The caption with its first letter that is still free marked as its mnemonic: the bar takes the focus as a whole, and
-/// its buttons are reached by Alt.
-QString withMnemonic(const QString& caption, QString& taken) {
-    if (caption.contains(QLatin1Char('&'))) {
-        return caption;
-    }
-    for (qsizetype i = 0; i < caption.size(); ++i) {
-        const QChar letter = caption[i].toUpper();
-        if (letter.isLetter() && !taken.contains(letter)) {
-            taken.append(letter);
-            return caption.left(i) + QLatin1Char('&') + caption.mid(i);
-        }
-    }
-    return caption;
-}
-
-}  // namespace
 
 ToolbarView::ToolbarView(ViewHost& host, screen::Toolbar& bar, QWidget* parent)
     : ControlView(host, bar), bar_(bar), strip_(new QWidget(parent)), row_(new QHBoxLayout(strip_)) {
@@ -50,8 +31,10 @@ void ToolbarView::updateAll() {
     build();
 }
 
-bool ToolbarView::key(const KeyStroke& stroke) {
-    return stroke.character != 0;
+// No key means anything to the bar itself. One that was left to its widget would go up to the window and come to the
+// form a second time.
+bool ToolbarView::key(const KeyStroke&) {
+    return true;
 }
 
 void ToolbarView::build() {
@@ -62,11 +45,10 @@ void ToolbarView::build() {
         delete item;
     }
     int number = 0;
-    QString taken;
-    for (const screen::Toolbar::Item& item : bar_.items()) {
+    for (const std::string& caption : toolkit::captionsOf(bar_)) {
         ++number;
-        if (!item.caption.empty()) {
-            addButton(item, number, withMnemonic(toQt(item.caption), taken));
+        if (!caption.empty()) {
+            addButton(number, toQt(caption));
             continue;
         }
         auto* line = new QFrame(strip_);
@@ -77,7 +59,8 @@ void ToolbarView::build() {
     row_->addStretch(1);
 }
 
-void ToolbarView::addButton(const screen::Toolbar::Item& item, int number, const QString& caption) {
+void ToolbarView::addButton(int number, const QString& caption) {
+    const screen::Toolbar::Item& item = bar_.items()[static_cast<std::size_t>(number - 1)];
     auto* button = new QPushButton(caption, strip_);
     button->setFocusPolicy(Qt::NoFocus);
     button->setAutoDefault(false);

@@ -23,7 +23,7 @@ class ToolbarView : public ControlView {
 
   private:
     void build();
-    void addButton(const screen::Toolbar::Item& item, int number, const QString& caption);
+    void addButton(int number, const QString& caption);
 
     screen::Toolbar& bar_;
     QWidget* strip_;

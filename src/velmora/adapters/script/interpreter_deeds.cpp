@@ -78,11 +78,15 @@ void Interpreter::press(const Command& command) {
 
 void Interpreter::key(const Command& command) {
     const std::string& name = command.arguments[0].text;
-    if (name == "BACKSPACE") {
-        user_.backspace(top());
-        return;
+    if (const auto letter = letterWithAlt(name)) {
+        user_.pressMnemonic(top(), *letter);
+    } else if (const auto move = rowMoveNamed(name)) {
+        if (auto* grid = dynamic_cast<DataGrid*>(top().activeControl())) {
+            user_.moveRow(*grid, *move);
+        }
+    } else {
+        user_.stroke(top(), strokeNamed(name));
     }
-    user_.key(top(), keyNamed(name));
 }
 
 void Interpreter::row(const Command& command) {
@@ -103,7 +107,12 @@ void Interpreter::cell(const Command& command) {
 // Chosen C-262: like `key`, and unlike the other deeds, it leaves the focus where it is.
 void Interpreter::gridKey(const Command& command) {
     auto& grid = kindOf<DataGrid>(control(command.arguments[0].text), "grid");
-    const Key wanted = keyNamed(command.arguments[1].text);
+    const std::string& name = command.arguments[1].text;
+    if (const auto move = rowMoveNamed(name)) {
+        must(command, grid, [&] { return user_.moveRow(grid, *move); });
+        return;
+    }
+    const toolkit::KeyStroke wanted = strokeNamed(name);
     must(command, grid, [&] { return user_.keyInGrid(grid, wanted); });
 }
 

@@ -6,25 +6,13 @@
 #include "velmora/adapters/script/ending.h"
 #include "velmora/adapters/script/shown_text.h"
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/toolkit/message_choices.h"
 
 namespace velmora::script {
 
 namespace {
 
 using screen::Answer;
-using screen::Buttons;
-
-bool offers(Buttons buttons, Answer answer) {
-    switch (buttons) {
-        case Buttons::ok:
-            return answer == Answer::ok;
-        case Buttons::yesNo:
-            return answer == Answer::yes || answer == Answer::no;
-        case Buttons::yesNoCancel:
-            return answer != Answer::ok;
-    }
-    return false;
-}
 
 /// Keeps a form among those shown as long as its modal show lasts, however it ends.
 class Shown {
@@ -49,7 +37,7 @@ void ScriptScreen::showModal(screen::Form& form) {
 }
 
 Answer ScriptScreen::show(const screen::MessageBox& box) {
-    const bool asks = box.buttons != Buttons::ok;
+    const bool asks = box.buttons != screen::Buttons::ok;
     std::optional<Answer> answer = Answer::ok;
     if (asks) {
         answer = takeFront(answers_.boxes);
@@ -61,7 +49,7 @@ Answer ScriptScreen::show(const screen::MessageBox& box) {
     if (!answer) {
         throw Ending(Status::unanswered, "a question has no answer: " + box.text);
     }
-    if (!offers(box.buttons, *answer)) {
+    if (!toolkit::offers(box.buttons, *answer)) {
         throw Ending(Status::wrong, "the question has no such button: " + std::string(nameOf(*answer)));
     }
     return *answer;

@@ -7,6 +7,7 @@
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/toolkit/effective_state.h"
 
 namespace velmora::script {
 
@@ -130,7 +131,7 @@ State stateOf(const Control& control) {
     const auto* box = as<TextBox>(control);
     return {.name = control.fullName(),
             .enabled = control.isEnabled(),
-            .visible = control.isVisible(),
+            .visible = toolkit::isSeen(control),
             .locked = box != nullptr && box->locked(),
             .text = textOf(control)};
 }

@@ -4,6 +4,11 @@
 
 #include "velmora/adapters/script/shown_text.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/toolkit/control_keys.h"
+#include "velmora/platform/toolkit/effective_state.h"
+#include "velmora/platform/toolkit/field_typing.h"
+#include "velmora/platform/toolkit/key_routing.h"
+#include "velmora/platform/toolkit/mnemonics.h"
 
 namespace velmora::script {
 
@@ -11,37 +16,7 @@ namespace {
 
 using namespace screen;
 
-constexpr char32_t backspaceCharacter = 8;
-constexpr char32_t enterCharacter = 13;
-constexpr char32_t escapeCharacter = 27;
-constexpr char32_t firstPrinting = 32;
-
-/// The character that a key brings to a field.
-char32_t characterOf(Key key) {
-    switch (key) {
-        case Key::enter:
-            return enterCharacter;
-        case Key::escape:
-            return escapeCharacter;
-        case Key::comma:
-            return U',';
-        case Key::padDecimal:
-            return U'.';
-        default:
-            return 0;
-    }
-}
-
-Key keyOf(char32_t character) {
-    switch (character) {
-        case U'\n':
-            return Key::enter;
-        case U',':
-            return Key::comma;
-        default:
-            return Key::character;
-    }
-}
+using toolkit::KeyStroke;
 
 bool isLocked(const Control& control) {
     const auto* box = dynamic_cast<const TextBox*>(&control);
@@ -50,8 +25,9 @@ bool isLocked(const Control& control) {
 
 /// Chosen C-263: a locked field refuses the focus too, not only the entry: a script that means to enter something
 /// must not go on as if it had.
+/// Chosen C-302: what stands at a place where another has its turn is not on the screen and refuses likewise.
 bool refuses(const Control& control) {
-    return !control.canTakeFocus() || isLocked(control) || control.form().isUnloaded();
+    return !control.canTakeFocus() || !toolkit::isSeen(control) || isLocked(control) || control.form().isUnloaded();
 }
 
 std::string withoutLast(std::string_view text) {
@@ -65,38 +41,36 @@ std::string withoutLast(std::string_view text) {
     return runtime::toUtf8(characters);
 }
 
-/// The text of a field after one more character.
-std::string withCharacter(std::string_view text, char32_t character, bool severalLines) {
-    if (character == enterCharacter) {
-        return std::string(text) + (severalLines ? "\r\n" : "");
-    }
-    return character < firstPrinting ? std::string(text) : std::string(text) + runtime::toUtf8(character);
-}
+/// A field whose caret stands behind its text.
+class EndOfText final : public toolkit::TextEditor {
+  public:
+    explicit EndOfText(TextBox& box) : box_(box), allSelected_(box.allSelected()) {}
+
+    void insert(char32_t character) override { box_.setText(kept() + runtime::toUtf8(character)); }
+    void breakLine() override { box_.setText(kept() + "\r\n"); }
+    void erase() override { box_.setText(allSelected_ ? std::string() : withoutLast(box_.text())); }
+
+  private:
+    std::string kept() const { return allSelected_ ? std::string() : box_.text(); }
+
+    TextBox& box_;
+    bool allSelected_;
+};
 
 void typeInto(TextBox& box, char32_t character) {
-    KeyPress press{character};
-    box.onKeyPress(press);
-    const bool changes = press.character == backspaceCharacter || press.character >= firstPrinting ||
-                         (press.character == enterCharacter && box.multiLine());
-    if (!changes) {
-        return;
-    }
-    const bool replaces = box.allSelected();
-    // Typing the very text that was selected does not change it, and yet the selection is gone.
-    box.clearSelection();
-    if (press.character == backspaceCharacter) {
-        box.setText(replaces ? std::string() : withoutLast(box.text()));
-    } else {
-        box.setText(withCharacter(replaces ? std::string_view{} : box.text(), press.character, box.multiLine()));
-    }
+    EndOfText editor(box);
+    toolkit::typeInto(box, character, editor);
 }
 
 void typeInto(ComboBox& list, char32_t character) {
-    if (list.style() != ComboBox::Style::editable) {
-        return;
+    if (list.style() == ComboBox::Style::editable && toolkit::editsText(character)) {
+        list.setText(character == toolkit::backspace ? withoutLast(list.text())
+                                                     : list.text() + runtime::toUtf8(character));
     }
-    list.setText(character == backspaceCharacter ? withoutLast(list.text())
-                                                 : withCharacter(list.text(), character, false));
+}
+
+bool opensMenu(const Toolbar& bar, int item) {
+    return !bar.items()[static_cast<std::size_t>(item - 1)].menu.empty();
 }
 
 }  // namespace
@@ -142,7 +116,7 @@ bool User::type(Control& control, std::string_view text) {
     }
     Form& form = control.form();
     for (const char32_t character : runtime::toCodePoints(withPlainBreaks(text))) {
-        stroke(form, keyOf(character), character == U'\n' ? enterCharacter : character);
+        stroke(form, toolkit::strokeTyping(character));
     }
     return true;
 }
@@ -200,58 +174,67 @@ bool User::pressCell(DataGrid& grid, std::size_t column) {
     if (!focus(grid) || grid.rowCount() == 0 || column >= grid.columns().size() || !grid.columns()[column].visible) {
         return false;
     }
-    journal_.guard([&] { grid.onButtonClick(static_cast<int>(column)); });
+    journal_.guard([&] { toolkit::pressCell(grid, column); });
     return true;
 }
 
-bool User::keyInGrid(DataGrid& grid, Key key) {
+bool User::moveRow(DataGrid& grid, toolkit::RowMove move) {
+    if (refuses(grid)) {
+        return false;
+    }
+    journal_.guard([&] { toolkit::moveRow(grid, move); });
+    return true;
+}
+
+void User::pressMnemonic(Form& form, char32_t letter) {
+    const std::optional<toolkit::MnemonicTarget> target = toolkit::targetOf(form, letter);
+    if (!target) {
+        return;
+    }
+    if (target->button != nullptr) {
+        press(*target->button);
+    } else if (!opensMenu(*target->bar, target->item)) {
+        press(*target->bar, target->item);
+    }
+}
+
+bool User::keyInGrid(DataGrid& grid, const KeyStroke& stroke) {
     if (refuses(grid)) {
         return false;
     }
     journal_.guard([&] {
-        KeyDown down{grid.form().keyDown(key)};
-        if (down.key != Key::none && !grid.form().isUnloaded()) {
-            grid.onKeyDown(down);
-        }
+        toolkit::routeKey(grid.form(), stroke, [&](const KeyStroke& turned) {
+            toolkit::keyInGrid(grid, turned, std::nullopt);
+            return true;
+        });
     });
     return true;
 }
 
-void User::key(Form& form, Key key) {
-    stroke(form, key, characterOf(key));
-}
-
-void User::backspace(Form& form) {
-    stroke(form, Key::character, backspaceCharacter);
-}
-
-void User::stroke(Form& form, Key key, char32_t character) {
+void User::stroke(Form& form, const KeyStroke& stroke) {
     journal_.guard([&] {
-        const Key become = form.keyDown(key);
-        if (become != Key::none && !form.isUnloaded()) {
-            deliver(form, become, become == key ? character : characterOf(become));
-        }
+        toolkit::routeKey(form, stroke, [&](const KeyStroke& turned) {
+            deliver(form, turned);
+            return true;
+        });
     });
 }
 
-void User::deliver(Form& form, Key key, char32_t character) {
-    if (key == Key::tab) {
-        form.tabForward();
-        return;
-    }
+void User::deliver(Form& form, const KeyStroke& stroke) {
     Control* active = form.activeControl();
-    if (active == nullptr || refuses(*active)) {
+    if (active == nullptr || !active->canTakeFocus()) {
         return;
     }
     if (auto* grid = dynamic_cast<DataGrid*>(active)) {
-        KeyDown down{key};
-        grid->onKeyDown(down);
-    } else if (auto* button = dynamic_cast<Button*>(active); button != nullptr && key == Key::enter) {
+        toolkit::keyInGrid(*grid, stroke, std::nullopt);
+    } else if (auto* button = dynamic_cast<Button*>(active); button != nullptr && toolkit::pressesButton(stroke)) {
         button->onClick();
-    } else if (auto* box = dynamic_cast<TextBox*>(active); box != nullptr && character != 0) {
-        typeInto(*box, character);
-    } else if (auto* list = dynamic_cast<ComboBox*>(active); list != nullptr && character != 0) {
-        typeInto(*list, character);
+    } else if (auto* check = dynamic_cast<CheckBox*>(active); check != nullptr && toolkit::ticksBox(stroke)) {
+        check->setChecked(!check->checked());
+    } else if (auto* box = dynamic_cast<TextBox*>(active)) {
+        typeInto(*box, stroke.character);
+    } else if (auto* list = dynamic_cast<ComboBox*>(active)) {
+        typeInto(*list, stroke.character);
     }
 }
 

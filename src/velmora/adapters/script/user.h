@@ -8,6 +8,8 @@
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/toolkit/grid_keys.h"
+#include "velmora/platform/toolkit/key_stroke.h"
 
 namespace velmora::script {
 
@@ -39,15 +41,19 @@ class User {
     /// Presses the button of the current row's cell; `column` is an index into the grid's columns.
     bool pressCell(screen::DataGrid& grid, std::size_t column);
     /// A key in the grid, wherever the focus is: the form sees it first.
-    bool keyInGrid(screen::DataGrid& grid, screen::Key key);
+    bool keyInGrid(screen::DataGrid& grid, const toolkit::KeyStroke& stroke);
+
+    /// A key that moves the current row, wherever the focus is. No form sees it.
+    bool moveRow(screen::DataGrid& grid, toolkit::RowMove move);
 
     /// A key where the focus is: the form sees it first, then the control.
-    void key(screen::Form& form, screen::Key key);
-    void backspace(screen::Form& form);
+    void stroke(screen::Form& form, const toolkit::KeyStroke& stroke);
+    /// Alt and a letter: presses the button or item that answers to it; nothing where there is none, or where it would
+    /// open a menu.
+    void pressMnemonic(screen::Form& form, char32_t letter);
 
   private:
-    void stroke(screen::Form& form, screen::Key key, char32_t character);
-    void deliver(screen::Form& form, screen::Key key, char32_t character);
+    void deliver(screen::Form& form, const toolkit::KeyStroke& stroke);
 
     Journal& journal_;
 };

@@ -1,6 +1,7 @@
 #include "velmora/adapters/script/vocabulary.h"
 
 #include "velmora/adapters/script/shown_text.h"
+#include "velmora/platform/runtime/text.h"
 
 namespace velmora::script {
 
@@ -18,7 +19,7 @@ std::size_t position(const Argument& argument) {
     return static_cast<std::size_t>(*number);
 }
 
-Key keyNamed(std::string_view name) {
+toolkit::KeyStroke strokeNamed(std::string_view name) {
     static constexpr auto keys = std::to_array<std::pair<std::string_view, Key>>({{"ENTER", Key::enter},
                                                                                   {"ESC", Key::escape},
                                                                                   {"TAB", Key::tab},
@@ -32,7 +33,27 @@ Key keyNamed(std::string_view name) {
                                                                                   {"F7", Key::f7},
                                                                                   {"F8", Key::f8},
                                                                                   {"F9", Key::f9}});
-    return valueNamed(keys, name);
+    if (name == "BACKSPACE") {
+        return toolkit::strokeTyping(toolkit::backspace);
+    }
+    return toolkit::strokeOf(valueNamed(keys, name));
+}
+
+std::optional<toolkit::RowMove> rowMoveNamed(std::string_view name) {
+    using toolkit::RowMove;
+    static constexpr auto moves = std::to_array<std::pair<std::string_view, RowMove>>(
+        {{"UP", RowMove::up}, {"DOWN", RowMove::down}, {"HOME", RowMove::first}, {"END", RowMove::last}});
+    const auto found = std::ranges::find(moves, name, &std::pair<std::string_view, RowMove>::first);
+    return found == moves.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::optional<char32_t> letterWithAlt(std::string_view name) {
+    constexpr std::string_view alt = "ALT+";
+    if (!name.starts_with(alt)) {
+        return std::nullopt;
+    }
+    const std::u32string letters = runtime::toCodePoints(name.substr(alt.size()));
+    return letters.size() == 1 ? std::optional(letters.front()) : std::nullopt;
 }
 
 Answer answerNamed(std::string_view name) {

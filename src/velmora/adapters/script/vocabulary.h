@@ -15,6 +15,8 @@
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
 #include "velmora/platform/screen/screen.h"
+#include "velmora/platform/toolkit/grid_keys.h"
+#include "velmora/platform/toolkit/key_stroke.h"
 
 namespace velmora::script {
 
@@ -25,7 +27,12 @@ inline constexpr std::string_view formName = "form";
 
 /// A whole number from 0.
 std::size_t position(const Argument& argument);
-screen::Key keyNamed(std::string_view name);
+/// ENTER, F5 …, BACKSPACE.
+toolkit::KeyStroke strokeNamed(std::string_view name);
+/// UP, DOWN, HOME, END; none for any other name.
+std::optional<toolkit::RowMove> rowMoveNamed(std::string_view name);
+/// The G of ALT+G; none for any other name.
+std::optional<char32_t> letterWithAlt(std::string_view name);
 screen::Answer answerNamed(std::string_view name);
 bool onOff(std::string_view text);
 

@@ -159,7 +159,7 @@ void Form::give(Control* control) {
 }
 
 Key Form::keyDown(Key key, bool shift) {
-    if (!enabled_ || unloaded_) {
+    if (!takesInput()) {
         return Key::none;
     }
     KeyDown event{key, shift};

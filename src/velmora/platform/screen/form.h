@@ -89,6 +89,8 @@ class Form {
     /// Raises Unload and ends the modal show. A second call does nothing.
     void unload();
     bool isUnloaded() const { return unloaded_; }
+    /// Whether the user can do anything on it: enabled and not unloaded.
+    bool takesInput() const { return enabled_ && !unloaded_; }
 
     Event<> onActivate;
     Event<> onUnload;

@@ -1,11 +1,11 @@
-#include "velmora/adapters/qt/layout_nature.h"
+#include "velmora/platform/toolkit/layout_nature.h"
 
 #include <algorithm>
 
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/sketch.h"
 
-namespace velmora::qt {
+namespace velmora::toolkit {
 
 namespace {
 
@@ -65,18 +65,8 @@ bool isTall(const Layout& node) {
     }
 }
 
-bool isVisible(const Layout& node) {
-    switch (node.kind) {
-        case Kind::field:
-        case Kind::group:
-            return node.control != nullptr && node.control->isVisible();
-        default:
-            return std::ranges::any_of(node.children, isVisible);
-    }
-}
-
 bool speaksForItself(const Layout& node) {
     return holds<screen::CheckBox>(node) || holds<screen::Button>(node) || holds<screen::Label>(node);
 }
 
-}  // namespace velmora::qt
+}  // namespace velmora::toolkit

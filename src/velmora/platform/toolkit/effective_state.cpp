@@ -1,0 +1,98 @@
+#include "velmora/platform/toolkit/effective_state.h"
+
+#include <algorithm>
+
+#include "velmora/platform/screen/sketch.h"
+
+namespace velmora::toolkit {
+
+using screen::Control;
+using screen::Frame;
+using screen::Layout;
+
+namespace {
+
+bool holds(const Layout& node, const Control& control) {
+    if (node.control == &control || node.captionLabel == &control) {
+        return true;
+    }
+    const auto* sketch = dynamic_cast<const screen::Sketch*>(node.control);
+    return sketch != nullptr && std::ranges::any_of(sketch->labels(), [&](const screen::Sketch::PlacedLabel& label) {
+               return label.box == &control;
+           });
+}
+
+/// Where a layout has a control.
+enum class Place { none, covered, open };
+
+Place placeOf(const Layout& node, const Control& control) {
+    if (holds(node, control)) {
+        return Place::open;
+    }
+    const bool shared = node.kind == Layout::Kind::takeTurns;
+    const std::size_t shown = shared ? shownTurn(node) : 0;
+    Place best = Place::none;
+    for (std::size_t i = 0; i < node.children.size(); ++i) {
+        Place here = placeOf(node.children[i], control);
+        if (here == Place::open && shared && i != shown) {
+            here = Place::covered;
+        }
+        best = std::max(best, here);
+    }
+    return best;
+}
+
+}  // namespace
+
+bool looksEnabled(const Control& control) {
+    for (const Control* c = &control; c != nullptr; c = c->frame()) {
+        if (!c->enabled()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Chosen C-241: a control hidden by itself keeps its room, so that its neighbours stand still; one hidden with its
+// frame gives it back.
+Standing standingOf(const Control& control, const std::vector<const Frame*>& enclosing) {
+    bool frameShown = true;
+    for (const Frame* frame = control.frame(); frame != nullptr; frame = frame->frame()) {
+        if (std::ranges::find(enclosing, frame) != enclosing.end()) {
+            break;
+        }
+        frameShown = frameShown && frame->visible();
+    }
+    const bool isFrame = dynamic_cast<const Frame*>(&control) != nullptr;
+    return {.shown = control.visible() && frameShown, .keepsRoom = frameShown && !isFrame};
+}
+
+bool standsIn(const Control& control, const Frame& frame) {
+    for (const Frame* f = control.frame(); f != nullptr; f = f->frame()) {
+        if (f == &frame) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool isVisible(const Layout& node) {
+    switch (node.kind) {
+        case Layout::Kind::field:
+        case Layout::Kind::group:
+            return node.control != nullptr && node.control->isVisible();
+        default:
+            return std::ranges::any_of(node.children, isVisible);
+    }
+}
+
+std::size_t shownTurn(const Layout& turns) {
+    const auto first = std::ranges::find_if(turns.children, isVisible);
+    return static_cast<std::size_t>(first - turns.children.begin());
+}
+
+bool isSeen(const Control& control) {
+    return control.isVisible() && placeOf(control.form().layout(), control) != Place::covered;
+}
+
+}  // namespace velmora::toolkit

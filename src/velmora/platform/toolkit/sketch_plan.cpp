@@ -1,0 +1,200 @@
+#include "velmora/platform/toolkit/sketch_plan.h"
+
+#include <numbers>
+
+#include "velmora/platform/toolkit/sketch_scale.h"
+
+namespace velmora::toolkit {
+
+namespace {
+
+using screen::Caption;
+using screen::Circle;
+using screen::Dimension;
+using screen::Drawing;
+using screen::Path;
+using screen::Pen;
+using screen::Shape;
+
+constexpr double margin = 10;
+constexpr double arrowHalfWidth = 2.6;
+constexpr double extensionGap = 2;
+constexpr double extensionOvershoot = 4;
+constexpr double outsideReach = 2.2 * arrowLength;  ///< of a line whose arrows stand outside
+constexpr double hatchSpacing = 7;
+/// How far the control points of an arc may lie from its chord, both together, before the arc is halved.
+constexpr double flatness = 0.5;
+
+/// An arc as straight edges: halved as long as it bends away from its chord by more than the eye sees.
+class FlattenedArc {
+  public:
+    FlattenedArc(PixelPoint centre, double radius, TextPlacing& placing)
+        : centre_(centre), radius_(radius), placing_(placing) {}
+
+    void add(double from, double to, int halvings = 9) {
+        const PixelPoint start = at(from);
+        const PixelPoint end = at(to);
+        const PixelPoint chord = end - start;
+        const double spread = std::abs(chord.x) + std::abs(chord.y);
+        const double turn = to - from;
+        const double height = 4.0 / 3.0 * std::tan(turn / 4) * radius_ * std::sin(turn / 2);
+        if (2 * distance(start, end) * height < flatness * spread || halvings == 0) {
+            placing_.addEdge({start, end});
+            return;
+        }
+        add(from, from + turn / 2, halvings - 1);
+        add(from + turn / 2, to, halvings - 1);
+    }
+
+  private:
+    PixelPoint at(double angle) const {
+        return centre_ + PixelPoint{radius_ * std::cos(angle), radius_ * std::sin(angle)};
+    }
+
+    PixelPoint centre_;
+    double radius_;
+    TextPlacing& placing_;
+};
+
+class Planner {
+  public:
+    Planner(const Drawing& drawing, const LabelTexts& labels, const PixelRect& canvas, const MeasureText& measure)
+        : labels_(labels), measure_(measure), placing_(canvas, measure) {
+        for (const Shape& shape : drawing.shapes) {
+            if (isShown(shape)) {
+                shapes_.push_back(&shape);
+            }
+        }
+        scale_ = fittingScale(shapes_, labels_,
+                              {.left = canvas.left + margin,
+                               .top = canvas.top + margin,
+                               .width = canvas.width - 2 * margin,
+                               .height = canvas.height - 2 * margin},
+                              measure_);
+    }
+
+    SketchPlan plan() {
+        for (const Shape* shape : shapes_) {
+            if (!std::holds_alternative<Dimension>(*shape)) {
+                std::visit([this](const auto& s) { add(s); }, *shape);
+            }
+        }
+        // Dimensions last: their texts look for a place that the piece leaves free.
+        for (const Shape* shape : shapes_) {
+            if (const auto* dimension = std::get_if<Dimension>(shape)) {
+                add(*dimension);
+            }
+        }
+        return std::move(plan_);
+    }
+
+  private:
+    bool isShown(const Shape& shape) const {
+        int label = -1;
+        if (const auto* dimension = std::get_if<Dimension>(&shape)) {
+            label = dimension->label;
+        } else if (const auto* path = std::get_if<Path>(&shape)) {
+            label = path->label;
+        }
+        return label < 0 || labels_.contains(label);
+    }
+
+    static bool isEdge(Pen pen) { return pen == Pen::outline || pen == Pen::thin; }
+
+    void add(const Path& path) {
+        PlannedPath planned{.points = {}, .closed = path.closed, .pen = path.pen, .fill = path.fill};
+        for (const screen::Point& point : path.points) {
+            planned.points.push_back(scale_.map(point));
+        }
+        if (isEdge(path.pen)) {
+            addEdges(planned);
+        }
+        plan_.shapes.emplace_back(std::move(planned));
+    }
+
+    void addEdges(const PlannedPath& path) {
+        for (std::size_t i = 1; i < path.points.size(); ++i) {
+            placing_.addEdge({path.points[i - 1], path.points[i]});
+        }
+        if (path.closed && !path.points.empty()) {
+            placing_.addEdge({path.points.back(), path.points.front()});
+        }
+    }
+
+    void add(const Circle& circle) {
+        const PlannedCircle planned{.centre = scale_.map(circle.centre),
+                                    .radius = circle.radius * scale_.pixelsPerMillimetre,
+                                    .pen = circle.pen,
+                                    .fill = circle.fill};
+        if (isEdge(circle.pen) && planned.radius > 0) {
+            FlattenedArc arc(planned.centre, planned.radius, placing_);
+            for (int quarter = 0; quarter < 4; ++quarter) {
+                arc.add(quarter * std::numbers::pi / 2, (quarter + 1) * std::numbers::pi / 2);
+            }
+        }
+        plan_.shapes.emplace_back(planned);
+    }
+
+    void add(const Caption& caption) {
+        PlacedText text = levelText(caption.text, scale_.map(caption.at), measure_);
+        placing_.take(text.bounds);
+        plan_.shapes.emplace_back(std::move(text));
+    }
+
+    void add(const Dimension& dimension) {
+        const DimensionLine line = lineOf(dimension, scale_, labels_);
+        const PixelPoint along = direction(line.start, line.end);
+        PlannedDimension planned;
+        addExtension(line.from, line.start, planned);
+        addExtension(line.to, line.end, planned);
+        // Arrows that have no room between the extension lines stand outside and point inwards.
+        const bool inside = line.hasRoom();
+        const PixelPoint reach = inside ? PixelPoint{} : along * outsideReach;
+        planned.lines.push_back({line.start - reach, line.end + reach});
+        planned.arrows = {arrow(line.start, inside ? -along : along), arrow(line.end, inside ? along : -along)};
+        if (!line.text.empty()) {
+            planned.text = placing_.place(line);
+        }
+        plan_.shapes.emplace_back(std::move(planned));
+    }
+
+    static void addExtension(PixelPoint piece, PixelPoint end, PlannedDimension& planned) {
+        if (distance(piece, end) > extensionGap) {
+            const PixelPoint away = direction(piece, end);
+            planned.lines.push_back({piece + away * extensionGap, end + away * extensionOvershoot});
+        }
+    }
+
+    static ArrowHead arrow(PixelPoint tip, PixelPoint pointing) {
+        const PixelPoint back = tip - pointing * arrowLength;
+        const PixelPoint side = leftOf(pointing) * arrowHalfWidth;
+        return {tip, back + side, back - side};
+    }
+
+    const LabelTexts& labels_;
+    const MeasureText& measure_;
+    TextPlacing placing_;
+    std::vector<const Shape*> shapes_;
+    SketchScale scale_;
+    SketchPlan plan_;
+};
+
+}  // namespace
+
+SketchPlan planSketch(const Drawing& drawing, const LabelTexts& labels, const PixelRect& canvas,
+                      const MeasureText& measure) {
+    return Planner(drawing, labels, canvas, measure).plan();
+}
+
+std::vector<PixelLine> hatchLines(const PixelRect& bounds) {
+    std::vector<PixelLine> lines;
+    const double height = bounds.height;
+    const double first =
+        std::floor((bounds.left - height - bounds.bottom()) / hatchSpacing) * hatchSpacing + bounds.bottom();
+    for (double x = first; x < bounds.right(); x += hatchSpacing) {
+        lines.push_back({{x, bounds.bottom()}, {x + height, bounds.top}});
+    }
+    return lines;
+}
+
+}  // namespace velmora::toolkit

@@ -1,0 +1,47 @@
+#include "velmora/platform/toolkit/user_actions.h"
+
+#include <utility>
+
+namespace velmora::toolkit {
+
+void UserActions::run(const std::function<void()>& action) {
+    ++depth_;
+    guarded(action);
+    --depth_;
+    if (depth_ == 0) {
+        settle();
+    }
+}
+
+bool UserActions::turnTo(screen::Control& control) {
+    form_.moveFocus(control);
+    return form_.activeControl() == &control && control.canTakeFocus();
+}
+
+// The error is shown outside of the handler: a box runs for as long as the user likes.
+void UserActions::guarded(const std::function<void()>& action) {
+    std::exception_ptr error;
+    try {
+        action();
+    } catch (...) {
+        error = std::current_exception();
+    }
+    if (error) {
+        window_.showError(error);
+    }
+}
+
+void UserActions::settle() {
+    ++depth_;
+    for (const std::function<void()>& task : std::exchange(putOff_, {})) {
+        guarded(task);
+    }
+    const screen::Control* active = form_.activeControl();
+    if (active != nullptr && form_.takesInput() && !active->canTakeFocus()) {
+        guarded([this] { form_.tabForward(); });
+    }
+    --depth_;
+    window_.moveKeyboard();
+}
+
+}  // namespace velmora::toolkit
