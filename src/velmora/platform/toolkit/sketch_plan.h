@@ -44,8 +44,8 @@ struct SketchPlan {
 };
 
 /// Scales the drawing to fill the canvas, less a margin, with its texts, which keep their size; a tiny piece is not
-/// blown up beyond 12 pixels a millimetre. Dimensions come last; those whose label `labels` does not hold are left out, with
-/// the paths that belong to them.
+/// blown up beyond 12 pixels a millimetre. Dimensions come last; those whose label `labels` does not hold are left out,
+/// with the paths that belong to them.
 SketchPlan planSketch(const screen::Drawing& drawing, const LabelTexts& labels, const PixelRect& canvas,
                       const MeasureText& measure);
 
