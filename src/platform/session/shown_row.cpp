@@ -35,6 +35,8 @@ void inTransaction(Session& session, const std::function<Ending()>& work) {
             connection.rollbackTrans();
         }
     } catch (...) {
+        // Differs D-168: a fault of the program itself is rolled back too, where its transaction would have kept every
+        // other client out.
         session.Campos().clear();
         // A commit that failed may have left the transaction open, or may not: then there is none to undo.
         runtime::ErrorTrap trap;
