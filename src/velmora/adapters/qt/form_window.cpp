@@ -175,7 +175,6 @@ void FormWindow::focusMoved(screen::Control* control) {
     ControlView* last = std::exchange(focused_, next);
     if (last != nullptr) {
         last->focusLeft();
-        left_.push_back(last);
     }
     syncFocus();
     if (next != nullptr) {
@@ -219,20 +218,12 @@ void FormWindow::reportLater(std::exception_ptr error) {
     QTimer::singleShot(0, this, [this, error] { screen_.showError(error); });
 }
 
-// After an action, and all that it set off: what fields that were left have still to tell, and the keyboard where the
-// model has it.
+// After an action, and all that it set off: the keyboard where the model has it.
 void FormWindow::settle() {
     ++depth_;
-    finishLeftViews();
     leaveUnusableControl();
     --depth_;
     syncFocus();
-}
-
-void FormWindow::finishLeftViews() {
-    for (ControlView* view : std::exchange(left_, {})) {
-        guarded([&] { view->finish(); });
-    }
 }
 
 // A control that was disabled or hidden while it had the focus gives it on.
@@ -294,9 +285,14 @@ bool FormWindow::handlePress(ControlView& view, QEvent& event) {
     screen::Control& control = view.control();
     const bool hadFocus = form_.activeControl() == &control;
     const int boxesBefore = screen_.boxesShown();
+    const auto& press = static_cast<QMouseEvent&>(event);
+    const QString aim = view.aimOf(press);
     bool arrived = false;
     feed([&] { arrived = bringFocus(control); });
-    if (!arrived || form_.activeControl() != &control || screen_.boxesShown() != boxesBefore) {
+    // Differs D-176: leaving a field may list the rows of a grid anew: a press on one of them, or on the button in its
+    // cell, does nothing when another row has come to stand there.
+    if (!arrived || form_.activeControl() != &control || screen_.boxesShown() != boxesBefore ||
+        view.aimOf(press) != aim) {
         return true;
     }
     return (!hadFocus && view.pressed()) || view.otherEvent(event);
