@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -19,6 +20,10 @@ namespace velmora::reference {
 template <typename Form>
 class FormTest : public ::testing::Test {
   protected:
+    FormTest() = default;
+    /// On a database of the test's own, filled like the workshop's.
+    explicit FormTest(std::unique_ptr<sql::Connection> database) : shop(std::move(database)) {}
+
     Form& open() {
         form_ = std::make_unique<Form>(shop.session, shop.desk);
         form_->activate();
@@ -81,6 +86,31 @@ class FormTest : public ::testing::Test {
 
   private:
     std::unique_ptr<Form> form_;
+};
+
+/// A form on a database in a file, and another user who works on the same file with a connection of his own.
+template <typename Form>
+class TwoUsersTest : private support::TemporaryFolder, public FormTest<Form> {
+  protected:
+    TwoUsersTest()
+        : FormTest<Form>(support::makeWorkshopDatabase(file("taller.db"))),
+          another(support::openWorkshopDatabase(file("taller.db"))) {}
+
+    /// What the other user does as soon as the next question stands on the screen. A transaction that waited on the
+    /// user would refuse it.
+    void whileAsked(const std::string& statement) {
+        this->shop.screen.whileAsked = [this, statement] {
+            this->shop.screen.whileAsked = nullptr;
+            another->execute(statement);
+        };
+    }
+    /// Another connection finds no lock in its way.
+    void expectNoLock() {
+        another->beginTrans();
+        another->rollbackTrans();
+    }
+
+    std::unique_ptr<sql::Connection> another;
 };
 
 inline constexpr long refused = sql::provider::failure;

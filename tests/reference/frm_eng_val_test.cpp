@@ -236,6 +236,80 @@ TEST_F(GearFormTest, ClosingWithoutChoosingLeavesTheChosenGearAsItWas) {
     EXPECT_EQ(nIdEngranaje, 7);
 }
 
+// --- Two users ----------------------------------------------------------------------------------------------------
+
+constexpr const char* gone = "Este engranaje ya no existe: otro usuario lo ha eliminado.";
+constexpr const char* takeAllTheSame =
+    "Otro usuario ha cambiado este engranaje desde que se mostró.\r\n¿Desea elegirlo con sus valores de ahora?";
+
+/// Three gears of module 2, the second under the cursor.
+class GearsOfTwoUsersTest : public TwoUsersTest<frmENGVal> {
+  protected:
+    GearsOfTwoUsersTest() {
+        nIdEngranaje = 0;
+        for (const char* teeth : {"20", "30", "40"}) {
+            another->execute(
+                std::string("INSERT INTO ENG (ENG_Tipo,ENG_Modulo,ENG_Z,ENG_Paso,ENG_Dp,ENG_Di,ENG_De,ENG_Dm,ENG_D1,"
+                            "ENG_H,ENG_A,ENG_B,ENG_C) VALUES (0,2,") +
+                teeth + ",6.28,40,35,44,20,10,4.5,30,20,10)");
+        }
+        set(gearModule, "2");
+        leave();
+        fields().dbgRs.moveToRow(1);
+    }
+    void choose() { fields().dbgRs.onButtonClick(0); }
+};
+
+TEST_F(GearsOfTwoUsersTest, AGearThatIsGoneIsNotChosenAndLeavesTheList) {
+    another->execute("delete from ENG where ENG_Id=2");
+    choose();
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(gone));
+    EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::critical);
+    EXPECT_EQ(nIdEngranaje, 0);
+    EXPECT_FALSE(form().isUnloaded());
+    EXPECT_EQ(fields().dbgRs.rowCount(), 2u);
+    EXPECT_EQ(text(gearModule), "2");
+}
+
+TEST_F(GearsOfTwoUsersTest, AGearThatAnotherChangedIsChosenOnlyAfterAYes) {
+    another->execute("update ENG set ENG_D1=12 where ENG_Id=2");
+    shop.screen.queue(screen::Answer::no);
+    choose();
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(takeAllTheSame));
+    EXPECT_EQ(nIdEngranaje, 0);
+    EXPECT_EQ(fields().dbgRs.cellText(1, 9), "12") << "the list is read anew";
+    fields().dbgRs.moveToRow(1);
+    choose();
+    EXPECT_EQ(nIdEngranaje, 2) << "it is as it is on show now";
+    EXPECT_TRUE(form().isUnloaded());
+}
+
+TEST_F(GearsOfTwoUsersTest, AGearChangedByAnotherCanBeTakenAsItIsNow) {
+    another->execute("update ENG set ENG_D1=12 where ENG_Id=2");
+    shop.screen.queue(screen::Answer::yes);
+    choose();
+    EXPECT_EQ(nIdEngranaje, 2);
+    EXPECT_TRUE(form().isUnloaded());
+}
+
+TEST_F(GearsOfTwoUsersTest, RowsThatCameAndWentDoNotMoveTheChoice) {
+    another->execute("delete from ENG where ENG_Id=1");
+    choose();
+    EXPECT_EQ(nIdEngranaje, 2);
+}
+
+TEST_F(GearsOfTwoUsersTest, AFaultOfTheProgramInTheMidstOfAWriteIsRolledBack) {
+    set(gearHeight, "4");
+    set(gearBore, "10");
+    nIdEngranaje = 3;
+    shop.connection.breakOn("Select max(ENG_ID)");
+    goTo(fields().cmdGrabar);
+    EXPECT_THROW(fields().cmdGrabar.onClick(), std::logic_error);
+    expectNoLock();
+    EXPECT_EQ(shop.query("select count(*) from ENG"), "3");
+    EXPECT_EQ(nIdEngranaje, 0);
+}
+
 // --- New and cancel -----------------------------------------------------------------------------------------------
 
 TEST_F(GearFormTest, NewDisablesTheToothingAndItsFieldCannotTakeTheFocus) {

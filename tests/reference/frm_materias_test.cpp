@@ -420,6 +420,8 @@ TEST_F(MaterialsFormTest, AnEditedMaterialIsUpdatedAndStaysCurrent) {
     press(fields().cmdGuardar);
     EXPECT_THAT(shop.connection.log(),
                 ElementsAre("Select count(*) from dpi where DPI_IdParDisco = 2 Or DPI_IdParCubo = 2", "BEGIN",
+                            "SELECT PARDPI.* FROM PARDPI WHERE PARDPI_Id = 2",
+                            "Select count(*) from dpi where DPI_IdParDisco = 2 Or DPI_IdParCubo = 2",
                             "UPDATE PARDPI SET PARDPI_NOM=N'Cubo d''acer',PARDPI_ART=N'12',PARDPI_MATP=N'Acero "
                             "F-1140',PARDPI_HIERRO=0,PARDPI_CRE=0,PARDPI_DISCO=1 WHERE PARDPI_Id = 2",
                             list, "COMMIT"));
@@ -532,8 +534,10 @@ TEST_F(MaterialsFormTest, AConfirmedMaterialIsDeleted) {
     EXPECT_EQ(box.buttons, screen::Buttons::yesNo);
     EXPECT_EQ(box.defaultButton, 2);
     EXPECT_THAT(shop.connection.log(),
-                ElementsAre("Select Count(*) from dpi where DPI_IdParDisco=4 Or DPI_IdParCubo = 4",
-                            "DELETE FROM PARDPI WHERE PARDPI_Id = 4", list));
+                ElementsAre("Select Count(*) from dpi where DPI_IdParDisco=4 Or DPI_IdParCubo = 4", "BEGIN",
+                            "SELECT PARDPI.* FROM PARDPI WHERE PARDPI_Id = 4",
+                            "Select Count(*) from dpi where DPI_IdParDisco=4 Or DPI_IdParCubo = 4",
+                            "DELETE FROM PARDPI WHERE PARDPI_Id = 4", "COMMIT", list));
     EXPECT_EQ(fields().dbgFco.rowCount(), 4u);
     EXPECT_EQ(text(materialId), "1");
 }
@@ -571,6 +575,224 @@ TEST_F(MaterialsFormTest, ARefusedDeleteReachesTheUser) {
     EXPECT_EQ(errorOf([&] { fields().cmdBorrar.onClick(); }), refused);
     EXPECT_EQ(materials(), "5");
     EXPECT_EQ(text(materialId), "4");
+}
+
+TEST_F(MaterialsFormTest, ATextThatIsNoWholeNumberDeletesNothing) {
+    for (const char* code :
+         {"2 or 1=1", "0 or 1=1", "1+1", "(2)", "1e0", "1.5", "2;", "PARDPI_Id", " ", "99999999999"}) {
+        open();
+        goToRow(1);
+        shop.connection.clear();
+        shop.screen.messages.clear();
+        goTo(fields().cmdBorrar);
+        field(materialId).setText(code);
+        errorOf([&] { fields().cmdBorrar.onClick(); });
+        EXPECT_THAT(shop.connection.logged("DELETE"), IsEmpty()) << code;
+        EXPECT_EQ(materials(), "5") << code;
+        EXPECT_EQ(text(materialName), "Cubo F-1140") << code;
+    }
+    field(materialId).setText("0 or 1=1");
+    fields().cmdBorrar.onClick();
+    EXPECT_EQ(last(), "El código del material debe ser un número entero.");
+    EXPECT_EQ(shop.screen.messages.back().icon, screen::Icon::critical);
+}
+
+TEST_F(MaterialsFormTest, ATextThatIsNoWholeNumberIsInNoUpdate) {
+    for (const char* code : {"2 or 1=1", "1.5", "doce"}) {
+        open();
+        goToRow(1);
+        goTo(fields().cmdGuardar);
+        field(materialId).setText(code);
+        field(materialName).setText(code);
+        shop.connection.clear();
+        fields().cmdGuardar.onClick();
+        ASSERT_EQ(shop.connection.logged("UPDATE").size(), 1u) << code;
+        EXPECT_THAT(shop.connection.logged("UPDATE")[0], ::testing::EndsWith(" WHERE PARDPI_Id = 2")) << code;
+    }
+}
+
+TEST_F(MaterialsFormTest, ANumberThatTheListDoesNotHoldDeletesNothing) {
+    open();
+    goToRow(1);
+    shop.database->execute("insert into PARDPI (PARDPI_NOM,PARDPI_ART) values (N'De otro',11)");
+    set(materialId, "6");
+    press(fields().cmdBorrar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre("El material nº 6 no está en la lista."));
+    EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::critical);
+    EXPECT_EQ(text(materialName), "Cubo F-1140") << "another material's name stood beside the number";
+    EXPECT_EQ(materials(), "6");
+    shop.database->execute("delete from PARDPI");
+    open();
+    set(materialId, "6");
+    press(fields().cmdBorrar);
+    EXPECT_EQ(last(), "El material nº 6 no está en la lista.");
+}
+
+// --- Two users ----------------------------------------------------------------------------------------------------
+
+constexpr const char* gone = "El material nº 2 ya no existe: otro usuario lo ha eliminado.";
+constexpr const char* writeOver =
+    "Otro usuario ha cambiado este material desde que se mostró.\r\n¿Desea grabar encima de sus cambios?";
+constexpr const char* deleteAllTheSame =
+    "Otro usuario ha cambiado este material desde que se mostró.\r\n¿Desea eliminarlo de todos modos?";
+constexpr const char* proposalWithMaterialTwo =
+    "INSERT INTO DPI (DPI_Tipo,DPI_IdParDisco,DPI_IdParCubo) VALUES (0,1,2)";
+constexpr const char* inUseNotChanged = "No es posible modificar un Indice de Material ya utilizado";
+constexpr const char* inUseNotDeleted = "No es posible eliminar este material al estar utilizado en una propuesta.";
+constexpr const char* confirm = "Confirma la eliminacion del registro \r\n2 Cubo F-1140";
+
+class MaterialsOfTwoUsersTest : public TwoUsersTest<frmMaterias> {
+  protected:
+    /// Material 2 stands in the fields, with a name of the user's own where one is given.
+    void show(const char* typed = nullptr) {
+        open();
+        fields().dbgFco.moveToRow(1);
+        if (typed != nullptr) {
+            set(materialName, typed);
+        }
+        shop.screen.messages.clear();
+    }
+    std::string nameOf(const char* id) {
+        return shop.query(std::string("select isnull(max(PARDPI_NOM),'-') from PARDPI where PARDPI_ID=") + id);
+    }
+};
+
+TEST_F(MaterialsOfTwoUsersTest, AMaterialThatIsGoneIsNotSavedAndTheEntryStays) {
+    show("Otro nombre");
+    another->execute("delete from PARDPI where PARDPI_ID=2");
+    press(fields().cmdGuardar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(std::string(gone) + "\r\nNo se ha grabado nada."));
+    EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::critical);
+    EXPECT_EQ(shop.screen.messages[0].title, "Accion Cancelada");
+    EXPECT_EQ(text(materialId), "2");
+    EXPECT_EQ(text(materialName), "Otro nombre");
+    EXPECT_EQ(shop.query("select count(*) from PARDPI where PARDPI_NOM='Otro nombre'"), "0");
+    expectNoLock();
+}
+
+TEST_F(MaterialsOfTwoUsersTest, AMaterialThatAnotherChangedIsWrittenOverAfterAYes) {
+    show("Mio");
+    another->execute("update PARDPI set PARDPI_MATP=N'Suyo' where PARDPI_ID=2");
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdGuardar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, saved));
+    EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::exclamation);
+    EXPECT_EQ(shop.screen.messages[0].buttons, screen::Buttons::yesNo);
+    EXPECT_EQ(shop.screen.messages[0].defaultButton, 2);
+    EXPECT_EQ(nameOf("2"), "Mio");
+    EXPECT_EQ(shop.query("select PARDPI_MATP from PARDPI where PARDPI_ID=2"), "Acero F-1140") << "as it was on show";
+}
+
+TEST_F(MaterialsOfTwoUsersTest, OnNoTheOthersChangeAndTheOwnEntryStay) {
+    show("Mio");
+    another->execute("update PARDPI set PARDPI_NOM=N'Suyo' where PARDPI_ID=2");
+    shop.screen.queue(Answer::no);
+    press(fields().cmdGuardar);
+    EXPECT_EQ(nameOf("2"), "Suyo");
+    EXPECT_EQ(text(materialName), "Mio");
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver));
+    expectNoLock();
+}
+
+TEST_F(MaterialsOfTwoUsersTest, WhileTheQuestionStandsTheOtherUserCanWrite) {
+    show("Mio");
+    another->execute("update PARDPI set PARDPI_NOM=N'Suyo' where PARDPI_ID=2");
+    whileAsked("update PARDPI set PARDPI_NOM=N'Suyo otra vez' where PARDPI_ID=2");
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdGuardar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, saved)) << "asked once";
+    EXPECT_EQ(nameOf("2"), "Mio");
+}
+
+TEST_F(MaterialsOfTwoUsersTest, AMaterialThatGoesWhileTheQuestionStandsIsNotSaved) {
+    show("Mio");
+    another->execute("update PARDPI set PARDPI_NOM=N'Suyo' where PARDPI_ID=2");
+    whileAsked("delete from PARDPI where PARDPI_ID=2");
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdGuardar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, std::string(gone) + "\r\nNo se ha grabado nada."));
+    EXPECT_EQ(text(materialName), "Mio");
+}
+
+TEST_F(MaterialsOfTwoUsersTest, AMaterialThatAProposalTakesWhileTheQuestionStandsIsNotSaved) {
+    show("Mio");
+    another->execute("update PARDPI set PARDPI_NOM=N'Suyo' where PARDPI_ID=2");
+    whileAsked(proposalWithMaterialTwo);
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdGuardar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, inUseNotChanged));
+    EXPECT_EQ(nameOf("2"), "Suyo");
+    EXPECT_EQ(text(materialName), "Mio");
+    expectNoLock();
+}
+
+TEST_F(MaterialsOfTwoUsersTest, AMaterialThatAProposalTakesWhileTheQuestionStandsIsNotDeleted) {
+    show();
+    whileAsked(proposalWithMaterialTwo);
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdBorrar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(confirm, inUseNotDeleted));
+    EXPECT_EQ(nameOf("2"), "Cubo F-1140");
+    expectNoLock();
+}
+
+TEST_F(MaterialsOfTwoUsersTest, ADeleteOfAMaterialThatIsGoneIsToldAndTheListReadAnew) {
+    show();
+    another->execute("delete from PARDPI where PARDPI_ID=2");
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdBorrar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(confirm, gone));
+    EXPECT_THAT(shop.connection.logged("DELETE"), IsEmpty());
+    EXPECT_EQ(fields().dbgFco.rowCount(), 4u);
+    EXPECT_EQ(text(materialId), "1");
+    expectNoLock();
+}
+
+TEST_F(MaterialsOfTwoUsersTest, ADeleteOfAMaterialThatAnotherChangedIsAskedAboutOnce) {
+    show();
+    another->execute("update PARDPI set PARDPI_NOM=N'Suyo' where PARDPI_ID=2");
+    shop.screen.queue(Answer::yes);
+    shop.screen.queue(Answer::no);
+    press(fields().cmdBorrar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(confirm, deleteAllTheSame));
+    EXPECT_EQ(shop.screen.messages[1].defaultButton, 2);
+    EXPECT_EQ(nameOf("2"), "Suyo");
+    EXPECT_EQ(text(materialId), "2");
+    expectNoLock();
+    shop.screen.queue(Answer::yes);
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdBorrar);
+    EXPECT_EQ(nameOf("2"), "-");
+    EXPECT_EQ(fields().dbgFco.rowCount(), 4u);
+}
+
+TEST_F(MaterialsOfTwoUsersTest, RowsThatCameAndWentDoNotTurnASaveOnToTheirNeighbour) {
+    show("Mio");
+    another->execute("delete from PARDPI where PARDPI_ID=1");
+    another->execute("insert into PARDPI (PARDPI_NOM,PARDPI_ART) values (N'De otro',11)");
+    press(fields().cmdGuardar);
+    EXPECT_EQ(last(), saved);
+    EXPECT_EQ(nameOf("2"), "Mio");
+    EXPECT_EQ(nameOf("3"), "Tubo E355");
+    EXPECT_EQ(nameOf("6"), "De otro");
+    EXPECT_EQ(text(materialId), "2");
+}
+
+TEST_F(MaterialsOfTwoUsersTest, AFaultOfTheProgramInTheMidstOfAWriteIsRolledBack) {
+    show("Mio");
+    shop.connection.breakOn("UPDATE PARDPI");
+    goTo(fields().cmdGuardar);
+    EXPECT_THROW(fields().cmdGuardar.onClick(), std::logic_error);
+    expectNoLock();
+    EXPECT_EQ(nameOf("2"), "Cubo F-1140");
+    shop.connection.breakOn("DELETE");
+    shop.screen.queue(Answer::yes);
+    goTo(fields().cmdBorrar);
+    EXPECT_THROW(fields().cmdBorrar.onClick(), std::logic_error);
+    expectNoLock();
+    EXPECT_EQ(nameOf("2"), "Cubo F-1140");
+    press(fields().cmdGuardar);
+    EXPECT_EQ(nameOf("2"), "Mio");
 }
 
 // --- Keys ---------------------------------------------------------------------------------------------------------

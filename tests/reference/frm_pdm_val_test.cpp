@@ -233,7 +233,7 @@ TEST_F(DoublesFormTest, AnEditedRowIsUpdatedAndShownAgain) {
     shop.connection.clear();
     press(fields().cmdGrabar);
     EXPECT_THAT(shop.connection.log(),
-                ElementsAre("BEGIN",
+                ElementsAre("BEGIN", "Select * from PDM where PDM_ID = 3",
                             "UPDATE PDM SET PDM_Tipo=0,PDM_Titulo=N'Piñon ISO 3/8'''' Doble Z11',PDM_Z=11,PDM_De=37.5,"
                             "PDM_Dp=33.8,PDM_Df=27.45,PDM_Dm=22,PDM_D2=10,PDM_A=25,PDM_B1=5.3,PDM_B2=15.54,PDM_X=10.24,"
                             "PDM_Paso=9.53,PDM_AC=5.72,PDM_Rodillo=6.35,PDM_H1=2 Where PDM_ID = 3",
@@ -372,6 +372,103 @@ TEST_F(DoublesFormTest, APitchOfThreeDecimalsIsShownUsedAndStoredWithTwo) {
     fields().dbgRs.moveToRow(0);
     press(fields().cmdGrabar);
     EXPECT_EQ(shop.query("select PDM_Paso from PDM where PDM_ID=2"), "9,53");
+}
+
+// --- Two users ----------------------------------------------------------------------------------------------------
+
+constexpr const char* gone = "Este registro ya no existe: otro usuario lo ha eliminado.\r\nNo se ha grabado nada.";
+constexpr const char* writeOver =
+    "Otro usuario ha cambiado este registro desde que se mostró.\r\n¿Desea grabar encima de sus cambios?";
+constexpr const char* saved = "Datos grabados satisfactoriamente";
+
+/// The workshop's row, of 17 teeth, with an exterior that the user has typed.
+class DoublesOfTwoUsersTest : public TwoUsersTest<frmPDMVal> {
+  protected:
+    void show() {
+        shop.screen.queue(Answer::no);
+        open();
+        fields().cboDobles.setListIndex(1);
+        set(chainDe, "75");
+        leave();
+        shop.screen.messages.clear();
+    }
+    std::string exterior() { return shop.query("select isnull(max(PDM_De),0) from PDM where PDM_ID=1"); }
+};
+
+TEST_F(DoublesOfTwoUsersTest, ARowThatIsGoneIsNotSavedAndTheEntryStays) {
+    show();
+    another->execute("delete from PDM where PDM_ID=1");
+    press(fields().cmdGrabar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(gone));
+    EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::critical);
+    EXPECT_EQ(text(chainDe), "75");
+    EXPECT_EQ(shop.query("select count(*) from PDM"), "0");
+    expectNoLock();
+    press(fields().cmdNuevo);
+    press(fields().cmdGrabar);
+    EXPECT_EQ(shop.query("select PDM_De from PDM"), "75") << "what was typed can be kept as a new row";
+}
+
+TEST_F(DoublesOfTwoUsersTest, ARowThatAnotherChangedIsAskedAboutOnceWithoutALock) {
+    show();
+    another->execute("update PDM set PDM_Dm=49 where PDM_ID=1");
+    shop.screen.queue(Answer::no);
+    press(fields().cmdGrabar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver));
+    EXPECT_EQ(exterior(), "74,5");
+    EXPECT_EQ(text(chainDe), "75");
+    expectNoLock();
+    whileAsked("update PDM set PDM_Dm=50 where PDM_ID=1");
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdGrabar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, writeOver, saved));
+    EXPECT_EQ(exterior(), "75");
+    EXPECT_EQ(shop.query("select PDM_Dm from PDM where PDM_ID=1"), "48") << "as it was on show";
+    press(fields().cmdGrabar);
+    EXPECT_EQ(shop.screen.messages.size(), 4u) << "the row on show is the one that was stored";
+}
+
+TEST_F(DoublesOfTwoUsersTest, ARowThatGoesWhileTheQuestionStandsIsNotSaved) {
+    show();
+    another->execute("update PDM set PDM_Dm=49 where PDM_ID=1");
+    whileAsked("delete from PDM where PDM_ID=1");
+    shop.screen.queue(Answer::yes);
+    press(fields().cmdGrabar);
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, gone));
+    EXPECT_EQ(text(chainDe), "75");
+}
+
+TEST_F(DoublesOfTwoUsersTest, RowsThatCameAndWentDoNotTurnASaveOnToTheirNeighbour) {
+    const auto insert = [this](const char* teeth) {
+        another->execute(std::string("INSERT INTO PDM (PDM_Tipo,PDM_Z,PDM_De) VALUES (1,") + teeth + ",10)");
+    };
+    insert("18");
+    insert("19");
+    shop.screen.queue(Answer::no);
+    open();
+    fields().cboDobles.setListIndex(1);
+    fields().dbgRs.moveToRow(1);
+    set(chainDe, "80");
+    another->execute("delete from PDM where PDM_ID=1");
+    press(fields().cmdGrabar);
+    EXPECT_EQ(last(), saved);
+    EXPECT_EQ(shop.query("select PDM_De from PDM where PDM_Z=18"), "80");
+    EXPECT_EQ(shop.query("select PDM_De from PDM where PDM_Z=19"), "10");
+    EXPECT_EQ(text(chainTeeth), "18,00");
+}
+
+TEST_F(DoublesOfTwoUsersTest, AFaultOfTheProgramInTheMidstOfAWriteIsRolledBack) {
+    show();
+    shop.connection.breakOn("UPDATE PDM");
+    goTo(fields().cmdGrabar);
+    EXPECT_THROW(fields().cmdGrabar.onClick(), std::logic_error);
+    expectNoLock();
+    press(fields().cmdNuevo);
+    shop.connection.breakOn("Select max(PDM_ID)");
+    goTo(fields().cmdGrabar);
+    EXPECT_THROW(fields().cmdGrabar.onClick(), std::logic_error);
+    expectNoLock();
+    EXPECT_EQ(shop.query("select count(*) from PDM"), "1");
 }
 
 // --- Keys ---------------------------------------------------------------------------------------------------------

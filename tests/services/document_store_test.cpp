@@ -50,7 +50,7 @@ TEST_F(DocumentStoreTest, AFileMovesIntoTheDatabaseStatementByStatement) {
     const std::string path = source();
     EXPECT_TRUE(store.msAnadirFichero(path, proposal7));
     EXPECT_THAT(connection.log(),
-                ElementsAre("BEGIN",
+                ElementsAre("BEGIN", "Select DPI_Id from DPI where DPI_Id = 7",
                             "INSERT INTO DOCTALLER.dbo.Dex (Dex_Doc,Dex_Fic,Dex_FicDes,Dex_Idexp,Dex_IdAct,Dex_IdUsu,"
                             "Dex_Estado,Dex_Importe,Dex_Fecha) VALUES (Null,N'pieza.pdf',N'pdf',7,-8,7,1,0,getdate())",
                             "Select isnull(max(dex_id),1) from DOCTALLER.dbo.dex", "COMMIT",
@@ -202,11 +202,12 @@ TEST_F(DocumentStoreTest, AFailureAtAnyStepKeepsTheFileAndNeverHalfARow) {
     const std::string told = "Error : \r\nFallo provocado";
     const Failure failures[] = {
         {0, "begin", {}, true, "0"},
-        {1, "insert", {"Error añadiendo fichero"}, false, "0"},
-        {2, "key", {}, true, "0"},
-        {3, "commit", {}, true, "0"},
-        {4, "select of the row", {told, "Error insertando el documento"}, false, "1"},
-        {5, "content", {told, "Error insertando el documento"}, false, "1"},
+        {1, "look at the proposal", {}, true, "0"},
+        {2, "insert", {"Error añadiendo fichero"}, false, "0"},
+        {3, "key", {}, true, "0"},
+        {4, "commit", {}, true, "0"},
+        {5, "select of the row", {told, "Error insertando el documento"}, false, "1"},
+        {6, "content", {told, "Error insertando el documento"}, false, "1"},
     };
     for (const Failure& each : failures) {
         database->execute("delete from DOCTALLER.dbo.dex");
@@ -346,9 +347,89 @@ TEST_F(DocumentStoreTest, FiftyMegabytesGoInAndComeOutByteForByte) {
 TEST_F(DocumentStoreTest, ADocumentIsDeletedByItsKey) {
     put(1, "a.pdf", "0x41");
     put(2, "b.pdf", "0x42");
-    store.remove(1);
-    EXPECT_THAT(connection.log(), ElementsAre("delete from DOCTALLER.dbo.dex where dex_id = 1"));
+    sql::Recordset list = store.list(proposal7);
+    list.moveNext();
+    const ShownDocument first = store.shown(list, proposal7);
+    list.moveFirst();
+    connection.clear();
+    store.remove(first);
+    EXPECT_THAT(connection.log(),
+                ElementsAre("BEGIN",
+                            "Select dex_id,dex_fic from DOCTALLER.dbo.dex where dex_idExp =7 and dex_idAct=-8 and "
+                            "dex_id = 1",
+                            "delete from DOCTALLER.dbo.dex where dex_id = 1", "COMMIT"));
     EXPECT_EQ(query("select Dex_Fic from DOCTALLER.dbo.dex"), "b.pdf");
+    EXPECT_THAT(screen.messages, IsEmpty());
+}
+
+TEST_F(DocumentStoreTest, ADocumentThatIsGoneOrAnothersIsNotDeleted) {
+    for (const char* meanwhile : {"delete from DOCTALLER.dbo.dex", "update DOCTALLER.dbo.dex set Dex_IdExp=8"}) {
+        put(1, "a.pdf", "0x41");
+        const ShownDocument document = store.shown(store.list(proposal7), proposal7);
+        database->execute(meanwhile);
+        connection.clear();
+        screen.messages.clear();
+        store.remove(document);
+        EXPECT_THAT(screen.messageTexts(), ElementsAre("Este documento ya no existe: otro usuario lo ha eliminado."));
+        EXPECT_EQ(screen.messages[0].icon, screen::Icon::critical);
+        EXPECT_THAT(connection.logged("delete"), IsEmpty()) << meanwhile;
+        EXPECT_EQ(connection.log().back(), "ROLLBACK");
+        database->execute("delete from DOCTALLER.dbo.dex");
+    }
+}
+
+TEST_F(DocumentStoreTest, ADocumentThatAnotherChangedIsAskedAboutOnce) {
+    put(1, "a.pdf", "0x41");
+    const ShownDocument document = store.shown(store.list(proposal7), proposal7);
+    database->execute("update DOCTALLER.dbo.dex set Dex_Fic='definitivo.pdf'");
+    screen.whileAsked = [&] { EXPECT_EQ(connection.log().back(), "ROLLBACK") << "a transaction waits on the user"; };
+    screen.queue(screen::Answer::no);
+    store.remove(document);
+    EXPECT_THAT(screen.messageTexts(), ElementsAre("Otro usuario ha cambiado este documento desde que se mostró.\r\n"
+                                                   "¿Desea eliminarlo de todos modos?"));
+    EXPECT_EQ(screen.messages[0].defaultButton, 2);
+    EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex"), "1");
+    screen.queue(screen::Answer::yes);
+    store.remove(document);
+    EXPECT_EQ(screen.messages.size(), 2U);
+    EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex"), "0");
+}
+
+TEST_F(DocumentStoreTest, AProposalThatIsGoneGetsNoDocumentAndTheFileStays) {
+    const std::string path = source();
+    database->execute("delete from DPI where DPI_Id=7");
+    EXPECT_TRUE(store.msAnadirFichero(path, proposal7));
+    EXPECT_THAT(screen.messageTexts(), ElementsAre("La propuesta nº 7 ya no existe: otro usuario la ha eliminado.\r\n"
+                                                   "No se ha adjuntado nada."));
+    EXPECT_EQ(screen.messages[0].icon, screen::Icon::critical);
+    EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex"), "0");
+    EXPECT_EQ(contentOf(path), "%PDF-1.7");
+    EXPECT_THAT(connection.log(), ElementsAre("BEGIN", "Select DPI_Id from DPI where DPI_Id = 7", "ROLLBACK"));
+}
+
+TEST_F(DocumentStoreTest, WhatElseTheHostKeepsDocumentsOfIsNotLookedFor) {
+    EXPECT_TRUE(store.msAnadirFichero(source(), {.nIdExp = 99, .nIdAct = -1}));
+    EXPECT_THAT(connection.logged("DPI"), IsEmpty());
+    EXPECT_EQ(query("select Dex_IdExp from DOCTALLER.dbo.dex"), "99");
+}
+
+TEST_F(DocumentStoreTest, AFaultOfTheProgramInTheMidstOfAWriteIsRolledBack) {
+    put(1, "a.pdf", "0x41");
+    const ShownDocument document = store.shown(store.list(proposal7), proposal7);
+    for (const char* statement : {"INSERT INTO DOC", "Select isnull(max", "delete from DOC"}) {
+        connection.breakOn(statement);
+        const auto deed = [&] {
+            if (std::string_view(statement).starts_with("delete")) {
+                store.remove(document);
+            } else {
+                store.msAnadirFichero(source(), proposal7);
+            }
+        };
+        EXPECT_THROW(deed(), std::logic_error) << statement;
+        EXPECT_EQ(connection.log().back(), "ROLLBACK") << statement;
+        EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex"), "1") << statement;
+        EXPECT_TRUE(exists(desktop / "pieza.pdf")) << statement;
+    }
 }
 
 TEST_F(DocumentStoreTest, ALostConnectionCannotNameItsCatalogue) {

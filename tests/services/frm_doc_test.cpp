@@ -147,6 +147,37 @@ TEST_F(FrmDocTest, OnlyAYesDeletesTheDocumentUnderTheCursor) {
     EXPECT_EQ(screen.messages[0].buttons, screen::Buttons::yesNo);
 }
 
+TEST_F(FrmDocTest, TheDocumentOfTheQuestionIsTheOneThatGoesWhateverCameMeanwhile) {
+    add("primero.pdf");
+    add("segundo.pdf");
+    form.dbgPlanos.moveToRow(1);
+    screen.whileAsked = [&] {
+        database->execute("INSERT INTO DOCTALLER.dbo.dex (Dex_IdExp,Dex_IdAct,Dex_Fic) VALUES (7,-8,N'de otro.pdf')");
+    };
+    screen.queue(screen::Answer::yes);
+    button(5);
+    EXPECT_THAT(names(), ElementsAre("de otro.pdf", "segundo.pdf"));
+}
+
+TEST_F(FrmDocTest, ADocumentThatIsGoneLeavesTheList) {
+    add("primero.pdf");
+    add("segundo.pdf");
+    database->execute("delete from DOCTALLER.dbo.dex where Dex_Id=2");
+    screen.queue(screen::Answer::yes);
+    button(5);
+    EXPECT_EQ(screen.messages.back().text, "Este documento ya no existe: otro usuario lo ha eliminado.");
+    EXPECT_THAT(names(), ElementsAre("primero.pdf"));
+}
+
+TEST_F(FrmDocTest, AProposalThatIsGoneGetsNoDocument) {
+    database->execute("delete from DPI");
+    add("plano.pdf", "uno");
+    EXPECT_THAT(names(), IsEmpty());
+    EXPECT_EQ(contentOf(desktop / "plano.pdf"), "uno");
+    EXPECT_EQ(form.tag(), "");
+    EXPECT_EQ(screen.messages.size(), 1U);
+}
+
 TEST_F(FrmDocTest, AScanIsStoredUnderTheMinuteAndItsFileIsGone) {
     menu("ESCANER");
     EXPECT_THAT(paper.paths, ElementsAre(temporary / "DOC202601151007.pdf"));
@@ -192,7 +223,7 @@ TEST_F(FrmDocTest, AScanThatIsCancelledLeavesNoRow) {
 }
 
 TEST_F(FrmDocTest, AScanIsDeletedEvenWhenItsContentDidNotReachTheDatabase) {
-    faults.failAt(5);
+    faults.failAt(6);
     menu("ESCANER");
     EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex where Dex_Doc is null"), "1");
     EXPECT_FALSE(exists(temporary / "DOC202601151007.pdf"));
@@ -200,7 +231,7 @@ TEST_F(FrmDocTest, AScanIsDeletedEvenWhenItsContentDidNotReachTheDatabase) {
 }
 
 TEST_F(FrmDocTest, AFileFromDiskWhoseContentFailedStaysWhereAScanDoesNot) {
-    faults.failAt(5);
+    faults.failAt(6);
     add("plano.pdf", "uno");
     EXPECT_EQ(contentOf(desktop / "plano.pdf"), "uno");
 }

@@ -167,10 +167,14 @@ inline sql::Bytes bytes(std::string_view text) {
     return sql::Bytes(first, first + text.size());
 }
 
+/// Proposals 7 and 8 are there, and no documents.
 class ServicesTest : public ::testing::Test {
   protected:
     ServicesTest() {
         data::createDatabase(*database);
+        for (const char* proposal : {"7", "8"}) {
+            database->execute(std::string("INSERT INTO DPI (DPI_Id,DPI_Tipo) VALUES (") + proposal + ",0)");
+        }
         services.folder = temporary.withSeparator();
     }
 

@@ -33,6 +33,8 @@ class ScriptedScreen : public screen::Screen {
 
     /// The answer of the next question, in order. A box with only OK answers itself.
     void queue(screen::Answer answer) { answers_.push_back(answer); }
+    /// What happens elsewhere while a question stands on the screen.
+    std::function<void()> whileAsked;
     /// The row chosen in the next search window; none leaves it without a choice.
     void queuePick(std::optional<std::size_t> row) { picks_.push_back(row); }
     /// What the user does in the next form that is shown modally; the form is unloaded afterwards.
@@ -68,6 +70,9 @@ class ScriptedScreen : public screen::Screen {
         messages.push_back(box);
         if (box.buttons == screen::Buttons::ok) {
             return screen::Answer::ok;
+        }
+        if (const auto happening = whileAsked) {
+            happening();
         }
         if (answers_.empty()) {
             unexpected("the question \"" + box.text + "\"");

@@ -2,8 +2,10 @@
 // Watches what reaches a connection, to the letter, and refuses what a test wants refused.
 
 #include <deque>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "velmora/platform/sql/connection.h"
@@ -33,6 +35,8 @@ class RecordingConnection : public sql::ForwardingConnection {
     void refuse(std::string text, long number = sql::provider::failure, std::string description = "Rechazada") {
         refusals_.push_back({std::move(text), sql::DbError(number, std::move(description))});
     }
+    /// The next statement that holds the text meets a fault of the program itself: a std::logic_error.
+    void breakOn(std::string text) { breaking_ = std::move(text); }
     /// From now on the connection is gone: isAlive is false and every statement fails.
     void lose() { lost_ = true; }
 
@@ -40,6 +44,10 @@ class RecordingConnection : public sql::ForwardingConnection {
         log_.emplace_back(statement);
         if (lost_) {
             throw sql::DbError(sql::provider::failure, "Se perdió la conexión");
+        }
+        if (!breaking_.empty() && statement.find(breaking_) != std::string_view::npos) {
+            breaking_.clear();
+            throw std::logic_error("a fault of the program");
         }
         for (auto refusal = refusals_.begin(); refusal != refusals_.end(); ++refusal) {
             if (statement.find(refusal->text) != std::string_view::npos) {
@@ -71,6 +79,7 @@ class RecordingConnection : public sql::ForwardingConnection {
     };
     std::vector<std::string> log_;
     std::deque<Refusal> refusals_;
+    std::string breaking_;
     bool lost_ = false;
 };
 

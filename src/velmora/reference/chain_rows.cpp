@@ -4,6 +4,7 @@
 #include <string>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/session/shown_row.h"
 #include "velmora/reference/row_writing.h"
 #include "velmora/reference/value_forms.h"
 
@@ -11,9 +12,15 @@ namespace velmora::reference {
 
 using runtime::CStr;
 using runtime::Format;
+using session::Ending;
+using session::Outcome;
 using session::Tipo;
 
 namespace {
+
+constexpr const char* changedByAnother =
+    "Otro usuario ha cambiado este registro desde que se mostró.\r\n¿Desea grabar encima de sus cambios?";
+constexpr const char* goneWords = "Este registro ya no existe: otro usuario lo ha eliminado.\r\nNo se ha grabado nada.";
 
 // Of the grid, in twips.
 constexpr int columnWidth = 850;
@@ -96,33 +103,53 @@ void ChainRows::show() {
 }
 
 void ChainRows::save() {
-    std::string toReturnTo;
-    const auto failure = inTransaction(session_, [&] { toReturnTo = write(); });
-    if (failure) {
-        showCancelledWrite(screen_, *failure);
+    std::optional<std::string> written;
+    runtime::ErrorTrap trap;
+    trap([&] { written = !newRow_.isAdding() && f_.Frame1.enabled() ? update() : insert(); });
+    if (trap.failed()) {
+        showCancelledWrite(screen_, *trap.error());
+        return;
+    }
+    if (!written) {
         return;
     }
     screen_.show({.text = "Datos grabados satisfactoriamente", .icon = screen::Icon::information});
     rs_->requery();
-    rs_->find("PDM_ID = " + toReturnTo);
+    rs_->find("PDM_ID = " + *written);
     shapeGrid();
     if (newRow_.isAdding()) {
         newRow_.end();
     }
 }
 
-// Gives the key of the row written.
-std::string ChainRows::write() {
-    const bool edit = !newRow_.isAdding() && f_.Frame1.enabled();
+std::optional<std::string> ChainRows::insert() {
+    std::string id;
+    session::inTransaction(session_, [&] {
+        addFields();
+        insertRow(session_, " ");
+        id = session_.Connection().execute("Select max(PDM_ID) from PDM")[0].toText();
+        return Ending::commit;
+    });
+    return id;
+}
+
+std::optional<std::string> ChainRows::update() {
     // Chosen C-163: with no row to edit, the write is refused like any other, by the error of a set without a row.
-    const std::string id = edit ? (*rs_)["PDM_ID"].toText() : std::string();
-    addFields();
-    if (edit) {
-        updateRow(session_, " Where PDM_ID = " + id);
-        return id;
+    const std::string id = (*rs_)["PDM_ID"].toText();
+    const session::ShownRow shown(*rs_, "Select * from PDM where PDM_ID = " + id);
+    // Differs D-166: the row is looked at again in the transaction of its write: one that another user has deleted is
+    // not written, one that was changed only when this user wants it.
+    const Outcome outcome = onShownRow(
+        session_, shown, [&] { return confirmed(screen_, changedByAnother); },
+        [&] {
+            addFields();
+            updateRow(session_, " Where PDM_ID = " + id);
+            return Ending::commit;
+        });
+    if (outcome == Outcome::gone) {
+        refuse(screen_, goneWords);
     }
-    insertRow(session_, " ");
-    return session_.Connection().execute("Select max(PDM_ID) from PDM")[0].toText();
+    return outcome == Outcome::done ? std::optional(id) : std::nullopt;
 }
 
 void ChainRows::addFields() {

@@ -1,6 +1,9 @@
 #pragma once
 // The rows of PDM of one chain: listed, shown, written.
 
+#include <optional>
+#include <string>
+
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/session/session.h"
 #include "velmora/platform/sql/recordset.h"
@@ -16,9 +19,9 @@ class ChainRows {
     /// Lists the rows of the chain that is chosen. False when it has none. Errors: the database's.
     bool load();
 
-    /// Writes what is typed: over the current row, or as a new one while one is being added. Nothing is checked. A
-    /// refusal is told and leaves table and fields as they were. Errors: the database's, of reading back what is
-    /// already stored.
+    /// Writes what is typed: over the current row, or as a new one while one is being added. No value is checked. A
+    /// row that another user has deleted is refused, one that was changed is asked about. A refusal is told and leaves
+    /// table and fields as they were. Errors: the database's, of reading back what is already stored.
     void save();
 
   private:
@@ -26,7 +29,9 @@ class ChainRows {
     void shapeGrid();
     void rs_MoveComplete();
     void addFields();
-    std::string write();
+    /// The key of the row written; none when nothing was, which has been told. Errors: of the write.
+    std::optional<std::string> insert();
+    std::optional<std::string> update();
 
     ChainFields& f_;
     NewRowButton& newRow_;

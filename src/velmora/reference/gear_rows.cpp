@@ -6,6 +6,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/session/shown_row.h"
 #include "velmora/reference/row_writing.h"
 #include "velmora/reference/value_forms.h"
 
@@ -38,6 +39,9 @@ constexpr std::array columnsBeforeC{
     Stored{gearBore, "ENG_D1"},          Stored{gearTotalWidth, "ENG_A"},     Stored{gearFaceWidth, "ENG_B"},
 };
 
+constexpr const char* changedByAnother =
+    "Otro usuario ha cambiado este engranaje desde que se mostró.\r\n¿Desea elegirlo con sus valores de ahora?";
+
 constexpr const char* select = "select * from eng where ENG_Tipo=";
 constexpr const char* noFamily = "-1";
 constexpr int columnWidth = 760;  ///< twips: all fourteen columns show in the window as it opens
@@ -67,7 +71,20 @@ bool GearRows::choose() {
     if (!rs_.isOpen() || !rs_.hasRows()) {
         return false;
     }
-    nIdEngranaje = rs_[0].toLong();
+    const std::int32_t id = rs_[0].toLong();
+    // Differs D-167: the proposal takes the gear's values from the table: a gear that another user has deleted or
+    // changed since it was listed is not taken as if it were the one on show.
+    const session::ShownRow shown(rs_, "select * from eng where ENG_Id=" + CStr(std::int64_t{id}));
+    const session::Fate fate = shown.fate(session_.Connection());
+    if (fate == session::Fate::gone) {
+        refuse(screen_, "Este engranaje ya no existe: otro usuario lo ha eliminado.");
+    }
+    if (fate == session::Fate::gone || (fate == session::Fate::changed && !confirmed(screen_, changedByAnother))) {
+        rs_.requery();
+        f_.dbgRs.refresh();
+        return false;
+    }
+    nIdEngranaje = id;
     return true;
 }
 
@@ -77,16 +94,22 @@ bool GearRows::save() {
     if (CDbl(f_.Text1(gearHeight).text()) == 0 || CDbl(f_.Text1(gearBore).text()) == 0) {
         return false;
     }
-    const auto failure = inTransaction(session_, [&] {
-        addFields();
-        insertRow(session_, " ");
-        nIdEngranaje = session_.Connection().execute("Select max(ENG_ID) from ENG")[0].toLong();
+    nIdEngranaje = 0;
+    std::int32_t id = 0;
+    runtime::ErrorTrap trap;
+    trap([&] {
+        session::inTransaction(session_, [&] {
+            addFields();
+            insertRow(session_, " ");
+            id = session_.Connection().execute("Select max(ENG_ID) from ENG")[0].toLong();
+            return session::Ending::commit;
+        });
+        nIdEngranaje = id;
     });
-    if (failure) {
-        showCancelledWrite(screen_, *failure);
-        nIdEngranaje = 0;
+    if (trap.failed()) {
+        showCancelledWrite(screen_, *trap.error());
     }
-    return !failure;
+    return !trap.failed();
 }
 
 void GearRows::addFields() {

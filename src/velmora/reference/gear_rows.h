@@ -22,7 +22,8 @@ class GearRows {
     /// Errors: 13 for a text that is no number; the database's.
     void msFiltrarEngranajes(int Index);
 
-    /// Makes the current row the chosen one. False when the list holds none.
+    /// Makes the current row the chosen one. False when the list holds none, and when the row is gone or, once asked
+    /// about, not wanted as another user has changed it; then the list is read anew. Errors: the database's.
     bool choose();
 
     /// Writes what is typed as a new row and makes it the chosen one. False when nothing was written: silently for a

@@ -78,6 +78,14 @@ void MaterialList::find(const std::string& number) {
     }
 }
 
+session::ShownRow MaterialList::currentRow() const {
+    return {*rsAlm_, "SELECT PARDPI.* FROM PARDPI WHERE PARDPI_Id = " + currentId()};
+}
+
+bool MaterialList::isCurrent(std::int32_t number) const {
+    return rsAlm_->isOpen() && rsAlm_->position() && (*rsAlm_)["PARDPI_ID"].toLong() == number;
+}
+
 void MaterialList::goToLast() {
     if (!rsAlm_->eof()) {
         rsAlm_->moveLast();

@@ -1,9 +1,11 @@
 #pragma once
 // The materials in the grid, and the one under the cursor in the fields.
 
+#include <cstdint>
 #include <string>
 
 #include "velmora/platform/session/session.h"
+#include "velmora/platform/session/shown_row.h"
 #include "velmora/platform/sql/recordset.h"
 #include "velmora/reference/material_fields.h"
 
@@ -26,6 +28,10 @@ class MaterialList {
 
     /// The number of the material under the cursor. Error 3021 without one.
     std::string currentId() const { return (*rsAlm_)["PARDPI_ID"].toText(); }
+    /// That material as it is on show. Error 3021 without one.
+    session::ShownRow currentRow() const;
+    /// True when the material under the cursor has this number; false without one.
+    bool isCurrent(std::int32_t number) const;
 
   private:
     void msPintaCajas();

@@ -1,6 +1,7 @@
 #include "velmora/reference/material_saving.h"
 
-#include <optional>
+#include <charconv>
+#include <cstdint>
 #include <string>
 
 #include "velmora/platform/runtime/numbers.h"
@@ -8,7 +9,33 @@
 
 namespace velmora::reference {
 
+using session::Ending;
+using session::Outcome;
 using session::Tipo;
+
+namespace {
+
+constexpr const char* cancelled = "Accion Cancelada";
+constexpr const char* usedAndNotChanged = "No es posible modificar un Indice de Material ya utilizado";
+constexpr const char* usedAndNotDeleted = "No es posible eliminar este material al estar utilizado en una propuesta.";
+constexpr const char* changedByAnother =
+    "Otro usuario ha cambiado este material desde que se mostró.\r\n¿Desea grabar encima de sus cambios?";
+constexpr const char* changedAndDeleted =
+    "Otro usuario ha cambiado este material desde que se mostró.\r\n¿Desea eliminarlo de todos modos?";
+
+std::string goneWords(const std::string& number) {
+    return "El material nº " + number + " ya no existe: otro usuario lo ha eliminado.";
+}
+
+/// The whole number that a text is; none for any other text.
+std::optional<std::int32_t> wholeNumber(const std::string& text) {
+    std::int32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [read, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && read == end ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
 
 void MaterialSaving::save() {
     const std::string number = f_.Text1(materialId).text();
@@ -16,40 +43,19 @@ void MaterialSaving::save() {
         screen_.show({.text = "Falta seleccionar un articulo"});
         return;
     }
-    // Kept K-170: the row under the cursor is the one that is changed, whatever number is typed: that field is there
-    // to move the cursor with.
-    std::string id;
-    bool inUse = false;
-    runtime::ErrorTrap look;
-    if (!f_.bNuevo) {
-        look([&] {
-            id = list_.currentId();
-            inUse = isInUse(id);
-        });
-    }
-    if (look.failed()) {
-        tellFailure(*look.error());
+    std::optional<sql::Recordset> rows;
+    runtime::ErrorTrap trap;
+    trap([&] { rows = f_.bNuevo ? insert() : update(); });
+    if (trap.failed()) {
+        tellFailure(*trap.error());
         return;
     }
-    if (inUse) {
-        screen_.show({.text = "No es posible modificar un Indice de Material ya utilizado",
-                      .icon = screen::Icon::critical,
-                      .title = "Accion Cancelada"});
-        return;
-    }
-    // The list is read anew before the row is there for good: what fails up to then leaves the entry untouched.
-    sql::Recordset rows;
-    const auto failure = inTransaction(session_, [&] {
-        write(id);
-        rows = list_.open();
-    });
-    if (failure) {
-        tellFailure(*failure);
+    if (!rows) {
         return;
     }
     f_.browse();
     f_.cmdBorrar.setEnabled(true);
-    list_.show(std::move(rows));
+    list_.show(std::move(*rows));
     if (runtime::IsNumeric(number)) {
         list_.find(number);
     } else {
@@ -57,6 +63,47 @@ void MaterialSaving::save() {
     }
     f_.dbgFco.refresh();
     screen_.show({.text = "Datos Gabados satisfactoriamente"});
+}
+
+// The list is read anew before the row is there for good: what fails up to then leaves the entry untouched.
+std::optional<sql::Recordset> MaterialSaving::insert() {
+    std::optional<sql::Recordset> rows;
+    session::inTransaction(session_, [&] {
+        write("");
+        rows = list_.open();
+        return Ending::commit;
+    });
+    return rows;
+}
+
+std::optional<sql::Recordset> MaterialSaving::update() {
+    // Kept K-170: the row under the cursor is the one that is changed, whatever number is typed: that field is there
+    // to move the cursor with.
+    const std::string id = list_.currentId();
+    std::optional<sql::Recordset> rows;
+    bool inUse = isInUse(id);
+    if (!inUse) {
+        // Differs D-162: the material is looked at again in the transaction of its write: one that another user has
+        // deleted or a proposal has taken meanwhile stays as it is, one that was changed is asked about.
+        const auto writeOver = [&] {
+            inUse = isInUse(id);
+            if (inUse) {
+                return Ending::rollBack;
+            }
+            write(id);
+            rows = list_.open();
+            return Ending::commit;
+        };
+        if (onShownRow(
+                session_, list_.currentRow(), [&] { return confirmed(screen_, changedByAnother); }, writeOver) ==
+            Outcome::gone) {
+            refuse(screen_, goneWords(id) + lineBreak + "No se ha grabado nada.", cancelled);
+        }
+    }
+    if (inUse) {
+        refuse(screen_, usedAndNotChanged, cancelled);
+    }
+    return rows;
 }
 
 void MaterialSaving::tellFailure(const runtime::RuntimeError& error) {
@@ -97,18 +144,9 @@ void MaterialSaving::addFields() {
     }
 }
 
-// Kept K-171: the number on show is the one that is deleted, and it is asked for as it stands: "NUEVO" is the
-// database's error, and a material that is being added is saved or cancelled first.
 void MaterialSaving::remove() {
     const std::string number = f_.Text1(materialId).text();
-    if (number.empty()) {
-        return;
-    }
-    const sql::Recordset uses = session_.Connection().execute(
-        "Select Count(*) from dpi where DPI_IdParDisco=" + number + " Or DPI_IdParCubo = " + number);
-    if (uses[0].toDouble() > 0) {
-        screen_.show({.text = "No es posible eliminar este material al estar utilizado en una propuesta.",
-                      .icon = screen::Icon::critical});
+    if (number.empty() || !mayDelete(number)) {
         return;
     }
     const screen::Answer answer = screen_.show({.text = std::string("Confirma la eliminacion del registro ") +
@@ -116,12 +154,64 @@ void MaterialSaving::remove() {
                                                 .icon = screen::Icon::critical,
                                                 .buttons = screen::Buttons::yesNo,
                                                 .defaultButton = 2});
-    if (answer != screen::Answer::yes) {
+    if (answer == screen::Answer::yes) {
+        removeCurrent(number);
+    }
+}
+
+bool MaterialSaving::mayDelete(const std::string& number) {
+    // Kept K-171: the number on show is the one that is deleted, and its uses are counted by its text as it stands:
+    // "NUEVO" is the database's error, and a material that is being added is saved or cancelled first.
+    if (isUsedBeforeDeleting(number)) {
+        refuse(screen_, usedAndNotDeleted);
+        return false;
+    }
+    // Differs D-163: a text that is no whole number never comes into a statement that deletes.
+    const std::optional<std::int32_t> id = wholeNumber(number);
+    if (!id) {
+        refuse(screen_, "El código del material debe ser un número entero.");
+        return false;
+    }
+    // Differs D-164: a number that is not that of the row on show, because the list does not hold it, deletes nothing:
+    // the name beside it is another material's.
+    if (!list_.isCurrent(*id)) {
+        refuse(screen_, "El material nº " + number + " no está en la lista.");
+        return false;
+    }
+    return true;
+}
+
+void MaterialSaving::removeCurrent(const std::string& number) {
+    bool inUse = false;
+    // Differs D-165: as a save does, and after the question, which may have stood for long.
+    const auto deleteIt = [&] {
+        inUse = isUsedBeforeDeleting(number);
+        if (inUse) {
+            return Ending::rollBack;
+        }
+        session_.Connection().execute("DELETE FROM PARDPI WHERE PARDPI_Id = " + number);
+        return Ending::commit;
+    };
+    const Outcome outcome = onShownRow(
+        session_, list_.currentRow(), [&] { return confirmed(screen_, changedAndDeleted); }, deleteIt);
+    if (outcome == Outcome::declined) {
         return;
     }
-    session_.Connection().execute("DELETE FROM PARDPI WHERE PARDPI_Id = " + number);
+    if (inUse) {
+        refuse(screen_, usedAndNotDeleted);
+        return;
+    }
+    if (outcome == Outcome::gone) {
+        refuse(screen_, goneWords(number));
+    }
     list_.msCargarParametros();
     f_.dbgFco.refresh();
+}
+
+bool MaterialSaving::isUsedBeforeDeleting(const std::string& number) {
+    const sql::Recordset uses = session_.Connection().execute(
+        "Select Count(*) from dpi where DPI_IdParDisco=" + number + " Or DPI_IdParCubo = " + number);
+    return uses[0].toDouble() > 0;
 }
 
 }  // namespace velmora::reference

@@ -1,5 +1,9 @@
 #pragma once
-// A material written to PARDPI, or deleted. One that a proposal uses is neither changed nor deleted.
+// A material written to PARDPI, or deleted. One that a proposal uses is neither changed nor deleted, nor is one that is
+// not as it is on show, unless the user means to.
+
+#include <optional>
+#include <string>
 
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/session/session.h"
@@ -21,7 +25,13 @@ class MaterialSaving {
     void remove();
 
   private:
+    /// The list read anew behind the write; none when nothing was written, which has been told.
+    std::optional<sql::Recordset> insert();
+    std::optional<sql::Recordset> update();
     bool isInUse(const std::string& id);
+    bool isUsedBeforeDeleting(const std::string& number);
+    bool mayDelete(const std::string& number);
+    void removeCurrent(const std::string& number);
     void write(const std::string& id);
     void addFields();
     void tellFailure(const runtime::RuntimeError& error);

@@ -17,26 +17,6 @@ void require(bool correcto, const std::string& error) {
 
 }  // namespace
 
-std::optional<runtime::RuntimeError> inTransaction(session::Session& session, const std::function<void()>& work) {
-    sql::Connection& connection = session.Connection();
-    bool begun = false;
-    try {
-        connection.beginTrans();
-        begun = true;
-        work();
-        connection.commitTrans();
-        return std::nullopt;
-    } catch (const runtime::RuntimeError& error) {
-        session.Campos().clear();
-        if (begun) {
-            // A commit that failed may have left the transaction open, or may not: then there is none to undo.
-            runtime::ErrorTrap trap;
-            trap([&] { connection.rollbackTrans(); });
-        }
-        return error;
-    }
-}
-
 void insertRow(session::Session& session, std::string_view donde) {
     std::string error;
     bool correcto = false;
@@ -51,6 +31,17 @@ void updateRow(session::Session& session, std::string_view donde) {
     session.Donde(donde);
     session.Actualizar(error, correcto);
     require(correcto, error);
+}
+
+bool confirmed(screen::Screen& screen, const char* question) {
+    return screen.show({.text = question,
+                        .icon = screen::Icon::exclamation,
+                        .buttons = screen::Buttons::yesNo,
+                        .defaultButton = 2}) == screen::Answer::yes;
+}
+
+void refuse(screen::Screen& screen, const std::string& words, const char* title) {
+    screen.show({.text = words, .icon = screen::Icon::critical, .title = title});
 }
 
 }  // namespace velmora::reference

@@ -46,7 +46,6 @@ bool DocumentStore::msAnadirFichero(const std::string& path, const DocumentOwner
     }
     const std::int32_t id = addRow(path, owner);
     if (id == noRow) {
-        showError("Error añadiendo fichero");
         return true;
     }
     if (!SaveFileToDB(path, id)) {
@@ -60,11 +59,40 @@ bool DocumentStore::msAnadirFichero(const std::string& path, const DocumentOwner
     return true;
 }
 
+/// The key of the new row; noRow when there is none, which has been told.
 std::int32_t DocumentStore::addRow(const std::string& path, const DocumentOwner& owner) {
     session_.Tabla(sPrefijo_ + "Dex");
     session_.Modo(0);
+    std::int32_t id = noRow;
+    bool ownerGone = false;
     // Differs D-182: when the key cannot be read the transaction is rolled back, where it would have stayed open.
-    sql::Transaction transaction(session_.Connection());
+    session::inTransaction(session_, [&] {
+        // Differs D-169: a proposal that another user has deleted gets no document: attaching deletes the file from
+        // disk, and no list would ever show its content again.
+        ownerGone = isGone(owner);
+        if (ownerGone || !insertRow(path, owner)) {
+            return session::Ending::rollBack;
+        }
+        const sql::Recordset key =
+            session_.Connection().execute("Select isnull(max(dex_id),1) from " + sPrefijo_ + "dex");
+        id = key[std::size_t{0}].toLong();
+        return session::Ending::commit;
+    });
+    if (ownerGone) {
+        showError("La propuesta nº " + text(owner.nIdExp) +
+                  " ya no existe: otro usuario la ha eliminado.\r\nNo se ha adjuntado nada.");
+    } else if (id == noRow) {
+        showError("Error añadiendo fichero");
+    }
+    return id;
+}
+
+bool DocumentStore::isGone(const DocumentOwner& owner) {
+    return owner.nIdAct == actOfProposals &&
+           session_.Connection().execute("Select DPI_Id from DPI where DPI_Id = " + text(owner.nIdExp)).eof();
+}
+
+bool DocumentStore::insertRow(const std::string& path, const DocumentOwner& owner) {
     session::FieldList& campos = session_.Campos();
     campos.Add("Dex_Doc", Tipo::expression, "Null");
     campos.Add("Dex_Fic", Tipo::text, nameOfFile(path));
@@ -78,14 +106,7 @@ std::int32_t DocumentStore::addRow(const std::string& path, const DocumentOwner&
     std::string error;
     bool correcto = false;
     session_.Insertar(error, correcto);
-    if (!correcto) {
-        transaction.rollback();
-        return noRow;
-    }
-    const sql::Recordset key = session_.Connection().execute("Select isnull(max(dex_id),1) from " + sPrefijo_ + "dex");
-    const std::int32_t id = key[std::size_t{0}].toLong();
-    transaction.commit();
-    return id;
+    return correcto;
 }
 
 bool DocumentStore::SaveFileToDB(const std::string& path, std::int32_t id) {
@@ -132,8 +153,30 @@ std::string DocumentStore::temporaryPath(const std::string& name) const {
     return folder + name;
 }
 
-void DocumentStore::remove(std::int32_t id) {
-    session_.Connection().execute("delete from " + sPrefijo_ + "dex where dex_id = " + text(id));
+ShownDocument DocumentStore::shown(const sql::Recordset& list, const DocumentOwner& owner) const {
+    const std::int32_t id = list[std::size_t{0}].toLong();
+    return {.id = id,
+            .row = {list, "Select dex_id,dex_fic from " + sPrefijo_ + "dex where dex_idExp =" + text(owner.nIdExp) +
+                              " and dex_idAct=" + text(owner.nIdAct) + " and dex_id = " + text(id)}};
+}
+
+void DocumentStore::remove(const ShownDocument& document) {
+    // Differs D-170: the document is looked at again in the transaction of its delete: another user may have deleted
+    // it, or given it another name, while the list or the question stood.
+    const auto confirm = [&] {
+        return desk_.screen.show({.text = "Otro usuario ha cambiado este documento desde que se mostró.\r\n"
+                                          "¿Desea eliminarlo de todos modos?",
+                                  .icon = screen::Icon::exclamation,
+                                  .buttons = screen::Buttons::yesNo,
+                                  .defaultButton = 2}) == screen::Answer::yes;
+    };
+    const auto outcome = onShownRow(session_, document.row, confirm, [&] {
+        session_.Connection().execute("delete from " + sPrefijo_ + "dex where dex_id = " + text(document.id));
+        return session::Ending::commit;
+    });
+    if (outcome == session::Outcome::gone) {
+        showError("Este documento ya no existe: otro usuario lo ha eliminado.");
+    }
 }
 
 void DocumentStore::showError(const std::string& text) {

@@ -94,11 +94,12 @@ void frmDoc::deleteDocument() {
     if (!hasDocuments()) {
         return;
     }
+    const ShownDocument document = store_.shown(rsPlanos_, {nIdExp, nIdAct});
     const screen::Answer answer = desk_.screen.show({.text = "Realmente desea eliminar este documento ?",
                                                      .icon = screen::Icon::question,
                                                      .buttons = screen::Buttons::yesNo});
     if (answer == screen::Answer::yes) {
-        store_.remove(rsPlanos_[std::size_t{0}].toLong());
+        store_.remove(document);
         msCargarDocumentos();
     }
 }

@@ -12,9 +12,6 @@
 
 namespace velmora::services {
 
-/// The owner's kind for proposals.
-inline constexpr std::int16_t actOfProposals = -8;
-
 /// Who opens it sets nIdExp and nIdAct, calls msCargarDocumentos and shows it modally.
 class frmDoc : public screen::Form {
   public:

@@ -23,6 +23,11 @@ class QtHand {
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void type(const QString& text) const;
     void click(const screen::Control& control) const;
+    void doubleClick(const screen::Control& control) const;
+    /// Opens a list that has the focus.
+    void openList(const screen::ComboBox& list) const;
+    /// A key in the open list; Esc and Return close it.
+    void inList(const screen::ComboBox& list, Qt::Key key) const;
 
   protected:
     std::unique_ptr<qt::QtScreen> screen_;

@@ -37,29 +37,17 @@ class UserActionsTest : public ::testing::Test, protected ActionWindow {
     UserActions actions{form, *this};
 };
 
-TEST_F(UserActionsTest, WhatFollowsComesOnceAfterTheOutermostAction) {
+TEST_F(UserActionsTest, TheKeyboardMovesOnceAfterTheOutermostAction) {
     actions.run([&] {
-        actions.afterwards([&] { log.emplace_back("task"); });
         actions.run([&] { log.emplace_back("inner"); });
         log.emplace_back("outer");
     });
-    EXPECT_THAT(log, ElementsAre("inner", "outer", "task", "keyboard"));
+    EXPECT_THAT(log, ElementsAre("inner", "outer", "keyboard"));
 }
 
-TEST_F(UserActionsTest, WhatWasPutOffRunsOnce) {
-    actions.afterwards([&] { log.emplace_back("task"); });
-    actions.run([] {});
-    actions.run([] {});
-    EXPECT_THAT(log, ElementsAre("task", "keyboard", "keyboard"));
-}
-
-TEST_F(UserActionsTest, AnErrorIsShownAndWhatFollowsIsDone) {
-    actions.run([&] {
-        actions.afterwards([] { runtime::raise(runtime::overflow); });
-        actions.afterwards([&] { log.emplace_back("second task"); });
-        runtime::raise(runtime::typeMismatch);
-    });
-    EXPECT_THAT(log, ElementsAre("error 13", "error 6", "second task", "keyboard"));
+TEST_F(UserActionsTest, AnErrorIsShownAndTheKeyboardMoves) {
+    actions.run([] { runtime::raise(runtime::typeMismatch); });
+    EXPECT_THAT(log, ElementsAre("error 13", "keyboard"));
 }
 
 TEST_F(UserActionsTest, WhatTheUserDoesInAnErrorBoxIsPartOfTheAction) {

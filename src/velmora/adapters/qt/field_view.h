@@ -18,7 +18,6 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     bool pressed() override;
     void focusGained() override;
     void focusLeft() override;
-    void finish() override;
 
   protected:
     void updateColors() override;
@@ -26,10 +25,10 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     screen::TextBox& box() const { return box_; }
     /// To be called when the widget's text has changed, whoever changed it.
     void edited();
-    /// A character through the model's filter into the widget. Gives back what the filter made of it.
-    char32_t type(const KeyStroke& stroke);
-    /// Inside feed: tells the model that what the user changed now counts.
-    void commitIfChanged();
+    /// A character through the model's filter into the widget.
+    void type(const KeyStroke& stroke);
+    /// A double click that has arrived at the widget.
+    void clickedTwice(const QEvent& event);
 
     // The widget, whichever it is.
     virtual void setReadOnly(bool locked) = 0;
@@ -46,8 +45,6 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     screen::TextBox& box_;
     screen::Role role_;
     bool fromModel_ = false;
-    bool changed_ = false;  ///< by the user since the focus came
-    bool commitPending_ = false;
 };
 
 }  // namespace velmora::qt

@@ -22,15 +22,16 @@ TextBoxView::TextBoxView(ViewHost& host, screen::TextBox& box, const screen::Lay
 }
 
 bool TextBoxView::key(const KeyStroke& stroke) {
-    if (type(stroke) == toolkit::carriageReturn) {
-        commitIfChanged();
-    }
+    type(stroke);
     return true;
 }
 
 bool TextBoxView::otherEvent(QEvent& event) {
     if (event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick) {
         box().clearSelection();
+        if (event.type() == QEvent::MouseButtonDblClick) {
+            clickedTwice(event);
+        }
         return false;
     }
     if (event.type() == QEvent::InputMethod) {

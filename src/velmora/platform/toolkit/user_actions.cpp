@@ -1,7 +1,5 @@
 #include "velmora/platform/toolkit/user_actions.h"
 
-#include <utility>
-
 namespace velmora::toolkit {
 
 void UserActions::run(const std::function<void()>& action) {
@@ -33,9 +31,6 @@ void UserActions::guarded(const std::function<void()>& action) {
 
 void UserActions::settle() {
     ++depth_;
-    for (const std::function<void()>& task : std::exchange(putOff_, {})) {
-        guarded(task);
-    }
     const screen::Control* active = form_.activeControl();
     if (active != nullptr && form_.takesInput() && !active->canTakeFocus()) {
         guarded([this] { form_.tabForward(); });

@@ -3,7 +3,6 @@
 
 #include <exception>
 #include <functional>
-#include <vector>
 
 #include "velmora/platform/screen/form.h"
 
@@ -20,17 +19,15 @@ class ActionWindow {
 };
 
 /// Runs the user's actions on one form. Actions nest: one can open a box in which the user goes on. When the outermost
-/// has ended, in this order: what was put off runs; an active control that has been hidden or disabled meanwhile gives
-/// the focus on to the next stop of the tab order; the keyboard moves. An error of an action, and of each thing that
-/// follows it, is shown, and the program goes on.
+/// has ended, an active control that has been hidden or disabled meanwhile gives the focus on to the next stop of the
+/// tab order, then the keyboard moves. An error of an action, and of each thing that follows it, is shown, and the
+/// program goes on.
 class UserActions {
   public:
     /// Form and window must outlive it.
     UserActions(screen::Form& form, ActionWindow& window) : form_(form), window_(window) {}
 
     void run(const std::function<void()>& action);
-    /// Puts something off to the end of the outermost action; outside of one, to the end of the next.
-    void afterwards(std::function<void()> task) { putOff_.push_back(std::move(task)); }
     /// Inside an action: the user turns to the control. False when the focus did not get there or did not stay.
     bool turnTo(screen::Control& control);
 
@@ -40,7 +37,6 @@ class UserActions {
 
     screen::Form& form_;
     ActionWindow& window_;
-    std::vector<std::function<void()>> putOff_;
     int depth_ = 0;
 };
 
