@@ -1,5 +1,6 @@
 #include "velmora/estimate/disc_and_hub_costing.h"
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -23,12 +24,12 @@ bool holdsRecord(const sql::Recordset& material) {
 }  // namespace
 
 double DiscAndHubCosting::discCut() {
-    return round2(number(f_.Text4(1)) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatDisco)));
+    return round2(number(f_.Text4(cut::discDiameter)) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatDisco)));
 }
 
 void DiscAndHubCosting::msCorteDisco() {
     ErrorTrap trap;
-    trap([&] { put(f_.txtPesu(16), discCut()); });
+    trap([&] { put(f_.txtPesu(money::discCut), discCut()); });
 }
 
 // Kept K-009: the exterior diameter stands against the texts "120", "250" and "500" by character codes: "98" is
@@ -37,58 +38,61 @@ void DiscAndHubCosting::msCalcularDisco() {
     if (f_.bCargandoDisco) {
         return;
     }
-    if (standsAtOrBefore(f_.Text1(15).text(), "120")) {
-        put(f_.Text4(1), number(f_.Text1(15)) + diameterAllowance);
-        put(f_.Text4(0), number(f_.Text1(17)) + sawAllowance);
+    if (standsAtOrBefore(f_.Text1(measure::exterior).text(), "120")) {
+        put(f_.Text4(cut::discDiameter), number(f_.Text1(measure::exterior)) + diameterAllowance);
+        put(f_.Text4(cut::discWidth), number(f_.Text1(measure::totalWidth)) + sawAllowance);
     } else {
-        put(f_.Text4(0), thicknessByText());
-        put(f_.Text4(1), number(f_.Text1(15)) + diameterAllowance);
+        put(f_.Text4(cut::discWidth), thicknessByText());
+        put(f_.Text4(cut::discDiameter), number(f_.Text1(measure::exterior)) + diameterAllowance);
     }
     msCalcularGrueso();
 }
 
 double DiscAndHubCosting::thicknessByText() const {
-    const std::string& exterior = f_.Text1(15).text();
+    const std::string& exterior = f_.Text1(measure::exterior).text();
     if (standsAtOrBefore(exterior, "120")) {
-        return number(f_.Text1(17)) + sawAllowance;
+        return number(f_.Text1(measure::totalWidth)) + sawAllowance;
     }
     const double allowance = standsAtOrBefore(exterior, "250") ? 1 : standsAtOrBefore(exterior, "500") ? 2 : 3;
-    return number(f_.Text1(9)) + allowance;
+    return number(f_.Text1(measure::rim)) + allowance;
 }
 
 void DiscAndHubCosting::msCalcularGrueso() {
-    if (!runtime::IsNumeric(f_.Text4(0).text())) {
+    if (!runtime::IsNumeric(f_.Text4(cut::discWidth).text())) {
         return;
     }
     ErrorTrap trap;
     double de = 0;
-    trap([&] { de = FnDmexterior(number(f_.Text1(3)), number(f_.Text1(1)), number(f_.Text1(2))); });
+    trap([&] {
+        de = FnDmexterior(number(f_.Text1(measure::pitchDiameter)), number(f_.Text1(measure::teeth)),
+                          number(f_.Text1(measure::roller)));
+    });
     if (de == 0 || trap.failed()) {
         return;
     }
     if (!data::isCutFromPlate(f_.type()) && de <= onePieceLimit) {
-        trap([&] { put(f_.Text4(0), number(f_.Text1(17)) + sawAllowance); });
+        trap([&] { put(f_.Text4(cut::discWidth), number(f_.Text1(measure::totalWidth)) + sawAllowance); });
         return;
     }
     // Differs D-001: this runs on a key stroke in the widths; a field that is empty for a moment leaves the sizes as
     // they were and counts as no rim, instead of an error box between two keys.
     trap([&] { msCalcularCubo(); });
     std::int32_t n = 0;
-    trap([&] { n = runtime::CLng(numberOrZero(f_.Text1(9))); });
+    trap([&] { n = runtime::CLng(numberOrZero(f_.Text1(measure::rim))); });
     if (n == 0) {
         return;
     }
     trap([&] {
         const int step = commercialThickness(n, (*f_.rsMatDisco)["PARDPI_HIERRO"].toBool());
-        put(f_.Text4(0), step != 0 ? step : thicknessByText());
+        put(f_.Text4(cut::discWidth), step != 0 ? step : thicknessByText());
     });
 }
 
 void DiscAndHubCosting::msCalcularCubo() {
     if (data::isVariable(f_.type())) {
-        discAndHub(f_.Text1(17));
-    } else if (number(f_.Text1(15)) > onePieceLimit) {
-        discAndHub(f_.Text1(10));
+        discAndHub(f_.Text1(measure::totalWidth));
+    } else if (number(f_.Text1(measure::exterior)) > onePieceLimit) {
+        discAndHub(f_.Text1(measure::hubWidth));
     } else {
         onePiece();
     }
@@ -96,40 +100,42 @@ void DiscAndHubCosting::msCalcularCubo() {
 
 void DiscAndHubCosting::discAndHub(const TextBox& hubLength) {
     f_.fraCubo.setEnabled(true);
-    f_.txtPesu(15).setText("0,00");
+    f_.txtPesu(money::hubCut).setText("0,00");
     if (holdsRecord(*f_.rsMatCubo) && !f_.bCargandoCubo) {
-        put(f_.txtPesu(23), (*f_.rsMatCubo)["art_pco"]);
-        put(f_.txtPesu(24), (*f_.rsMatCubo)["art_pve"]);
+        put(f_.txtPesu(money::hubCost), (*f_.rsMatCubo)["art_pco"]);
+        put(f_.txtPesu(money::hubPrice), (*f_.rsMatCubo)["art_pve"]);
         priceHub();
     }
-    put(f_.Text4(2), FnMultiplo(number(f_.Text1(16)) + diameterAllowance, 5));
+    put(f_.Text4(cut::hubDiameter), FnMultiplo(number(f_.Text1(measure::hubDiameter)) + diameterAllowance, 5));
     // The length is first brought to a multiple of 5 and then written as it is: both changes are seen by the weight.
-    put(f_.Text4(3), FnMultiplo(number(hubLength) + sawAllowance, 5));
-    put(f_.Text4(3), number(hubLength) + sawAllowance);
+    put(f_.Text4(cut::hubLength), FnMultiplo(number(hubLength) + sawAllowance, 5));
+    put(f_.Text4(cut::hubLength), number(hubLength) + sawAllowance);
     f_.lblCuboProceso.setVisible(false);
     f_.fraMatDisco.setCaption("Material del Disco");
 }
 
 void DiscAndHubCosting::priceHub() {
     double x = 0;
-    if (number(f_.Text4(5)) > 0) {
+    if (number(f_.Text4(cut::hubWeight)) > 0) {
         x = totals_.hubCut();
-        put(f_.txtPesu(15), x);
+        put(f_.txtPesu(money::hubCut), x);
     } else {
-        f_.txtPesu(15).setText("0,00");
+        f_.txtPesu(money::hubCut).setText("0,00");
     }
-    put(f_.txtPesu(25), round2(number(f_.Text4(5)) * number(f_.txtPesu(24)) + x));
+    put(f_.txtPesu(money::hubAmount),
+        round2(number(f_.Text4(cut::hubWeight)) * number(f_.txtPesu(money::hubPrice)) + x));
 }
 
 void DiscAndHubCosting::onePiece() {
     f_.fraCubo.setEnabled(false);
-    for (TextBox* box : {&f_.Text4(2), &f_.Text4(3), &f_.Text4(5), &f_.txtPesu(23), &f_.txtPesu(15), &f_.txtPesu(24),
-                         &f_.txtPesu(25)}) {
+    for (TextBox* box : {&f_.Text4(cut::hubDiameter), &f_.Text4(cut::hubLength), &f_.Text4(cut::hubWeight),
+                         &f_.txtPesu(money::hubCost), &f_.txtPesu(money::hubCut), &f_.txtPesu(money::hubPrice),
+                         &f_.txtPesu(money::hubAmount)}) {
         box->setText("0");
     }
     showProcess(f_.lblCuboProceso);
     f_.fraMatDisco.setCaption("Material del Piñon");
-    put(f_.txtPesu(16), discCut());
+    put(f_.txtPesu(money::discCut), discCut());
 }
 
 // Chosen C-004: the captions follow the exterior diameter as it changes.
@@ -141,7 +147,7 @@ void DiscAndHubCosting::msMostrarProcesoCubo() {
 // Differs D-012: a piece without an exterior is not said to be one round: neither caption is seen before a measure is
 // there, from the making of the form on.
 void DiscAndHubCosting::showProcess(Label& caption) const {
-    const double exterior = numberOrZero(f_.Text1(15));
+    const double exterior = numberOrZero(f_.Text1(measure::exterior));
     caption.setForeColor(screen::colors::blue);
     caption.setVisible(exterior > 0 && exterior <= onePieceLimit);
 }
@@ -161,19 +167,20 @@ void DiscAndHubCosting::rsMatDisco_MoveComplete() {
     if (!material.hasRows()) {
         return;
     }
-    showInnerDiameter(material, f_.Text4(6), f_.D(4));
+    showInnerDiameter(material, f_.Text4(cut::discInner), f_.D(innerLabel::disc));
     if (f_.bCargandoCubo) {
         return;
     }
-    put(f_.txtPesu(20), material["art_pco"]);
-    put(f_.txtPesu(21), material["art_pve"]);
-    if (number(f_.Text4(4)) > 0) {
-        put(f_.txtPesu(16), discCut());
+    put(f_.txtPesu(money::discCost), material["art_pco"]);
+    put(f_.txtPesu(money::discPrice), material["art_pve"]);
+    if (number(f_.Text4(cut::discWeight)) > 0) {
+        put(f_.txtPesu(money::discCut), discCut());
     } else {
-        f_.txtPesu(16).setText("0,00");
+        f_.txtPesu(money::discCut).setText("0,00");
     }
-    const double cut = numberOrZero(f_.txtPesu(16));
-    put(f_.txtPesu(22), round2(cut + number(f_.Text4(4)) * number(f_.txtPesu(21))));
+    const double cut = numberOrZero(f_.txtPesu(money::discCut));
+    put(f_.txtPesu(money::discAmount),
+        round2(cut + number(f_.Text4(cut::discWeight)) * number(f_.txtPesu(money::discPrice))));
 }
 
 void DiscAndHubCosting::rsMatCubo_MoveComplete() {
@@ -185,30 +192,30 @@ void DiscAndHubCosting::rsMatCubo_MoveComplete() {
     if (!material.hasRows()) {
         return;
     }
-    showInnerDiameter(material, f_.Text4(7), f_.D(5));
+    showInnerDiameter(material, f_.Text4(cut::hubInner), f_.D(innerLabel::hub));
     if (f_.bCargandoDisco || f_.bCargandoCubo) {
         return;
     }
-    put(f_.txtPesu(23), material["art_pco"]);
-    put(f_.txtPesu(24), material["art_pve"]);
+    put(f_.txtPesu(money::hubCost), material["art_pco"]);
+    put(f_.txtPesu(money::hubPrice), material["art_pve"]);
     priceHub();
 }
 
 void DiscAndHubCosting::Text4_Change(int Index) {
     switch (Index) {
-        case 0:
-        case 1:
+        case cut::discWidth:
+        case cut::discDiameter:
             discChanged();
             break;
-        case 2:
-        case 3:
+        case cut::hubDiameter:
+        case cut::hubLength:
             hubChanged();
             break;
-        case 4:
-            totals_.msRecalcularImportes(16);
+        case cut::discWeight:
+            totals_.msRecalcularImportes(money::discCut);
             break;
-        case 5:
-            totals_.msRecalcularImportes(24);
+        case cut::hubWeight:
+            totals_.msRecalcularImportes(money::hubPrice);
             break;
         default:
             rackChanged(Index);
@@ -223,7 +230,7 @@ void DiscAndHubCosting::Text4_DblClick(int Index) {
     if (Index <= 3) {
         discChanged();
     } else if (Index == 4) {
-        totals_.msRecalcularImportes(16);
+        totals_.msRecalcularImportes(money::discCut);
     } else if (Index <= 8) {
         hubChanged();
     } else {
@@ -235,13 +242,18 @@ void DiscAndHubCosting::discChanged() {
     ErrorTrap trap;
     trap([&] {
         const sql::Recordset& material = *f_.rsMatDisco;
-        put(f_.Text4(4), weights_.FnPeso(material["art_for"], 1, f_.Text4(0), 1.0, 1.0, f_.Text4(1), f_.Text4(6),
-                                         material["art_fac"]));
+        put(f_.Text4(cut::discWeight),
+            weights_.FnPeso(material["art_for"], 1, f_.Text4(cut::discWidth), 1.0, 1.0, f_.Text4(cut::discDiameter),
+                            f_.Text4(cut::discInner), material["art_fac"]));
     });
-    if (trap.condition([&] { return number(f_.Text1(15)) <= onePieceLimit; })) {
-        trap([&] { put(f_.txtPesu(16), discCut()); });
+    if (trap.condition([&] { return number(f_.Text1(measure::exterior)) <= onePieceLimit; })) {
+        trap([&] { put(f_.txtPesu(money::discCut), discCut()); });
     }
-    trap([&] { put(f_.txtPesu(22), round2(number(f_.txtPesu(21)) * number(f_.Text4(4)) + number(f_.txtPesu(16)))); });
+    trap([&] {
+        put(f_.txtPesu(money::discAmount),
+            round2(number(f_.txtPesu(money::discPrice)) * number(f_.Text4(cut::discWeight)) +
+                   number(f_.txtPesu(money::discCut))));
+    });
 }
 
 void DiscAndHubCosting::hubChanged() {
@@ -249,29 +261,32 @@ void DiscAndHubCosting::hubChanged() {
     double oneHub = 0;
     trap([&] {
         const sql::Recordset& material = *f_.rsMatCubo;
-        oneHub = weights_.FnPeso(material["art_for"], 1, number(f_.Text4(3)) + hubWeightAllowance, 1.0, 1.0,
-                                 f_.Text4(2), f_.Text4(7), material["art_fac"]);
-        put(f_.Text4(5), oneHub);
+        oneHub = weights_.FnPeso(material["art_for"], 1, number(f_.Text4(cut::hubLength)) + hubWeightAllowance, 1.0,
+                                 1.0, f_.Text4(cut::hubDiameter), f_.Text4(cut::hubInner), material["art_fac"]);
+        put(f_.Text4(cut::hubWeight), oneHub);
     });
     if (data::hasTwinHubs(f_.type())) {
         // Chosen C-006: the weight of one hub, doubled.
-        trap([&] { put(f_.Text4(5), round2(oneHub + number(f_.Text4(5)))); });
+        trap([&] { put(f_.Text4(cut::hubWeight), round2(oneHub + number(f_.Text4(cut::hubWeight)))); });
     }
     double cut = 0;
-    if (trap.condition([&] { return number(f_.Text4(5)) > 0; })) {
+    if (trap.condition([&] { return number(f_.Text4(cut::hubWeight)) > 0; })) {
         trap([&] {
             cut = round2(totals_.hubCut());
-            put(f_.txtPesu(15), cut);
+            put(f_.txtPesu(money::hubCut), cut);
         });
     } else {
-        trap([&] { f_.txtPesu(15).setText("0,00"); });
+        trap([&] { f_.txtPesu(money::hubCut).setText("0,00"); });
     }
-    trap([&] { put(f_.txtPesu(25), round2(number(f_.txtPesu(24)) * number(f_.Text4(5)) + cut)); });
+    trap([&] {
+        put(f_.txtPesu(money::hubAmount),
+            round2(number(f_.txtPesu(money::hubPrice)) * number(f_.Text4(cut::hubWeight)) + cut));
+    });
 }
 
 void DiscAndHubCosting::writeRackWeight() {
     ErrorTrap trap;
-    trap([&] { f_.Text4(53).setText(runtime::Format(weights_.rackWeight(), amountMask)); });
+    trap([&] { f_.Text4(cut::barWeight).setText(runtime::Format(weights_.rackWeight(), amountMask)); });
 }
 
 void DiscAndHubCosting::rackChanged(int Index) {
@@ -281,7 +296,7 @@ void DiscAndHubCosting::rackChanged(int Index) {
     if (Index <= 52) {
         writeRackWeight();
     }
-    totals_.msRecalcularImportes(56);
+    totals_.msRecalcularImportes(money::barPrice);
 }
 
 void DiscAndHubCosting::Text4_LostFocus(int Index) {
@@ -298,9 +313,9 @@ void DiscAndHubCosting::Text4_LostFocus(int Index) {
         // Kept K-175: while a size is typed the bar is priced with the cut of the size before; its weight follows each
         // key.
         totals_.writeRackCut();
-        totals_.msRecalcularImportes(52);
+        totals_.msRecalcularImportes(cut::barThickness);
     } else if (Index >= 53 && Index <= 56) {
-        totals_.msRecalcularImportes(56);
+        totals_.msRecalcularImportes(money::barPrice);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 
@@ -28,10 +29,19 @@ struct Repeated {
     int field;
 };
 
-constexpr std::array onVariableSketch{Repeated{0, 17}, Repeated{1, 10}, Repeated{2, 9}, Repeated{3, 14},
-                                      Repeated{4, 18}, Repeated{5, 16}, Repeated{6, 15}};
-constexpr std::array onDoubleSketch{Repeated{1, 16}, Repeated{3, 17}, Repeated{4, 9}, Repeated{5, 10}};
-constexpr std::array onTripleSketch{Repeated{1, 16}, Repeated{8, 10}, Repeated{9, 9}, Repeated{10, 17}};
+constexpr std::array onVariableSketch{Repeated{variableSketch::totalWidth, measure::totalWidth},
+                                      Repeated{variableSketch::hubWidth, measure::hubWidth},
+                                      Repeated{variableSketch::rim, measure::rim},
+                                      Repeated{variableSketch::secondHubWidth, measure::secondHubWidth},
+                                      Repeated{variableSketch::secondHubDiameter, measure::secondHubDiameter},
+                                      Repeated{variableSketch::hubDiameter, measure::hubDiameter},
+                                      Repeated{variableSketch::exterior, measure::exterior}};
+constexpr std::array onDoubleSketch{
+    Repeated{doubleSketch::hubDiameter, measure::hubDiameter}, Repeated{doubleSketch::totalWidth, measure::totalWidth},
+    Repeated{doubleSketch::rim, measure::rim}, Repeated{doubleSketch::hubWidth, measure::hubWidth}};
+constexpr std::array onTripleSketch{
+    Repeated{tripleSketch::hubDiameter, measure::hubDiameter}, Repeated{tripleSketch::hubWidth, measure::hubWidth},
+    Repeated{tripleSketch::rim, measure::rim}, Repeated{tripleSketch::totalWidth, measure::totalWidth}};
 
 template <std::size_t N>
 void repeat(const FieldMap& f, const std::array<Repeated, N>& fields, const ControlArray<TextBox>& sketch) {
@@ -48,15 +58,15 @@ double column(const sql::Recordset& row, const char* name) {
 
 bool DoubleSprockets::Text1_LostFocus(int Index) {
     switch (Index) {
-        case 1:
+        case measure::teeth:
             return lookUp();
-        case 10:
+        case measure::hubWidth:
             hubWidthChanged();
             return true;
-        case 11:
+        case measure::gap:
             gapChanged();
             return true;
-        case 16:
+        case measure::hubDiameter:
             hubDiameterChanged();
             return true;
         default:
@@ -65,7 +75,7 @@ bool DoubleSprockets::Text1_LostFocus(int Index) {
 }
 
 bool DoubleSprockets::lookUp() {
-    const std::string teeth = f_.Text1(1).text();
+    const std::string teeth = f_.Text1(measure::teeth).text();
     rsPiñonDoble_ = session_.Connection().execute(
         "Select * from PDM where PDm_tipo = " + runtime::CStr(std::int64_t{f_.cboDobles.listIndex()}) +
         " AND PDm_z=" + runtime::Replace(teeth, ",", "."));
@@ -82,10 +92,10 @@ bool DoubleSprockets::lookUp() {
     for (const Measure& measure : measuresBeforeHeight) {
         put(f_.Text1(measure.field), row[measure.column]);
     }
-    put(f_.Text1(6), round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2));
-    put(f_.Text1(10), round2(column(row, "PDM_a") - b2));
-    put(f_.Text1(11), row["PDM_x"]);
-    put(f_.Text1(9), rim);
+    put(f_.Text1(measure::height), round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2));
+    put(f_.Text1(measure::hubWidth), round2(column(row, "PDM_a") - b2));
+    put(f_.Text1(measure::gap), row["PDM_x"]);
+    put(f_.Text1(measure::rim), rim);
     spreadDouble(rim);
     if (data::isDoubleDisc(f_.type())) {
         voidHub();
@@ -98,74 +108,80 @@ bool DoubleSprockets::lookUp() {
 
 void DoubleSprockets::spreadDouble(double rim) {
     const sql::Recordset& row = rsPiñonDoble_;
-    f_.Label1(4).setCaption("Llanta (B2)");
-    put(f_.txtPDM(0), row["PDM_de"]);
-    put(f_.txtPDM(1), row["PDM_dm"]);
-    put(f_.txtPDM(2), round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2 + column(row, "PDM_h1")));
-    f_.txtPDM(3).setText(f_.Text1(17).text());
-    put(f_.txtPDM(4), rim);
-    put(f_.txtPDM(5), round2(column(row, "PDM_a") - rim));
-    put(f_.txtPDM(6), row["PDM_b1"]);
-    put(f_.txtPDM(8), row["PDM_b1"]);
-    put(f_.txtPDM(7), row["PDM_x"]);
+    f_.Label1(label::rim).setCaption("Llanta (B2)");
+    put(f_.txtPDM(doubleSketch::exterior), row["PDM_de"]);
+    put(f_.txtPDM(doubleSketch::hubDiameter), row["PDM_dm"]);
+    put(f_.txtPDM(doubleSketch::hubHeight),
+        round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2 + column(row, "PDM_h1")));
+    f_.txtPDM(doubleSketch::totalWidth).setText(f_.Text1(measure::totalWidth).text());
+    put(f_.txtPDM(doubleSketch::rim), rim);
+    put(f_.txtPDM(doubleSketch::hubWidth), round2(column(row, "PDM_a") - rim));
+    put(f_.txtPDM(doubleSketch::firstRim), row["PDM_b1"]);
+    put(f_.txtPDM(doubleSketch::secondRim), row["PDM_b1"]);
+    put(f_.txtPDM(doubleSketch::gap), row["PDM_x"]);
 }
 
 void DoubleSprockets::voidHub() {
-    f_.Text1(16).setText("0");
-    f_.Text1(10).setText("0");
-    f_.Text1(17).setText(f_.Text1(9).text());
+    f_.Text1(measure::hubDiameter).setText("0");
+    f_.Text1(measure::hubWidth).setText("0");
+    f_.Text1(measure::totalWidth).setText(f_.Text1(measure::rim).text());
 }
 
 void DoubleSprockets::spreadTriple(double rim) {
     const sql::Recordset& row = rsPiñonDoble_;
     const double hubWidth = round2(column(row, "PDM_a") - column(row, "PDM_b2"));
-    f_.Label1(4).setCaption("Llanta (B3)");
-    put(f_.txtTriple(0), row["PDM_de"]);
-    put(f_.txtTriple(1), row["PDM_dm"]);
-    put(f_.txtTriple(2), round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2 + column(row, "PDM_h1")));
+    f_.Label1(label::rim).setCaption("Llanta (B3)");
+    put(f_.txtTriple(tripleSketch::exterior), row["PDM_de"]);
+    put(f_.txtTriple(tripleSketch::hubDiameter), row["PDM_dm"]);
+    put(f_.txtTriple(tripleSketch::hubHeight),
+        round2((column(row, "PDM_de") - column(row, "PDM_DF")) / 2 + column(row, "PDM_h1")));
     for (const int i : {3, 5, 7}) {
         put(f_.txtTriple(i), row["PDM_b1"]);
     }
     for (const int i : {4, 6}) {
         put(f_.txtTriple(i), row["PDM_x"]);
     }
-    put(f_.txtTriple(8), hubWidth);
-    put(f_.txtTriple(9), rim);
-    put(f_.txtTriple(10), hubWidth + rim);
-    f_.Text1(17).setText(f_.txtTriple(10).text());
+    put(f_.txtTriple(tripleSketch::hubWidth), hubWidth);
+    put(f_.txtTriple(tripleSketch::rim), rim);
+    put(f_.txtTriple(tripleSketch::totalWidth), hubWidth + rim);
+    f_.Text1(measure::totalWidth).setText(f_.txtTriple(tripleSketch::totalWidth).text());
 }
 
 void DoubleSprockets::hubWidthChanged() {
     // Kept K-174: only the triple sprocket goes by the triple's sketch here and at the gap; a triple disc goes with the
     // doubles: leaving one of the two fields gives it two rims and one gap. A load ends with the widths stored.
     const bool triple = f_.type() == data::tripleSprocket;
-    const TextBox& rim = triple ? f_.txtTriple(9) : f_.txtPDM(4);
-    TextBox& total = triple ? f_.txtTriple(10) : f_.txtPDM(3);
-    TextBox& hub = triple ? f_.txtTriple(8) : f_.txtPDM(5);
-    put(f_.Text1(17), round2(number(f_.Text1(10)) + number(rim)));
-    total.setText(f_.Text1(17).text());
-    hub.setText(f_.Text1(10).text());
+    const TextBox& rim = triple ? f_.txtTriple(tripleSketch::rim) : f_.txtPDM(doubleSketch::rim);
+    TextBox& total = triple ? f_.txtTriple(tripleSketch::totalWidth) : f_.txtPDM(doubleSketch::totalWidth);
+    TextBox& hub = triple ? f_.txtTriple(tripleSketch::hubWidth) : f_.txtPDM(doubleSketch::hubWidth);
+    put(f_.Text1(measure::totalWidth), round2(number(f_.Text1(measure::hubWidth)) + number(rim)));
+    total.setText(f_.Text1(measure::totalWidth).text());
+    hub.setText(f_.Text1(measure::hubWidth).text());
 }
 
 void DoubleSprockets::gapChanged() {
-    f_.txtPDM(7).setText(f_.Text1(11).text());
+    f_.txtPDM(doubleSketch::gap).setText(f_.Text1(measure::gap).text());
     if (f_.type() == data::tripleSprocket) {
-        put(f_.txtPDM(4), number(f_.txtTriple(3)) * 3 + number(f_.txtTriple(4)) * 2);
+        put(f_.txtPDM(doubleSketch::rim),
+            number(f_.txtTriple(tripleSketch::firstRim)) * 3 + number(f_.txtTriple(tripleSketch::firstGap)) * 2);
     } else {
-        put(f_.txtPDM(4), number(f_.txtPDM(6)) + number(f_.txtPDM(8)) + number(f_.txtPDM(7)));
+        put(f_.txtPDM(doubleSketch::rim), number(f_.txtPDM(doubleSketch::firstRim)) +
+                                              number(f_.txtPDM(doubleSketch::secondRim)) +
+                                              number(f_.txtPDM(doubleSketch::gap)));
     }
-    f_.Text1(9).setText(f_.txtPDM(4).text());
-    put(f_.Text1(17), round2(number(f_.Text1(10)) + number(f_.txtPDM(4))));
-    f_.txtPDM(5).setText(f_.Text1(10).text());
-    f_.txtPDM(3).setText(f_.Text1(17).text());
+    f_.Text1(measure::rim).setText(f_.txtPDM(doubleSketch::rim).text());
+    put(f_.Text1(measure::totalWidth),
+        round2(number(f_.Text1(measure::hubWidth)) + number(f_.txtPDM(doubleSketch::rim))));
+    f_.txtPDM(doubleSketch::hubWidth).setText(f_.Text1(measure::hubWidth).text());
+    f_.txtPDM(doubleSketch::totalWidth).setText(f_.Text1(measure::totalWidth).text());
     if (data::isDoubleDisc(f_.type())) {
         voidHub();
     }
 }
 
 void DoubleSprockets::hubDiameterChanged() {
-    f_.txtPDM(1).setText(f_.Text1(16).text());
-    f_.txtTriple(1).setText(f_.Text1(16).text());
+    f_.txtPDM(doubleSketch::hubDiameter).setText(f_.Text1(measure::hubDiameter).text());
+    f_.txtTriple(tripleSketch::hubDiameter).setText(f_.Text1(measure::hubDiameter).text());
 }
 
 void DoubleSprockets::msCalcularDobleVariable() {
@@ -174,14 +190,16 @@ void DoubleSprockets::msCalcularDobleVariable() {
     if (f_.bCargandoPropuesta || !f_.secondHubIsKnown()) {
         return;
     }
-    f_.txtDCV(2).setText(f_.Text1(9).text());
-    f_.txtDCV(1).setText(f_.Text1(10).text());
-    f_.txtDCV(3).setText(f_.Text1(14).text());
-    put(f_.txtDCV(0), round2(numberOrZero(f_.Text1(10)) + numberOrZero(f_.Text1(9)) + numberOrZero(f_.Text1(14))));
-    f_.txtDCV(5).setText(f_.Text1(16).text());
-    f_.txtDCV(4).setText(f_.Text1(18).text());
-    f_.txtDCV(6).setText(f_.Text1(15).text());
-    f_.Text1(17).setText(f_.txtDCV(0).text());
+    f_.txtDCV(variableSketch::rim).setText(f_.Text1(measure::rim).text());
+    f_.txtDCV(variableSketch::hubWidth).setText(f_.Text1(measure::hubWidth).text());
+    f_.txtDCV(variableSketch::secondHubWidth).setText(f_.Text1(measure::secondHubWidth).text());
+    put(f_.txtDCV(variableSketch::totalWidth),
+        round2(numberOrZero(f_.Text1(measure::hubWidth)) + numberOrZero(f_.Text1(measure::rim)) +
+               numberOrZero(f_.Text1(measure::secondHubWidth))));
+    f_.txtDCV(variableSketch::hubDiameter).setText(f_.Text1(measure::hubDiameter).text());
+    f_.txtDCV(variableSketch::secondHubDiameter).setText(f_.Text1(measure::secondHubDiameter).text());
+    f_.txtDCV(variableSketch::exterior).setText(f_.Text1(measure::exterior).text());
+    f_.Text1(measure::totalWidth).setText(f_.txtDCV(variableSketch::totalWidth).text());
 }
 
 // Differs D-005: the figures of the variable sketch are those of the fields beside them, in a load too, where the

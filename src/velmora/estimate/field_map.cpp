@@ -1,5 +1,6 @@
 #include "velmora/estimate/field_map.h"
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 
@@ -9,7 +10,8 @@ namespace velmora::estimate {
 // this pulley, and total width and stored columns leave them out.
 bool FieldMap::secondHubIsKnown() const {
     return type() == data::variableSprocket ||
-           (type() == data::variablePulley && (typed.contain(Text1(14)) || typed.contain(Text1(18))));
+           (type() == data::variablePulley &&
+            (typed.contain(Text1(measure::secondHubWidth)) || typed.contain(Text1(measure::secondHubDiameter))));
 }
 
 void FieldMap::noteChange(const TextBox& box) {

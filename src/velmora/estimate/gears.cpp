@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/platform/runtime/numbers.h"
 
 namespace velmora::estimate {
@@ -40,7 +41,7 @@ void Gears::takeOver(std::int32_t nIdEngranaje) {
     }
     put(f_.txtModulo, row["eng_modulo"]);
     presentation_.showModule();
-    f_.Text1(12).setFocus();
+    f_.Text1(measure::keyway).setFocus();
     // Kept K-173: the disc alone is worked out anew. A gear whose pitch diameter is 120 mm or less leaves the hub's
     // sizes and amount as they stood, those of a larger gear chosen just before among them; stored prices were made so.
     materials_.cboMatDisco_Click();

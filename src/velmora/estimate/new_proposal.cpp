@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "velmora/estimate/field_names.h"
+
 namespace velmora::estimate {
 
 namespace {
@@ -22,9 +24,21 @@ constexpr bool hasDisc(int type) {
 }
 
 constexpr std::array parts{
-    Part{.material = &FieldMap::rsMatDisco, .weight = 4, .cost = 20, .sale = 21, .belongsTo = hasDisc},
-    Part{.material = &FieldMap::rsMatCubo, .weight = 5, .cost = 23, .sale = 24, .belongsTo = data::hasHub},
-    Part{.material = &FieldMap::rsMatCre, .weight = 53, .cost = 54, .sale = 56, .belongsTo = data::isRack},
+    Part{.material = &FieldMap::rsMatDisco,
+         .weight = cut::discWeight,
+         .cost = money::discCost,
+         .sale = money::discPrice,
+         .belongsTo = hasDisc},
+    Part{.material = &FieldMap::rsMatCubo,
+         .weight = cut::hubWeight,
+         .cost = money::hubCost,
+         .sale = money::hubPrice,
+         .belongsTo = data::hasHub},
+    Part{.material = &FieldMap::rsMatCre,
+         .weight = cut::barWeight,
+         .cost = money::barCost,
+         .sale = money::barPrice,
+         .belongsTo = data::isRack},
 };
 
 /// Switches the totals off while it lives, and gives back what it found.
@@ -64,7 +78,7 @@ void NewProposal::begin() {
 }
 
 void NewProposal::typeChosen() {
-    if (!f_.bCargandoPropuesta && f_.txtPesu(3).text().empty()) {
+    if (!f_.bCargandoPropuesta && f_.txtPesu(money::proposal).text().empty()) {
         withdrawPrices();
         showPrices();
     }

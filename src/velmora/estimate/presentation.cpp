@@ -3,6 +3,7 @@
 #include <array>
 #include <initializer_list>
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -48,7 +49,7 @@ void Presentation::cboTipoPre_Click() {
         presentType(type);
     }
     writeWidths(type);
-    f_.cmdEng.setEnabled(data::isGear(type) && f_.txtPesu(3).text().empty());
+    f_.cmdEng.setEnabled(data::isGear(type) && f_.txtPesu(money::proposal).text().empty());
     f_.invalidateSketches();
 }
 
@@ -56,21 +57,24 @@ void Presentation::reset() {
     show(false, {&f_.lblTapacuboTriple(0), &f_.lblTapacuboTriple(1)});
     msVerCremallera(false);
     msVerTriple(false);
-    f_.Text1(4).setEnabled(true);
-    f_.Text1(6).setEnabled(true);
-    show(false, {&f_.Label1(10), &f_.Text1(5), &f_.Text1(11), &f_.Label1(34), &f_.fraPDM});
-    f_.Text1(11).setEnabled(false);
-    f_.Label1(4).setCaption("Llanta");
+    f_.Text1(measure::root).setEnabled(true);
+    f_.Text1(measure::height).setEnabled(true);
+    show(false, {&f_.Label1(label::firstRim), &f_.Text1(measure::firstRim), &f_.Text1(measure::gap),
+                 &f_.Label1(label::gap), &f_.fraPDM});
+    f_.Text1(measure::gap).setEnabled(false);
+    f_.Label1(label::rim).setCaption("Llanta");
     show(false, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
-    show(true, {&f_.Text1(16), &f_.Text1(10), &f_.Label1(13), &f_.Label1(20), &f_.Text1(2), &f_.Label1(11)});
+    show(true, {&f_.Text1(measure::hubDiameter), &f_.Text1(measure::hubWidth), &f_.Label1(label::hubWidth),
+                &f_.Label1(label::hubDiameter), &f_.Text1(measure::roller), &f_.Label1(label::roller)});
     f_.txtModulo.setVisible(false);
-    f_.Label1(16).setCaption("AC");
+    f_.Label1(label::chainWidth).setCaption("AC");
     f_.fraDobleVar.setVisible(false);
     msVerDoble(false);
-    show(false, {&f_.Label1(35), &f_.Text1(14), &f_.Label1(37), &f_.Text1(18)});
-    f_.Label1(13).setCaption("Ancho cubo");
-    f_.Label1(20).setCaption("Ø Cubo");
-    f_.Text1(17).setEnabled(true);
+    show(false, {&f_.Label1(label::secondHubWidth), &f_.Text1(measure::secondHubWidth),
+                 &f_.Label1(label::secondHubDiameter), &f_.Text1(measure::secondHubDiameter)});
+    f_.Label1(label::hubWidth).setCaption("Ancho cubo");
+    f_.Label1(label::hubDiameter).setCaption("Ø Cubo");
+    f_.Text1(measure::totalWidth).setEnabled(true);
 }
 
 void Presentation::presentType(int type) {
@@ -93,8 +97,8 @@ void Presentation::presentType(int type) {
             showHubs(Hubs::two);
             f_.Frame2.setCaption(captions.measures);
             if (type == data::smoothPulley) {
-                f_.Text1(4).setEnabled(false);
-                f_.Text1(6).setEnabled(false);
+                f_.Text1(measure::root).setEnabled(false);
+                f_.Text1(measure::height).setEnabled(false);
             }
             msVerCubo(true);
             break;
@@ -110,10 +114,11 @@ void Presentation::presentType(int type) {
         case data::variablePulley:
             msVerCubo(true);
             f_.fraDobleVar.setCaption(captions.variable);
-            show(true, {&f_.fraDobleVar, &f_.Label1(35), &f_.Text1(14), &f_.Label1(37), &f_.Text1(18)});
-            f_.Label1(13).setCaption("Ancho cubo A");
-            f_.Label1(20).setCaption("Ø Cubo A");
-            f_.Text1(17).setEnabled(false);
+            show(true, {&f_.fraDobleVar, &f_.Label1(label::secondHubWidth), &f_.Text1(measure::secondHubWidth),
+                        &f_.Label1(label::secondHubDiameter), &f_.Text1(measure::secondHubDiameter)});
+            f_.Label1(label::hubWidth).setCaption("Ancho cubo A");
+            f_.Label1(label::hubDiameter).setCaption("Ø Cubo A");
+            f_.Text1(measure::totalWidth).setEnabled(false);
             break;
         case data::tripleSprocket:
             f_.fraTriple.setCaption("Medidas Piñon Triple");
@@ -128,7 +133,8 @@ void Presentation::presentType(int type) {
             show(true, {&f_.lblTapacuboTriple(0), &f_.lblTapacuboTriple(1)});
             f_.lblTapacuboTriple(0).setBackColor(screen::colors::white);
             f_.lblTapacuboTriple(1).setBackColor(screen::colors::white);
-            show(false, {&f_.txtTriple(1), &f_.txtTriple(8), &f_.txtTriple(10)});
+            show(false, {&f_.txtTriple(tripleSketch::hubDiameter), &f_.txtTriple(tripleSketch::hubWidth),
+                         &f_.txtTriple(tripleSketch::totalWidth)});
             msVerCubo(false);
             break;
         default:
@@ -137,33 +143,36 @@ void Presentation::presentType(int type) {
 }
 
 void Presentation::showHubs(Hubs hubs) {
-    show(hubs != Hubs::none, {&f_.Text3(1), &f_.Text3(3), &f_.Text3(4)});
-    show(hubs == Hubs::two, {&f_.Text3(5), &f_.Text3(6)});
+    show(hubs != Hubs::none,
+         {&f_.Text3(caption::hubDiameter), &f_.Text3(caption::hubWidth), &f_.Text3(caption::totalWidth)});
+    show(hubs == Hubs::two, {&f_.Text3(caption::totalOfTwoHubs), &f_.Text3(caption::hubWidthCopy)});
 }
 
 void Presentation::presentDouble(bool withHub, int type) {
     if (!withHub) {
         show(true, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
     }
-    show(true, {&f_.Label1(10), &f_.Text1(5), &f_.fraPDM});
-    f_.Label1(4).setCaption("Llanta (B2)");
-    show(withHub, {&f_.txtPDM(1), &f_.txtPDM(5), &f_.txtPDM(3)});
+    show(true, {&f_.Label1(label::firstRim), &f_.Text1(measure::firstRim), &f_.fraPDM});
+    f_.Label1(label::rim).setCaption("Llanta (B2)");
+    show(withHub, {&f_.txtPDM(doubleSketch::hubDiameter), &f_.txtPDM(doubleSketch::hubWidth),
+                   &f_.txtPDM(doubleSketch::totalWidth)});
     if (withHub) {
         show(false, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
         msVerDoble(true);
         return;
     }
-    show(false, {&f_.Text1(16), &f_.Text1(10), &f_.Label1(13), &f_.Label1(20)});
+    show(false, {&f_.Text1(measure::hubDiameter), &f_.Text1(measure::hubWidth), &f_.Label1(label::hubWidth),
+                 &f_.Label1(label::hubDiameter)});
     msVerDoble(true);
     msVerCubo(false);
-    f_.Text1(11).setEnabled(type == data::twoChainDisc);
+    f_.Text1(measure::gap).setEnabled(type == data::twoChainDisc);
 }
 
 void Presentation::presentTriple() {
-    show(true, {&f_.Text1(11), &f_.Label1(34)});
+    show(true, {&f_.Text1(measure::gap), &f_.Label1(label::gap)});
     show(false, {&f_.Label2(2), &f_.Label2(3)});
-    show(true, {&f_.Label1(10), &f_.Text1(5), &f_.fraPDM});
-    f_.Label1(4).setCaption("Llanta (B3)");
+    show(true, {&f_.Label1(label::firstRim), &f_.Text1(measure::firstRim), &f_.fraPDM});
+    f_.Label1(label::rim).setCaption("Llanta (B3)");
     show(false, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
     msVerTriple(true);
 }
@@ -183,7 +192,7 @@ void Presentation::msVerCremallera(bool b) {
 
 void Presentation::msVerTriple(bool b) {
     f_.fraTriple.setCaption("Medidas Piñon Triple");
-    show(b, {&f_.cboDobles, &f_.fraTriple, &f_.Text1(5), &f_.Text1(11)});
+    show(b, {&f_.cboDobles, &f_.fraTriple, &f_.Text1(measure::firstRim), &f_.Text1(measure::gap)});
     f_.txtTriple.forEach([b](TextBox& box) { box.setVisible(b); });
     for (const int i : fromTable) {
         f_.Text1(i).setEnabled(!b);
@@ -191,45 +200,48 @@ void Presentation::msVerTriple(bool b) {
 }
 
 void Presentation::msVerDoble(bool b) {
-    show(b, {&f_.cboDobles, &f_.fraPDM, &f_.Label1(10), &f_.Text1(5), &f_.Text1(11), &f_.Label1(34)});
+    show(b, {&f_.cboDobles, &f_.fraPDM, &f_.Label1(label::firstRim), &f_.Text1(measure::firstRim),
+             &f_.Text1(measure::gap), &f_.Label1(label::gap)});
     for (const int i : fromTable) {
         f_.Text1(i).setEnabled(!b);
     }
-    f_.Text1(11).setEnabled(b && f_.type() == data::twoChainSprocket);
-    f_.Text1(5).setEnabled(false);
+    f_.Text1(measure::gap).setEnabled(b && f_.type() == data::twoChainSprocket);
+    f_.Text1(measure::firstRim).setEnabled(false);
 }
 
 // Types 4, 5, 12 and 13 do not come through here: the total width stays seen or hidden as the last type left it.
 void Presentation::msVerCubo(bool b) {
-    show(b, {&f_.fraCubo, &f_.Label1(20), &f_.Label1(17), &f_.Label1(13), &f_.Text1(16), &f_.Text1(17), &f_.Text1(10)});
+    show(b, {&f_.fraCubo, &f_.Label1(label::hubDiameter), &f_.Label1(label::totalWidth), &f_.Label1(label::hubWidth),
+             &f_.Text1(measure::hubDiameter), &f_.Text1(measure::totalWidth), &f_.Text1(measure::hubWidth)});
 }
 
 void Presentation::writeWidths(int type) {
-    if (f_.Text1(9).text().empty() || f_.Text1(10).text().empty()) {
+    if (f_.Text1(measure::rim).text().empty() || f_.Text1(measure::hubWidth).text().empty()) {
         return;
     }
-    const auto rim = [&] { return number(f_.Text1(9)); };
-    const auto hub = [&] { return number(f_.Text1(10)); };
+    const auto rim = [&] { return number(f_.Text1(measure::rim)); };
+    const auto hub = [&] { return number(f_.Text1(measure::hubWidth)); };
     if (data::isTwoHubs(type)) {
         const double sum = rim() + 2 * hub();
-        f_.Text1(17).setText(Format(round2(sum), "0.00"));
+        f_.Text1(measure::totalWidth).setText(Format(round2(sum), "0.00"));
         if (data::isVariable(type)) {
             // Kept K-013: the field counts hub A twice, the label hubs A and B; they differ when the hubs differ.
-            f_.txtDCV(0).setText("Ancho total " + CStr(number(f_.Text1(14)) + hub() + rim()));
+            f_.txtDCV(variableSketch::totalWidth)
+                .setText("Ancho total " + CStr(number(f_.Text1(measure::secondHubWidth)) + hub() + rim()));
         } else {
-            f_.Text3(5).setText("Ancho total " + CStr(sum));
+            f_.Text3(caption::totalOfTwoHubs).setText("Ancho total " + CStr(sum));
         }
     } else if (type == data::plainSprocket) {
-        f_.Text1(17).setText(Format(round2(rim() + hub()), "0.00"));
+        f_.Text1(measure::totalWidth).setText(Format(round2(rim() + hub()), "0.00"));
     }
 }
 
 void Presentation::showModule() {
-    f_.Text1(8).setVisible(false);
+    f_.Text1(measure::chainWidth).setVisible(false);
     f_.txtModulo.setVisible(true);
     f_.txtModulo.setEnabled(false);
-    show(false, {&f_.Text1(2), &f_.Label1(11)});
-    f_.Label1(16).setCaption("Modulo");
+    show(false, {&f_.Text1(measure::roller), &f_.Label1(label::roller)});
+    f_.Label1(label::chainWidth).setCaption("Modulo");
 }
 
 // Kept K-014: a new gear bears the plain captions and fields until it has been saved and read back.

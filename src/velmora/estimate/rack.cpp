@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -21,20 +22,24 @@ struct Repeated {
     int field;
 };
 
-constexpr std::array sketchFields{Repeated{0, 21}, Repeated{1, 22}, Repeated{2, 23},
-                                  Repeated{3, 24}, Repeated{4, 22}, Repeated{5, 25}};
+constexpr std::array sketchFields{Repeated{rackSketch::toothHeight, measure::rackToothHeight},
+                                  Repeated{rackSketch::height, measure::rackHeight},
+                                  Repeated{rackSketch::body, measure::rackBody},
+                                  Repeated{rackSketch::length, measure::rackLength},
+                                  Repeated{rackSketch::heightAtTheEnd, measure::rackHeight},
+                                  Repeated{rackSketch::width, measure::rackWidth}};
 
 /// Height, length and width of the bar.
-constexpr std::array barSizes{22, 24, 25};
+constexpr std::array barSizes{measure::rackHeight, measure::rackLength, measure::rackWidth};
 
 }  // namespace
 
 void Rack::Text1_LostFocus(int Index) {
     if (Index == 19) {
-        const double module = number(f_.Text1(19));
-        f_.Text1(20).setText(Format(module * shopPi, measureMask));
-        f_.Text1(21).setText(Format(module * toothHeightFactor, measureMask));
-    } else if (Index == 22 && !(number(f_.Text1(21)) < number(f_.Text1(22)))) {
+        const double module = number(f_.Text1(measure::rackModule));
+        f_.Text1(measure::rackPitch).setText(Format(module * shopPi, measureMask));
+        f_.Text1(measure::rackToothHeight).setText(Format(module * toothHeightFactor, measureMask));
+    } else if (Index == 22 && !(number(f_.Text1(measure::rackToothHeight)) < number(f_.Text1(measure::rackHeight)))) {
         screen_.show(
             {.text = "Atención, el valor de H no puede ser igual o inferior al de h", .icon = screen::Icon::critical});
         return;
@@ -51,13 +56,15 @@ void Rack::msCalcularCremallera() {
     for (const int computed : {20, 21, 23}) {
         f_.Text1(computed).setEnabled(false);
     }
-    f_.Text1(23).setText(Format(number(f_.Text1(22)) - number(f_.Text1(21)), measureMask));
+    f_.Text1(measure::rackBody)
+        .setText(
+            Format(number(f_.Text1(measure::rackHeight)) - number(f_.Text1(measure::rackToothHeight)), measureMask));
     for (const Repeated& repeated : sketchFields) {
         f_.txtCre(repeated.sketch).setText(f_.Text1(repeated.field).text());
     }
-    f_.Text4(50).setText(f_.txtCre(5).text());
-    f_.Text4(51).setText(f_.txtCre(3).text());
-    f_.Text4(52).setText(f_.txtCre(4).text());
+    f_.Text4(cut::barLength).setText(f_.txtCre(rackSketch::width).text());
+    f_.Text4(cut::barWidth).setText(f_.txtCre(rackSketch::length).text());
+    f_.Text4(cut::barThickness).setText(f_.txtCre(rackSketch::heightAtTheEnd).text());
 }
 
 void Rack::rsMatCre_MoveComplete() {
@@ -65,11 +72,13 @@ void Rack::rsMatCre_MoveComplete() {
     if (!material.hasRows()) {
         return;
     }
-    put(f_.txtPesu(54), material["art_pco"]);
-    put(f_.txtPesu(56), material["art_pve"]);
+    put(f_.txtPesu(money::barCost), material["art_pco"]);
+    put(f_.txtPesu(money::barPrice), material["art_pve"]);
     const double cut = totals_.rackCut();
-    f_.txtPesu(55).setText(Format(cut, amountMask));
-    f_.txtPesu(57).setText(Format(round2(number(f_.Text4(53)) * number(f_.txtPesu(56)) + cut), amountMask));
+    f_.txtPesu(money::barCut).setText(Format(cut, amountMask));
+    f_.txtPesu(money::barAmount)
+        .setText(
+            Format(round2(number(f_.Text4(cut::barWeight)) * number(f_.txtPesu(money::barPrice)) + cut), amountMask));
 }
 
 }  // namespace velmora::estimate

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -23,11 +24,11 @@ struct SketchCaption {
 };
 
 constexpr std::array sketchCaptions{
-    SketchCaption{.field = 9, .caption = 2, .prefix = "LLanta "},
-    SketchCaption{.field = 10, .caption = 3, .prefix = "Ancho "},
-    SketchCaption{.field = 15, .caption = 0, .prefix = "Diametro exterior "},
-    SketchCaption{.field = 16, .caption = 1, .prefix = "Diametro cubo "},
-    SketchCaption{.field = 17, .caption = 4, .prefix = "Ancho Total "},
+    SketchCaption{.field = measure::rim, .caption = caption::rim, .prefix = "LLanta "},
+    SketchCaption{.field = measure::hubWidth, .caption = caption::hubWidth, .prefix = "Ancho "},
+    SketchCaption{.field = measure::exterior, .caption = caption::exterior, .prefix = "Diametro exterior "},
+    SketchCaption{.field = measure::hubDiameter, .caption = caption::hubDiameter, .prefix = "Diametro cubo "},
+    SketchCaption{.field = measure::totalWidth, .caption = caption::totalWidth, .prefix = "Ancho Total "},
 };
 
 }  // namespace
@@ -41,26 +42,29 @@ void SprocketGeometry::msRecalcularMedidas() {
         screen_.show({.text = "El numero de dientes no puede ser cero"});
         f_.Text1(teeth).setFocus();
     } else {
-        put(f_.Text1(3), pitchDiameter(number(f_.Text1(pitch)), z));
+        put(f_.Text1(measure::pitchDiameter), pitchDiameter(number(f_.Text1(pitch)), z));
     }
-    put(f_.Text1(4), number(f_.Text1(3)) - number(f_.Text1(roller)));
-    put(f_.Text1(15), FnDmexterior(number(f_.Text1(3)), z, number(f_.Text1(roller))));
-    const auto height = [&] { return Round((number(f_.Text1(15)) - number(f_.Text1(4))) / 2, 2); };
+    put(f_.Text1(measure::root), number(f_.Text1(measure::pitchDiameter)) - number(f_.Text1(roller)));
+    put(f_.Text1(measure::exterior),
+        FnDmexterior(number(f_.Text1(measure::pitchDiameter)), z, number(f_.Text1(roller))));
+    const auto height = [&] {
+        return Round((number(f_.Text1(measure::exterior)) - number(f_.Text1(measure::root))) / 2, 2);
+    };
     // Kept K-011: a height of 0 is filled here, and any height is overwritten below.
-    if (number(f_.Text1(6)) == 0) {
-        put(f_.Text1(6), height());
+    if (number(f_.Text1(measure::height)) == 0) {
+        put(f_.Text1(measure::height), height());
     }
     if (data::isSmoothPulley(f_.type())) {
-        f_.Text1(15).setText(Format(pulleyExterior(number(f_.Text1(4))), "0.00"));
+        f_.Text1(measure::exterior).setText(Format(pulleyExterior(number(f_.Text1(measure::root))), "0.00"));
     }
     writeHubAndTotalWidth();
-    f_.Text3(4).setText("Ancho Total " + f_.Text1(17).text());
-    put(f_.Text1(6), height());
+    f_.Text3(caption::totalWidth).setText("Ancho Total " + f_.Text1(measure::totalWidth).text());
+    put(f_.Text1(measure::height), height());
     writeHubAndTotalWidth();
-    put(f_.Text1(rim), FnLlanta(number(f_.Text1(8))));
+    put(f_.Text1(rim), FnLlanta(number(f_.Text1(measure::chainWidth))));
     // Kept K-012: "Ancho total " instead of "Ancho Total " makes the caption differ, so that its change runs the
     // thickness rule with the widths of this moment.
-    f_.Text3(4).setText("Ancho total " + f_.Text1(17).text());
+    f_.Text3(caption::totalWidth).setText("Ancho total " + f_.Text1(measure::totalWidth).text());
     writeHubWidth();
     rooms_.costing.msCalcularGrueso();
     writeRimCaption();
@@ -73,20 +77,20 @@ void SprocketGeometry::msRecalcularMedidas() {
 }
 
 void SprocketGeometry::writeHubAndTotalWidth() {
-    double dp = number(f_.Text1(3));
-    put(f_.Text1(16), rooms_.constants.FnDmCubo(dp));
-    dp = number(f_.Text1(3));
-    put(f_.Text1(17), rooms_.constants.FnAnchoTotal(dp));
+    double dp = number(f_.Text1(measure::pitchDiameter));
+    put(f_.Text1(measure::hubDiameter), rooms_.constants.FnDmCubo(dp));
+    dp = number(f_.Text1(measure::pitchDiameter));
+    put(f_.Text1(measure::totalWidth), rooms_.constants.FnAnchoTotal(dp));
 }
 
 void SprocketGeometry::writeRimCaption() {
-    f_.Text3(2).setTag(f_.Text1(rim).text());
-    f_.Text3(2).setText("LLanta " + f_.Text3(2).tag());
+    f_.Text3(caption::rim).setTag(f_.Text1(rim).text());
+    f_.Text3(caption::rim).setText("LLanta " + f_.Text3(caption::rim).tag());
 }
 
 void SprocketGeometry::writeHubWidth() {
-    put(f_.Text1(hubWidth), number(f_.Text1(17)) - number(f_.Text1(rim)));
-    f_.Text3(3).setText("Ancho " + f_.Text1(hubWidth).text());
+    put(f_.Text1(hubWidth), number(f_.Text1(measure::totalWidth)) - number(f_.Text1(rim)));
+    f_.Text3(caption::hubWidth).setText("Ancho " + f_.Text1(hubWidth).text());
 }
 
 void SprocketGeometry::Text1_LostFocus(int Index) {
@@ -110,9 +114,9 @@ void SprocketGeometry::Text1_LostFocus(int Index) {
 }
 
 void SprocketGeometry::leavePlain(int Index) {
-    f_.Label1(4).setCaption("Llanta");
-    f_.Label1(10).setVisible(false);
-    f_.Text1(5).setVisible(false);
+    f_.Label1(label::rim).setCaption("Llanta");
+    f_.Label1(label::firstRim).setVisible(false);
+    f_.Text1(measure::firstRim).setVisible(false);
     f_.fraPDM.setVisible(false);
     switch (Index) {
         case teeth:
@@ -147,7 +151,7 @@ void SprocketGeometry::leaveTeeth() {
     if (z == 0) {
         f_.Text1(teeth).setFocus();
     } else {
-        put(f_.Text1(3), pitchDiameter(number(f_.Text1(pitch)), z));
+        put(f_.Text1(measure::pitchDiameter), pitchDiameter(number(f_.Text1(pitch)), z));
     }
 }
 
@@ -156,7 +160,7 @@ void SprocketGeometry::leaveRoller() {
     if (f_.type() == data::disc) {
         return;
     }
-    if (number(f_.Text1(15)) > onePieceLimit) {
+    if (number(f_.Text1(measure::exterior)) > onePieceLimit) {
         rooms_.materials.msCargarMaterialesConCubo();
     } else {
         rooms_.materials.msCargarMaterialesSinCubo();
@@ -166,7 +170,7 @@ void SprocketGeometry::leaveRoller() {
 // Gives the total that was worked out, 0 when none was.
 double SprocketGeometry::writeTotalWidth(int Index) {
     const int type = f_.type();
-    TextBox& total = f_.Text1(17);
+    TextBox& total = f_.Text1(measure::totalWidth);
     if (type == data::disc) {
         if (Index == rim && !f_.Text1(rim).text().empty()) {
             total.setText(Format(round2(number(f_.Text1(rim))), "0.00"));
@@ -182,7 +186,7 @@ double SprocketGeometry::writeTotalWidth(int Index) {
     if (data::hasTwinHubs(type)) {
         sum = oneHub + oneRim + oneHub;
         total.setText(Format(round2(sum), "0.00"));
-        f_.Text3(5).setText("Ancho total " + CStr(sum));
+        f_.Text3(caption::totalOfTwoHubs).setText("Ancho total " + CStr(sum));
     } else if (type == data::plainSprocket) {
         sum = oneRim + oneHub;
         total.setText(Format(round2(sum), "0.00"));
@@ -193,14 +197,14 @@ double SprocketGeometry::writeTotalWidth(int Index) {
 void SprocketGeometry::tail(double total) {
     if (f_.secondHubIsKnown()) {
         rooms_.doubles.msCalcularDobleVariable();
-    } else if (number(f_.Text1(15)) <= onePieceLimit) {
-        f_.Text4(0).setText(Format(total + 3, "0.00"));
+    } else if (number(f_.Text1(measure::exterior)) <= onePieceLimit) {
+        f_.Text4(cut::discWidth).setText(Format(total + 3, "0.00"));
     }
 }
 
 void SprocketGeometry::leaveWithChainList(int Index) {
-    f_.Label1(10).setVisible(true);
-    f_.Text1(5).setVisible(true);
+    f_.Label1(label::firstRim).setVisible(true);
+    f_.Text1(measure::firstRim).setVisible(true);
     f_.fraPDM.setVisible(true);
     if (!rooms_.doubles.Text1_LostFocus(Index)) {
         return;
@@ -237,7 +241,7 @@ void SprocketGeometry::Text1_KeyPress(int Index, screen::KeyPress& key) {
 
 void SprocketGeometry::Text3_Change(int Index) {
     if (Index == 3) {
-        f_.Text3(6).setText(f_.Text3(3).text());
+        f_.Text3(caption::hubWidthCopy).setText(f_.Text3(caption::hubWidth).text());
     } else if (Index == 4) {
         rooms_.costing.msCalcularGrueso();
     }

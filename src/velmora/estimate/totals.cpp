@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -96,99 +97,118 @@ void Totals::msRecalcularImportes(int Index) {
 }
 
 void Totals::voidHub(ErrorTrap& trap) {
-    for (TextBox* box : {&f_.Text4(5), &f_.Text4(3), &f_.Text4(2), &f_.txtPesu(25), &f_.txtPesu(24), &f_.txtPesu(15),
-                         &f_.txtPesu(23)}) {
+    for (TextBox* box : {&f_.Text4(cut::hubWeight), &f_.Text4(cut::hubLength), &f_.Text4(cut::hubDiameter),
+                         &f_.txtPesu(money::hubAmount), &f_.txtPesu(money::hubPrice), &f_.txtPesu(money::hubCut),
+                         &f_.txtPesu(money::hubCost)}) {
         trap([&] { box->setText("0"); });
     }
 }
 
 double Totals::hubCut() {
-    const double oneCut = round2(number(f_.Text4(2)) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCubo)));
+    const double oneCut =
+        round2(number(f_.Text4(cut::hubDiameter)) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCubo)));
     return data::hasTwinHubs(f_.type()) ? oneCut + oneCut : oneCut;
 }
 
 double Totals::rackCut() {
-    return std::max(number(f_.Text4(50)), number(f_.Text4(52))) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCre));
+    return std::max(number(f_.Text4(cut::barLength)), number(f_.Text4(cut::barThickness))) *
+           cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCre));
 }
 
 void Totals::writeRackCut() {
     ErrorTrap trap;
     if (f_.rsMatCre->isOpen() && f_.rsMatCre->hasRows()) {
-        trap([&] { f_.txtPesu(55).setText(Format(rackCut(), amountMask)); });
+        trap([&] { f_.txtPesu(money::barCut).setText(Format(rackCut(), amountMask)); });
     }
 }
 
 double Totals::writeHubCut(ErrorTrap& trap) {
     double x = 0;
-    if (trap.condition([&] { return number(f_.Text4(5)) > 0; })) {
+    if (trap.condition([&] { return number(f_.Text4(cut::hubWeight)) > 0; })) {
         trap([&] { x = hubCut(); });
-        trap([&] { put(f_.txtPesu(15), x); });
+        trap([&] { put(f_.txtPesu(money::hubCut), x); });
     } else {
-        trap([&] { f_.txtPesu(15).setText("0,00"); });
+        trap([&] { f_.txtPesu(money::hubCut).setText("0,00"); });
     }
     return x;
 }
 
 void Totals::sumRackWeight(ErrorTrap& trap) {
-    trap([&] { f_.Text4(53).setText(Format(weights_.rackWeight(), amountMask)); });
+    trap([&] { f_.Text4(cut::barWeight).setText(Format(weights_.rackWeight(), amountMask)); });
     trap([&] {
-        f_.txtPesu(57).setText(
-            Format(number(f_.txtPesu(55)) + number(f_.Text4(53)) * number(f_.txtPesu(56)), amountMask));
+        f_.txtPesu(money::barAmount)
+            .setText(Format(number(f_.txtPesu(money::barCut)) +
+                                number(f_.Text4(cut::barWeight)) * number(f_.txtPesu(money::barPrice)),
+                            amountMask));
     });
 }
 
 void Totals::sumRack(ErrorTrap& trap) {
     trap([&] {
-        f_.txtPesu(57).setText(
-            Format(number(f_.txtPesu(55)) + number(f_.Text4(53)) * number(f_.txtPesu(56)), amountMask));
+        f_.txtPesu(money::barAmount)
+            .setText(Format(number(f_.txtPesu(money::barCut)) +
+                                number(f_.Text4(cut::barWeight)) * number(f_.txtPesu(money::barPrice)),
+                            amountMask));
     });
-    trap([&] { put(f_.txtPesu(7), round2(number(f_.txtPesu(57)))); });
+    trap([&] { put(f_.txtPesu(money::material), round2(number(f_.txtPesu(money::barAmount)))); });
     sumPiece(trap);
 }
 
 void Totals::sumMaterial(ErrorTrap& trap) {
     // Differs D-008: a rack's material is its bar, whatever stands in the hidden lines of disc and hub.
     const auto material = [&] {
-        return data::isRack(f_.type()) ? number(f_.txtPesu(57)) : number(f_.txtPesu(22)) + number(f_.txtPesu(25));
+        return data::isRack(f_.type()) ? number(f_.txtPesu(money::barAmount))
+                                       : number(f_.txtPesu(money::discAmount)) + number(f_.txtPesu(money::hubAmount));
     };
-    trap([&] { put(f_.txtPesu(7), round2(material())); });
+    trap([&] { put(f_.txtPesu(money::material), round2(material())); });
     sumPiece(trap);
 }
 
 void Totals::sumPiece(ErrorTrap& trap) {
     trap([&] {
-        put(f_.txtPesu(10), round2(number(f_.txtPesu(7)) + number(f_.txtPesu(14)) + number(f_.txtPesu(8)) +
-                                   number(f_.txtPesu(9)) + number(f_.txtPesu(5))));
+        put(f_.txtPesu(money::piece),
+            round2(number(f_.txtPesu(money::material)) + number(f_.txtPesu(money::sawCharge)) +
+                   number(f_.txtPesu(money::labour)) + number(f_.txtPesu(money::subcontracted)) +
+                   number(f_.txtPesu(money::sundries))));
     });
     sumLot(trap);
 }
 
 void Totals::sumLot(ErrorTrap& trap) {
-    trap([&] { put(f_.txtPesu(12), round2(number(f_.txtPesu(10)) * number(f_.txtPesu(11)))); });
+    trap([&] {
+        put(f_.txtPesu(money::lot), round2(number(f_.txtPesu(money::piece)) * number(f_.txtPesu(money::pieces))));
+    });
 }
 
 void Totals::sumPieceWithSawSpread(ErrorTrap& trap) {
     // Kept K-008: leaving "Fijo Sierra" spreads the charge over the units, every other path adds it whole; which
     // price stands depends on the field edited last, and quotations were given on it.
     double f = 0;
-    if (trap.condition([&] { return number(f_.txtPesu(10)) > 0 && number(f_.txtPesu(14)) != 0; })) {
-        trap([&] { f = round2(runtime::divide(number(f_.txtPesu(14)), number(f_.txtPesu(11)))); });
+    if (trap.condition(
+            [&] { return number(f_.txtPesu(money::piece)) > 0 && number(f_.txtPesu(money::sawCharge)) != 0; })) {
+        trap([&] {
+            f = round2(runtime::divide(number(f_.txtPesu(money::sawCharge)), number(f_.txtPesu(money::pieces))));
+        });
     }
     trap([&] {
-        put(f_.txtPesu(10),
-            round2(number(f_.txtPesu(7)) + f + number(f_.txtPesu(8)) + number(f_.txtPesu(9)) + number(f_.txtPesu(5))));
+        put(f_.txtPesu(money::piece),
+            round2(number(f_.txtPesu(money::material)) + f + number(f_.txtPesu(money::labour)) +
+                   number(f_.txtPesu(money::subcontracted)) + number(f_.txtPesu(money::sundries))));
     });
 }
 
 void Totals::sumDisc(ErrorTrap& trap) {
     double cut = 0;
-    if (trap.condition([&] { return number(f_.txtPesu(16)) <= 0; })) {
-        trap([&] { f_.txtPesu(16).setText("0,00"); });
+    if (trap.condition([&] { return number(f_.txtPesu(money::discCut)) <= 0; })) {
+        trap([&] { f_.txtPesu(money::discCut).setText("0,00"); });
     } else {
-        trap([&] { cut = number(f_.txtPesu(16)); });
+        trap([&] { cut = number(f_.txtPesu(money::discCut)); });
     }
-    trap([&] { put(f_.txtPesu(22), round2(round2(number(f_.Text4(4)) * number(f_.txtPesu(21))) + cut)); });
-    msRecalcularImportes(5);
+    trap([&] {
+        put(f_.txtPesu(money::discAmount),
+            round2(round2(number(f_.Text4(cut::discWeight)) * number(f_.txtPesu(money::discPrice))) + cut));
+    });
+    msRecalcularImportes(money::sundries);
 }
 
 void Totals::sumHub(ErrorTrap& trap) {
@@ -196,8 +216,11 @@ void Totals::sumHub(ErrorTrap& trap) {
     if (!data::hubIsVoid(f_.type())) {
         x = writeHubCut(trap);
     }
-    trap([&] { put(f_.txtPesu(25), round2(round2(number(f_.Text4(5)) * number(f_.txtPesu(24))) + x)); });
-    msRecalcularImportes(5);
+    trap([&] {
+        put(f_.txtPesu(money::hubAmount),
+            round2(round2(number(f_.Text4(cut::hubWeight)) * number(f_.txtPesu(money::hubPrice))) + x));
+    });
+    msRecalcularImportes(money::sundries);
 }
 
 void Totals::txtPesu_Change(int Index) {
@@ -229,30 +252,30 @@ void Totals::txtPesu_LostFocus(int Index) {
 }
 
 void Totals::msMostrarFormula() {
-    const double z = numberOrZero(f_.Text1(1));
-    const double de = numberOrZero(f_.Text1(15));
-    const double ll = numberOrZero(f_.Text1(9));
-    const double dc = numberOrZero(f_.Text1(16));
-    const double ac = numberOrZero(f_.Text1(10));
-    const double eje = numberOrZero(f_.Text1(7));
-    const double at = numberOrZero(f_.Text1(17));
-    const double rod = numberOrZero(f_.Text1(2));
+    const double z = numberOrZero(f_.Text1(measure::teeth));
+    const double de = numberOrZero(f_.Text1(measure::exterior));
+    const double ll = numberOrZero(f_.Text1(measure::rim));
+    const double dc = numberOrZero(f_.Text1(measure::hubDiameter));
+    const double ac = numberOrZero(f_.Text1(measure::hubWidth));
+    const double eje = numberOrZero(f_.Text1(measure::bore));
+    const double at = numberOrZero(f_.Text1(measure::totalWidth));
+    const double rod = numberOrZero(f_.Text1(measure::roller));
     const double a = ll * de + dc * ac;
     const double b = ll * rod * z + at * eje;
 
     const std::string words = "[((" + CStr(de) + " x " + CStr(ll) + ") + (" + CStr(dc) + " x " + CStr(ac) +
                               "))] = " + CStr(a) + " - [(" + CStr(eje) + " x " + CStr(at) + ") + ((" + CStr(rod) +
                               " x " + CStr(ll) + ") x " + CStr(z) + ")] = " + CStr(b);
-    f_.txtPesu(17).setToolTip(words);
+    f_.txtPesu(money::approximateWeight).setToolTip(words);
     f_.lblFormulaPeso.setCaption(words);
     // Chosen C-003: the stock pieces' own weights are not worked out again here: nothing shows or keeps them.
-    f_.txtPesu(17).setText(Format(a - b, amountMask));
+    f_.txtPesu(money::approximateWeight).setText(Format(a - b, amountMask));
 }
 
 void Totals::clearFormula() {
-    f_.txtPesu(17).setToolTip("");
+    f_.txtPesu(money::approximateWeight).setToolTip("");
     f_.lblFormulaPeso.setCaption("");
-    f_.txtPesu(17).setText("0,00");
+    f_.txtPesu(money::approximateWeight).setText("0,00");
 }
 
 }  // namespace velmora::estimate

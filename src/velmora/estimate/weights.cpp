@@ -1,5 +1,6 @@
 #include "velmora/estimate/weights.h"
 
+#include "velmora/estimate/field_names.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -62,7 +63,8 @@ double Weights::FnPeso(const sql::Value& formula, double piezas, const Operand& 
 
 double Weights::rackWeight() const {
     const sql::Recordset& article = *f_.rsMatCre;
-    return FnPeso(article["art_for"], 1, f_.Text4(51), f_.Text4(50), f_.Text4(52), 0.0, 0.0, article["art_fac"]);
+    return FnPeso(article["art_for"], 1, f_.Text4(cut::barWidth), f_.Text4(cut::barLength), f_.Text4(cut::barThickness),
+                  0.0, 0.0, article["art_fac"]);
 }
 
 }  // namespace velmora::estimate

@@ -6,6 +6,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
@@ -44,7 +45,7 @@ std::string storedCode(const std::string& text) {
 }  // namespace
 
 void CustomerSearch::msValidarCliente() {
-    estimate::TextBox& code = f_.txtPesu(0);
+    estimate::TextBox& code = f_.txtPesu(money::customerCode);
     code.setText(runtime::Trim(code.text()));
     if (code.text().empty() || !runtime::IsNumeric(code.text())) {
         return;
@@ -53,12 +54,12 @@ void CustomerSearch::msValidarCliente() {
         session_.Connection().execute("Select CLI_NOM,CLI_ID from cli where CLI_COD=" + storedCode(code.text()));
     if (row.hasRows()) {
         if (!row["CLI_NOM"].isNull()) {
-            f_.txtPesu(1).setText(row["CLI_NOM"].toText());
+            f_.txtPesu(money::customerName).setText(row["CLI_NOM"].toText());
             code.setTag(row["CLI_ID"].toText());
         } else if (code.text() != knownCode_) {
             // Differs D-174: a customer without a name has an empty one, to be typed: the name of the customer before
             // must not be stored with his code. One that was typed or found by the commercial name stays.
-            f_.txtPesu(1).setText("");
+            f_.txtPesu(money::customerName).setText("");
             code.setTag(row["CLI_ID"].toText());
         }
         knownCode_ = code.text();
@@ -82,11 +83,11 @@ void CustomerSearch::msBuscarCliente() {
 }
 
 void CustomerSearch::takeOver(const std::string& row) {
-    estimate::TextBox& code = f_.txtPesu(0);
+    estimate::TextBox& code = f_.txtPesu(money::customerCode);
     if (runtime::Len(row) < shortestAnswer) {
         code.setTag("");
         code.setText("");
-        f_.txtPesu(1).setText("");
+        f_.txtPesu(money::customerName).setText("");
         return;
     }
     // A result with too few parts leaves what it does not bring as it was.
@@ -97,7 +98,7 @@ void CustomerSearch::takeOver(const std::string& row) {
         code.setTag(parts[1]);
     }
     if (parts.size() > 2) {
-        f_.txtPesu(1).setText(parts[2]);
+        f_.txtPesu(money::customerName).setText(parts[2]);
     }
     knownCode_ = code.text();
 }

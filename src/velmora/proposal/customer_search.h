@@ -2,6 +2,7 @@
 // The customer of a proposal, by code or by name.
 
 #include "velmora/estimate/field_map.h"
+#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
@@ -12,7 +13,7 @@ class CustomerSearch {
         : f_(fields), session_(session), screen_(screen), oUtil_(util) {}
 
     /// The user comes to the code: who leaves it as it stands has not turned to another customer.
-    void codeEntered() { knownCode_ = f_.txtPesu(0).text(); }
+    void codeEntered() { knownCode_ = f_.txtPesu(money::customerCode).text(); }
 
     /// Fills the name for the code in txtPesu(0); an unknown code opens the search. A text that is no number is left
     /// as it is. Errors: the database's.

@@ -1,13 +1,14 @@
 #include "velmora/proposal/cut_sheet.h"
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
 void msHojaCorte(const estimate::FieldMap& fields, const FormControls& controls, session::Session& session,
                  const platform::Desk& desk) {
-    const std::string& number = fields.txtPesu(3).text();
-    if (number.empty() || fields.txtPesu(4).text().empty() || !controls.XPImprime.isEnabled()) {
+    const std::string& number = fields.txtPesu(money::proposal).text();
+    if (number.empty() || fields.txtPesu(money::created).text().empty() || !controls.XPImprime.isEnabled()) {
         return;
     }
     const std::int32_t nIdDpi = runtime::IsNumeric(number) ? runtime::CLng(number) : 0;

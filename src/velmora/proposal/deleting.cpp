@@ -2,16 +2,17 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/screen/busy.h"
+#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
 void Deleting::msEliminar() {
     heldBack_ = false;
-    const std::string number = f_.txtPesu(3).text();
+    const std::string number = f_.txtPesu(money::proposal).text();
     if (!runtime::IsNumeric(number)) {
         return;
     }
-    if (!f_.txtPesu(13).text().empty()) {
+    if (!f_.txtPesu(money::accepted).text().empty()) {
         tellAccepted();
         return;
     }

@@ -8,6 +8,7 @@
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/sql/in_transaction.h"
+#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
@@ -52,11 +53,12 @@ std::string literal(const sql::Value& value) {
 /// Number and date of the proposal on the form before it is copied.
 class Duplicating::Original {
   public:
-    explicit Original(estimate::FieldMap& f) : f_(f), number_(f.txtPesu(3).text()), date_(f.txtPesu(4).text()) {}
+    explicit Original(estimate::FieldMap& f)
+        : f_(f), number_(f.txtPesu(money::proposal).text()), date_(f.txtPesu(money::created).text()) {}
 
     void putBack() const {
-        f_.txtPesu(3).setText(number_);
-        f_.txtPesu(4).setText(date_);
+        f_.txtPesu(money::proposal).setText(number_);
+        f_.txtPesu(money::created).setText(date_);
     }
 
   private:
@@ -66,7 +68,7 @@ class Duplicating::Original {
 };
 
 void Duplicating::cmdDuplicar_Click() {
-    if (f_.txtPesu(3).text().empty() || f_.txtPesu(4).text().empty()) {
+    if (f_.txtPesu(money::proposal).text().empty() || f_.txtPesu(money::created).text().empty()) {
         return;
     }
     if (screen_.show({.text = "Seguro que desea duplicar esta propuesta",
@@ -77,20 +79,20 @@ void Duplicating::cmdDuplicar_Click() {
 }
 
 void Duplicating::msDuplicar() {
-    if (!f_.txtPesu(0).enabled()) {
+    if (!f_.txtPesu(money::customerCode).enabled()) {
         return;
     }
-    if (f_.txtPesu(1).text().empty() || !runtime::IsNumeric(f_.txtPesu(0).text())) {
+    if (f_.txtPesu(money::customerName).text().empty() || !runtime::IsNumeric(f_.txtPesu(money::customerCode).text())) {
         screen_.show({.text = "Error Falta Cliente", .icon = screen::Icon::critical});
-        f_.txtPesu(0).setFocus();
+        f_.txtPesu(money::customerCode).setFocus();
         return;
     }
-    if (estimate::numberOrZero(f_.txtPesu(11)) < 1) {
+    if (estimate::numberOrZero(f_.txtPesu(money::pieces)) < 1) {
         screen_.show({.text = "Error Falta indicar el numero de unidades", .icon = screen::Icon::critical});
-        f_.txtPesu(11).setFocus();
+        f_.txtPesu(money::pieces).setFocus();
         return;
     }
-    FnDuplicarPropuesta(runtime::CLng(f_.txtPesu(3).text()));
+    FnDuplicarPropuesta(runtime::CLng(f_.txtPesu(money::proposal).text()));
 }
 
 void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
@@ -140,7 +142,7 @@ void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
 
 // A copy that does not load leaves the original on the form.
 void Duplicating::loadCopy(const Original& original) {
-    if (!loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(3).text()), true)) {
+    if (!loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(money::proposal).text()), true)) {
         original.putBack();
     }
 }
@@ -165,9 +167,9 @@ void Duplicating::copyProposal(const sql::Recordset& row) {
 
 void Duplicating::takeNewNumber() {
     const std::string id = session_.Connection().execute("SELECT MAX(DPI_Id) FROM DPI")[0].toText();
-    f_.txtPesu(3).setText(id);
+    f_.txtPesu(money::proposal).setText(id);
     const sql::Recordset row = session_.Connection().execute("SELECT DPI_Fecha FROM DPI where DPI_Id = " + id);
-    f_.txtPesu(4).setText(runtime::Format(row["DPI_Fecha"].toDate(), "dd/mm/yyyy"));
+    f_.txtPesu(money::created).setText(runtime::Format(row["DPI_Fecha"].toDate(), "dd/mm/yyyy"));
 }
 
 void Duplicating::copyLines(std::int32_t nIdOrigen) {
@@ -184,7 +186,7 @@ void Duplicating::copyLine(const sql::Recordset& line) {
     const std::string statement =
         "insert into modpi (MoDpi_Dpi,MoDpi_Ope,MoDpi_Maq,MoDpi_Minutos,MoDpi_Pvp,MoDpi_Tiempo,MoDpi_Importe) "
         "values (" +
-        f_.txtPesu(3).text() + "," + literal(line["MoDpi_Ope"]) + "," + literal(line["modpi_maq"]) + "," +
+        f_.txtPesu(money::proposal).text() + "," + literal(line["MoDpi_Ope"]) + "," + literal(line["modpi_maq"]) + "," +
         literal(line["MoDpi_Minutos"]) + "," + priceTimeAndAmount(line) + ")";
     session_.Connection().execute(statement);
 }

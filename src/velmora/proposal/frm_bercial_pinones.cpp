@@ -8,6 +8,7 @@
 #include "velmora/platform/screen/busy.h"
 #include "velmora/platform/version.h"
 #include "velmora/proposal/cut_sheet.h"
+#include "velmora/proposal/field_names.h"
 #include "velmora/reference/frm_pdm_val.h"
 
 namespace velmora::proposal {
@@ -86,8 +87,9 @@ void frmBercialPiñones::Form_Load() {
     materials_.msCargarMaterialesCre();
     msLimpiarCampos();
     history_.msHistorico(false);
-    f_.Text1(7).setText("24");
-    for (TextBox* box : {&f_.txtPesu(4), &f_.txtPesu(3), &f_.txtPesu(13), &f_.txtExtra}) {
+    f_.Text1(measure::bore).setText("24");
+    for (TextBox* box :
+         {&f_.txtPesu(money::created), &f_.txtPesu(money::proposal), &f_.txtPesu(money::accepted), &f_.txtExtra}) {
         box->setText("");
     }
     newProposal_.begin();
@@ -103,9 +105,9 @@ void frmBercialPiñones::msLimpiarCampos() {
     for (const int i : {0, 1, 2, 3, 4, 6, 13}) {
         f_.txtPesu(i).setText("");
     }
-    f_.txtPesu(14).setText("0,00");
-    f_.txtPesu(16).setText("0,00");
-    f_.Text1(7).setText("24,00");
+    f_.txtPesu(money::sawCharge).setText("0,00");
+    f_.txtPesu(money::discCut).setText("0,00");
+    f_.Text1(measure::bore).setText("24,00");
     f_.txtObservaciones.setText("");
 }
 
@@ -115,8 +117,8 @@ void frmBercialPiñones::Form_Activate() {
         return;
     }
     keepFromWriting();
-    if (f_.txtPesu(12).isEnabled()) {
-        f_.txtPesu(12).setFocus();
+    if (f_.txtPesu(money::lot).isEnabled()) {
+        f_.txtPesu(money::lot).setFocus();
     } else {
         f_.cboFiltroHistorico.setFocus();
     }
@@ -238,12 +240,12 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
             unload();
             break;
         case Key::f1:
-            if (f_.txtPesu(0).isEnabled()) {
+            if (f_.txtPesu(money::customerCode).isEnabled()) {
                 controls_.cmdManoObra.onClick();
             }
             break;
         case Key::f2:
-            if (f_.txtPesu(0).isEnabled()) {
+            if (f_.txtPesu(money::customerCode).isEnabled()) {
                 customers_.msBuscarCliente();
             }
             break;

@@ -6,6 +6,7 @@
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/screen/busy.h"
+#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
@@ -75,8 +76,8 @@ void History::msHistorico(bool bSoloTipo) {
 
 std::string History::statement(bool bSoloTipo) const {
     std::string where = bSoloTipo ? sameTypeAndFilled() : sameToothing();
-    if (!f_.txtPesu(3).text().empty()) {
-        where += " and DPI_Id <> " + runtime::CStr(std::int64_t{runtime::CLng(f_.txtPesu(3).text())});
+    if (!f_.txtPesu(money::proposal).text().empty()) {
+        where += " and DPI_Id <> " + runtime::CStr(std::int64_t{runtime::CLng(f_.txtPesu(money::proposal).text())});
     }
     const int filter = f_.cboFiltroHistorico.listIndex();
     where += filters[filter == 0 || filter == 1 ? static_cast<std::size_t>(filter) : filters.size() - 1];

@@ -7,6 +7,7 @@
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/sql/kept_row.h"
+#include "velmora/proposal/field_names.h"
 #include "velmora/proposal/form_memory.h"
 
 namespace velmora::proposal {
@@ -23,26 +24,29 @@ struct Stored {
 };
 
 constexpr std::array measures{
-    Stored{0, "DPI_pas"},   Stored{8, "DPI_ac"},          Stored{2, "DPI_rodillo"}, Stored{7, "DPI_Eje"},
-    Stored{3, "DPI_DmPri"}, Stored{4, "DPI_DmFon"},       Stored{15, "DPI_DmExt"},  Stored{16, "DPI_DmCub"},
-    Stored{6, "DPI_Alt"},   Stored{17, "DPI_AnchoTotal"}, Stored{9, "DPI_llanta"},  Stored{10, "DPI_AnchoCubo"},
+    Stored{measure::pitch, "DPI_pas"},           Stored{measure::chainWidth, "DPI_ac"},
+    Stored{measure::roller, "DPI_rodillo"},      Stored{measure::bore, "DPI_Eje"},
+    Stored{measure::pitchDiameter, "DPI_DmPri"}, Stored{measure::root, "DPI_DmFon"},
+    Stored{measure::exterior, "DPI_DmExt"},      Stored{measure::hubDiameter, "DPI_DmCub"},
+    Stored{measure::height, "DPI_Alt"},          Stored{measure::totalWidth, "DPI_AnchoTotal"},
+    Stored{measure::rim, "DPI_llanta"},          Stored{measure::hubWidth, "DPI_AnchoCubo"},
 };
 
 constexpr int nameOfCustomer = 1;  ///< in txtPesu
 
 constexpr std::array amounts{
-    Stored{0, "DPI_CodCliente"},
-    Stored{1, "DPI_NomCliente"},
-    Stored{2, "DPI_RefCli"},
-    Stored{7, "DPI_ImpMat"},
-    Stored{8, "DPI_ImpMO"},
-    Stored{9, "DPI_ImpTS"},
-    Stored{5, "DPI_ImpVA"},
-    Stored{10, "DPI_ImpTP"},
-    Stored{11, "dpi_unidades"},
-    Stored{12, "DPI_Importe"},
-    Stored{16, "DPI_CosteCorteDisco"},
-    Stored{14, "DPI_FijoSierra"},
+    Stored{money::customerCode, "DPI_CodCliente"},
+    Stored{money::customerName, "DPI_NomCliente"},
+    Stored{money::customerReference, "DPI_RefCli"},
+    Stored{money::material, "DPI_ImpMat"},
+    Stored{money::labour, "DPI_ImpMO"},
+    Stored{money::subcontracted, "DPI_ImpTS"},
+    Stored{money::sundries, "DPI_ImpVA"},
+    Stored{money::piece, "DPI_ImpTP"},
+    Stored{money::pieces, "dpi_unidades"},
+    Stored{money::lot, "DPI_Importe"},
+    Stored{money::discCut, "DPI_CosteCorteDisco"},
+    Stored{money::sawCharge, "DPI_FijoSierra"},
 };
 
 /// "" for null.
@@ -133,14 +137,14 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     if (data::hasChainList(type)) {
         const sql::Value& chain = row["DPI_PDM_Tipo"];
         f_.cboDobles.setListIndex(chain.isNull() ? 0 : chain.toLong());
-        rooms_.geometry.Text1_LostFocus(1);
+        rooms_.geometry.Text1_LostFocus(measure::teeth);
     }
     putMeasures(row);
     if (data::hasChainList(type) && !data::isDoubleDisc(type)) {
-        rooms_.geometry.Text1_LostFocus(10);
+        rooms_.geometry.Text1_LostFocus(measure::hubWidth);
     }
-    put(f_.Text1(12), row["dpi_chav"]);
-    put(f_.Text1(13), row["dpi_pri"]);
+    put(f_.Text1(measure::keyway), row["dpi_chav"]);
+    put(f_.Text1(measure::setScrews), row["dpi_pri"]);
     putCuts(row);
     putAmounts(row);
     rooms_.presentation.msPresentarEngranaje();
@@ -152,7 +156,7 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     }
     setButtons();
     letStoredWidthsStand(row);
-    f_.Text3(5).setText(f_.Text1(17).text());
+    f_.Text3(caption::totalOfTwoHubs).setText(f_.Text1(measure::totalWidth).text());
     rooms_.history.msHistorico(false);
     f_.form.setEnabled(false);
     putAgain(row);
@@ -224,11 +228,11 @@ void Loading::putState(const sql::Recordset& row) {
         f_.typed.forget();
     }
     // Chosen C-061: the number stands plain; the mask of six digits belongs to the lists.
-    put(f_.txtPesu(3), row["dpi_id"]);
-    f_.txtPesu(6).setText(textOrNothing(row["DPI_Orden"]));
-    f_.txtPesu(4).setText(dateOrNothing(row["DPI_Fecha"]));
-    f_.txtPesu(13).setText(dateOrNothing(row["DPI_FAcepta"]));
-    put(f_.Text1(1), row["DPI_Z"]);
+    put(f_.txtPesu(money::proposal), row["dpi_id"]);
+    f_.txtPesu(money::workOrder).setText(textOrNothing(row["DPI_Orden"]));
+    f_.txtPesu(money::created).setText(dateOrNothing(row["DPI_Fecha"]));
+    f_.txtPesu(money::accepted).setText(dateOrNothing(row["DPI_FAcepta"]));
+    put(f_.Text1(measure::teeth), row["DPI_Z"]);
 }
 
 void Loading::putMeasures(const sql::Recordset& row) {
@@ -238,18 +242,18 @@ void Loading::putMeasures(const sql::Recordset& row) {
 }
 
 void Loading::putCuts(const sql::Recordset& row) {
-    put(f_.Text4(1), row["DPI_DisCortDM"]);
-    put(f_.Text4(0), row["DPI_DisCortAN"]);
-    put(f_.Text4(4), row["DPI_DisCortPESO"]);
-    put(f_.txtPesu(21), row["DPI_DisPVE"]);
-    put(f_.txtPesu(22), row["DPI_DisImporte"]);
-    putOrZero(f_.Text4(6), row["DPI_DmInterno"]);
-    put(f_.Text4(2), row["DPI_CubCortDM"]);
-    put(f_.Text4(3), row["DPI_CubCortAN"]);
-    put(f_.Text4(5), row["DPI_CubCortPESO"]);
-    put(f_.txtPesu(24), row["DPI_CubPVE"]);
-    put(f_.txtPesu(25), row["DPI_CubImporte"]);
-    putOrZero(f_.Text4(7), row["DPI_CuboDmInterno"]);
+    put(f_.Text4(cut::discDiameter), row["DPI_DisCortDM"]);
+    put(f_.Text4(cut::discWidth), row["DPI_DisCortAN"]);
+    put(f_.Text4(cut::discWeight), row["DPI_DisCortPESO"]);
+    put(f_.txtPesu(money::discPrice), row["DPI_DisPVE"]);
+    put(f_.txtPesu(money::discAmount), row["DPI_DisImporte"]);
+    putOrZero(f_.Text4(cut::discInner), row["DPI_DmInterno"]);
+    put(f_.Text4(cut::hubDiameter), row["DPI_CubCortDM"]);
+    put(f_.Text4(cut::hubLength), row["DPI_CubCortAN"]);
+    put(f_.Text4(cut::hubWeight), row["DPI_CubCortPESO"]);
+    put(f_.txtPesu(money::hubPrice), row["DPI_CubPVE"]);
+    put(f_.txtPesu(money::hubAmount), row["DPI_CubImporte"]);
+    putOrZero(f_.Text4(cut::hubInner), row["DPI_CuboDmInterno"]);
 }
 
 void Loading::putAmounts(const sql::Recordset& row) {
@@ -273,22 +277,22 @@ bool Loading::putByType(const sql::Recordset& row) {
         if (row["DPI_PDM_X"].isNull()) {
             return false;
         }
-        put(f_.Text1(11), row["DPI_PDM_X"]);
-        put(f_.Text1(5), row["DPI_PDM_B1"]);
-        put(f_.txtPDM(7), row["DPI_PDM_X"]);
-        put(f_.txtPDM(2), row["DPI_PDM_h1"]);
+        put(f_.Text1(measure::gap), row["DPI_PDM_X"]);
+        put(f_.Text1(measure::firstRim), row["DPI_PDM_B1"]);
+        put(f_.txtPDM(doubleSketch::gap), row["DPI_PDM_X"]);
+        put(f_.txtPDM(doubleSketch::hubHeight), row["DPI_PDM_h1"]);
         if (type == data::tripleSprocket) {
-            put(f_.Text1(17), row["DPI_AnchoTotal"]);
-            put(f_.Text1(9), row["DPI_llanta"]);
-            put(f_.Text1(10), row["DPI_AnchoCubo"]);
+            put(f_.Text1(measure::totalWidth), row["DPI_AnchoTotal"]);
+            put(f_.Text1(measure::rim), row["DPI_llanta"]);
+            put(f_.Text1(measure::hubWidth), row["DPI_AnchoCubo"]);
         }
-        rooms_.geometry.Text1_LostFocus(11);
+        rooms_.geometry.Text1_LostFocus(measure::gap);
     } else if (type == data::variableSprocket) {
         // Kept K-017: only the sprocket's second hub is put on the form; the pulley's fields stay as they were and
         // count as unknown until the user changes one of them.
-        put(f_.Text1(18), row["DPI_PDM_B1"]);
-        put(f_.Text1(14), row["DPI_PDM_h1"]);
-        rooms_.geometry.Text1_LostFocus(11);
+        put(f_.Text1(measure::secondHubDiameter), row["DPI_PDM_B1"]);
+        put(f_.Text1(measure::secondHubWidth), row["DPI_PDM_h1"]);
+        rooms_.geometry.Text1_LostFocus(measure::gap);
     } else if (type == data::rack) {
         putRack(row);
     }
@@ -296,25 +300,26 @@ bool Loading::putByType(const sql::Recordset& row) {
 }
 
 void Loading::putRack(const sql::Recordset& row) {
-    put(f_.Text1(19), row["DPI_modulo"]);
-    put(f_.Text1(20), row["DPI_pas"]);
-    put(f_.Text1(21), row["DPI_ac"]);
-    rooms_.geometry.Text1_LostFocus(19);
+    put(f_.Text1(measure::rackModule), row["DPI_modulo"]);
+    put(f_.Text1(measure::rackPitch), row["DPI_pas"]);
+    put(f_.Text1(measure::rackToothHeight), row["DPI_ac"]);
+    rooms_.geometry.Text1_LostFocus(measure::rackModule);
     // Differs D-007: pitch and tooth height stand as stored, where leaving the module works them out from it.
-    putMasked(f_.Text1(20), row["DPI_pas"], "#,##0.00");
-    putMasked(f_.Text1(21), row["DPI_ac"], "#,##0.00");
-    for (const Stored& stored : {Stored{22, "DPI_Alt"}, Stored{24, "DPI_llanta"}, Stored{25, "DPI_AnchoCubo"}}) {
+    putMasked(f_.Text1(measure::rackPitch), row["DPI_pas"], "#,##0.00");
+    putMasked(f_.Text1(measure::rackToothHeight), row["DPI_ac"], "#,##0.00");
+    for (const Stored& stored : {Stored{measure::rackHeight, "DPI_Alt"}, Stored{measure::rackLength, "DPI_llanta"},
+                                 Stored{measure::rackWidth, "DPI_AnchoCubo"}}) {
         put(f_.Text1(stored.field), row[stored.column]);
         rooms_.geometry.Text1_LostFocus(stored.field);
     }
-    put(f_.Text4(50), row["DPI_DisCortDM"]);
-    put(f_.Text4(51), row["DPI_DisCortAN"]);
-    put(f_.Text4(52), row["DPI_DmFon"]);
-    put(f_.Text4(53), row["DPI_DisCortPESO"]);
-    put(f_.txtPesu(56), row["DPI_DisPVE"]);
-    rooms_.totals.txtPesu_LostFocus(56);
-    put(f_.txtPesu(57), row["DPI_DisImporte"]);
-    rooms_.totals.txtPesu_LostFocus(57);
+    put(f_.Text4(cut::barLength), row["DPI_DisCortDM"]);
+    put(f_.Text4(cut::barWidth), row["DPI_DisCortAN"]);
+    put(f_.Text4(cut::barThickness), row["DPI_DmFon"]);
+    put(f_.Text4(cut::barWeight), row["DPI_DisCortPESO"]);
+    put(f_.txtPesu(money::barPrice), row["DPI_DisPVE"]);
+    rooms_.totals.txtPesu_LostFocus(money::barPrice);
+    put(f_.txtPesu(money::barAmount), row["DPI_DisImporte"]);
+    rooms_.totals.txtPesu_LostFocus(money::barAmount);
     putRackCut(row);
 }
 
@@ -322,7 +327,8 @@ void Loading::putRack(const sql::Recordset& row) {
 // the rack before would leave its own.
 void Loading::putRackCut(const sql::Recordset& row) {
     const double material = estimate::round2(row["DPI_DisCortPESO"].toDouble() * row["DPI_DisPVE"].toDouble());
-    f_.txtPesu(55).setText(runtime::Format(row["DPI_DisImporte"].toDouble() - material, estimate::amountMask));
+    f_.txtPesu(money::barCut)
+        .setText(runtime::Format(row["DPI_DisImporte"].toDouble() - material, estimate::amountMask));
 }
 
 // Differs D-006: the widths of a multiple product and their copies on its sketches are the row's, not those that the
@@ -331,8 +337,9 @@ void Loading::letStoredWidthsStand(const sql::Recordset& row) {
     if (!data::hasChainList(f_.type())) {
         return;
     }
-    for (const Stored& stored : {Stored{9, "DPI_llanta"}, Stored{10, "DPI_AnchoCubo"}, Stored{16, "DPI_DmCub"},
-                                 Stored{17, "DPI_AnchoTotal"}}) {
+    for (const Stored& stored :
+         {Stored{measure::rim, "DPI_llanta"}, Stored{measure::hubWidth, "DPI_AnchoCubo"},
+          Stored{measure::hubDiameter, "DPI_DmCub"}, Stored{measure::totalWidth, "DPI_AnchoTotal"}}) {
         put(f_.Text1(stored.field), row[stored.column]);
     }
     rooms_.doubles.repeatOnMultipleSketches();
@@ -348,7 +355,7 @@ void Loading::showWhatFollows() {
 }
 
 void Loading::setButtons() {
-    if (!f_.txtPesu(13).text().empty()) {
+    if (!f_.txtPesu(money::accepted).text().empty()) {
         controls_.cmdCambios.setEnabled(false);
     } else {
         // Kept K-060: the button goes off for a pending proposal although key F1 works on; the way back to editing
@@ -365,8 +372,8 @@ void Loading::putAgain(const sql::Recordset& row) {
         putCuts(row);
         put(f_.txtModulo, row["DPI_modulo"]);
     }
-    put(f_.txtPesu(16), row["DPI_CosteCorteDisco"]);
-    put(f_.txtPesu(14), row["DPI_FijoSierra"]);
+    put(f_.txtPesu(money::discCut), row["DPI_CosteCorteDisco"]);
+    put(f_.txtPesu(money::sawCharge), row["DPI_FijoSierra"]);
     f_.txtObservaciones.setText(textOrNothing(row["DPI_Obser"]));
 }
 

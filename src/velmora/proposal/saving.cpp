@@ -5,6 +5,7 @@
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
@@ -49,7 +50,7 @@ struct NumberField {
 bool Saving::msGrabar(bool bSilencio) {
     ++calls_;
     heldBack_ = false;
-    if (!f_.txtPesu(0).enabled() || !f_.txtPesu(13).text().empty()) {
+    if (!f_.txtPesu(money::customerCode).enabled() || !f_.txtPesu(money::accepted).text().empty()) {
         return false;
     }
     if (!isComplete()) {
@@ -64,7 +65,7 @@ bool Saving::msGrabar(bool bSilencio) {
     session_.Tabla("DPI");
     session_.Modo(0);
     const Guarded guarded(f_);
-    const bool isNew = !runtime::IsNumeric(f_.txtPesu(3).text());
+    const bool isNew = !runtime::IsNumeric(f_.txtPesu(money::proposal).text());
     const session::Written written = write(isNew, error);
     const bool stored = written == session::Written::yes;
     if (stored && !bSilencio) {
@@ -85,7 +86,7 @@ bool Saving::msGrabar(bool bSilencio) {
 /// Reads the proposal back. Where that fails, what was typed stays on the form, and it is held against the row as it
 /// was stored just now.
 void Saving::reload() {
-    const std::string number = f_.txtPesu(3).text();
+    const std::string number = f_.txtPesu(money::proposal).text();
     const auto rememberRow = [&] {
         runtime::ErrorTrap trap;
         trap([&] { rooms_.stored.remember(rooms_.stored.read(number)); });
@@ -102,23 +103,23 @@ void Saving::reload() {
 }
 
 bool Saving::isComplete() {
-    TextBox& code = f_.txtPesu(0);
+    TextBox& code = f_.txtPesu(money::customerCode);
     // Chosen C-008: no customer has the code 0; it is refused like a code that is no number.
-    if (f_.txtPesu(1).text().empty() || estimate::numberOrZero(code) == 0) {
+    if (f_.txtPesu(money::customerName).text().empty() || estimate::numberOrZero(code) == 0) {
         screen_.show({.text = "Error Falta Cliente", .icon = screen::Icon::critical});
         code.setFocus();
         return false;
     }
-    if (estimate::numberOrZero(f_.txtPesu(11)) < 1) {
+    if (estimate::numberOrZero(f_.txtPesu(money::pieces)) < 1) {
         screen_.show({.text = "Error Falta indicar el numero de unidades", .icon = screen::Icon::critical});
-        f_.txtPesu(11).setFocus();
+        f_.txtPesu(money::pieces).setFocus();
         return false;
     }
     return true;
 }
 
 bool Saving::mayBeWritten() {
-    const labour::ProposalStanding& standing = rooms_.stored.readStanding(f_.txtPesu(3).text());
+    const labour::ProposalStanding& standing = rooms_.stored.readStanding(f_.txtPesu(money::proposal).text());
     if (standing.state == labour::ProposalStanding::pending) {
         return true;
     }
@@ -138,7 +139,7 @@ session::Written Saving::write(bool isNew, std::string& error) {
         written = session::writeChecked(session_.Connection(), screen_,
                                         {.look = [&] { return look(isNew); },
                                          .write = [&] { return writeRow(isNew, error); },
-                                         .question = "El presupuesto nº " + f_.txtPesu(3).text() +
+                                         .question = "El presupuesto nº " + f_.txtPesu(money::proposal).text() +
                                                      " ha sido modificado por otro usuario desde que se cargó." +
                                                      lineBreak + "¿Desea grabar encima de sus cambios?"});
     } catch (const runtime::RuntimeError& e) {
@@ -170,7 +171,7 @@ session::RowState Saving::look(bool isNew) {
     for (const session::Field& field : campos.fields()) {
         columns.push_back(field.nombre);
     }
-    return rooms_.stored.look(f_.txtPesu(3).text(), columns);
+    return rooms_.stored.look(f_.txtPesu(money::proposal).text(), columns);
 }
 
 bool Saving::writeRow(bool isNew, std::string& error) {
@@ -182,7 +183,7 @@ bool Saving::writeRow(bool isNew, std::string& error) {
             newRow_ = readBackNewRow();
         }
     } else {
-        session_.Donde(" Where DPI_Id = " + f_.txtPesu(3).text());
+        session_.Donde(" Where DPI_Id = " + f_.txtPesu(money::proposal).text());
         session_.Actualizar(error, correcto);
     }
     return correcto;
@@ -201,9 +202,9 @@ Saving::NewRow Saving::readBackNewRow() {
 // Once the row is there for good: the number of a row that was rolled back would turn the next save into an update
 // of nothing.
 void Saving::put(const NewRow& row) {
-    f_.txtPesu(3).setText(row.number);
-    f_.txtPesu(4).setText(row.date);
-    f_.txtPesu(16).setText(row.discCut);
+    f_.txtPesu(money::proposal).setText(row.number);
+    f_.txtPesu(money::created).setText(row.date);
+    f_.txtPesu(money::discCut).setText(row.discCut);
 }
 
 void Saving::refuse(bool isNew, const std::string& error) {
@@ -224,64 +225,64 @@ void Saving::addFields() {
         }
     };
 
-    addNumbers({{"DPI_CosteCorteDisco", f_.txtPesu(16)}, {"DPI_FijoSierra", f_.txtPesu(14)}});
+    addNumbers({{"DPI_CosteCorteDisco", f_.txtPesu(money::discCut)}, {"DPI_FijoSierra", f_.txtPesu(money::sawCharge)}});
     campos.Add("DPI_Obser", Tipo::text, f_.txtObservaciones);
     campos.Add("DPI_Extra", Tipo::text, runtime::Left(f_.txtExtra.text(), extraLength));
     campos.Add("DPI_ProTex", Tipo::text, runtime::Left(f_.txtCPro.text(), supplierLength));
     addNumbers({
-        {"DPI_Modulo", rack ? f_.Text1(19) : f_.txtModulo},
-        {"DPI_Alt", f_.Text1(rack ? 22 : 6)},
-        {"DPI_Llanta", f_.Text1(rack ? 24 : 9)},
-        {"DPI_AnchoCubo", f_.Text1(rack ? 25 : 10)},
+        {"DPI_Modulo", rack ? f_.Text1(measure::rackModule) : f_.txtModulo},
+        {"DPI_Alt", f_.Text1(rack ? measure::rackHeight : measure::height)},
+        {"DPI_Llanta", f_.Text1(rack ? measure::rackLength : measure::rim)},
+        {"DPI_AnchoCubo", f_.Text1(rack ? measure::rackWidth : measure::hubWidth)},
     });
     campos.Add("DPI_ArtDisco", Tipo::number, disc["art_id"]);
     campos.Add("DPI_IdParDisco", Tipo::number, key(rack ? f_.cboMatCre : f_.cboMatDisco));
     addNumbers({
-        {"DPI_DisCortDM", f_.Text4(rack ? 50 : 1)},
-        {"DPI_DisCortAN", f_.Text4(rack ? 51 : 0)},
-        {"DPI_DisCortPESO", f_.Text4(rack ? 53 : 4)},
-        {"DPI_DmFon", rack ? f_.Text4(52) : f_.Text1(4)},
-        {"DPI_DisPVE", f_.txtPesu(rack ? 56 : 21)},
-        {"DPI_DisImporte", f_.txtPesu(rack ? 57 : 22)},
-        {"DPI_Pas", f_.Text1(rack ? 20 : 0)},
-        {"DPI_AC", f_.Text1(rack ? 21 : 8)},
-        {"DPI_DmExt", f_.Text1(15)},
-        {"DPI_DmCub", f_.Text1(16)},
+        {"DPI_DisCortDM", f_.Text4(rack ? cut::barLength : cut::discDiameter)},
+        {"DPI_DisCortAN", f_.Text4(rack ? cut::barWidth : cut::discWidth)},
+        {"DPI_DisCortPESO", f_.Text4(rack ? cut::barWeight : cut::discWeight)},
+        {"DPI_DmFon", rack ? f_.Text4(cut::barThickness) : f_.Text1(measure::root)},
+        {"DPI_DisPVE", f_.txtPesu(rack ? money::barPrice : money::discPrice)},
+        {"DPI_DisImporte", f_.txtPesu(rack ? money::barAmount : money::discAmount)},
+        {"DPI_Pas", f_.Text1(rack ? measure::rackPitch : measure::pitch)},
+        {"DPI_AC", f_.Text1(rack ? measure::rackToothHeight : measure::chainWidth)},
+        {"DPI_DmExt", f_.Text1(measure::exterior)},
+        {"DPI_DmCub", f_.Text1(measure::hubDiameter)},
     });
     campos.Add("DPI_Tipo", Tipo::wholeNumber, f_.type());
-    addNumbers({{"DPI_AnchoTotal", f_.Text1(17)}});
-    campos.Add("DPI_RefCli", Tipo::text, f_.txtPesu(2));
+    addNumbers({{"DPI_AnchoTotal", f_.Text1(measure::totalWidth)}});
+    campos.Add("DPI_RefCli", Tipo::text, f_.txtPesu(money::customerReference));
     addNumbers({
-        {"DPI_Z", f_.Text1(1)},
-        {"DPI_Rodillo", f_.Text1(2)},
-        {"DPI_Eje", f_.Text1(7)},
-        {"DPI_Chav", f_.Text1(12)},
-        {"DPI_Pri", f_.Text1(13)},
-        {"DPI_DmPri", f_.Text1(3)},
-        {"DPI_CubCortDM", f_.Text4(2)},
-        {"DPI_CubCortAN", f_.Text4(3)},
-        {"DPI_CubCortPESO", f_.Text4(5)},
-        {"DPI_CubPVE", f_.txtPesu(24)},
-        {"DPI_CubImporte", f_.txtPesu(25)},
+        {"DPI_Z", f_.Text1(measure::teeth)},
+        {"DPI_Rodillo", f_.Text1(measure::roller)},
+        {"DPI_Eje", f_.Text1(measure::bore)},
+        {"DPI_Chav", f_.Text1(measure::keyway)},
+        {"DPI_Pri", f_.Text1(measure::setScrews)},
+        {"DPI_DmPri", f_.Text1(measure::pitchDiameter)},
+        {"DPI_CubCortDM", f_.Text4(cut::hubDiameter)},
+        {"DPI_CubCortAN", f_.Text4(cut::hubLength)},
+        {"DPI_CubCortPESO", f_.Text4(cut::hubWeight)},
+        {"DPI_CubPVE", f_.txtPesu(money::hubPrice)},
+        {"DPI_CubImporte", f_.txtPesu(money::hubAmount)},
     });
     campos.Add("DPI_ArtCubo", Tipo::number, hub["art_id"]);
     campos.Add("DPI_IdParCubo", Tipo::number, key(f_.cboMatCubo));
     addNumbers({
-        {"DPI_ImpMat", f_.txtPesu(7)},
-        {"DPI_ImpMO", f_.txtPesu(8)},
-        {"DPI_ImpTS", f_.txtPesu(9)},
-        {"DPI_ImpVA", f_.txtPesu(5)},
-        {"DPI_ImpTP", f_.txtPesu(10)},
-        {"DPI_Unidades", f_.txtPesu(11)},
-        {"DPI_Importe", f_.txtPesu(12)},
-        {"DPI_CodCliente", f_.txtPesu(0)},
+        {"DPI_ImpMat", f_.txtPesu(money::material)},
+        {"DPI_ImpMO", f_.txtPesu(money::labour)},
+        {"DPI_ImpTS", f_.txtPesu(money::subcontracted)},
+        {"DPI_ImpVA", f_.txtPesu(money::sundries)},
+        {"DPI_ImpTP", f_.txtPesu(money::piece)},
+        {"DPI_Unidades", f_.txtPesu(money::pieces)},
+        {"DPI_Importe", f_.txtPesu(money::lot)},
+        {"DPI_CodCliente", f_.txtPesu(money::customerCode)},
     });
-    campos.Add("DPI_NomCliente", Tipo::text, f_.txtPesu(1));
+    campos.Add("DPI_NomCliente", Tipo::text, f_.txtPesu(money::customerName));
     const auto addInner = [&](const char* column, bool tube, const TextBox& box) {
         campos.Add(column, Tipo::number, tube ? session::FieldValue(box) : session::FieldValue(0));
     };
-    addInner("DPI_DmInterno", estimate::isTube((*f_.rsMatDisco)["art_for"]), f_.Text4(6));
-    addInner("DPI_CuboDmInterno", estimate::isTube(hub["art_for"]), f_.Text4(7));
+    addInner("DPI_DmInterno", estimate::isTube((*f_.rsMatDisco)["art_for"]), f_.Text4(cut::discInner));
+    addInner("DPI_CuboDmInterno", estimate::isTube(hub["art_for"]), f_.Text4(cut::hubInner));
     campos.Add("DPI_Acopla", Tipo::boolean, f_.chkAcopla.checked() ? 1 : 0);
     campos.Add("DPI_HERRAMIENTA", Tipo::text, runtime::Left(f_.cboHerramienta.text(), toolLength));
     addFieldsByType();
@@ -295,19 +296,19 @@ void Saving::addFieldsByType() {
             campos.Add(column, Tipo::expression, null);
         }
     } else if (data::isDouble(type)) {
-        addMultipleProduct(f_.txtPDM(7));
+        addMultipleProduct(f_.txtPDM(doubleSketch::gap));
     } else if (data::isTriple(type)) {
-        addMultipleProduct(f_.Text1(11));
+        addMultipleProduct(f_.Text1(measure::gap));
     } else if (data::isVariable(type)) {
         // Differs D-004: an update leaves the second hub that the form does not show as it is stored.
-        const bool writesSecondHub = f_.secondHubIsKnown() || !runtime::IsNumeric(f_.txtPesu(3).text());
+        const bool writesSecondHub = f_.secondHubIsKnown() || !runtime::IsNumeric(f_.txtPesu(money::proposal).text());
         campos.Add("DPI_PDM_Tipo", Tipo::expression, null);
         if (writesSecondHub) {
-            campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(18));
+            campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(measure::secondHubDiameter));
         }
         campos.Add("DPI_PDM_x", Tipo::expression, null);
         if (writesSecondHub) {
-            campos.Add("DPI_PDM_h1", Tipo::number, f_.Text1(14));
+            campos.Add("DPI_PDM_h1", Tipo::number, f_.Text1(measure::secondHubWidth));
         }
         campos.Add("DPI_PDM_Texto", Tipo::expression, null);
     }
@@ -317,9 +318,9 @@ void Saving::addFieldsByType() {
 void Saving::addMultipleProduct(const TextBox& gap) {
     session::FieldList& campos = session_.Campos();
     campos.Add("DPI_PDM_Tipo", Tipo::wholeNumber, f_.cboDobles.listIndex());
-    campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(5));
+    campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(measure::firstRim));
     campos.Add("DPI_PDM_x", Tipo::number, gap);
-    campos.Add("DPI_PDM_h1", Tipo::number, f_.txtPDM(2));
+    campos.Add("DPI_PDM_h1", Tipo::number, f_.txtPDM(doubleSketch::hubHeight));
     campos.Add("DPI_PDM_Texto", Tipo::text, f_.cboDobles.text());
 }
 
