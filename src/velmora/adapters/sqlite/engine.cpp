@@ -72,14 +72,14 @@ bool Engine::isAlive() {
     }
 }
 
-std::vector<std::string> Engine::files() const {
+std::vector<std::string> Engine::files() {
     std::vector<std::string> files;
     if (path_ == inMemory) {
         return files;
     }
     std::error_code ignored;
     // The logs lie beside the file itself, not beside a link to it.
-    const std::string main = sqlite3_db_filename(database_.get(), mainSchema.data());
+    const std::string main = sqlite3_db_filename(link()->handle(), mainSchema.data());
     const std::string documents = std::filesystem::weakly_canonical(besideWithPrefix(path_), ignored).string();
     for (const std::string& file : {main, documents}) {
         for (const char* ending : {"", "-wal", "-shm", "-journal"}) {

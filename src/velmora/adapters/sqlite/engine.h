@@ -39,7 +39,7 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     void rollback();
     const std::string& catalogName() const { return options_.catalog; }
     bool isAlive();
-    std::vector<std::string> files() const;
+    std::vector<std::string> files();
 
     /// For result sets: writes a binary column of the row with this key (a whole number or a text) and looks at what
     /// was stored.
