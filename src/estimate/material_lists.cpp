@@ -43,7 +43,10 @@ void MaterialLists::fill(ComboBox& list, const char* statement) {
     for (list.clear(); !rows.eof(); rows.moveNext()) {
         // Kept K-006: the key is read back from three characters, so that a number above 999 cannot be chosen; the
         // stored proposals and the other lists of the host count on this form of entry.
-        list.addItem(runtime::Format(rows["PARDPI_ID"].toDouble(), "000") + " - " + rows["PARDPI_Nom"].toText());
+        // Differs D-173: a material without a name is listed by its number; its null would keep the form shut.
+        const sql::Value& name = rows["PARDPI_Nom"];
+        list.addItem(runtime::Format(rows["PARDPI_ID"].toDouble(), "000") + " - " +
+                     (name.isNull() ? std::string() : name.toText()));
     }
     if (list.listCount() > 0) {
         // Chosen C-001: a list with entries and no index, or one that has grown too short for it, takes its first.

@@ -47,7 +47,13 @@ void CustomerSearch::msValidarCliente() {
         if (!row["CLI_NOM"].isNull()) {
             f_.txtPesu(1).setText(row["CLI_NOM"].toText());
             code.setTag(row["CLI_ID"].toText());
+        } else if (code.text() != knownCode_) {
+            // Differs D-174: a customer without a name has an empty one, to be typed: the name of the customer before
+            // must not be stored with his code. One that was typed or found by the commercial name stays.
+            f_.txtPesu(1).setText("");
+            code.setTag(row["CLI_ID"].toText());
         }
+        knownCode_ = code.text();
         return;
     }
     code.setTag("");
@@ -85,6 +91,7 @@ void CustomerSearch::takeOver(const std::string& row) {
     if (parts.size() > 2) {
         f_.txtPesu(1).setText(parts[2]);
     }
+    knownCode_ = code.text();
 }
 
 }  // namespace velmora::proposal

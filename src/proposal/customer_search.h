@@ -11,6 +11,9 @@ class CustomerSearch {
                    session::KestraUtil& util)
         : f_(fields), session_(session), screen_(screen), oUtil_(util) {}
 
+    /// The user comes to the code: who leaves it as it stands has not turned to another customer.
+    void codeEntered() { knownCode_ = f_.txtPesu(0).text(); }
+
     /// Fills the name for the code in txtPesu(0); an unknown code opens the search. A text that is no number is left
     /// as it is. Errors: the database's.
     void msValidarCliente();
@@ -28,6 +31,7 @@ class CustomerSearch {
     session::Session& session_;
     screen::Screen& screen_;
     session::KestraUtil& oUtil_;
+    std::string knownCode_;  ///< whose name stands in txtPesu(1), be it typed or looked up
 };
 
 }  // namespace velmora::proposal

@@ -121,7 +121,12 @@ void frmBercialPiñones::wireFields() {
     };
     enter(f_.Text1);
     enter(f_.Text4);
-    enter(f_.txtPesu);
+    f_.txtPesu.on(&TextBox::onGotFocus, {[this](int i) {
+        oUtil_.EntrarCampo(f_.txtPesu(i));
+        if (i == 0) {
+            customers_.codeEntered();
+        }
+    }});
 
     f_.Text1.on(&TextBox::onChange, {[this](int i) { geometry_.Text1_Change(i); }});
     f_.Text1.on(&TextBox::onLostFocus, {[this](int i) { geometry_.Text1_LostFocus(i); }});

@@ -26,6 +26,8 @@ constexpr std::array measures{
     Stored{6, "DPI_Alt"},   Stored{17, "DPI_AnchoTotal"}, Stored{9, "DPI_llanta"},  Stored{10, "DPI_AnchoCubo"},
 };
 
+constexpr int nameOfCustomer = 1;  ///< in txtPesu
+
 constexpr std::array amounts{
     Stored{0, "DPI_CodCliente"},
     Stored{1, "DPI_NomCliente"},
@@ -223,7 +225,13 @@ void Loading::putCuts(const sql::Recordset& row) {
 
 void Loading::putAmounts(const sql::Recordset& row) {
     for (const Stored& stored : amounts) {
-        put(f_.txtPesu(stored.field), row[stored.column]);
+        const sql::Value& value = row[stored.column];
+        // Differs D-175: a name that the row lacks is empty, where its null would keep the form shut.
+        if (stored.field == nameOfCustomer && value.isNull()) {
+            f_.txtPesu(stored.field).setText("");
+        } else {
+            put(f_.txtPesu(stored.field), value);
+        }
     }
     f_.txtObservaciones.setText(textOrNothing(row["DPI_Obser"]));
     put(f_.txtModulo, row["DPI_modulo"]);

@@ -86,6 +86,14 @@ TEST_F(MaterialListsTest, NothingIsNotKeptAsNothingOnceThereAreEntries) {
     EXPECT_NE(fields().cboMatCre.listIndex(), -1);
 }
 
+TEST_F(MaterialListsTest, AMaterialWithoutANameIsListedByItsNumber) {
+    execute("UPDATE PARDPI SET PARDPI_NOM = NULL WHERE PARDPI_ID IN (1,2,8)");
+    EXPECT_EQ(fields().cboMatDisco.text(), "001 - ");
+    EXPECT_EQ(fields().cboMatCubo.text(), "002 - ");
+    EXPECT_EQ(fields().cboMatCre.text(), "008 - ");
+    EXPECT_EQ((*fields().rsMatDisco)["PARDPI_ID"].toLong(), 1);
+}
+
 TEST_F(MaterialListsTest, AWorkshopWithoutMaterialsHasEmptyListsAndAFormAllTheSame) {
     execute("DELETE FROM PARDPI");
     EXPECT_EQ(fields().cboMatDisco.listCount(), 0);

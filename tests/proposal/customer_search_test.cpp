@@ -83,12 +83,30 @@ TEST_F(CustomerSearchTest, AnEmptyCodeLeavesTheNameAsItIs) {
     EXPECT_THAT(workshop.connection.log(), IsEmpty());
 }
 
-TEST_F(CustomerSearchTest, ACustomerWithoutFiscalNameLeavesTheNameAsItIs) {
+TEST_F(CustomerSearchTest, ACustomerWithoutFiscalNameDoesNotGetTheNameOfTheOneBefore) {
     enter("1001");
     enter("1003");
-    EXPECT_EQ(name(), "TALLERES NORTE SL");
-    EXPECT_EQ(tag(), "1");
+    EXPECT_EQ(name(), "");
+    EXPECT_EQ(tag(), "3");
     EXPECT_THAT(workshop.screen.messages, IsEmpty());
+}
+
+TEST_F(CustomerSearchTest, TheNameTypedForACustomerWithoutOneStaysWhenHisCodeIsPassedThrough) {
+    enter("1003");
+    workshop.set("txtPesu(1)", "CASA SIN NOMBRE");
+    enter("1003");
+    EXPECT_EQ(name(), "CASA SIN NOMBRE");
+}
+
+TEST_F(CustomerSearchTest, TheCommercialNameOfACustomerWithoutAFiscalOneStays) {
+    enter("1001");
+    workshop.screen.queue(Answer::no);
+    workshop.screen.queuePick(2);
+    workshop.set("txtPesu(0)", "10");
+    workshop.key(screen::Key::f2);
+    workshop.leave();
+    EXPECT_EQ(code(), "1003");
+    EXPECT_EQ(name(), "SIN NOMBRE FISCAL");
 }
 
 TEST_F(CustomerSearchTest, TheFiscalSearchIsGivenItsWords) {

@@ -372,11 +372,20 @@ TEST_F(LoadingTest, TheRemarksCouldTakeTheFocusRightAfterALoad) {
 
 TEST_F(LoadingTest, ANullWhereAValueBelongsIsShownAndTheTotalsComeBack) {
     store(0, small, ",180,1");
-    workshop.database->execute("UPDATE DPI SET DPI_NomCliente=NULL");
+    workshop.database->execute("UPDATE DPI SET DPI_ImpMat=NULL");
     workshop.attempt([&] { load(true); });
     EXPECT_THAT(workshop.errorNumbers(), ElementsAre(94));
     EXPECT_FALSE(workshop.fields().bCargandoPropuesta);
     EXPECT_TRUE(workshop.form().enabled());
+}
+
+TEST_F(LoadingTest, ACustomersNameThatTheRowLacksIsEmpty) {
+    store(0, small, ",180,1");
+    workshop.database->execute("UPDATE DPI SET DPI_NomCliente=NULL");
+    workshop.attempt([&] { load(true); });
+    EXPECT_THAT(workshop.errorNumbers(), ElementsAre());
+    EXPECT_EQ(workshop.text("txtPesu(1)"), "");
+    EXPECT_FALSE(workshop.fields().bCargandoPropuesta);
 }
 
 TEST_F(LoadingTest, AnErrorOnTheWayDoesNotLeaveTheTotalsOff) {
