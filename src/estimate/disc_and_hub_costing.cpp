@@ -212,8 +212,9 @@ void DiscAndHubCosting::Text4_Change(int Index) {
 }
 
 // Kept K-010: this event groups the indexes otherwise than the change does: the hub's sizes count as the disc's.
-// Chosen C-005: it is the toolkit's commit event.
-void DiscAndHubCosting::Text4_Commit(int Index) {
+// Chosen C-005: it is the double click. No way of leaving a field raises it: a weight or an amount that was typed stays
+// until its sizes or prices change.
+void DiscAndHubCosting::Text4_DblClick(int Index) {
     if (Index <= 3) {
         discChanged();
     } else if (Index == 4) {

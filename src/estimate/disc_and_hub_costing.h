@@ -31,7 +31,7 @@ class DiscAndHubCosting {
 
     void Text4_Change(int Index);
     /// The second event of Text4, with other groups of indexes.
-    void Text4_Commit(int Index);
+    void Text4_DblClick(int Index);
     void Text4_KeyPress(int Index, screen::KeyPress& key) { oUtil_.TeclaCampo(f_.Text4(Index), key, false); }
     /// Zero for what is no number, and the mask.
     void Text4_LostFocus(int Index);

@@ -137,7 +137,7 @@ void frmBercialPiñones::wireFields() {
     f_.Text3.on(&TextBox::onChange, {[this](int i) { geometry_.Text3_Change(i); }});
 
     f_.Text4.on(&TextBox::onChange, {[this](int i) { costing_.Text4_Change(i); }});
-    f_.Text4.on(&TextBox::onCommit, {[this](int i) { costing_.Text4_Commit(i); }});
+    f_.Text4.on(&TextBox::onDblClick, {[this](int i) { costing_.Text4_DblClick(i); }});
     f_.Text4.on(&TextBox::onLostFocus, {[this](int i) { costing_.Text4_LostFocus(i); }});
     f_.Text4.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { costing_.Text4_KeyPress(i, key); }});
 
@@ -165,9 +165,9 @@ void frmBercialPiñones::wireLists() {
     f_.cboTipoPre.onClick = [this] { presentation_.cboTipoPre_Click(); };
     f_.cboFiltroHistorico.onClick = [this] { history_.msHistorico(false); };
     f_.cboMatDisco.onClick = [this] { materials_.cboMatDisco_Click(); };
-    f_.cboMatDisco.onCommit = [this] { materials_.cboMatDisco_Click(); };
+    f_.cboMatDisco.onChosen = [this] { materials_.cboMatDisco_Click(); };
     f_.cboMatCubo.onClick = [this] { materials_.cboMatCubo_Click(); };
-    f_.cboMatCubo.onCommit = [this] { materials_.cboMatCubo_Click(); };
+    f_.cboMatCubo.onChosen = [this] { materials_.cboMatCubo_Click(); };
     f_.cboMatCre.onClick = [this] { materials_.cboMatCre_Click(); };
     f_.rsMatDisco.onMoveComplete = [this] { costing_.rsMatDisco_MoveComplete(); };
     f_.rsMatCubo.onMoveComplete = [this] { costing_.rsMatCubo_MoveComplete(); };

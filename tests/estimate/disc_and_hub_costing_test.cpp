@@ -455,14 +455,14 @@ TEST_F(DiscAndHubCostingTest, TheSecondEventCountsTheHubsSizesAsTheDiscs) {
     enterLargeSprocket();
     cut(4).setText("9");
     cut(5).setText("9");
-    cut(2).onCommit();
+    cut(2).onDblClick();
     EXPECT_EQ(size(4), "1,33");
     EXPECT_EQ(size(5), "9");
     cut(4).setText("9");
-    cut(3).onCommit();
+    cut(3).onDblClick();
     EXPECT_EQ(size(4), "1,33");
     cut(4).setText("9");
-    cut(7).onCommit();
+    cut(7).onDblClick();
     EXPECT_EQ(size(4), "9");
     EXPECT_EQ(size(5), "3,95");
 }
@@ -470,7 +470,7 @@ TEST_F(DiscAndHubCostingTest, TheSecondEventCountsTheHubsSizesAsTheDiscs) {
 TEST_F(DiscAndHubCostingTest, GroupedLikeTheFirstEventTheSecondWouldWeighTheHub) {
     enterLargeSprocket();
     cut(5).setText("9");
-    cut(2).onCommit();
+    cut(2).onDblClick();
     EXPECT_NE(size(5), "3,95");
     cut(2).setText("105");
     cut(2).setText("100");
@@ -490,19 +490,19 @@ TEST_F(DiscAndHubCostingTest, TheSecondEventOfEveryIndex) {
         enterLargeSprocket();
         cut(4).setText("9");
         cut(5).setText("9");
-        cut(row.index).onCommit();
+        cut(row.index).onDblClick();
         EXPECT_EQ(size(4), row.disc) << row.index;
         EXPECT_EQ(size(5), row.hub) << row.index;
     }
 }
 
-TEST_F(DiscAndHubCostingTest, TheSecondEventIsTheCommitOfTheField) {
+TEST_F(DiscAndHubCostingTest, TheSecondEventIsTheDoubleClick) {
     enterLargeSprocket();
     enter(cut(3), "98");
     const std::string weight = size(4);
     cut(4).setText("9");
     EXPECT_EQ(size(4), "9") << "typing raised the first event alone";
-    cut(3).onCommit();
+    cut(3).onDblClick();
     EXPECT_EQ(size(4), weight);
 }
 

@@ -117,10 +117,10 @@ TEST_F(MaterialListsTest, BothEventsOfAListRunTheSameBody) {
     fields();
     fields().cboMatDisco.setText("004 - Tubo disco");
     EXPECT_EQ((*fields().rsMatDisco)["PARDPI_ID"].toLong(), 1) << "no event yet";
-    fields().cboMatDisco.onCommit();
+    fields().cboMatDisco.onChosen();
     EXPECT_EQ((*fields().rsMatDisco)["PARDPI_ID"].toLong(), 4);
     fields().cboMatCubo.setText("005 - Tubo cubo");
-    fields().cboMatCubo.onCommit();
+    fields().cboMatCubo.onChosen();
     EXPECT_EQ((*fields().rsMatCubo)["PARDPI_ID"].toLong(), 5);
 }
 

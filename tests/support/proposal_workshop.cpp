@@ -185,7 +185,7 @@ void ProposalWorkshop::set(std::string_view field, std::string_view text) {
 
 void ProposalWorkshop::choose(std::string_view list, int index) {
     goTo(*this, control(list));
-    attempt([&] { dynamic_cast<screen::ComboBox&>(control(list)).setListIndex(index); });
+    attempt([&] { dynamic_cast<screen::ComboBox&>(control(list)).choose(index); });
 }
 
 void ProposalWorkshop::check(std::string_view box, bool on) {

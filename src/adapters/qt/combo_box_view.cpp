@@ -11,7 +11,7 @@
 
 namespace velmora::qt {
 
-/// A combo box that tells when its list is closed up, and is as wide as it was told.
+/// A combo box that tells when its list is about to open, and is as wide as it was told.
 class ListBox : public QComboBox {
   public:
     ListBox(int digits, QWidget* parent) : QComboBox(parent), digits_(digits) {
@@ -20,7 +20,6 @@ class ListBox : public QComboBox {
         setMaxVisibleItems(20);
     }
 
-    std::function<void()> closedUp;
     std::function<void()> aboutToOpen;
 
     void showPopup() override {
@@ -30,13 +29,6 @@ class ListBox : public QComboBox {
         const int wanted = view()->sizeHintForColumn(0) + 28;
         view()->setMinimumWidth(std::max(width(), wanted));
         QComboBox::showPopup();
-    }
-    void hidePopup() override {
-        const bool wasOpen = view()->isVisible();
-        QComboBox::hidePopup();
-        if (wasOpen && closedUp) {
-            closedUp();
-        }
     }
     QSize sizeHint() const override { return {widthHint(24), QComboBox::sizeHint().height()}; }
     QSize minimumSizeHint() const override { return {widthHint(10), QComboBox::minimumSizeHint().height()}; }
@@ -63,10 +55,6 @@ ComboBoxView::ComboBoxView(ViewHost& host, screen::ComboBox& box, const screen::
         if (itemsPending_) {
             bringItems();
         }
-    };
-    // The choice itself is told after the list has closed; the commit comes after both.
-    list_->closedUp = [this] {
-        QTimer::singleShot(0, this, [this] { this->host().feed([this] { box_.onCommit(); }); });
     };
 }
 
@@ -139,7 +127,7 @@ void ComboBoxView::bringChoice() {
 }
 
 void ComboBoxView::chosen(int index) {
-    host().feed([&] { box_.setListIndex(index); });
+    host().feed([&] { box_.choose(index); });
     bringChoice();
 }
 

@@ -55,9 +55,7 @@ class ControlView : public QObject {
     virtual bool otherEvent(QEvent& event);
 
     virtual void focusGained() {}
-    /// The focus has left. What remains to be told to the model then runs in `finish`, inside feed.
     virtual void focusLeft() {}
-    virtual void finish() {}
 
     /// Widgets that come and go with this one: its caption, its unit.
     void addCompanion(QWidget& companion);

@@ -1,6 +1,6 @@
 #include "velmora/adapters/qt/field_view.h"
 
-#include <utility>
+#include <QMouseEvent>
 
 #include "velmora/adapters/qt/theme.h"
 
@@ -39,7 +39,6 @@ void FieldView::edited() {
     if (fromModel_) {
         return;
     }
-    changed_ = true;
     const std::string text = typedText();
     host().feed([&] { box_.setText(text); });
     bringText();
@@ -69,12 +68,10 @@ bool FieldView::pressed() {
 }
 
 void FieldView::focusGained() {
-    changed_ = false;
     updateColors();
 }
 
 void FieldView::focusLeft() {
-    commitPending_ = std::exchange(changed_, false) || commitPending_;
     box_.clearSelection();
     fromModel_ = true;
     deselect();
@@ -82,15 +79,9 @@ void FieldView::focusLeft() {
     updateColors();
 }
 
-void FieldView::finish() {
-    if (std::exchange(commitPending_, false)) {
-        box_.onCommit();
-    }
-}
-
-void FieldView::commitIfChanged() {
-    if (std::exchange(changed_, false)) {
-        box_.onCommit();
+void FieldView::clickedTwice(const QEvent& event) {
+    if (!box_.locked() && static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton) {
+        host().feed([&] { box_.onDblClick(); });
     }
 }
 

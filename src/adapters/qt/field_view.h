@@ -17,7 +17,6 @@ class FieldView : public ControlView {
     bool pressed() override;
     void focusGained() override;
     void focusLeft() override;
-    void finish() override;
 
   protected:
     void updateColors() override;
@@ -27,8 +26,8 @@ class FieldView : public ControlView {
     void edited();
     /// A character through the model's filter into the widget.
     void type(const KeyStroke& stroke);
-    /// Inside feed: tells the model that what the user changed now counts.
-    void commitIfChanged();
+    /// A double click that has arrived at the widget.
+    void clickedTwice(const QEvent& event);
 
     // The widget, whichever it is.
     virtual void setReadOnly(bool locked) = 0;
@@ -47,8 +46,6 @@ class FieldView : public ControlView {
     screen::TextBox& box_;
     screen::Role role_;
     bool fromModel_ = false;
-    bool changed_ = false;  ///< by the user since the focus came
-    bool commitPending_ = false;
 };
 
 }  // namespace velmora::qt

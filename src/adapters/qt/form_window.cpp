@@ -175,7 +175,6 @@ void FormWindow::focusMoved(screen::Control* control) {
     ControlView* last = std::exchange(focused_, next);
     if (last != nullptr) {
         last->focusLeft();
-        left_.push_back(last);
     }
     syncFocus();
     if (next != nullptr) {
@@ -219,20 +218,12 @@ void FormWindow::reportLater(std::exception_ptr error) {
     QTimer::singleShot(0, this, [this, error] { screen_.showError(error); });
 }
 
-// After an action, and all that it set off: what fields that were left have still to tell, and the keyboard where the
-// model has it.
+// After an action, and all that it set off: the keyboard where the model has it.
 void FormWindow::settle() {
     ++depth_;
-    finishLeftViews();
     leaveUnusableControl();
     --depth_;
     syncFocus();
-}
-
-void FormWindow::finishLeftViews() {
-    for (ControlView* view : std::exchange(left_, {})) {
-        guarded([&] { view->finish(); });
-    }
 }
 
 // A control that was disabled or hidden while it had the focus gives it on.

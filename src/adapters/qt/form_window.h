@@ -60,7 +60,6 @@ class FormWindow : public QWidget, private screen::FormObserver, private ViewHos
     void handleForeignFocus(ControlView& view, Qt::FocusReason reason);
     bool keyThroughForm(ControlView* view, const KeyStroke& stroke);
     void settle();
-    void finishLeftViews();
     void leaveUnusableControl();
     void syncFocus();
     void guarded(const std::function<void()>& action);
@@ -76,7 +75,6 @@ class FormWindow : public QWidget, private screen::FormObserver, private ViewHos
     std::unordered_map<const screen::Control*, std::vector<SketchView*>> sketchesByLabel_;
     std::vector<Turn> turns_;
     ControlView* focused_ = nullptr;
-    std::vector<ControlView*> left_;
     QEventLoop* loop_ = nullptr;
     int depth_ = 0;
     bool syncing_ = false;

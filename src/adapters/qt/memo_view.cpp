@@ -56,8 +56,11 @@ bool MemoView::key(const KeyStroke& stroke) {
 }
 
 bool MemoView::otherEvent(QEvent& event) {
-    if (event.type() == QEvent::MouseButtonPress) {
+    if (event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick) {
         box().clearSelection();
+        if (event.type() == QEvent::MouseButtonDblClick) {
+            clickedTwice(event);
+        }
     }
     return false;
 }

@@ -22,9 +22,7 @@ TextBoxView::TextBoxView(ViewHost& host, screen::TextBox& box, const screen::Lay
 }
 
 bool TextBoxView::key(const KeyStroke& stroke) {
-    if (stroke.key == screen::Key::enter) {
-        commitIfChanged();
-    } else {
+    if (stroke.key != screen::Key::enter) {
         type(stroke);
     }
     return true;
@@ -33,6 +31,9 @@ bool TextBoxView::key(const KeyStroke& stroke) {
 bool TextBoxView::otherEvent(QEvent& event) {
     if (event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick) {
         box().clearSelection();
+        if (event.type() == QEvent::MouseButtonDblClick) {
+            clickedTwice(event);
+        }
         return false;
     }
     if (event.type() == QEvent::InputMethod) {

@@ -32,6 +32,7 @@ const std::map<std::string_view, Interpreter::Entry>& Interpreter::table() {
         {"type", {2, 2, &I::type}},
         {"focus", {1, 1, &I::focus}},
         {"leave", {0, 0, &I::leave}},
+        {"dblclick", {1, 1, &I::doubleClick}},
         {"choose", {2, 2, &I::choose}},
         {"check", {2, 2, &I::check}},
         {"press", {1, 1, &I::press}},

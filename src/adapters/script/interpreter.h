@@ -69,6 +69,7 @@ class Interpreter {
     void type(const Command& command);
     void focus(const Command& command);
     void leave(const Command& command);
+    void doubleClick(const Command& command);
     void choose(const Command& command);
     void check(const Command& command);
     void press(const Command& command);

@@ -38,6 +38,11 @@ void Interpreter::leave(const Command&) {
     user_.leave(top());
 }
 
+void Interpreter::doubleClick(const Command& command) {
+    auto& box = kindOf<TextBox>(control(command.arguments[0].text), "field of text");
+    must(command, box, [&] { return user_.doubleClick(box); });
+}
+
 void Interpreter::choose(const Command& command) {
     auto& list = kindOf<ComboBox>(control(command.arguments[0].text), "list");
     const Argument& wanted = command.arguments[1];

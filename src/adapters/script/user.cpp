@@ -152,7 +152,15 @@ bool User::choose(ComboBox& list, int index) {
     if (!focus(list) || index < -1 || index >= list.listCount()) {
         return false;
     }
-    journal_.guard([&] { list.setListIndex(index); });
+    journal_.guard([&] { list.choose(index); });
+    return true;
+}
+
+bool User::doubleClick(TextBox& box) {
+    if (!focus(box)) {
+        return false;
+    }
+    journal_.guard([&] { box.onDblClick(); });
     return true;
 }
 

@@ -28,6 +28,7 @@ class User {
     /// Key by key, into the control that has the focus at each key.
     bool type(screen::Control& control, std::string_view text);
 
+    bool doubleClick(screen::TextBox& box);
     bool choose(screen::ComboBox& list, int index);
     bool check(screen::CheckBox& box, bool checked);
     bool press(screen::Button& button);

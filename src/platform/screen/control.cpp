@@ -94,6 +94,13 @@ void ComboBox::setListIndex(int index) {
     onClick();
 }
 
+// Differs D-171: the second event of a list tells of a choice. Opening the list and leaving it raises nothing: what was
+// worked out from the entry and written over by hand stays.
+void ComboBox::choose(int index) {
+    setListIndex(index);
+    onChosen();
+}
+
 void ComboBox::setText(std::string_view text) {
     const auto found = std::ranges::find(items_, text);
     if (found == items_.end() && style_ == Style::list) {

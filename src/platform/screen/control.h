@@ -144,8 +144,8 @@ class TextBox : public Control {
 
     Event<> onChange;
     Event<KeyPress&> onKeyPress;
-    /// The toolkit's commit event: editing finished by Enter or by leaving after a change. A script does not raise it.
-    Event<> onCommit;
+    /// The user has clicked twice on the field. A locked field is not clicked at.
+    Event<> onDblClick;
 
   private:
     std::string text_;
@@ -184,9 +184,12 @@ class ComboBox : public Control {
     /// a plain list refuses it with error 383.
     void setText(std::string_view text);
 
+    /// What the user does: sets the index, which raises Click, and raises Chosen behind it.
+    void choose(int index);
+
     Event<> onClick;
-    /// The toolkit's commit event: the list was closed up. A script does not raise it.
-    Event<> onCommit;
+    /// The user has chosen an entry, be it the one that was chosen already.
+    Event<> onChosen;
 
   private:
     Style style_ = Style::list;

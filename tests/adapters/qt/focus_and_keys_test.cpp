@@ -220,30 +220,49 @@ TEST_F(FocusAndKeys, ADisabledFormTakesNoInput) {
     });
 }
 
-TEST_F(FocusAndKeys, CommitComesOnceAfterAChangeWhenTheFieldIsLeft) {
-    std::vector<std::string> order;
-    form.id(0).onCommit = [&] { order.push_back("commit"); };
-    form.id(0).onLostFocus = [&] { order.push_back("lost"); };
+TEST_F(FocusAndKeys, ADoubleClickIsToldAfterTheFocusHasArrived) {
+    form.measure(1).onDblClick = [&] { form.log.push_back("double click"); };
+    form.remarks.onDblClick = [&] { form.log.push_back("double click"); };
     play(form, [&] {
-        key(Qt::Key_Tab);
-        EXPECT_THAT(order, ElementsAre("lost"));
-        click(form.id(0));
-        type("9");
-        key(Qt::Key_Tab);
-        EXPECT_THAT(order, ElementsAre("lost", "lost", "commit"));
+        form.log.clear();
+        doubleClick(form.measure(1));
+        EXPECT_THAT(form.log, ElementsAre("lost id(0)", "got measure(1)", "double click"));
+        doubleClick(form.measure(1));
+        doubleClick(form.remarks);
+        EXPECT_THAT(form.log, ElementsAre("lost id(0)", "got measure(1)", "double click", "double click",
+                                          "lost measure(1)", "got remarks", "double click"));
     });
 }
 
-TEST_F(FocusAndKeys, CommitComesOnEnterWhereTheFormLetsItThrough) {
-    int commits = 0;
+TEST_F(FocusAndKeys, NothingElseThatIsDoneInAFieldIsADoubleClick) {
+    int told = 0;
+    form.id(0).onDblClick = [&] { ++told; };
     form.onKeyDown = [](screen::KeyDown&) {};
-    form.id(0).onCommit = [&] { ++commits; };
     play(form, [&] {
         type("9");
         key(Qt::Key_Return);
-        EXPECT_EQ(commits, 1);
         key(Qt::Key_Tab);
-        EXPECT_EQ(commits, 1);
+        click(form.id(0));
+        QTest::mouseDClick(&widgetOf(form.id(0)), Qt::RightButton);
+        click(form.measure(1));
+        key(Qt::Key_Tab);
+        EXPECT_EQ(told, 0);
+    });
+}
+
+TEST_F(FocusAndKeys, ALockedOrDisabledFieldIsNotClickedAt) {
+    int told = 0;
+    for (const int i : {1, 2}) {
+        form.id(i).onDblClick = [&] { ++told; };
+    }
+    form.id(1).setLocked(true);
+    form.id(2).setEnabled(false);
+    play(form, [&] {
+        doubleClick(form.id(1));
+        doubleClick(form.id(2));
+        form.setEnabled(false);
+        doubleClick(form.id(0));
+        EXPECT_EQ(told, 0);
     });
 }
 
@@ -274,6 +293,54 @@ TEST_F(FocusAndKeys, ChoosingTheSameEntryAgainRaisesClick) {
         key(Qt::Key_Up);
         EXPECT_EQ(form.type.listIndex(), 0);
         EXPECT_EQ(clicks, 2);
+    });
+}
+
+/// Of the list of types: what its two events told, in order.
+class ListEvents : public FocusAndKeys {
+  protected:
+    ListEvents() {
+        form.type.onClick = [this] { told.push_back("click"); };
+        form.type.onChosen = [this] { told.push_back("chosen"); };
+    }
+    std::vector<std::string> told;
+};
+
+TEST_F(ListEvents, AListThatIsOpenedAndLeftTellsNothing) {
+    play(form, [&] {
+        form.moveFocus(form.type);
+        openList(form.type);
+        inList(form.type, Qt::Key_Down);
+        inList(form.type, Qt::Key_Escape);
+        openList(form.type);
+        QApplication::activePopupWidget()->close();
+        click(form.id(1));
+        // What a list has still to tell comes with the events that wait.
+        QTest::qWait(20);
+        EXPECT_THAT(told, ::testing::IsEmpty());
+        EXPECT_EQ(form.type.listIndex(), 0);
+        EXPECT_FALSE(form.isUnloaded());
+    });
+}
+
+TEST_F(ListEvents, AnEntryThatIsChosenTellsBothInOrder) {
+    play(form, [&] {
+        form.moveFocus(form.type);
+        openList(form.type);
+        inList(form.type, Qt::Key_Down);
+        inList(form.type, Qt::Key_Return);
+        EXPECT_EQ(form.type.listIndex(), 1);
+        EXPECT_THAT(told, ElementsAre("click", "chosen"));
+        openList(form.type);
+        inList(form.type, Qt::Key_Return);
+        EXPECT_EQ(form.type.listIndex(), 1);
+        EXPECT_THAT(told, ElementsAre("click", "chosen", "click", "chosen")) << "the same entry again";
+        QTest::keyClick(&widgetOf(form.type), Qt::Key_Up);
+        EXPECT_EQ(form.type.listIndex(), 0);
+        EXPECT_EQ(told.size(), 6u) << "without opening the list";
+        told.clear();
+        form.type.setListIndex(2);
+        EXPECT_THAT(told, ElementsAre("click")) << "by the program";
     });
 }
 

@@ -1,6 +1,9 @@
 #include "qt_bench.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
+#include <QPlainTextEdit>
 #include <QTimer>
 #include <stdexcept>
 
@@ -14,6 +17,12 @@ QApplication& application() {
     static char* arguments[] = {name, nullptr};
     static auto* theOne = new QApplication(count, arguments);
     return *theOne;
+}
+
+/// What the mouse meets: of a text of several lines its viewport.
+QWidget& pressed(QWidget& widget) {
+    auto* area = dynamic_cast<QPlainTextEdit*>(&widget);
+    return area != nullptr ? *area->viewport() : widget;
 }
 
 QWidget* focusOrWindow() {
@@ -87,7 +96,29 @@ void QtBench::type(const QString& text) const {
 }
 
 void QtBench::click(const screen::Control& control) const {
-    QTest::mouseClick(&widgetOf(control), Qt::LeftButton);
+    QTest::mouseClick(&pressed(widgetOf(control)), Qt::LeftButton);
+}
+
+void QtBench::doubleClick(const screen::Control& control) const {
+    // Of its own the event is the second press alone.
+    click(control);
+    QTest::mouseDClick(&pressed(widgetOf(control)), Qt::LeftButton);
+}
+
+void QtBench::openList(const screen::ComboBox& list) const {
+    // The offscreen platform does not make the window active again that a list has just uncovered.
+    screen_->top()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return widgetOf(list).hasFocus(); }, 1000));
+    key(Qt::Key_F4);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 1000));
+}
+
+void QtBench::inList(const screen::ComboBox& list, Qt::Key key) const {
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(dynamic_cast<QComboBox&>(widgetOf(list)).view(), key);
+    if (key == Qt::Key_Escape || key == Qt::Key_Return) {
+        EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() == nullptr; }, 1000));
+    }
 }
 
 }  // namespace velmora::testing

@@ -28,6 +28,11 @@ class QtBench : public ::testing::Test {
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void type(const QString& text) const;
     void click(const screen::Control& control) const;
+    void doubleClick(const screen::Control& control) const;
+    /// Opens a list that has the focus.
+    void openList(const screen::ComboBox& list) const;
+    /// A key in the open list; Esc and Return close it.
+    void inList(const screen::ComboBox& list, Qt::Key key) const;
 
     std::unique_ptr<qt::QtScreen> screen_;
     std::vector<std::function<void(QWidget&)>> answers_;

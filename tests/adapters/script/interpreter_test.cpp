@@ -42,7 +42,26 @@ TEST(Script, ChooseTakesAnIndexBareAndATextQuoted) {
         "open banco\nchoose cboTipo 0\nchoose cboTipo 0\nprint cboTipo\nchoose cboTipo \"12\"\nprint cboTipo\n"
         "choose cboTipo Disco\nprint cboTipo");
     EXPECT_EQ(played.out, "cboTipo = 0 \"Piñon\"\ncboTipo = 2 \"12\"\ncboTipo = 1 \"Disco\"\n");
-    EXPECT_EQ(played.events, "got0 lost0 click click click click unload");
+    EXPECT_EQ(played.events, "got0 lost0 click chosen click chosen click chosen click chosen unload");
+}
+
+TEST(Script, ComingToAListAndLeavingItTellsNothingOfIt) {
+    EXPECT_EQ(play("open banco\nfocus cboTipo\nleave\nset cboLibre Ab\nleave\nclose").events, "got0 lost0 unload");
+}
+
+TEST(Script, ADoubleClickMovesTheFocusThenTells) {
+    EXPECT_EQ(play("open banco\ndblclick Text1(2)\ndblclick Text1(2)\nclose").events,
+              "got0 lost0 got2 twice2 twice2 unload");
+}
+
+TEST(Script, NothingElseIsADoubleClick) {
+    EXPECT_EQ(play("open banco\nset Text1(0) 5\ntype Text1(0) 6\nkey ENTER\nleave\nclose").events,
+              "got0 change0 change0 lost0 got1 lost1 unload");
+}
+
+TEST(Script, OnlyAFieldIsClickedAtTwice) {
+    EXPECT_EQ(play("open banco\ndblclick cboTipo").status, Status::wrong);
+    EXPECT_EQ(play("open banco\ndblclick").status, Status::wrong);
 }
 
 TEST(Script, AnEntryIsLookedUpOnceTheFocusHasArrived) {

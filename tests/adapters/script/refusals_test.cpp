@@ -59,7 +59,7 @@ TEST(Refusal, OfAFormBeneathAnotherThoughItCanBeRead) {
 class RefusingState : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(RefusingState, RefusesEveryDeed) {
-    for (const char* deed : {"set txtDentro 1", "type txtDentro 1", "focus txtDentro"}) {
+    for (const char* deed : {"set txtDentro 1", "type txtDentro 1", "focus txtDentro", "dblclick txtDentro"}) {
         Workbench bench;
         const Played played = bench.play(std::string("open ") + GetParam() + "\ntry " + deed + "\nprint txtDentro");
         EXPECT_EQ(played.out, "error refused txtDentro\ntxtDentro = \"\"\n") << deed;

@@ -79,6 +79,7 @@ void BenchForm::wireFields() {
             Text1(2).setEnabled(false);
         }
     }});
+    Text1.on(&TextBox::onDblClick, {[this, named](int i) { note(named("twice", i)); }});
     Text1.on(&TextBox::onChange, {[this, named](int i) { note(named("change", i)); }});
     Text1(1).onKeyPress = [](KeyPress& press) {
         if (press.character == U'.') {
@@ -101,6 +102,7 @@ void BenchForm::wireButtons() {
     cmdLeer.onClick = [this] { connection_.execute("select uno"); };
     cmdSalir.onClick = [this] { unload(); };
     cboTipo.onClick = [this] { note("click"); };
+    cboTipo.onChosen = [this] { note("chosen"); };
     chkAcopla.onClick = [this] { note("tick"); };
     Toolbar1.onButtonClick = [this](int index) { note("bar" + runtime::CStr(std::int64_t{index})); };
     Toolbar1.onMenuClick = [this](const std::string& key) { note("menu" + key); };

@@ -139,6 +139,20 @@ TEST_F(ListTest, SettingTheIndexClicksEveryTimeAlsoOnTheSame) {
     EXPECT_THAT(clicks, ElementsAre(1, 1, 0));
 }
 
+TEST_F(ListTest, AChoiceOfTheUserIsToldBehindItsClick) {
+    std::vector<std::string> told;
+    list.onClick = [&] { told.push_back("click"); };
+    list.onChosen = [&] { told.push_back("chosen"); };
+    list.choose(1);
+    list.choose(1);
+    EXPECT_THAT(told, ElementsAre("click", "chosen", "click", "chosen"));
+    list.setListIndex(2);
+    list.setText("uno");
+    EXPECT_THAT(told, ElementsAre("click", "chosen", "click", "chosen", "click")) << "what code does is no choice";
+    EXPECT_EQ(numberOf([&] { list.choose(3); }), 380);
+    EXPECT_EQ(told.size(), 5u);
+}
+
 TEST_F(ListTest, ChoosingNothingClicksToo) {
     list.setListIndex(2);
     list.setListIndex(-1);
