@@ -2,8 +2,10 @@
 // One control of a form on the screen: its widget, kept true to the model, and what the user does with it.
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QObject>
 #include <QPointer>
+#include <QString>
 #include <QWidget>
 #include <functional>
 #include <vector>
@@ -51,6 +53,9 @@ class ControlView : public QObject {
     virtual bool actsOnClick() const { return false; }
     /// Inside feed, after a mouse press has brought the focus here. True swallows the press.
     virtual bool pressed() { return false; }
+    /// What a press of the mouse is meant for, where the view shows several things: a press that brings the focus, and
+    /// by that changes what stands under the mouse, is not carried out.
+    virtual QString aimOf(const QMouseEvent& /*press*/) const { return {}; }
     /// Other events of its widgets; true swallows.
     virtual bool otherEvent(QEvent& event);
 

@@ -285,9 +285,14 @@ bool FormWindow::handlePress(ControlView& view, QEvent& event) {
     screen::Control& control = view.control();
     const bool hadFocus = form_.activeControl() == &control;
     const int boxesBefore = screen_.boxesShown();
+    const auto& press = static_cast<QMouseEvent&>(event);
+    const QString aim = view.aimOf(press);
     bool arrived = false;
     feed([&] { arrived = bringFocus(control); });
-    if (!arrived || form_.activeControl() != &control || screen_.boxesShown() != boxesBefore) {
+    // Differs D-176: leaving a field may list the rows of a grid anew: a press on one of them, or on the button in its
+    // cell, does nothing when another row has come to stand there.
+    if (!arrived || form_.activeControl() != &control || screen_.boxesShown() != boxesBefore ||
+        view.aimOf(press) != aim) {
         return true;
     }
     return (!hadFocus && view.pressed()) || view.otherEvent(event);

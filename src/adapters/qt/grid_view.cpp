@@ -122,6 +122,16 @@ void GridView::bringRow() {
     showCount();
 }
 
+// The row under the mouse by all that it shows.
+QString GridView::aimOf(const QMouseEvent& press) const {
+    const int row = table_->indexAt(press.position().toPoint()).row();
+    QStringList cells;
+    for (int column = 0; row >= 0 && column < model_->columnCount(); ++column) {
+        cells.append(model_->index(row, column).data().toString());
+    }
+    return cells.join(QLatin1Char('\t'));
+}
+
 void GridView::userMoved(int row) {
     if (fromModel_ || row < 0) {
         return;

@@ -19,6 +19,7 @@ class GridView : public ControlView {
     QWidget& focusTarget() override;
     std::vector<QWidget*> inputs() override;
     void update(screen::Property property) override;
+    QString aimOf(const QMouseEvent& press) const override;
     void updateAll() override;
     bool key(const KeyStroke& stroke) override;
     bool otherEvent(QEvent& event) override;

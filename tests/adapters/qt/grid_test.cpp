@@ -161,6 +161,31 @@ TEST_F(Grid, ACellButtonFirstMovesTheRowThenTellsItsColumn) {
     });
 }
 
+TEST_F(Grid, APressMeantForARowThatGivesItsPlaceToAnotherDoesNothing) {
+    std::vector<std::size_t> pressed;
+    form.history.onButtonClick = [&](int) { pressed.push_back(*form.history.recordset().position()); };
+    const auto listThreeFrom = [this](int first) {
+        std::vector<sql::Row> rows;
+        for (int i = first; i < first + 3; ++i) {
+            rows.push_back({i, "Fila"});
+        }
+        form.history.bind(sql::Recordset(sql::rowsInMemory({{"ID"}, {"TEXTO"}}, std::move(rows))));
+    };
+    listThreeFrom(10);
+    play(form, [&] {
+        form.id(0).onLostFocus = [&] { listThreeFrom(11); };
+        clickCell(2, 2);
+        EXPECT_EQ(form.activeControl(), &form.history);
+        EXPECT_TRUE(pressed.empty()) << "12 stood there, and now 13";
+        EXPECT_EQ(form.history.recordset().position(), 0u);
+        clickCell(2, 2);
+        EXPECT_THAT(pressed, ElementsAre(2u)) << "what is seen now is pressed";
+        form.moveFocus(form.id(0));
+        clickCell(1, 2);
+        EXPECT_THAT(pressed, ElementsAre(2u, 1u)) << "listed anew, and the same row stands there";
+    });
+}
+
 TEST_F(Grid, KeysReachTheGridAfterTheForm) {
     bind(10);
     std::vector<std::string> seen;
