@@ -90,6 +90,68 @@ TEST_F(HistoryGridTest, TheNumbersButtonAsksAndLoadsReadOnly) {
     EXPECT_EQ(shop.focused(), "cboFiltroHistorico");
 }
 
+/// Notes what it is to print.
+class Press final : public components::Printing {
+  public:
+    explicit Press(std::vector<std::int32_t>& printed) : printed_(printed) {}
+    void setMyBd(session::Session&) override {}
+    void jPrintPropuesta(std::int32_t nIdDpi, bool) override { printed_.push_back(nIdDpi); }
+
+  private:
+    std::vector<std::int32_t>& printed_;
+};
+
+/// Another user stores, accepts and deletes while the list of 3, 2 and 1 stands on the screen.
+class ListInMotionTest : public HistoryGridTest {
+  protected:
+    ListInMotionTest() {
+        shop.components.add("KOLTAR.KOLTARD", [this] { return std::make_unique<WatchedOrders>(told); });
+        shop.enterToothing();
+    }
+    void othersWrite() {
+        shop.database->execute("update DPI set DPI_Fecha='2026-02-01T00:00:00', DPI_Orden=24009 where DPI_Id=1");
+        shop.database->execute("delete from DPI where DPI_Id=3");
+    }
+    void expectToLoad(const std::string& number) {
+        shop.screen.queue(screen::Answer::yes);
+        pressCell(0);
+        EXPECT_THAT(shop.screen.messageTexts(),
+                    ElementsAre("Realmente desea cargar los datos del presupuesto nº " + number));
+        EXPECT_EQ(shop.text("txtPesu(3)"), number);
+    }
+    std::vector<std::string> told;
+};
+
+TEST_F(ListInMotionTest, TheButtonsActOnTheRowOnShow) {
+    grid().moveToRow(2);
+    othersWrite();
+    EXPECT_THAT(numbers(), ElementsAre("000003", "000002", "000001"));
+    pressCell(3);
+    EXPECT_THAT(told, ElementsAre("MyBd", "jLoad 24001", "released")) << "the order that is on show";
+    grid().moveToRow(1);
+    expectToLoad("2");
+}
+
+TEST_F(ListInMotionTest, TheProposalThatWasAskedAboutIsTheOneThatLoads) {
+    grid().moveToRow(1);
+    shop.screen.whileAsked = [this] { othersWrite(); };
+    expectToLoad("2");
+}
+
+TEST_F(ListInMotionTest, TheKeysActOnTheProposalOnTheFormWhateverTheListHolds) {
+    shop.form().msCargarPresupuesto(2, true);
+    grid().moveToRow(1);
+    othersWrite();
+    std::vector<std::int32_t> printed;
+    shop.components.add("VELMORAIMP.VMORAIMP", [&] { return std::make_unique<Press>(printed); });
+    shop.key(screen::Key::f8);
+    EXPECT_THAT(printed, ElementsAre(2));
+    shop.screen.queue(screen::Answer::yes);
+    shop.key(screen::Key::f9);
+    EXPECT_EQ(shop.query("select count(*) from DPI where DPI_Id=2"), "0");
+    EXPECT_EQ(shop.query("select count(*) from DPI where DPI_Id=1"), "1");
+}
+
 TEST_F(HistoryGridTest, OnNoNothingIsLoaded) {
     shop.enterToothing();
     shop.screen.queue(screen::Answer::no);

@@ -479,6 +479,47 @@ TEST_F(OrderTest, AProposalNotYetAcceptedHasNoneAndNothingIsSaid) {
     EXPECT_THAT(shop.errors, IsEmpty());
 }
 
+/// Two proposals on the list, the second under the cursor; another user moves and deletes what stands around it.
+class ListInMotionTest : public OrderTest {
+  protected:
+    ListInMotionTest() {
+        for (const char* order : {"24002", "24003"}) {
+            store("DPI_Fecha,DPI_Orden", std::string("'2026-01-10T00:00:00',") + order);
+        }
+        shop.database->execute("update DPI set DPI_Fecha='2026-01-12T00:00:00', DPI_Orden=24001 where DPI_Id=1");
+        shop.database->execute("update DPI set DPI_Fecha='2026-01-11T00:00:00' where DPI_Id=2");
+        listAll();
+        shop.errors.clear();
+        shop.attempt([this] { fields().dbgDPI.moveToRow(0); });
+    }
+    void othersWrite() {
+        shop.database->execute("update DPI set DPI_Fecha='2026-02-01T00:00:00' where DPI_Id=3");
+        shop.database->execute("delete from DPI where DPI_Id=2");
+    }
+};
+
+TEST_F(ListInMotionTest, TheOrderShownIsThatOfTheRowOnShow) {
+    othersWrite();
+    press(fields().XPButton2);
+    cell(4);
+    gridKey(screen::Key::f9);
+    EXPECT_THAT(told, ElementsAre("MyBd", "jLoad 24001", "released", "MyBd", "jLoad 24001", "released", "MyBd",
+                                  "jLoad 24001", "released"));
+}
+
+TEST_F(ListInMotionTest, TheProposalOpenedIsThatOfTheRowOnShow) {
+    othersWrite();
+    expectProposal("1");
+    cell(1);
+    EXPECT_EQ(shownForms, 1);
+    EXPECT_THAT(listed(), ::testing::ElementsAre("000003", "000001")) << "listed anew once it was closed";
+    shop.attempt([this] { fields().dbgDPI.moveToRow(1); });
+    shop.database->execute("update DPI set DPI_Fecha='2026-03-01T00:00:00' where DPI_Id=1");
+    expectProposal("1");
+    gridKey(screen::Key::f8);
+    EXPECT_EQ(shownForms, 2);
+}
+
 TEST_F(OpeningTest, AMissingOrderComponentReachesTheUser) {
     shop.database->execute("update DPI set DPI_Orden=24001");
     press(fields().cmdfiltro);
