@@ -77,9 +77,9 @@ TEST(CDbl, TakesTheBlankThatDoesNotBreak) {
 }
 
 TEST(CDbl, ReadsTextsOfAnyLength) {
-    EXPECT_EQ(CDbl(std::string(5000, '0') + "12,5" + std::string(5000, '0')), 12.5);
-    EXPECT_EQ(CDbl("0," + std::string(400, '0') + "1e401"), 1.0);
-    EXPECT_EQ(CDbl("0," + std::string(5000, '0') + "1"), 0.0);
+    EXPECT_EQ(CDbl(std::string(5000, '0').append("12,5").append(5000, '0')), 12.5);
+    EXPECT_EQ(CDbl(std::string("0,").append(400, '0').append("1e401")), 1.0);
+    EXPECT_EQ(CDbl(std::string("0,").append(5000, '0').append("1")), 0.0);
     EXPECT_EQ(errorOf([] { CDbl(std::string(400, '9')); }), 6);
     EXPECT_EQ(errorOf([] { CDbl("1e99999999999999999999999"); }), 6);
     EXPECT_EQ(CDbl("1e-99999999999999999999999"), 0.0);
