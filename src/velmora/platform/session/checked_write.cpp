@@ -1,0 +1,64 @@
+#include "velmora/platform/session/checked_write.h"
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "velmora/platform/screen/busy.h"
+#include "velmora/platform/sql/in_transaction.h"
+
+namespace velmora::session {
+
+namespace {
+
+constexpr std::chrono::milliseconds step{50};
+constexpr int no = 2;  ///< the button that Enter presses: a hasty key must not write over another's work
+
+bool isConfirmed(screen::Screen& screen, const std::string& question) {
+    return screen.show({.text = question,
+                        .icon = screen::Icon::exclamation,
+                        .buttons = screen::Buttons::yesNo,
+                        .defaultButton = no}) == screen::Answer::yes;
+}
+
+}  // namespace
+
+Written writeChecked(sql::Connection& connection, screen::Screen& screen, const CheckedWrite& steps) {
+    bool confirmed = false;
+    std::unique_ptr<screen::Hourglass> waiting;
+    for (;;) {
+        RowState state = RowState::asShown;
+        const auto lookAndWrite = [&] {
+            state = steps.look();
+            if (state == RowState::changed && confirmed) {
+                state = RowState::asShown;
+            }
+            return state == RowState::asShown && steps.write();
+        };
+        if (sql::inTransaction(connection, lookAndWrite)) {
+            return Written::yes;
+        }
+        switch (state) {
+            case RowState::asShown:
+                return Written::refused;
+            case RowState::closed:
+                return Written::closed;
+            case RowState::inUse:
+                if (!waiting) {
+                    waiting = std::make_unique<screen::Hourglass>(screen);
+                }
+                screen.processEvents();
+                std::this_thread::sleep_for(step);
+                break;
+            case RowState::changed:
+                waiting.reset();
+                if (!isConfirmed(screen, steps.question)) {
+                    return Written::declined;
+                }
+                confirmed = true;
+                break;
+        }
+    }
+}
+
+}  // namespace velmora::session
