@@ -5,6 +5,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/session/shown_row.h"
+#include "velmora/platform/sql/in_transaction.h"
 #include "velmora/reference/row_writing.h"
 #include "velmora/reference/value_forms.h"
 
@@ -12,9 +13,8 @@ namespace velmora::reference {
 
 using runtime::CStr;
 using runtime::Format;
-using session::Ending;
-using session::Outcome;
 using session::Tipo;
+using session::Written;
 
 namespace {
 
@@ -123,33 +123,37 @@ void ChainRows::save() {
 }
 
 std::optional<std::string> ChainRows::insert() {
+    const FieldsOfOneWrite fields(session_);
     std::string id;
-    session::inTransaction(session_, [&] {
+    sql::inTransaction(session_.Connection(), [&] {
         addFields();
         insertRow(session_, " ");
         id = session_.Connection().execute("Select max(PDM_ID) from PDM")[0].toText();
-        return Ending::commit;
+        return true;
     });
     return id;
 }
 
 std::optional<std::string> ChainRows::update() {
+    const FieldsOfOneWrite fields(session_);
     // Chosen C-163: with no row to edit, the write is refused like any other, by the error of a set without a row.
     const std::string id = (*rs_)["PDM_ID"].toText();
     const session::ShownRow shown(*rs_, "Select * from PDM where PDM_ID = " + id);
     // Differs D-166: the row is looked at again in the transaction of its write: one that another user has deleted is
     // not written, one that was changed only when this user wants it.
-    const Outcome outcome = onShownRow(
-        session_, shown, [&] { return confirmed(screen_, changedByAnother); },
-        [&] {
-            addFields();
-            updateRow(session_, " Where PDM_ID = " + id);
-            return Ending::commit;
-        });
-    if (outcome == Outcome::gone) {
+    const Written written = session::writeChecked(session_.Connection(), screen_,
+                                                  {.look = [&] { return shown.state(session_.Connection()); },
+                                                   .write =
+                                                       [&] {
+                                                           addFields();
+                                                           updateRow(session_, " Where PDM_ID = " + id);
+                                                           return true;
+                                                       },
+                                                   .question = changedByAnother});
+    if (written == Written::closed) {
         refuse(screen_, goneWords);
     }
-    return outcome == Outcome::done ? std::optional(id) : std::nullopt;
+    return written == Written::yes ? std::optional(id) : std::nullopt;
 }
 
 void ChainRows::addFields() {

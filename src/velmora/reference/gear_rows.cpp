@@ -6,7 +6,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
-#include "velmora/platform/session/shown_row.h"
+#include "velmora/platform/sql/in_transaction.h"
 #include "velmora/reference/row_writing.h"
 #include "velmora/reference/value_forms.h"
 
@@ -75,17 +75,28 @@ bool GearRows::choose() {
     // Differs D-167: the proposal takes the gear's values from the table: a gear that another user has deleted or
     // changed since it was listed is not taken as if it were the one on show.
     const session::ShownRow shown(rs_, "select * from eng where ENG_Id=" + CStr(std::int64_t{id}));
-    const session::Fate fate = shown.fate(session_.Connection());
-    if (fate == session::Fate::gone) {
-        refuse(screen_, "Este engranaje ya no existe: otro usuario lo ha eliminado.");
-    }
-    if (fate == session::Fate::gone || (fate == session::Fate::changed && !confirmed(screen_, changedByAnother))) {
+    if (!isStillTheOne(shown)) {
         rs_.requery();
         f_.dbgRs.refresh();
         return false;
     }
     nIdEngranaje = id;
     return true;
+}
+
+bool GearRows::isStillTheOne(const session::ShownRow& shown) {
+    switch (shown.state(session_.Connection())) {
+        case session::RowState::closed:
+            refuse(screen_, "Este engranaje ya no existe: otro usuario lo ha eliminado.");
+            return false;
+        case session::RowState::changed:
+            return screen_.show({.text = changedByAnother,
+                                 .icon = screen::Icon::exclamation,
+                                 .buttons = screen::Buttons::yesNo,
+                                 .defaultButton = 2}) == screen::Answer::yes;
+        default:
+            return true;
+    }
 }
 
 // Kept K-162: every save is a new row, and nothing stops a second one of the same values: what a gear was quoted by is
@@ -95,14 +106,15 @@ bool GearRows::save() {
         return false;
     }
     nIdEngranaje = 0;
+    const FieldsOfOneWrite fields(session_);
     std::int32_t id = 0;
     runtime::ErrorTrap trap;
     trap([&] {
-        session::inTransaction(session_, [&] {
+        sql::inTransaction(session_.Connection(), [&] {
             addFields();
             insertRow(session_, " ");
             id = session_.Connection().execute("Select max(ENG_ID) from ENG")[0].toLong();
-            return session::Ending::commit;
+            return true;
         });
         nIdEngranaje = id;
     });

@@ -5,6 +5,7 @@
 
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/session/session.h"
+#include "velmora/platform/session/shown_row.h"
 #include "velmora/platform/sql/recordset.h"
 #include "velmora/reference/gear_fields.h"
 
@@ -33,6 +34,7 @@ class GearRows {
 
   private:
     void addFields();
+    bool isStillTheOne(const session::ShownRow& shown);
 
     GearFields& f_;
     session::Session& session_;

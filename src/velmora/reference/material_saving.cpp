@@ -5,13 +5,15 @@
 #include <string>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/session/checked_write.h"
+#include "velmora/platform/sql/in_transaction.h"
 #include "velmora/reference/row_writing.h"
 
 namespace velmora::reference {
 
-using session::Ending;
-using session::Outcome;
+using session::RowState;
 using session::Tipo;
+using session::Written;
 
 namespace {
 
@@ -67,11 +69,12 @@ void MaterialSaving::save() {
 
 // The list is read anew before the row is there for good: what fails up to then leaves the entry untouched.
 std::optional<sql::Recordset> MaterialSaving::insert() {
+    const FieldsOfOneWrite fields(session_);
     std::optional<sql::Recordset> rows;
-    session::inTransaction(session_, [&] {
+    sql::inTransaction(session_.Connection(), [&] {
         write("");
         rows = list_.open();
-        return Ending::commit;
+        return true;
     });
     return rows;
 }
@@ -80,28 +83,35 @@ std::optional<sql::Recordset> MaterialSaving::update() {
     // Kept K-170: the row under the cursor is the one that is changed, whatever number is typed: that field is there
     // to move the cursor with.
     const std::string id = list_.currentId();
-    std::optional<sql::Recordset> rows;
-    bool inUse = isInUse(id);
-    if (!inUse) {
-        // Differs D-162: the material is looked at again in the transaction of its write: one that another user has
-        // deleted or a proposal has taken meanwhile stays as it is, one that was changed is asked about.
-        const auto writeOver = [&] {
-            inUse = isInUse(id);
-            if (inUse) {
-                return Ending::rollBack;
-            }
-            write(id);
-            rows = list_.open();
-            return Ending::commit;
-        };
-        if (onShownRow(
-                session_, list_.currentRow(), [&] { return confirmed(screen_, changedByAnother); }, writeOver) ==
-            Outcome::gone) {
-            refuse(screen_, goneWords(id) + lineBreak + "No se ha grabado nada.", cancelled);
-        }
-    }
-    if (inUse) {
+    if (isInUse(id)) {
         refuse(screen_, usedAndNotChanged, cancelled);
+        return std::nullopt;
+    }
+    // Differs D-162: the material is looked at again in the transaction of its write: one that another user has
+    // deleted or a proposal has taken meanwhile stays as it is, one that was changed is asked about.
+    const FieldsOfOneWrite fields(session_);
+    std::optional<sql::Recordset> rows;
+    std::string reason;
+    const session::ShownRow shown = list_.currentRow();
+    const auto look = [&] {
+        const RowState state = shown.state(session_.Connection());
+        if (state == RowState::closed) {
+            reason = goneWords(id) + lineBreak + "No se ha grabado nada.";
+            return state;
+        }
+        const bool inUse = isInUse(id);
+        reason = inUse ? usedAndNotChanged : "";
+        return inUse ? RowState::closed : state;
+    };
+    const auto writeOver = [&] {
+        write(id);
+        rows = list_.open();
+        return true;
+    };
+    const Written written = session::writeChecked(session_.Connection(), screen_,
+                                                  {.look = look, .write = writeOver, .question = changedByAnother});
+    if (written == Written::closed) {
+        refuse(screen_, reason, cancelled);
     }
     return rows;
 }
@@ -182,30 +192,28 @@ bool MaterialSaving::mayDelete(const std::string& number) {
 }
 
 void MaterialSaving::removeCurrent(const std::string& number) {
-    bool inUse = false;
-    // Differs D-165: as a save does, and after the question, which may have stood for long.
-    const auto deleteIt = [&] {
-        inUse = isUsedBeforeDeleting(number);
-        if (inUse) {
-            return Ending::rollBack;
-        }
-        session_.Connection().execute("DELETE FROM PARDPI WHERE PARDPI_Id = " + number);
-        return Ending::commit;
+    // Differs D-165: the material is looked at again as before a save, and after the question, which may have stood
+    // for long.
+    bool gone = false;
+    const session::ShownRow shown = list_.currentRow();
+    const auto look = [&] {
+        const RowState state = shown.state(session_.Connection());
+        gone = state == RowState::closed;
+        return !gone && isUsedBeforeDeleting(number) ? RowState::closed : state;
     };
-    const Outcome outcome = onShownRow(
-        session_, list_.currentRow(), [&] { return confirmed(screen_, changedAndDeleted); }, deleteIt);
-    if (outcome == Outcome::declined) {
-        return;
+    const auto deleteIt = [&] {
+        session_.Connection().execute("DELETE FROM PARDPI WHERE PARDPI_Id = " + number);
+        return true;
+    };
+    const Written written = session::writeChecked(session_.Connection(), screen_,
+                                                  {.look = look, .write = deleteIt, .question = changedAndDeleted});
+    if (written == Written::closed) {
+        refuse(screen_, gone ? goneWords(number) : usedAndNotDeleted);
     }
-    if (inUse) {
-        refuse(screen_, usedAndNotDeleted);
-        return;
+    if (written == Written::yes || gone) {
+        list_.msCargarParametros();
+        f_.dbgFco.refresh();
     }
-    if (outcome == Outcome::gone) {
-        refuse(screen_, goneWords(number));
-    }
-    list_.msCargarParametros();
-    f_.dbgFco.refresh();
 }
 
 bool MaterialSaving::isUsedBeforeDeleting(const std::string& number) {

@@ -33,13 +33,6 @@ void updateRow(session::Session& session, std::string_view donde) {
     require(correcto, error);
 }
 
-bool confirmed(screen::Screen& screen, const char* question) {
-    return screen.show({.text = question,
-                        .icon = screen::Icon::exclamation,
-                        .buttons = screen::Buttons::yesNo,
-                        .defaultButton = 2}) == screen::Answer::yes;
-}
-
 void refuse(screen::Screen& screen, const std::string& words, const char* title) {
     screen.show({.text = words, .icon = screen::Icon::critical, .title = title});
 }

@@ -11,12 +11,22 @@ namespace velmora::reference {
 
 inline constexpr const char* lineBreak = "\r\n";
 
+/// Empties the list of fields when it goes: a write that ends half way leaves none over for the next one.
+/// Differs D-168: whatever ends it, a fault of the program itself too.
+class FieldsOfOneWrite {
+  public:
+    explicit FieldsOfOneWrite(session::Session& session) : session_(session) {}
+    ~FieldsOfOneWrite() { session_.Campos().clear(); }
+    FieldsOfOneWrite(const FieldsOfOneWrite&) = delete;
+    FieldsOfOneWrite& operator=(const FieldsOfOneWrite&) = delete;
+
+  private:
+    session::Session& session_;
+};
+
 /// Runs the INSERT, the UPDATE of the fields that were added. Errors: the session's refusal, as the provider's failure.
 void insertRow(session::Session& session, std::string_view donde);
 void updateRow(session::Session& session, std::string_view donde);
-
-/// Asks about a row that another user has changed; Enter says No. True on Yes.
-bool confirmed(screen::Screen& screen, const char* question);
 
 /// Tells, with the critical icon, why nothing is written.
 void refuse(screen::Screen& screen, const std::string& words, const char* title = "");

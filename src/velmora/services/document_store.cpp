@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/sql/in_transaction.h"
 #include "velmora/services/document_files.h"
 #include "velmora/services/shell_execute.h"
 
@@ -66,17 +67,17 @@ std::int32_t DocumentStore::addRow(const std::string& path, const DocumentOwner&
     std::int32_t id = noRow;
     bool ownerGone = false;
     // Differs D-182: when the key cannot be read the transaction is rolled back, where it would have stayed open.
-    session::inTransaction(session_, [&] {
+    sql::inTransaction(session_.Connection(), [&] {
         // Differs D-169: a proposal that another user has deleted gets no document: attaching deletes the file from
         // disk, and no list would ever show its content again.
         ownerGone = isGone(owner);
         if (ownerGone || !insertRow(path, owner)) {
-            return session::Ending::rollBack;
+            return false;
         }
         const sql::Recordset key =
             session_.Connection().execute("Select isnull(max(dex_id),1) from " + sPrefijo_ + "dex");
         id = key[std::size_t{0}].toLong();
-        return session::Ending::commit;
+        return true;
     });
     if (ownerGone) {
         showError("La propuesta nº " + text(owner.nIdExp) +
@@ -163,18 +164,17 @@ ShownDocument DocumentStore::shown(const sql::Recordset& list, const DocumentOwn
 void DocumentStore::remove(const ShownDocument& document) {
     // Differs D-170: the document is looked at again in the transaction of its delete: another user may have deleted
     // it, or given it another name, while the list or the question stood.
-    const auto confirm = [&] {
-        return desk_.screen.show({.text = "Otro usuario ha cambiado este documento desde que se mostró.\r\n"
-                                          "¿Desea eliminarlo de todos modos?",
-                                  .icon = screen::Icon::exclamation,
-                                  .buttons = screen::Buttons::yesNo,
-                                  .defaultButton = 2}) == screen::Answer::yes;
-    };
-    const auto outcome = onShownRow(session_, document.row, confirm, [&] {
-        session_.Connection().execute("delete from " + sPrefijo_ + "dex where dex_id = " + text(document.id));
-        return session::Ending::commit;
-    });
-    if (outcome == session::Outcome::gone) {
+    const auto written = session::writeChecked(
+        session_.Connection(), desk_.screen,
+        {.look = [&] { return document.row.state(session_.Connection()); },
+         .write =
+             [&] {
+                 session_.Connection().execute("delete from " + sPrefijo_ + "dex where dex_id = " + text(document.id));
+                 return true;
+             },
+         .question = "Otro usuario ha cambiado este documento desde que se mostró.\r\n"
+                     "¿Desea eliminarlo de todos modos?"});
+    if (written == session::Written::closed) {
         showError("Este documento ya no existe: otro usuario lo ha eliminado.");
     }
 }

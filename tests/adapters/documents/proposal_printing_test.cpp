@@ -309,7 +309,7 @@ TEST_F(ProposalPrintingTest, NoNumberIsBrokenHoweverGreat) {
         for (std::size_t paper = services.opened.size() - 2; paper < services.opened.size(); ++paper) {
             std::size_t great = 0;
             for (const Word& word : wordsOf(services.opened[paper])) {
-                great += word.text == "99.999.999,99" ? 1 : 0;
+                great += word.text == "99.999.999,99" ? 1U : 0U;
                 EXPECT_TRUE(!std::regex_match(word.text, nines) || whole.contains(word.text))
                     << type.number << ": " << word.text;
                 EXPECT_GE(word.left, 45) << word.text;

@@ -32,7 +32,7 @@ class WindowAndDriver : public QtBench {
         type(QString::fromUtf8(text));
         key(Qt::Key_Tab);
         EXPECT_TRUE(user.type(inScript.control(field), text));
-        user.key(inScript.form(), screen::Key::tab);
+        user.stroke(inScript.form(), {.key = screen::Key::tab});
         expectAlike(field);
     }
     void clickTwice(std::string_view field) {
@@ -51,7 +51,7 @@ class WindowAndDriver : public QtBench {
         QTest::keyClick(&widgetOf(list), Qt::Key_Tab);
         QTest::qWait(20);
         EXPECT_TRUE(user.focus(inScript.control(name)));
-        user.key(inScript.form(), screen::Key::tab);
+        user.stroke(inScript.form(), {.key = screen::Key::tab});
         expectAlike(name);
     }
     void choose(std::string_view name, int index) {
@@ -67,7 +67,7 @@ class WindowAndDriver : public QtBench {
         QTest::qWait(20);
         EXPECT_EQ(list.listIndex(), index);
         EXPECT_TRUE(user.choose(dynamic_cast<ComboBox&>(inScript.control(name)), index));
-        user.key(inScript.form(), screen::Key::tab);
+        user.stroke(inScript.form(), {.key = screen::Key::tab});
         expectAlike(name);
     }
     std::string text(std::string_view field) { return atWindow.text(field); }
