@@ -158,7 +158,7 @@ TEST_F(StoredProposalTest, OneThatIsAcceptedOrGoneWhileTheUserReadsIsStillRefuse
 std::vector<std::string> columnsOf(const std::string& update) {
     std::vector<std::string> columns;
     for (std::size_t at = update.find("DPI_"); at < update.find(" Where "); at = update.find(",DPI_", at)) {
-        at += update[at] == ',' ? 1 : 0;
+        at += update[at] == ',' ? 1U : 0U;
         columns.push_back(update.substr(at, update.find('=', at) - at));
     }
     return columns;

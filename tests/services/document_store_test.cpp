@@ -117,7 +117,10 @@ TEST_F(DocumentStoreTest, AFileThatCannotBeReadLeavesTheRowWithoutContent) {
 /// A session on a database in files, and every path that leads to one of these.
 class OwnFilesTest : public DocumentStoreTest {
   protected:
-    OwnFilesTest() { data::createDatabase(*files_); }
+    OwnFilesTest() {
+        data::createDatabase(*files_);
+        files_->execute("INSERT INTO DPI (DPI_Id,DPI_Tipo) VALUES (7,0)");
+    }
 
     void expectRefused(const std::string& path, const std::string& target) {
         screen.messages.clear();
