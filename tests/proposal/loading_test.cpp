@@ -679,8 +679,8 @@ TEST_F(FailedLoadTest, AnErrorAtAnyStatementLeavesTheFormAsItWas) {
 
 TEST_F(FailedLoadTest, AValueThatIsMissingOrOutOfItsListLeavesTheFormAsItWas) {
     const auto before = everythingNow();
-    for (const char* change : {"DPI_NomCliente=null", "DPI_Tipo=15", "DPI_PDM_Tipo=20", "DPI_CubImporte=null"}) {
-        workshop.database->execute("UPDATE DPI SET DPI_NomCliente=N'N',DPI_Tipo=4,DPI_PDM_Tipo=1,DPI_CubImporte=1");
+    for (const char* change : {"DPI_ImpTP=null", "DPI_Tipo=15", "DPI_PDM_Tipo=20", "DPI_CubImporte=null"}) {
+        workshop.database->execute("UPDATE DPI SET DPI_ImpTP=1,DPI_Tipo=4,DPI_PDM_Tipo=1,DPI_CubImporte=1");
         workshop.database->execute(std::string("UPDATE DPI SET ") + change + " where DPI_Id=1");
         workshop.errors.clear();
         workshop.attempt([&] { load(false); });

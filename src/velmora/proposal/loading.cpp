@@ -32,8 +32,6 @@ constexpr std::array measures{
     Stored{measure::rim, "DPI_llanta"},          Stored{measure::hubWidth, "DPI_AnchoCubo"},
 };
 
-constexpr int nameOfCustomer = 1;  ///< in txtPesu
-
 constexpr std::array amounts{
     Stored{money::customerCode, "DPI_CodCliente"},
     Stored{money::customerName, "DPI_NomCliente"},
@@ -260,7 +258,7 @@ void Loading::putAmounts(const sql::Recordset& row) {
     for (const Stored& stored : amounts) {
         const sql::Value& value = row[stored.column];
         // Differs D-175: a name that the row lacks is empty, where its null would keep the form shut.
-        if (stored.field == nameOfCustomer && value.isNull()) {
+        if (stored.field == money::customerName && value.isNull()) {
             f_.txtPesu(stored.field).setText("");
         } else {
             put(f_.txtPesu(stored.field), value);
