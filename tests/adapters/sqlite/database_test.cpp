@@ -154,6 +154,29 @@ TEST_F(DatabaseFile, TablesChangedBySomebodyElseAreSeen) {
     EXPECT_EQ(errorOf([&] { first->execute("select * from T"); }).number(), provider::missingTable);
 }
 
+TEST_F(DatabaseFile, TablesChangedBySomebodyElseAreSeenBesideAnOpenList) {
+    const auto first = open();
+    const auto second = open();
+    second->execute("CREATE TABLE T (a int)");
+    second->execute("insert into T values (1)");
+    for (int i = 0; i < 10; ++i) {
+        second->execute("insert into T select a from T");
+    }
+    const std::string one = "select top 1 * from T";
+    EXPECT_EQ(first->execute(one).columns().size(), 1u);
+    // Each list takes along the connection on which the statement was prepared.
+    sql::Recordset list = first->execute("select a from T");
+    second->execute("ALTER TABLE T ADD b int NOT NULL DEFAULT 5 WITH VALUES ");
+    EXPECT_EQ(shown(first->execute(one)), "1|5");
+    sql::Recordset another = first->execute("select a from T");
+    second->execute("ALTER TABLE T ADD c int NOT NULL DEFAULT 7 WITH VALUES ");
+    EXPECT_EQ(shown(first->execute(one)), "1|5|7");
+    list = {};
+    another = {};
+    second->execute("DROP TABLE T");
+    EXPECT_EQ(errorOf([&] { first->execute(one); }).number(), provider::missingTable);
+}
+
 TEST_F(DatabaseFile, RolledBackTablesAreForgotten) {
     const auto connection = open();
     connection->beginTrans();

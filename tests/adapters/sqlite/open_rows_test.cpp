@@ -121,7 +121,7 @@ TEST_F(OpenRowsTest, FewRowsAreReadFromACopyOfThemAfterwards) {
 }
 
 TEST_F(OpenRowsTest, ManyRowsAreReadFromACopyOfThePagesInTheSameOrder) {
-    makeRows(13, 20);
+    makeRows(13, 400);  // more than the engine sorts in memory
     writer_->execute("CREATE INDEX T_n ON T (n)");
     // By the index, by sorting, and as they come: rows that are equal in their order keep their places.
     for (const char* select :
@@ -138,7 +138,7 @@ TEST_F(OpenRowsTest, ManyRowsAreReadFromACopyOfThePagesInTheSameOrder) {
         EXPECT_TRUE(all(*rows) == before);
         EXPECT_EQ(rows->count(), 8192u);
         EXPECT_TRUE(rows->read(5000, 10).rows == std::vector(before.begin() + 5000, before.begin() + 5010));
-        writer_->execute("update T set t = N'" + std::string(20, 'x') + "'");
+        writer_->execute("update T set t = N'" + std::string(400, 'x') + "'");
     }
 }
 

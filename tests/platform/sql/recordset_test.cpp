@@ -1,6 +1,8 @@
 #include "velmora/platform/sql/recordset.h"
 
 #include <stdexcept>
+#include <functional>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -321,6 +323,71 @@ TEST(ForwardingConnectionTest, PassesEverythingOn) {
     EXPECT_EQ(connection.currentCatalog(), "VELMORA");
     EXPECT_TRUE(connection.isAlive());
     EXPECT_FALSE(connection.execute("x").isOpen());
+}
+
+namespace {
+
+/// Rows of which only the first ones can be read.
+class BrokenRows final : public RowSource {
+  public:
+    const std::vector<Column>& columns() const override { return columns_; }
+    bool hasRow(std::size_t position) override {
+        if (position >= 2) {
+            throw DbError(provider::failure, "No se puede leer.");
+        }
+        return true;
+    }
+    const Row& row(std::size_t position) override { return rows_[position]; }
+    std::size_t rowCount() override { return 4; }
+    std::unique_ptr<RowSource> reopen() const override { throw DbError(provider::failure, "No se puede leer."); }
+
+  private:
+    std::vector<Column> columns_{{"Id"}};
+    std::vector<Row> rows_{{1}, {2}};
+};
+
+}  // namespace
+
+TEST(RecordsetTest, ARowThatCannotBeReadLeavesTheCurrentRow) {
+    Recordset rows(std::make_unique<BrokenRows>());
+    rows.moveNext();
+    int heard = 0;
+    const Subscription listening = rows.onMoveComplete([&] { ++heard; });
+    const std::vector<std::function<void()>> moves = {[&] { rows.moveNext(); }, [&] { rows.moveLast(); },
+                                                      [&] { rows.moveTo(3); }, [&] { rows.find("Id = 9"); },
+                                                      [&] { rows.requery(); }};
+    for (const auto& move : moves) {
+        EXPECT_EQ(errorOf(move), provider::failure);
+        EXPECT_EQ(rows.position(), 1u);
+        EXPECT_EQ(rows["Id"], Value(2));
+    }
+    EXPECT_EQ(heard, 0);
+}
+
+TEST(RecordsetTest, ACloneKeepsItsRowsWhenTheSetIsQueriedAnew) {
+    class Counted final : public RowSource {
+      public:
+        explicit Counted(int opened) : rows_{{opened}, {opened + 1}} {}
+        const std::vector<Column>& columns() const override { return columns_; }
+        bool hasRow(std::size_t position) override { return position < rows_.size(); }
+        const Row& row(std::size_t position) override { return rows_[position]; }
+        std::size_t rowCount() override { return rows_.size(); }
+        std::unique_ptr<RowSource> reopen() const override {
+            return std::make_unique<Counted>(rows_.front().front().toLong() + 10);
+        }
+
+      private:
+        std::vector<Column> columns_{{"Id"}};
+        std::vector<Row> rows_;
+    };
+    Recordset rows(std::make_unique<Counted>(0));
+    Recordset clone = rows.clone();
+    clone.moveNext();
+    rows.requery();
+    EXPECT_EQ(rows["Id"], Value(10));
+    EXPECT_EQ(clone["Id"], Value(1));
+    clone.moveFirst();
+    EXPECT_EQ(clone["Id"], Value(0));
 }
 
 }  // namespace velmora::sql

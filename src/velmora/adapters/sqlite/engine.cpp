@@ -121,7 +121,11 @@ std::unique_ptr<sql::RowSource> Engine::openRows(std::string_view text) {
 
 std::shared_ptr<CachedStatement> Engine::statementOf(std::string_view text) {
     if (auto known = cache_.find(text)) {
-        return known;
+        // A statement that a link has prepared finds out by itself that the tables have changed.
+        if (link()->hasPrepared(*known) || link()->schemaVersion() == known->schemaVersion) {
+            return known;
+        }
+        forget();
     }
     try {
         return translated(text);
@@ -139,6 +143,7 @@ std::shared_ptr<CachedStatement> Engine::translated(std::string_view text) {
     auto made = std::make_shared<CachedStatement>();
     made->translation = translate(text, *this);
     made->text = std::string(text);
+    made->schemaVersion = link()->schemaVersion();
     const bool runsAgain = made->translation.answer != Answer::schema && !made->translation.steps.empty();
     if (runsAgain && made->runsAgain()) {
         cache_.add(made);
@@ -174,6 +179,7 @@ std::shared_ptr<OpenRows> Engine::keepOpen(std::unique_ptr<RowReader> reader) {
         watch_.add(others);
         return others;
     }
+    std::erase_if(onLink_, [](const std::weak_ptr<OpenRows>& known) { return known.expired(); });
     onLink_.push_back(others);
     if (!inTransaction_ && path_ != inMemory) {
         settleSets();
@@ -182,6 +188,8 @@ std::shared_ptr<OpenRows> Engine::keepOpen(std::unique_ptr<RowReader> reader) {
 }
 
 /// Sets that are read on the link of all statements must have their rows before one of these changes anything.
+/// Chosen C-215: a set opened inside a transaction keeps its rows to its requery also when the transaction is undone:
+/// it shows what was the case when it was opened.
 void Engine::settleSets() {
     for (const std::weak_ptr<OpenRows>& known : std::exchange(onLink_, {})) {
         if (const auto others = known.lock()) {

@@ -36,9 +36,7 @@ Link::Link(const std::string& path, const Options& options) : options_(options) 
     configure(path);
 }
 
-Link::~Link() {
-    idle_.clear();
-}
+Link::~Link() = default;
 
 std::shared_ptr<Link> Link::temporary(const Options& options) {
     Options writable = options;
@@ -109,6 +107,25 @@ std::unique_ptr<Statement> Link::prepare(std::string_view sql) {
     return std::make_unique<Statement>(handle(), sql, false);
 }
 
+std::int64_t Link::schemaVersion() {
+    const auto know = [this](std::string_view schema) {
+        versions_.push_back(prepare("PRAGMA " + std::string(schema) + ".schema_version"));
+    };
+    if (versions_.empty()) {
+        know(mainSchema);
+    }
+    if (documentsAttached_ && versions_.size() == 1) {
+        know(documentsSchema);
+    }
+    std::int64_t version = 0;
+    for (const auto& asking : versions_) {
+        asking->step();
+        version = (version << 32) + asking->whole(0);
+        asking->reset();
+    }
+    return version;
+}
+
 std::unique_ptr<Statement> Link::take(const CachedStatement& cached) {
     if (const auto found = idleById_.find(cached.id); found != idleById_.end()) {
         auto statement = std::move(found->second->statement);
@@ -142,6 +159,11 @@ void Link::leaveSnapshot() {
         run("END");
         inSnapshot_ = false;
     }
+}
+
+void Link::moveWriteAheadIntoDatabase() {
+    // Whoever does it already, does it for all: no error matters.
+    sqlite3_wal_checkpoint_v2(handle(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
 std::vector<std::string> Link::heldSchemas() const {

@@ -52,6 +52,11 @@ class Link {
     bool isInTransaction() const;
     std::unique_ptr<Statement> prepare(std::string_view sql);
 
+    /// Another number after every change of the tables, whoever made it. Errors: DbError.
+    std::int64_t schemaVersion();
+
+    /// True when take() need not prepare it.
+    bool hasPrepared(const CachedStatement& cached) const { return idleById_.contains(cached.id); }
     /// The statement prepared, perhaps by an earlier user of it, who gave it back.
     std::unique_ptr<Statement> take(const CachedStatement& cached);
     void giveBack(const CachedStatement& cached, std::unique_ptr<Statement> statement);
@@ -64,6 +69,9 @@ class Link {
     /// Nothing without a snapshot. No statement may be in the middle of its rows. Errors: DbError.
     void leaveSnapshot();
     bool isInSnapshot() const { return inSnapshot_; }
+    /// So that the files can be written from their start again; as much as other readers let it, nobody waits. Outside
+    /// a snapshot.
+    void moveWriteAheadIntoDatabase();
     /// The schemas that a snapshot holds.
     std::vector<std::string> heldSchemas() const;
     /// The path of a schema's write-ahead file; empty for one that has none.
@@ -91,7 +99,8 @@ class Link {
     bool documentsAttached_ = false;
     bool inSnapshot_ = false;
     std::unique_ptr<sqlite3, Close> database_;
-    std::list<Idle> idle_;  ///< the one used last stands first
+    std::vector<std::unique_ptr<Statement>> versions_;  ///< of the schemas known
+    std::list<Idle> idle_;                              ///< the one used last stands first
     std::unordered_map<std::uint64_t, std::list<Idle>::iterator> idleById_;
 };
 

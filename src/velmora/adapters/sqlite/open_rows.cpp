@@ -120,25 +120,49 @@ bool OpenRows::isHeld() {
 
 bool OpenRows::hinders() {
     const std::lock_guard turn(mutex_);
-    return std::ranges::any_of(writeAhead_, [](const WriteAhead& file) { return sizeOf(file.path) > file.tolerated; });
+    return std::ranges::any_of(writeAhead_, [](WriteAhead& file) {
+        const std::uintmax_t size = sizeOf(file.path);
+        const bool grown = size > std::max(file.tolerated, file.triedInVain);
+        // A file that was large already may have been cut off since.
+        file.tolerated = std::min(file.tolerated, std::max(toleratedSize, size));
+        return grown;
+    });
 }
 
 bool OpenRows::detachStep() {
+    std::shared_ptr<Link> freed;
+    const bool goesOn = detachStep(freed);
+    if (freed) {
+        try {
+            freed->leaveSnapshot();
+            freed->moveWriteAheadIntoDatabase();
+        } catch (const sql::DbError&) {
+            // The pool closes a link that cannot end its snapshot.
+        }
+    }
+    return goesOn;
+}
+
+bool OpenRows::detachStep(std::shared_ptr<Link>& freed) {
     const std::lock_guard turn(mutex_);
     if (writeAhead_.empty() || !stillHolds()) {
         return false;
     }
+    const std::shared_ptr<Link> held = reader_->link();
     try {
         goOn();
-        return !writeAhead_.empty();
     } catch (const std::exception&) {
         copy_.reset();
-        stillHolds();
         for (WriteAhead& file : writeAhead_) {
-            file.tolerated = std::max(file.tolerated, 2 * sizeOf(file.path));
+            file.triedInVain = 2 * sizeOf(file.path);
         }
+        stillHolds();
         return false;
     }
+    if (writeAhead_.empty()) {
+        freed = held;
+    }
+    return !freed;
 }
 
 void OpenRows::goOn() {

@@ -58,9 +58,11 @@ class OpenRows {
   private:
     struct WriteAhead {
         std::string path;
-        std::uintmax_t tolerated;  ///< bytes
+        std::uintmax_t tolerated;        ///< bytes
+        std::uintmax_t triedInVain = 0;  ///< bytes up to which no other attempt at a copy is made
     };
 
+    bool detachStep(std::shared_ptr<Link>& freed);
     bool stillHolds();
     void requireRows();
     void lose(const sql::DbError& error);

@@ -21,6 +21,7 @@ struct CachedStatement {
     std::uint64_t id = nextId();  ///< by which a link knows its prepared form
     std::string text;
     Translation translation;
+    std::int64_t schemaVersion = 0;  ///< of the link, when it was translated
 
     bool runsAgain() const { return text.size() <= longestCachedText; }
 

@@ -150,10 +150,12 @@ struct Recordset::Cursor {
 
     void toFirst() { to(0); }
 
+    /// A row that cannot be read leaves the current row as it was.
     void to(std::size_t position) {
+        const bool found = source->hasRow(position);
         index = position;
-        place = source->hasRow(position) ? Place::onRow : Place::after;
-        foundRow = foundRow || place == Place::onRow;
+        place = found ? Place::onRow : Place::after;
+        foundRow = foundRow || found;
     }
 
     /// Asks the source only while no row was ever found: standing behind a long list must not read it from its start.
@@ -315,7 +317,9 @@ Recordset Recordset::clone() const {
 
 void Recordset::requery() {
     Cursor& cursor = open();
-    cursor.source = std::shared_ptr<RowSource>(cursor.source->reopen());
+    std::shared_ptr<RowSource> fresh = cursor.source->reopen();
+    fresh->hasRow(0);
+    cursor.source = std::move(fresh);
     cursor.foundRow = false;
     cursor.toFirst();
     moved();
