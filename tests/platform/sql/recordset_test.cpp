@@ -1,7 +1,7 @@
 #include "velmora/platform/sql/recordset.h"
 
-#include <stdexcept>
 #include <functional>
+#include <stdexcept>
 #include <vector>
 
 #include <gtest/gtest.h>
