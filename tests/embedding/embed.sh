@@ -8,7 +8,8 @@ rm -rf "$work"
 mkdir -p "$work"
 case $from in
 tree)
-    set -- "-DVELMORA_TREE=$sources" ;;
+    # With the flags of the release build, so that a compiler cache has the rooms already.
+    set -- "-DVELMORA_TREE=$sources" -DVELMORA_WERROR=ON ;;
 install)
     cmake --install "$build" --prefix "$work/installed" >"$work/install.log"
     # The headers must be the installed ones: nothing below the sources may be named.
