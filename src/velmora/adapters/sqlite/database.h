@@ -26,7 +26,15 @@ struct Options {
 /// Opens the database at this path, which is made when it does not exist; ":memory:" lives as long as the
 /// connection. The documents' catalogue is the file of the same folder whose name has "DOC" in front
 /// ("taller.db": "DOCtaller.db"), joined by the first statement that names it; of a database in memory it is in
-/// memory too. Errors: DbError (provider::failure) for a file that is no database or cannot be opened.
+/// memory too.
+///
+/// A set that does not end with its first rows holds the state of the database from its opening on, on a connection of
+/// its own. When the write-ahead file grows behind it by more than half a MiB, a thread of the connection copies the
+/// set's rows, or the database's pages when the rows are many, into the engine's temporary storage, and the file can
+/// start anew; so the program need not do anything, and temporary storage may have to take as much as the database's
+/// file has. Where there is no write-ahead logging, and before a change inside a transaction or in memory, the rows
+/// that are left are copied at once. Errors: DbError (provider::failure) for a file that is no database or cannot be
+/// opened.
 std::unique_ptr<sql::Connection> openDatabase(const std::string& path, Options options = {});
 
 }  // namespace velmora::sqlite

@@ -15,11 +15,16 @@ class Connection {
     virtual ~Connection() = default;
 
     /// Runs exactly one statement; a second one in the text is refused (number `provider::syntax`). A statement
-    /// that answers no rows gives a closed recordset. Errors: DbError.
+    /// that answers no rows gives a closed recordset; one that answers rows gives a set that keeps them (Recordset).
+    /// Open sets hold up nobody's statements. Errors: DbError.
     virtual Recordset execute(std::string_view statement) = 0;
 
-    /// Transactions do not nest. Commit and rollback with none open are `provider::noTransaction`.
+    /// Begins a transaction and lets one client in at a time: of two clients that begin, read a highest number and
+    /// insert the next one, the second waits in beginTrans until the first has committed or rolled back, and then reads
+    /// what that has written. Reading outside a transaction does not wait. Transactions do not nest
+    /// (`provider::transactionOpen`). Errors: DbError, `provider::timeout` when the other client takes too long.
     virtual void beginTrans() = 0;
+    /// Commit and rollback with no transaction open are `provider::noTransaction`.
     virtual void commitTrans() = 0;
     virtual void rollbackTrans() = 0;
 

@@ -1,5 +1,6 @@
 #pragma once
-// Result sets, read on demand. A Recordset is a handle: copies share one cursor, a clone has a cursor of its own.
+// Result sets: kept rows, read on demand. A Recordset is a handle: copies share one cursor, a clone has a cursor of its
+// own.
 
 #include <cstddef>
 #include <functional>
@@ -17,8 +18,11 @@ struct Column {
     std::string name;  ///< as the statement spells it
 };
 
-/// What an engine supplies behind a recordset: rows by position, read as they are asked for, with a bounded window
-/// in memory. Rows that were read ahead may leave the window and be read again.
+/// What an engine supplies behind a recordset: the rows of the moment at which it was opened, by position. They are
+/// read as they are asked for, with a bounded number in memory, and whoever changes the database meanwhile, this
+/// connection included, changes neither rows nor order nor values: a row read again is the same row. Nor does an open
+/// source hold up anybody who writes. The only change is what updateBinary writes. Errors: DbError, when rows cannot be
+/// read; an engine that can no longer answer the rows of that moment says so and never gives others.
 class RowSource {
   public:
     virtual ~RowSource() = default;
@@ -29,7 +33,7 @@ class RowSource {
     virtual const Row& row(std::size_t position) = 0;
     /// All rows of the set; may have to count them.
     virtual std::size_t rowCount() = 0;
-    /// The same statement run again.
+    /// The same statement run again: the rows of now.
     virtual std::unique_ptr<RowSource> reopen() const = 0;
     /// Recordset::updateBinary for the row at a position that hasRow accepted. A source that does not override it
     /// refuses.
@@ -46,8 +50,11 @@ std::unique_ptr<RowSource> rowsInMemory(std::vector<Column> columns, std::vector
 /// The listener's end of a subscription; letting go of it ends it.
 using Subscription = std::shared_ptr<void>;
 
-/// A cursor over a row source, after ADO: opening stands on the first row, or at the end of an empty set.
-/// A field read with no current row is error 3021; an unknown column error 3265; any use of a closed set error 3704.
+/// A cursor over a row source, after ADO: opening stands on the first row, or at the end of an empty set. From opening
+/// to requery() the set holds the rows, their order and their values of the moment of opening, and the current row
+/// stays the current row, whatever any client does. What a set shows may have been changed or deleted in the database:
+/// whoever writes looks at the row by its key first. A field read with no current row is error 3021; an unknown column
+/// error 3265; any use of a closed set error 3704.
 class Recordset {
   public:
     Recordset() = default;  ///< a new, closed set
@@ -78,9 +85,11 @@ class Recordset {
     /// none stands at eof. A criterion of another form is error 3001.
     void find(std::string_view criterion);
 
-    /// A second cursor on the same rows, which moves alone and whom nobody listens to.
+    /// A second cursor on the same rows, which moves alone and whom nobody listens to. It keeps them when this one is
+    /// queried anew.
     Recordset clone() const;
-    /// Runs the statement again; stands on the first row.
+    /// Runs the statement again and holds the rows of now; stands on the first one. When the statement is refused, the
+    /// set stays as it was.
     void requery();
 
     /// The values of any row without moving; none when there is no such row. Valid until the next call.
