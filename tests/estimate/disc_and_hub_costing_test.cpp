@@ -553,7 +553,6 @@ TEST_F(DiscAndHubCostingTest, TheCaptionsOfTheProcessFollowTheExteriorAsItChange
 
 TEST_F(DiscAndHubCostingTest, WithoutAnExteriorTheCaptionsOfTheProcessAreHiddenFromTheFirstMomentOn) {
     const auto shown = [this] { return fields().lblCuboProceso.visible() || fields().lblDiscoProceso.visible(); };
-    closeForm();
     EXPECT_FALSE(shown()) << "as the form opens";
     for (const char* none : {"0", "0,00", "", "x"}) {
         fields().Text1(15).setText("100");
