@@ -10,6 +10,7 @@
 
 #include "velmora/data/schema.h"
 #include "velmora/tracking/acceptance.h"
+#include "velmora/tracking/detail.h"
 
 #include "workshop.h"
 
@@ -59,13 +60,17 @@ void addPendingProposals(sql::Connection& connection) {
 /// A list that holds the proposals, and a user who accepts the one under the cursor and goes on to the next.
 class Clerk {
   public:
-    Clerk() { list(); }
+    Clerk() {
+        list();
+        fillPanel();
+    }
 
     void acceptNext() {
         const std::string number = (*fields_.rsDpi)["DPI_Id"].toText();
         acceptance_.msAceptarPresupuesto();
         require(fields_.txtCriterio(tracking::numberFrom).text() == number, "the proposal was not accepted");
         fields_.rsDpi->moveNext();
+        fillPanel();
     }
 
     Workshop& workshop() { return workshop_; }
@@ -80,26 +85,23 @@ class Clerk {
             all.push_back(*rows.peek(*rows.position()));
         }
         fields_.rsDpi = sql::Recordset(sql::rowsInMemory(rows.columns(), std::move(all)));
-        const sql::Recordset& first = *fields_.rsDpi;
-        const std::pair<tracking::Detail, const char*> shown[] = {
-            {tracking::customerCode, "DPI_CodCliente"}, {tracking::customerName, "DPI_NomCliente"},
-            {tracking::piecePrice, "DPI_ImpTP"},        {tracking::pieces, "DPI_Unidades"},
-            {tracking::totalAmount, "DPI_Importe"},
-        };
-        for (const auto& [field, column] : shown) {
-            fields_.txtPesu(field).setText(first[column].toText());
-        }
-        fields_.txtPesu(tracking::customerReference).setText("R-77");
-        fields_.txtPesu(tracking::deliveryDate).setText("30/06/2026");
         for (const char* state : {"Solo Aceptados", "Solo Pendientes", "Todos"}) {
             fields_.cboFiltroHistorico.addItem(state);
         }
+    }
+
+    /// Shows the current row, and types the customer's order data.
+    void fillPanel() {
+        panel_.rsDpi_MoveComplete();
+        fields_.txtPesu(tracking::customerReference).setText("R-77");
+        fields_.txtPesu(tracking::deliveryDate).setText("30/06/2026");
     }
 
     Workshop workshop_{addPendingProposals};
     session::KestraUtil oUtil_{workshop_.desk().screen, workshop_.session().Connection()};
     screen::Form form_{"frmSeguimiento"};
     tracking::TrackingFields fields_{form_};
+    tracking::DetailPanel panel_{fields_, oUtil_, workshop_.desk().screen};
     tracking::Acceptance acceptance_{fields_, workshop_.session(), oUtil_, workshop_.desk(), [] {}};
 };
 
