@@ -701,6 +701,20 @@ TEST_F(FailedLoadTest, TheProposalThatStayedIsSavedUnderItsOwnNumber) {
     EXPECT_EQ(workshop.query("select DPI_Extra from DPI where DPI_Id=1"), "extra");
 }
 
+TEST_F(FailedLoadTest, WhatTheUserTypedIsStillKnownAsTyped) {
+    workshop.openAnew();
+    workshop.choose("cboTipoPre", data::variablePulley);
+    workshop.enterToothing();
+    workshop.set("Text1(14)", "22,5");
+    workshop.set("Text1(18)", "60");
+    workshop.enterCustomerAndUnits();
+    workshop.database->execute("UPDATE DPI SET DPI_PDM_x=null where DPI_Id=1");
+    ASSERT_FALSE(load(false));
+    EXPECT_TRUE(workshop.fields().secondHubIsKnown());
+    workshop.key(screen::Key::f5);
+    EXPECT_EQ(workshop.query("select DPI_PDM_h1 from DPI where DPI_Id=3"), "22,5");
+}
+
 TEST_F(FailedLoadTest, OnANewFormNothingOfTheProposalIsLeft) {
     workshop.database->execute("UPDATE DPI SET DPI_IdParCubo=99 where DPI_Id=1");
     const auto empty = everything(workshop.openAnew());

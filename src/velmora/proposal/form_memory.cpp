@@ -58,7 +58,7 @@ void putBack(sql::ListenedRecordset& listened, const sql::Recordset& rows) {
 }  // namespace
 
 FormMemory::FormMemory(estimate::FieldMap& fields)
-    : f_(fields), disc_(*fields.rsMatDisco), hub_(*fields.rsMatCubo), rack_(*fields.rsMatCre) {
+    : f_(fields), typed_(fields.typed), disc_(*fields.rsMatDisco), hub_(*fields.rsMatCubo), rack_(*fields.rsMatCre) {
     controls_.reserve(f_.form.controls().size());
     for (screen::Control* control : f_.form.controls()) {
         controls_.push_back(shownBy(*control));
@@ -116,6 +116,7 @@ void FormMemory::restore() const {
     for (const Shown& shown : controls_) {
         putBack(shown);
     }
+    f_.typed = typed_;
     f_.invalidateSketches();
 }
 

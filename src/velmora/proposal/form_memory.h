@@ -8,8 +8,8 @@
 
 namespace velmora::proposal {
 
-/// Remembers what every control holds and shows, and the materials chosen; the history's grid and the focus are no
-/// part of it.
+/// Remembers what every control holds and shows, which fields the user has typed into, and the materials chosen; the
+/// history's grid and the focus are no part of it.
 class FormMemory {
   public:
     explicit FormMemory(estimate::FieldMap& fields);
@@ -38,6 +38,7 @@ class FormMemory {
 
     estimate::FieldMap& f_;
     std::vector<Shown> controls_;
+    estimate::TypedFields typed_;
     sql::Recordset disc_;
     sql::Recordset hub_;
     sql::Recordset rack_;
