@@ -1,11 +1,12 @@
 #pragma once
-// Makes the widgets of a form from its Layout tree.
+// Makes the widgets of a form from the plan of its layout.
 
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "velmora/adapters/qt/control_view.h"
-#include "velmora/platform/screen/layout.h"
+#include "velmora/platform/toolkit/layout_plan.h"
 
 class QBoxLayout;
 class QGridLayout;
@@ -36,12 +37,12 @@ class LayoutBuilder {
     std::vector<Turn> takeTurns() { return std::move(turns_); }
 
   private:
-    /// A node's result: a widget or a layout.
+    /// What a part of the plan has become: a widget or a layout, or neither.
     struct Piece {
         QWidget* widget = nullptr;
         QLayout* layout = nullptr;
     };
-    /// The parts of a field.
+    /// The widgets of a field.
     struct FieldParts {
         ControlView* view = nullptr;
         LabelView* captionView = nullptr;
@@ -49,22 +50,18 @@ class LayoutBuilder {
         QWidget* unit = nullptr;
     };
 
-    Piece make(const screen::Layout& node);
-    Piece makeBox(const screen::Layout& node, bool horizontal);
-    Piece makeGrid(const screen::Layout& node, int columns);
-    Piece makeGroup(const screen::Layout& node);
-    Piece makeTurns(const screen::Layout& node);
-    Piece makeField(const screen::Layout& node);
+    Piece make(const toolkit::LayoutPlan& plan);
+    Piece makeCaption(const toolkit::LayoutPlan& plan);
+    Piece makeBox(const toolkit::LayoutPlan& plan);
+    Piece makeGrid(const toolkit::LayoutPlan& plan);
+    Piece makeGroup(const toolkit::LayoutPlan& plan);
+    Piece makeTurns(const toolkit::LayoutPlan& plan);
+    /// A page of turns as a widget of its own.
+    QWidget* pageOf(const Piece& piece);
 
-    void addToBox(QBoxLayout& box, const screen::Layout& node, bool horizontal, bool alignTop);
-    void addToGrid(QGridLayout& grid, const screen::Layout& node, int row, int column, int span);
-    void addFieldToGrid(QGridLayout& grid, const screen::Layout& node, int row, int column, int span);
-    void addRowToGrid(QGridLayout& grid, const screen::Layout& node, int row, int column, int span);
-    void addTurnsToGrid(QGridLayout& grid, const screen::Layout& node, int row, int column);
-    void addToStack(QStackedLayout& stack, const Piece& piece);
-    void finishStack(QStackedLayout& stack, const screen::Layout& node);
-
-    FieldParts makeParts(const screen::Layout& node);
+    /// Made with the first of them that the plan asks for.
+    FieldParts& partsOf(const screen::Layout& field);
+    void makeCaptionOf(const screen::Layout& field, FieldParts& parts);
     ControlView& addView(std::unique_ptr<ControlView> view);
 
     ViewHost& host_;
@@ -72,6 +69,7 @@ class LayoutBuilder {
     std::vector<std::unique_ptr<ControlView>> views_;
     std::vector<Turn> turns_;
     std::vector<const screen::Frame*> enclosing_;
+    std::unordered_map<const screen::Layout*, FieldParts> parts_;
 };
 
 }  // namespace velmora::qt

@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "velmora/adapters/qt/style.h"
-#include "velmora/platform/screen/form.h"
+#include "velmora/platform/toolkit/field_ground.h"
 
 namespace velmora::qt::theme {
 
@@ -44,6 +44,22 @@ QPalette palette() {
     p.setColor(QPalette::Disabled, QPalette::WindowText, QColor(faintText));
     p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0xFF8A949E));
     return p;
+}
+
+QColor backgroundOf(const screen::Control& control, screen::Role role) {
+    switch (toolkit::groundOf(control, role)) {
+        case toolkit::Ground::entered:
+            return QColor(entered);
+        case toolkit::Ground::calculated:
+            return QColor(calculated);
+        case toolkit::Ground::focus:
+            return QColor(focus);
+        case toolkit::Ground::own:
+            return fromModel(control.backColor());
+        case toolkit::Ground::none:
+            break;
+    }
+    return Qt::transparent;
 }
 
 }  // namespace
@@ -89,19 +105,7 @@ QColor fromModel(screen::Color color) {
 }
 
 void paintField(QWidget& field, const screen::Control& control, screen::Role role) {
-    QColor background = QColor(role == screen::Role::entered ? entered : calculated);
-    if (!field.isEnabled()) {
-        background = QColor(calculated);
-    }
-    if (control.form().activeControl() == &control && control.canTakeFocus()) {
-        background = QColor(focus);
-    }
-    if (control.backColor() != screen::colors::white) {
-        background = fromModel(control.backColor());
-    }
-    if (role == screen::Role::label) {
-        background = Qt::transparent;
-    }
+    const QColor background = backgroundOf(control, role);
     QPalette palette = field.palette();
     const QColor letters = fromModel(control.foreColor());
     if (palette.color(QPalette::Active, QPalette::Base) == background &&

@@ -41,8 +41,8 @@ QFont titleFont();
 /// A colour of the model.
 QColor fromModel(screen::Color color);
 
-/// Text and background of a field: the model's background where it is not white, yellow with the focus, else what its
-/// role and state ask for. Black text throughout.
+/// Background of a field by its ground (toolkit::groundOf), its text in the model's colour, enabled or not. A palette
+/// that holds both already is left alone.
 void paintField(QWidget& field, const screen::Control& control, screen::Role role);
 
 }  // namespace velmora::qt::theme
