@@ -18,6 +18,15 @@ namespace velmora::documents {
 
 namespace {
 
+using paper::Block;
+using paper::Column;
+using paper::Field;
+using paper::Fields;
+using paper::Figures;
+using paper::Paragraph;
+using paper::Sheet;
+using paper::Sketch;
+using paper::Table;
 using qt::toQt;
 
 // Everything is laid out in pixels of the screen, 96 an inch, so that sketches look as they do there; the paper has

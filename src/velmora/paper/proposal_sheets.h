@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "velmora/adapters/documents/sheet.h"
-#include "velmora/adapters/documents/stored_proposal.h"
+#include "velmora/paper/sheet.h"
+#include "velmora/paper/stored_proposal.h"
 
-namespace velmora::documents {
+namespace velmora::paper {
 
 /// "000123"
 std::string numberOf(const StoredProposal& proposal);
@@ -17,4 +17,4 @@ Sheet customerSheet(const StoredProposal& proposal);
 /// Stock to cut, weights, labour, and what it all costs.
 Sheet shopSheet(const StoredProposal& proposal);
 
-}  // namespace velmora::documents
+}  // namespace velmora::paper

@@ -8,7 +8,7 @@
 
 #include "velmora/platform/screen/drawing.h"
 
-namespace velmora::documents {
+namespace velmora::paper {
 
 struct Field {
     std::string caption;
@@ -66,4 +66,4 @@ struct Sheet {
     std::vector<Block> blocks = {};
 };
 
-}  // namespace velmora::documents
+}  // namespace velmora::paper

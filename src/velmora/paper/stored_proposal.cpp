@@ -1,10 +1,10 @@
-#include "velmora/adapters/documents/stored_proposal.h"
+#include "velmora/paper/stored_proposal.h"
 
 #include "velmora/data/product_numbers.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 
-namespace velmora::documents {
+namespace velmora::paper {
 
 namespace {
 
@@ -200,4 +200,4 @@ std::optional<StoredProposal> readProposal(sql::Connection& connection, std::int
     return p;
 }
 
-}  // namespace velmora::documents
+}  // namespace velmora::paper

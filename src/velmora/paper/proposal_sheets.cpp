@@ -1,4 +1,4 @@
-#include "velmora/adapters/documents/proposal_sheets.h"
+#include "velmora/paper/proposal_sheets.h"
 
 #include <algorithm>
 
@@ -7,7 +7,7 @@
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
 
-namespace velmora::documents {
+namespace velmora::paper {
 
 namespace {
 
@@ -392,4 +392,4 @@ Sheet shopSheet(const StoredProposal& p) {
     return sheet;
 }
 
-}  // namespace velmora::documents
+}  // namespace velmora::paper

@@ -10,7 +10,7 @@
 #include "velmora/platform/runtime/date.h"
 #include "velmora/platform/sql/connection.h"
 
-namespace velmora::documents {
+namespace velmora::paper {
 
 /// A piece of stock, in millimetres and kilograms; amounts in euros.
 struct StoredCut {
@@ -81,4 +81,4 @@ struct StoredProposal {
 /// None when there is no proposal of this number. Errors: DbError.
 std::optional<StoredProposal> readProposal(sql::Connection& connection, std::int32_t number);
 
-}  // namespace velmora::documents
+}  // namespace velmora::paper

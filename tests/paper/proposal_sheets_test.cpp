@@ -1,4 +1,4 @@
-#include "velmora/adapters/documents/proposal_sheets.h"
+#include "velmora/paper/proposal_sheets.h"
 
 #include <algorithm>
 #include <set>
@@ -8,7 +8,7 @@
 #include "velmora/data/product_numbers.h"
 #include "velmora/estimate/multiple_drawings.h"
 
-namespace velmora::documents {
+namespace velmora::paper {
 namespace {
 
 using ::testing::ElementsAre;
@@ -257,4 +257,4 @@ TEST(ProposalSheetsTest, AChargeOverNoPiecesIsNotDivided) {
 }
 
 }  // namespace
-}  // namespace velmora::documents
+}  // namespace velmora::paper

@@ -1,0 +1,37 @@
+#include "velmora/paper/papers.h"
+
+#include <utility>
+
+#include "velmora/paper/proposal_sheets.h"
+#include "velmora/paper/stored_proposal.h"
+#include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/runtime/numbers.h"
+
+namespace velmora::paper {
+
+namespace {
+
+StoredProposal requiredProposal(sql::Connection& connection, std::int32_t number) {
+    if (auto found = readProposal(connection, number)) {
+        return *std::move(found);
+    }
+    throw runtime::RuntimeError(runtime::invalidProcedureCall,
+                                "No existe la propuesta " + runtime::Format(number, "000000"));
+}
+
+}  // namespace
+
+// Differs D-267: the shop's sheet, with all costs, was the second page of the file that bears the proposal's name. Each
+// sheet has a file of its own: what is handed to the customer holds nothing of the shop's.
+// Chosen C-212: an order asks for the shop's sheet alone; this program itself never asks for one.
+std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bool order) {
+    const StoredProposal proposal = requiredProposal(connection, number);
+    std::vector<Paper> papers;
+    if (!order) {
+        papers.push_back({"Propuesta_" + numberOf(proposal) + ".pdf", customerSheet(proposal)});
+    }
+    papers.push_back({"HojaCorte_" + numberOf(proposal) + ".pdf", shopSheet(proposal)});
+    return papers;
+}
+
+}  // namespace velmora::paper
