@@ -1,5 +1,5 @@
 #pragma once
-// The components that the host provides, made by name and late-bound.
+// The components that the host provides: created by name and late-bound.
 
 #include <cstdint>
 #include <functional>
@@ -72,7 +72,7 @@ class ComponentFactory {
     void add(std::string progId, Maker maker);
     std::vector<std::string> progIds() const;
 
-    /// Error 429, its description naming the ProgID, when nobody registered it or it is of another kind.
+    /// Error 429, with the ProgID in its description, when it is not registered or is of another kind.
     template <typename Kind>
     std::unique_ptr<Kind> create(std::string_view progId) const {
         std::unique_ptr<Component> made = make(progId);

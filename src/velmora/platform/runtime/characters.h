@@ -1,5 +1,5 @@
 #pragma once
-// Characters of the texts that hold numbers and dates. ASCII alone, whatever the locale of the process.
+// Character classes for texts that hold numbers and dates: ASCII only, independent of the process's locale.
 
 namespace velmora::runtime {
 

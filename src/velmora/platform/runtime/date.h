@@ -11,7 +11,7 @@ struct Date {
 
     friend auto operator<=>(const Date&, const Date&) = default;
 
-    /// The parts of a calendar date; the caller answers for their being valid.
+    /// The parts of a calendar date; the caller must ensure that they are valid.
     static Date of(int year, unsigned month, unsigned day, int hour = 0, int minute = 0, int second = 0) {
         using namespace std::chrono;
         return Date{sys_days{std::chrono::year{year} / std::chrono::month{month} / std::chrono::day{day}} +

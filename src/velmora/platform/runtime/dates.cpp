@@ -43,15 +43,15 @@ Parts takeApart(const Date& date) {
 struct Token {
     enum class Kind { number, month, midday, slash, colon, end } kind = Kind::end;
     int value = 0;       ///< the number; 1 to 12 for a month; 0 or 12 for AM and PM
-    int digits = 0;      ///< how many digits the number was written with
-    bool apart = false;  ///< a blank stands before it
+    int digits = 0;      ///< number of digits it was written with
+    bool apart = false;  ///< preceded by a blank
 };
 
-/// No date has more: day, month, year, hour, minute, second, half of the day and the signs between them.
+/// The longest date: day, month, year, hour, minute, second, AM/PM and the separators between them.
 constexpr std::size_t mostTokens = 12;
 
 struct Tokens {
-    std::array<Token, mostTokens + 1> list{};  ///< always ends with an `end`
+    std::array<Token, mostTokens + 1> list{};  ///< always terminated by an `end`
     std::size_t count = 0;
 };
 
@@ -142,8 +142,8 @@ std::optional<std::chrono::sys_days> makeDay(const Token& year, const Token& mon
     return makeDay(year, month.value, day.value);
 }
 
-/// The first arrangement that gives a day of the calendar. A year comes first only where it cannot be a day: else a
-/// slip such as 31/02/24 would silently become a day of 2031.
+/// The first order of the three parts that gives a valid date. A year may come first only where the number cannot be a
+/// day: otherwise a slip such as 31/02/24 would silently become a day of 2031.
 std::optional<std::chrono::sys_days> dayOf(const Token& a, const Token& b, const Token& c) {
     if (canBeDay(a)) {
         const auto dayFirst = makeDay(c, b, a);
@@ -160,7 +160,8 @@ std::optional<std::chrono::sys_days> dayOf(const Token& a, const Token& b) {
     return a.digits <= 2 ? makeDay(b, a.value, 1) : std::nullopt;
 }
 
-/// A day whose month is named; the numbers beside it are day and year, in the order that can be.
+/// A date whose month is named; of the two numbers beside it, one is the day and one the year, in whichever order is
+/// valid.
 std::optional<std::chrono::sys_days> dayOfNamedMonth(int month, const Token* numbers, std::size_t count) {
     if (count == 1) {
         return canBeDay(numbers[0]) ? std::nullopt : makeDay(numbers[0], month, 1);
@@ -173,7 +174,7 @@ std::optional<std::chrono::sys_days> dayOfNamedMonth(int month, const Token* num
                                   : std::nullopt;
 }
 
-/// Numbers and at most one name of a month, with a sign or a blank between them.
+/// Numbers and at most one month name, separated by a sign or a blank.
 std::optional<std::chrono::sys_days> readDay(const Token* at, const Token* end) {
     std::array<Token, 3> numbers{};
     std::size_t count = 0;
@@ -212,11 +213,11 @@ std::optional<std::chrono::sys_days> readDay(const Token* at, const Token* end) 
 
 struct TimeReading {
     std::chrono::seconds time{};
-    std::size_t tokens = 0;  ///< how many tokens it takes; 0 when there is no time here
+    std::size_t tokens = 0;  ///< number of tokens used; 0 when this is not a time
     bool valid = true;
 };
 
-/// h:m, h:m:s, with or without AM or PM behind; with one of these the hour alone will do.
+/// h:m or h:m:s, with or without AM/PM behind it; with AM/PM the hour alone is enough.
 TimeReading readTime(const Token* at) {
     const Token* const first = at;
     std::array<int, 3> parts{};
@@ -253,7 +254,7 @@ std::optional<Date> readDate(std::string_view text) {
     }
     const Token* const first = tokens->list.data();
     const Token* const end = first + tokens->count;
-    // The time stands at the front or at the back, a blank apart from the day.
+    // The time is first or last, separated from the date by a blank.
     for (const Token* at = first; at != end; ++at) {
         const TimeReading time = readTime(at);
         if (time.tokens == 0) {

@@ -11,10 +11,10 @@ namespace velmora::runtime {
 
 namespace {
 
-/// A double between 1E-07 and 1E+15, the usual case, without any digits being searched for.
+/// A double between 1E-07 and 1E+15, the usual case, by exact scaling instead of a digit search.
 Decimal toDecimalByScaling(double value) {
     const double size = std::abs(value);
-    // A first guess of the decimal exponent from the binary one, 0.301 digits a bit; it may lie one off.
+    // First estimate of the decimal exponent from the binary one, 0.301 digits per bit; it may be off by one.
     Decimal result;
     result.negative = value < 0;
     result.exponent = static_cast<int>(std::floor(std::ilogb(size) * 0.30103));

@@ -1,6 +1,6 @@
 #pragma once
-// What reading, writing and rounding numbers share: products with powers of ten without loss, and the decimal value of
-// a double. For the number files alone; everybody else takes numbers.h.
+// Shared by the parsing, formatting and rounding of numbers: exact products with powers of ten, and the decimal value
+// of a double. Internal to the number files; all other code includes numbers.h.
 
 #include <algorithm>
 #include <array>
@@ -12,7 +12,7 @@ namespace velmora::runtime {
 
 inline constexpr int significantDigits = 15;
 
-/// Powers of ten that a double holds exactly.
+/// Powers of ten that a double represents exactly.
 inline constexpr std::array<double, 23> exactPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                     1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                     1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
@@ -24,8 +24,8 @@ constexpr double exactPower(int power) {
 /// Error 6 for infinities and NaN.
 void requireFinite(double value);
 
-/// A number times a power of ten, exactly: the double nearest to the product, and what that lost. Only for products
-/// below 2^52, where a half can still be told.
+/// The exact product of a number and a power of ten: the nearest double and the rounding error. Only for products below
+/// 2^52, where halves are representable.
 class Scaled {
   public:
     Scaled(double value, int power) {
@@ -36,13 +36,13 @@ class Scaled {
         rest_ = product - below_;
     }
 
-    /// The nearest whole number; the loss decides only where the product looks like a half.
+    /// The nearest whole number, half to even; the rounding error decides only where the product looks like a half.
     double halfEven() const {
         const bool odd = (static_cast<std::int64_t>(below_) & 1) != 0;
         return rest_ > 0.5 || (rest_ == 0.5 && (lost_ > 0 || (lost_ == 0 && odd))) ? below_ + 1 : below_;
     }
 
-    /// The same for a number that is not negative, a half going up.
+    /// The same for a non-negative number, half up.
     double halfAway() const { return rest_ > 0.5 || (rest_ == 0.5 && lost_ >= 0) ? below_ + 1 : below_; }
 
   private:
@@ -69,17 +69,17 @@ struct Decimal {
         }
     }
 
-    /// The digit that stands for 10^position.
+    /// The digit with the weight 10^position.
     char at(int position) const {
         const int index = exponent - position;
         return index >= 0 && index < count ? digits[static_cast<std::size_t>(index)] : '0';
     }
 
-    /// How many digits stand behind the decimal sign.
+    /// Number of decimals.
     int decimals() const { return std::max(0, count - 1 - exponent); }
 };
 
-/// Half away from zero at so many decimals.
+/// Rounds to `decimals` decimals, half away from zero.
 void roundAway(Decimal& number, int decimals);
 
 /// Rounded to 15 digits, half away from zero. Error 6 for infinities and NaN.

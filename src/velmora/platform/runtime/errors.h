@@ -9,7 +9,7 @@
 
 namespace velmora::runtime {
 
-/// The numbers that the language gives to its own errors.
+/// Numbers of the language's own run-time errors.
 enum ErrorNumber : long {
     invalidProcedureCall = 5,
     overflow = 6,
@@ -22,7 +22,7 @@ enum ErrorNumber : long {
     cannotCreateObject = 429,
 };
 
-/// One run-time error. `description` is the Spanish text that the user reads; `source` tells who raised it.
+/// One run-time error. `description` is the Spanish text shown to the user; `source` names the part that raised it.
 class RuntimeError : public std::exception {
   public:
     RuntimeError(long number, std::string description, std::string source = "VELMORA")
@@ -39,15 +39,15 @@ class RuntimeError : public std::exception {
     std::string source_;
 };
 
-/// The Spanish description of one of the language's own errors; generic words for any other number.
+/// The Spanish description of one of the language's own errors; a generic text for any other number.
 std::string errorDescription(long number);
 
 /// Throws the language's error of that number, with its description.
 [[noreturn]] void raise(long number);
 
 /// An error trap that resumes at the next statement: each step runs on its own; a failing step leaves its target
-/// as it was (the assignment is the last thing a step does) and the next one goes on. The last error stays until
-/// `clear`. Only `RuntimeError` is trapped: anything else is a defect of ours and passes through.
+/// unchanged (the assignment is the last operation of a step) and the next step runs. The last error is kept until
+/// `clear`. Only `RuntimeError` is trapped: any other exception is a defect of the program and passes through.
 class ErrorTrap {
   public:
     /// Runs one statement.

@@ -1,6 +1,6 @@
 #pragma once
-// The conventions of a country that text and number follow. The process's own locale is never asked: a screen
-// library may change it at any time.
+// The regional conventions for texts and numbers. The process's own locale is never used: a GUI library may change it
+// at any time.
 
 #include <string_view>
 

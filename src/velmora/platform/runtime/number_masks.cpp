@@ -15,12 +15,12 @@ namespace velmora::runtime {
 namespace {
 
 struct NumberMask {
-    int leastWhole = 0;     ///< digits shown at least before the decimal sign
-    int leastDecimals = 0;  ///< and behind it
+    int leastWhole = 0;     ///< minimum number of digits before the decimal sign
+    int leastDecimals = 0;  ///< minimum number of digits after it
     int mostDecimals = 0;
     bool point = false;
     bool grouped = false;
-    std::string_view before;  ///< what stands around the digits, as it is
+    std::string_view before;  ///< literal text around the digits
     std::string_view behind;
 };
 

@@ -33,7 +33,7 @@ Whole toWholeType(double value) {
     return static_cast<Whole>(whole);
 }
 
-/// &HFFFF is -1 in 16 bits: a text of bits fills the type, sign included.
+/// &HFFFF is -1 in 16 bits: the digits are a bit pattern, sign bit included.
 template <typename Whole>
 Whole toWholeType(std::string_view text, const Locale& locale) {
     const Reading reading = readNumber(text, locale);

@@ -54,7 +54,7 @@ int radixOf(std::string_view text) {
     }
 }
 
-/// Reads one number from the left to the right, by the conventions of a locale.
+/// Parses one number from left to right by the conventions of a locale.
 class NumberReader {
   public:
     NumberReader(std::string_view text, const Locale& locale) : rest_(text), locale_(locale) {}

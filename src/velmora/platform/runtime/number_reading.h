@@ -1,5 +1,5 @@
 #pragma once
-// A text read as a number, before anybody has decided what a failure means.
+// The result of parsing a text as a number, before the caller decides how to treat a failure.
 
 #include <string_view>
 
@@ -12,13 +12,13 @@ enum class Outcome { number, noNumber, tooLarge };
 struct Reading {
     Outcome outcome = Outcome::noNumber;
     double value = 0;
-    bool radix = false;  ///< written with &H or &O: its bits may also be meant as a negative whole number
+    bool radix = false;  ///< written with &H or &O: a bit pattern, which may stand for a negative whole number
 };
 
-/// The whole text as one number by the conventions of the locale; what is accepted stands at CDbl.
+/// Parses the whole text as one number by the conventions of the locale; CDbl documents what is accepted.
 Reading readNumber(std::string_view text, const Locale& locale);
 
-/// The number that was read. Error 13 when there is none, 6 when it is too large.
+/// The number parsed. Error 13 when the text is no number, 6 when it is too large.
 double valueOf(const Reading& reading);
 
 }  // namespace velmora::runtime

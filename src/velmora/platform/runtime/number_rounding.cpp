@@ -12,7 +12,7 @@ namespace velmora::runtime {
 
 namespace {
 
-// From here on a double has no halves.
+// Doubles from here on are whole numbers.
 constexpr double twoTo52 = 4503599627370496.0;
 
 }  // namespace
@@ -27,7 +27,8 @@ double Round(double value, int decimals) {
     }
     const double power = exactPower(decimals);
     if (std::abs(value * power) < twoTo52) {
-        // The quotient of two exact numbers is the double nearest to the decimal. Adding zero takes the sign off zero.
+        // Both operands are exact, so their quotient is the double nearest to the decimal. Adding 0.0 turns -0.0 into
+        // 0.0.
         return Scaled(value, decimals).halfEven() / power + 0.0;
     }
     std::array<char, 64> buffer;

@@ -1,4 +1,4 @@
-// Number to text: the 15 digits of the language, and the shortest that read back.
+// Number to text: the 15 digits of the language, and the shortest digits that parse back to the same double.
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 #pragma once
-// The digits of a number as a reader comes upon them.
+// The digits of a number, collected while a text is parsed.
 
 #include <algorithm>
 #include <array>
@@ -15,7 +15,7 @@
 
 namespace velmora::runtime {
 
-/// A plain number with a decimal point, collected for from_chars. Texts of usual length stay on the stack.
+/// A plain number with a decimal point, collected for from_chars. Texts of usual length need no heap allocation.
 class PlainNumber {
   public:
     explicit PlainNumber(std::size_t length) {
@@ -69,7 +69,7 @@ class PlainNumber {
         double result = 0;
         const auto read = std::from_chars(first_, at_, result);
         if (read.ec == std::errc::result_out_of_range || std::isinf(result)) {
-            // Too small is zero, too large is an error; from_chars does not tell which.
+            // Underflow is zero, overflow an error; from_chars reports both alike.
             return magnitude_ > 0 ? Reading{Outcome::tooLarge} : Reading{Outcome::number, 0.0};
         }
         return {Outcome::number, result};

@@ -90,11 +90,12 @@ void append(std::string& text, char32_t code) {
     }
 }
 
-// ---- capitals and small letters
+// ---- upper and lower case
 
-/// Letters whose small one lies a fixed way behind the capital, every `step`-th of a range being a capital.
+/// A range whose lower-case letters follow the upper-case ones at a fixed distance, every `step`-th character of the
+/// range being upper case.
 struct LetterRange {
-    char32_t first;  ///< capitals
+    char32_t first;  ///< upper case
     char32_t last;
     char32_t step;
     char32_t distance;
@@ -105,7 +106,7 @@ constexpr LetterRange letterRanges[]{
     {0x132, 0x136, 2, 1}, {0x139, 0x147, 2, 1}, {0x14A, 0x176, 2, 1}, {0x179, 0x17D, 2, 1},
 };
 
-constexpr char32_t capitalDiaeresisY = 0x178;  // its small letter lies far away, in Latin-1
+constexpr char32_t capitalDiaeresisY = 0x178;  // its lower-case letter is far away, in Latin-1
 constexpr char32_t smallDiaeresisY = 0xFF;
 
 bool belongs(char32_t code, char32_t first, char32_t last, char32_t step) {
@@ -180,7 +181,7 @@ std::string Mid(std::string_view text, std::size_t start, std::size_t count) {
     }
     const Cut before = cutAt(text, start - 1);
     if (before.over > 0 && count > 0) {
-        --count;  // the half that stands at the start counts, though it is left out
+        --count;  // the half at the start counts, though it is left out
     }
     return Left(text.substr(before.bytes + before.over), count);
 }

@@ -1,11 +1,12 @@
 #pragma once
-// Long work on a form: the hourglass, and the form disabled, until the work ends one way or another.
+// Guards for long work on a form: they show the hourglass and disable the form until the end of the scope, exceptions
+// included.
 
 #include "velmora/platform/screen/screen.h"
 
 namespace velmora::screen {
 
-/// The pointer is the hourglass while this lives.
+/// Shows the hourglass during its lifetime.
 class Hourglass {
   public:
     explicit Hourglass(Screen& screen) : screen_(screen) { screen_.setPointer(Pointer::hourglass); }
@@ -17,7 +18,7 @@ class Hourglass {
     Screen& screen_;
 };
 
-/// The form is disabled while this lives, and enabled afterwards.
+/// Disables the form during its lifetime and enables it afterwards.
 class Disabled {
   public:
     explicit Disabled(Form& form) : form_(form) { form_.setEnabled(false); }

@@ -94,8 +94,8 @@ void ComboBox::setListIndex(int index) {
     onClick();
 }
 
-// Differs D-171: the second event of a list tells of a choice. Opening the list and leaving it raises nothing: what was
-// worked out from the entry and written over by hand stays.
+// Differs D-171: a list's second event is raised by a choice only. Opening the list and leaving it without a choice
+// raises nothing, so that a value computed from the entry and then changed by hand is kept.
 void ComboBox::choose(int index) {
     setListIndex(index);
     onChosen();

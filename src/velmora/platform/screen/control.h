@@ -1,6 +1,6 @@
 #pragma once
-// The controls of a form: plain properties and synchronous events. A toolkit watches the properties and feeds in
-// what the user does.
+// The controls of a form: plain properties and synchronous events. A toolkit observes the properties and reports what
+// the user does.
 
 #include <cstdint>
 #include <memory>
@@ -16,7 +16,7 @@ namespace velmora::screen {
 class Form;
 class Frame;
 
-/// A colour as the host's screens write it: blue, green, red from the high byte down (0x00BBGGRR).
+/// A colour in the host's byte order: blue, green, red from the high byte down (0x00BBGGRR).
 using Color = std::int32_t;
 namespace colors {
 inline constexpr Color white = 16777215;
@@ -26,7 +26,7 @@ inline constexpr Color blue = 0xFF0000;
 inline constexpr Color black = 0;
 }  // namespace colors
 
-/// What changed on a control, for its observers.
+/// The property that changed, for observers.
 enum class Property {
     text,
     caption,
@@ -59,7 +59,7 @@ class Control {
     Form& form() const { return form_; }
     const std::string& name() const { return name_; }
     int index() const { return index_; }
-    /// "Text1(3)" in a control array, else the name.
+    /// "Text1(3)" in a control array, otherwise the name.
     std::string fullName() const;
 
     bool enabled() const { return enabled_; }
@@ -77,23 +77,23 @@ class Control {
     bool tabStop() const { return tabStop_; }
     void setTabStop(bool stop) { assign(tabStop_, stop, Property::tabStop); }
 
-    /// The name that assistive technology reads: the caption that stands beside the control, unless set.
+    /// The name for assistive technology: the caption beside the control unless set explicitly.
     const std::string& accessibleName() const { return accessibleName_; }
     void setAccessibleName(std::string_view text) { accessibleName_ = text; }
 
-    /// The frame that the control stands in; none when it stands on the form itself.
+    /// The frame that contains the control; nullptr when it is directly on the form.
     Frame* frame() const { return frame_; }
     void setFrame(Frame* frame) { frame_ = frame; }
 
-    /// Enabled and visible by itself and by every frame around it; for enabled also by the form.
+    /// Enabled, or visible, itself and through all enclosing frames; for `isEnabled` the form must be enabled as well.
     bool isEnabled() const;
     bool isVisible() const;
 
-    /// A kind of control that can hold the focus at all.
+    /// True for kinds of control that can have the focus at all.
     virtual bool isFocusable() const { return false; }
-    /// Focusable, enabled and visible at this moment.
+    /// Focusable, enabled and visible now.
     bool canTakeFocus() const { return isFocusable() && isEnabled() && isVisible(); }
-    /// Moves the focus here; error 5 when that cannot be.
+    /// Moves the focus here; error 5 when the control cannot take it.
     void setFocus();
 
     Event<> onGotFocus;
@@ -124,7 +124,7 @@ class Control {
     Frame* frame_ = nullptr;
 };
 
-/// A field of text. Writing a text that differs raises Change; writing the same text does nothing.
+/// A text field. Setting a different text raises Change; setting the same text does nothing.
 class TextBox : public Control {
   public:
     using Control::Control;
@@ -136,7 +136,7 @@ class TextBox : public Control {
     void setLocked(bool locked) { assign(locked_, locked, Property::locked); }
     bool multiLine() const { return multiLine_; }
     void setMultiLine(bool multiLine) { multiLine_ = multiLine; }
-    /// Asks the toolkit to select the whole text; typing then replaces it.
+    /// Asks the toolkit to select the whole text, so that typing replaces it.
     void selectAll();
     /// True after selectAll until the text changes or the focus leaves.
     bool allSelected() const { return selectAll_; }
@@ -144,7 +144,7 @@ class TextBox : public Control {
 
     Event<> onChange;
     Event<KeyPress&> onKeyPress;
-    /// The user has clicked twice on the field. A locked field is not clicked at.
+    /// The user has double-clicked the field. Not raised for a locked field.
     Event<> onDblClick;
 
   private:
@@ -154,10 +154,11 @@ class TextBox : public Control {
     bool selectAll_ = false;
 };
 
-/// A list of texts with one chosen. Setting the list index raises Click every time, also when it is the same.
+/// A list of texts, one of which is selected. Setting the list index raises Click every time, also when the index does
+/// not change.
 class ComboBox : public Control {
   public:
-    enum class Style { list, editable };  ///< editable: the text may be one that is not in the list
+    enum class Style { list, editable };  ///< editable: the text need not be in the list
 
     using Control::Control;
     bool isFocusable() const override { return true; }
@@ -166,29 +167,29 @@ class ComboBox : public Control {
     void setStyle(Style style) { style_ = style; }
 
     int listCount() const { return static_cast<int>(items_.size()); }
-    /// Entry by position, "" outside the list.
+    /// The entry at a position; "" outside the list.
     const std::string& list(int i) const;
     const std::vector<std::string>& items() const { return items_; }
     void addItem(std::string_view text);
     /// Replaces an entry's text; error 5 outside the list.
     void setList(int i, std::string_view text);
-    /// Empties the list; the index becomes -1 and the text empty, without a Click.
+    /// Empties the list; the index becomes -1 and the text empty. Does not raise Click.
     void clear();
 
     int listIndex() const { return listIndex_; }
-    /// -1 chooses nothing. Error 380 outside the list.
+    /// -1 selects nothing. Error 380 outside the list.
     void setListIndex(int index);
-    /// The chosen entry's text, or what was typed into an editable list.
+    /// The text of the selected entry, or what was typed into an editable list.
     const std::string& text() const { return text_; }
-    /// Chooses the first entry with this text, without a Click; an editable list keeps any other text with index -1,
-    /// a plain list refuses it with error 383.
+    /// Selects the first entry with this text without raising Click; any other text is kept with index -1 by an
+    /// editable list and refused with error 383 by a plain one.
     void setText(std::string_view text);
 
-    /// What the user does: sets the index, which raises Click, and raises Chosen behind it.
+    /// What the user does: sets the index, which raises Click, then raises Chosen.
     void choose(int index);
 
     Event<> onClick;
-    /// The user has chosen an entry, be it the one that was chosen already.
+    /// The user has chosen an entry, possibly the one already selected.
     Event<> onChosen;
 
   private:
@@ -198,7 +199,7 @@ class ComboBox : public Control {
     std::string text_;
 };
 
-/// A control that bears a text of its own.
+/// A control with a text of its own.
 class Captioned : public Control {
   public:
     using Control::Control;
@@ -209,7 +210,7 @@ class Captioned : public Control {
     std::string caption_;
 };
 
-/// A box to tick. A change, by code or by the user, raises Click.
+/// A check box. A change by code or by the user raises Click.
 class CheckBox : public Captioned {
   public:
     using Captioned::Captioned;
@@ -228,7 +229,7 @@ class Label : public Captioned {
     using Captioned::Captioned;
 };
 
-/// Groups controls: hidden or disabled, it hides or disables all that stands in it.
+/// Groups controls: hiding or disabling it hides or disables everything in it.
 class Frame : public Captioned {
   public:
     using Captioned::Captioned;
@@ -243,7 +244,7 @@ class Button : public Captioned {
     Event<> onClick;
 };
 
-/// A bar of buttons, some with a menu. Buttons count from 1 and separators count too.
+/// A bar of buttons, some with a menu. Buttons are counted from 1, separators included.
 class Toolbar : public Control {
   public:
     struct MenuItem {
@@ -251,7 +252,7 @@ class Toolbar : public Control {
         std::string caption;
     };
     struct Item {
-        std::string caption;  ///< empty: a separator
+        std::string caption;  ///< empty for a separator
         std::vector<MenuItem> menu;
     };
 
@@ -263,7 +264,7 @@ class Toolbar : public Control {
         notify(Property::items);
     }
 
-    Event<int> onButtonClick;        ///< 1-based index
+    Event<int> onButtonClick;        ///< 1-based index of the button
     Event<std::string> onMenuClick;  ///< key of the menu item
 
   private:

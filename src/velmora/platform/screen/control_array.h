@@ -1,5 +1,5 @@
 #pragma once
-// Controls of one name told apart by an index, with gaps allowed: Text1(0) to Text1(25).
+// Controls that share a name and are distinguished by an index, gaps allowed: Text1(0) to Text1(25).
 
 #include <functional>
 #include <initializer_list>
@@ -28,7 +28,7 @@ class ControlArray {
         }
     }
 
-    /// Error 340 when no control has that index.
+    /// Error 340 when no control has this index.
     T& operator()(int index) const {
         const auto found = controls_.find(index);
         if (found == controls_.end()) {
@@ -38,14 +38,15 @@ class ControlArray {
     }
     bool contains(int index) const { return controls_.contains(index); }
 
-    /// Every control by rising index.
+    /// Calls `action` for each control in order of index.
     void forEach(const std::function<void(T&)>& action) const {
         for (const auto& [index, control] : controls_) {
             action(*control);
         }
     }
 
-    /// Gives one event of every control a handler that is told the index: Text1.on(&TextBox::onChange, …).
+    /// Sets the handler of one event for all controls; the handler receives the index first:
+    /// Text1.on(&TextBox::onChange, …).
     template <typename... Args, typename Base>
     void on(Event<Args...> Base::*event, std::function<void(int, Args...)> handler) const {
         for (const auto& [index, control] : controls_) {

@@ -13,14 +13,14 @@ namespace velmora::screen {
 struct GridColumn {
     int field = 0;  ///< position in the recordset
     std::string caption;
-    int width = 1000;       ///< twips; 15 make a pixel at 100 %
-    std::string mask = {};  ///< as runtime::Format takes it; "Yes/No" for a bit
+    int width = 1000;       ///< twips, 15 per pixel at 100 %
+    std::string mask = {};  ///< a runtime::Format mask; "Yes/No" for a bit
     bool right = false;     ///< right-aligned
-    bool button = false;    ///< a button in each cell
+    bool button = false;    ///< each cell has a button
     bool visible = true;
 };
 
-/// A value as a cell shows it under a column's mask; null is empty.
+/// The text of a value in a cell under the column's mask; null is empty.
 std::string shownUnder(const sql::Value& value, const std::string& mask);
 
 class DataGrid : public Control {
@@ -31,22 +31,22 @@ class DataGrid : public Control {
     const std::vector<GridColumn>& columns() const { return columns_; }
     void setColumns(std::vector<GridColumn> columns);
 
-    /// Binding a closed recordset unbinds.
+    /// Binding a closed recordset removes the binding.
     void bind(sql::Recordset recordset);
     const sql::Recordset& recordset() const { return recordset_; }
-    /// Shows the rows anew.
+    /// Redraws the rows.
     void refresh() { notify(Property::rows); }
 
-    /// 0 with nothing bound.
+    /// 0 when nothing is bound.
     std::size_t rowCount() const;
-    /// A cell as shown, by the column's mask; null is empty.
+    /// The text of a cell, by the column's mask; null is empty.
     std::string cellText(std::size_t row, std::size_t column) const;
 
-    /// The user moves to a row; the recordset follows and tells its listeners.
+    /// The user moves to a row; the recordset moves along and notifies its listeners.
     void moveToRow(std::size_t row);
 
     Event<int> onButtonClick;   ///< index into columns()
-    Event<KeyDown&> onKeyDown;  ///< a key in the grid, after the form has seen it
+    Event<KeyDown&> onKeyDown;  ///< a key pressed in the grid, after the form's KeyDown
 
   private:
     std::vector<GridColumn> columns_;

@@ -1,6 +1,6 @@
 #pragma once
-// A technical drawing in millimetres, y upward, with places for value labels. A toolkit scales it to its canvas:
-// pens and letters keep their size on the screen, the piece keeps its proportions.
+// A technical drawing in millimetres, y upward, with places for value labels. A toolkit scales it to its canvas: the
+// piece keeps its proportions; line widths and letters have a fixed size in pixels.
 
 #include <string>
 #include <variant>
@@ -15,9 +15,9 @@ struct Point {
 
 enum class Pen {
     outline,    ///< a visible edge: solid, strong
-    thin,       ///< a lesser edge: solid, fine
+    thin,       ///< a secondary edge: solid, fine
     centre,     ///< an axis: dash and dot
-    hidden,     ///< an edge behind: dashed
+    hidden,     ///< a hidden edge: dashed
     dimension,  ///< dimension and extension lines: fine, in the dimension's colour
 };
 
@@ -25,7 +25,7 @@ enum class Fill {
     none,
     section,  ///< cut metal: tinted and hatched
     solid,    ///< metal seen from outside: tinted
-    blank,    ///< the background, to cover
+    blank,    ///< the background, to cover what is behind
 };
 
 struct Path {
@@ -33,7 +33,7 @@ struct Path {
     bool closed = false;
     Pen pen = Pen::outline;
     Fill fill = Fill::none;
-    int label = -1;  ///< belongs to the dimension with this label, and stays out with it
+    int label = -1;  ///< belongs to the dimension with this label and is left out with it
 };
 
 struct Circle {
@@ -43,17 +43,18 @@ struct Circle {
     Fill fill = Fill::none;
 };
 
-/// Where along its line a dimension's text would rather stand. Outside, it needs no room between the extension lines.
+/// Preferred position of a dimension's text along its line. Outside, the text needs no space between the extension
+/// lines.
 enum class TextPlace { middle, beforeFrom, afterTo };
 
 /// A dimension line between two points, `offset` millimetres to its left seen from `from` to `to`, with extension
-/// lines, arrow heads, and the place of value label `label` (none: -1) at its middle or outside.
+/// lines, arrow heads, and the text of value label `label` (none: -1) at its middle or outside.
 struct Dimension {
     Point from;
     Point to;
     double offset = 0;
     int label = -1;
-    /// What the value is, such as "De". Stands before the label's text, unless that brings words of its own.
+    /// What is measured, such as "De". Precedes the label's text unless that text begins with words of its own.
     std::string caption = {};
     TextPlace place = TextPlace::middle;
 };

@@ -1,13 +1,13 @@
 #pragma once
-// Events of controls. As in the language that the screens come from, an event has one handler, set by its form.
+// Events of controls. As in the language, an event has one handler, set by its form.
 
 #include <functional>
 #include <utility>
 
 namespace velmora::screen {
 
-/// One event. Raising it runs the handler, synchronously; an exception of the handler reaches whoever raised it.
-/// A handler that replaces itself while it runs goes on undisturbed.
+/// One event. Raising it runs the handler synchronously; an exception of the handler propagates to the caller. A
+/// handler that replaces itself while it runs is completed.
 template <typename... Args>
 class Event {
   public:

@@ -31,7 +31,7 @@ Control* Form::find(std::string_view fullName) const {
 
 namespace {
 
-// A group's frame holds what stands in it, and a field without a name of its own is called by its caption.
+// Assigns the controls of a group to its frame, and names fields without an accessible name by their caption.
 void settle(const Layout& node, Frame* frame) {
     if (node.control != nullptr) {
         node.control->setFrame(frame);
@@ -107,7 +107,7 @@ Control* Form::nextStop(int step) const {
     return nullptr;
 }
 
-// The target is asked for twice: leaving a field may hide or disable the one that came next.
+// `target` is evaluated twice: LostFocus of the old control may hide or disable the first result.
 bool Form::move(const std::function<Control*()>& target, Insist insist) {
     Control* wanted = target();
     if (wanted != nullptr && wanted == active_) {
@@ -116,7 +116,8 @@ bool Form::move(const std::function<Control*()>& target, Insist insist) {
     if (wanted != nullptr && !wanted->canTakeFocus()) {
         return false;
     }
-    // An error in LostFocus must not hold the user in the field for ever: the move is finished, then the error goes on.
+    // An error in LostFocus must not trap the user in the field: the move is completed and the error rethrown
+    // afterwards.
     std::exception_ptr failure;
     redirected_ = nullptr;
     if (active_ != nullptr) {

@@ -1,5 +1,5 @@
 #pragma once
-// A form: named controls, who has the focus, keys, and a life from its making to its unloading.
+// A form: named controls, the focus, keys, and the life cycle from construction to unload.
 
 #include <functional>
 #include <string>
@@ -11,12 +11,12 @@
 
 namespace velmora::screen {
 
-/// A toolkit's ear on a form. Called after the property has its new value.
+/// A toolkit's observer of a form. Called after the property has its new value.
 class FormObserver {
   public:
     virtual ~FormObserver() = default;
     virtual void controlChanged(Control& control, Property property) = 0;
-    virtual void formChanged() = 0;  ///< caption, enabled, unloaded
+    virtual void formChanged() = 0;  ///< caption, enabled or unloaded has changed
     virtual void focusMoved(Control* control) = 0;
 };
 
@@ -33,18 +33,18 @@ class Form {
     const std::string& tag() const { return tag_; }
     void setTag(std::string_view tag) { tag_ = tag; }
     bool enabled() const { return enabled_; }
-    /// While a whole form is disabled none of its controls takes the focus.
+    /// While the form is disabled, none of its controls takes the focus.
     void setEnabled(bool enabled);
 
-    /// Every control in the order of its making.
+    /// All controls in order of construction.
     const std::vector<Control*>& controls() const { return controls_; }
-    /// By full name: "Text1(3)", "cboTipoPre". None: nullptr.
+    /// By full name: "Text1(3)", "cboTipoPre"; nullptr when there is none.
     Control* find(std::string_view fullName) const;
 
-    /// Setting it puts each control into the frame of its group and names it by its caption.
+    /// Setting the layout assigns each control to the frame of its group and names it by its caption.
     const Layout& layout() const { return layout_; }
     void setLayout(Layout layout);
-    /// The order of the Tab key; controls that are not in it cannot be reached by it.
+    /// The order of the Tab key; controls missing here cannot be reached with it.
     const std::vector<Control*>& tabOrder() const { return tabOrder_; }
     void setTabOrder(std::vector<Control*> order) { tabOrder_ = std::move(order); }
 
@@ -52,44 +52,44 @@ class Form {
 
     Control* activeControl() const { return active_; }
 
-    /// What code does: LostFocus of the old control, then GotFocus of the new one. Error 5 when the control cannot
-    /// take the focus; nothing when it has it already.
+    /// Focus set by code: LostFocus of the old control, then GotFocus of the new one. Error 5 when the control cannot
+    /// take the focus; nothing when it already has it.
     void setFocus(Control& control);
 
-    /// What the user does. Whether a SetFocus inside the old control's LostFocus wins over the move that caused it:
-    /// it does for a person, a script goes on to the control that it named.
+    /// For moves by the user: whether the move overrides a SetFocus inside the old control's LostFocus. `no` for a
+    /// person, so that the SetFocus wins; `yes` for a script, which must reach the control that it named.
     enum class Insist { no, yes };
-    /// False when the control could not take the focus, before or after the old one's LostFocus.
+    /// False when the control could not take the focus, before or after LostFocus of the old one.
     bool moveFocus(Control& control, Insist insist = Insist::no);
-    /// Takes the focus off the active control: its LostFocus runs and no control has the focus, unless a SetFocus in
+    /// Takes the focus from the active control: its LostFocus runs and no control has the focus, unless a SetFocus in
     /// it wins.
     void leaveFocus(Insist insist = Insist::no);
-    /// Moves to the next, the previous stop of the tab order that can take the focus; stays when there is none.
+    /// Moves to the next or previous stop of the tab order that can take the focus; no move when there is none.
     void tabForward(Insist insist = Insist::no);
     void tabBackward(Insist insist = Insist::no);
 
     // --- Keys ------------------------------------------------------------------------------------------------
 
-    /// A key from the user or from code (sendKey): the form's KeyDown sees it first. Gives back what the key has
-    /// become; Key::none when it was swallowed.
+    /// A key from the user or from code (sendKey): the form's KeyDown sees it first. Returns what the key has become;
+    /// Key::none when a handler discarded it.
     Key keyDown(Key key, bool shift = false);
 
-    /// What the shop's forms do alike in their KeyDown: Enter moves on as Tab does and is swallowed, the decimal point
-    /// of the pad becomes the comma key.
+    /// Common part of the forms' KeyDown handlers: Enter moves to the next field like Tab and is discarded; the decimal
+    /// point of the numeric pad becomes the comma key.
     void passUsualKeys(KeyDown& key);
 
-    /// The same, and Esc closes the form: the keys of a window beside the work.
+    /// The same, and Esc closes the form: for secondary windows.
     void passKeysOfSideWindow(KeyDown& key);
 
-    // --- Life ------------------------------------------------------------------------------------------------
+    // --- Life cycle ------------------------------------------------------------------------------------------
 
-    /// Called by a toolkit when the form comes on the screen: Activate, then the first tab stop takes the focus
-    /// unless a control has it.
+    /// Called by a toolkit when the form is shown: raises Activate, then the first tab stop takes the focus unless a
+    /// control already has it.
     void activate();
     /// Raises Unload and ends the modal show. A second call does nothing.
     void unload();
     bool isUnloaded() const { return unloaded_; }
-    /// Whether the user can do anything on it: enabled and not unloaded.
+    /// True when the user can work on it: enabled and not unloaded.
     bool takesInput() const { return enabled_ && !unloaded_; }
 
     Event<> onActivate;
@@ -119,7 +119,7 @@ class Form {
     std::vector<Control*> tabOrder_;
     Layout layout_;
     Control* active_ = nullptr;
-    Control* redirected_ = nullptr;  ///< where a SetFocus inside a LostFocus went
+    Control* redirected_ = nullptr;  ///< control to which a SetFocus inside a LostFocus moved the focus
     bool leaving_ = false;           ///< a LostFocus is running
     std::vector<FormObserver*> observers_;
 };

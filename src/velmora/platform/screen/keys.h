@@ -1,11 +1,11 @@
 #pragma once
-// Keys as a form sees them.
+// Keys as they reach a form.
 
 namespace velmora::screen {
 
 enum class Key {
     none,
-    character,  ///< any key that types one; KeyPress brings it
+    character,  ///< any key that types a character; KeyPress delivers it
     enter,
     escape,
     tab,
@@ -22,15 +22,15 @@ enum class Key {
     f9,
 };
 
-/// A key on its way: the form first, then the field. A handler turns it into another by writing `key`, or swallows
-/// it by writing Key::none.
+/// A key that is being handled: by the form first, then by the field. A handler replaces it by setting `key` and
+/// discards it with Key::none.
 struct KeyDown {
     Key key = Key::none;
     bool shift = false;
 };
 
-/// A character on its way into a field; a handler changes it or swallows it by writing 0. Editing keys that reach
-/// here as characters: 8 is backspace.
+/// A character on its way into a field; a handler replaces it, or discards it with 0. Backspace arrives here too, as
+/// character 8.
 struct KeyPress {
     char32_t character = 0;
 };

@@ -1,5 +1,5 @@
 #pragma once
-// How a form arranges its controls, told once as a tree that every toolkit renders.
+// The arrangement of a form's controls: one tree that every toolkit renders.
 
 #include <string>
 #include <utility>
@@ -12,7 +12,7 @@ namespace velmora::screen {
 class Sketch;
 class DataGrid;
 
-/// How a field looks. Entered fields stand on white, calculated ones on a faint tint.
+/// Kind of a field, which sets its background: white for entered values, a faint tint for calculated ones.
 enum class Role { entered, calculated, total, label };
 
 struct Layout {
@@ -22,27 +22,27 @@ struct Layout {
         row,        ///< children side by side
         grid,       ///< children in `columns` columns, row by row; captions and fields line up
         group,      ///< a frame around its one child, titled by the frame's caption
-        takeTurns,  ///< children (groups) that share one place: the first visible one is shown
-        field,      ///< a caption (fixed, or a Label's) and a control beside it
-        space,      ///< gives what room is left
+        takeTurns,  ///< children (groups) that share one place: only the first visible one is shown
+        field,      ///< a caption (fixed text or a Label) and a control beside it
+        space,      ///< takes the remaining space
         gap,        ///< an empty cell of a grid
     };
 
     Kind kind = Kind::none;
     std::vector<Layout> children = {};
     Control* control = nullptr;
-    Label* captionLabel = nullptr;  ///< the caption follows this label (its visibility too)
-    std::string caption = {};       ///< used when there is no label
-    std::string unit = {};          ///< behind the control: mm, kg, €
-    int columns = 0;                ///< of a grid
-    int width = 0;                  ///< of a field, in digits; 0 as wide as there is room
-    int lines = 1;                  ///< of a text of several lines
-    bool right = false;             ///< numbers are right-aligned
+    Label* captionLabel = nullptr;  ///< supplies the caption; the caption is visible when the label is
+    std::string caption = {};       ///< used without captionLabel
+    std::string unit = {};          ///< shown behind the control: mm, kg, €
+    int columns = 0;                ///< for a grid
+    int width = 0;                  ///< of a field, in digits; 0: all available width
+    int lines = 1;                  ///< number of lines of a text field
+    bool right = false;             ///< right-aligned, for numbers
     Role role = Role::entered;
-    int stretch = 0;  ///< share of the room that is left over
+    int stretch = 0;  ///< share of the remaining space
     bool captionAbove = false;
 
-    // Adjustments, chained: field("Z", box, 6).number().asCalculated()
+    // Modifiers, chained: field("Z", box, 6).number().asCalculated()
     Layout&& number() && {
         right = true;
         return std::move(*this);
@@ -99,7 +99,7 @@ Layout takeTurns(Children&&... children) {
 inline Layout group(Frame& frame, Layout child) {
     return Layout{.kind = Layout::Kind::group, .children = list(std::move(child)), .control = &frame};
 }
-/// A control with a fixed caption; its accessible name follows unless it has one.
+/// A control with a fixed caption, which is also its accessible name unless it has one.
 inline Layout field(std::string caption, Control& control, int width = 0) {
     return Layout{.kind = Layout::Kind::field, .control = &control, .caption = std::move(caption), .width = width};
 }
@@ -107,7 +107,7 @@ inline Layout field(std::string caption, Control& control, int width = 0) {
 inline Layout field(Label& label, Control& control, int width = 0) {
     return Layout{.kind = Layout::Kind::field, .control = &control, .captionLabel = &label, .width = width};
 }
-/// A control that speaks for itself: a button, a grid, a sketch, a label.
+/// A control without a caption: a button, a grid, a sketch, a label.
 inline Layout plain(Control& control, int width = 0) {
     return Layout{.kind = Layout::Kind::field, .control = &control, .width = width};
 }

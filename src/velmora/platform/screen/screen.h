@@ -1,5 +1,5 @@
 #pragma once
-// What a toolkit does for the logic: show forms and questions, search, and the pointer.
+// What a toolkit provides to the logic: forms, message boxes, the search window, the pointer, events.
 
 #include <cstddef>
 #include <memory>
@@ -22,14 +22,14 @@ struct MessageBox {
     Icon icon = Icon::none;
     Buttons buttons = Buttons::ok;
     std::string title = {};
-    int defaultButton = 1;  ///< 1-based; what Enter presses
+    int defaultButton = 1;  ///< 1-based; the button that Enter presses
 };
 
-/// A window to look for a row: two columns shown, a filter box over the rows that filters on one of them as the user
-/// types (case and accents as the data compare). The caller frees the rows.
+/// A window to search for a row: two columns are shown, and a filter box filters one of them while the user types (case
+/// and accents compared as by the database). The caller releases the rows.
 struct SearchWindow {
     std::string title;
-    std::string searchColumn;  ///< name of the column that the filter box searches
+    std::string searchColumn;  ///< name of the column that the filter box filters
     std::string firstCaption;
     std::string secondCaption;
     int firstWidth = 0;  ///< twips
@@ -39,8 +39,8 @@ struct SearchWindow {
 
 enum class Pointer { normal, hourglass };
 
-/// How far a long work has come, and whether the user has had enough of it. This one shows nothing and is never
-/// cancelled: for screens at which nobody waits.
+/// Progress of a long operation and the user's request to cancel it. This base class shows nothing and is never
+/// cancelled: for screens without a user.
 class Progress {
   public:
     Progress() = default;
@@ -48,7 +48,7 @@ class Progress {
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// `fraction` from 0 to 1; none when the end is not known. May let the toolkit's events run.
+    /// `fraction` from 0 to 1; nullopt when the end is not known. May run events of the toolkit.
     virtual void show(std::string_view /*text*/, std::optional<double> /*fraction*/) {}
     virtual bool cancelled() { return false; }
 };
@@ -57,15 +57,15 @@ class Screen {
   public:
     virtual ~Screen() = default;
 
-    /// Shows the form over what is there and returns when it is unloaded. Calls nest.
+    /// Shows the form modally and returns when it is unloaded. Calls nest.
     virtual void showModal(Form& form) = 0;
     virtual Answer show(const MessageBox& box) = 0;
-    /// The 0-based row chosen; none when the window was left without a choice.
+    /// The 0-based row that was chosen; nullopt when the window was closed without a choice.
     virtual std::optional<std::size_t> search(const SearchWindow& window) = 0;
     virtual void setPointer(Pointer pointer) = 0;
-    /// Lets pending events of the toolkit run.
+    /// Runs pending events of the toolkit.
     virtual void processEvents() = 0;
-    /// A window with a button to cancel, which comes up only when the work takes longer than about a second.
+    /// A progress window with a Cancel button; it appears only when the work takes longer than about a second.
     virtual std::unique_ptr<Progress> progress(std::string_view /*title*/) { return std::make_unique<Progress>(); }
 };
 

@@ -1,5 +1,5 @@
 #pragma once
-// The picture of a piece with value labels on it.
+// A drawing of the piece with value labels.
 
 #include <functional>
 #include <utility>
@@ -10,19 +10,19 @@
 
 namespace velmora::screen {
 
-/// Shows a drawing that its form makes on demand, and text boxes as labels at the drawing's numbered places. A
-/// hidden label takes its dimension line with it.
+/// Shows a drawing that its form creates on demand, with text boxes as labels at the drawing's numbered places. A
+/// hidden label hides its dimension line.
 class Sketch : public Control {
   public:
     struct PlacedLabel {
-        int label;  ///< the number in the drawing's dimensions
+        int label;  ///< label number in the drawing's dimensions
         TextBox* box;
     };
 
     using Control::Control;
 
     void setSource(std::function<Drawing()> source) { source_ = std::move(source); }
-    /// Tells the toolkit that the drawing has changed; it is made anew when it is next painted.
+    /// Tells the toolkit that the drawing has changed; it is created again on the next paint.
     void invalidate() { notify(Property::drawing); }
     Drawing drawing() const { return source_ ? source_() : Drawing{}; }
 

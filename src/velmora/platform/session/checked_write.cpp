@@ -12,7 +12,7 @@ namespace velmora::session {
 namespace {
 
 constexpr std::chrono::milliseconds step{50};
-constexpr int no = 2;  ///< the button that Enter presses: a hasty key must not write over another's work
+constexpr int no = 2;  ///< the default button, so that an accidental Enter does not overwrite another user's change
 
 bool isConfirmed(screen::Screen& screen, const std::string& question) {
     return screen.show({.text = question,

@@ -1,5 +1,5 @@
 #pragma once
-// A row written only after it was looked at by its key, inside the same transaction.
+// Optimistic locking: a row is written only after it was read again by its key inside the same transaction.
 
 #include <functional>
 #include <string>
@@ -9,30 +9,31 @@
 
 namespace velmora::session {
 
-/// How the row that is about to be written stands in the database.
+/// State in the database of the row about to be written.
 enum class RowState {
-    asShown,  ///< as the user has it on the screen
-    changed,  ///< another user has written it since
-    inUse,    ///< another user is writing what belongs to it and ends in a moment
-    closed,   ///< it must not be written any more
+    asShown,  ///< unchanged since the user's screen was filled
+    changed,  ///< written by another user since
+    inUse,    ///< another user is writing rows that belong to it and will finish shortly
+    closed,   ///< no longer open to changes
 };
 
 struct CheckedWrite {
-    std::function<RowState()> look;  ///< the first thing in the transaction
-    std::function<bool()> write;     ///< false when the database refused: what it wrote is undone
-    std::string question;            ///< asked when the row has changed: Yes writes over it
+    std::function<RowState()> look;  ///< reads the row; the first step of the transaction
+    std::function<bool()> write;     ///< false when the database refused; the transaction is then rolled back
+    std::string question;            ///< shown when the row has changed; Yes overwrites it
 };
 
 enum class Written {
     yes,
-    refused,   ///< by the database
-    closed,    ///< by the look
-    declined,  ///< by the user, who was asked
+    refused,   ///< the database refused the write
+    closed,    ///< `look` found the row closed
+    declined,  ///< the user answered No
 };
 
-/// Looks and writes in one transaction. The user is asked at most once, and a row in use is waited for, in steps of
-/// at most 100 ms in which the toolkit's events run: both with no transaction open, so that no other client waits.
-/// After either the row is looked at again. Errors: those of the steps, the database's; nothing is written then.
+/// Runs `look` and `write` in one transaction. The user is asked at most once; a row in use is polled in steps of at
+/// most 100 ms in which the toolkit's events run. No transaction is open during either, so that no other client has to
+/// wait, and the row is read again afterwards. Errors: those of the two steps and of the database; nothing has been
+/// written then.
 Written writeChecked(sql::Connection& connection, screen::Screen& screen, const CheckedWrite& steps);
 
 }  // namespace velmora::session

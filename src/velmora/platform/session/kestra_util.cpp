@@ -21,7 +21,7 @@ bool isDigits(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// ddmmyy and ddmmyyyy with the slashes that were not typed; any other text as it is.
+/// ddmmyy and ddmmyyyy with the missing slashes inserted; any other text unchanged.
 std::string withSlashes(const std::string& text) {
     if (!isDigits(text) || (text.size() != 6 && text.size() != 8)) {
         return text;
@@ -29,7 +29,7 @@ std::string withSlashes(const std::string& text) {
     return text.substr(0, 2) + "/" + text.substr(2, 2) + "/" + text.substr(4);
 }
 
-/// One part of a date off the front, up to two digits and a slash.
+/// Removes one part of a date from the front: up to two digits and a slash.
 std::optional<unsigned> takePart(std::string_view& text) {
     unsigned part = 0;
     std::size_t used = 0;
@@ -44,8 +44,8 @@ std::optional<unsigned> takePart(std::string_view& text) {
     return part;
 }
 
-// Chosen C-286: a date field reads day, month, year and no other order. "31/02/26" is a slip that stays on the screen
-// for the user to see; the language's own reading would make the 26th of February of 1931 of it.
+// Chosen C-286: a date field accepts day, month, year and no other order. An invalid date such as "31/02/26" stays on
+// the screen unchanged; CDate would turn it into the 26th of February of 1931.
 std::optional<runtime::Date> dayFirst(const std::string& text) {
     std::string_view rest = text;
     const std::optional<unsigned> day = takePart(rest);
@@ -81,12 +81,12 @@ void KestraUtil::SalirCampo(screen::TextBox& campo, std::string_view texto) {
 }
 
 void KestraUtil::TeclaCampo(screen::TextBox& campo, screen::KeyPress& key, bool soloEnteros) {
-    // What is selected goes as soon as the key comes through.
+    // A selection is replaced by the key, so the field counts as empty.
     const std::string text = campo.allSelected() ? "" : campo.text();
     const char32_t typed = key.character == U'.' ? U',' : key.character;
     const bool digit = typed >= U'0' && typed <= U'9';
-    // Chosen C-287: where the caret stands is not known, so the minus comes through only into an empty or wholly
-    // selected field: that is the one place where it leads for certain.
+    // Chosen C-287: the position of the caret is not known here, so a minus is accepted only in an empty or wholly
+    // selected field, where it is certain to lead.
     const bool leadingMinus = typed == U'-' && text.empty();
     const bool decimalComma = typed == U',' && !soloEnteros && text.find(',') == std::string::npos;
     const bool editing = typed < firstPrintable;

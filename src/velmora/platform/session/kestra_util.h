@@ -1,6 +1,6 @@
 #pragma once
-// The field helper of a form: painting and masks of the field with the focus, the filter of numeric keys, the
-// search window, rounding.
+// The field helper of a form: colours and masks of the field with the focus, the filter of numeric keys, the search
+// window, rounding.
 
 #include <string>
 #include <string_view>
@@ -11,9 +11,9 @@
 
 namespace velmora::session {
 
-/// A row as the search window gives it: its columns as text, null as nothing, joined by the character of code 1.
+/// A row as the search window returns it: its columns as text, null as an empty text, joined by character 1.
 std::string joinedRow(const sql::Row& row);
-/// Its columns again.
+/// Splits a joined row into its columns.
 std::vector<std::string> columnsOf(std::string_view joinedRow);
 
 class KestraUtil {
@@ -24,23 +24,23 @@ class KestraUtil {
     void ColorFoco(double color) { colorFoco_ = static_cast<screen::Color>(color); }
     void ColorNormal(double color) { colorNormal_ = static_cast<screen::Color>(color); }
 
-    /// On GotFocus: paints the field and selects all its text.
+    /// On GotFocus: sets the colours of a field with the focus and selects all its text.
     void EntrarCampo(screen::TextBox& campo, std::string_view texto = "");
 
-    /// On LostFocus: paints the field back; a non-empty mask formats the text. The mask `dd/mm/yyyy` also reads
-    /// `ddmmyy`, `ddmmyyyy` and `d/m/y`; a text that is no date, no number stays as it is.
+    /// On LostFocus: restores the colours; a non-empty mask formats the text. The mask `dd/mm/yyyy` also reads
+    /// `ddmmyy`, `ddmmyyyy` and `d/m/y`; a text that is neither a date nor a number is left unchanged.
     void SalirCampo(screen::TextBox& campo, std::string_view texto = "");
 
-    /// On KeyPress: lets digits, one leading minus, editing keys and, unless whole numbers are asked, one decimal
-    /// comma through; a typed point becomes the comma; swallows all else.
+    /// On KeyPress: accepts digits, one leading minus, editing keys and, unless `soloEnteros`, one decimal comma; a
+    /// typed point becomes the comma; all other keys are discarded.
     void TeclaCampo(screen::TextBox& campo, screen::KeyPress& key, bool soloEnteros);
 
-    /// The search window. Gives the row chosen as joinedRow() does; an empty text when nothing was chosen. Widths in
-    /// twips.
+    /// Opens the search window. Returns the chosen row as joinedRow() does; an empty text when nothing was chosen.
+    /// Widths in twips.
     std::string Buscar(std::string_view statement, std::string_view campo, std::string_view cabecera1,
                        std::string_view cabecera2, std::string_view titulo, int ancho1, int ancho2, bool bandera);
 
-    /// Half away from zero on the decimal value.
+    /// Rounds half away from zero on the decimal value.
     double Redondear(double valor, int decimales) const;
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// How the host's purchase prices are shown.
+// The display format of the host's purchase prices.
 
 #include <string>
 
@@ -7,7 +7,7 @@ namespace velmora::session {
 
 class Session;
 
-/// "#0." and a zero for each decimal of the host's setting par_decprecom.
+/// "#0." followed by a zero for each decimal of the host's setting par_decprecom.
 std::string purchasePriceMask(const Session& session);
 
 }  // namespace velmora::session

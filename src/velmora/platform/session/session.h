@@ -11,7 +11,7 @@
 
 namespace velmora::session {
 
-/// How a value of a write is rendered.
+/// How a value is rendered in a write statement.
 enum class Tipo {
     boolean = 0,      ///< 0 or 1
     wholeNumber = 1,  ///< half to even
@@ -19,10 +19,10 @@ enum class Tipo {
     text = 3,         ///< N'…' with quotes doubled
     dateText = 4,     ///< convert(datetime,'dd/mm/yyyy',103)
     date = 5,         ///< a date value, ISO
-    expression = 6,   ///< as it stands
+    expression = 6,   ///< spliced in unchanged
 };
 
-/// The value of a field as it was given: a text in the locale's form, or a value. A text box gives its text.
+/// The value of a field as given by the caller: a text in the locale's form, or a value. A text box gives its text.
 class FieldValue {
   public:
     FieldValue(sql::Value value) : value_(std::move(value)) {}
@@ -69,15 +69,15 @@ class Session {
     virtual void Tabla(std::string_view name) = 0;
     virtual void Modo(int mode) = 0;
     virtual FieldList& Campos() = 0;
-    /// The WHERE clause of the next write, spliced as it is.
+    /// The WHERE clause of the next write, inserted unchanged.
     virtual void Donde(std::string_view clause) = 0;
 
-    /// Runs the UPDATE, the INSERT built from table, fields and clause. A refusal, by the builder or by the
-    /// database, is an error text and correcto = false, never an exception. Campos is empty afterwards, always.
+    /// Runs the UPDATE or the INSERT built from table, fields and clause. A refusal by the builder or the database is
+    /// reported as an error text and correcto = false, never as an exception. Campos is empty afterwards in every case.
     virtual void Actualizar(std::string& error, bool& correcto) = 0;
     virtual void Insertar(std::string& error, bool& correcto) = 0;
 
-    /// False when the connection has been lost; the reason in error.
+    /// False when the connection has been lost; `error` gets the reason.
     virtual bool ComprobarConexion(sql::Connection& connection, std::string& error) = 0;
 
     virtual std::int32_t IdUsuario() const = 0;

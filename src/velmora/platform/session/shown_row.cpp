@@ -10,7 +10,7 @@ namespace velmora::session {
 
 ShownRow::ShownRow(const sql::Recordset& shown, std::string statement)
     : shown_(sql::keptRow(shown)), statement_(std::move(statement)) {
-    // Asked for now: later the reason would no longer be seen.
+    // Raises error 3021 here when there is no current row.
     static_cast<void>(shown_[0]);
 }
 

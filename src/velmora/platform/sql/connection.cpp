@@ -11,7 +11,8 @@ Transaction::~Transaction() {
     try {
         connection_.rollbackTrans();
     } catch (const std::exception&) {
-        // The engine undoes an open transaction itself when its connection is gone; a destructor has nobody to tell.
+        // The engine rolls an open transaction back itself when the connection closes; a destructor cannot report a
+        // failure.
     }
 }
 

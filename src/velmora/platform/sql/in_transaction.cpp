@@ -4,7 +4,7 @@ namespace velmora::sql {
 
 namespace {
 
-// A commit that failed may have left the transaction open, or may not; then there is nothing to undo.
+// A failed commit may or may not have left the transaction open; in the latter case there is nothing to roll back.
 void undo(Connection& connection) {
     runtime::ErrorTrap trap;
     trap([&] { connection.rollbackTrans(); });

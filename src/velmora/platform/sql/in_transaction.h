@@ -1,5 +1,5 @@
 #pragma once
-// Work that the database takes whole or not at all.
+// All-or-nothing work on the database.
 
 #include <functional>
 
@@ -7,9 +7,9 @@
 
 namespace velmora::sql {
 
-/// Runs `work` in a transaction of its own. True when it gave true and was committed. It is undone when it gives
-/// false, and when it or the commit throws anything, which goes on to the caller: the first failure is the one to be
-/// read, one of the undoing is not told.
+/// Runs `work` in a transaction. True when `work` returned true and the commit succeeded. Rolls back when `work`
+/// returns false and when `work` or the commit throws; that exception is rethrown, and an error of the rollback itself
+/// is dropped.
 bool inTransaction(Connection& connection, const std::function<bool()>& work);
 
 }  // namespace velmora::sql

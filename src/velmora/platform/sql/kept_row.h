@@ -1,5 +1,5 @@
 #pragma once
-// One row kept apart from the set that it was read from, and held against another reading of it.
+// One row copied out of its set, and its comparison with a later reading of the same row.
 
 #include <string>
 #include <vector>
@@ -8,11 +8,11 @@
 
 namespace velmora::sql {
 
-/// The current row of a set, all columns, in a set of its own; one without rows from the end of a set.
+/// A set of its own that holds the current row with all columns; without rows when the given set is at an end.
 Recordset keptRow(const Recordset& row);
 
-/// True when one of the columns holds another value in one row than in the other. Numbers are compared as numbers: an
-/// engine may give a column once as whole and once with decimals. Null equals null alone.
+/// True when one of the columns differs between the two rows. Numbers are compared by value: an engine may give a
+/// column once as a whole number and once with decimals. Null equals only null.
 bool differIn(const std::vector<std::string>& columns, const Recordset& one, const Recordset& other);
 
 }  // namespace velmora::sql

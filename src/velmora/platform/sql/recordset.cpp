@@ -150,7 +150,7 @@ struct Recordset::Cursor {
 
     void toFirst() { to(0); }
 
-    /// A row that cannot be read leaves the current row as it was.
+    /// When the row cannot be read, the current row stays as it was.
     void to(std::size_t position) {
         const bool found = source->hasRow(position);
         index = position;
@@ -158,7 +158,8 @@ struct Recordset::Cursor {
         foundRow = foundRow || found;
     }
 
-    /// Asks the source only while no row was ever found: standing behind a long list must not read it from its start.
+    /// Asks the source only while no row has ever been found: a cursor at the end of a long list must not read it from
+    /// the start.
     bool empty() { return !foundRow && !source->hasRow(0); }
 
     void requireRows() {
@@ -191,8 +192,8 @@ Recordset::Cursor& Recordset::open() const {
     return *cursor_;
 }
 
-/// Walks a copy: a listener may subscribe, let go or move again. What a listener throws goes up to whoever moved,
-/// and the listeners behind it are not called.
+/// Iterates over a copy: a listener may subscribe, unsubscribe or move again. An exception of a listener propagates to
+/// the code that moved the cursor, and later listeners are not called.
 void Recordset::moved() {
     const std::shared_ptr<Cursor> cursor = cursor_;
     std::erase_if(cursor->listeners, [](const auto& listener) { return listener.expired(); });

@@ -1,6 +1,6 @@
 #pragma once
-// Result sets: kept rows, read on demand. A Recordset is a handle: copies share one cursor, a clone has a cursor of its
-// own.
+// Result sets: snapshots whose rows are read on demand. A Recordset is a handle: copies share one cursor, a clone has a
+// cursor of its own.
 
 #include <cstddef>
 #include <functional>
@@ -15,14 +15,14 @@
 namespace velmora::sql {
 
 struct Column {
-    std::string name;  ///< as the statement spells it
+    std::string name;  ///< spelled as in the statement
 };
 
-/// What an engine supplies behind a recordset: the rows of the moment at which it was opened, by position. They are
-/// read as they are asked for, with a bounded number in memory, and whoever changes the database meanwhile, this
-/// connection included, changes neither rows nor order nor values: a row read again is the same row. Nor does an open
-/// source hold up anybody who writes. The only change is what updateBinary writes. Errors: DbError, when rows cannot be
-/// read; an engine that can no longer answer the rows of that moment says so and never gives others.
+/// What an engine implements behind a recordset: the rows as of the moment of opening, by position. They are read on
+/// demand with a bounded number in memory, and no later change of the database, by this connection or another, alters
+/// rows, order or values: a row that is read again is the same. An open source blocks no writer. The only exception is
+/// updateBinary, which changes the set as well. Errors: DbError when rows cannot be read; an engine that can no longer
+/// give the rows of that moment raises an error and never gives others.
 class RowSource {
   public:
     virtual ~RowSource() = default;
@@ -31,12 +31,11 @@ class RowSource {
     virtual bool hasRow(std::size_t position) = 0;
     /// The row at a position that hasRow accepted. Valid until the next call on this source.
     virtual const Row& row(std::size_t position) = 0;
-    /// All rows of the set; may have to count them.
+    /// Number of all rows of the set; may have to read them.
     virtual std::size_t rowCount() = 0;
-    /// The same statement run again: the rows of now.
+    /// Runs the same statement again, which gives the current rows.
     virtual std::unique_ptr<RowSource> reopen() const = 0;
-    /// Recordset::updateBinary for the row at a position that hasRow accepted. A source that does not override it
-    /// refuses.
+    /// Recordset::updateBinary for the row at a position that hasRow accepted. The default implementation refuses.
     virtual void updateBinary(std::size_t position, std::size_t column, Bytes content);
 
   protected:
@@ -44,17 +43,17 @@ class RowSource {
     [[noreturn]] static void refuseUpdate();
 };
 
-/// Rows that are already in memory: for tests and for sets that no statement made.
+/// Rows that are already in memory: for tests and for sets without a statement.
 std::unique_ptr<RowSource> rowsInMemory(std::vector<Column> columns, std::vector<Row> rows);
 
-/// The listener's end of a subscription; letting go of it ends it.
+/// The listener's handle of a subscription; releasing it ends the subscription.
 using Subscription = std::shared_ptr<void>;
 
-/// A cursor over a row source, after ADO: opening stands on the first row, or at the end of an empty set. From opening
-/// to requery() the set holds the rows, their order and their values of the moment of opening, and the current row
-/// stays the current row, whatever any client does. What a set shows may have been changed or deleted in the database:
-/// whoever writes looks at the row by its key first. A field read with no current row is error 3021; an unknown column
-/// error 3265; any use of a closed set error 3704.
+/// A cursor over a row source, modelled on ADO: opening moves to the first row, or to the end of an empty set. From
+/// opening to requery() the set keeps the rows, order and values of the moment of opening, whatever any client does.
+/// The displayed row may therefore have been changed or deleted in the database: code that writes must read the row by
+/// its key first. Reading a field without a current row is error 3021; an unknown column is error 3265; any use of a
+/// closed set is error 3704.
 class Recordset {
   public:
     Recordset() = default;  ///< a new, closed set
@@ -63,7 +62,7 @@ class Recordset {
     bool isOpen() const { return cursor_ != nullptr; }
     bool eof() const;
     bool bof() const;
-    /// Not (eof and bof): there is at least one row.
+    /// True when there is at least one row: not both bof and eof.
     bool hasRows() const;
 
     /// Column by name in any case (the first of that name), or by 0-based position.
@@ -75,34 +74,34 @@ class Recordset {
     void moveNext();
     void movePrevious();
     void moveLast();
-    /// To a 0-based position; past the end stands at eof.
+    /// Moves to a 0-based position; past the last row, to eof.
     void moveTo(std::size_t position);
     /// 0-based position of the current row; none at either end.
     std::optional<std::size_t> position() const;
     std::size_t recordCount() const;
 
-    /// From the current row forward to the first row for which "COLUMN = number" or "COLUMN = 'text'" holds; with
-    /// none stands at eof. A criterion of another form is error 3001.
+    /// Searches forward from the current row, which is included, for "COLUMN = number" or "COLUMN = 'text'"; moves to
+    /// eof when no row matches. A criterion of another form is error 3001.
     void find(std::string_view criterion);
 
-    /// A second cursor on the same rows, which moves alone and whom nobody listens to. It keeps them when this one is
-    /// queried anew.
+    /// A second cursor on the same rows, which moves on its own and starts without listeners. It keeps the rows when
+    /// this set is queried again.
     Recordset clone() const;
-    /// Runs the statement again and holds the rows of now; stands on the first one. When the statement is refused, the
-    /// set stays as it was.
+    /// Runs the statement again and moves to the first of the current rows. When the statement fails, the set stays as
+    /// it was.
     void requery();
 
-    /// The values of any row without moving; none when there is no such row. Valid until the next call.
+    /// The values of any row without moving; nullptr when there is no such row. Valid until the next call.
     const Row* peek(std::size_t position) const;
 
-    /// Writes a binary column of the current row to the database and to this set, whole, and returns when the engine
-    /// holds all of it: it has looked at what it stored. Inside a transaction it counts with it, outside it is
-    /// durable. This is the one way to write through a set, for what is too large to stand in a statement's text
-    /// (files of 50 MB and more); all else is written by statements. An empty content is stored as such, not as null.
-    /// Listeners are not called: the row has not moved.
-    /// Errors: 3251 unless the set is a plain select (no DISTINCT, GROUP BY or join) from one table, brings along
-    /// that table's key of one column, and the column is a binary one of the table; 3021 without a current row; 3265
-    /// for an unknown column; DbError: provider::rowGone when the row is no longer there, the engine's refusal.
+    /// Writes a binary column of the current row to the database and to this set. Returns after the engine has stored
+    /// and verified the whole content. Part of an open transaction if there is one, durable otherwise. Meant for
+    /// contents too large for the text of a statement (files of 50 MB and more); everything else is written by
+    /// statements. An empty content is stored as such, not as null. Listeners are not called, because the cursor does
+    /// not move.
+    /// Errors: 3251 unless the set is a plain select (no DISTINCT, GROUP BY or join) from one table, includes that
+    /// table's single-column key, and the column is a binary one of the table; 3021 without a current row; 3265 for an
+    /// unknown column; DbError: provider::rowGone when the row no longer exists, or the engine's refusal.
     void updateBinary(std::string_view column, Bytes content);
     void updateBinary(std::size_t column, Bytes content);
 
@@ -120,8 +119,8 @@ class Recordset {
     std::shared_ptr<Cursor> cursor_;
 };
 
-/// A recordset variable whose owner listens: opening a set in it, empty or not, and every later change of its
-/// current row calls the handler. Putting a closed set in it calls nobody.
+/// A recordset variable whose owner is notified: assigning an open set, empty or not, and every later change of its
+/// current row call the handler. Assigning a closed set does not.
 class ListenedRecordset {
   public:
     std::function<void()> onMoveComplete;

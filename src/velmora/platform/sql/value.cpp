@@ -11,8 +11,8 @@ namespace velmora::sql {
 
 namespace {
 
-/// One conversion of every kind of value that a row can hold: an overload for each kind that has one. Null and
-/// binary have none, whatever the target.
+/// Applies one conversion to whatever kind of value a row holds, with one overload per supported kind. Null and binary
+/// convert to nothing.
 template <typename Result, typename... Conversions>
 struct Conversion : Conversions... {
     using Conversions::operator()...;

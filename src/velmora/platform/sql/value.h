@@ -1,5 +1,5 @@
 #pragma once
-// One value of a row, as an engine gives it.
+// One value of a row, as returned by an engine.
 
 #include <cstddef>
 #include <cstdint>
@@ -34,14 +34,14 @@ class Value {
     bool isDate() const { return std::holds_alternative<runtime::Date>(v_); }
     bool isBytes() const { return std::holds_alternative<Bytes>(v_); }
 
-    /// Assignment of the value to a number, a whole number, a text, a date, as the language does it. Null is error
-    /// 94; a text that does not convert is error 13. A bit is -1 or 0 as a number, "Verdadero" or "Falso" as text.
+    /// Conversion to a number, a whole number, a text or a date by the rules of the language. Null is error 94; a text
+    /// that does not convert is error 13. A bit is -1 or 0 as a number, "Verdadero" or "Falso" as text.
     double toDouble() const;
     std::int32_t toLong() const;
     std::string toText() const;
     runtime::Date toDate() const;
 
-    /// True for any number but 0; null counts as false, a text as its number.
+    /// True for any number but 0; null is false, a text is converted to a number first.
     bool toBool() const;
 
     const std::variant<std::monostate, bool, std::int64_t, double, std::string, runtime::Date, Bytes>& raw() const {

@@ -1,5 +1,5 @@
 #pragma once
-// The machine around the program: the clock, folders, files and the programs that open them.
+// The machine's services: clock, folders, files and the programs that open them.
 
 #include <chrono>
 #include <optional>
@@ -14,7 +14,7 @@ class Clock {
   public:
     virtual ~Clock() = default;
     virtual runtime::Date now() const = 0;
-    /// Returns when so much time has passed. The machine's time, unless a clock of its own makes it pass otherwise.
+    /// Waits for the given time. A clock of a test may return at once and advance its own time instead.
     virtual void pause(std::chrono::milliseconds time) const;
 };
 
@@ -32,13 +32,14 @@ struct OpenFileRequest {
 class Services {
   public:
     virtual ~Services() = default;
-    /// A folder for papers, sheets and viewed documents that nobody but this user can enter, with a separator at its
-    /// end. Empty when there is none: whoever writes says so (error 76) and never writes elsewhere, the current folder
-    /// least of all.
+    /// A folder for printed papers, spreadsheets and opened documents that is accessible to this user only, with a
+    /// trailing separator. Empty when there is none: callers then report error 76 and must not write anywhere else, the
+    /// current folder included.
     virtual std::string temporaryFolder() const = 0;
-    /// The path chosen; none when the dialog was left.
+    /// The chosen path; nullopt when the dialog was cancelled.
     virtual std::optional<std::string> openFileDialog(const OpenFileRequest& request) = 0;
-    /// Opens a file with its associated program. Gives a number above 32, or a failure's code from 0 to 32.
+    /// Opens a file with its associated program. Returns a number above 32 on success, an error code from 0 to 32 on
+    /// failure.
     virtual int openWithAssociatedProgram(std::string_view path) = 0;
 };
 

@@ -1,5 +1,5 @@
 #pragma once
-// What keys do on a control that is no field, once the form has let them through.
+// What keys do on a control other than a text field, after the form's KeyDown has let them through.
 
 #include "velmora/platform/toolkit/key_stroke.h"
 

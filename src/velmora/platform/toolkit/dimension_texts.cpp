@@ -6,13 +6,13 @@ namespace velmora::toolkit {
 
 namespace {
 
-constexpr double textGap = 3;      ///< between a dimension line and its text
-constexpr double textPadding = 4;  ///< of a text, left and right together
+constexpr double textGap = 3;      ///< pixels between a dimension line and its text
+constexpr double textPadding = 4;  ///< pixels, left and right of a text together
 
 constexpr double edgeCost = 10;
 constexpr double textCost = 200;
 constexpr double offCanvasCost = 500;
-constexpr double lateCost = 0.1;  ///< of a place, for each one before it
+constexpr double lateCost = 0.1;  ///< cost of a place for each place before it in the list
 
 constexpr double halfTurn = 180;  // degrees
 
@@ -20,7 +20,7 @@ double radians(double degrees) {
     return degrees * std::numbers::pi / halfTurn;
 }
 
-// Letters are read from below or from the right, as on any drawing.
+// Text is read from below or from the right, as usual on technical drawings.
 double readingAngle(PixelPoint direction) {
     const double angle = std::atan2(direction.y, direction.x) * halfTurn / std::numbers::pi;
     if (angle >= 89.9) {
@@ -68,7 +68,7 @@ std::vector<PlacedText> placesFor(const DimensionLine& line, const MeasureText& 
         places.push_back(turnedText(line.text, at, size, angle));
     }
     if (line.place != screen::TextPlace::middle) {
-        // The last two places are the outer ones, that beyond the end before that beyond the start.
+        // The last two places are outside: beyond the end, then beyond the start.
         std::rotate(places.begin(), places.end() - (line.place == screen::TextPlace::afterTo ? 2 : 1), places.end());
     }
     return places;

@@ -1,5 +1,5 @@
 #pragma once
-// Where the texts of dimensions stand: on the canvas, clear of each other and, where it can be, of the piece.
+// Placing of dimension texts on the canvas: without overlaps and, where possible, off the piece.
 
 #include <functional>
 #include <string>
@@ -10,50 +10,50 @@
 
 namespace velmora::toolkit {
 
-/// The width to which a text advances and the height of a line, in the toolkit's font.
+/// Width and line height of a text in the toolkit's font.
 using MeasureText = std::function<PixelSize(const std::string&)>;
 
-/// Length of an arrow head.
+/// Length of an arrow head in pixels.
 inline constexpr double arrowLength = 8;
 
 /// A dimension line on the canvas.
 struct DimensionLine {
     PixelPoint from;  ///< on the piece
     PixelPoint to;
-    PixelPoint start;  ///< of the dimension line itself
+    PixelPoint start;  ///< ends of the dimension line itself
     PixelPoint end;
     std::string text;
     screen::TextPlace place = screen::TextPlace::middle;
 
-    /// Whether both arrow heads have room between the extension lines.
+    /// True when both arrow heads fit between the extension lines.
     bool hasRoom() const { return distance(start, end) > 3 * arrowLength; }
 };
 
-/// A text on the canvas. It is turned about its middle.
+/// A text on the canvas, rotated about its middle.
 struct PlacedText {
     std::string text;
     PixelPoint middle;
-    double angle = 0;  ///< degrees, clockwise; letters are read from below or from the right
-    PixelSize size;    ///< before it is turned
-    PixelRect bounds;  ///< after
+    double angle = 0;  ///< degrees, clockwise; the text is read from below or from the right
+    PixelSize size;    ///< before the rotation
+    PixelRect bounds;  ///< after the rotation
 };
 
-/// The text at a place, level.
+/// The text at a place, not rotated.
 PlacedText levelText(const std::string& text, PixelPoint middle, const MeasureText& measure);
 
-/// Places for a line's text, the most natural one first: above and below its middle, sliding along it, then beyond its
-/// ends; a line that would rather have its text outside begins with that end. Never empty.
+/// Candidate places for a line's text, best first: above and below its middle, then along it, then beyond its ends;
+/// when the line prefers its text outside, the preferred end comes first. Never empty.
 std::vector<PlacedText> placesFor(const DimensionLine& line, const MeasureText& measure);
 
-/// Chooses places one text after the other; each that is chosen is taken from then on. Texts keep off the canvas's
-/// edge before they keep off other texts, and off those before they keep off the edges of the piece.
+/// Chooses a place for one text after the other; a chosen place is then occupied. Staying within the canvas has
+/// priority over not overlapping other texts, and that over not crossing edges of the piece.
 class TextPlacing {
   public:
     TextPlacing(const PixelRect& canvas, const MeasureText& measure) : canvas_(canvas), measure_(measure) {}
 
-    /// An edge of the piece that texts had better not cross.
+    /// Adds an edge of the piece that texts should not cross.
     void addEdge(const PixelLine& edge) { edges_.push_back(edge); }
-    /// A place that a text already has.
+    /// Marks a place as occupied by a text.
     void take(const PixelRect& bounds) { taken_.push_back(bounds); }
     PlacedText place(const DimensionLine& line);
 

@@ -22,7 +22,7 @@ bool holds(const Layout& node, const Control& control) {
            });
 }
 
-/// Where a layout has a control.
+/// Whether a control is in a layout: not at all, in a part that is currently not shown, or in a shown part.
 enum class Place { none, covered, open };
 
 Place placeOf(const Layout& node, const Control& control) {
@@ -53,8 +53,8 @@ bool looksEnabled(const Control& control) {
     return true;
 }
 
-// Chosen C-241: a control hidden by itself keeps its room, so that its neighbours stand still; one hidden with its
-// frame gives it back.
+// Chosen C-241: a control hidden on its own keeps its space, so that its neighbours do not move; one hidden with its
+// frame gives the space up.
 Standing standingOf(const Control& control, const std::vector<const Frame*>& enclosing) {
     bool frameShown = true;
     for (const Frame* frame = control.frame(); frame != nullptr; frame = frame->frame()) {

@@ -1,5 +1,5 @@
 #pragma once
-// What holds for a control on the screen, through its frames and the places that frames share.
+// State of a control on the screen, after its frames and shared places have been taken into account.
 
 #include <cstddef>
 #include <vector>
@@ -8,31 +8,31 @@
 
 namespace velmora::toolkit {
 
-/// Enabled by itself and by its frames. The form's own state is left out: a disabled form takes no input, yet its
-/// fields keep their looks.
+/// Enabled itself and through its frames. The form's own state is not considered: fields of a disabled form take no
+/// input but are not greyed.
 bool looksEnabled(const screen::Control& control);
 
-/// How the widget of a control stands.
+/// State of a control's widget.
 struct Standing {
     bool shown = true;
-    bool keepsRoom = false;  ///< while it is not shown its neighbours stay where they are
+    bool keepsRoom = false;  ///< when hidden, its neighbours do not move
 };
 
-/// `enclosing`: frames whose own widget lies around the control's and hides it by itself.
+/// `enclosing`: frames whose widget contains the control's widget and therefore hides it already.
 Standing standingOf(const screen::Control& control, const std::vector<const screen::Frame*>& enclosing);
 
-/// Whether the control stands in the frame, itself or through another frame.
+/// Whether the frame contains the control, directly or through another frame.
 bool standsIn(const screen::Control& control, const screen::Frame& frame);
 
-/// Whether anything of a node is visible: its control, or one of its children.
+/// Whether anything in a node is visible: its control or one of its children.
 bool isVisible(const screen::Layout& node);
 
-/// Which of the children that share one place is shown: the first visible one, by its position; their number when none
-/// is.
+/// Index of the shown child among children that share one place: the first visible one; their number when none is
+/// visible.
 std::size_t shownTurn(const screen::Layout& turns);
 
-/// Whether a person sees the control: visible by itself and through its frames, and not at a place whose turn another
-/// has. A control that the form's layout does not hold is seen when it is visible.
+/// Whether the user can see the control: visible itself and through its frames, and not in a shared place where another
+/// child is shown. A control outside the form's layout is seen when it is visible.
 bool isSeen(const screen::Control& control);
 
 }  // namespace velmora::toolkit

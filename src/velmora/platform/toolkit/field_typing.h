@@ -1,28 +1,27 @@
 #pragma once
-// A character on its way into a field of text: KeyPress, then the field's editor.
+// Typing a character into a text field: KeyPress first, then the editor of the field.
 
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/toolkit/key_stroke.h"
 
 namespace velmora::toolkit {
 
-/// The widget of a field as far as keys change its text. It knows where the caret stands and brings the text that
-/// results into the model.
+/// The editing operations of a field's widget. The widget knows the caret and writes the resulting text into the model.
 class TextEditor {
   public:
     virtual ~TextEditor() = default;
-    /// In the place of what is selected, else at the caret.
+    /// Replaces the selection, or inserts at the caret.
     virtual void insert(char32_t character) = 0;
-    /// What is selected, else the character before the caret.
+    /// Deletes the selection, or the character before the caret.
     virtual void erase() = 0;
-    /// A line break, in a field of several lines.
+    /// Inserts a line break; for fields of several lines.
     virtual void breakLine() = 0;
 };
 
-/// Types one character: the field's KeyPress sees it and may change or swallow it; a field that is not locked is then
-/// edited. Enter (13) breaks the line in a field of several lines and changes nothing in others, as Esc (27) and other
-/// control characters do nowhere. Gives back what KeyPress made of the character, 0 when it was swallowed. Nothing
-/// happens for the character 0.
+/// Types one character: the field's KeyPress may replace or discard it; then the field is edited unless it is locked.
+/// Enter (13) inserts a line break in a field of several lines and has no effect in others; Esc (27) and other control
+/// characters have no effect anywhere. Returns what KeyPress made of the character, 0 when it was discarded. The
+/// character 0 does nothing.
 char32_t typeInto(screen::TextBox& box, char32_t character, TextEditor& editor);
 
 }  // namespace velmora::toolkit

@@ -1,5 +1,5 @@
 #pragma once
-// How wide the columns of a grid stand.
+// Widths of a grid's columns.
 
 #include <functional>
 #include <string>
@@ -9,17 +9,17 @@
 
 namespace velmora::toolkit {
 
-/// Widths of columns and windows are told in twips; so many make a pixel at 100 %.
+/// Widths of columns and windows are given in twips. Twips per pixel at 100 %.
 inline constexpr int twipsPerPixel = 15;
 
 struct ColumnWidths {
-    std::vector<int> pixels;  ///< one a visible column
-    int stretching = -1;      ///< the column that takes the width that is left over; none: -1
+    std::vector<int> pixels;  ///< one per visible column
+    int stretching = -1;      ///< the column that takes the remaining width; none: -1
 };
 
-/// No column is narrower than its caption, nor one of dates than a date, which would look like another one when cut;
-/// both with `padding` pixels beside them. The widest column of text stretches, so that numbers stay together.
-/// `advance` tells the width of a text in the table's font, in pixels.
+/// A column is at least as wide as its caption, and a date column as a date, because a truncated date would read as
+/// another one; both plus `padding` pixels. The widest text column stretches, which keeps the number columns together.
+/// `advance` gives the width of a text in the table's font, in pixels.
 ColumnWidths columnWidths(const GridRows& rows, const std::function<int(const std::string&)>& advance, int padding);
 
 }  // namespace velmora::toolkit

@@ -8,13 +8,13 @@ namespace {
 
 using screen::DataGrid;
 
-/// The set that the grid shows; none when it has no rows.
+/// The set that the grid shows; nullopt when it has no rows.
 std::optional<sql::Recordset> rowsOf(const DataGrid& grid) {
     const sql::Recordset& rows = grid.recordset();
     return rows.isOpen() && rows.hasRows() ? std::optional(rows) : std::nullopt;
 }
 
-/// The last row there is between one that is there and another below it.
+/// The last existing row from `from`, which exists, up to `to`.
 std::size_t lastRowUpTo(const sql::Recordset& rows, std::size_t from, std::size_t to) {
     while (to > from && rows.peek(to) == nullptr) {
         --to;

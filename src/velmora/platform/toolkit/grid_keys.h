@@ -1,5 +1,5 @@
 #pragma once
-// What keys do in a grid. The grid's current row is its recordset's, so that every step tells the set's listeners.
+// Keys in a grid. The grid's current row is its recordset's, so every move notifies the set's listeners.
 
 #include <cstddef>
 #include <optional>
@@ -9,11 +9,11 @@
 
 namespace velmora::toolkit {
 
-/// Where the arrow keys, Page Up, Page Down, Home and End take the current row.
+/// Moves of the current row by the arrow keys, Page Up, Page Down, Home and End.
 enum class RowMove { up, down, pageUp, pageDown, first, last };
 
-/// Moves the current row; `page` is the number of rows that a page has. Steps stop at the first and the last row, and
-/// with no current row go to the first; the set finds its own last row. Nothing happens in a grid without rows. Errors:
+/// Moves the current row; `page` is the number of rows per page. Moves stop at the first and the last row; without a
+/// current row they go to the first. The set determines its own last row. Does nothing in a grid without rows. Errors:
 /// the set's.
 void moveRow(screen::DataGrid& grid, RowMove move, std::size_t page = 1);
 
@@ -21,9 +21,9 @@ void moveRow(screen::DataGrid& grid, RowMove move, std::size_t page = 1);
 /// shows no buttons or there is no row.
 bool pressCell(screen::DataGrid& grid, std::size_t column);
 
-/// A key that the form has let through: Space presses the button of the cell that the user stands in, every other key
-/// goes to the grid's KeyDown. `column` is that cell's, an index into the grid's columns; none where the toolkit has no
-/// such cell: then Space is a key like any other.
+/// A key that the form has let through: Space presses the button of the user's cell, every other key goes to the grid's
+/// KeyDown. `column` is the column of that cell, an index into the grid's columns; nullopt where the toolkit has no
+/// current cell: Space is then an ordinary key.
 void keyInGrid(screen::DataGrid& grid, const KeyStroke& stroke, std::optional<std::size_t> column);
 
 }  // namespace velmora::toolkit

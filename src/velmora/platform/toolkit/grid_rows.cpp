@@ -17,7 +17,7 @@ void GridRows::restart() {
     known_ = {.rows = 0, .complete = !grid_.recordset().isOpen()};
 }
 
-// The last row of the wanted ones is asked for first: when it is there, so are all before it.
+// The last of the wanted rows is read first: if it exists, so do all before it.
 GridRows::Known GridRows::reach(std::size_t rows) const {
     if (known_.complete || rows <= known_.rows) {
         return known_;
@@ -28,7 +28,7 @@ GridRows::Known GridRows::reach(std::size_t rows) const {
     return {.rows = countBetween(known_.rows, rows), .complete = true};
 }
 
-/// The count of a set of which the first `known` rows are there and the row at `missing` - 1 is not.
+/// Binary search for the number of rows: the first `known` rows exist, the row at `missing` - 1 does not.
 std::size_t GridRows::countBetween(std::size_t known, std::size_t missing) const {
     while (known < missing) {
         const std::size_t middle = known + (missing - known) / 2;
@@ -65,7 +65,7 @@ std::string GridRows::text(std::size_t row, std::size_t column) const {
     }
 }
 
-// One failure is told once, not once a cell.
+// An error is reported once, not once per cell.
 void GridRows::failed() const {
     if (!std::exchange(failed_, true)) {
         report_(std::current_exception());

@@ -1,5 +1,5 @@
 #pragma once
-// The rows of a grid for a toolkit's table, read as they come into sight.
+// The rows of a grid for a toolkit's table, read when they are scrolled into view.
 
 #include <cstddef>
 #include <exception>
@@ -12,41 +12,40 @@
 
 namespace velmora::toolkit {
 
-/// Chosen C-242: it knows as many rows as have been asked for so far, a chunk at a time, and whether there are more: a
-/// set of a million rows is neither counted nor loaded when it opens, and its count reads "más de" until its end is
-/// seen.
+/// Chosen C-242: only the rows asked for so far are known, a chunk at a time, and whether there are more: a set of a
+/// million rows is neither counted nor loaded on opening, and its count reads "más de" until the end has been reached.
 class GridRows {
   public:
-    /// Rows that are asked for at once.
+    /// Number of rows read at once.
     static constexpr std::size_t chunk = 256;
 
-    /// How much is known of the set.
+    /// What is known of the set so far.
     struct Known {
         std::size_t rows = 0;
-        bool complete = true;  ///< `rows` are all there are
+        bool complete = true;  ///< true when `rows` is the number of all rows
     };
 
     using Report = std::function<void(std::exception_ptr)>;
 
-    /// `report` is given the first error that reading the set raises after each restart; from then on the cells are
-    /// empty.
+    /// `report` receives the first error raised while reading the set after each restart; the cells are empty from then
+    /// on.
     GridRows(const screen::DataGrid& grid, Report report) : grid_(grid), report_(std::move(report)) {}
 
-    /// The grid has other columns or other rows: forgets everything and knows no row.
+    /// Columns or rows of the grid have changed: forgets all rows.
     void restart();
 
     const Known& known() const { return known_; }
-    /// What would be known once so many rows have been asked for. Takes effect with `take`, so that a table can be told
-    /// before.
+    /// What will be known once `rows` rows have been asked for. Takes effect with `take`, so that a table can announce
+    /// new rows before they exist.
     Known reach(std::size_t rows) const;
     void take(const Known& known) { known_ = known; }
 
-    /// The visible columns, from 0.
+    /// Number of visible columns.
     std::size_t columnCount() const { return shown_.size(); }
-    /// Their index into the grid's columns.
+    /// Converts the index of a visible column to an index into the grid's columns.
     std::size_t gridColumn(std::size_t column) const { return shown_[column]; }
     const screen::GridColumn& shape(std::size_t column) const { return grid_.columns()[shown_[column]]; }
-    /// A cell as shown; empty when it could not be read.
+    /// The text of a cell; empty when it could not be read.
     std::string text(std::size_t row, std::size_t column) const;
 
   private:
@@ -61,7 +60,7 @@ class GridRows {
     mutable bool failed_ = false;
 };
 
-/// What stands below a grid: "Fila 3 de más de 256 filas"; without a current row "1.240 filas".
+/// The text below a grid: "Fila 3 de más de 256 filas"; without a current row "1.240 filas".
 std::string countText(std::optional<std::size_t> currentRow, const GridRows::Known& known);
 
 }  // namespace velmora::toolkit

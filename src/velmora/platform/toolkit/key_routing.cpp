@@ -20,14 +20,15 @@ bool routeKey(Form& form, const KeyStroke& stroke, const ControlKeys& control) {
     if (stroke.key == Key::none) {
         return false;
     }
-    // Chosen C-244: the Tab key moves the focus and is not shown to the form, as in the host's screens.
+    // Chosen C-244: Tab moves the focus and does not reach the form's KeyDown, as on the host's screens.
     if (stroke.key == Key::tab) {
         moveByTab(form, stroke.shift);
         return true;
     }
     const screen::Control* before = form.activeControl();
     const Key became = form.keyDown(stroke.key, stroke.shift);
-    // Chosen C-300: a key whose KeyDown moved the focus has done its work; the field that was reached does not see it.
+    // Chosen C-300: when KeyDown has moved the focus, the key is consumed; the control that received the focus does not
+    // see it.
     if (became == Key::none || !form.takesInput() || form.activeControl() != before) {
         return true;
     }

@@ -1,5 +1,5 @@
 #pragma once
-// The road of a key: the tab order, the form, then the control that has the focus.
+// How a key is routed: the tab order, the form, then the control with the focus.
 
 #include <functional>
 
@@ -8,19 +8,19 @@
 
 namespace velmora::toolkit {
 
-/// What the control that has the focus does with a key that the form has let through. False leaves the key to the
-/// toolkit's own widget.
+/// Handles a key that the form has let through, for the control with the focus. False leaves the key to the toolkit's
+/// own widget.
 using ControlKeys = std::function<bool(const KeyStroke&)>;
 
-/// Takes one key along its road. True when it is used up; false when the toolkit's own widget may have it.
+/// Routes one key. True when it is consumed; false when the toolkit's own widget may have it.
 ///
-/// 1. While the form is disabled or unloaded the key is used up and nobody sees it.
-/// 2. Tab moves the focus in the tab order, with Shift backwards. The form does not see it.
-/// 3. The form's KeyDown sees the key and may turn it into another or swallow it. A key that it turned into Tab moves
-///    the focus. One during which the focus moved or the form was unloaded is used up.
-/// 4. The control sees what the key has become, with the character that belongs to it.
+/// 1. While the form is disabled or unloaded the key is consumed without any handler being called.
+/// 2. Tab moves the focus in the tab order, with Shift backwards. The form's KeyDown is not called.
+/// 3. The form's KeyDown may replace the key or discard it. A key replaced by Tab moves the focus. A key is consumed
+///    when the focus moved or the form was unloaded meanwhile.
+/// 4. The control receives the resulting key with its character.
 ///
-/// Errors of the handlers pass through.
+/// Errors of the handlers propagate.
 bool routeKey(screen::Form& form, const KeyStroke& stroke, const ControlKeys& control);
 
 }  // namespace velmora::toolkit

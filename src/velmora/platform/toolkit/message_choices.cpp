@@ -28,8 +28,8 @@ std::vector<Choice> choicesOf(Buttons buttons) {
     return {ok};
 }
 
-// Chosen C-240: Esc presses the last button, the mildest one: OK, No, Cancel. A box with Yes and No that could not be
-// left by Esc would hold a user who expects it everywhere.
+// Chosen C-240: Esc presses the last button, which is the one without consequences: OK, No or Cancel. Without this rule
+// a box with Yes and No could not be closed with Esc.
 Answer answerOfEscape(Buttons buttons) {
     return choicesOf(buttons).back().answer;
 }

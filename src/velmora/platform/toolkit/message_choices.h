@@ -8,18 +8,18 @@
 
 namespace velmora::toolkit {
 
-/// The title of a box that brings none.
+/// The title of a box without a title of its own.
 inline constexpr std::string_view programTitle = "VELMORA";
 
 struct Choice {
     screen::Answer answer;
-    std::string_view caption;  ///< "&" before the letter that presses the button, with Alt or without
+    std::string_view caption;  ///< "&" marks the letter that presses the button, with or without Alt
 };
 
-/// From left to right; never empty. Enter presses the box's default button, Esc the last one.
+/// From left to right; never empty. Enter presses the default button of the box, Esc the last one.
 std::vector<Choice> choicesOf(screen::Buttons buttons);
 
-/// What Esc, or closing the window, answers.
+/// The answer when Esc is pressed or the window is closed.
 screen::Answer answerOfEscape(screen::Buttons buttons);
 
 /// Whether the box has a button for the answer.

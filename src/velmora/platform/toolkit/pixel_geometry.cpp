@@ -4,12 +4,12 @@ namespace velmora::toolkit {
 
 namespace {
 
-/// The part of a line, from 0 at its start to 1 at its end, that is left after cutting.
+/// The part of a line that remains after clipping, from 0 at its start to 1 at its end.
 struct Part {
     double from = 0;
     double to = 1;
 
-    /// Cuts away what lies outside of one pair of parallel edges.
+    /// Clips to the inside of one pair of parallel edges.
     void cut(double start, double extent, double low, double high) {
         if (extent == 0) {
             if (start < low || start > high) {

@@ -1,5 +1,5 @@
 #pragma once
-// Points, lines and rectangles of a canvas. Units are pixels (or the units of a paper), y points downward.
+// Points, lines and rectangles on a canvas. Units are pixels (or the units of a sheet of paper); y points downward.
 
 #include <algorithm>
 #include <cmath>
@@ -28,13 +28,13 @@ inline double distance(PixelPoint from, PixelPoint to) {
     return std::hypot(to.x - from.x, to.y - from.y);
 }
 
-/// The direction from one point to another, of length 1; to the right when they are one.
+/// The unit vector from one point to another; to the right when they coincide.
 inline PixelPoint direction(PixelPoint from, PixelPoint to) {
     const double length = distance(from, to);
     return length > 0 ? PixelPoint{(to.x - from.x) / length, (to.y - from.y) / length} : PixelPoint{1, 0};
 }
 
-/// A direction turned to its left, as one sees it on the canvas.
+/// A direction turned to its left as seen on the canvas.
 constexpr PixelPoint leftOf(PixelPoint direction) {
     return {direction.y, -direction.x};
 }
@@ -66,7 +66,7 @@ struct PixelRect {
     constexpr bool contains(const PixelRect& r) const {
         return r.left >= left && r.right() <= right() && r.top >= top && r.bottom() <= bottom();
     }
-    /// Whether the insides meet; neighbours that share an edge do not.
+    /// Whether the interiors intersect; rectangles that share only an edge do not.
     constexpr bool overlaps(const PixelRect& r) const {
         return left < r.right() && r.left < right() && top < r.bottom() && r.top < bottom();
     }

@@ -20,12 +20,12 @@ constexpr double margin = 10;
 constexpr double arrowHalfWidth = 2.6;
 constexpr double extensionGap = 2;
 constexpr double extensionOvershoot = 4;
-constexpr double outsideReach = 2.2 * arrowLength;  ///< of a line whose arrows stand outside
+constexpr double outsideReach = 2.2 * arrowLength;  ///< length beyond the end of a line whose arrows are outside
 constexpr double hatchSpacing = 7;
-/// How far the control points of an arc may lie from its chord, both together, before the arc is halved.
+/// Largest distance in pixels of an arc's control points from its chord, both together; above it the arc is halved.
 constexpr double flatness = 0.5;
 
-/// An arc as straight edges: halved as long as it bends away from its chord by more than the eye sees.
+/// Flattens an arc into straight edges: it is halved until the deviation from its chord is not visible.
 class FlattenedArc {
   public:
     FlattenedArc(PixelPoint centre, double radius, TextPlacing& placing)
@@ -79,7 +79,7 @@ class Planner {
                 std::visit([this](const auto& s) { add(s); }, *shape);
             }
         }
-        // Dimensions last: their texts look for a place that the piece leaves free.
+        // Dimensions last: their texts are placed where the piece leaves space.
         for (const Shape* shape : shapes_) {
             if (const auto* dimension = std::get_if<Dimension>(shape)) {
                 add(*dimension);
@@ -147,7 +147,7 @@ class Planner {
         PlannedDimension planned;
         addExtension(line.from, line.start, planned);
         addExtension(line.to, line.end, planned);
-        // Arrows that have no room between the extension lines stand outside and point inwards.
+        // Arrows that do not fit between the extension lines are drawn outside, pointing inwards.
         const bool inside = line.hasRoom();
         const PixelPoint reach = inside ? PixelPoint{} : along * outsideReach;
         planned.lines.push_back({line.start - reach, line.end + reach});

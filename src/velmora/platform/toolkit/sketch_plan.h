@@ -1,5 +1,5 @@
 #pragma once
-// A technical drawing made ready to be stroked: scaled to fit its canvas, dimensions worked out, texts placed.
+// A technical drawing prepared for painting: scaled to its canvas, dimensions computed, texts placed.
 
 #include <array>
 #include <optional>
@@ -27,11 +27,11 @@ struct PlannedCircle {
     screen::Fill fill = screen::Fill::none;
 };
 
-/// The three corners of an arrow head, its tip first.
+/// The three corners of an arrow head, the tip first.
 using ArrowHead = std::array<PixelPoint, 3>;
 
 struct PlannedDimension {
-    std::vector<PixelLine> lines;  ///< extension lines and the dimension line, with the pen for dimensions
+    std::vector<PixelLine> lines;  ///< extension lines and dimension line, drawn with the dimension pen
     std::array<ArrowHead, 2> arrows;
     std::optional<PlacedText> text;
 };
@@ -40,17 +40,17 @@ struct PlannedDimension {
 using PlannedShape = std::variant<PlannedPath, PlannedCircle, PlacedText, PlannedDimension>;
 
 struct SketchPlan {
-    std::vector<PlannedShape> shapes;  ///< to be painted in this order
+    std::vector<PlannedShape> shapes;  ///< in painting order
 };
 
-/// Scales the drawing to fill the canvas, less a margin, with its texts, which keep their size; a tiny piece is not
-/// blown up beyond 12 pixels a millimetre. Dimensions come last; those whose label `labels` does not hold are left out,
-/// with the paths that belong to them.
+/// Scales the drawing and its texts, whose size is fixed, to fill the canvas less a margin; never above 12 pixels per
+/// millimetre, so that a tiny piece stays small. Dimensions come last; a dimension whose label is missing in `labels`
+/// is left out, with the paths that belong to it.
 SketchPlan planSketch(const screen::Drawing& drawing, const LabelTexts& labels, const PixelRect& canvas,
                       const MeasureText& measure);
 
-/// The lines of the hatch behind a section with these bounds, to be clipped by its outline. All sections of a canvas
-/// share one raster, so that neighbouring ones hatch alike.
+/// The hatch lines behind a section with these bounds, to be clipped to its outline. All sections of a canvas share one
+/// raster, so that the hatches of neighbouring ones are aligned.
 std::vector<PixelLine> hatchLines(const PixelRect& bounds);
 
 }  // namespace velmora::toolkit

@@ -6,10 +6,10 @@ namespace velmora::toolkit {
 
 namespace {
 
-constexpr double largestScale = 12;  ///< pixels a millimetre
-constexpr int halvings = 40;         ///< of the interval that holds the largest scale that fits
+constexpr double largestScale = 12;  ///< pixels per millimetre
+constexpr int halvings = 40;         ///< steps of the bisection that finds the largest scale
 
-/// The rectangle around shapes and texts at one scale.
+/// The bounding rectangle of shapes and texts at one scale.
 class Extent {
   public:
     Extent(const SketchScale& scale, const LabelTexts& labels, const MeasureText& measure)
@@ -61,7 +61,7 @@ DimensionLine lineOf(const screen::Dimension& dimension, const SketchScale& scal
             .place = dimension.place};
 }
 
-// Texts keep their size while the piece is scaled, so the scale is searched for, not computed.
+// Text size does not scale with the piece, so the scale is found by bisection.
 SketchScale fittingScale(const std::vector<const screen::Shape*>& shapes, const LabelTexts& labels,
                          const PixelRect& room, const MeasureText& measure) {
     const auto extent = [&](double pixelsPerMillimetre) {

@@ -1,5 +1,5 @@
 #pragma once
-// How a drawing in millimetres comes to lie on a canvas of pixels.
+// Scaling of a drawing in millimetres to a canvas in pixels.
 
 #include <vector>
 
@@ -10,7 +10,7 @@
 
 namespace velmora::toolkit {
 
-/// From the drawing's millimetres, y upward, to the canvas.
+/// Converts the drawing's millimetres, y upward, to the canvas.
 struct SketchScale {
     double pixelsPerMillimetre = 1;
     PixelPoint shift;
@@ -20,11 +20,11 @@ struct SketchScale {
     }
 };
 
-/// The dimension's line on the canvas, with the text that it shows.
+/// The dimension's line on the canvas, with its text.
 DimensionLine lineOf(const screen::Dimension& dimension, const SketchScale& scale, const LabelTexts& labels);
 
-/// The largest scale, up to 12 pixels a millimetre, at which the shapes and their texts fit into the room, with their
-/// middle in its middle.
+/// The largest scale, at most 12 pixels per millimetre, at which the shapes and their texts fit into the area, centred
+/// in it.
 SketchScale fittingScale(const std::vector<const screen::Shape*>& shapes, const LabelTexts& labels,
                          const PixelRect& room, const MeasureText& measure);
 

@@ -1,5 +1,5 @@
 #pragma once
-// Colours and pens of technical drawings, the same on every toolkit and on paper. Colours are 0xRRGGBB.
+// Colours and pens of technical drawings, shared by all toolkits and the printed sheet. Colours are 0xRRGGBB.
 
 #include <array>
 #include <cstdint>
@@ -24,7 +24,7 @@ inline constexpr double hatchWidth = 0.8;
 struct PenStyle {
     Rgb color = ink;
     double width = 0;                     ///< pixels
-    std::span<const double> dashes = {};  ///< stroke, gap, stroke … in widths of the pen; empty: solid
+    std::span<const double> dashes = {};  ///< stroke, gap, stroke … in multiples of the pen width; empty: solid
 };
 
 inline constexpr std::array<double, 4> chain{14, 4, 2, 4};

@@ -1,5 +1,5 @@
 #pragma once
-// The texts on a sketch: value labels, and what the dimensions show of them.
+// Texts on a sketch: value labels and dimension texts.
 
 #include <map>
 #include <string>
@@ -9,16 +9,17 @@
 
 namespace velmora::toolkit {
 
-/// The text at a drawing's numbered places. A place that is missing here has its dimension left out.
+/// The text of each numbered label. A dimension whose label is missing here is left out.
 using LabelTexts = std::map<int, std::string>;
 
-/// The texts of the labels that are visible.
+/// The texts of the visible labels.
 LabelTexts labelTextsOf(const screen::Sketch& sketch);
 
-/// What a dimension shows: its caption before its label's text, and that text alone when it begins with a letter.
+/// The text of a dimension: its caption followed by its label's text, or that text alone when it begins with a letter.
 std::string shownText(const screen::Dimension& dimension, const LabelTexts& labels);
 
-/// The visible labels with their names, "Diametro exterior 83; Ancho 21": the sketch for assistive technology.
+/// The visible labels with their names, "Diametro exterior 83; Ancho 21": the description of the sketch for assistive
+/// technology.
 std::string spokenMeasures(const screen::Sketch& sketch);
 
 }  // namespace velmora::toolkit

@@ -16,7 +16,7 @@ bool UserActions::turnTo(screen::Control& control) {
     return form_.activeControl() == &control && control.canTakeFocus();
 }
 
-// The error is shown outside of the handler: a box runs for as long as the user likes.
+// The error is shown after the handler has been left, because the message box runs an event loop.
 void UserActions::guarded(const std::function<void()>& action) {
     std::exception_ptr error;
     try {

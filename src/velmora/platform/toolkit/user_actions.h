@@ -1,5 +1,5 @@
 #pragma once
-// What the user does on a form, and what has to follow it.
+// Actions of the user on a form and their follow-up: focus, keyboard, errors.
 
 #include <exception>
 #include <functional>
@@ -8,27 +8,27 @@
 
 namespace velmora::toolkit {
 
-/// What a toolkit's window does for the actions on its form.
+/// What a toolkit's window implements for the actions on its form.
 class ActionWindow {
   public:
     virtual ~ActionWindow() = default;
-    /// Shows the error to the user; returns when he has seen it.
+    /// Shows the error to the user; returns when the user has closed the message.
     virtual void showError(std::exception_ptr error) = 0;
-    /// Puts the keyboard where the model has the focus.
+    /// Moves the keyboard focus to the control that has the focus in the model.
     virtual void moveKeyboard() = 0;
 };
 
-/// Runs the user's actions on one form. Actions nest: one can open a box in which the user goes on. When the outermost
-/// has ended, an active control that has been hidden or disabled meanwhile gives the focus on to the next stop of the
-/// tab order, then the keyboard moves. An error of an action, and of each thing that follows it, is shown, and the
-/// program goes on.
+/// Runs the user's actions on one form. Actions nest: one can open a box in which the user continues. At the end of the
+/// outermost one, an active control that has been hidden or disabled meanwhile passes the focus on to the next stop of
+/// the tab order, then the keyboard focus follows. Errors of an action and of each follow-up step are shown, and the
+/// program continues.
 class UserActions {
   public:
-    /// Form and window must outlive it.
+    /// Form and window must outlive this object.
     UserActions(screen::Form& form, ActionWindow& window) : form_(form), window_(window) {}
 
     void run(const std::function<void()>& action);
-    /// Inside an action: the user turns to the control. False when the focus did not get there or did not stay.
+    /// Inside an action: moves the focus to the control. False when the focus did not get there or did not stay.
     bool turnTo(screen::Control& control);
 
   private:
