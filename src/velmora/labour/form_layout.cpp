@@ -1,4 +1,4 @@
-// How the labour form looks: captions that never change, the arrangement, and the order of the Tab key.
+// Layout of the labour form: fixed captions, the arrangement, and the tab order.
 
 #include "velmora/labour/frm_mano_obra.h"
 
@@ -32,7 +32,7 @@ Layout number(std::string caption, screen::TextBox& box, int width = numberWidth
 }
 
 Layout actions(LineFields& f) {
-    // An empty row stands in for the actions while a line is typed, so that nothing below moves.
+    // An empty row takes the place of the actions while a line is edited, so that nothing below moves.
     return lay::takeTurns(lay::group(f.fraAcciones, lay::row(lay::plain(f.cmdNuevaLinea), lay::plain(f.cmdEditarLinea),
                                                              lay::plain(f.cmdEliminarLinea))),
                           lay::row(lay::space()));
@@ -58,7 +58,8 @@ Layout line(LineFields& f) {
                      lay::plain(f.cmdCancelar))));
 }
 
-/// What the line only shows cannot be entered, whatever its frame is: leaving it would turn its words into "0".
+/// Fields that only display are disabled even when their frame is enabled: leaving such a field would turn its text
+/// into "0".
 void closeWhatIsShown(LineFields& f) {
     for (const int shown : {int{machineName}, int{section}, int{amount}, int{minutePrice}}) {
         f.txtLinea(shown).setEnabled(false);
@@ -77,7 +78,7 @@ void frmManoObra::arrange() {
     setLayout(lay::column(lay::plain(f_.DataGrid1).stretched(),
                           lay::row(actions(f_), lay::space(), lay::field("Total", f_.Label2).number().as(Role::total)),
                           line(f_), lay::row(lay::space(), lay::plain(f_.cmdSalir))));
-    // The list comes first: entering and leaving the machine would choose its first operator.
+    // The list comes first: entering and leaving the machine field would select the machine's first operator.
     setTabOrder({&f_.DataGrid1, &f_.cmdNuevaLinea, &f_.cmdEditarLinea, &f_.cmdEliminarLinea, &f_.txtLinea(machine),
                  &f_.cboOperarios, &f_.txtLinea(hourPrice), &f_.txtLinea(minutes), &f_.cmdGrabarLinea, &f_.cmdCancelar,
                  &f_.cmdBuscarMaquina, &f_.cmdSalir});

@@ -10,7 +10,7 @@ using screen::TextBox;
 
 namespace {
 
-// The caption of fraLinea tells what a save will do.
+// The captions of fraLinea: they tell what a save will do.
 constexpr const char* opened = "Edición de linea";
 constexpr const char* adding = "Nueva Linea";
 constexpr const char* editing = "Editar Linea";
@@ -57,8 +57,8 @@ void frmManoObra::wire() {
 }
 
 void frmManoObra::Form_Activate() {
-    // Kept K-102: a form that may change lines opens with the line enabled, before any button was pressed; a save at
-    // that moment changes the current line, which people use to correct the minutes at once.
+    // Kept K-102: a form that may change lines opens with the line enabled, before any button is pressed; a save then
+    // updates the current line. Required as it is; it determines what is stored.
     f_.fraAcciones.setEnabled(bModificable);
     f_.fraLinea.setEnabled(bModificable);
 }
@@ -129,7 +129,7 @@ void frmManoObra::deleteLine() {
     }
 }
 
-// Differs D-104: a line is looked at, with its proposal, before it is deleted, as before it is stored.
+// Differs D-104: the line and its proposal are read again before a delete, as before a save.
 void frmManoObra::deleteRow(const sql::Recordset& line) {
     session_.Connection().execute("Delete from modpi where modpi_id = " + line["modpi_id"].toText());
 }

@@ -1,5 +1,5 @@
 #pragma once
-// The labour of one proposal: a line for a machine, an operator and a time. The sum goes back through the database.
+// The labour of one proposal: a line per machine, operator and time. The caller reads the sum from the database.
 
 #include <cstdint>
 
@@ -14,12 +14,12 @@
 
 namespace velmora::labour {
 
-/// Who opens it sets nIdDpi and bModificable, calls msCargarLineas and shows it modally.
+/// The caller sets nIdDpi and bModificable, calls msCargarLineas and shows the form modally.
 class frmManoObra : public screen::Form {
   public:
     frmManoObra(session::Session& session, platform::Desk& desk);
 
-    std::int32_t nIdDpi = 0;    ///< the proposal
+    std::int32_t nIdDpi = 0;    ///< DPI_ID of the proposal
     bool bModificable = false;  ///< lines may be added, changed and deleted
 
     /// Lists the lines of nIdDpi and their sum. Errors: the database's.

@@ -12,7 +12,7 @@ using runtime::CStr;
 
 namespace {
 
-/// By position in MoDpi, whose own columns come first; the last three are the names that the statement looks up.
+/// By position in MoDpi, whose own columns come first; the last three are the names looked up by the statement.
 std::vector<screen::GridColumn> columns() {
     return {
         {.field = 0, .caption = "MoDpi_Id", .visible = false},
@@ -58,7 +58,7 @@ void LineList::msCargarTotal(std::int32_t nIdDpi) {
 
 const sql::Recordset& LineList::current() const {
     if (!current_.isOpen()) {
-        static_cast<void>((*rsMo_)["modpi_id"]);  // the list's own error tells that there is none
+        static_cast<void>((*rsMo_)["modpi_id"]);  // raises the list's own error when there is no current row
     }
     return current_;
 }
@@ -71,8 +71,8 @@ void LineList::rsMo_MoveComplete() {
     current_ = sql::keptRow(*rsMo_);
     f_.txtLinea(machine).setText(current_["modpi_maq"].toText());
     machines_.msCargarMaquina(current_["modpi_maq"].toLong());
-    // Kept K-104: an old line is shown at the operator's price of today, and saving it stores that price; it is how
-    // prices of waiting proposals are brought up to date.
+    // Kept K-104: a stored line is shown with the operator's current price, and saving it stores that price. Required
+    // as it is; it determines stored prices.
     machines_.choose(current_["MoDpi_Ope"].toLong());
     f_.txtLinea(minutes).setText(current_["MoDpi_Minutos"].toText());
     machines_.txtLinea_LostFocus(minutes);

@@ -1,5 +1,5 @@
 #pragma once
-// The lines of a proposal in the grid, their sum, and the line under the cursor in the fields below.
+// The lines of a proposal in the grid, their sum, and the current line in the fields below.
 
 #include <cstdint>
 
@@ -14,7 +14,7 @@ class LineList {
   public:
     LineList(LineFields& fields, MachineAndOperators& machines, session::Session& session);
 
-    /// Lists the lines of a proposal, in no order of its own, and their sum. Errors: the database's.
+    /// Lists the lines of a proposal, in no particular order, and their sum. Errors: the database's.
     void msCargarLineas(std::int32_t nIdDpi);
 
     /// Shows the sum of the lines of a proposal. Errors: the database's.
@@ -22,7 +22,7 @@ class LineList {
 
     /// True when the list is open and holds at least one line.
     bool hasLines() const { return rsMo_->isOpen() && rsMo_->hasRows(); }
-    /// The line under the cursor as it was read when it came there, all columns. Error 3021 without one.
+    /// The current line with all columns, as read when it became the current one. Error 3021 when there is none.
     const sql::Recordset& current() const;
 
   private:

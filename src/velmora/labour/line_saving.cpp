@@ -23,7 +23,7 @@ bool LineSaving::isComplete() {
     if (operatorOf(f_.cboOperPvp.text()) < 1) {
         return refuse("Falta Operario", machine);
     }
-    // No minutes at all are minutes too: a line may wait for its time.
+    // Zero minutes are valid: the time of a line may be entered later.
     return runtime::IsNumeric(f_.txtLinea(minutes).text()) || refuse("Falta valor Minutos", minutes);
 }
 
@@ -33,9 +33,9 @@ bool LineSaving::refuse(const char* message, Line field) {
     return false;
 }
 
-// Differs D-103: inside the transaction the proposal and the line are looked at first: for a proposal that was accepted
-// or deleted since the form opened no line is stored, and a line that another user has changed only when this one says
-// so. What was typed stays.
+// Differs D-103: the proposal and the line are read again inside the transaction: no line is stored for a proposal that
+// was accepted or deleted since the form opened, and a line changed by another user is overwritten only after a
+// confirmation. What was typed stays.
 bool LineSaving::save(std::int32_t nIdDpi, const sql::Recordset& shown) {
     return writing_.run({.nIdDpi = nIdDpi, .line = shown, .question = "¿Desea grabar encima de sus cambios?"},
                         [&] { write(nIdDpi, shown); });
@@ -62,8 +62,8 @@ void LineSaving::write(std::int32_t nIdDpi, const sql::Recordset& shown) {
         session_.Insertar(error, correcto);
     }
     if (!correcto) {
-        // Chosen C-101: the session answers a refusal with a text; it goes up as the error that it is, and the line
-        // stays open with all that was typed.
+        // Chosen C-101: the session reports a refusal as a text; it is raised as an error, and the line stays open with
+        // everything typed.
         throw sql::DbError(sql::provider::failure, error);
     }
 }

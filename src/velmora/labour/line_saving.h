@@ -1,5 +1,5 @@
 #pragma once
-// One line of labour written to MoDpi.
+// Writes one line of labour to MoDpi.
 
 #include <cstdint>
 #include <string>
@@ -16,12 +16,12 @@ class LineSaving {
     LineSaving(LineFields& fields, LineWriting& writing, session::Session& session, screen::Screen& screen)
         : f_(fields), writing_(writing), session_(session), screen_(screen) {}
 
-    /// True when the line can be stored; else tells what is missing and leads to it.
+    /// True when the line can be stored; otherwise shows what is missing and moves the focus there.
     bool isComplete();
 
-    /// Stores the line for a proposal: a new row when `shown`, the line on the screen as it was read, is closed. False
-    /// when it was not stored for what another user had done to proposal or line; the user has been told. Errors: the
-    /// refusal of the write.
+    /// Stores the line for a proposal: inserts a row when `shown`, the line on the screen as it was read, is closed.
+    /// False when it was not stored because of another user's change of the proposal or the line; the user has been
+    /// informed. Errors: the refusal of the write.
     bool save(std::int32_t nIdDpi, const sql::Recordset& shown);
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// A line of labour written in a transaction of its own, once its proposal and the line itself were looked at.
+// Writes a line of labour in a transaction of its own, after reading its proposal and the line itself again.
 
 #include <cstdint>
 #include <functional>
@@ -16,13 +16,14 @@ class LineWriting {
     LineWriting(session::Session& session, screen::Screen& screen) : session_(session), screen_(screen) {}
 
     struct Target {
-        std::int32_t nIdDpi = 0;  ///< the proposal
-        sql::Recordset line{};    ///< the line as the user has it on the screen; closed for a new one
-        const char* question;     ///< what to do all the same with a line that another user has changed
+        std::int32_t nIdDpi = 0;  ///< DPI_ID of the proposal
+        sql::Recordset line{};    ///< the line as the user sees it; closed for a new one
+        const char* question;     ///< asked before overwriting a line that another user has changed
     };
 
-    /// Runs the write. False when nothing was written, which the user knows: the proposal was accepted or deleted, the
-    /// line deleted, or changed and left so. Errors: the write's, the database's; nothing is written then.
+    /// Runs the write. False when nothing was written and the user has been informed: the proposal was accepted or
+    /// deleted, the line was deleted, or it was changed and the user did not overwrite it. Errors: those of the write
+    /// and the database; nothing is written then.
     bool run(const Target& target, const std::function<void()>& write);
 
   private:
@@ -30,7 +31,7 @@ class LineWriting {
 
     session::Session& session_;
     screen::Screen& screen_;
-    std::string reason_;  ///< why the last look found nothing to write on
+    std::string reason_;  ///< why the last check did not allow the write
 };
 
 }  // namespace velmora::labour

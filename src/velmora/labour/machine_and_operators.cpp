@@ -121,8 +121,8 @@ void MachineAndOperators::cboOperarios_Click() {
     double price = 0;
     trap([&] { price = runtime::CDbl(priceOf(entry)); });
     if (price == 0) {
-        // Kept K-100: an operator without a price leaves the amount of the line as the operator before made it, until
-        // the minutes are left again.
+        // Kept K-100: an operator without a price leaves the amount of the line as computed for the operator before,
+        // until the minutes field is left. Required as it is; it determines stored amounts.
         for (const int field : {hourPrice, minutePrice}) {
             f_.txtLinea(field).setText("0");
         }
@@ -142,8 +142,9 @@ void MachineAndOperators::txtLinea_LostFocus(int Index) {
     }
     oUtil_.SalirCampo(box);
     if (Index == machine) {
-        // Kept K-101: passing through the machine while a line is edited goes back to the machine's first operator;
-        // a machine typed over with itself refreshes operators and prices by this.
+        // Kept K-101: passing through the machine field while a line is edited selects the machine's first operator
+        // again; entering the same machine again refreshes operators and prices in this way. Required as it is; it
+        // determines the stored operator.
         msCargarMaquina(runtime::CLng(box.text()));
     } else if (Index == minutes) {
         workOutAmount();
@@ -155,7 +156,7 @@ void MachineAndOperators::workOutAmount() {
     if (!runtime::IsNumeric(f_.txtLinea(minutePrice).text())) {
         f_.txtLinea(minutePrice).setText("0");
     }
-    // From the quotient, not from the price per minute on show, which is rounded.
+    // Computed from the quotient, not from the displayed price per minute, which is rounded.
     const double perMinute = runtime::CDbl(f_.txtLinea(hourPrice).text()) / minutesOfAnHour;
     f_.txtLinea(amount).setText(CStr(oUtil_.Redondear(runtime::CDbl(f_.txtLinea(minutes).text()) * perMinute, 2)));
 }

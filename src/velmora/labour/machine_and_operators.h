@@ -1,5 +1,5 @@
 #pragma once
-// The machine of a line, who can run it, and what an hour of each costs.
+// The machine of a line, its operators, and the hourly price of each.
 
 #include <cstdint>
 #include <string>
@@ -15,21 +15,21 @@ class MachineAndOperators {
     MachineAndOperators(LineFields& fields, session::Session& session, session::KestraUtil& util)
         : f_(fields), session_(session), oUtil_(util) {}
 
-    /// Fills machine, section and operators, and chooses the first operator; an id that no machine has clears the
-    /// line. Errors: the database's.
+    /// Fills machine, section and operators, and selects the first operator; an unknown id clears the line. Errors: the
+    /// database's.
     void msCargarMaquina(std::int32_t id);
 
-    /// The search window. 0 when nothing was chosen.
+    /// Opens the search window. 0 when nothing was chosen.
     std::int32_t msBuscarMaquina();
 
-    /// Takes over the price of the operator chosen.
+    /// Takes the price of the selected operator.
     void cboOperarios_Click();
 
-    /// Chooses the entry of an operator; the last of several, nothing when there is none.
+    /// Selects the entry of an operator: the last of several; nothing changes when there is none.
     void choose(std::int32_t idOperator);
 
-    /// Leaving a field of the line: a text that is no number becomes "0"; the machine is loaded anew, the minutes
-    /// work out the amount. Errors: 6 for a machine beyond 32 bits; the database's.
+    /// On leaving a field of the line: a text that is not a number becomes "0"; the machine is loaded again, the
+    /// minutes compute the amount. Errors: 6 for a machine beyond 32 bits; the database's.
     void txtLinea_LostFocus(int Index);
 
   private:

@@ -13,11 +13,11 @@
 namespace velmora::shell {
 namespace {
 
-// Kept K-281: blanks are doubled here and there, and each definition ends in one. Statements are compared to the
-// letter by who watches the server; tidied ones would look like another program's.
+// Kept K-281: some blanks are doubled, and each definition ends in one. Required as it is; the statements are compared
+// to the letter.
 struct NewColumn {
-    std::string_view name;        ///< trimmed and in capitals
-    std::string_view definition;  ///< to the letter
+    std::string_view name;        ///< trimmed, in upper case
+    std::string_view definition;  ///< exact text
 };
 
 constexpr auto columnsOfPardpi = std::to_array<NewColumn>({
@@ -68,7 +68,7 @@ std::string missingColumns(const sql::Recordset& probe, std::span<const NewColum
 
 void addMissingColumns(sql::Connection& connection, screen::Screen& screen, std::string_view probe,
                        std::string_view table, std::span<const NewColumn> wanted) {
-    // The probe's rows are let go before the table is altered.
+    // The probe's rows are released before the table is altered.
     const std::string list = missingColumns(connection.execute(probe), wanted);
     if (!list.empty()) {
         runUpgrade(connection, screen, "ALTER TABLE " + std::string(table) + " ADD " + list, table);
@@ -97,8 +97,8 @@ bool FnActualizarBD(sql::Connection& connection, screen::Screen& screen) {
     if (!isEngMissing(connection)) {
         return true;
     }
-    // Kept K-280: when the key is refused the table stands without it, and no later start mends that, since the
-    // table is there; a start that added the key alone could fail on rows that the host has put in since.
+    // Kept K-280: when creating the key fails, the table stays without it; later starts do not try again, because the
+    // table exists. Creating only the key could fail on rows inserted since.
     return runUpgrade(connection, screen, data::createEng, "ENG") &&
            runUpgrade(connection, screen, data::addKeyOfEng, "ENG");
 }

@@ -21,7 +21,8 @@ session::Session& sessionOf(const VMORA::Given& given) {
     return *given.MyBd;
 }
 
-/// The session of the instance made last, whichever instance was called and whether that one still lives.
+/// The session of the instance created last, whichever instance was called and whether or not the last one still
+/// exists.
 session::Session& currentSession() {
     return sessionOf(*gVMORA);
 }

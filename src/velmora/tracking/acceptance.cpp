@@ -20,18 +20,18 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// How long an acceptance waits for the mark of another client's order.
+/// How long an acceptance waits while another client has committed an order but not yet marked the proposal.
 constexpr milliseconds patience(3000);
-/// A client marks the proposal right after its order's commit: the first looks follow soon.
+/// A client marks the proposal right after committing its order, so the first checks follow quickly.
 constexpr milliseconds firstPause(25);
-/// The window paints between two pauses.
+/// Longest pause between two checks; the window repaints between pauses.
 constexpr milliseconds longestPause(100);
 
-/// An order that is being made right now is among so many latest numbers.
+/// How many of the latest order numbers are searched for an order that another client is making.
 constexpr std::int64_t latestNumbers = 100;
 
-// Kept K-153: the number comes from the table, one above its highest, and from no counter: a highest order that is
-// deleted gives its number to the next one.
+// Kept K-153: the number is one above the highest in the table, not from a counter: when the highest order is deleted,
+// its number is used again. Required as it is; it determines stored order numbers.
 std::int32_t nextNumber(sql::Connection& connection) {
     const sql::Recordset highest = connection.execute("Select max(orden_NUM) FROM ORDEN");
     return highest[0].isNull() ? 1 : runtime::CLng(highest[0].toDouble() + 1);
@@ -45,8 +45,8 @@ std::int32_t keyOf(const sql::Recordset& proposal) {
     return proposal["dpi_id"].toLong();
 }
 
-/// True when a column of the row in the database has another value than the row that was shown, which may lack columns
-/// that were added since.
+/// True when a column of the row in the database differs from the displayed row. The displayed row may lack columns
+/// added since.
 bool differs(const sql::Recordset& now, const sql::Recordset& shown) {
     const auto isShown = [&](const sql::Column& column) {
         return std::ranges::any_of(shown.columns(), [&](const sql::Column& other) {
@@ -69,8 +69,8 @@ void Acceptance::msAceptarPresupuesto() {
     if (!list.hasRows()) {
         return;
     }
-    // Differs D-145: what is accepted is the row that the panel shows, by its key and with its values. A row that the
-    // panel cannot show is not accepted with the figures of the row before it.
+    // Differs D-145: the row that the panel shows is accepted, by its key and with its values. A row that the panel
+    // cannot show is not accepted with the figures of the row before it.
     const sql::Recordset proposal = fields_.shown;
     if (!proposal.isOpen()) {
         if (list["DPI_FAcepta"].isNull()) {
@@ -107,7 +107,7 @@ bool Acceptance::isConfirmed() {
                               .buttons = screen::Buttons::yesNo}) == screen::Answer::yes;
 }
 
-/// From the number to the commit. False when there is no order; the user has been told.
+/// From the number to the commit. False when there is no order; the user has been informed.
 bool Acceptance::openOrder(const sql::Recordset& proposal, WorkOrder& order) {
     Standing standing = begin(proposal, order);
     if (mayBeMarkedYet(standing, proposal)) {
@@ -117,8 +117,8 @@ bool Acceptance::openOrder(const sql::Recordset& proposal, WorkOrder& order) {
         refuse(standing);
         return false;
     }
-    // Kept K-154: the transaction covers the number and the order's row and nothing else: the questions that follow
-    // would hold every other client, and an order that lacks something is completed by hand.
+    // Kept K-154: the transaction covers only the number and the order's row. The questions that follow would block
+    // every other client, and an incomplete order can be completed by hand.
     const auto error = undone([&] {
         insertOrder(session_, fields_, proposal, order, desk_.clock.now());
         connection().commitTrans();
@@ -131,16 +131,16 @@ bool Acceptance::openOrder(const sql::Recordset& proposal, WorkOrder& order) {
     return true;
 }
 
-/// Begins the transaction, takes the next number and looks at the proposal. The transaction is open afterwards unless
-/// the look failed.
+/// Begins the transaction, takes the next number and reads the proposal's state. The transaction stays open unless that
+/// failed.
 Acceptance::Standing Acceptance::begin(const sql::Recordset& proposal, WorkOrder& order) {
-    // Kept K-155: what fails here is not trapped: the user reads the error itself and not the words of an acceptance.
+    // Kept K-155: an error here is not trapped: the user sees the error itself, not the message of a failed acceptance.
     connection().beginTrans();
     try {
         order.number = nextNumber(connection());
     } catch (...) {
-        // Differs D-143: the transaction does not stay open behind the error: it would hold every other client, and
-        // this one could begin no other.
+        // Differs D-143: the transaction is rolled back before the error is passed on: an open one would block every
+        // other client, and this client could not begin another.
         undoQuietly();
         throw;
     }
@@ -151,10 +151,10 @@ Acceptance::Standing Acceptance::begin(const sql::Recordset& proposal, WorkOrder
     return standing;
 }
 
-/// Looks at the proposal by its key, then at its orders.
+/// Reads the proposal by its key, then its orders.
 Acceptance::Standing Acceptance::look(const sql::Recordset& proposal, std::int32_t nextNumber) {
-    // Differs D-140: of two clients at the same proposal one gets an order and the other is told. The mark is read
-    // before the orders: a client stores its order first, and its mark afterwards.
+    // Differs D-140: when two clients accept the same proposal, one gets an order and the other is informed. The mark
+    // is read before the orders, because a client stores its order first and the mark afterwards.
     const std::string key = joined(proposal["dpi_id"]);
     const sql::Recordset now = connection().execute("Select * FROM DPI where dpi_id = " + key);
     if (!now.hasRows()) {
@@ -174,19 +174,19 @@ Acceptance::Standing Acceptance::look(const sql::Recordset& proposal, std::int32
     return {.state = Standing::ordered, .unmarked = orders[0].toLong()};
 }
 
-/// True for an order that another client has committed and may be about to mark on the proposal.
+/// True when another client has committed this order and may still be about to mark the proposal.
 bool Acceptance::mayBeMarkedYet(const Standing& standing, const sql::Recordset& proposal) const {
-    // Chosen C-148: an order whose mark failed on this form is known as such until the form is closed; a form opened
-    // later waits for it as anybody does.
+    // Chosen C-148: an order whose mark failed on this form is not waited for until the form is closed; a form opened
+    // later waits for it like any other client.
     const auto own = unmarkedHere_.find(keyOf(proposal));
     return standing.state == Standing::ordered && (own == unmarkedHere_.end() || own->second != standing.unmarked);
 }
 
-/// Backs off while another client has committed an order but not yet marked the proposal, looking again and again. An
-/// order that stays unmarked was left by a failure, and another one may be made. The transaction is open before and
-/// afterwards unless a look failed.
+/// Back-off while another client has committed an order but not yet marked the proposal. An order that remains unmarked
+/// is the leftover of a failure, and a new one may be made. The transaction is open before and afterwards unless a read
+/// failed.
 Acceptance::Standing Acceptance::waitForMark(const sql::Recordset& proposal, WorkOrder& order, Standing standing) {
-    // Differs D-146: the window paints meanwhile, and takes no input.
+    // Differs D-146: the window repaints meanwhile but takes no input.
     const screen::Busy busy(desk_.screen, fields_.form);
     std::int32_t awaited = standing.unmarked;
     milliseconds waited(0);
@@ -201,7 +201,7 @@ Acceptance::Standing Acceptance::waitForMark(const sql::Recordset& proposal, Wor
         pause = std::min(2 * pause, longestPause);
         standing = begin(proposal, order);
         if (standing.unmarked != awaited) {
-            // Another order than before: its client has made it while this one waited for a leftover.
+            // A new order: another client has made it while this one waited for a leftover.
             awaited = standing.unmarked;
             waited = milliseconds(0);
             pause = firstPause;
@@ -210,7 +210,7 @@ Acceptance::Standing Acceptance::waitForMark(const sql::Recordset& proposal, Wor
     return standing;
 }
 
-/// Ends the transaction without an order and tells why.
+/// Ends the transaction without an order and shows the reason.
 void Acceptance::refuse(const Standing& standing) {
     auto error = standing.error;
     if (standing.state != Standing::failed) {
@@ -220,11 +220,11 @@ void Acceptance::refuse(const Standing& standing) {
         tell(*error);
         return;
     }
-    // Chosen C-147: the list is read anew, so that it shows how things stand, unless that would overwrite what the user
-    // has typed in the panel.
+    // Chosen C-147: the list is refreshed to show the current state, unless that would overwrite what the user has
+    // typed in the panel.
     const bool keepsPanel = isEdited(fields_);
     // Differs D-147: a proposal that another user has deleted or changed since it was shown gets no order, and the user
-    // is told which it was.
+    // is told which of the two it was.
     const std::map<Standing::State, std::string> words{
         {Standing::gone, "El presupuesto ya no existe, otro usuario lo ha eliminado"},
         {Standing::accepted, "El presupuesto ya fue aceptado, orden de trabajo nº " + standing.orderNumber},
@@ -233,14 +233,14 @@ void Acceptance::refuse(const Standing& standing) {
              (keepsPanel ? "\r\nEjecute el filtro para verlo como está ahora, hasta entonces se conserva lo escrito"
                          : "")},
     };
-    // Chosen C-145: the words without an icon, as the words of success.
+    // Chosen C-145: the message has no icon, like the message of success.
     desk_.screen.show({.text = words.at(standing.state)});
     if (!keepsPanel) {
         reload_();
     }
 }
 
-/// All that follows the commit. False when it failed; the user has been told.
+/// Everything after the commit. False when it failed; the user has been informed.
 bool Acceptance::completeOrder(const sql::Recordset& proposal, WorkOrder& order) {
     try {
         markProposal(session_, fields_, proposal, order);
@@ -249,13 +249,13 @@ bool Acceptance::completeOrder(const sql::Recordset& proposal, WorkOrder& order)
         addSprocketData(session_, proposal, order);
         addMaterials(session_, desk_.screen, oUtil_, proposal, order);
         addRoute(session_, proposal, order, fields_.txtPesu(pieces).text());
-        // Kept K-156: the transaction has ended long ago: this commit fails with its own number, and by that number all
-        // is known to be well.
+        // Kept K-156: no transaction is open any more, so this commit fails, and its error number is taken as success.
         connection().commitTrans();
     } catch (const runtime::RuntimeError& error) {
         session_.Campos().clear();
         if (error.number() != sql::provider::noTransaction) {
-            // Kept K-157: nothing is open any more: this rollback fails, and its error goes up in place of the words.
+            // Kept K-157: no transaction is open any more, so this rollback fails, and its error is raised instead of
+            // showing the message.
             connection().rollbackTrans();
             tell(error);
             return false;
@@ -264,14 +264,14 @@ bool Acceptance::completeOrder(const sql::Recordset& proposal, WorkOrder& order)
     return true;
 }
 
-/// Runs a step between begin and commit. What fails in it undoes the transaction: an error of the language or the
-/// database is given back, anything else goes up.
+/// Runs a step between begin and commit. Any failure rolls the transaction back; a run-time error is returned, any
+/// other exception propagates.
 std::optional<runtime::RuntimeError> Acceptance::undone(const std::function<void()>& step) {
     try {
         step();
         return std::nullopt;
     } catch (const runtime::RuntimeError& error) {
-        // Differs D-141: whatever its number: before the commit no error means that all is well.
+        // Differs D-141: whatever its number, an error before the commit never counts as success.
         session_.Campos().clear();
         undo();
         return error;
@@ -283,8 +283,8 @@ std::optional<runtime::RuntimeError> Acceptance::undone(const std::function<void
     }
 }
 
-/// Differs D-142: a rollback that fails because the connection is gone, or because the engine has undone everything
-/// already, does not stand before the words of the first failure.
+/// Differs D-142: when the rollback fails because the connection is lost, or because the engine has already rolled
+/// back, the message of the first failure is still shown.
 void Acceptance::undo() {
     try {
         connection().rollbackTrans();
@@ -296,12 +296,12 @@ void Acceptance::undo() {
     }
 }
 
-/// For an error that goes up: nothing comes before it.
+/// For an error that propagates: nothing may replace it.
 void Acceptance::undoQuietly() {
     try {
         connection().rollbackTrans();
     } catch (const std::exception&) {
-        // The connection is gone, or refuses: there is nothing more to be done about the transaction.
+        // The connection is lost or refuses: nothing more can be done about the transaction.
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// A proposal that the customer has accepted becomes a work order: the order, the mark on the proposal, sprocket data,
-// materials and route.
+// Turns a proposal that the customer has accepted into a work order: the order's row, the mark on the proposal,
+// sprocket data, materials and route.
 
 #include <cstdint>
 #include <functional>
@@ -18,26 +18,26 @@ namespace velmora::tracking {
 
 class Acceptance {
   public:
-    /// All references must outlive it. `reload` fills the list anew from the criteria on the form.
+    /// All references must outlive it. `reload` refills the list from the criteria on the form.
     Acceptance(TrackingFields& fields, session::Session& session, const session::KestraUtil& oUtil,
                const platform::Desk& desk, std::function<void()> reload)
         : fields_(fields), session_(session), oUtil_(oUtil), desk_(desk), reload_(std::move(reload)) {}
 
-    /// Accepts the proposal that the panel shows, with what stands in the panel's fields. Does nothing without a row
-    /// and for a proposal that is accepted. One that another user has accepted, changed or deleted since it was shown
-    /// gets no order: the user is told, and what was typed in the panel stays. What fails before the order is stored
-    /// leaves nothing and is told; what fails afterwards leaves what was stored and goes up as an error. Errors also:
-    /// those of the gate and of the order's number, which nothing traps; no transaction is open after them.
+    /// Accepts the proposal that the panel shows, with the values of the panel's fields. Does nothing without a row or
+    /// for an accepted proposal. A proposal that another user has accepted, changed or deleted since it was shown gets
+    /// no order: the user is informed, and the panel keeps what was typed. A failure before the order is stored leaves
+    /// nothing behind and is shown; one afterwards leaves what was stored and propagates as an error. Errors also:
+    /// those of the credit check and of the order's number, which are not trapped; no transaction is open after them.
     void msAceptarPresupuesto();
 
   private:
-    /// How a proposal stands in the database, whatever the list shows.
+    /// State of a proposal in the database, independent of the list.
     struct Standing {
         enum State { failed, gone, accepted, changed, ordered, pending };
         State state = pending;
-        std::string orderNumber{};                     ///< of an accepted one
-        std::int32_t unmarked = 0;                     ///< its latest order, which it does not bear, of an ordered one
-        std::optional<runtime::RuntimeError> error{};  ///< of a look that failed
+        std::string orderNumber{};  ///< when accepted
+        std::int32_t unmarked = 0;  ///< when ordered: its latest order, with which the proposal is not marked
+        std::optional<runtime::RuntimeError> error{};  ///< when the read failed
     };
 
     bool isWithinCredit();
@@ -62,7 +62,7 @@ class Acceptance {
     const session::KestraUtil& oUtil_;
     const platform::Desk& desk_;
     std::function<void()> reload_;
-    /// By proposal, the number of the order that was stored here and whose mark on the proposal failed.
+    /// By proposal: number of the order stored by this form whose mark on the proposal failed.
     std::map<std::int32_t, std::int32_t> unmarkedHere_;
 };
 

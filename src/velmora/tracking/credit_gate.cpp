@@ -31,14 +31,15 @@ bool FnRiesgoExcedido(sql::Connection& connection, std::int32_t code, double amo
     double dLimite = 0;
     if (customer.hasRows()) {
         const sql::Value& debt = customer["Total"];
-        // Kept K-140: a debt that is null leaves the amount out as well.
+        // Kept K-140: when the debt is null, the amount is not counted either. Required as it is; it decides which
+        // acceptances are refused.
         dTotal = debt.isNull() ? 0 : amount + debt.toDouble();
         // Chosen C-140: any value but 0 and null means that the customer is under risk control; hosts store -1 or 1.
         const bool controlled = customer["Cli_Riesgo"].toBool();
         dLimite = controlled ? orZero(customer["Cli_ImpMaxRiesgo"]) : dTotal + 1;
     }
-    // Kept K-141: a total that equals the limit exceeds it. That is also what refuses a code that no customer has: 0
-    // stands against 0.
+    // Kept K-141: a total equal to the limit exceeds it. A code without a customer is refused for this reason too: 0
+    // equals 0.
     return dTotal >= dLimite;
 }
 

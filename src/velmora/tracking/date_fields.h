@@ -7,7 +7,7 @@ namespace velmora::tracking {
 
 inline constexpr const char* dateMask = "dd/mm/yyyy";
 
-/// On LostFocus: a text of 6 to 8 characters is shown as a date where it is one, any other is thrown away.
+/// On LostFocus: a text of 6 to 8 characters that is a date is shown as one; any other text is cleared.
 void leaveDateField(session::KestraUtil& oUtil, screen::TextBox& box);
 
 }  // namespace velmora::tracking

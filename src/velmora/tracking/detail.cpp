@@ -46,7 +46,7 @@ constexpr std::array measures{
     MeasureColumn{7, "DPI_Eje"}, MeasureColumn{2, "DPI_rodillo"}, MeasureColumn{3, "DPI_modulo"},
 };
 
-/// Error 94 for a null that has to be shown.
+/// Error 94 for a null that must be shown.
 std::string textOf(const sql::Value& value, Shown shown) {
     if (shown != Shown::value && value.isNull()) {
         return {};
@@ -80,8 +80,8 @@ void DetailPanel::rsDpi_MoveComplete() {
     if (!f_.rsDpi->hasRows()) {
         return;
     }
-    // Chosen C-146: the row is copied as it is shown: what an acceptance reads of it, and what the user saw of it, are
-    // the same, whatever happens to the list meanwhile.
+    // Chosen C-146: a copy of the row is kept when it is shown, so that an acceptance uses exactly the values that the
+    // user saw, whatever happens to the list meanwhile.
     const sql::Recordset row = copyOfCurrentRow(*f_.rsDpi);
     for (const DetailColumn& detail : columns) {
         f_.txtPesu(detail.field).setText(textOf(row[detail.column], detail.shown));
@@ -93,8 +93,8 @@ void DetailPanel::rsDpi_MoveComplete() {
 void DetailPanel::showMeasures(const sql::Recordset& row) {
     runtime::ErrorTrap trap;
     for (const MeasureColumn& measure : measures) {
-        // Kept K-124: a measure that the proposal lacks leaves what the search held, so that the fields can be of two
-        // proposals; a search by a few measures is built up by walking the list.
+        // Kept K-124: a measure that the proposal lacks leaves the search field as it was, so the fields may show
+        // measures of two proposals. Required as it is; the search by measures uses these fields.
         trap([&] { f_.Text1(measure.field).setText(row[measure.column].toText()); });
     }
 }
@@ -109,8 +109,8 @@ void DetailPanel::txtPesu_KeyPress(int Index, screen::KeyPress& key) {
 
 void DetailPanel::txtPesu_LostFocus(int Index) {
     if (isDate(Index)) {
-        // Kept K-125: a date that the panel shows has ten characters, so that merely passing through its field wipes
-        // it, and the acceptance then stores none: a date is only what was typed for this order.
+        // Kept K-125: the panel shows dates with ten characters, so merely passing through the field clears it, and the
+        // acceptance then stores no date. Required as it is; it determines stored dates.
         leaveDateField(oUtil_, f_.txtPesu(Index));
     } else {
         oUtil_.SalirCampo(f_.txtPesu(Index));

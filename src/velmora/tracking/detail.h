@@ -1,5 +1,5 @@
 #pragma once
-// The panel "Datos del Presupuesto": the row under the cursor, and the customer's order data typed before acceptance.
+// The panel "Datos del Presupuesto": the current row, and the customer's order data typed before acceptance.
 
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/session/kestra_util.h"
@@ -7,8 +7,7 @@
 
 namespace velmora::tracking {
 
-/// True when a field of the panel holds something else than the row that it shows: what the user has typed, or a date
-/// that was wiped.
+/// True when a field of the panel differs from the row that it shows: typed by the user, or a date that was cleared.
 bool isEdited(const TrackingFields& fields);
 
 class DetailPanel {
@@ -16,7 +15,7 @@ class DetailPanel {
     DetailPanel(TrackingFields& fields, session::KestraUtil& oUtil, screen::Screen& screen)
         : f_(fields), oUtil_(oUtil), screen_(screen) {}
 
-    /// Shows the current row, and puts its measures into the fields of the search. An empty list leaves all as it was.
+    /// Shows the current row and puts its measures into the search fields. An empty list leaves everything as it was.
     /// Errors: 94 for a null in customer, name or an amount; the fields before it are filled by then, and no row counts
     /// as shown.
     void rsDpi_MoveComplete();

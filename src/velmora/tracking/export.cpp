@@ -10,7 +10,7 @@ void handOver(const TrackingFields& f, const platform::Desk& desk) {
     if (!f.rsDpi->hasRows()) {
         return;
     }
-    // A clone: the list's own cursor stays where it is, and the panel hears of nothing.
+    // A clone, so that the list's own cursor does not move and the panel is not notified.
     sql::Recordset rows = f.rsDpi->clone();
     const auto spreadsheet = desk.components.create<components::Spreadsheet>("LIMBAR.jLimbar");
     spreadsheet->setTitulo("Registro de presupuestos especiales");
@@ -24,12 +24,12 @@ void cmdExcel_Click(TrackingFields& f, const platform::Desk& desk) {
     desk.screen.processEvents();
     f.form.setEnabled(false);
     if (!f.rsDpi->isOpen()) {
-        // Kept K-127: a closed list leaves the pointer waiting and the form disabled. The form's own list is always
-        // open; a closed one means that its rows were taken away from under it, and nothing may be done with it.
+        // Kept K-127: with a closed list the pointer stays the hourglass and the form stays disabled. The form's own
+        // list is always open, so this happens only when its recordset was closed from outside.
         return;
     }
-    // Kept K-128: an export that fails ends without a word; a workplace without the spreadsheet component has the
-    // button all the same.
+    // Kept K-128: a failed export shows no message; where the spreadsheet component is missing, the button does
+    // nothing.
     runtime::ErrorTrap trap;
     trap([&] { handOver(f, desk); });
     desk.screen.setPointer(screen::Pointer::normal);

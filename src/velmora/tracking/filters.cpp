@@ -12,12 +12,12 @@ namespace {
 constexpr const char* latestFirst = " Order by DPI_Fecha DESC";
 constexpr const char* impossible = " (DPI_id = -1) ";
 
-/// A pair of fields, from and to. With one of them filled alone, its text stands for both.
+/// A pair of fields, from and to. When only one is filled, its text is used for both.
 struct Pair {
     std::string from;
     std::string to;
     bool isEmpty = false;
-    bool isRange = false;  ///< both are filled
+    bool isRange = false;  ///< both fields are filled
 };
 
 Pair pairOf(const TrackingFields& f, Criterion from, Criterion to) {
@@ -41,8 +41,8 @@ std::string customers(const TrackingFields& f) {
     return betweenOrEqual(pairOf(f, customerFrom, customerTo), "DPI_CodCliente");
 }
 
-// Kept K-120: a day ends at 23:59:00; a proposal of the last minute of a day is not of that day's list, which is what
-// the shop's lists have always counted.
+// Kept K-120: a day ends at 23:59:00, so proposals of its last minute are left out. Required as it is; it determines
+// the rows of lists by date.
 std::string days(const TrackingFields& f) {
     const Pair pair = pairOf(f, dateFrom, dateTo);
     return pair.isEmpty ? std::string()
@@ -66,7 +66,7 @@ std::string criteria(const TrackingFields& f) {
     return all;
 }
 
-/// The stored number of the type chosen; below 0 for all types.
+/// The stored number of the selected type; negative for all types.
 int chosenType(const TrackingFields& f) {
     return f.cboTipoPre.listIndex() - 1;
 }
@@ -75,7 +75,7 @@ std::string ofType(const TrackingFields& f) {
     return "dpi_tipo=" + runtime::CStr(std::int64_t{chosenType(f)});
 }
 
-/// The state of acceptance by the index of cboFiltroHistorico; nothing for all states.
+/// The condition for the index of cboFiltroHistorico; nullptr for all states.
 const char* stateClause(int state) {
     switch (state) {
         case onlyAccepted:
@@ -87,7 +87,7 @@ const char* stateClause(int state) {
     }
 }
 
-/// A field of the search by measures and how its clause begins.
+/// A field of the search by measures and the start of its clause.
 struct Measure {
     int field;
     const char* clause;
@@ -103,8 +103,8 @@ constexpr std::array measures{
 
 std::string filterCondition(const TrackingFields& f, Listing listing) {
     const std::string criterion = listing == Listing::empty ? impossible : criteria(f);
-    // Kept K-121: the first number alone sets type and state aside: who knows a proposal's number wants to see it,
-    // whatever it is. The second number alone does not, and people use it to look within a type.
+    // Kept K-121: with the first number filled, the filters of type and state are ignored; the second number alone does
+    // not have this effect. Required as it is; it determines the rows listed.
     if (!f.txtCriterio(numberFrom).text().empty()) {
         return " Where " + criterion + latestFirst;
     }
@@ -121,8 +121,8 @@ std::string filterCondition(const TrackingFields& f, Listing listing) {
 
 std::string measuresCondition(const TrackingFields& f) {
     constexpr const char* join = "AND ";
-    // Kept K-122: the index of the list as it stands, which is one above the stored type: "Todos los tipos" looks for
-    // type 0, "Piñon Especial" for type 1. People have learnt to choose the entry before.
+    // Kept K-122: the list index is used unchanged, which is one above the stored type: "Todos los tipos" searches type
+    // 0, "Piñon Especial" type 1. Required as it is; the statement is compared to the letter.
     std::string text = " WHERE Dpi_Tipo = " + runtime::CStr(std::int64_t{f.cboTipoPre.listIndex()}) + " " + join;
     for (const Measure& measure : measures) {
         const std::string& value = f.Text1(measure.field).text();
@@ -130,8 +130,8 @@ std::string measuresCondition(const TrackingFields& f) {
             text += measure.clause + runtime::Replace(value, ",", ".") + " " + join;
         }
     }
-    // Kept K-123: the coupling plays no part in this search, nor is there an order: a measured piece is like another
-    // with or without a coupling, early or late.
+    // Kept K-123: this search ignores the coupling and has no order. Required as it is; the statement is compared to
+    // the letter.
     const std::string state = stateClause(f.cboFiltroHistorico.listIndex());
     text += state.empty() ? "" : state + join;
     return text.substr(0, text.size() - std::string_view(join).size());

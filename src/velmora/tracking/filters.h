@@ -1,6 +1,6 @@
 #pragma once
-// What the tracking list asks of the database: the filters, or the search by measures, turned into a condition, and the
-// statement that the condition closes.
+// The query of the tracking list: the filters or the search by measures as a condition, and the statement that ends
+// with the condition.
 
 #include <string>
 
@@ -8,13 +8,13 @@
 
 namespace velmora::tracking {
 
-/// Whether the list is to hold what the filters ask for, or nothing.
+/// Whether the list holds the rows that match the filters, or none.
 enum class Listing { filtered, empty };
 
-/// The condition and order of the filters as they stand. Nothing is checked: what a field holds goes into the text.
+/// Condition and order for the current filters. Nothing is validated: a field's text is inserted unchanged.
 std::string filterCondition(const TrackingFields& fields, Listing listing);
 
-/// The condition of the search by measures; it has no order. Errors: 6 for a measure beyond the numbers.
+/// The condition of the search by measures; it has no order. Errors: 6 for a measure too large for a number.
 std::string measuresCondition(const TrackingFields& fields);
 
 /// The statement of the list: the columns of the grid, then every column of a proposal.

@@ -1,4 +1,4 @@
-// How the tracking form looks: captions that never change, the arrangement, and the order of work for the Tab key.
+// Layout of the tracking form: fixed captions, the arrangement, and the tab order.
 
 #include "velmora/tracking/frm_seguimiento.h"
 
@@ -33,7 +33,7 @@ void writeFixedCaptions(TrackingFields& f) {
     f.Label1(10).setAccessibleName("Acerca del programa");
 }
 
-/// The words of a pair stand before its first field; each of the two has a name of its own for assistive technology.
+/// The caption of a pair is beside its first field; each of the two has its own accessible name.
 Layout from(std::string pair, std::string_view name, screen::TextBox& box) {
     box.setAccessibleName(name);
     return lay::field(std::move(pair), box, dateWidth);
@@ -115,7 +115,7 @@ std::vector<screen::Control*> orderOfWork(TrackingFields& f) {
     return order;
 }
 
-// Chosen C-122: Tab goes on from the list to what is typed for an order, the customer's references and the number of
+// Chosen C-122: Tab goes from the list to the fields typed for an order, the customer's references and the number of
 // pieces; the other fields of the panel are reached with the mouse.
 void passOverWhatIsShown(TrackingFields& f) {
     for (const Detail shown : {customerCode, customerName, materialAmount, labourAmount, subcontractedAmount,

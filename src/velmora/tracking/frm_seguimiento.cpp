@@ -56,7 +56,7 @@ void frmSeguimiento::Form_Load() {
         f_.cboTipoPre.addItem(type.name);
     }
     f_.cboTipoPre.setListIndex(0);
-    // The form opens without rows, however many there are: the user asks for some.
+    // The form opens with an empty list; rows are listed on the user's request.
     std::int16_t flag = yes;
     std::string where;
     msCargarLista(flag, where);
@@ -111,8 +111,8 @@ void frmSeguimiento::Form_KeyDown(screen::KeyDown& key) {
         return;
     }
     if (key.key == screen::Key::enter && !tag().empty()) {
-        // Kept K-129: the tag that the public operation gives the form lets the first Return through: the one that
-        // opened the form from the host's menu must not move the focus.
+        // Kept K-129: the tag set by the public operation lets the first Return key through without moving the focus:
+        // it is the key press that opened the form from the host's menu.
         setTag("");
         return;
     }
@@ -122,7 +122,7 @@ void frmSeguimiento::Form_KeyDown(screen::KeyDown& key) {
 void frmSeguimiento::txtCriterio_GotFocus(int Index) {
     TextBox& box = f_.txtCriterio(Index);
     if (isDate(Index)) {
-        // Digits alone can be typed, and leaving the field reads digits alone.
+        // Only digits can be typed and parsed here, so the slashes are removed.
         box.setText(runtime::Replace(box.text(), "/", ""));
     }
     oUtil_.EntrarCampo(box);

@@ -1,6 +1,6 @@
 #pragma once
-// The tracking of proposals: a list by filters or by measures, the row under the cursor in full, and from there to the
-// proposal, to its work order and to a spreadsheet.
+// The tracking form: a list of proposals by filters or by measures, the current row in detail, and from there the
+// proposal, its work order and the spreadsheet export.
 
 #include <cstdint>
 #include <string>
@@ -18,12 +18,12 @@ namespace velmora::tracking {
 
 class frmSeguimiento : public screen::Form {
   public:
-    /// Makes the form with an empty list. Errors: the database's.
+    /// Creates the form with an empty list. Errors: the database's.
     frmSeguimiento(session::Session& session, platform::Desk& desk);
 
-    /// Lists by the filters, nothing at all when the flag is set; or by a condition of one's own, in which case filters
-    /// and flag play no part. Neither argument is changed. Errors: the database's; 94 when the first row lacks what
-    /// the panel shows.
+    /// Lists the rows that match the filters, none when the flag is set; or, when `where` is given, the rows of that
+    /// condition, regardless of filters and flag. Neither argument is changed. Errors: the database's; 94 when the
+    /// first row lacks a value that the panel shows.
     void msCargarLista(std::int16_t& flag, std::string& where);
 
     TrackingFields& fields() { return f_; }

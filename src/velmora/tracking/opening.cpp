@@ -24,8 +24,8 @@ void Opening::dbgDPI_ButtonClick(int column) {
 }
 
 void Opening::dbgDPI_KeyDown(const screen::KeyDown& key) {
-    // Kept K-126: the keys do not ask whether there are rows, and F8 shows the form also for a proposal that does not
-    // load: who presses a key in an empty list is told so by the error.
+    // Kept K-126: the keys do not check for rows (error 3021 in an empty list), and F8 shows the form even for a
+    // proposal that fails to load.
     if (key.key == screen::Key::f8) {
         openProposal(Unloadable::isShown);
     } else if (key.key == screen::Key::f9) {
@@ -44,8 +44,8 @@ void Opening::openProposal(Unloadable unloadable) {
         proposal::frmBercialPiñones form(session_, desk_);
         const bool loaded = form.msCargarPresupuesto((*f_.rsDpi)["dpi_id"].toLong(), false);
         if (loaded || unloadable == Unloadable::isShown) {
-            // Kept K-130: what does not write stays as the load left it: who follows a proposal may print it from here,
-            // which the host's consultation may not.
+            // Kept K-130: controls that do not write stay as the load left them, so the proposal can be printed from
+            // here, unlike in the host's read-only view.
             form.bConsulta = true;
             desk_.screen.showModal(form);
         }

@@ -1,5 +1,5 @@
 #pragma once
-// From the list to a proposal, read-only over the form, and to its work order.
+// Opens the proposal of the current row, read-only above the form, and its work order.
 
 #include <functional>
 
@@ -9,23 +9,24 @@
 
 namespace velmora::tracking {
 
-/// Errors of all: 3021 where a key asks for a row of an empty list; 429 when the host's order component is missing; the
-/// component's; the database's.
+/// Errors of all operations: 3021 where a key needs a row of an empty list; 429 when the host's order component is
+/// missing; the component's; the database's.
 class Opening {
   public:
-    /// `reload` lists anew after a proposal was looked at.
+    /// `reload` refreshes the list after a proposal has been shown.
     Opening(TrackingFields& fields, session::Session& session, platform::Desk& desk, std::function<void()> reload)
         : f_(fields), session_(session), desk_(desk), reload_(std::move(reload)) {}
 
-    /// The number's button opens the proposal, the order's the order; neither does anything without rows.
+    /// The button of the number opens the proposal, that of the order its work order; neither does anything without
+    /// rows.
     void dbgDPI_ButtonClick(int column);
-    /// F8 opens the proposal, F9 the order, whether there are rows or not.
+    /// F8 opens the proposal, F9 the order, without checking for rows.
     void dbgDPI_KeyDown(const screen::KeyDown& key);
-    /// Opens the order; nothing without rows.
+    /// Opens the order; does nothing without rows.
     void XPButton2_Click();
 
   private:
-    enum class Unloadable { isSkipped, isShown };  ///< a proposal that does not load
+    enum class Unloadable { isSkipped, isShown };  ///< what to do when the proposal fails to load
 
     void openProposal(Unloadable unloadable);
     void openOrder();

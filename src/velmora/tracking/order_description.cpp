@@ -10,7 +10,7 @@ namespace velmora::tracking {
 
 namespace {
 
-/// How the teeth are followed up: by the whole chain, or by the shaft alone where the chain is named.
+/// What follows the teeth: the whole chain, or only the shaft where the chain is already named.
 enum class Tail { chain, shaft };
 
 struct Wording {
@@ -53,7 +53,7 @@ std::string tailOf(const sql::Recordset& proposal, Tail tail) {
 
 }  // namespace
 
-// Chosen C-141: a null in a description is nothing, as it is where texts are joined; the order is not lost for it.
+// Chosen C-141: a null in a description is an empty text, as in concatenation, so that the order is not refused for it.
 std::string joined(const sql::Value& value) {
     return value.isNull() ? std::string() : value.toText();
 }

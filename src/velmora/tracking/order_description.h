@@ -1,5 +1,5 @@
 #pragma once
-// What a work order calls its piece.
+// The description of the piece in a work order.
 
 #include <string>
 
@@ -7,11 +7,11 @@
 
 namespace velmora::tracking {
 
-/// The description by the product type of the proposal on the current row of a set of DPI; empty for types that have
-/// none. Numbers stand as the language shows them, a null as nothing.
+/// The description, by product type, of the proposal on the current row of a set of DPI; empty for types that have
+/// none. Numbers are in the language's default form, a null is an empty text.
 std::string orderDescription(const sql::Recordset& proposal);
 
-/// A value as it is joined to a text: null is nothing.
+/// A value for concatenation: null is an empty text.
 std::string joined(const sql::Value& value);
 
 }  // namespace velmora::tracking

@@ -15,7 +15,7 @@ using session::Tipo;
 
 namespace {
 
-/// Where the value of a column comes from.
+/// Source of a column's value.
 enum class Source {
     fixedNumber,
     fixedText,
@@ -161,7 +161,7 @@ constexpr std::array hubNotCut{
     fixed("MAT_CubCorte", Tipo::wholeNumber, 0),
 };
 
-/// What is written when the article is cut here, and when it is not.
+/// What is written when the material is cut here, and when it is not.
 struct Cutting {
     std::string_view piece;
     std::span<const Column> cut;
@@ -171,18 +171,19 @@ constexpr Cutting rackCutting{"Disco", rackCut, rackNotCut};
 constexpr Cutting discCutting{"Disco", discCut, discNotCut};
 constexpr Cutting hubCutting{"Cubo", hubCut, hubNotCut};
 
-/// Formulas of articles that are bought piece by piece and not cut off a length.
+/// Formulas of articles that are bought by the piece and not cut from a length.
 constexpr std::array formulasByPiece{6, 0, 5};
 constexpr int tubeFormula = 4;
 
-/// Kept K-149: only these types get a row for the hub: the gear's hub and the variable pulley's hubs get none.
+/// Kept K-149: only these types get a row for the hub; the gear's hub and the variable pulley's hubs get none. Required
+/// as it is; it determines the stored rows.
 constexpr std::array typesWithHubMaterial{data::plainSprocket,  data::twoHubSprocket,   data::smoothPulley,
                                           data::doubleSprocket, data::twoChainSprocket, data::variableSprocket,
                                           data::tripleSprocket};
 
 constexpr double addedToEachCut = 2;
 
-/// One row of Mat in the making.
+/// A row of Mat being built.
 class MaterialRow {
   public:
     MaterialRow(session::Session& session, const session::KestraUtil& oUtil, const sql::Recordset& proposal,
@@ -206,7 +207,7 @@ class MaterialRow {
 
     /// Adds the columns of the cut; true when the material will be cut here.
     bool addCut(screen::Screen& screen, const Cutting& cutting) {
-        // Only Yes counts.
+        // Only the answer Yes counts.
         const bool cut = !article_["Art_Corte"].isNull() && ask(screen, cutting.piece) == screen::Answer::yes;
         add(cut ? cutting.cut : cutting.notCut);
         return cut;
@@ -223,7 +224,7 @@ class MaterialRow {
 
   private:
     screen::Answer ask(screen::Screen& screen, std::string_view piece) const {
-        // Kept K-150: the hub's question bears the disc's title.
+        // Kept K-150: the question about the hub has the disc's title. Required as it is; users read this text.
         return screen.show({.text = "El Material para el " + std::string(piece) + " será cortado aquí ?\r\n" +
                                     joined(article_["art_cod"]) + " - " + joined(article_["art_des"]),
                             .icon = screen::Icon::question,
@@ -231,7 +232,8 @@ class MaterialRow {
                             .title = "Corte Material Disco"});
     }
 
-    // Kept K-151: two like hubs count twice, in length and in cuts; the two hubs of the variable sprocket count once.
+    // Kept K-151: two equal hubs count twice, in length and in cuts; the two hubs of the variable sprocket count once.
+    // Required as it is; it determines stored lengths and cuts.
     int hubsOfOnePiece() const { return data::hasTwinHubs(proposal_["DPI_tipo"].toLong()) ? 2 : 1; }
 
     double pieces() const { return proposal_["dpi_unidades"].toDouble(); }
@@ -274,7 +276,7 @@ class MaterialRow {
     sql::Recordset article_;
 };
 
-// Chosen C-144: a weight that is null is none, and there is no such material.
+// Chosen C-144: a null weight counts as 0: no such material.
 bool weighs(const sql::Recordset& proposal, std::string_view column) {
     return proposal[column].toBool();
 }

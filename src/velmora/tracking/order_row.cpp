@@ -26,15 +26,15 @@ void requireConnection(session::Session& session) {
     }
 }
 
-/// The remarks of the proposal in one line; without any, where the order comes from.
+/// The remarks of the proposal in one line; without remarks, the origin of the order.
 std::string remarks(const sql::Recordset& proposal, runtime::Date now) {
-    // Kept K-143: line breaks go without a blank in their place, so that words run together; remarks of line breaks
-    // alone are none.
+    // Kept K-143: line breaks are removed without inserting a blank, so words run together; remarks that consist of
+    // line breaks count as empty. Required as it is; it determines stored texts.
     const std::string sObs = runtime::Replace(joined(proposal["DPI_Obser"]), "\r\n", "");
     if (!sObs.empty()) {
         return sObs;
     }
-    // Chosen C-142: date and time in their default form: no leading zero at the hour, no time at midnight.
+    // Chosen C-142: date and time in the default form: no leading zero in the hour, no time at midnight.
     return "Orden generada desde el presupuesto nº " + joined(proposal["dpi_id"]) + " , el " + runtime::CStr(now);
 }
 
@@ -46,11 +46,11 @@ void addDate(session::FieldList& campos, std::string_view column, const screen::
     }
 }
 
-/// A repeat order takes the article of the last order of the same reference.
+/// A repeat order takes the article of the last order with the same reference.
 void addArticle(session::FieldList& campos, sql::Connection& connection, const std::string& reference) {
     if (!reference.empty()) {
-        // Kept K-144: the reference stands in the statement as it was typed; one with a quote is refused by the server,
-        // and the acceptance with it.
+        // Kept K-144: the reference is inserted into the statement as typed; with a quote in it the server refuses the
+        // statement and the acceptance fails. Required as it is; the statement is compared to the letter.
         const sql::Recordset earlier = connection.execute(
             "Select top 1 art_cod,art_des from art inner join orden on art_cod = orden_art where orden_ref = '" +
             runtime::Trim(reference) + "' order by orden_id desc");
@@ -63,10 +63,10 @@ void addArticle(session::FieldList& campos, sql::Connection& connection, const s
     campos.Add("ORDEN_ADE", Tipo::text, "");
 }
 
-/// The customer's order number; null by a spelling of its own.
+/// The customer's order number; the column name is spelled differently for null.
 void addCustomerOrder(session::FieldList& campos, const screen::TextBox& box) {
     if (box.text().empty()) {
-        // Kept K-145: ORDEN_Ped here, ORDEN_PED there: statements are compared to the letter, and the column is one.
+        // Kept K-145: ORDEN_Ped here, ORDEN_PED there: the same column, but statements are compared to the letter.
         campos.Add("ORDEN_Ped", Tipo::expression, "Null");
     } else {
         campos.Add("ORDEN_PED", Tipo::text, box);
@@ -130,8 +130,8 @@ void markProposal(session::Session& session, const TrackingFields& fields, const
 }
 
 std::int32_t orderIdOf(sql::Connection& connection, std::int32_t number) {
-    // Kept K-146: the id is found again by the number, which no column makes unique: of two orders with one number the
-    // first that the server gives is taken.
+    // Kept K-146: the id is read by the order's number, which is not unique: of two orders with one number the first
+    // returned by the server is used. Required as it is; the statement is compared to the letter.
     const sql::Recordset row =
         connection.execute("Select orden_id FROM ORDEN where orden_num=" + runtime::CStr(std::int64_t{number}));
     return row[0].toLong();

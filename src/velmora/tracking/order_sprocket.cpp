@@ -55,11 +55,12 @@ void addSprocketData(session::Session& session, const sql::Recordset& proposal, 
     bool ok = false;
     session.Insertar(sMsg, ok);
     if (!ok) {
-        // Kept K-147: the words tell of material, although the row is the sprocket's.
+        // Kept K-147: the text speaks of material, although the row is that of the sprocket. Required as it is; it is
+        // the source of the error.
         raise(sprocketRefused, "Error en la grabacion del registro de material en la orden\r\n" + sMsg);
     }
-    // Kept K-148: the new row is taken for the one with the highest id; between the two statements another client may
-    // have written his.
+    // Kept K-148: the new row is assumed to have the highest id; another client may have inserted a row between the two
+    // statements. Required as it is; the statements are compared to the letter.
     order.sprocketId = session.Connection().execute("SELECT MAX(Opi_Id) FROM OrdPiñones")[0].toLong();
 }
 

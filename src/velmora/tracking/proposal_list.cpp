@@ -29,15 +29,15 @@ sql::Recordset noRows() {
 }  // namespace
 
 void ProposalList::show(const std::string& condition) {
-    // Chosen C-120: the old rows go before the new ones are asked for, so that a refused statement leaves an open list
-    // without rows, and no button works on what is no longer asked for.
+    // Chosen C-120: the list is emptied before the query runs, so that a refused statement leaves an open, empty list
+    // and no button works on rows that no longer match the criteria.
     put(noRows());
     put(session_.Connection().execute(listStatement(condition)));
 }
 
 void ProposalList::put(sql::Recordset rows) {
-    // Chosen C-121: the grid takes the rows before the panel hears of them: a row that the panel cannot show is an
-    // error, and the list stands all the same.
+    // Chosen C-121: the grid is bound before the panel is notified: a row that the panel cannot show raises an error,
+    // but the list is shown.
     f_.dbgDPI.bind(rows);
     f_.dbgDPI.setColumns(columns());
     f_.dbgDPI.refresh();

@@ -1,5 +1,5 @@
 #pragma once
-// The list of proposals: its statement run, and its rows put into the grid.
+// The list of proposals: runs its statement and puts the rows into the grid.
 
 #include <string>
 
@@ -13,8 +13,8 @@ class ProposalList {
   public:
     ProposalList(TrackingFields& fields, session::Session& session) : f_(fields), session_(session) {}
 
-    /// Lists what the condition asks for, which begins with its own where. Errors: the database's, after which the list
-    /// is open and empty; the listener's, after which the rows stand in the grid.
+    /// Lists the rows of a condition, which begins with its own where. Errors: the database's, after which the list is
+    /// open and empty; the listener's, after which the rows are in the grid.
     void show(const std::string& condition);
 
   private:

@@ -41,8 +41,8 @@ bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrde
 void addRoute(session::Session& session, const sql::Recordset& proposal, const WorkOrder& order,
               std::string_view pieces) {
     std::int16_t nPos = 0;
-    // Kept K-152: a row that is refused is passed over in silence and its position stays empty: the order is good
-    // without it, and the shop fills the gap by hand.
+    // Kept K-152: a refused row is skipped without a message and its position stays unused. Required as it is; the
+    // order is stored without the row.
     const auto add = [&](double hours, std::int32_t machine) {
         FnAltaRuta(session, ++nPos, order.id, order.number, hours, machine);
     };

@@ -1,5 +1,5 @@
 #pragma once
-// The route of a work order: the machines that it passes, in order.
+// The route of a work order: the sequence of machines.
 
 #include <cstdint>
 #include <string_view>
@@ -10,13 +10,13 @@
 
 namespace velmora::tracking {
 
-/// Adds one row to the route, behind all that already waits for the machine; `estimado` in hours. True when it was
+/// Adds one row to the route, after all that already wait for the machine; `estimado` in hours. True when it was
 /// stored. Errors: those of the look-up.
 bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrden, std::int32_t numOrden,
                 double estimado, std::int32_t maq);
 
-/// The route of a new order: its cuts, then the labour lines of the proposal, each for so many pieces as the text
-/// tells. Errors: those of the statements that read; a row that is refused is passed over.
+/// The route of a new order: its cuts, then the labour lines of the proposal, each for the number of pieces in the
+/// text. Errors: those of the statements that read; a refused row is skipped.
 void addRoute(session::Session& session, const sql::Recordset& proposal, const WorkOrder& order,
               std::string_view pieces);
 

@@ -1,5 +1,5 @@
 #pragma once
-// The controls of the tracking form and its list, which its concerns share.
+// The controls of the tracking form and its list, shared by the classes of the form.
 
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/control_array.h"
@@ -9,13 +9,13 @@
 
 namespace velmora::tracking {
 
-/// What each field of txtCriterio filters by: from, to.
+/// What each field of txtCriterio filters: from and to.
 enum Criterion : int { customerFrom = 0, customerTo, dateFrom, dateTo, numberFrom, numberTo };
 
 /// The entries of cboFiltroHistorico.
 enum State : int { onlyAccepted = 0, onlyPending, allStates };
 
-/// What each field of txtPesu shows of the current row.
+/// The value of the current row that each field of txtPesu shows.
 enum Detail : int {
     customerCode = 0,
     customerName,
@@ -23,7 +23,7 @@ enum Detail : int {
     customerOrder,
     orderDate,
     deliveryDate,
-    materialAmount,  ///< euros, as all amounts
+    materialAmount,  ///< euros, like all amounts
     labourAmount,
     subcontractedAmount,
     otherAmount,
@@ -56,14 +56,14 @@ struct TrackingFields {
     screen::Button XPButton1{form, "XPButton1"};  ///< accepts the current proposal
     screen::Button XPButton2{form, "XPButton2"};  ///< shows its work order
     screen::Button cmdExcel{form, "cmdExcel"};
-    screen::Button XPButton3{form, "XPButton3"};  ///< leaves
+    screen::Button XPButton3{form, "XPButton3"};  ///< closes the form
     screen::ControlArray<screen::Label> Label1{form, "Label1", {{10, 10}}};
-    screen::Label lblTeclas{form, "lblTeclas"};  ///< the keys of the list
+    screen::Label lblTeclas{form, "lblTeclas"};  ///< caption with the keys of the list
 
     /// The rows of the list; the form listens to its moves.
     sql::ListenedRecordset rsDpi;
-    /// The row that the panel shows, with the values of the moment at which it was shown. Closed while the panel does
-    /// not show the current row, or not all of it. A new set for each row: who holds the earlier one keeps its row.
+    /// The row that the panel shows, with its values at that moment. Closed while the panel does not, or not
+    /// completely, show the current row. Each row is a new set, so a copy of an earlier one keeps its row.
     sql::Recordset shown;
 };
 

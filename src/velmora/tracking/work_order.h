@@ -1,5 +1,5 @@
 #pragma once
-// What the steps of an acceptance hand to each other, and the errors that they raise.
+// Data passed between the steps of an acceptance, and the errors that they raise.
 
 #include <cstdint>
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace velmora::tracking {
 
-/// A work order in the making.
+/// A work order being created.
 struct WorkOrder {
     std::int32_t number = 0;      ///< ORDEN_NUM
     std::int32_t id = 0;          ///< ORDEN_ID
@@ -17,22 +17,22 @@ struct WorkOrder {
     std::int16_t cuts = 0;        ///< material rows that are cut in the shop
 };
 
-/// Numbers of the errors that an acceptance raises by itself.
+/// Numbers of the errors that an acceptance raises itself.
 enum AcceptanceError : long {
     connectionLost = -9998,
-    writeRefused = -9999,  ///< of the order, of the mark on the proposal
+    writeRefused = -9999,  ///< for the order's row or the mark on the proposal
     sprocketRefused = -99997,
     materialRefused = -9996,
 };
 
-/// Throws one of them. The reason stands in the source; the description is the language's for an error that it does not
-/// know.
+/// Throws one of these errors. The specific reason is in its source; its description is the language's text for an
+/// unknown error.
 [[noreturn]] inline void raise(AcceptanceError number, std::string reason) {
-    // Kept K-142: who shows the description shows generic words; the reason is there for who looks at the source.
+    // Kept K-142: the message box shows only `description`, which stays generic; the specific reason is in `source`.
     throw runtime::RuntimeError(number, runtime::errorDescription(number), std::move(reason));
 }
 
-/// Begins the list of columns of a row that will be written.
+/// Begins the list of columns of a row to be written.
 inline session::FieldList& beginRow(session::Session& session, std::string_view table, std::string_view where = "") {
     session.Tabla(table);
     session.Donde(where);

@@ -73,8 +73,8 @@ bool DeliveryNoteForm::load(std::int32_t id) {
 }
 
 void DeliveryNoteForm::loadLines(std::int32_t id) {
-    // An article's code could stand in ART twice; a line must not.
-    // Differs D-273: nothing is summed here: prices are those of a unit, and a line does not hold its quantity.
+    // An article's code may occur twice in ART, a line must not. Differs D-273: nothing is summed: prices are per unit,
+    // and a line does not hold its quantity.
     dbgLineas_.bind(session_.Connection().execute(
         "SELECT LAC_CODART,(select max(ART_DES) from ART where ART_COD = LAC_CODART) as Descripcion,LAC_ANCHO,"
         "LAC_ESPESOR,LAC_DEXTERIOR,LAC_DINTERIOR,LAC_LARGO,LAC_PRECIO FROM LAC where LAC_IDCAC = " +

@@ -1,5 +1,5 @@
 #pragma once
-// One delivery note of a purchase, to be read: its head and its lines.
+// One delivery note of a purchase, read-only: its header and its lines.
 
 #include <cstdint>
 
@@ -15,7 +15,7 @@ class DeliveryNoteForm : public screen::Form {
     /// The session must outlive the form.
     explicit DeliveryNoteForm(session::Session& session);
 
-    /// Shows the note of this key; false when there is none. Prices have the decimals of the session's
+    /// Shows the note with this key; false when there is none. Prices have the decimals of the session's
     /// `par_decprecom`. Errors: the database's.
     bool load(std::int32_t id);
 

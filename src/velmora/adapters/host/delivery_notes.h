@@ -1,5 +1,5 @@
 #pragma once
-// SORVEL.SORVELCOMP for programs that have no host: a delivery note of a purchase in a form that can only be read.
+// SORVEL.SORVELCOMP for programs without a host: a delivery note of a purchase in a read-only form.
 
 #include <cstdint>
 
@@ -15,8 +15,8 @@ class DeliveryNoteViewer final : public components::DeliveryNotes {
 
     void setMyBd(session::Session& session) override { session_ = &session; }
 
-    /// Shows the note of this CAC_ID and returns when its form is closed; a message box says that there is none. The
-    /// flag changes nothing: the form can only be read. Errors: 91 without a session; the database's.
+    /// Shows the note with this CAC_ID and returns when its form is closed; a message box reports that there is none.
+    /// `flag` is ignored: the form is always read-only. Errors: 91 without a session; the database's.
     void jLoad(std::int32_t id, bool flag) override;
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// The columns of one row shown in text boxes that nobody can write in.
+// The columns of one row, shown in read-only text boxes.
 
 #include <span>
 #include <vector>
@@ -10,27 +10,28 @@
 
 namespace velmora::host {
 
-/// A column of a row as a box shows it.
+/// A column of a row and how a box shows it.
 struct RecordField {
     const char* column;
     const char* caption;
-    int width = 0;  ///< in digits; 0 takes the room that is left
+    int width = 0;  ///< in digits; 0: the remaining width
     const char* mask = "";
     const char* unit = "";
 };
 
 using Boxes = screen::ControlArray<screen::TextBox>;
 
-/// Box i shows field i of the current row; all are empty without one. Errors: 3265 for a column that the row lacks.
+/// Box i shows field i of the current row; all boxes are empty without a current row. Errors: 3265 for a column that
+/// the row lacks.
 void showRecord(const Boxes& boxes, std::span<const RecordField> fields, const sql::Recordset& row);
 
-/// Box i under its caption, for reading only. A field with a mask of digits stands right-aligned.
+/// Box i under its caption, read-only. A field with a mask of digits is right-aligned.
 screen::Layout recordField(const Boxes& boxes, std::span<const RecordField> fields, int i);
 
-/// The boxes from one to another side by side.
+/// The boxes `from` to `to`, side by side.
 screen::Layout recordRow(const Boxes& boxes, std::span<const RecordField> fields, int from, int to);
 
-/// Every box, by rising index, behind what the tab order holds already.
+/// Appends every box in order of index to the tab order.
 void addTabStops(std::vector<screen::Control*>& order, const Boxes& boxes);
 
 }  // namespace velmora::host

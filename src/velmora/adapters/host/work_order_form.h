@@ -1,5 +1,5 @@
 #pragma once
-// One work order, to be read: its head, the measures of the sprocket, the material, the way through the machines.
+// One work order, read-only: its header, the sprocket's measures, the material, the sequence of machines.
 
 #include <cstdint>
 
@@ -15,8 +15,8 @@ class WorkOrderForm : public screen::Form {
     /// The connection must outlive the form.
     explicit WorkOrderForm(sql::Connection& connection);
 
-    /// Shows the order of this number; false when there is none. A frame with nothing to show is hidden: an order for
-    /// a rack has no measures of a sprocket. Errors: the database's.
+    /// Shows the order with this number; false when there is none. A frame without values is hidden: an order for a
+    /// rack has no measures of a sprocket. Errors: the database's.
     bool load(std::int32_t number);
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// KOLTAR.KOLTARD for programs that have no host: a work order in a form that can only be read.
+// KOLTAR.KOLTARD for programs without a host: a work order in a read-only form.
 
 #include <cstdint>
 
@@ -15,8 +15,8 @@ class WorkOrderViewer final : public components::WorkOrders {
 
     void setMyBd(session::Session& session) override { session_ = &session; }
 
-    /// Shows the order of this ORDEN_NUM and returns when its form is closed; a message box says that there is none.
-    /// Errors: 91 without a session; the database's.
+    /// Shows the order with this ORDEN_NUM and returns when its form is closed; a message box reports that there is
+    /// none. Errors: 91 without a session; the database's.
     void jLoad(std::int32_t number) override;
 
   private:

@@ -41,7 +41,7 @@ bool mayRenameIn(const struct stat& folder) {
     return (folder.st_mode & S_IWOTH) != 0 && (folder.st_mode & S_ISVTX) == 0;
 }
 
-/// The path with its links resolved one by one; none when one of them, or a folder, must not be trusted.
+/// The path with its symbolic links resolved one by one; nullopt when a link or folder of it is not trusted.
 std::optional<fs::path> trustedWay(const fs::path& path, uid_t user, int links) {
     fs::path way = path.root_path();
     const fs::path below = path.relative_path();
@@ -76,14 +76,14 @@ std::optional<fs::path> trustedWay(const fs::path& path, uid_t user, int links) 
     return way;
 }
 
-/// Whether the folder of this name is the user's own and closed to everybody else, which is seen to.
+/// Whether this folder is the user's own and closed to all others; sets mode 0700 if necessary.
 bool isOurs(const fs::path& folder, uid_t user) {
     const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat status {};
     if (!opened || ::fstat(*opened, &status) != 0 || status.st_uid != user) {
         return false;
     }
-    // Others may have laid links inside.
+    // Others may already have placed links inside.
     if ((status.st_mode & writableByOthers) != 0) {
         return false;
     }
@@ -114,8 +114,8 @@ OwnFolder::OwnFolder() : OwnFolder(Options{}) {}
 
 OwnFolder::OwnFolder(Options options) : options_(std::move(options)) {}
 
-// Differs D-260: a folder of the program's own where the system's temporary one was written in: names in that one can
-// be guessed, and anybody on the machine may have laid a link there or read what is written.
+// Differs D-260: a private folder instead of the system's temporary folder itself: names there can be guessed, and any
+// user of the machine may have placed a link there or may read what is written.
 std::optional<fs::path> OwnFolder::path() {
     const std::optional<fs::path> root = options_.root();
     if (!root) {

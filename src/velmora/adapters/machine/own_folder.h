@@ -1,5 +1,5 @@
 #pragma once
-// A folder for temporary files that nobody but this user can enter.
+// A folder for temporary files that only this user can enter.
 
 #include <filesystem>
 #include <functional>
@@ -10,38 +10,39 @@
 
 namespace velmora::machine {
 
-/// The folder of this absolute path, as a path without links. None when it is no folder, when a link on the way was
-/// laid by somebody other than root and the user, or when anybody may rename what lies on the way (writable by all
-/// without the sticky bit).
+/// The folder of this absolute path, as a path without symbolic links. nullopt when it is not a folder, when a link in
+/// the path is owned by anybody but root and the user, or when a part of the path can be renamed by others (writable by
+/// all without the sticky bit).
 std::optional<std::filesystem::path> trustedFolder(const std::filesystem::path& path, uid_t user);
 
-/// The folder that the system gives to temporary files (TMPDIR and its kin, else /tmp), if it can be trusted. None for
-/// a relative path: which folder that is hangs on the current one.
+/// The system's folder for temporary files (TMPDIR, TMP, TEMP or TEMPDIR, else /tmp), if it can be trusted. nullopt for
+/// a relative path, which would depend on the current folder.
 std::optional<std::filesystem::path> temporaryRoot();
 
-/// A new folder below `root`, named after `prefix` and six random letters; mode 0700. None when it cannot be made.
+/// A new folder below `root`, named `prefix` followed by six random letters; mode 0700. nullopt when it cannot be
+/// created.
 std::optional<std::filesystem::path> newFolder(const std::filesystem::path& root, const std::string& prefix);
 
-/// One folder of this program and user below the temporary one, made when it is first asked for, mode 0700. It stays:
-/// what was opened from it is still being read when the program ends.
+/// One folder per program and user below the temporary one, created on first use with mode 0700. It is never removed:
+/// other programs may still have its files open when this one ends.
 class OwnFolder {
   public:
     struct Options {
         std::string name = "velmora";
         std::function<std::optional<std::filesystem::path>()> root = temporaryRoot;
-        std::optional<uid_t> user = {};  ///< whose folder it must be; the process's effective user when none is given
+        std::optional<uid_t> user = {};  ///< owner that the folder must have; by default the process's effective user
     };
     OwnFolder();
     explicit OwnFolder(Options options);
 
-    /// "velmora-1000" below the temporary folder. Where something stands at that name that is not this user's own
-    /// folder, a link, say, or a folder of somebody else or one that others could write in: a new folder with a random
-    /// name, the same one for the life of this object. Looked at anew with every call. None when neither can be had.
+    /// "velmora-1000" below the temporary folder. When that name is taken by anything but this user's own folder (a
+    /// link, a folder of another user, one that others can write to): a new folder with a random name, the same one for
+    /// the lifetime of this object. Checked again on every call. nullopt when neither is available.
     std::optional<std::filesystem::path> path();
 
   private:
     Options options_;
-    std::optional<std::filesystem::path> other_;  ///< in the place of one that is not ours
+    std::optional<std::filesystem::path> other_;  ///< replaces a folder that is not ours
 };
 
 }  // namespace velmora::machine

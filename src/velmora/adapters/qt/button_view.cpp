@@ -39,7 +39,7 @@ bool ButtonView::key(const KeyStroke& stroke) {
     if (!toolkit::pressesButton(stroke)) {
         return true;
     }
-    // With Space the button is seen going down, and clicks by itself when the key comes up.
+    // Space is left to the widget: the button is shown pressed and clicks on release.
     if (stroke.key != screen::Key::enter) {
         return false;
     }

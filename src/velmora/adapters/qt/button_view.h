@@ -16,7 +16,7 @@ class ButtonView : public ControlView {
     void updateAll() override;
     bool key(const KeyStroke& stroke) override;
     bool actsOnClick() const override { return true; }
-    void setAccessibleName(const QString&) override {}  // its caption is its name
+    void setAccessibleName(const QString&) override {}  // the caption is the accessible name
 
   private:
     void clicked();

@@ -1,5 +1,5 @@
 #pragma once
-// A box to tick.
+// A check box.
 
 #include <QCheckBox>
 

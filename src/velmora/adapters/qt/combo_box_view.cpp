@@ -11,7 +11,7 @@
 
 namespace velmora::qt {
 
-/// A combo box that tells when its list is about to open, and is as wide as it was told.
+/// A combo box of a given width that reports when its list is about to open.
 class ListBox : public QComboBox {
   public:
     ListBox(int digits, QWidget* parent) : QComboBox(parent), digits_(digits) {
@@ -73,7 +73,7 @@ std::vector<QWidget*> ComboBoxView::inputs() {
     return {list_};
 }
 
-// A list that is being filled tells of every entry; it is brought over once, when the filling is done.
+// While a list is being filled, each entry sends a notification; the widget is updated once, when filling is done.
 void ComboBoxView::update(screen::Property property) {
     switch (property) {
         case screen::Property::items:
@@ -140,13 +140,13 @@ void ComboBoxView::edited(const QString& text) {
 
 bool ComboBoxView::key(const KeyStroke& stroke) {
     if (!toolkit::editsText(stroke.character)) {
-        // F4 opens the list, as everywhere.
+        // F4 opens the list, as is usual.
         if (stroke.key == screen::Key::f4) {
             list_->showPopup();
         }
         return true;
     }
-    // A plain list looks for the entry by itself.
+    // A plain list selects entries by typing itself.
     if (!list_->isEditable()) {
         return false;
     }
@@ -158,7 +158,7 @@ bool ComboBoxView::key(const KeyStroke& stroke) {
     return true;
 }
 
-// Rolling the wheel over a list that does not have the focus scrolls the window, it does not change the proposal.
+// The mouse wheel over a list without the focus scrolls the window and does not change the value.
 bool ComboBoxView::otherEvent(QEvent& event) {
     if (event.type() == QEvent::Wheel && box_.form().activeControl() != &box_) {
         event.ignore();

@@ -1,5 +1,5 @@
 #pragma once
-// One control of a form on the screen: its widget, kept true to the model, and what the user does with it.
+// One control of a form on the screen: its widget, kept in step with the model, and the user's actions on it.
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -16,17 +16,17 @@
 
 namespace velmora::qt {
 
-/// What a view asks of the window it stands in.
+/// What a view needs from its window.
 class ViewHost {
   public:
     virtual ~ViewHost() = default;
-    /// Runs what a user's action does to the model. An error of it is shown, and the program goes on.
+    /// Runs the effect of a user's action on the model. Errors are shown, and the program continues.
     virtual void feed(const std::function<void()>& action) = 0;
-    /// Inside feed: the user turns to this control. False when the focus did not get there.
+    /// Inside feed: moves the focus to this control. False when the focus did not get there.
     virtual bool bringFocus(screen::Control& control) = 0;
     /// False while the form takes no input.
     virtual bool acceptsInput() const = 0;
-    /// Shows an error that arose where no box can be opened (while painting), as soon as one can.
+    /// Shows an error raised where no box can be opened (while painting), as soon as possible.
     virtual void reportLater(std::exception_ptr error) = 0;
 };
 
@@ -35,44 +35,44 @@ class ControlView : public QObject {
     ControlView(ViewHost& host, screen::Control& control) : host_(host), control_(control) {}
 
     screen::Control& control() const { return control_; }
-    /// What the layout places.
+    /// The widget that the layout places.
     virtual QWidget& widget() = 0;
-    /// What takes the keyboard.
+    /// The widget that takes the keyboard.
     virtual QWidget& focusTarget() { return widget(); }
     /// The widgets whose events concern this control.
     virtual std::vector<QWidget*> inputs() { return {&focusTarget()}; }
 
-    /// Brings one property over from the model.
+    /// Copies one property from the model to the widget.
     virtual void update(screen::Property property);
-    /// Brings everything over.
+    /// Copies all properties.
     virtual void updateAll();
 
-    /// Inside feed, after the form has seen the key: what the control does with it. False leaves it to the widget.
+    /// Inside feed, after the form's KeyDown: handles the key in the control. False leaves it to the widget.
     virtual bool key(const KeyStroke& stroke) = 0;
-    /// True when a click is what the control waits for, so that pressing the mouse does not move the focus yet.
+    /// True when the control acts on a click, so that pressing the mouse does not move the focus yet.
     virtual bool actsOnClick() const { return false; }
-    /// Inside feed, after a mouse press has brought the focus here. True swallows the press.
+    /// Inside feed, after a mouse press has moved the focus here. True discards the press.
     virtual bool pressed() { return false; }
-    /// What a press of the mouse is meant for, where the view shows several things: a press that brings the focus, and
-    /// by that changes what stands under the mouse, is not carried out.
+    /// Identifies the target of a mouse press where the view shows several: when moving the focus changes what is under
+    /// the mouse, the press is not carried out.
     virtual QString aimOf(const QMouseEvent& /*press*/) const { return {}; }
-    /// Other events of its widgets; true swallows.
+    /// Other events of the widgets; true discards the event.
     virtual bool otherEvent(QEvent& event);
 
     virtual void focusGained() {}
     virtual void focusLeft() {}
 
-    /// Widgets that come and go with this one: its caption, its unit.
+    /// Widgets shown and hidden together with this one: its caption, its unit.
     void addCompanion(QWidget& companion);
-    /// Frames around the widget that hide it by themselves.
+    /// Frames around the widget, which hide it without the view's help.
     void setEnclosingFrames(std::vector<const screen::Frame*> frames) { enclosing_ = std::move(frames); }
-    /// Something else decides whether the widget is seen.
+    /// The widget's visibility is controlled elsewhere.
     void setShownByOther() { shownByOther_ = true; }
     virtual void setAccessibleName(const QString& name) { focusTarget().setAccessibleName(name); }
 
   protected:
     ViewHost& host() const { return host_; }
-    /// The colours of text and background.
+    /// Sets the colours of text and background.
     virtual void updateColors() {}
 
   private:

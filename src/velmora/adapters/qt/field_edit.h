@@ -1,5 +1,5 @@
 #pragma once
-// A line edit as wide as what it holds.
+// A line edit with a width in digits.
 
 #include <QLineEdit>
 
@@ -7,7 +7,7 @@ namespace velmora::qt {
 
 class FieldEdit : public QLineEdit {
   public:
-    /// `digits` 0: as wide as there is room.
+    /// `digits` 0: all available width.
     FieldEdit(int digits, QWidget* parent) : QLineEdit(parent), digits_(digits) {
         setSizePolicy(digits > 0 ? QSizePolicy::Fixed : QSizePolicy::Expanding, QSizePolicy::Fixed);
         setFocusPolicy(Qt::TabFocus);

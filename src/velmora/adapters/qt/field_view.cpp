@@ -48,8 +48,8 @@ void FieldView::type(const KeyStroke& stroke) {
     toolkit::typeInto(box_, stroke.character, *this);
 }
 
-// Chosen C-245: a press that brings the focus and finds the whole text selected leaves it so: typing then replaces the
-// value.
+// Chosen C-245: a mouse press that moves the focus here keeps a selection of the whole text, so that typing replaces
+// the value.
 bool FieldView::pressed() {
     return box_.allSelected();
 }

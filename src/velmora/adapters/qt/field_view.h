@@ -1,5 +1,5 @@
 #pragma once
-// What a field of one line and one of several have in common: text that the model and the user both write.
+// Common part of one-line and multi-line fields: text written both by the model and by the user.
 
 #include <string>
 
@@ -23,18 +23,18 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     void updateColors() override;
 
     screen::TextBox& box() const { return box_; }
-    /// To be called when the widget's text has changed, whoever changed it.
+    /// Must be called when the widget's text has changed, by the user or by the model.
     void edited();
-    /// A character through the model's filter into the widget.
+    /// Passes a character through the model's filter into the widget.
     void type(const KeyStroke& stroke);
-    /// A double click that has arrived at the widget.
+    /// Handles a double click on the widget.
     void clickedTwice(const QEvent& event);
 
-    // The widget, whichever it is.
+    // Access to the concrete widget.
     virtual void setReadOnly(bool locked) = 0;
-    /// The text as the model would hold it.
+    /// The widget's text in the form in which the model holds it.
     virtual std::string typedText() const = 0;
-    /// Brings the model's text over where it differs.
+    /// Copies the model's text to the widget if it differs.
     virtual void showText() = 0;
     virtual void selectAll() = 0;
     virtual void deselect() = 0;

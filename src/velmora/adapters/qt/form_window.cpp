@@ -102,10 +102,11 @@ void FormWindow::runModal() {
     }
     resize(openingSize());
     show();
-    // What a window needs is known for certain once its fonts and margins are the style's, that is, once it is shown.
+    // The needed size is known only after fonts and margins have been taken from the style, that is, once the window is
+    // shown.
     resize(openingSize());
     if (parentWidget() != nullptr) {
-        // Over the window that it came from, also where no window manager sees to it.
+        // Centred on its parent, also where no window manager places it.
         move(parentWidget()->frameGeometry().center() - rect().center());
     }
     activateWindow();
@@ -119,7 +120,7 @@ void FormWindow::runModal() {
     hide();
 }
 
-// --- What the model tells -------------------------------------------------------------------------------------
+// --- Changes of the model -------------------------------------------------------------------------------------
 
 void FormWindow::controlChanged(screen::Control& control, screen::Property property) {
     if (ControlView* view = viewOf(control)) {
@@ -175,7 +176,7 @@ void FormWindow::focusMoved(screen::Control* control) {
     }
 }
 
-// --- What the user does ---------------------------------------------------------------------------------------
+// --- Actions of the user --------------------------------------------------------------------------------------
 
 void FormWindow::showError(std::exception_ptr error) {
     screen_.showError(error);
@@ -252,8 +253,8 @@ bool FormWindow::handlePress(ControlView& view, QEvent& event) {
     const QString aim = view.aimOf(press);
     bool arrived = false;
     feed([&] { arrived = bringFocus(control); });
-    // Differs D-176: leaving a field may list the rows of a grid anew: a press on one of them, or on the button in its
-    // cell, does nothing when another row has come to stand there.
+    // Differs D-176: leaving a field may fill a grid with other rows: a press on a row, or on the button in its cell,
+    // does nothing when another row is there by then.
     if (!arrived || form_.activeControl() != &control || screen_.boxesShown() != boxesBefore ||
         view.aimOf(press) != aim) {
         return true;
@@ -261,7 +262,7 @@ bool FormWindow::handlePress(ControlView& view, QEvent& event) {
     return (!hadFocus && view.pressed()) || view.otherEvent(event);
 }
 
-// Focus that came by another way than ours, from assistive technology, is an action of the user like any other.
+// Focus set by other means, such as assistive technology, is an action of the user like any other.
 void FormWindow::handleForeignFocus(ControlView& view, Qt::FocusReason reason) {
     const bool ofWindow =
         reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;

@@ -1,6 +1,6 @@
 #pragma once
-// One form on the screen. It draws the form's Layout, follows its properties, and feeds what the user does through the
-// model: the model alone decides who has the focus and what a key becomes.
+// One form on the screen. It renders the form's Layout, follows its properties, and passes the user's actions to the
+// model: the model alone decides which control has the focus and what a key becomes.
 
 #include <QEventLoop>
 #include <QPointer>
@@ -29,11 +29,11 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
 
     /// Shows the window, activates the form and returns when the form is unloaded.
     void runModal();
-    /// The size that the window opens with: what the form asks for, within the screen.
+    /// The initial size: what the form needs, limited to the screen.
     QSize openingSize() const;
 
     screen::Form& form() const { return form_; }
-    /// The view of a control; none when the layout does not hold it.
+    /// The view of a control; nullptr when the layout does not contain it.
     ControlView* viewOf(const screen::Control& control) const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -69,7 +69,7 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
     QWidget* content_ = nullptr;
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unordered_map<const screen::Control*, ControlView*> viewByControl_;
-    /// A label that captions several fields, one of which is shown at a time, has a view beside each.
+    /// Further views of a label that captions several fields, only one of which is shown at a time.
     std::unordered_map<const screen::Control*, std::vector<ControlView*>> furtherViews_;
     std::unordered_map<const QObject*, ControlView*> viewByWidget_;
     std::unordered_map<const screen::Control*, std::vector<SketchView*>> sketchesByLabel_;

@@ -1,5 +1,5 @@
 #pragma once
-// A group with its title.
+// A group box with a title.
 
 #include <QGroupBox>
 

@@ -14,7 +14,7 @@ void Graphics::require() {
     if (QCoreApplication::instance() != nullptr) {
         return;
     }
-    // The application keeps referring to its arguments, and takes out of them what it has understood.
+    // QApplication keeps references to its arguments and removes those that it has processed.
     static char name[] = "velmora";
     static char option[] = "-platform";
     static char platform[] = "offscreen";

@@ -1,5 +1,5 @@
 #pragma once
-// Fonts and painting for programs that have no windows.
+// Fonts and painting for programs without windows.
 
 #include <memory>
 
@@ -7,9 +7,9 @@ class QGuiApplication;
 
 namespace velmora::qt {
 
-/// Painting letters needs the toolkit's application. Where the program has made one, as the desktop does, this does
-/// nothing; elsewhere it makes one on the platform that needs no display, and keeps it while it lives. To be used from
-/// one thread.
+/// Painting text needs a QGuiApplication. When the program has created one, as the desktop does, this does nothing;
+/// otherwise it creates one on a platform that needs no display and keeps it for its own lifetime. Single-threaded use
+/// only.
 class Graphics {
   public:
     Graphics();
@@ -17,7 +17,7 @@ class Graphics {
     Graphics(const Graphics&) = delete;
     Graphics& operator=(const Graphics&) = delete;
 
-    /// Makes the application now, if there is none.
+    /// Creates the application now, if there is none.
     void require();
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// How a cell of a grid is drawn: its text, or a small flat button with the text on it.
+// Draws a grid's cell: its text, or a small flat button with that text.
 
 #include <QStyledItemDelegate>
 
@@ -12,7 +12,7 @@ class GridDelegate : public QStyledItemDelegate {
     GridDelegate(const GridModel& model, QObject* parent) : QStyledItemDelegate(parent), model_(model) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    /// A text that its column cuts off is told whole.
+    /// Shows the whole text of a truncated cell as a tool tip.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 

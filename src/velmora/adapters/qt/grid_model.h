@@ -1,5 +1,5 @@
 #pragma once
-// The rows of a grid as the toolkit's table asks for them.
+// The rows of a grid as a table model.
 
 #include <QAbstractTableModel>
 #include <cstddef>
@@ -19,9 +19,9 @@ class GridModel : public QAbstractTableModel {
     bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
 
-    /// Everything anew: other columns, other rows.
+    /// Columns or rows have changed: resets the model.
     void reload();
-    /// Makes the row known if the set has it.
+    /// Makes the row known to the table if the set has it.
     void ensureRow(std::size_t row);
 
     const toolkit::GridRows& rows() const { return rows_; }

@@ -1,5 +1,5 @@
 #pragma once
-// The table of a grid: whole rows, thin rules, a stretching text column.
+// The table of a grid: selection of whole rows, thin lines, a stretching text column.
 
 #include <QTableView>
 #include <functional>
@@ -11,7 +11,7 @@ class GridTable : public QTableView {
   public:
     GridTable(int lines, QWidget* parent);
 
-    /// Nominal widths in pixels; the column at `stretching` (-1: none) takes what room is left over.
+    /// Nominal widths in pixels; the column `stretching` (-1: none) takes the remaining width.
     void setWidths(std::vector<int> widths, int stretching);
 
     QSize sizeHint() const override;

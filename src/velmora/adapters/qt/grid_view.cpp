@@ -132,7 +132,7 @@ void GridView::bringRow() {
     showCount();
 }
 
-// The row under the mouse by all that it shows.
+// Identifies the row under the mouse by all its shown values.
 QString GridView::aimOf(const QMouseEvent& press) const {
     const int row = table_->indexAt(press.position().toPoint()).row();
     QStringList cells;
@@ -182,7 +182,7 @@ bool GridView::otherEvent(QEvent& event) {
     return move.has_value();
 }
 
-// Downward a page ends with the row that the lower edge cuts.
+// Downward a page ends with the row cut by the lower edge.
 std::size_t GridView::page(toolkit::RowMove move) const {
     const int cut = move == toolkit::RowMove::pageDown ? theme::gridRow - 1 : 0;
     return static_cast<std::size_t>(std::max((table_->viewport()->height() + cut) / theme::gridRow, 1));

@@ -1,5 +1,5 @@
 #pragma once
-// A grid: its table, bound both ways to the current row, and a count of rows below it.
+// A grid: its table, bound in both directions to the current row, and a row count below it.
 
 #include <QLabel>
 
@@ -34,7 +34,7 @@ class GridView : public ControlView {
     void clicked(const QModelIndex& index);
     std::size_t gridColumn(const QModelIndex& index) const;
     void showCount();
-    /// The rows that a page has.
+    /// Number of rows per page.
     std::size_t page(toolkit::RowMove move) const;
 
     screen::DataGrid& grid_;

@@ -31,7 +31,7 @@ constexpr std::array<std::pair<int, Key>, 14> namedKeys{{
 bool isShortcut(const QKeyEvent& event) {
     const bool control = event.modifiers().testFlag(Qt::ControlModifier);
     const bool alt = event.modifiers().testFlag(Qt::AltModifier);
-    // Control and Alt together are AltGr on some desktops, and type characters.
+    // On some desktops Control and Alt together are AltGr, which types characters.
     return control != alt || event.modifiers().testFlag(Qt::MetaModifier);
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// A key of the toolkit as the core takes it.
+// Converts key events of the toolkit to key strokes of the core.
 
 #include <QKeyEvent>
 

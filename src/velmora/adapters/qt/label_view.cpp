@@ -23,7 +23,7 @@ void LabelView::update(screen::Property property) {
         return;
     }
     text_->setText(toQt(label_.caption()));
-    // Once wide, always wide: a caption that changes with the piece must not push the fields about.
+    // Never narrower again: a caption that changes with the piece must not move the fields.
     text_->setMinimumWidth(std::max(text_->minimumWidth(), text_->sizeHint().width()));
     if (field_ && field_->control().accessibleName().empty()) {
         field_->setAccessibleName(text_->text());

@@ -1,5 +1,5 @@
 #pragma once
-// A text on the form; as a field's caption it stands beside the field.
+// A text on the form; as the caption of a field it is placed beside the field.
 
 #include <QLabel>
 
@@ -9,7 +9,7 @@ namespace velmora::qt {
 
 class LabelView : public ControlView {
   public:
-    /// `digits`: room that is kept for the text, whatever it is; 0 keeps none.
+    /// `digits`: width reserved for the text, whatever its contents; 0 reserves none.
     LabelView(ViewHost& host, screen::Label& label, QWidget* parent, screen::Role role = screen::Role::label,
               int digits = 0);
 
@@ -17,7 +17,7 @@ class LabelView : public ControlView {
     void update(screen::Property property) override;
     void updateAll() override;
     bool key(const KeyStroke&) override { return false; }
-    /// The field that the caption speaks for.
+    /// The field that this label is the caption of.
     void setField(ControlView& field) { field_ = &field; }
     void setAccessibleName(const QString&) override {}
 

@@ -21,7 +21,7 @@ using screen::Layout;
 using toolkit::LayoutPlan;
 using toolkit::PlanCell;
 
-constexpr int captionGap = 2;  ///< between a field and a caption above it
+constexpr int captionGap = 2;  ///< pixels between a field and a caption above it
 
 int pixels(toolkit::Spacing spacing) {
     switch (spacing) {

@@ -1,5 +1,5 @@
 #pragma once
-// Makes the widgets of a form from the plan of its layout.
+// Creates the widgets of a form from its layout.
 
 #include <memory>
 #include <unordered_map>
@@ -17,12 +17,12 @@ namespace velmora::qt {
 
 class LabelView;
 
-/// Groups that share one place. The page after the last is empty, for when none of them is to be seen.
+/// Groups that share one place. The page after the last is empty, for when none of them is visible.
 struct Turn {
     QStackedLayout* stack;
     const screen::Layout* node;
 
-    /// Brings the first visible child to the front.
+    /// Shows the first visible child.
     void update() const;
 };
 
@@ -37,7 +37,7 @@ class LayoutBuilder {
     std::vector<Turn> takeTurns() { return std::move(turns_); }
 
   private:
-    /// What a part of the plan has become: a widget or a layout, or neither.
+    /// The result for one node of the layout: a widget, a layout, or neither.
     struct Piece {
         QWidget* widget = nullptr;
         QLayout* layout = nullptr;
@@ -56,10 +56,10 @@ class LayoutBuilder {
     Piece makeGrid(const toolkit::LayoutPlan& plan);
     Piece makeGroup(const toolkit::LayoutPlan& plan);
     Piece makeTurns(const toolkit::LayoutPlan& plan);
-    /// A page of turns as a widget of its own.
+    /// A child of a shared place as a widget of its own.
     QWidget* pageOf(const Piece& piece);
 
-    /// Made with the first of them that the plan asks for.
+    /// Created when the first of the widgets is needed.
     FieldParts& partsOf(const screen::Layout& field);
     void makeCaptionOf(const screen::Layout& field, FieldParts& parts);
     ControlView& addView(std::unique_ptr<ControlView> view);

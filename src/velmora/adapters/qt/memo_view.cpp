@@ -9,7 +9,7 @@ namespace velmora::qt {
 
 namespace {
 
-// The model ends a line with carriage return and line feed, as the database keeps it.
+// The model ends lines with carriage return and line feed, as they are stored.
 std::string modelText(const QPlainTextEdit& edit) {
     return fromQt(edit.toPlainText().replace(QLatin1String("\n"), QLatin1String("\r\n")));
 }

@@ -1,5 +1,5 @@
 #pragma once
-// A text of several lines.
+// A text field of several lines.
 
 #include <QPlainTextEdit>
 

@@ -8,8 +8,8 @@
 
 namespace velmora::qt {
 
-/// Answers to Enter (the default button), to Esc (Cancel, else No, else OK) and to a button's letter, with Alt or
-/// without.
+/// Handles Enter (the default button), Esc (Cancel, else No, else OK) and the letters of the buttons, with or without
+/// Alt.
 class MessageDialog : public QMessageBox {
   public:
     MessageDialog(const screen::MessageBox& box, QWidget* parent);

@@ -14,7 +14,7 @@ bool picture(QtScreen& screen, screen::Form& form, const std::string& path, QSiz
     window.setAttribute(Qt::WA_DontShowOnScreen);
     window.resize(size);
     window.show();
-    // Lists that are filled and columns that are stretched wait for the event loop.
+    // Filling lists and stretching columns is done in the event loop.
     QApplication::processEvents();
     return window.grab().save(toQt(path), "PNG");
 }

@@ -1,5 +1,5 @@
 #pragma once
-// The picture of a form's window, with no screen needed (on the offscreen platform).
+// A screenshot of a form's window; works without a display (on the offscreen platform).
 
 #include <QSize>
 #include <string>
@@ -10,7 +10,7 @@ namespace velmora::qt {
 
 class QtScreen;
 
-/// Writes the window as it opens to a PNG file. False when the file cannot be written.
+/// Writes the window in its initial state to a PNG file. False when the file cannot be written.
 bool picture(QtScreen& screen, screen::Form& form, const std::string& path, QSize size = {1280, 800});
 
 }  // namespace velmora::qt

@@ -1,5 +1,5 @@
 #pragma once
-// How far a long work has come, with a button to end it. It comes up only when the work takes its time.
+// Progress of a long operation, with a Cancel button. It appears only when the operation takes long.
 
 #include <QElapsedTimer>
 #include <QString>
@@ -14,16 +14,16 @@ namespace velmora::qt {
 
 class ProgressWindow final : public screen::Progress {
   public:
-    /// Stays away for `delay` milliseconds from now.
+    /// Appears after `delay` milliseconds at the earliest.
     ProgressWindow(QString title, QWidget* parent, int delay = 1000);
     ~ProgressWindow() override;
 
-    /// Lets the events of the toolkit run, those of the user only once the window has come up: it is modal, and what
-    /// they do elsewhere waits.
+    /// Runs the events of the toolkit; user events only once the window has appeared: it is modal, so actions on other
+    /// windows wait.
     void show(std::string_view text, std::optional<double> fraction) override;
     bool cancelled() override;
 
-    /// nullptr until it has come up.
+    /// nullptr until it has appeared.
     QProgressDialog* window() const { return dialog_.get(); }
 
   private:

@@ -15,7 +15,7 @@ namespace velmora::qt {
 
 namespace {
 
-/// The pointer under a box is the plain one, whatever work the box interrupts.
+/// Shows the plain pointer under a box even when the interrupted work shows the hourglass.
 class PlainPointer {
   public:
     explicit PlainPointer(bool hourglass) : active_(hourglass) {
@@ -35,7 +35,7 @@ class PlainPointer {
     bool active_;
 };
 
-/// Gives the keyboard back to the window that a box stood over; not every window manager does it by itself.
+/// Returns the keyboard focus to the window below when a box closes; not every window manager does.
 class ComesBack {
   public:
     explicit ComesBack(QWidget* window) : window_(window) {}

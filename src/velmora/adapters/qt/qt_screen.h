@@ -1,5 +1,5 @@
 #pragma once
-// The desktop as the logic's screen: real windows for any form, drawn from its model and its Layout.
+// The desktop as the logic's screen: real windows for any form, rendered from its model and its Layout.
 
 #include <exception>
 #include <vector>
@@ -12,7 +12,7 @@ namespace velmora::qt {
 
 class FormWindow;
 
-/// Needs a QApplication, on which it puts the theme.
+/// Needs a QApplication, to which it applies the theme.
 class QtScreen : public screen::Screen {
   public:
     QtScreen();
@@ -22,15 +22,15 @@ class QtScreen : public screen::Screen {
     screen::Answer show(const screen::MessageBox& box) override;
     std::optional<std::size_t> search(const screen::SearchWindow& window) override;
     void setPointer(screen::Pointer pointer) override;
-    /// What the user does meanwhile waits.
+    /// Input of the user is held back meanwhile.
     void processEvents() override;
     std::unique_ptr<screen::Progress> progress(std::string_view title) override;
 
-    /// Shows the box of an error that nothing of the logic has caught.
+    /// Shows the box of an error that no handler has caught.
     void showError(std::exception_ptr error);
-    /// Boxes and search windows shown so far; tells whether an action has opened one.
+    /// Number of boxes and search windows shown so far; used to detect whether an action has opened one.
     int boxesShown() const { return boxesShown_; }
-    /// The window on top; none when no form is shown.
+    /// The topmost window; nullptr when no form is shown.
     FormWindow* top() const { return windows_.empty() ? nullptr : windows_.back(); }
     QWidget* topWidget() const;
 

@@ -21,18 +21,18 @@ constexpr int fileNotFound = 2;
 constexpr int accessDenied = 5;
 constexpr int noAssociation = 31;
 
-/// How long the desktop's opener may take to say that it found no program. One that is still at work then has handed
-/// the file on, or is the program itself.
+/// How long to wait for the desktop's opener to report that it found no program. If it is still running then, it has
+/// passed the file on or is the program itself.
 constexpr int patience = 2000;  // ms
 
-/// Openers that are still at work, most likely the programs themselves. They are never ended by us, at our own end
-/// neither, and so never destroyed while they run.
+/// Openers that are still running, most likely the programs themselves. They are never terminated, not even when this
+/// program ends, and therefore never destroyed while they run.
 QSet<QProcess*>& atWork() {
     static auto& all = *new QSet<QProcess*>;
     return all;
 }
 
-/// Runs the desktop's own opener, which unlike the toolkit's call tells whether a program took the file.
+/// Runs the desktop's own opener, which unlike the toolkit's function reports whether a program opened the file.
 int openWith(const QString& opener, const QString& path) {
     auto* process = new QProcess;
     QObject::connect(process, &QProcess::finished, process, [process] {

@@ -1,5 +1,5 @@
 #pragma once
-// The machine around the desktop program.
+// The machine services of the desktop program.
 
 #include <QStringList>
 
@@ -10,7 +10,7 @@ namespace velmora::qt {
 
 class QtServices : public system::Services {
   public:
-    /// The program's own folder below the system's temporary one; empty when there is none to be trusted.
+    /// The program's own folder below the system's temporary one; empty when no trusted one is available.
     std::string temporaryFolder() const override;
     std::optional<std::string> openFileDialog(const system::OpenFileRequest& request) override;
     int openWithAssociatedProgram(std::string_view path) override;
@@ -19,7 +19,7 @@ class QtServices : public system::Services {
     mutable machine::OwnFolder folder_;
 };
 
-/// "Todos (*.*)|*.*|Textos|*.txt;*.log" as the toolkit's file dialog takes it.
+/// Converts "Todos (*.*)|*.*|Textos|*.txt;*.log" to the form that the toolkit's file dialog takes.
 QStringList nameFilters(std::string_view filter);
 
 }  // namespace velmora::qt

@@ -1,5 +1,5 @@
 #pragma once
-// The window to look for a row: a filter box over two columns.
+// The window to search for a row: a filter box over two columns.
 
 #include <QDialog>
 #include <exception>
@@ -15,14 +15,14 @@ namespace velmora::qt {
 class GridTable;
 class SearchModel;
 
-/// Filters as the user types; the arrow keys move in the list while the box keeps the keyboard; Enter or a double
-/// click takes the row; Esc leaves.
+/// Filters while the user types; the arrow keys move in the list while the box keeps the keyboard focus; Enter or a
+/// double click chooses the row; Esc closes the window.
 class SearchDialog : public QDialog {
   public:
     SearchDialog(const screen::SearchWindow& window, QWidget* parent);
 
     std::optional<std::size_t> choose();
-    /// An error that ended the reading of the rows.
+    /// The error that ended the reading of the rows, if any.
     std::exception_ptr failure() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -8,7 +8,7 @@
 namespace velmora::qt {
 
 namespace {
-constexpr std::size_t chunk = 100;  ///< matches read at once
+constexpr std::size_t chunk = 100;  ///< number of matches read at once
 }
 
 SearchModel::SearchModel(const screen::SearchWindow& window, QObject* parent)

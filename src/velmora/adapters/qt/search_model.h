@@ -1,5 +1,5 @@
 #pragma once
-// The rows of a search window that hold the text in the filter box, read as they come into sight.
+// The rows of a search window that match the filter box, read when they are scrolled into view.
 
 #include <QAbstractTableModel>
 #include <cstddef>
@@ -21,11 +21,11 @@ class SearchModel : public QAbstractTableModel {
     bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
 
-    /// Only rows whose search column holds this text, anywhere; case does not count, accents do.
+    /// Only rows whose search column contains this text; compared without case, with accents.
     void setFilter(const QString& filter);
     std::size_t sourceRow(int row) const { return matches_[static_cast<std::size_t>(row)]; }
     bool isComplete() const { return complete_; }
-    /// What stopped the reading, if anything did.
+    /// The error that stopped the reading, if any.
     std::exception_ptr failure() const { return failure_; }
 
   private:

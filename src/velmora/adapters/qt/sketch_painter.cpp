@@ -40,7 +40,7 @@ SketchPainter::SketchPainter(QPainter& painter, const screen::Drawing& drawing, 
 
 void SketchPainter::paint(const QRectF& canvas) {
     painter_.setRenderHint(QPainter::Antialiasing);
-    // Turned letters are as wide as level ones only without hinting.
+    // Without hinting, rotated letters are as wide as horizontal ones.
     QFont font = painter_.font();
     font.setHintingPreference(QFont::PreferNoHinting);
     painter_.setFont(font);

@@ -1,5 +1,5 @@
 #pragma once
-// Paints a technical drawing: strokes what the plan of the drawing tells.
+// Paints a technical drawing from its sketch plan.
 
 #include <QPainter>
 #include <QRectF>
@@ -12,7 +12,7 @@ class SketchPainter {
   public:
     SketchPainter(QPainter& painter, const screen::Drawing& drawing, const toolkit::LabelTexts& labels);
 
-    /// Scales the drawing to fit the canvas; texts have the painter's font.
+    /// Scales the drawing to fit the canvas; texts use the painter's font.
     void paint(const QRectF& canvas);
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// The picture of a piece with its measures.
+// The drawing of the piece with its measures.
 
 #include "velmora/adapters/qt/control_view.h"
 #include "velmora/platform/screen/sketch.h"
@@ -18,7 +18,7 @@ class SketchView : public ControlView {
     bool key(const KeyStroke&) override { return false; }
 
     screen::Sketch& sketch() const { return sketch_; }
-    /// A value label's text or visibility has changed.
+    /// To be called when a value label's text or visibility has changed.
     void labelChanged();
 
   private:

@@ -172,7 +172,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
             return 2;
         case PM_HeaderMargin:
             return theme::unit;
-        case PM_FocusFrameHMargin:  // what stands left and right of an entry of a list
+        case PM_FocusFrameHMargin:  // space left and right of a list's entry
             return theme::unit - 1;
         case PM_ButtonDefaultIndicator:
         case PM_ButtonShiftHorizontal:

@@ -1,5 +1,5 @@
 #pragma once
-// How fields, lists, buttons and groups are drawn.
+// The drawing style of fields, lists, buttons and groups.
 
 #include <QProxyStyle>
 

@@ -1,5 +1,5 @@
 #pragma once
-// Texts between the model (UTF-8) and the toolkit.
+// Converts texts between the model (UTF-8) and the toolkit.
 
 #include <QString>
 #include <string>

@@ -40,7 +40,7 @@ bool TextBoxView::otherEvent(QEvent& event) {
     return false;
 }
 
-// Characters composed of several keys (´ and a) arrive as text; they pass the same filter one by one.
+// Characters composed of several keys (´ and a) arrive as text; they pass through the same filter one by one.
 bool TextBoxView::committedText(const QString& text) {
     if (text.isEmpty()) {
         return false;

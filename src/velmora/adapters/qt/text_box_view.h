@@ -1,5 +1,5 @@
 #pragma once
-// A field of one line.
+// A one-line field.
 
 #include "velmora/adapters/qt/field_edit.h"
 #include "velmora/adapters/qt/field_view.h"
@@ -25,7 +25,7 @@ class TextBoxView : public FieldView {
     void breakLine() override;
 
   private:
-    /// Composed text, character by character through the filter; false when there is none.
+    /// Passes composed text through the filter character by character; false when there is none.
     bool committedText(const QString& text);
 
     FieldEdit* edit_;

@@ -64,8 +64,8 @@ QColor backgroundOf(const screen::Control& control, screen::Role role) {
 
 }  // namespace
 
-// The desktop's own font when its digits are all of one width, so that numbers line up. The common fallback is very
-// wide; its narrow sister gives a dense form the room it needs.
+// The desktop's own font if all its digits have the same width, so that numbers align. The usual fallback font is very
+// wide; its condensed variant suits a dense form.
 QFont baseFont() {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setPointSize(9);

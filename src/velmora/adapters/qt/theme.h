@@ -1,6 +1,6 @@
 #pragma once
-// Colours, fonts and measures of every window. They are our own: a dark or colourful desktop does not change them,
-// since the colours of the fields carry meaning.
+// Colours, fonts and measures of all windows. They are independent of the desktop's theme, because the colours of the
+// fields carry meaning.
 
 #include <QApplication>
 #include <QColor>
@@ -30,7 +30,7 @@ inline constexpr QRgb focusBorder = 0xFF14181D;
 inline constexpr QRgb accent = 0xFF1F5C99;
 inline constexpr QRgb currentRow = 0xFFC9DFF5;
 
-/// Style, palette and font of the whole application. Once, before the first window.
+/// Applies style, palette and font to the whole application. Once, before the first window.
 void apply(QApplication& application);
 
 /// The font of all windows and papers, 9 points.
@@ -41,8 +41,8 @@ QFont titleFont();
 /// A colour of the model.
 QColor fromModel(screen::Color color);
 
-/// Background of a field by its ground (toolkit::groundOf), its text in the model's colour, enabled or not. A palette
-/// that holds both already is left alone.
+/// Sets the background of a field by its ground (toolkit::groundOf) and its text to the model's colour, enabled or not.
+/// Does nothing when the palette already has both.
 void paintField(QWidget& field, const screen::Control& control, screen::Role role);
 
 }  // namespace velmora::qt::theme

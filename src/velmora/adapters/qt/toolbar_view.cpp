@@ -31,8 +31,8 @@ void ToolbarView::updateAll() {
     build();
 }
 
-// No key means anything to the bar itself. One that was left to its widget would go up to the window and come to the
-// form a second time.
+// The bar itself handles no keys. A key left to its widget would propagate to the window and reach the form a second
+// time.
 bool ToolbarView::key(const KeyStroke&) {
     return true;
 }

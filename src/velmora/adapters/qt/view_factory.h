@@ -1,5 +1,5 @@
 #pragma once
-// The view that fits a control.
+// Creates the view for a control.
 
 #include <memory>
 

@@ -1,5 +1,5 @@
 #pragma once
-// What a script has ready for questions to come.
+// Answers that a script has queued for questions to come.
 
 #include <deque>
 #include <optional>
@@ -9,14 +9,14 @@
 
 namespace velmora::script {
 
-/// Each queue is used up from its front.
+/// Each queue is consumed from its front.
 struct Answers {
     std::deque<screen::Answer> boxes;
-    std::deque<std::optional<std::size_t>> searches;  ///< 0-based row; none leaves the window
-    std::deque<std::optional<std::string>> files;     ///< path; none leaves the dialog
+    std::deque<std::optional<std::size_t>> searches;  ///< 0-based row; nullopt closes the window without a choice
+    std::deque<std::optional<std::string>> files;     ///< path; nullopt cancels the dialog
 };
 
-/// Takes the front; none when nothing is queued.
+/// Removes and returns the front; nullopt when the queue is empty.
 template <typename Queued>
 std::optional<Queued> takeFront(std::deque<Queued>& queue) {
     if (queue.empty()) {

@@ -12,12 +12,12 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
-/// Walks over one line.
+/// Splits one line into values.
 class Scanner {
   public:
     explicit Scanner(std::string_view line) : rest_(line) {}
 
-    /// The next value; none at the end of the line or before a comment.
+    /// The next value; nullopt at the end of the line or before a comment.
     std::optional<Argument> next() {
         while (!rest_.empty() && isBlank(rest_.front())) {
             rest_.remove_prefix(1);

@@ -1,5 +1,5 @@
 #pragma once
-// Lines of a script and what they say.
+// Parsing of script lines into commands.
 
 #include <istream>
 #include <optional>
@@ -10,7 +10,8 @@
 
 namespace velmora::script {
 
-/// One value of a line. Quoted values may hold blanks; some commands read a bare number otherwise than a quoted one.
+/// One value of a line. A quoted value may contain blanks; some commands treat a bare number differently from a quoted
+/// one.
 struct Argument {
     std::string text;
     bool quoted = false;
@@ -25,29 +26,28 @@ struct Command {
     std::vector<Argument> arguments;
 };
 
-/// The script itself is wrong: ends it with exit status 2. The text does not hold the line number.
+/// The script itself is wrong: ends it with exit status 2. The text does not include the line number.
 class WrongScript : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// The command on a line; none when the line is blank or a comment. Values are divided by blanks; a quoted one knows
-/// \" \\ and \n, and may follow a `=` directly (text="a b"). A # where a value could begin starts a comment.
-/// Errors: WrongScript for a quote that is not closed, an escape that nobody knows, a quote inside a bare value, `try`
-/// alone.
+/// The command on a line; nullopt when the line is blank or a comment. Values are separated by blanks; a quoted one
+/// supports \" \\ and \n, and may follow a `=` directly (text="a b"). A # where a value could begin starts a comment.
+/// Errors: WrongScript for an unclosed quote, an unknown escape, a quote inside a bare value, `try` alone.
 std::optional<Command> parseLine(std::string_view line, int number);
 
-/// Reads a script as it is played, so that it may come from a pipe. Lines end in LF or CR LF; a byte order mark is
-/// passed over.
+/// Reads a script line by line while it runs, so that it may come from a pipe. Lines end in LF or CR LF; a byte order
+/// mark is skipped.
 class ScriptReader {
   public:
     explicit ScriptReader(std::istream& in) : in_(in) {}
     ScriptReader(const ScriptReader&) = delete;
     ScriptReader& operator=(const ScriptReader&) = delete;
 
-    /// The next command; none at the end. Errors as parseLine.
+    /// The next command; nullopt at the end. Errors as parseLine.
     std::optional<Command> next();
-    /// The number of the line read last.
+    /// The number of the last line read.
     int line() const { return line_; }
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// How a script ends before its last line.
+// Ends a script before its last line.
 
 #include <exception>
 #include <string>
@@ -10,8 +10,8 @@ namespace velmora::script {
 /// Exit statuses of a script.
 enum class Status { ok = 0, checkFailed = 1, wrong = 2, unanswered = 3 };
 
-/// Unwinds the operations that are running and the forms that are open. It is no run-time error of the language, so
-/// that no error trap of theirs holds it up.
+/// Unwinds the running operations and the open forms. Deliberately not a RuntimeError, so that no error trap catches
+/// it.
 class Ending : public std::exception {
   public:
     Ending(Status status, std::string reason) : status_(status), reason_(std::move(reason)) {}

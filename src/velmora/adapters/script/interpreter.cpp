@@ -92,7 +92,7 @@ void Interpreter::play(const Command& command) {
     if (count < least || count > most) {
         wrong("too few or too many values", command.name);
     }
-    // A check that could not be made does not hold.
+    // A check that could not be evaluated counts as failed.
     const bool done = stage_.journal.guard([&] { (this->*deed)(command); });
     checkFailed_ = checkFailed_ || (!done && command.name.starts_with("expect"));
 }
@@ -172,7 +172,7 @@ State Interpreter::stateNamed(std::string_view name) const {
 }
 
 void Interpreter::must(const Command& command, Control& control, const std::function<bool()>& deed) {
-    // Chosen C-260: the controls of a form beneath another can be read and refuse every deed, as with any modal window.
+    // Chosen C-260: controls of a form beneath another can be read but refuse every action, as with any modal window.
     const std::string& name = command.arguments[0].text;
     if (&control.form() == &top() && deed()) {
         return;

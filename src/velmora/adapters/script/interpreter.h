@@ -1,5 +1,5 @@
 #pragma once
-// Plays a script on the program: reads a command, does it, goes on inside the forms that open.
+// Runs a script against the program: reads and executes commands, also inside the forms that they open.
 
 #include <functional>
 #include <map>
@@ -20,33 +20,35 @@
 
 namespace velmora::script {
 
-/// The public operations by the names that a script calls them. A wrong number or kind of arguments is WrongScript.
+/// The public operations under the names used by scripts. A wrong number or kind of arguments is WrongScript.
 struct Operations {
     using Arguments = std::vector<Argument>;
-    /// `open`: what opens a form, and returns when it is closed.
+    /// `open`: operations that open a form and return when it is closed.
     std::map<std::string, std::function<void(const Arguments&)>, std::less<>> open;
-    /// `call`: the others; gives the line to print.
+    /// `call`: the others; each returns the line to print.
     std::map<std::string, std::function<std::string(const Arguments&)>, std::less<>> call;
 };
 
 class Interpreter {
   public:
-    /// What a script plays on; all of it outlives the interpreter.
+    /// What a script runs against; everything must outlive the interpreter.
     struct Stage {
         Journal& journal;
         Answers& answers;
         ScriptScreen& screen;
         WatchedConnection& program;  ///< the connection that the program uses
-        sql::Connection& engine;     ///< the same database for the script's own queries
+        sql::Connection& engine;     ///< the same database, for the script's own queries
         const Operations& operations;
     };
 
     using Tell = std::function<void(std::string_view reason)>;
 
-    /// Takes over the screen's idle time. `tell` gets the reason, with its line, of a script that ends early.
+    /// Registers itself for the screen's idle time. `tell` receives the reason, with the line number, when a script
+    /// ends early.
     Interpreter(Stage stage, ScriptReader& reader, Tell tell);
 
-    /// Plays to the end of the script. A wrong script and an open question go before failed checks.
+    /// Runs the script to its end. The status of a wrong script or an unanswered question takes precedence over failed
+    /// checks.
     Status run();
 
   private:
@@ -96,10 +98,10 @@ class Interpreter {
     void expectQuery(const Command& command);
 
     screen::Form& top() const;
-    /// The control of that name on the form on top, else on one beneath it.
+    /// The control with this name on the topmost form that has one.
     screen::Control& control(std::string_view name) const;
     State stateNamed(std::string_view name) const;
-    /// Does the user's deed; a refusal ends the script unless the line was tried.
+    /// Performs a user action; a refusal ends the script unless the line began with `try`.
     void must(const Command& command, screen::Control& control, const std::function<bool()>& deed);
     void checked(const Command& command, bool holds, std::string_view found);
 

@@ -1,4 +1,4 @@
-// What the user does.
+// Commands that act as the user.
 
 #include <optional>
 #include <string>
@@ -47,7 +47,7 @@ void Interpreter::choose(const Command& command) {
     auto& list = kindOf<ComboBox>(control(command.arguments[0].text), "list");
     const Argument& wanted = command.arguments[1];
     must(command, list, [&] {
-        // Coming here may fill the list anew: the entry is looked up once the focus has arrived.
+        // Receiving the focus may refill the list, so the entry is looked up afterwards.
         const std::optional<int> entry = user_.focus(list) ? entryOf(list, wanted) : std::nullopt;
         return entry && user_.choose(list, *entry);
     });
@@ -109,7 +109,7 @@ void Interpreter::cell(const Command& command) {
     must(command, grid, [&] { return user_.pressCell(grid, column); });
 }
 
-// Chosen C-262: like `key`, and unlike the other deeds, it leaves the focus where it is.
+// Chosen C-262: like `key`, and unlike the other actions, it leaves the focus where it is.
 void Interpreter::gridKey(const Command& command) {
     auto& grid = kindOf<DataGrid>(control(command.arguments[0].text), "grid");
     const std::string& name = command.arguments[1].text;

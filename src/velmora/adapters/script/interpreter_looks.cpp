@@ -1,4 +1,4 @@
-// What the user sees, and the checks of it.
+// Commands that print or check what the user sees.
 
 #include <algorithm>
 #include <array>
@@ -16,7 +16,7 @@ using namespace screen;
 
 namespace {
 
-/// One "enabled=0" of expect-state.
+/// Evaluates one "enabled=0" of expect-state.
 bool holds(const State& state, std::string_view wanted) {
     const auto equals = wanted.find('=');
     if (equals == std::string_view::npos) {

@@ -49,7 +49,7 @@ void Journal::message(const screen::MessageBox& box, std::string_view answer) {
     unchecked_.push_back(lastMessage_);
 }
 
-// Chosen C-267: a check looks back at the messages that no check has passed over; two checks of one text need two
+// Chosen C-267: a check matches only messages after the one matched last, so two checks of the same text need two
 // boxes.
 bool Journal::takeMessage(std::string_view text) {
     const auto found = std::ranges::find(unchecked_, withPlainBreaks(text));

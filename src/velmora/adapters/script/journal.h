@@ -1,5 +1,5 @@
 #pragma once
-// What a script shows as it happens: lines, errors, messages.
+// The output of a running script: lines, errors, messages.
 
 #include <deque>
 #include <ostream>
@@ -17,16 +17,16 @@ class Journal {
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
 
-    /// Writes the text and ends the line.
+    /// Writes the text and a line end.
     void line(std::string_view text);
-    /// Writes lines that are ended already.
+    /// Writes lines that already have their line ends.
     void lines(std::string_view text) { out_ << text; }
     /// error number=13 description="…"
     void error(const runtime::RuntimeError& error);
     /// message icon=… title="…" text="…" buttons=… answer=…, and keeps the text for expect-message.
     void message(const screen::MessageBox& box, std::string_view answer);
 
-    /// Runs what a user's deed sets going. An error that nothing in it trapped is shown and ends it there: false.
+    /// Runs the consequences of a user action. An error that nothing inside traps is printed and ends it: false.
     template <typename Deed>
     bool guard(Deed&& deed) {
         try {
@@ -38,10 +38,10 @@ class Journal {
         }
     }
 
-    /// True when a message with this text was shown and no earlier check has passed over it; it and those before it
-    /// are then checked off. Line breaks of every kind are alike.
+    /// True when a message with this text was shown since the last match; that message and all before it are then
+    /// consumed. All kinds of line breaks compare equal.
     bool takeMessage(std::string_view text);
-    /// The text shown last, "" before the first.
+    /// The text shown last; "" before the first.
     std::string lastMessage() const { return lastMessage_; }
 
   private:
@@ -50,7 +50,7 @@ class Journal {
     std::string lastMessage_;
 };
 
-/// As scripts and messages write them: critical, yesno, cancel.
+/// Names as used in scripts and messages: critical, yesno, cancel.
 std::string_view nameOf(screen::Icon icon);
 std::string_view nameOf(screen::Buttons buttons);
 std::string_view nameOf(screen::Answer answer);

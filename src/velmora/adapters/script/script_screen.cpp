@@ -14,7 +14,7 @@ namespace {
 
 using screen::Answer;
 
-/// Keeps a form among those shown as long as its modal show lasts, however it ends.
+/// Lists a form among those shown for the duration of its modal show, exceptions included.
 class Shown {
   public:
     Shown(std::vector<screen::Form*>& forms, screen::Form& form) : forms_(forms) { forms_.push_back(&form); }
@@ -41,7 +41,7 @@ Answer ScriptScreen::show(const screen::MessageBox& box) {
     std::optional<Answer> answer = Answer::ok;
     if (asks) {
         answer = takeFront(answers_.boxes);
-        // Chosen C-268: an `answer ok` that stands in front is used up by the box that needs none.
+        // Chosen C-268: a queued `answer ok` at the front is consumed by a box that has only OK and needs no answer.
     } else if (!answers_.boxes.empty() && answers_.boxes.front() == Answer::ok) {
         answers_.boxes.pop_front();
     }
@@ -58,7 +58,8 @@ Answer ScriptScreen::show(const screen::MessageBox& box) {
 std::optional<std::size_t> ScriptScreen::search(const screen::SearchWindow& window) {
     const std::string start = "search title=" + inQuotes(window.title) + " pick=";
     const auto pick = takeFront(answers_.searches);
-    // Chosen C-269: a search window or file dialog with nothing queued ends the script as an open question does.
+    // Chosen C-269: a search window or file dialog without a queued answer ends the script, like an unanswered
+    // question.
     if (!pick) {
         journal_.line(start + "unanswered");
         throw Ending(Status::unanswered, "a search window has no pick: " + window.title);

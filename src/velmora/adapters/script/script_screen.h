@@ -1,5 +1,5 @@
 #pragma once
-// The screen of a program that a script drives: forms take commands, boxes and windows take queued answers.
+// The screen of a program driven by a script: forms execute commands, boxes and windows take queued answers.
 
 #include <functional>
 #include <optional>
@@ -16,18 +16,19 @@ class ScriptScreen final : public screen::Screen {
   public:
     ScriptScreen(Journal& journal, Answers& answers) : journal_(journal), answers_(answers) {}
 
-    /// Plays the next command of the script on what is open; false at its end. Set before any form is shown.
+    /// Sets the function that executes the script's next command on the open form; it returns false at the end. Must be
+    /// set before any form is shown.
     void onIdle(std::function<bool()> playNext) { playNext_ = std::move(playNext); }
 
-    /// Forms that are shown, the one on top last.
+    /// The forms shown, the topmost last.
     const std::vector<screen::Form*>& forms() const { return forms_; }
 
-    /// Activates the form, then plays commands until it is unloaded. At the end of the script it is unloaded.
+    /// Activates the form and executes commands until it is unloaded. At the end of the script it is unloaded.
     void showModal(screen::Form& form) override;
-    /// A box with only OK answers itself (a queued `ok` is used up by it). Errors: Ending when no answer is queued,
-    /// or one that the box has no button for.
+    /// A box with only OK answers itself (and consumes a queued `ok`). Errors: Ending when no answer is queued, or one
+    /// that the box has no button for.
     screen::Answer show(const screen::MessageBox& box) override;
-    /// Shows `search title="…" pick=N`. Errors: Ending when nothing is queued, or a row that is not there.
+    /// Prints `search title="…" pick=N`. Errors: Ending when nothing is queued, or a row that does not exist.
     std::optional<std::size_t> search(const screen::SearchWindow& window) override;
     void setPointer(screen::Pointer) override {}
     void processEvents() override {}

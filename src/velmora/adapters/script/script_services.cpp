@@ -11,11 +11,11 @@ namespace velmora::script {
 
 namespace {
 
-constexpr int opened = 42;  // any number above 32 says that a program took the file
+constexpr int opened = 42;  // any number above 32 means that a program has opened the file
 constexpr int fileNotFound = 2;
 
-/// Reads `text` under a mask whose letters stand for digits and whose other characters stand for themselves; the
-/// digits of each letter make one number of `parts`, in the order of "YMDhms".
+/// Parses `text` by a mask: a letter stands for a digit, any other character for itself. The digits of each letter form
+/// one number of `parts`, in the order of "YMDhms".
 bool readMasked(std::string_view text, std::string_view mask, int (&parts)[6]) {
     constexpr std::string_view letters = "YMDhms";
     if (text.size() != mask.size()) {

@@ -1,5 +1,5 @@
 #pragma once
-// The machine around a program that a script drives: its dialogs take queued answers, nothing is really opened.
+// The machine services of a program driven by a script: dialogs take queued answers, and no file is really opened.
 
 #include <filesystem>
 #include <optional>
@@ -13,7 +13,7 @@
 
 namespace velmora::script {
 
-/// A moment that stands still.
+/// A clock that always gives the same time.
 class FixedClock final : public system::Clock {
   public:
     explicit FixedClock(runtime::Date now) : now_(now) {}
@@ -23,25 +23,26 @@ class FixedClock final : public system::Clock {
     runtime::Date now_;
 };
 
-/// "YYYY-MM-DD HH:MM:SS", or the date alone; none for anything else and for days that no calendar has.
+/// "YYYY-MM-DD HH:MM:SS" or the date alone; nullopt for anything else and for invalid dates.
 std::optional<runtime::Date> momentFrom(std::string_view text);
 
 class ScriptServices final : public system::Services {
   public:
     ScriptServices(Journal& journal, Answers& answers) : journal_(journal), answers_(answers) {}
-    /// With a temporary folder of one's own, which is made when it is missing and stays with what lies in it.
+    /// With the given temporary folder, which is created when missing and kept with its contents.
     ScriptServices(Journal& journal, Answers& answers, std::filesystem::path kept)
         : journal_(journal), answers_(answers), folder_(std::move(kept)), isKept_(true) {}
-    /// Removes the temporary folder and what lies in it, unless it was to be kept.
+    /// Removes the temporary folder and its contents, unless it is to be kept.
     ~ScriptServices() override;
     ScriptServices(const ScriptServices&) = delete;
     ScriptServices& operator=(const ScriptServices&) = delete;
 
-    /// The folder given, or one of this run alone, made when it is first asked for. Empty when none can be made.
+    /// The given folder, or one for this run alone, created on first use. Empty when none can be created.
     std::string temporaryFolder() const override;
-    /// Shows `file title="…" path="…"`. Errors: Ending when nothing is queued.
+    /// Prints `file title="…" path="…"`. Errors: Ending when nothing is queued.
     std::optional<std::string> openFileDialog(const system::OpenFileRequest& request) override;
-    /// Shows `opened "NAME"`, the file's name without its folder; gives 2 (no such file) when there is none.
+    /// Prints `opened "NAME"`, the file's name without its folder; returns 2 (no such file) when the file does not
+    /// exist.
     int openWithAssociatedProgram(std::string_view path) override;
 
   private:

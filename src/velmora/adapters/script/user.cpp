@@ -23,9 +23,9 @@ bool isLocked(const Control& control) {
     return box != nullptr && box->locked();
 }
 
-/// Chosen C-263: a locked field refuses the focus too, not only the entry: a script that means to enter something
-/// must not go on as if it had.
-/// Chosen C-302: what stands at a place where another has its turn is not on the screen and refuses likewise.
+/// Chosen C-263: a locked field refuses the focus as well as the entry: otherwise a script that means to enter a value
+/// would continue as if it had. Chosen C-302: a control in a shared place where another child is shown is not on the
+/// screen and refuses likewise.
 bool refuses(const Control& control) {
     return !control.canTakeFocus() || !toolkit::isSeen(control) || isLocked(control) || control.form().isUnloaded();
 }
@@ -41,7 +41,7 @@ std::string withoutLast(std::string_view text) {
     return runtime::toUtf8(characters);
 }
 
-/// A field whose caret stands behind its text.
+/// A field whose caret is at the end of its text.
 class EndOfText final : public toolkit::TextEditor {
   public:
     explicit EndOfText(TextBox& box) : box_(box), allSelected_(box.allSelected()) {}
@@ -81,13 +81,13 @@ bool User::focus(Control& control) {
     }
     Form& form = control.form();
     bool arrived = false;
-    // Chosen C-264: an error in LostFocus or GotFocus is shown and the deed goes on where it was going, as for a person
-    // who has closed the error box.
+    // Chosen C-264: an error in LostFocus or GotFocus is shown and the action continues, as for a person who has closed
+    // the error box.
     const bool quiet = journal_.guard([&] { arrived = form.moveFocus(control, Form::Insist::yes); });
     return quiet ? arrived : form.activeControl() == &control;
 }
 
-// Chosen C-265: no control is named, so that a SetFocus inside LostFocus wins as it does for a person.
+// Chosen C-265: no target control is named, so a SetFocus inside LostFocus wins, as it does for a person.
 void User::leave(Form& form) {
     journal_.guard([&] { form.leaveFocus(); });
 }
@@ -122,7 +122,7 @@ bool User::type(Control& control, std::string_view text) {
 }
 
 bool User::choose(ComboBox& list, int index) {
-    // Chosen C-266: an entry, a row that is not there is refused; -1 chooses nothing, as code may.
+    // Chosen C-266: a nonexistent entry or row is refused; -1 selects nothing, as code may do.
     if (!focus(list) || index < -1 || index >= list.listCount()) {
         return false;
     }

@@ -1,5 +1,5 @@
 #pragma once
-// What a person does to the controls of a form, with the refusals that a person meets.
+// Actions of a person on the controls of a form, with the refusals that a person meets.
 
 #include <optional>
 #include <string_view>
@@ -13,9 +13,9 @@
 
 namespace velmora::script {
 
-/// A control that is hidden, disabled or locked, itself or through what it stands in, refuses: then nothing is done
-/// and the answer is false. An error of an event's handler is shown in the journal, and the deed goes on with its next
-/// step, as a person does who has read the error box.
+/// A control that is hidden, disabled or locked, itself or through its frames, refuses: then nothing is done and the
+/// result is false. An error of an event's handler is printed to the journal and the action continues with its next
+/// step, as for a person who has closed the error box.
 class User {
   public:
     explicit User(Journal& journal) : journal_(journal) {}
@@ -24,10 +24,10 @@ class User {
     bool focus(screen::Control& control);
     void leave(screen::Form& form);
 
-    /// Replaces the text at one go. A list must be an editable one.
+    /// Replaces the whole text at once. A list must be editable.
     bool set(screen::TextBox& box, std::string_view text);
     bool set(screen::ComboBox& list, std::string_view text);
-    /// Key by key, into the control that has the focus at each key.
+    /// Key by key, each into the control that has the focus at that moment.
     bool type(screen::Control& control, std::string_view text);
 
     bool doubleClick(screen::TextBox& box);
@@ -41,16 +41,16 @@ class User {
     bool moveToRow(screen::DataGrid& grid, std::size_t row);
     /// Presses the button of the current row's cell; `column` is an index into the grid's columns.
     bool pressCell(screen::DataGrid& grid, std::size_t column);
-    /// A key in the grid, wherever the focus is: the form sees it first.
+    /// A key in the grid, wherever the focus is: the form's KeyDown first.
     bool keyInGrid(screen::DataGrid& grid, const toolkit::KeyStroke& stroke);
 
-    /// A key that moves the current row, wherever the focus is. No form sees it.
+    /// A key that moves the current row, wherever the focus is. The form does not see it.
     bool moveRow(screen::DataGrid& grid, toolkit::RowMove move);
 
-    /// A key where the focus is: the form sees it first, then the control.
+    /// A key at the focus: the form first, then the control.
     void stroke(screen::Form& form, const toolkit::KeyStroke& stroke);
-    /// Alt and a letter: presses the button or item that answers to it; nothing where there is none, or where it would
-    /// open a menu.
+    /// Alt and a letter: presses the button or bar item with this mnemonic; does nothing when there is none, or when it
+    /// would open a menu.
     void pressMnemonic(screen::Form& form, char32_t letter);
 
   private:

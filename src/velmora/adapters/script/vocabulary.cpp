@@ -76,7 +76,7 @@ Control* findOn(const std::vector<Form*>& forms, std::string_view name) {
     return nullptr;
 }
 
-// Chosen C-261: a bare whole number is the index, everything else the text of an entry, so that "12" can be either.
+// Chosen C-261: a bare whole number is an index, everything else the text of an entry; "12" in quotes is a text.
 std::optional<int> entryOf(const ComboBox& list, const Argument& entry) {
     if (const auto index = wholeNumber(entry.text); index && !entry.quoted) {
         return index;

@@ -1,5 +1,5 @@
 #pragma once
-// The words of commands, and what on a form they mean. Whatever nobody knows is WrongScript.
+// The words of commands and what they denote on a form. Unknown words are WrongScript.
 
 #include <algorithm>
 #include <array>
@@ -20,7 +20,7 @@
 
 namespace velmora::script {
 
-/// The name under which a script reads the form on top itself.
+/// The name by which a script refers to the topmost form itself.
 inline constexpr std::string_view formName = "form";
 
 [[noreturn]] void wrong(std::string_view what, std::string_view name);
@@ -29,14 +29,14 @@ inline constexpr std::string_view formName = "form";
 std::size_t position(const Argument& argument);
 /// ENTER, F5 …, BACKSPACE.
 toolkit::KeyStroke strokeNamed(std::string_view name);
-/// UP, DOWN, HOME, END; none for any other name.
+/// UP, DOWN, HOME, END; nullopt for any other name.
 std::optional<toolkit::RowMove> rowMoveNamed(std::string_view name);
-/// The G of ALT+G; none for any other name.
+/// The G of ALT+G; nullopt for any other name.
 std::optional<char32_t> letterWithAlt(std::string_view name);
 screen::Answer answerNamed(std::string_view name);
 bool onOff(std::string_view text);
 
-/// The value that a table holds under a name.
+/// The value of a name in a table.
 template <std::size_t count, typename Value>
 Value valueNamed(const std::array<std::pair<std::string_view, Value>, count>& values, std::string_view name) {
     const auto found = std::ranges::find(values, name, &std::pair<std::string_view, Value>::first);
@@ -46,7 +46,7 @@ Value valueNamed(const std::array<std::pair<std::string_view, Value>, count>& va
     return found->second;
 }
 
-/// The control as the kind that a command needs; `kind` is its name for the person who reads the refusal.
+/// The control as the kind that a command needs; `kind` is the name of that kind in the error text.
 template <typename Kind>
 Kind& kindOf(screen::Control& control, std::string_view kind) {
     auto* wanted = dynamic_cast<Kind*>(&control);
@@ -56,18 +56,18 @@ Kind& kindOf(screen::Control& control, std::string_view kind) {
     return *wanted;
 }
 
-/// The control of that name on the form shown last that has one; nullptr when none has.
+/// The control with this name on the topmost form that has one; nullptr when there is none.
 screen::Control* findOn(const std::vector<screen::Form*>& forms, std::string_view name);
 
-/// The index of a list's entry; none when it is not in the list.
+/// The index of a list's entry; nullopt when it is not in the list.
 std::optional<int> entryOf(const screen::ComboBox& list, const Argument& entry);
-/// The column by 0-based index (a bare whole number) or caption; of two alike the first that a person can press.
+/// The column by 0-based index (a bare whole number) or caption; of two with the same caption the first with buttons.
 std::size_t columnOf(const screen::DataGrid& grid, const Argument& column);
 
 bool hasMenuKey(const screen::Toolbar& bar, std::string_view key);
 /// 1-based; a separator is no button.
 bool hasButton(const screen::Toolbar& bar, int index);
-/// "Toolbar1(FICHERO)" as name and what stands in the parentheses.
+/// Splits "Toolbar1(FICHERO)" into the name and the part in parentheses.
 std::pair<std::string_view, std::string_view> withItem(std::string_view name);
 
 }  // namespace velmora::script

@@ -12,7 +12,7 @@ namespace {
                        {.sqlState = "", .nativeCode = 0, .statement = std::string(statement)});
 }
 
-/// The rows of another set; running the statement again goes through the watched connection.
+/// Forwards to the rows of another set; running the statement again goes through the watched connection.
 class WatchedRows final : public sql::RowSource {
   public:
     using Run = std::function<sql::Recordset()>;
@@ -43,7 +43,7 @@ class WatchedRows final : public sql::RowSource {
 }  // namespace
 
 void WatchedConnection::lose() {
-    // Chosen C-271: what was open is undone at once, as a server undoes it for a client that is gone.
+    // Chosen C-271: an open transaction is rolled back at once, as a server does when a client disconnects.
     lost_ = true;
     if (std::exchange(inTransaction_, false)) {
         ForwardingConnection::rollbackTrans();
@@ -55,7 +55,7 @@ sql::Recordset WatchedConnection::execute(std::string_view statement) {
     if (!rows.isOpen()) {
         return rows;
     }
-    // Chosen C-272: a requery is a statement too: told, and refused when asked to.
+    // Chosen C-272: a requery counts as a statement: it is reported, and fails when requested.
     auto again = [this, held = std::string(statement)] { return run(held); };
     auto passes = [this](std::string_view change) { pass(change); };
     return sql::Recordset(std::make_unique<WatchedRows>(std::move(again), std::move(passes), std::move(rows)));
@@ -72,7 +72,7 @@ sql::Recordset WatchedConnection::run(std::string_view statement) {
 void WatchedConnection::pass(std::string_view statement) {
     mustBeAlive(statement);
     if (refused_ && statement.find(*refused_) != std::string_view::npos) {
-        // Chosen C-270: the number is the one of a provider that has failed, whatever the statement.
+        // Chosen C-270: the number is that of a provider failure, whatever the statement.
         refused_.reset();
         fail("El proveedor ha rechazado la instrucción", statement);
     }

@@ -1,5 +1,5 @@
 #pragma once
-// The connection that the program is given while a script plays: it tells of every statement, and fails when asked to.
+// The program's connection while a script runs: reports every statement, and fails on request.
 
 #include <functional>
 #include <optional>
@@ -13,16 +13,15 @@ namespace velmora::script {
 /// Statements that a result set runs again (requery) are watched like the first time.
 class WatchedConnection final : public sql::ForwardingConnection {
   public:
-    /// The target must outlive the connection, and the connection the result sets that it gave.
+    /// `target` must outlive the connection, and the connection the result sets that it returned.
     explicit WatchedConnection(sql::Connection& target) : ForwardingConnection(target) {}
 
-    /// Told of each statement to the letter before it runs, also of one that is refused.
+    /// Receives the text of each statement before it runs, also of one that will fail.
     void onStatement(std::function<void(std::string_view)> listener) { listener_ = std::move(listener); }
-    /// The next statement that holds the text, to the letter, fails once (provider::failure) and reaches nobody; a
-    /// column written through a set counts as the statement "update COLUMN". A second call replaces a text that no
-    /// statement has held yet.
+    /// The next statement that contains `text` fails once (provider::failure) and is not passed on; a column written
+    /// through a set counts as the statement "update COLUMN". A second call replaces a text that has not matched yet.
     void refuseNext(std::string text) { refused_ = std::move(text); }
-    /// From now on everything fails with provider::failure. An open transaction is rolled back, as a server does.
+    /// From now on every operation fails with provider::failure. An open transaction is rolled back, as by a server.
     void lose();
 
     sql::Recordset execute(std::string_view statement) override;

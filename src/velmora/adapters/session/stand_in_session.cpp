@@ -13,8 +13,9 @@ StandInSession::StandInSession(sql::Connection& connection, std::int32_t idUsuar
     setParametro("par_decprecom", 4);
 }
 
-// Chosen C-285: naming a table begins a new list, as mode 0 does. A form that stops between its fields, on a text that
-// is no number, would else leave them to the next write, which the server would refuse for naming a column twice.
+// Chosen C-285: naming a table starts a new list, as mode 0 does. When a form gives up a write half way, on a text that
+// is no number, its fields would otherwise be added to the next write, which the server would refuse because a column
+// is named twice.
 void StandInSession::Tabla(std::string_view name) {
     table_ = name;
     fields_.clear();
@@ -27,7 +28,7 @@ void StandInSession::Modo(int mode) {
 }
 
 void StandInSession::run(Write write, std::string& error, bool& correcto) {
-    // The list is handed over before anything can fail: whatever comes, the next write starts with an empty one.
+    // The list is emptied before anything can fail, so the next write starts with an empty one in every case.
     const session::FieldList fields = std::exchange(fields_, {});
     const Built built = write == Write::insert ? buildInsert(table_, fields) : buildUpdate(table_, fields, where_);
     error = built.error;

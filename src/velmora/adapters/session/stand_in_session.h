@@ -1,5 +1,5 @@
 #pragma once
-// A session for programs that have no host: an open connection, a user, and the settings that the forms ask for.
+// A session for programs without a host: an open connection, a user, and the settings that the forms read.
 
 #include <cstdint>
 #include <map>
@@ -17,7 +17,7 @@ class StandInSession final : public session::Session {
 
     sql::Connection& Connection() override { return connection_; }
 
-    /// Naming a table, and mode 0, begin a new list of fields: what a write that was given up had added is dropped.
+    /// Naming a table, like mode 0, starts a new list of fields: fields of an abandoned write are dropped.
     void Tabla(std::string_view name) override;
     void Modo(int mode) override;
     session::FieldList& Campos() override { return fields_; }
@@ -29,7 +29,7 @@ class StandInSession final : public session::Session {
     bool ComprobarConexion(sql::Connection& connection, std::string& error) override;
 
     std::int32_t IdUsuario() const override { return idUsuario_; }
-    /// Names answer in any case.
+    /// Names are compared without regard to case.
     sql::Value Parametros(std::string_view name) const override;
     void setParametro(std::string_view name, sql::Value value);
 
@@ -39,7 +39,7 @@ class StandInSession final : public session::Session {
 
     sql::Connection& connection_;
     std::int32_t idUsuario_;
-    std::map<std::string, sql::Value, std::less<>> parametros_;  ///< by name in capitals
+    std::map<std::string, sql::Value, std::less<>> parametros_;  ///< by name in upper case
     std::string table_;
     std::string where_;
     session::FieldList fields_;

@@ -14,7 +14,7 @@ namespace {
 using session::Field;
 using session::Tipo;
 
-/// A bit counts 1 in a statement, where the language would count -1.
+/// A bit is 1 in a statement, while the language converts it to -1.
 double numberOf(const sql::Value& value) {
     if (value.isBit()) {
         return value.toBool() ? 1.0 : 0.0;
@@ -40,16 +40,16 @@ std::string render(Tipo tipo, const sql::Value& value, int decimals) {
         case Tipo::boolean:
             return numberOf(value) != 0 ? "1" : "0";
         case Tipo::wholeNumber:
-            // Chosen C-280: a fraction is rounded half to even, as every conversion to a whole number is; what 32 bits
-            // do not hold is refused here, by its column, before the server could.
+            // Chosen C-280: a fraction is rounded half to even, like every conversion to a whole number; a value that
+            // does not fit 32 bits is refused here with the column's name, before the server would refuse it.
             return runtime::CStr(std::int64_t{runtime::CLng(numberOf(value))});
         case Tipo::number:
             return renderNumber(numberOf(value), decimals);
         case Tipo::text:
             return renderText(value);
         case Tipo::dateText:
-            // Chosen C-284: the day alone is written; the fields of this kind hold days, and a time typed behind one
-            // would hide the row from a search by that day.
+            // Chosen C-284: only the date is written: fields of this kind hold dates, and with a time the row would not
+            // be found by a search for the day.
             return "convert(datetime,'" + runtime::Format(dateOf(value), "dd/mm/yyyy") + "',103)";
         case Tipo::date: {
             const runtime::Date date = dateOf(value);
@@ -65,7 +65,7 @@ std::string refusal(const Field& field, const runtime::RuntimeError& error) {
     return "El valor de " + field.nombre + " no es válido: " + error.description();
 }
 
-/// Hands every field's name and rendered value to `add`; gives the refusal of the first that does not fit.
+/// Calls `add` with the name and rendered value of each field; returns the refusal of the first that does not fit.
 template <typename Add>
 std::string forEachRendered(const session::FieldList& fields, Add&& add) {
     if (fields.fields().empty()) {
@@ -84,8 +84,8 @@ std::string forEachRendered(const session::FieldList& fields, Add&& add) {
 }  // namespace
 
 std::string renderValue(const Field& field) {
-    // Chosen C-281: a null value is written as NULL by every kind but the literal one, so that a column copied from
-    // another row stays null.
+    // Chosen C-281: every kind but `expression` writes a null value as NULL, so that a column copied from another row
+    // stays null.
     if (field.valor.isNull() && field.tipo != Tipo::expression) {
         return "NULL";
     }

@@ -14,7 +14,7 @@ namespace {
 
 using namespace velmora;
 
-/// Where the pictures are made there is nobody to read a box: errors go to the standard error output.
+/// Runs without a user, so errors go to the standard error output instead of a message box.
 int makePictures(qt::QtScreen& screen, session::Session& session, platform::Desk& desk, const std::string& folder) {
     for (const std::string& path : desktop::writePictures(screen, desktop::pictureBook(session, desk), folder)) {
         std::cout << path << '\n';
@@ -46,7 +46,8 @@ void perform(const desktop::Options& options, shell::VMORA& vmora, platform::Des
     }
 }
 
-/// Pictures are made of a demonstration workshop: nobody's own rows end up in a document by oversight.
+/// Pictures are made from the demonstration workshop unless a database is given, so that real data do not end up in a
+/// document by mistake.
 std::string databaseOf(const desktop::Options& options) {
     if (!options.database.empty()) {
         return options.database;

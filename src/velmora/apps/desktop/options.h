@@ -10,13 +10,13 @@ namespace velmora::desktop {
 enum class Opening { start, proposals, tracking, parameters, proposal };
 
 struct Options {
-    std::string database;  ///< empty: the one in the user's data folder, for pictures one in memory
+    std::string database;  ///< empty: the one in the user's data folder; for pictures, one in memory
     Opening opening = Opening::start;
     std::int32_t proposal = 0;  ///< for Opening::proposal
-    std::string pictures;       ///< folder for pictures of the windows; empty: none are made
+    std::string pictures;       ///< folder for pictures of the windows; empty: no pictures
 };
 
-/// The options, or the exit status when the program has nothing more to do (help, a wrong option).
+/// The options, or the exit status when the program ends at once (help, a wrong option).
 std::variant<Options, int> readOptions(int argc, const char* const* argv);
 
 }  // namespace velmora::desktop

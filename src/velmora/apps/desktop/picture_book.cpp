@@ -31,7 +31,7 @@ std::optional<std::int32_t> latestOfType(sql::Connection& connection, int type) 
     return found.eof() ? std::nullopt : std::optional(found[0].toLong());
 }
 
-/// What a user enters for a piece of which the workshop has made none yet.
+/// Enters a piece of a type that no stored proposal has yet.
 void enterPiece(proposal::frmBercialPiñones& form, int type) {
     auto& f = form.fields();
     f.cboTipoPre.setListIndex(type);
@@ -58,7 +58,7 @@ std::unique_ptr<screen::Form> mainForm(session::Session& session, platform::Desk
     return form;
 }
 
-/// The labour of the newest proposal that has any.
+/// The labour of the newest proposal that has labour lines.
 std::unique_ptr<screen::Form> labourForm(session::Session& session, platform::Desk& desk) {
     auto form = std::make_unique<labour::frmManoObra>(session, desk);
     const sql::Recordset newest = session.Connection().execute("SELECT max(MoDpi_Dpi) as nIdDpi FROM MoDpi");
@@ -68,7 +68,7 @@ std::unique_ptr<screen::Form> labourForm(session::Session& session, platform::De
     return form;
 }
 
-/// All proposals, the first of them under the cursor.
+/// All proposals, with the first one as the current row.
 std::unique_ptr<screen::Form> trackingForm(session::Session& session, platform::Desk& desk) {
     auto form = std::make_unique<tracking::frmSeguimiento>(session, desk);
     form->fields().cboFiltroHistorico.setListIndex(tracking::allStates);
@@ -76,7 +76,7 @@ std::unique_ptr<screen::Form> trackingForm(session::Session& session, platform::
     return form;
 }
 
-/// The newest order with a sprocket's measures, both materials and a route.
+/// The newest order that has measures of a sprocket, both materials and a route.
 std::unique_ptr<screen::Form> workOrderForm(session::Session& session) {
     auto form = std::make_unique<host::WorkOrderForm>(session.Connection());
     const sql::Recordset newest = session.Connection().execute(
@@ -94,7 +94,7 @@ std::unique_ptr<screen::Form> deliveryNoteForm(session::Session& session) {
     return form;
 }
 
-/// The gears of module 2, as a user lists them.
+/// The list of the gears of module 2.
 std::unique_ptr<screen::Form> gearForm(session::Session& session, platform::Desk& desk) {
     auto form = std::make_unique<reference::frmENGVal>(session, desk);
     auto& f = form->fields();
@@ -108,7 +108,7 @@ std::unique_ptr<screen::Form> gearForm(session::Session& session, platform::Desk
     return form;
 }
 
-/// The last purchases of a tube, whose lots have most measures.
+/// The last purchases of a tube, whose lots have the most measures.
 std::unique_ptr<screen::Form> pricesForm(session::Session& session, platform::Desk& desk) {
     auto form = std::make_unique<services::frmHcomp>(session, desk);
     const sql::Recordset tube = session.Connection().execute("SELECT max(ART_ID) as Tubo FROM ART where ART_For = 6");
@@ -117,7 +117,7 @@ std::unique_ptr<screen::Form> pricesForm(session::Session& session, platform::De
     return form;
 }
 
-/// The documents of the newest proposal; a few names stand in when it has none.
+/// The documents of the newest proposal; a few sample names when it has none.
 std::unique_ptr<screen::Form> documentsForm(session::Session& session, platform::Desk& desk) {
     auto form = std::make_unique<services::frmDoc>(session, desk);
     const sql::Recordset newest = session.Connection().execute("SELECT max(DPI_Id) as nIdDpi FROM DPI");

@@ -1,5 +1,5 @@
 #pragma once
-// Pictures of the windows, for documents and for eyes that want to judge them without a screen.
+// Pictures of the program's windows as PNG files, for documentation and for checks without a display.
 
 #include <functional>
 #include <memory>
@@ -17,15 +17,15 @@ class QtScreen;
 namespace velmora::desktop {
 
 struct Page {
-    std::string name;  ///< of the file, without its ending
+    std::string name;  ///< of the file, without its extension
     std::function<std::unique_ptr<screen::Form>()> make;
 };
 
 /// The main form with a proposal of each product type, the labour form, and the other windows.
 std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk);
 
-/// Writes each page as a PNG into the folder, which is made when it does not exist. Gives the paths. Errors:
-/// std::runtime_error when one cannot be written; what the forms raise.
+/// Writes each picture as a PNG into the folder, which is created when missing. Returns the paths. Errors:
+/// std::runtime_error when a file cannot be written; those of the forms.
 std::vector<std::string> writePictures(qt::QtScreen& screen, const std::vector<Page>& pages, const std::string& folder);
 
 }  // namespace velmora::desktop

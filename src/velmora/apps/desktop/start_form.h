@@ -1,5 +1,5 @@
 #pragma once
-// The window that the desktop program starts with: the public operations, a button each.
+// The start window of the desktop program: a button for each public operation.
 
 #include "velmora/platform/desk.h"
 #include "velmora/platform/screen/form.h"
@@ -9,7 +9,7 @@ namespace velmora::desktop {
 
 class StartForm : public screen::Form {
   public:
-    /// Desk and public class outlive the form.
+    /// Desk and public class must outlive the form.
     StartForm(platform::Desk& desk, shell::VMORA& vmora);
 
   private:

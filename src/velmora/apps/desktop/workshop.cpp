@@ -21,7 +21,7 @@ fs::path toPath(const std::string& utf8) {
     return fs::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
-/// New is what does not exist, and the empty file that a broken start has left.
+/// True when the file does not exist or is empty, as an interrupted first start leaves it.
 bool isNew(const std::string& path) {
     std::error_code ignored;
     const fs::path file = toPath(path);
@@ -49,7 +49,7 @@ void checkOurs(sql::Connection& connection) {
     }
 }
 
-/// Found out now, not when the first proposal is saved. Nothing is written.
+/// Detects a read-only database at the start instead of at the first save. Nothing is written.
 void checkWritable(sql::Connection& connection) {
     connection.beginTrans();
     connection.rollbackTrans();

@@ -1,5 +1,5 @@
 #pragma once
-// The database that the desktop works on, and the session on it.
+// The desktop's database and the session on it.
 
 #include <memory>
 #include <stdexcept>
@@ -11,7 +11,7 @@
 
 namespace velmora::desktop {
 
-/// Why there is no workshop; Spanish, for the user.
+/// Why the database cannot be used; a Spanish text for the user.
 class NoWorkshop : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -30,12 +30,12 @@ class Workshop {
     adapters::StandInSession session_;
 };
 
-/// Opens the database of this path. One that does not exist is made, its folder too, and gets the demonstration rows;
-/// ":memory:" lives as long as the workshop. The clock must outlive it. Errors: NoWorkshop for a file that is no
-/// database, not ours, locked, or cannot be written.
+/// Opens the database with this path. A missing one is created, including its folder, and filled with the demonstration
+/// rows; ":memory:" lives as long as the workshop. The clock must outlive it. Errors: NoWorkshop for a file that is not
+/// a database, belongs to another program, is locked, or cannot be written.
 std::unique_ptr<Workshop> openWorkshop(const std::string& path, const system::Clock& clock);
 
-/// The database in the user's data folder.
+/// Path of the database in the user's data folder.
 std::string defaultDatabase();
 
 }  // namespace velmora::desktop

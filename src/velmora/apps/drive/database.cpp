@@ -50,7 +50,7 @@ void runFile(sql::Connection& connection, const std::string& path) {
 void fill(sql::Connection& connection, const Options& options, const system::Clock& clock) {
     const bool isNew = !hasTables(connection);
     const std::string rows = options.data.value_or(std::string(isNew ? demo : none));
-    // Chosen C-273: the demonstration rows bring keys of their own and are not mixed with others.
+    // Chosen C-273: the demonstration rows have fixed keys and are not added to a database that already has rows.
     if (!isNew && rows == demo) {
         throw NoDatabase("the demonstration rows go into a new database only");
     }

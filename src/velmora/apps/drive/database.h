@@ -1,5 +1,5 @@
 #pragma once
-// The database that a script plays on: opened, and filled when it is new.
+// The database that a script runs against: opened, and filled when it is new.
 
 #include <memory>
 #include <stdexcept>
@@ -11,14 +11,14 @@
 
 namespace velmora::drive {
 
-/// Why there is no database; for the person at the command line.
+/// Why the database cannot be used; for the person at the command line.
 class NoDatabase : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// The clock must outlive the connection: it answers getdate(). A database without tables gets the schema and the
-/// rows asked for; to one that has them only a file of statements can be added. Errors: NoDatabase.
+/// The clock must outlive the connection; it supplies getdate(). A database without tables gets the schema and the
+/// requested rows; to one with tables only a file of statements can be added. Errors: NoDatabase.
 std::unique_ptr<sql::Connection> openDatabase(const Options& options, const system::Clock& clock);
 
 }  // namespace velmora::drive

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Beyond the statuses of a script: the program itself is at fault.
+/// Exit status in addition to those of a script: a defect of the program itself.
 constexpr int defect = 4;
 
 }  // namespace

@@ -37,7 +37,7 @@ std::string onOff(bool value) {
     return value ? "on" : "off";
 }
 
-/// Its values are by reference: what stands in them afterwards is what comes back.
+/// The parameters are by reference; prints their values after the call.
 std::string printProposal(shell::VMORA& vmora, const Arguments& arguments) {
     takesBetween(arguments, 1, 2);
     std::int32_t nIdDpi = number(arguments[0]);

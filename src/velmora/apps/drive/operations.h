@@ -1,5 +1,5 @@
 #pragma once
-// The host's side: the public class, and its members by the names that scripts call them.
+// The host's side: creates the public class and calls its members by the names used in scripts.
 
 #include <memory>
 
@@ -9,10 +9,10 @@
 
 namespace velmora::drive {
 
-/// Does what a host does: makes the public class, hands it the session, calls its members.
+/// Acts as a host: creates the public class, sets the session, calls its members.
 class HostOperations {
   public:
-    /// Desk and session outlive it.
+    /// Desk and session must outlive it.
     HostOperations(platform::Desk& desk, session::Session& session);
     ~HostOperations();
     HostOperations(const HostOperations&) = delete;

@@ -11,7 +11,7 @@ namespace velmora::drive {
 
 namespace {
 
-/// One line of options: the program's own, or the one that a script begins with.
+/// One line of options: the program's own, or the one at the start of a script.
 class OptionLine {
   public:
     OptionLine() {
@@ -27,7 +27,7 @@ class OptionLine {
         app.footer("A script may begin with a line \"# options: …\"; what is given here comes before it.");
     }
 
-    /// Error CLI::ValidationError for a date that is none.
+    /// Error CLI::ValidationError for an invalid date.
     void settle() {
         if (now_.empty()) {
             return;
@@ -45,7 +45,7 @@ class OptionLine {
     std::string now_;
 };
 
-/// The options that a script names in the comments it begins with; empty when there are none.
+/// The options in the comments at the start of a script; empty when there are none.
 std::string optionsOfScript(const std::string& path) {
     constexpr std::string_view mark = "# options:";
     std::ifstream script(path);
@@ -57,7 +57,7 @@ std::string optionsOfScript(const std::string& path) {
     return {};
 }
 
-/// A path as seen from the script's folder.
+/// Resolves a path relative to the script's folder.
 void seenFrom(const std::string& script, std::optional<std::string>& path) {
     if (path && *path != "demo" && *path != "none") {
         path = (std::filesystem::path(script).parent_path() / *path).string();

@@ -1,5 +1,5 @@
 #pragma once
-// One script played on one database, from the opening of both to the exit status.
+// Runs one script against one database, from opening both to the exit status.
 
 #include "velmora/adapters/script/ending.h"
 
@@ -7,7 +7,7 @@
 
 namespace velmora::drive {
 
-/// Output goes to the standard output, the reasons of an early end to the standard error. Errors: NoDatabase.
+/// Output goes to the standard output, the reason of an early end to the standard error output. Errors: NoDatabase.
 script::Status perform(const Options& options);
 
 }  // namespace velmora::drive

@@ -15,7 +15,7 @@ void registerStandIns(components::ComponentFactory& factory, screen::Screen& scr
                       const system::Clock& clock) {
     factory.add("KOLTAR.KOLTARD", [&screen] { return std::make_unique<host::WorkOrderViewer>(screen); });
     factory.add("SORVEL.SORVELCOMP", [&screen] { return std::make_unique<host::DeliveryNoteViewer>(screen); });
-    // Made when the first paper is printed, and kept as long as the factory.
+    // Created when the first paper is printed; lives as long as the factory.
     const auto graphics = std::make_shared<qt::Graphics>();
     factory.add("VELMORAIMP.VMORAIMP",
                 [&services, graphics] { return std::make_unique<documents::ProposalPrinting>(services, graphics); });

@@ -1,5 +1,5 @@
 #pragma once
-// Our own parts in the place of the host's components, for programs that run without the host.
+// Our own components in place of the host's, for programs that run without the host.
 
 #include "velmora/platform/components/components.h"
 #include "velmora/platform/screen/screen.h"
