@@ -49,18 +49,20 @@ void ArticleOfMaterial::msBuscarArticuloMaterial(bool bCodigo) {
                       .icon = screen::Icon::question,
                       .buttons = screen::Buttons::yesNoCancel});
     if (answer == screen::Answer::cancel) {
-        // Kept K-167: a search that is cancelled, like a code that is emptied, leaves the article that was chosen
-        // before: its key, not the code on show, is what a save stores.
+        // Kept K-167: cancelling the search, like clearing the code, leaves the article chosen before: a save stores
+        // its key, not the displayed code. Required as it is; it determines the stored article.
         return;
     }
     const ArticleSearch& search = answer == screen::Answer::yes ? byCode : byName;
     takeOver(oUtil_.Buscar(search.statement, search.column, "Articulo", "Codigo", search.title, 6000, 600, false));
 }
 
-// The fields of the article joined as a search window gives them; empty when no article has the code. Kept K-168: an
-// article that is out of use can be had by its code; the windows offer only those in use.
+// The article's fields joined as by a search window; empty when no article has the code. Kept K-168: an article that is
+// out of use can be found by its code, while the search windows list only those in use. Required as it is; it
+// determines the stored article.
 std::string ArticleOfMaterial::lookUpCode() {
-    // Differs D-161: an apostrophe in the code is searched for, where it would end the text and fail the statement.
+    // Differs D-161: an apostrophe in the code is escaped; otherwise it would end the literal and the statement would
+    // fail.
     const std::string code = runtime::Replace(f_.Text1(materialArticleCode).text(), "'", "''");
     const sql::Recordset row = session_.Connection().execute(
         "Select ART_ID,ART_COD,ART_DES,('') as Blanco FROM ART where art_cod='" + code + "'");
@@ -86,8 +88,8 @@ void ArticleOfMaterial::takeOver(const std::string& row) {
     }
 }
 
-// Kept K-169: the article is asked for when the box is unticked too, so that a rack of another formula is told either
-// way. It ends unticked.
+// Kept K-169: the article is also checked when the box is unticked, so the message for a rack of another formula
+// appears both ways. The box ends unticked.
 void ArticleOfMaterial::Check4_Click() {
     if (f_.bPintando) {
         return;
@@ -122,7 +124,7 @@ void ArticleOfMaterial::refuseRack(const std::string& message) {
     clear(f_.Check4);
 }
 
-// A box that the program clears is not clicked: its own check does not run.
+// A box that the program clears must not run its own check.
 void ArticleOfMaterial::clear(screen::CheckBox& box) {
     f_.bPintando = true;
     box.setChecked(false);

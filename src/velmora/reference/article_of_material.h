@@ -1,5 +1,5 @@
 #pragma once
-// The article of a material: looked up by its code, searched for in a window, and fit or unfit for a rack.
+// The article of a material: found by its code or in a search window, and checked for racks.
 
 #include <string>
 
@@ -15,10 +15,10 @@ class ArticleOfMaterial {
                       session::KestraUtil& util)
         : f_(fields), session_(session), screen_(screen), oUtil_(util) {}
 
-    /// Finds the article, by the code that is typed or else by asking. Errors: the database's.
+    /// Finds the article by the typed code (`bCodigo`) or in the search window. Errors: the database's.
     void msBuscarArticuloMaterial(bool bCodigo);
 
-    /// "Cremallera" was clicked: only an article of formula 1 can be a rack's material. Errors: the database's.
+    /// "Cremallera" was clicked: only an article of formula 1 is accepted for a rack. Errors: the database's.
     void Check4_Click();
     /// "Disco" was clicked: it and "Cremallera" exclude each other.
     void Check2_Click();

@@ -1,5 +1,5 @@
 #pragma once
-// The controls of the form of the doubles' values, which its concerns share.
+// The controls of the form of doubles' values, shared by its classes.
 
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/control_array.h"
@@ -8,7 +8,7 @@
 
 namespace velmora::reference {
 
-/// What each field of Text1 holds in the form of the doubles' values; mm, but for Z.
+/// Contents of the fields of Text1 in the form of doubles' values; mm except for Z.
 enum Chain : int {
     chainTeeth = 0,
     chainPitch = 1,
@@ -33,7 +33,7 @@ struct ChainFields {
 
     screen::Frame Frame1{form, "Frame1"};           ///< values of the chain
     screen::ComboBox cboDobles{form, "cboDobles"};  ///< the chain, stored as PDM_Tipo
-    screen::Frame Frame2{form, "Frame2"};           ///< values of one number of teeth
+    screen::Frame Frame2{form, "Frame2"};           ///< values for one number of teeth
     screen::ControlArray<screen::TextBox> Text1{form, "Text1", {{0, 13}}};
     screen::DataGrid dbgRs{form, "dbgRs"};
     screen::Button cmdNuevo{form, "cmdNuevo"};

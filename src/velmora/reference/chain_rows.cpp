@@ -22,17 +22,17 @@ constexpr const char* changedByAnother =
     "Otro usuario ha cambiado este registro desde que se mostró.\r\n¿Desea grabar encima de sus cambios?";
 constexpr const char* goneWords = "Este registro ya no existe: otro usuario lo ha eliminado.\r\nNo se ha grabado nada.";
 
-// Of the grid, in twips.
+// Width of the grid's columns in twips.
 constexpr int columnWidth = 850;
 constexpr int titleWidth = 2600;
 
-/// A field of Text1 and its column.
+/// A field of Text1 and the column it is stored in.
 struct Stored {
     int field;
     const char* column;
 };
 
-/// In the order of the write.
+/// In the order of the write statement.
 constexpr std::array columns{
     Stored{chainTeeth, "PDM_Z"},
     Stored{chainDe, "PDM_De"},
@@ -50,7 +50,7 @@ constexpr std::array columns{
     Stored{chainH1, "PDM_H1"},
 };
 
-/// A row filled by other means may lack a value.
+/// A row written by other programs may contain nulls.
 double numberOrZero(const sql::Value& value) {
     return value.isNull() ? 0 : value.toDouble();
 }
@@ -87,16 +87,17 @@ void ChainRows::rs_MoveComplete() {
     }
 }
 
-// Kept K-164: every value is shown, worked with and stored again with two decimals: a pitch of 9,525 becomes 9,53 once
-// its row is saved, and a new row's pitch diameter stands on what is shown.
+// Kept K-164: values are shown, used and stored again with two decimals: a pitch of 9,525 becomes 9,53 once its row is
+// saved, and the pitch diameter of a new row is computed from what is shown. Required as it is; it determines stored
+// values.
 void ChainRows::show() {
     const sql::Recordset& row = *rs_;
     const auto put = [&](int field, double value) { f_.Text1(field).setText(Format(value, valueMask)); };
     for (const Stored& stored : columns) {
         put(stored.field, numberOrZero(row[stored.column]));
     }
-    // Kept K-163: X and Df are worked out for the screen, whatever is stored. X is B2 − b1 here, where the price of a
-    // double reads the gap between its rims; a row that this form has kept holds B2 − b1.
+    // Kept K-163: X and Df are computed for display, whatever is stored. X is B2 − b1 here, but the gap between the
+    // rims in the price of a double; rows saved by this form contain B2 − b1.
     put(chainX, numberOrZero(row["PDM_b2"]) - numberOrZero(row["PDM_b1"]));
     put(chainDf, numberOrZero(row["PDM_Dp"]) - numberOrZero(row["PDM_Rodillo"]));
     newRow_.disableHead();
@@ -136,11 +137,11 @@ std::optional<std::string> ChainRows::insert() {
 
 std::optional<std::string> ChainRows::update() {
     const FieldsOfOneWrite fields(session_);
-    // Chosen C-163: with no row to edit, the write is refused like any other, by the error of a set without a row.
+    // Chosen C-163: without a current row the write is refused with the error of a set without a row.
     const std::string id = (*rs_)["PDM_ID"].toText();
     const session::ShownRow shown(*rs_, "Select * from PDM where PDM_ID = " + id);
-    // Differs D-166: the row is looked at again in the transaction of its write: one that another user has deleted is
-    // not written, one that was changed only when this user wants it.
+    // Differs D-166: the row is read again in the transaction of its write: a row that another user has deleted is not
+    // written, a changed one only after a confirmation.
     const Written written = session::writeChecked(session_.Connection(), screen_,
                                                   {.look = [&] { return shown.state(session_.Connection()); },
                                                    .write =

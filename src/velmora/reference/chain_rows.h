@@ -1,5 +1,5 @@
 #pragma once
-// The rows of PDM of one chain: listed, shown, written.
+// The rows of PDM for one chain: list, display and write.
 
 #include <optional>
 #include <string>
@@ -16,12 +16,12 @@ class ChainRows {
   public:
     ChainRows(ChainFields& fields, NewRowButton& newRow, session::Session& session, screen::Screen& screen);
 
-    /// Lists the rows of the chain that is chosen. False when it has none. Errors: the database's.
+    /// Lists the rows of the selected chain. False when it has none. Errors: the database's.
     bool load();
 
-    /// Writes what is typed: over the current row, or as a new one while one is being added. No value is checked. A
-    /// row that another user has deleted is refused, one that was changed is asked about. A refusal is told and leaves
-    /// table and fields as they were. Errors: the database's, of reading back what is already stored.
+    /// Writes the typed values: over the current row, or as a new row while one is being added. Values are not
+    /// validated. A row that another user has deleted is refused; for a changed one the user is asked. A refusal is
+    /// shown and leaves table and fields as they were. Errors: the database's, when the stored row cannot be read back.
     void save();
 
   private:
@@ -29,7 +29,7 @@ class ChainRows {
     void shapeGrid();
     void rs_MoveComplete();
     void addFields();
-    /// The key of the row written; none when nothing was, which has been told. Errors: of the write.
+    /// The key of the new row; nullopt when nothing was written and the user has been informed. Errors: of the write.
     std::optional<std::string> insert();
     std::optional<std::string> update();
 

@@ -1,4 +1,4 @@
-// How the gears' form looks.
+// Layout of the gears' form.
 
 #include "velmora/reference/frm_eng_val.h"
 
@@ -57,8 +57,7 @@ void frmENGVal::arrange() {
     setLayout(lay::column(
         lay::row(toothing(f_).stretched(3), piece(f_).stretched(2)), lay::plain(f_.dbgRs).stretched(),
         lay::row(lay::plain(f_.cmdNuevo), lay::plain(f_.cmdGrabar), lay::space(), lay::plain(f_.cmdSalir))));
-    // Chosen C-162: what is computed is no tab stop: passing through it would empty the list that the teeth have just
-    // brought.
+    // Chosen C-162: computed fields are no tab stops: leaving one would empty the list that the teeth have just filled.
     setTabOrder({&f_.cboDobles, &f_.Text1(gearModule), &f_.Text1(gearTeeth), &f_.Text1(gearHeight),
                  &f_.Text1(gearHubDiameter), &f_.Text1(gearBore), &f_.Text1(gearTotalWidth), &f_.Text1(gearFaceWidth),
                  &f_.dbgRs, &f_.cmdNuevo, &f_.cmdGrabar, &f_.cmdSalir});

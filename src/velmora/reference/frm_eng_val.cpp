@@ -31,7 +31,7 @@ frmENGVal::frmENGVal(session::Session& session, platform::Desk& desk)
 void frmENGVal::Form_Load() {
     oUtil_.ColorFoco(screen::colors::yellow);
     oUtil_.ColorNormal(screen::colors::white);
-    // Chosen C-168: the fields start at zero, as an emptied one ends.
+    // Chosen C-168: the fields start at zero, the value that an emptied field gets.
     f_.Text1.forEach([](TextBox& box) { box.setText("0"); });
     for (const std::string_view family : data::familiasEngranaje) {
         f_.cboDobles.addItem(family);
@@ -45,7 +45,7 @@ void frmENGVal::wire() {
     f_.cboDobles.onClick = [this] { cboDobles_Click(); };
     f_.Text1.on(&TextBox::onGotFocus, {[this](int i) { oUtil_.EntrarCampo(f_.Text1(i)); }});
     f_.Text1.on(&TextBox::onLostFocus, {[this](int i) { Text1_LostFocus(i); }});
-    // Chosen C-161: whole numbers are asked of the teeth; a module has decimals.
+    // Chosen C-161: only the teeth are restricted to whole numbers; a module has decimals.
     f_.Text1.on(&TextBox::onKeyPress,
                 {[this](int i, screen::KeyPress& key) { oUtil_.TeclaCampo(f_.Text1(i), key, i == gearTeeth); }});
     f_.dbgRs.onButtonClick = [this](int) { chooseRow(); };

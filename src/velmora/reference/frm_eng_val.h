@@ -1,5 +1,5 @@
 #pragma once
-// The table of gears, and at the same time the chooser of a gear for a proposal.
+// The table of gears, which also serves to choose a gear for a proposal.
 
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/kestra_util.h"
@@ -8,7 +8,7 @@
 
 namespace velmora::reference {
 
-/// Who wants a gear clears nIdEngranaje, sets the family, shows the form modally and reads nIdEngranaje.
+/// To choose a gear, the caller clears nIdEngranaje, sets the family, shows the form modally and reads nIdEngranaje.
 class frmENGVal : public screen::Form {
   public:
     frmENGVal(session::Session& session, platform::Desk& desk);

@@ -24,7 +24,7 @@ void frmMaterias::wire() {
     onKeyDown = [this](screen::KeyDown& key) { Form_KeyDown(key); };
     f_.Text1.on(&TextBox::onGotFocus, {[this](int i) { oUtil_.EntrarCampo(f_.Text1(i)); }});
     f_.Text1.on(&TextBox::onLostFocus, {[this](int i) { Text1_LostFocus(i); }});
-    // Chosen C-165: a number is typed in digits alone. What the helper is told of its changes has no effect here.
+    // Chosen C-165: only digits are accepted in the number. The helper's change to the key is not passed on.
     f_.Text1(materialId).onKeyPress = [this](screen::KeyPress& key) {
         if (!f_.bNuevo) {
             oUtil_.TeclaCampo(f_.Text1(materialId), key, true);
@@ -40,8 +40,8 @@ void frmMaterias::wire() {
     f_.cmdSalir.onClick = [this] { unload(); };
 }
 
-// The grid's keys come through here as well: the form sees every key first. The pad's point stays a point: a code may
-// hold one.
+// Also called for keys pressed in the grid: the form receives every key first. The decimal point of the pad remains a
+// point, because a code may contain one.
 void frmMaterias::Form_KeyDown(screen::KeyDown& key) {
     using screen::Key;
     switch (key.key) {
@@ -76,7 +76,7 @@ void frmMaterias::Text1_LostFocus(int Index) {
     }
 }
 
-// What is printed and the boxes keep their values: a new material is mostly like the last one.
+// The printed name and the boxes keep their values as defaults for the new material.
 void frmMaterias::newMaterial() {
     f_.bNuevo = true;
     f_.Text1(materialId).setLocked(true);

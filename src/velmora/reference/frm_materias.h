@@ -1,5 +1,5 @@
 #pragma once
-// The list of materials that a proposal can choose: each ties a name to an article and says what it serves for.
+// The list of materials that a proposal can choose from: each assigns a name and its uses to an article.
 
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/kestra_util.h"
@@ -10,7 +10,7 @@
 
 namespace velmora::reference {
 
-/// Shown modally. Errors of its making: the database's.
+/// Shown modally. Errors of the constructor: the database's.
 class frmMaterias : public screen::Form {
   public:
     frmMaterias(session::Session& session, platform::Desk& desk);

@@ -61,7 +61,7 @@ void frmPDMVal::cboDobles_Click() {
 }
 
 void frmPDMVal::msPrimerRegistro() {
-    // Chosen C-170: a row that is being added already goes on being added.
+    // Chosen C-170: a row that is already being added stays in that state.
     newRow_.begin();
     f_.Frame1.setEnabled(true);
     for (const int ofChain : {1, 2, 3, 4, 5, 11}) {
@@ -77,7 +77,7 @@ void frmPDMVal::Text1_LostFocus(int Index) {
     if (box.text().empty()) {
         box.setText("0");
     }
-    // Chosen C-167: the mask falls on what is worked out; a field that is left keeps the text that was typed.
+    // Chosen C-167: the mask is applied to computed values only; a field keeps the text that was typed.
     const auto number = [this](int field) { return CDbl(f_.Text1(field).text()); };
     const auto put = [this](int field, double value) { f_.Text1(field).setText(Format(value, valueMask)); };
     if (Index == chainTeeth && newRow_.isAdding()) {

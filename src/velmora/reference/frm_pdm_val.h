@@ -1,5 +1,5 @@
 #pragma once
-// The table of the doubles: for each chain and each number of teeth the measures of a double sprocket.
+// The table of doubles: the measures of a double sprocket for each chain and number of teeth.
 
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/kestra_util.h"
@@ -8,12 +8,12 @@
 
 namespace velmora::reference {
 
-/// Shown modally. Made, it lists the first chain, and asks for its first row when it has none.
+/// Shown modally. The constructor lists the first chain and offers its first row when it has none.
 class frmPDMVal : public screen::Form {
   public:
     frmPDMVal(session::Session& session, platform::Desk& desk);
 
-    /// Opens the form for the first row of a chain: the values of the chain can be typed too.
+    /// Prepares the form for the first row of a chain: the chain's own values can be typed too.
     void msPrimerRegistro();
 
     ChainFields& fields() { return f_; }

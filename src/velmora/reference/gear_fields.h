@@ -1,5 +1,5 @@
 #pragma once
-// The controls of the gears' form, which its concerns share.
+// The controls of the gears' form, shared by its classes.
 
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/control_array.h"
@@ -8,15 +8,15 @@
 
 namespace velmora::reference {
 
-/// What each field of Text1 holds in the gears' form; mm, but for module, teeth and pitch.
+/// Contents of the fields of Text1 in the gears' form; mm except for module, teeth and pitch.
 enum Gear : int {
     gearModule = 0,
     gearTeeth = 1,
-    gearPitch = 2,  ///< computed, as the three diameters behind it
+    gearPitch = 2,  ///< computed, like the three diameters after it
     gearPitchDiameter = 3,
     gearOutsideDiameter = 4,
     gearInnerDiameter = 5,
-    gearHubDiameter = 6,  ///< Dm; not of a gear disc, as A and C
+    gearHubDiameter = 6,  ///< Dm; absent for a gear disc, like A and C
     gearBore = 7,         ///< D1
     gearTotalWidth = 8,   ///< A
     gearFaceWidth = 9,    ///< B
@@ -33,7 +33,7 @@ struct GearFields {
     screen::ComboBox cboDobles{form, "cboDobles"};  ///< the family, stored as ENG_Tipo
     screen::ControlArray<screen::TextBox> Text1{form, "Text1", {{0, 11}}};
     screen::Frame Frame2{form, "Frame2"};
-    /// Captions that are hidden with their fields, by the same index.
+    /// Captions hidden together with the fields of the same index.
     screen::ControlArray<screen::Label> Label1{form, "Label1", {{6, 6}, {8, 8}, {10, 10}}};
     screen::DataGrid dbgRs{form, "dbgRs"};
     screen::Button cmdNuevo{form, "cmdNuevo"};

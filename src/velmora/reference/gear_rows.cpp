@@ -20,13 +20,13 @@ std::int32_t nIdEngranaje = 0;
 
 namespace {
 
-/// A field of Text1 and its column.
+/// A field of Text1 and the column it is stored in.
 struct Stored {
     int field;
     const char* column;
 };
 
-/// The fields that find rows.
+/// The fields that search for rows.
 constexpr std::array filters{
     Stored{gearModule, " And ENG_Modulo="},  Stored{gearTeeth, " And ENG_z="},
     Stored{gearHubDiameter, " And ENG_DM="}, Stored{gearBore, " And ENG_D1="},
@@ -44,7 +44,7 @@ constexpr const char* changedByAnother =
 
 constexpr const char* select = "select * from eng where ENG_Tipo=";
 constexpr const char* noFamily = "-1";
-constexpr int columnWidth = 760;  ///< twips: all fourteen columns show in the window as it opens
+constexpr int columnWidth = 760;  ///< twips: all fourteen columns fit into the initial window
 
 }  // namespace
 
@@ -54,15 +54,15 @@ void GearRows::msFiltrarEngranajes(int Index) {
         return;
     }
     const auto* filter = std::ranges::find(filters, Index, &Stored::field);
-    // Kept K-161: leaving any other field that holds a value, the pitch or H, empties the list; people who have typed
-    // those are writing a new gear, not looking for one.
+    // Kept K-161: leaving any other field that holds a value, such as the pitch or H, empties the list. Required as it
+    // is; it determines the statements.
     const std::string clause = filter == filters.end() ? noFamily
                                                        : CStr(std::int64_t{f_.cboDobles.listIndex()}) + filter->column +
                                                              runtime::Replace(text, ",", ".");
     rs_ = session_.Connection().execute(select + clause);
     f_.dbgRs.bind(rs_);
     std::vector<screen::GridColumn> columns = columnsWithoutPrefix(rs_, "ENG_", columnWidth);
-    // Chosen C-169: the button stands in the first column, whose value it takes.
+    // Chosen C-169: the button is in the first column and shows its value.
     columns.front().button = true;
     f_.dbgRs.setColumns(std::move(columns));
 }
@@ -72,8 +72,8 @@ bool GearRows::choose() {
         return false;
     }
     const std::int32_t id = rs_[0].toLong();
-    // Differs D-167: the proposal takes the gear's values from the table: a gear that another user has deleted or
-    // changed since it was listed is not taken as if it were the one on show.
+    // Differs D-167: the proposal reads the gear's values from the table, so a gear that another user has deleted or
+    // changed since it was listed is not taken unnoticed.
     const session::ShownRow shown(rs_, "select * from eng where ENG_Id=" + CStr(std::int64_t{id}));
     if (!isStillTheOne(shown)) {
         rs_.requery();
@@ -99,8 +99,8 @@ bool GearRows::isStillTheOne(const session::ShownRow& shown) {
     }
 }
 
-// Kept K-162: every save is a new row, and nothing stops a second one of the same values: what a gear was quoted by is
-// never written over.
+// Kept K-162: every save inserts a new row, even with equal values; existing rows, to which proposals refer, are never
+// overwritten.
 bool GearRows::save() {
     if (CDbl(f_.Text1(gearHeight).text()) == 0 || CDbl(f_.Text1(gearBore).text()) == 0) {
         return false;

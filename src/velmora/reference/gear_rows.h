@@ -1,5 +1,5 @@
 #pragma once
-// The rows of ENG: found by one typed value, chosen for a proposal, written.
+// The rows of ENG: searched by one typed value, chosen for a proposal, written.
 
 #include <cstdint>
 
@@ -11,7 +11,7 @@
 
 namespace velmora::reference {
 
-/// The gear that was chosen or written last, an ENG_Id; 0 when none was. Who wants to know clears it first.
+/// The gear chosen or written last, an ENG_Id; 0 for none. Callers clear it first.
 extern std::int32_t nIdEngranaje;
 
 class GearRows {
@@ -19,17 +19,16 @@ class GearRows {
     GearRows(GearFields& fields, session::Session& session, screen::Screen& screen)
         : f_(fields), session_(session), screen_(screen) {}
 
-    /// Lists the gears of the family with the value of one field; nothing for a value of 0. Each list stands alone.
-    /// Errors: 13 for a text that is no number; the database's.
+    /// Lists the gears of the family with the value of one field; none for the value 0. Filters are not combined.
+    /// Errors: 13 for a text that is not a number; the database's.
     void msFiltrarEngranajes(int Index);
 
-    /// Makes the current row the chosen one. False when the list holds none, and when the row is gone or, once asked
-    /// about, not wanted as another user has changed it; then the list is read anew. Errors: the database's.
+    /// Chooses the current row. False when the list has none, when the row no longer exists, and when another user has
+    /// changed it and the user declines it; in the last two cases the list is refreshed. Errors: the database's.
     bool choose();
 
-    /// Writes what is typed as a new row and makes it the chosen one. False when nothing was written: silently for a
-    /// height or a bore of 0, with a message when the write was refused. Error 13 for a height or bore that is no
-    /// number.
+    /// Inserts the typed values as a new row and chooses it. False when nothing was written: without a message for a
+    /// height or a bore of 0, with one when the write was refused. Error 13 for a height or bore that is not a number.
     bool save();
 
   private:

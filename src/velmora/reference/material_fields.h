@@ -1,5 +1,5 @@
 #pragma once
-// The controls and the state of the materials' form, which its concerns share.
+// The controls and the state of the materials' form, shared by its classes.
 
 #include <string>
 
@@ -11,12 +11,12 @@
 
 namespace velmora::reference {
 
-/// What each field of Text1 holds in the materials' form.
+/// Contents of the fields of Text1 in the materials' form.
 enum MaterialField : int {
     materialId = 0,           ///< PARDPI_ID, or "NUEVO" while a material is added
     materialName = 1,         ///< PARDPI_NOM
     materialArticleCode = 2,  ///< ART_COD; the tag holds ART_ID
-    materialArticle = 3,      ///< ART_DES, shown
+    materialArticle = 3,      ///< ART_DES, display only
     materialPrinted = 4,      ///< PARDPI_MATP
 };
 
@@ -33,8 +33,8 @@ struct MaterialFields {
     screen::ControlArray<screen::TextBox> Text1{form, "Text1", {{0, 4}}};
     screen::CheckBox Check1{form, "Check1"};  ///< iron
     screen::CheckBox Check2{form, "Check2"};  ///< disc
-    // Kept K-165: the box of the flange can be ticked and is neither stored nor shown again; a hub's material is simply
-    // one without "Disco", and no column stands ready for more.
+    // Kept K-165: the box of the flange can be ticked but is neither stored nor shown again; a hub's material is simply
+    // one without "Disco", and the table has no column for it.
     screen::CheckBox Check3{form, "Check3"};
     screen::CheckBox Check4{form, "Check4"};  ///< rack
     screen::Button cmdBuscarArticulo{form, "cmdBuscarArticulo"};
@@ -47,13 +47,12 @@ struct MaterialFields {
     screen::Frame fraMaterial{form, "fraMaterial"};  ///< groups the fields on the screen
 
     bool bNuevo = false;     ///< a material is being added
-    bool bPintando = false;  ///< the boxes are written by the program: their clicks are not the user's
+    bool bPintando = false;  ///< the program sets the boxes, so their clicks are not the user's
 
     const std::string& articleId() const { return Text1(materialArticleCode).tag(); }
 
-    /// Name, article code and article without a text, and no article chosen.
-    /// Differs D-160: the article's key goes with its code; a save that follows asks for an article instead of storing
-    /// a material without a name.
+    /// Clears name, article code and article, and the chosen article. Differs D-160: the article's key is cleared with
+    /// its code; a following save asks for an article instead of storing a material without a name.
     void clearEntry() {
         for (const int field : {materialName, materialArticleCode, materialArticle}) {
             Text1(field).setText("");

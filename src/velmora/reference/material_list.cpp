@@ -56,7 +56,7 @@ void MaterialList::msPintaCajas() {
     f_.Text1(materialArticle).setText(textOrNothing(row["ART_DES"]));
     f_.Text1(materialPrinted).setText(textOrNothing(row["PARDPI_MATP"]));
     f_.Check1.setChecked(row["PARDPI_HIERRO"].toBool());
-    // A rack's material is no disc's, whatever the row says of it.
+    // A rack's material is never shown as a disc's, whatever the row holds.
     const bool rack = row["PARDPI_CRE"].toBool();
     f_.Check2.setChecked(row["PARDPI_DISCO"].toBool() && !rack);
     f_.Check4.setChecked(rack);
@@ -67,13 +67,13 @@ void MaterialList::find(const std::string& number) {
     if (!rsAlm_->isOpen() || !rsAlm_->hasRows()) {
         return;
     }
-    // Chosen C-164: the search runs on a clone, so that a number that nobody has leaves the cursor where it was.
+    // Chosen C-164: the search runs on a clone, so that an unknown number leaves the cursor where it was.
     sql::Recordset seeker = rsAlm_->clone();
     seeker.moveFirst();
     seeker.find("PARDPI_ID = " + runtime::shortest(runtime::CDbl(number)));
     if (const auto found = seeker.position()) {
-        // Kept K-166: finding the material that is shown already shows it anew; what was typed in the other fields
-        // since is gone, which is how people take an entry back.
+        // Kept K-166: finding the material that is already shown displays it again, which discards what was typed in
+        // the other fields. Required as it is; it determines what a save stores.
         rsAlm_->moveTo(*found);
     }
 }

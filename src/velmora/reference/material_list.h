@@ -1,5 +1,5 @@
 #pragma once
-// The materials in the grid, and the one under the cursor in the fields.
+// The materials in the grid, and the current one in the fields.
 
 #include <cstdint>
 #include <string>
@@ -18,19 +18,20 @@ class MaterialList {
     /// Lists all materials with their articles, by number. Errors: the database's.
     void msCargarParametros() { show(open()); }
 
-    /// The two halves of msCargarParametros, for who must know that the list can be had before it is shown.
+    /// The two halves of msCargarParametros, split so that a caller can run the query before replacing the displayed
+    /// list.
     sql::Recordset open();
     void show(sql::Recordset rows);
 
-    /// Moves to the material of a number; stays where it is when there is none.
+    /// Moves to the material with this number; does not move when there is none.
     void find(const std::string& number);
     void goToLast();
 
-    /// The number of the material under the cursor. Error 3021 without one.
+    /// The number of the current material. Error 3021 without one.
     std::string currentId() const { return (*rsAlm_)["PARDPI_ID"].toText(); }
-    /// That material as it is on show. Error 3021 without one.
+    /// The current material as displayed. Error 3021 without one.
     session::ShownRow currentRow() const;
-    /// True when the material under the cursor has this number; false without one.
+    /// True when the current material has this number; false without one.
     bool isCurrent(std::int32_t number) const;
 
   private:

@@ -29,7 +29,7 @@ std::string goneWords(const std::string& number) {
     return "El material nº " + number + " ya no existe: otro usuario lo ha eliminado.";
 }
 
-/// The whole number that a text is; none for any other text.
+/// The whole number that the text represents; nullopt for any other text.
 std::optional<std::int32_t> wholeNumber(const std::string& text) {
     std::int32_t number = 0;
     const char* end = text.data() + text.size();
@@ -67,7 +67,7 @@ void MaterialSaving::save() {
     screen_.show({.text = "Datos Gabados satisfactoriamente"});
 }
 
-// The list is read anew before the row is there for good: what fails up to then leaves the entry untouched.
+// The list is read before the commit: an error up to then leaves the entry untouched.
 std::optional<sql::Recordset> MaterialSaving::insert() {
     const FieldsOfOneWrite fields(session_);
     std::optional<sql::Recordset> rows;
@@ -80,15 +80,15 @@ std::optional<sql::Recordset> MaterialSaving::insert() {
 }
 
 std::optional<sql::Recordset> MaterialSaving::update() {
-    // Kept K-170: the row under the cursor is the one that is changed, whatever number is typed: that field is there
-    // to move the cursor with.
+    // Kept K-170: the current row is updated, whatever number is typed: that field only moves the cursor. Required as
+    // it is; it determines the row written.
     const std::string id = list_.currentId();
     if (isInUse(id)) {
         refuse(screen_, usedAndNotChanged, cancelled);
         return std::nullopt;
     }
-    // Differs D-162: the material is looked at again in the transaction of its write: one that another user has
-    // deleted or a proposal has taken meanwhile stays as it is, one that was changed is asked about.
+    // Differs D-162: the material is read again in the transaction of its write: one that another user has deleted, or
+    // that a proposal has come to use, stays as it is; for a changed one the user is asked.
     const FieldsOfOneWrite fields(session_);
     std::optional<sql::Recordset> rows;
     std::string reason;
@@ -170,20 +170,20 @@ void MaterialSaving::remove() {
 }
 
 bool MaterialSaving::mayDelete(const std::string& number) {
-    // Kept K-171: the number on show is the one that is deleted, and its uses are counted by its text as it stands:
-    // "NUEVO" is the database's error, and a material that is being added is saved or cancelled first.
+    // Kept K-171: the displayed number is deleted, and its uses are counted by its text unchanged: for "NUEVO" the
+    // database reports an error, so a material being added must first be saved or cancelled.
     if (isUsedBeforeDeleting(number)) {
         refuse(screen_, usedAndNotDeleted);
         return false;
     }
-    // Differs D-163: a text that is no whole number never comes into a statement that deletes.
+    // Differs D-163: a text that is not a whole number is never inserted into a DELETE statement.
     const std::optional<std::int32_t> id = wholeNumber(number);
     if (!id) {
         refuse(screen_, "El código del material debe ser un número entero.");
         return false;
     }
-    // Differs D-164: a number that is not that of the row on show, because the list does not hold it, deletes nothing:
-    // the name beside it is another material's.
+    // Differs D-164: nothing is deleted when the displayed number is not that of the current row, because the list does
+    // not contain it: the name beside it belongs to another material.
     if (!list_.isCurrent(*id)) {
         refuse(screen_, "El material nº " + number + " no está en la lista.");
         return false;
@@ -192,8 +192,8 @@ bool MaterialSaving::mayDelete(const std::string& number) {
 }
 
 void MaterialSaving::removeCurrent(const std::string& number) {
-    // Differs D-165: the material is looked at again as before a save, and after the question, which may have stood
-    // for long.
+    // Differs D-165: the material is read again as before a save, and after the question, which may have been open for
+    // long.
     bool gone = false;
     const session::ShownRow shown = list_.currentRow();
     const auto look = [&] {

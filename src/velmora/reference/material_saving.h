@@ -1,6 +1,6 @@
 #pragma once
-// A material written to PARDPI, or deleted. One that a proposal uses is neither changed nor deleted, nor is one that is
-// not as it is on show, unless the user means to.
+// Writes a material to PARDPI or deletes it. A material used by a proposal is neither changed nor deleted; one that
+// differs from what is displayed only after a confirmation.
 
 #include <optional>
 #include <string>
@@ -17,15 +17,15 @@ class MaterialSaving {
     MaterialSaving(MaterialFields& fields, MaterialList& list, session::Session& session, screen::Screen& screen)
         : f_(fields), list_(list), session_(session), screen_(screen) {}
 
-    /// Writes what is typed: as a new material while one is added, else over the material under the cursor. A refusal
-    /// is told and leaves the table and the fields as they were.
+    /// Writes the typed values: as a new material while one is being added, otherwise over the current material. A
+    /// refusal is shown and leaves the table and the fields as they were.
     void save();
 
-    /// Deletes the material of the number on show, once confirmed. Errors: the database's.
+    /// Deletes the material with the displayed number, after a confirmation. Errors: the database's.
     void remove();
 
   private:
-    /// The list read anew behind the write; none when nothing was written, which has been told.
+    /// The list read after the insert; nullopt when nothing was written and the user has been informed.
     std::optional<sql::Recordset> insert();
     std::optional<sql::Recordset> update();
     bool isInUse(const std::string& id);

@@ -1,4 +1,4 @@
-// How the materials' form looks.
+// Layout of the materials' form.
 
 #include "velmora/reference/frm_materias.h"
 

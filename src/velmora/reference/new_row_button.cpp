@@ -13,8 +13,8 @@ void NewRowButton::click() {
 void NewRowButton::begin() {
     button_.setCaption("Cancelar");
     head_.setEnabled(false);
-    // Chosen C-160: where the first field stands in the frame that has just been disabled it cannot take the focus,
-    // and the focus stays on the button.
+    // Chosen C-160: when the first field is in the frame that has just been disabled, it cannot take the focus, and the
+    // button keeps it.
     if (Text1_(0).canTakeFocus()) {
         Text1_(0).setFocus();
     }

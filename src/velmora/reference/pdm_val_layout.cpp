@@ -1,4 +1,4 @@
-// How the form of the doubles' values looks.
+// Layout of the form of doubles' values.
 
 #include "velmora/reference/frm_pdm_val.h"
 

@@ -8,7 +8,7 @@ namespace velmora::reference {
 
 namespace {
 
-// The session answers a refusal with a text; from here on it is the error that it is.
+// Raises a refusal, which the session reports as a text, as an error.
 void require(bool correcto, const std::string& error) {
     if (!correcto) {
         throw sql::DbError(sql::provider::failure, error);

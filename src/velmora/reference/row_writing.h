@@ -1,5 +1,5 @@
 #pragma once
-// One row written to a table of reference data, and what the user is asked and told about it.
+// Writing one row of reference data, and the messages about it.
 
 #include <string>
 #include <string_view>
@@ -11,8 +11,8 @@ namespace velmora::reference {
 
 inline constexpr const char* lineBreak = "\r\n";
 
-/// Empties the list of fields when it goes: a write that ends half way leaves none over for the next one.
-/// Differs D-168: whatever ends it, a fault of the program itself too.
+/// Empties the list of fields at the end of its scope, so that a write that fails half way leaves no fields for the
+/// next one. Differs D-168: also when an exception that is no run-time error ends the scope.
 class FieldsOfOneWrite {
   public:
     explicit FieldsOfOneWrite(session::Session& session) : session_(session) {}
@@ -24,11 +24,11 @@ class FieldsOfOneWrite {
     session::Session& session_;
 };
 
-/// Runs the INSERT, the UPDATE of the fields that were added. Errors: the session's refusal, as the provider's failure.
+/// Run the INSERT, or the UPDATE, of the fields that were added. Errors: the session's refusal, as provider::failure.
 void insertRow(session::Session& session, std::string_view donde);
 void updateRow(session::Session& session, std::string_view donde);
 
-/// Tells, with the critical icon, why nothing is written.
+/// Shows, with the critical icon, why nothing was written.
 void refuse(screen::Screen& screen, const std::string& words, const char* title = "");
 
 }  // namespace velmora::reference

@@ -1,5 +1,5 @@
 #pragma once
-// What the forms of values, of the doubles and of the gears, have in common.
+// Shared by the forms of values, of doubles and of gears.
 
 #include <string_view>
 #include <vector>
@@ -10,14 +10,14 @@
 
 namespace velmora::reference {
 
-/// How a value that is worked out, or read from its table, is shown.
+/// The display mask of a value that is computed or read from its table.
 inline constexpr const char* valueMask = "0.00";
 
-/// Tells that a row of values was not written, with number and description of the error.
+/// Shows that a row of values was not written, with number and description of the error.
 void showCancelledWrite(screen::Screen& screen, const runtime::RuntimeError& error);
 
-/// A column for each of the set's, in its order, called by its name without the table's prefix and right-aligned, as
-/// numbers are. The width is in twips.
+/// One right-aligned column for each column of the set, in its order, titled by its name without the table's prefix.
+/// The width is in twips.
 std::vector<screen::GridColumn> columnsWithoutPrefix(const sql::Recordset& rows, std::string_view prefix, int width);
 
 }  // namespace velmora::reference

@@ -12,10 +12,9 @@ using runtime::CDbl;
 using runtime::CStr;
 using runtime::Redondear;
 
-// Kept K-160: the cut goes through text. A result without decimals has no comma, so that the four zeros behind it
-// become part of the number and its first two figures alone are left: 152 gives 15. The zeros make an exponent of a
-// very large result too large (error 6) and of a very small one nothing at all. Rows that users see in the table were
-// made so.
+// Kept K-160: the decimals are cut in the text. A result without decimals has no comma, so the four appended zeros
+// become part of the number and only its first two digits remain: 152 gives 15. With an exponent, the zeros make a very
+// large result too large (error 6) and a very small one 0. Required as it is; it determines stored rows.
 double FnDpCadena(double Z, double Paso) {
     if (Z == 0 || Paso == 0) {
         return 0;
@@ -27,7 +26,7 @@ double FnDpCadena(double Z, double Paso) {
     return CDbl(runtime::Left(text, whole + 2));
 }
 
-// Chosen C-166: tip and root are worked out from the pitch diameter as it stands in its field, which is rounded.
+// Chosen C-166: tip and root diameter are computed from the displayed pitch diameter, which is rounded.
 GearMeasures gearMeasures(double module, double teeth) {
     constexpr int decimals = 2;
     constexpr double tip = 2;     ///< modules between pitch and outside diameter

@@ -1,5 +1,5 @@
 #pragma once
-// Arithmetic of the tables of values, in millimetres, on plain numbers.
+// Computations for the tables of values, in millimetres, on plain numbers.
 
 namespace velmora::reference {
 
@@ -7,7 +7,7 @@ namespace velmora::reference {
 /// through its text; 0 when either is 0. Error 6 when the result, or its text, is too large.
 double FnDpCadena(double Z, double Paso);
 
-/// The measures of a spur gear that follow from module and teeth, each to two decimals: tip and root stand on the
+/// The measures of a spur gear computed from module and teeth, each to two decimals: tip and root diameter from the
 /// rounded pitch diameter.
 struct GearMeasures {
     double paso;

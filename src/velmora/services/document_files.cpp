@@ -30,13 +30,13 @@ fs::path toPath(std::string_view utf8) {
     fail(cannotRead, "No se puede leer el fichero " + path);
 }
 
-/// What the file systems in use take at most, in bytes.
+/// Longest file name in bytes that common file systems accept.
 constexpr std::size_t longestName = 255;
 
-/// Of a name that consists of control characters alone.
+/// Replaces a name that consists of control characters only.
 constexpr const char* namelessDocument = "documento";
 
-/// The length in bytes of the control character that the text begins with; 0 for any other character.
+/// The length in bytes of the control character at the start of the text; 0 for any other character.
 std::size_t controlAt(std::string_view text) {
     const auto first = static_cast<unsigned char>(text.front());
     if (first < 0x20 || first == 0x7F) {
@@ -46,8 +46,9 @@ std::size_t controlAt(std::string_view text) {
     return first == 0xC2 && text.size() > 1 && static_cast<unsigned char>(text[1]) <= 0x9F ? 2 : 0;
 }
 
-/// Control characters turned into blanks; those at the ends go, with the blanks that stand there.
-// Chosen C-276: what stands in the place of a control character is open: a blank, which every viewer shows in a title.
+/// Replaces control characters by blanks, and strips them and adjacent blanks from both ends.
+// Chosen C-276: the replacement of a control character is not specified: a blank, which every viewer can show in a
+// title.
 std::string withoutControls(const std::string& name) {
     std::string result;
     bool any = false;
@@ -60,7 +61,7 @@ std::string withoutControls(const std::string& name) {
     return any ? runtime::Trim(result) : name;
 }
 
-/// At most so many bytes, ended between two characters.
+/// The longest start of the text of at most `most` bytes that does not cut a character.
 std::string firstBytes(const std::string& text, std::size_t most) {
     if (text.size() <= most) {
         return text;
@@ -71,7 +72,8 @@ std::string firstBytes(const std::string& text, std::size_t most) {
     return text.substr(0, most);
 }
 
-/// A name of at most `longestName` bytes that keeps its extension, as long as that leaves room for a name before it.
+/// A name of at most `longestName` bytes that keeps its extension, unless that would leave no room for the name before
+/// it.
 std::string shortened(const std::string& name) {
     if (name.size() <= longestName) {
         return name;
@@ -88,7 +90,7 @@ bool namesNoFile(const std::string& name) {
     return name.empty() || name == "." || name == "..";
 }
 
-/// Takes away a file, or a link that somebody laid there to have another file written; never a folder or a device.
+/// Removes a file, or a link placed there to redirect the write; never a folder or a device.
 void removeFileOrLink(const fs::path& file) {
     std::error_code ignored;
     const fs::file_status status = fs::symlink_status(file, ignored);
@@ -105,14 +107,14 @@ std::string nameOfFile(std::string_view path) {
 }
 
 std::string extensionOfFile(std::string_view path) {
-    // Chosen C-183: the point is looked for in the name alone: a folder's point is no part of a file's kind.
+    // Chosen C-183: the point is searched in the name only; a point in a folder's name is not part of the extension.
     const std::string name = nameOfFile(path);
     const std::size_t point = name.find_last_of('.');
     return point == std::string::npos ? std::string() : name.substr(point + 1);
 }
 
 std::string safeFileName(std::string_view storedName) {
-    // Differs D-181: a stored name never leads out of the temporary folder.
+    // Differs D-181: a stored name never leads outside the temporary folder.
     std::string name = nameOfFile(storedName);
     if (drivesHaveLetters) {
         name.erase(0, name.find_last_of(':') + 1);
@@ -120,7 +122,7 @@ std::string safeFileName(std::string_view storedName) {
     if (namesNoFile(name)) {
         fail(wrongFileName, "El nombre del documento no es un nombre de fichero");
     }
-    // Differs D-264: a name that the file system would refuse is made fit, so that its document can be viewed.
+    // Differs D-264: a name that the file system would refuse is corrected, so that its document can be opened.
     name = withoutControls(name);
     return namesNoFile(name) ? namelessDocument : shortened(name);
 }
@@ -143,7 +145,8 @@ sql::Bytes readFile(const std::string& path) {
     }
     sql::Bytes content(static_cast<std::size_t>(size));
     stream.read(reinterpret_cast<char*>(content.data()), static_cast<std::streamsize>(content.size()));
-    // A file that shrinks or grows meanwhile is being written by somebody: part of it is not the document.
+    // A file whose size changes while it is read is being written by another program; a part of it must not be stored
+    // as the document.
     if (!stream || stream.peek() != std::ifstream::traits_type::eof()) {
         failToRead(path);
     }
@@ -152,8 +155,8 @@ sql::Bytes readFile(const std::string& path) {
 
 void writeFile(const std::string& path, const sql::Bytes& content) {
     const fs::path file = toPath(path);
-    // Differs D-183: a link that lies in the way is replaced, not followed, and a file that could not be finished does
-    // not stay. An earlier copy may be closed to writing.
+    // Differs D-183: a link at the target is replaced, not followed, and an incomplete file is removed. An earlier copy
+    // may be read-only.
     removeFileOrLink(file);
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);
     const bool begun = stream.is_open();
@@ -172,7 +175,7 @@ void deleteFile(const std::string& path) {
     const fs::path file = toPath(path);
     std::error_code ignored;
     const fs::file_status status = fs::status(file, ignored);
-    // Chosen C-184: a file that is closed to writing is not deleted, on systems too that would ask the folder alone.
+    // Chosen C-184: a read-only file is not deleted, also on systems where only the folder's permissions decide.
     if (fs::is_regular_file(status) && (status.permissions() & anybodyWrites) != fs::perms::none) {
         fs::remove(file, ignored);
     }

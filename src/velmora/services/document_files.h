@@ -1,5 +1,5 @@
 #pragma once
-// Files on disk as documents come from them and go back to them. Paths are UTF-8.
+// Files on disk that documents are read from and written to. Paths are UTF-8.
 
 #include <string>
 #include <string_view>
@@ -8,31 +8,31 @@
 
 namespace velmora::services {
 
-/// What follows the last "\" or the last separator of the platform; a path without one is the name.
+/// The part after the last "\" or the platform's last separator; the whole path when it has none.
 std::string nameOfFile(std::string_view path);
 
-/// What follows the last point of the file's name; empty when it has none.
+/// The part after the last point of the file's name; empty when it has none.
 std::string extensionOfFile(std::string_view path);
 
-/// The last part of a stored name, which may come from anywhere, so that it can only name a file inside the folder it
-/// is put behind, and one that a file system takes: control characters become blanks, or go at an end; of more than 255
-/// bytes those before the extension are cut, never within a character. Errors: 52 (wrong file name) for a name without
-/// characters, "." and "..".
+/// A safe file name from a stored name of any origin: its last part, so that it can only denote a file in the folder it
+/// is appended to, corrected to what file systems accept: control characters become blanks or are stripped from the
+/// ends; above 255 bytes the part before the extension is truncated between characters. Errors: 52 (wrong file name)
+/// for a name without characters, "." and "..".
 std::string safeFileName(std::string_view storedName);
 
-/// Whether both paths lead to one file on one device, however they are spelled and through whatever links. False when
-/// one of them leads nowhere.
+/// Whether both paths denote the same file on the same device, whatever their spelling and links. False when one of
+/// them does not exist.
 bool isSameFile(const std::string& path, const std::string& other);
 
-/// The whole content. Errors: 3002, its description naming the file, when it is no file, cannot be opened or not be
-/// read to its end.
+/// The whole content. Errors: 3002, with the file's name in its description, when it is not a file or cannot be opened
+/// or read to its end.
 sql::Bytes readFile(const std::string& path);
 
-/// Writes the whole content in place of what stood there; nothing is left of a file that could not be finished.
-/// Errors: 3004, its description naming the file.
+/// Writes the whole content, replacing an existing file; an incomplete file is removed. Errors: 3004, with the file's
+/// name in its description.
 void writeFile(const std::string& path, const sql::Bytes& content);
 
-/// Deletes the file and says nothing when it cannot be. One that nobody may write in stays.
+/// Deletes the file; a failure is not reported. A read-only file stays.
 void deleteFile(const std::string& path);
 
 }  // namespace velmora::services

@@ -14,7 +14,7 @@ using session::Tipo;
 
 namespace {
 
-/// No row was made: the insert was refused.
+/// The insert was refused, so there is no row.
 constexpr std::int32_t noRow = 0;
 
 constexpr long pathNotFound = 76;
@@ -40,7 +40,7 @@ bool DocumentStore::isOfTheDatabase(const std::string& path) const {
 }
 
 bool DocumentStore::msAnadirFichero(const std::string& path, const DocumentOwner& owner) {
-    // Differs D-263: attaching deletes the file from disk, and the database with it.
+    // Differs D-263: a file of the database is refused, because attaching would delete it from disk.
     if (isOfTheDatabase(path)) {
         showError("El fichero es de la propia base de datos y no se puede adjuntar");
         return true;
@@ -50,26 +50,26 @@ bool DocumentStore::msAnadirFichero(const std::string& path, const DocumentOwner
         return true;
     }
     if (!SaveFileToDB(path, id)) {
-        // Kept K-181: the row stays, without content, and viewing it does nothing; the file stays where it was.
+        // Kept K-181: the row stays, without content, so that viewing it does nothing; the file stays on disk.
         showError("Error insertando el documento");
         return false;
     }
-    // Kept K-182: a file picked from disk is gone too, and nothing says so: attaching moves a document into the
-    // database, where alone people look for it afterwards.
+    // Kept K-182: the file is deleted from disk, without a message, even when the user picked it: attaching moves a
+    // document into the database. Required as it is.
     deleteFile(path);
     return true;
 }
 
-/// The key of the new row; noRow when there is none, which has been told.
+/// The key of the new row; noRow when there is none and the user has been informed.
 std::int32_t DocumentStore::addRow(const std::string& path, const DocumentOwner& owner) {
     session_.Tabla(sPrefijo_ + "Dex");
     session_.Modo(0);
     std::int32_t id = noRow;
     bool ownerGone = false;
-    // Differs D-182: when the key cannot be read the transaction is rolled back, where it would have stayed open.
+    // Differs D-182: when the key cannot be read, the transaction is rolled back instead of staying open.
     sql::inTransaction(session_.Connection(), [&] {
-        // Differs D-169: a proposal that another user has deleted gets no document: attaching deletes the file from
-        // disk, and no list would ever show its content again.
+        // Differs D-169: nothing is attached to a proposal that another user has deleted: attaching deletes the file
+        // from disk, and no list would ever show its content.
         ownerGone = isGone(owner);
         if (ownerGone || !insertRow(path, owner)) {
             return false;
@@ -146,7 +146,7 @@ void DocumentStore::open(std::int32_t id) {
 }
 
 std::string DocumentStore::temporaryPath(const std::string& name) const {
-    // Differs D-261: without a temporary folder the name alone would be a file of the current one.
+    // Differs D-261: without a temporary folder, the name alone would denote a file in the current folder.
     const std::string folder = GetTmpPath();
     if (folder.empty()) {
         throw runtime::RuntimeError(pathNotFound, "No hay carpeta temporal en la que escribir " + name);
@@ -162,8 +162,8 @@ ShownDocument DocumentStore::shown(const sql::Recordset& list, const DocumentOwn
 }
 
 void DocumentStore::remove(const ShownDocument& document) {
-    // Differs D-170: the document is looked at again in the transaction of its delete: another user may have deleted
-    // it, or given it another name, while the list or the question stood.
+    // Differs D-170: the document is read again in the transaction of its delete: another user may have deleted or
+    // renamed it while the list or the question was open.
     const auto written = session::writeChecked(
         session_.Connection(), desk_.screen,
         {.look = [&] { return document.row.state(session_.Connection()); },
@@ -180,7 +180,7 @@ void DocumentStore::remove(const ShownDocument& document) {
 }
 
 void DocumentStore::showError(const std::string& text) {
-    // Chosen C-185: every failure of a document bears the critical icon, as the program's refusals do.
+    // Chosen C-185: every failure concerning a document is shown with the critical icon, like other refusals.
     desk_.screen.show({.text = text, .icon = screen::Icon::critical});
 }
 

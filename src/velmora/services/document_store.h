@@ -1,5 +1,5 @@
 #pragma once
-// Documents between disk and the table dex of the documents' catalogue.
+// Transfers documents between disk and the table dex of the documents' catalogue.
 
 #include <cstdint>
 #include <string>
@@ -11,16 +11,16 @@
 
 namespace velmora::services {
 
-/// The owner's kind for proposals.
+/// The kind of owner for proposals.
 inline constexpr std::int16_t actOfProposals = -8;
 
-/// Whose documents: a proposal by its number, or what else the host keeps documents of.
+/// Owner of documents: a proposal by its number, or another owner for which the host keeps documents.
 struct DocumentOwner {
     std::int32_t nIdExp = 0;
     std::int16_t nIdAct = 0;
 };
 
-/// A document as its owner's list shows it.
+/// A document as shown in its owner's list.
 struct ShownDocument {
     std::int32_t id;
     session::ShownRow row;
@@ -28,39 +28,39 @@ struct ShownDocument {
 
 class DocumentStore {
   public:
-    /// Errors: the database's, when the connection cannot name its catalogue.
+    /// Errors: the database's, when the connection cannot give its catalogue's name.
     DocumentStore(session::Session& session, platform::Desk& desk);
 
-    /// What stands before "dex" in every statement: "DOC", the catalogue, ".dbo.".
+    /// The qualifier of "dex" in every statement: "DOC", the catalogue, ".dbo.".
     const std::string& sPrefijo() const { return sPrefijo_; }
 
-    /// The owner's documents, the newest first: dex_id, dex_fic. Errors: the database's.
+    /// The owner's documents, newest first: dex_id, dex_fic. Errors: the database's.
     sql::Recordset list(const DocumentOwner& owner);
 
-    /// The document under the cursor of the owner's list. Error 3021 without one.
+    /// The document on the current row of the owner's list. Error 3021 without one.
     ShownDocument shown(const sql::Recordset& list, const DocumentOwner& owner) const;
 
-    /// Stores a file as a new document and takes it away from disk once its content is in the database; false when
-    /// the content is not, which has been told. A file of the database itself is refused in words: neither row nor
-    /// file is touched. For a proposal that is no longer there nothing is stored, which is told, and the file stays.
-    /// Errors: the database's while the row is made; then there is no row.
+    /// Stores a file as a new document and deletes it from disk once its content is in the database; false when the
+    /// content was not stored and the user has been informed. A file of the database itself is refused with a message;
+    /// neither row nor file is touched. For a proposal that no longer exists nothing is stored, a message is shown and
+    /// the file stays. Errors: the database's while the row is inserted; there is no row then.
     bool msAnadirFichero(const std::string& path, const DocumentOwner& owner);
 
-    /// Writes the file's bytes into the row; false when that failed, which has been told.
+    /// Writes the file's bytes into the row; false when that failed and the user has been informed.
     bool SaveFileToDB(const std::string& path, std::int32_t id);
 
-    /// Writes the stored bytes to the temporary folder and opens them; a failure is shown. A row that is not there or
-    /// has no content does nothing.
+    /// Writes the stored bytes to the temporary folder and opens them; a failure is shown. Does nothing for a row that
+    /// does not exist or has no content.
     void LoadFileFromDB(std::int32_t id);
 
-    /// Deletes a document. One that is gone is told, one that another user has changed is asked about. Errors: the
-    /// database's.
+    /// Deletes a document. When it no longer exists, a message is shown; when another user has changed it, the user is
+    /// asked. Errors: the database's.
     void remove(const ShownDocument& document);
 
-    /// The temporary folder with a separator behind it; empty when there is none.
+    /// The temporary folder with a trailing separator; empty when there is none.
     std::string GetTmpPath() const { return desk_.services.temporaryFolder(); }
 
-    /// Where a file of this name is to lie in the temporary folder. Error 76 when there is none.
+    /// The path of a file with this name in the temporary folder. Error 76 when there is no such folder.
     std::string temporaryPath(const std::string& name) const;
 
   private:

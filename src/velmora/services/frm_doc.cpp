@@ -10,7 +10,7 @@ namespace lay = screen::layout;
 
 namespace {
 
-// Places of the buttons on the bar; the separators count.
+// Positions of the buttons on the bar, separators included.
 enum Place : int { viewing = 3, deleting = 5, leaving = 7 };
 
 constexpr const char* fromDisk = "FICHERO";
@@ -24,7 +24,7 @@ frmDoc::frmDoc(session::Session& session, platform::Desk& desk) : Form("frmDoc")
     Toolbar1.onButtonClick = [this](int index) { Toolbar1_ButtonClick(index); };
     Toolbar1.onMenuClick = [this](const std::string& key) { Toolbar1_ButtonMenuClick(key); };
     onKeyDown = [this](screen::KeyDown& key) {
-        // Chosen C-186: Esc closes this window and the one of purchase prices, as it closes the main form.
+        // Chosen C-186: Esc closes this window and that of purchase prices, as it closes the main form.
         if (key.key == screen::Key::escape) {
             unload();
         }
@@ -114,7 +114,8 @@ void frmDoc::addFromDisk() {
 }
 
 void frmDoc::scan() {
-    // Kept K-183: the name counts minutes, so that two scans of one minute bear the same name in the list.
+    // Kept K-183: the name has a resolution of minutes, so two scans within one minute get the same name in the list.
+    // Required as it is; it determines stored names.
     const std::string path = store_.temporaryPath("DOC" + runtime::Format(desk_.clock.now(), "yyyymmddhhnn") + ".pdf");
     const auto scanner = desk_.components.create<components::Scanner>("MIRTOL.jMirtol");
     scanner->setFichero(path);
@@ -124,7 +125,7 @@ void frmDoc::scan() {
     }
     msAnadirFichero(path);
     msCargarDocumentos();
-    // Kept K-184: the scan is deleted even when its content did not reach the database: the page is still on the glass.
+    // Kept K-184: the scanned file is deleted even when its content was not stored; the page can be scanned again.
     deleteFile(path);
 }
 

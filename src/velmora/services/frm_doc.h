@@ -1,5 +1,5 @@
 #pragma once
-// The documents attached to a proposal: added from disk or scanned, looked at, deleted.
+// The documents attached to a proposal: added from disk or scanned, opened, deleted.
 
 #include <cstdint>
 #include <string>
@@ -12,7 +12,7 @@
 
 namespace velmora::services {
 
-/// Who opens it sets nIdExp and nIdAct, calls msCargarDocumentos and shows it modally.
+/// The caller sets nIdExp and nIdAct, calls msCargarDocumentos and shows the form modally.
 class frmDoc : public screen::Form {
   public:
     /// Errors: the database's, when the connection cannot name its catalogue.
@@ -21,11 +21,11 @@ class frmDoc : public screen::Form {
     std::int32_t nIdExp = 0;  ///< owner: the DPI_Id
     std::int16_t nIdAct = 0;  ///< the owner's kind
 
-    /// Lists the documents anew. Errors: the database's.
+    /// Refreshes the list of documents. Errors: the database's.
     void msCargarDocumentos();
 
-    /// Stores a file as a new document; the form's tag is "E" afterwards when its content could not be stored.
-    /// Errors: the database's while the row is made.
+    /// Stores a file as a new document; afterwards the form's tag is "E" when its content could not be stored. Errors:
+    /// the database's while the row is inserted.
     void msAnadirFichero(const std::string& path);
 
     screen::Toolbar Toolbar1{*this, "Toolbar1"};

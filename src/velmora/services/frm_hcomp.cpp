@@ -16,7 +16,7 @@ namespace {
 constexpr int numberColumn = 3;
 constexpr int lastDays = 90;
 
-/// What the lots of an article's formula are told and put in order by.
+/// Columns and order of the lots for an article's formula.
 struct Measures {
     std::int32_t formula;
     const char* column;

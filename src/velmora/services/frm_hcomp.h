@@ -1,5 +1,5 @@
 #pragma once
-// The latest purchase prices of an article, from the host's delivery notes, and the note behind each.
+// The latest purchase prices of an article, from the host's delivery notes, with access to each note.
 
 #include <cstdint>
 #include <string>
@@ -12,19 +12,19 @@
 
 namespace velmora::services {
 
-/// Who opens it sets nFormula and txtFields (or calls msArticulo), calls msCargar and shows it modally. Until then
-/// the list is empty.
+/// The caller sets nFormula and txtFields (or calls msArticulo), calls msCargar and shows the form modally. The list is
+/// empty until then.
 class frmHcomp : public screen::Form {
   public:
     frmHcomp(session::Session& session, platform::Desk& desk);
 
-    std::int32_t nFormula = 0;  ///< the article's art_for: which measures its lots have
+    std::int32_t nFormula = 0;  ///< the article's art_for: determines which measures its lots have
 
-    /// Takes the article of this art_id; without one the fields are empty and nFormula is 0. Errors: the database's.
+    /// Takes the article with this art_id; when there is none, the fields are empty and nFormula is 0. Errors: the
+    /// database's.
     void msArticulo(std::int32_t id);
 
-    /// Lists the purchases of the last 90 days of the article whose code stands in txtFields(0). Errors: the
-    /// database's.
+    /// Lists the purchases of the last 90 days of the article whose code is in txtFields(0). Errors: the database's.
     void msCargar();
 
     screen::ControlArray<screen::TextBox> txtFields{*this, "txtFields", {{0, 1}}};  ///< art_cod, art_des

@@ -16,13 +16,14 @@ struct Failure {
     const char* text;
 };
 
-/// The highest code that tells of a failure.
+/// The highest code that means a failure.
 constexpr int lastFailure = 32;
 
-/// Where an application's own error numbers begin.
+/// The first of an application's own error numbers.
 constexpr long ownErrors = static_cast<int>(0x80040000u) + 1048;
 
-// Chosen C-181: what the language has a number for bears that number; the others count from the application's own.
+// Chosen C-181: a failure for which the language has an error number is raised with it; the others are numbered from
+// the application's first.
 constexpr std::array failures{
     Failure{0, 7, "Out of memory"},
     Failure{2, 53, "File not found"},
@@ -41,7 +42,7 @@ constexpr std::array failures{
     Failure{32, ownErrors + 32, "The specified dynamic-link library was not found."},
 };
 
-// Kept K-180: "occurred" stands twice; the words reach users as they are.
+// Kept K-180: "occurred" is there twice. Required as it is; users read this text.
 constexpr const char* anyOther = "An error occurred occurred whilst trying to open or print the selected file.";
 
 [[noreturn]] void fail(int code) {
@@ -55,7 +56,7 @@ constexpr const char* anyOther = "An error occurred occurred whilst trying to op
 }  // namespace
 
 void ShellEx(system::Services& services, std::string_view path) {
-    // Under the trap a call that fails leaves the code at 0, which reads as a lack of memory.
+    // When the call fails inside the trap, the code stays 0, which means lack of memory.
     int code = 0;
     runtime::ErrorTrap trap;
     trap([&] { code = services.openWithAssociatedProgram(path); });
