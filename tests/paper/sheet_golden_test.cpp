@@ -1,0 +1,82 @@
+// What the sheets of each product type say, held against stored texts. After a wanted change write them anew and look
+// at what has changed:
+//
+//     VELMORA_WRITE_GOLDEN=1 build/dev/tests/test_paper --gtest_filter='*SheetGoldenTest*'; git diff tests/paper/golden
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "velmora/data/product_types.h"
+#include "velmora/paper/papers.h"
+#include "velmora/platform/runtime/numbers.h"
+
+#include "paper/sample_proposals.h"
+#include "paper/sheet_text.h"
+
+namespace velmora::paper {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path folder = fs::path(VELMORA_TEST_DATA) / "paper" / "golden";
+
+std::string fileName(int type, const std::string& whose) {
+    return "type_" + runtime::Format(type, "00") + "_" + whose + ".txt";
+}
+
+std::string contentsOf(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+bool writesAnew() {
+    return std::getenv("VELMORA_WRITE_GOLDEN") != nullptr;
+}
+
+/// A run that writes fails, so that nobody takes it for a check.
+void expectGolden(const std::string& name, const std::string& text) {
+    if (writesAnew()) {
+        fs::create_directories(folder);
+        std::ofstream(folder / name, std::ios::binary) << text;
+        ADD_FAILURE() << "written anew, look at it: " << name;
+        return;
+    }
+    ASSERT_TRUE(fs::exists(folder / name)) << name;
+    EXPECT_EQ(contentsOf(folder / name), text) << name;
+}
+
+class SheetGoldenTest : public ::testing::TestWithParam<int> {
+  protected:
+    support::SampleProposals proposals;
+};
+
+TEST_P(SheetGoldenTest, SaysWhatItSaid) {
+    const int type = GetParam();
+    const auto papers = papersOf(proposals.connection(), support::SampleProposals::numberOf(type), false);
+    ASSERT_EQ(papers.size(), 2u);
+    expectGolden(fileName(type, "customer"), support::sheetText(papers[0].sheet));
+    expectGolden(fileName(type, "shop"), support::sheetText(papers[1].sheet));
+}
+
+INSTANTIATE_TEST_SUITE_P(EachType, SheetGoldenTest, ::testing::Range(0, static_cast<int>(data::productTypes.size())));
+
+TEST(SheetGoldenFilesTest, EachBelongsToAType) {
+    std::set<std::string> wanted;
+    for (const data::ProductType& type : data::productTypes) {
+        wanted.insert({fileName(type.number, "customer"), fileName(type.number, "shop")});
+    }
+    std::set<std::string> there;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        there.insert(entry.path().filename().string());
+    }
+    EXPECT_EQ(there, wanted);
+}
+
+}  // namespace
+}  // namespace velmora::paper
