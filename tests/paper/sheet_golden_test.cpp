@@ -3,12 +3,15 @@
 //
 //     VELMORA_WRITE_GOLDEN=1 build/dev/tests/test_paper --gtest_filter='*SheetGoldenTest*'; git diff tests/paper/golden
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -35,6 +38,42 @@ std::string contentsOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+std::vector<std::string> linesOf(const std::string& text) {
+    std::istringstream in(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+/// The lines that went, "- ", and those that came, "+ ", in their order; empty for equal texts.
+std::string differences(const std::string& before, const std::string& after) {
+    const std::vector<std::string> old = linesOf(before);
+    const std::vector<std::string> now = linesOf(after);
+    // common[i][j]: of how many lines the longest common sequence of old from i and now from j is.
+    std::vector common(old.size() + 1, std::vector<std::size_t>(now.size() + 1));
+    for (std::size_t i = old.size(); i-- > 0;) {
+        for (std::size_t j = now.size(); j-- > 0;) {
+            common[i][j] = old[i] == now[j] ? common[i + 1][j + 1] + 1 : std::max(common[i + 1][j], common[i][j + 1]);
+        }
+    }
+    std::string result;
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < old.size() || j < now.size()) {
+        if (i < old.size() && j < now.size() && old[i] == now[j]) {
+            ++i;
+            ++j;
+        } else if (j == now.size() || (i < old.size() && common[i + 1][j] >= common[i][j + 1])) {
+            result += "- " + old[i++] + "\n";
+        } else {
+            result += "+ " + now[j++] + "\n";
+        }
+    }
+    return result.empty() && before != after ? "another end of line\n" : result;
+}
+
 bool writesAnew() {
     return std::getenv("VELMORA_WRITE_GOLDEN") != nullptr;
 }
@@ -48,7 +87,8 @@ void expectGolden(const std::string& name, const std::string& text) {
         return;
     }
     ASSERT_TRUE(fs::exists(folder / name)) << name;
-    EXPECT_EQ(contentsOf(folder / name), text) << name;
+    const std::string difference = differences(contentsOf(folder / name), text);
+    EXPECT_TRUE(difference.empty()) << name << "\n" << difference;
 }
 
 class SheetGoldenTest : public ::testing::TestWithParam<int> {
