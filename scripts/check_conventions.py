@@ -191,6 +191,22 @@ def check_indexes(house):
             )
 
 
+# The fields of the main form that say which proposal is on it and how far it has come: they are written by their
+# names and read through ShownProposal.
+_PROPOSAL_READ = re.compile(r"\btxtPesu\(money::(proposal|workOrder|accepted)\)\s*\.text\(\)")
+
+
+def check_questions(house):
+    for name in house.sources(SOURCES):
+        if not name.startswith(FORM_ROOMS):
+            continue
+        code = code_alone(house.read(name))
+        for found in _PROPOSAL_READ.finditer(code):
+            house.refuse(
+                name, line_of(code, found.start()), f"{found.group()}: ask velmora/estimate/shown_proposal.h instead"
+            )
+
+
 def check_locale(house):
     for name in house.sources(SOURCES):
         code = code_alone(house.read(name))
@@ -322,7 +338,16 @@ def check_example(house):
             house.refuse(README, 1, f"does not show {EXAMPLE} as it stands")
 
 
-CHECKS = (check_example, check_includes, check_indexes, check_locale, check_rounding, check_files, check_register)
+CHECKS = (
+    check_example,
+    check_includes,
+    check_indexes,
+    check_questions,
+    check_locale,
+    check_rounding,
+    check_files,
+    check_register,
+)
 
 
 def findings(root):

@@ -63,6 +63,15 @@ class Conventions(unittest.TestCase):
                 self.assertSound({"src/velmora/reference/a.cpp": f"auto a = {call};\n"})
         self.assertSound({"src/velmora/estimate/a.cpp": "auto a = f_.Text1(measure::rim); // Text1(9)\n"})
 
+    def test_the_proposal_on_the_form_is_asked_not_read(self):
+        for field in ("proposal", "workOrder", "accepted"):
+            with self.subTest(field):
+                read = f"auto a = f_.txtPesu(money::{field}).text();\n"
+                self.assertRefused({"src/velmora/estimate/a.cpp": read}, "ask velmora/estimate/shown_proposal.h")
+                self.assertRefused({"src/velmora/proposal/a.cpp": read}, "ask velmora/estimate/shown_proposal.h")
+                self.assertSound({"src/velmora/proposal/a.cpp": f"f_.txtPesu(money::{field}).setText(id);\n"})
+        self.assertSound({"src/velmora/proposal/a.cpp": "auto a = f_.txtPesu(money::created).text();\n"})
+
     def test_an_include_in_a_comment_does_not_count(self):
         self.assertSound({"src/velmora/data/a.h": '// #include "velmora/shell/vmora.h"\n/*\n#include <sqlite3.h>\n*/\n'})
 

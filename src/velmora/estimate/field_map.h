@@ -6,6 +6,7 @@
 
 #include "velmora/data/product_numbers.h"
 #include "velmora/estimate/drawings.h"
+#include "velmora/estimate/shown_proposal.h"
 #include "velmora/estimate/typed_fields.h"
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/control_array.h"
@@ -99,6 +100,9 @@ struct FieldMap {
 
     /// What the user has typed since an empty proposal or a stored one was put on the form.
     TypedFields typed;
+
+    /// Which proposal is on show and how far it has come.
+    const ShownProposal proposal{txtPesu};
 
     /// The product type on show: the list's index, stored as DPI_Tipo.
     int type() const { return cboTipoPre.listIndex(); }

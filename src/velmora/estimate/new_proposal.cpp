@@ -78,7 +78,7 @@ void NewProposal::begin() {
 }
 
 void NewProposal::typeChosen() {
-    if (!f_.bCargandoPropuesta && f_.txtPesu(money::proposal).text().empty()) {
+    if (!f_.bCargandoPropuesta && f_.proposal.isNew()) {
         withdrawPrices();
         showPrices();
     }

@@ -49,7 +49,7 @@ void Presentation::cboTipoPre_Click() {
         presentType(type);
     }
     writeWidths(type);
-    f_.cmdEng.setEnabled(data::isGear(type) && f_.txtPesu(money::proposal).text().empty());
+    f_.cmdEng.setEnabled(data::isGear(type) && f_.proposal.isNew());
     f_.invalidateSketches();
 }
 

@@ -1,8 +1,6 @@
 #include "velmora/proposal/buttons.h"
 
 #include "velmora/platform/runtime/errors.h"
-#include "velmora/platform/runtime/numbers.h"
-#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
@@ -26,7 +24,7 @@ void Buttons::disableWriting() {
 
 void Buttons::cmdCambios_Click() {
     // A proposal without a number goes on: only the work order stops this.
-    if (!f_.txtPesu(money::workOrder).text().empty()) {
+    if (f_.proposal.hasOrder()) {
         return;
     }
     f_.forEachTextBox([](TextBox& box) { box.setEnabled(true); });
@@ -36,10 +34,10 @@ void Buttons::cmdCambios_Click() {
     }
     // Chosen C-009: hub and disc are shown again by the presentation of the type.
     presentation_.cboTipoPre_Click();
-    if (runtime::IsNumeric(f_.txtPesu(money::proposal).text())) {
-        loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(money::proposal).text()), true);
+    if (!f_.proposal.isNew()) {
+        loading_.msCargarPresupuesto(f_.proposal.key(), true);
     }
-    if (!f_.txtPesu(money::accepted).text().empty()) {
+    if (f_.proposal.isAccepted()) {
         for (screen::Control* control :
              std::initializer_list<screen::Control*>{&controls_.cmdCambios, &f_.cboTipoPre, &f_.cboDobles}) {
             control->setEnabled(false);

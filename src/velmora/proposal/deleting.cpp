@@ -1,18 +1,16 @@
 #include "velmora/proposal/deleting.h"
 
-#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/screen/busy.h"
-#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
 void Deleting::msEliminar() {
     heldBack_ = false;
-    const std::string number = f_.txtPesu(money::proposal).text();
-    if (!runtime::IsNumeric(number)) {
+    const std::string number = f_.proposal.number();
+    if (f_.proposal.isNew()) {
         return;
     }
-    if (!f_.txtPesu(money::accepted).text().empty()) {
+    if (f_.proposal.isAccepted()) {
         tellAccepted();
         return;
     }

@@ -54,7 +54,7 @@ std::string literal(const sql::Value& value) {
 class Duplicating::Original {
   public:
     explicit Original(estimate::FieldMap& f)
-        : f_(f), number_(f.txtPesu(money::proposal).text()), date_(f.txtPesu(money::created).text()) {}
+        : f_(f), number_(f.proposal.number()), date_(f.txtPesu(money::created).text()) {}
 
     void putBack() const {
         f_.txtPesu(money::proposal).setText(number_);
@@ -68,7 +68,7 @@ class Duplicating::Original {
 };
 
 void Duplicating::cmdDuplicar_Click() {
-    if (f_.txtPesu(money::proposal).text().empty() || f_.txtPesu(money::created).text().empty()) {
+    if (f_.proposal.isNew() || f_.txtPesu(money::created).text().empty()) {
         return;
     }
     if (screen_.show({.text = "Seguro que desea duplicar esta propuesta",
@@ -87,12 +87,12 @@ void Duplicating::msDuplicar() {
         f_.txtPesu(money::customerCode).setFocus();
         return;
     }
-    if (estimate::numberOrZero(f_.txtPesu(money::pieces)) < 1) {
+    if (f_.proposal.units() < 1) {
         screen_.show({.text = "Error Falta indicar el numero de unidades", .icon = screen::Icon::critical});
         f_.txtPesu(money::pieces).setFocus();
         return;
     }
-    FnDuplicarPropuesta(runtime::CLng(f_.txtPesu(money::proposal).text()));
+    FnDuplicarPropuesta(f_.proposal.key());
 }
 
 void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
@@ -142,7 +142,7 @@ void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
 
 // A copy that does not load leaves the original on the form.
 void Duplicating::loadCopy(const Original& original) {
-    if (!loading_.msCargarPresupuesto(runtime::CLng(f_.txtPesu(money::proposal).text()), true)) {
+    if (!loading_.msCargarPresupuesto(f_.proposal.key(), true)) {
         original.putBack();
     }
 }
@@ -186,7 +186,7 @@ void Duplicating::copyLine(const sql::Recordset& line) {
     const std::string statement =
         "insert into modpi (MoDpi_Dpi,MoDpi_Ope,MoDpi_Maq,MoDpi_Minutos,MoDpi_Pvp,MoDpi_Tiempo,MoDpi_Importe) "
         "values (" +
-        f_.txtPesu(money::proposal).text() + "," + literal(line["MoDpi_Ope"]) + "," + literal(line["modpi_maq"]) + "," +
+        f_.proposal.number() + "," + literal(line["MoDpi_Ope"]) + "," + literal(line["modpi_maq"]) + "," +
         literal(line["MoDpi_Minutos"]) + "," + priceTimeAndAmount(line) + ")";
     session_.Connection().execute(statement);
 }

@@ -76,8 +76,8 @@ void History::msHistorico(bool bSoloTipo) {
 
 std::string History::statement(bool bSoloTipo) const {
     std::string where = bSoloTipo ? sameTypeAndFilled() : sameToothing();
-    if (!f_.txtPesu(money::proposal).text().empty()) {
-        where += " and DPI_Id <> " + runtime::CStr(std::int64_t{runtime::CLng(f_.txtPesu(money::proposal).text())});
+    if (!f_.proposal.isNew()) {
+        where += " and DPI_Id <> " + runtime::CStr(std::int64_t{f_.proposal.key()});
     }
     const int filter = f_.cboFiltroHistorico.listIndex();
     where += filters[filter == 0 || filter == 1 ? static_cast<std::size_t>(filter) : filters.size() - 1];

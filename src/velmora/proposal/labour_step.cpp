@@ -1,13 +1,12 @@
 #include "velmora/proposal/labour_step.h"
 
 #include "velmora/labour/frm_mano_obra.h"
-#include "velmora/platform/runtime/numbers.h"
 #include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
 void LabourStep::cmdManoObra_Click() {
-    const bool wasPending = f_.txtPesu(money::accepted).text().empty();
+    const bool wasPending = !f_.proposal.isAccepted();
     const bool saved = keepLines();
     // Differs D-102: a proposal that was accepted or deleted while its lines were kept takes no sum any more: it is
     // told, and the form stays as it was typed.
@@ -17,10 +16,10 @@ void LabourStep::cmdManoObra_Click() {
     // Kept K-106: this loads the saved proposal again, and what was typed since the last save is lost by it.
     rooms_.buttons.cmdCambios_Click();
     // Chosen C-102: after a refused save nothing comes back, and the refusal is said once.
-    if (!saved || !runtime::IsNumeric(f_.txtPesu(money::proposal).text())) {
+    if (!saved || f_.proposal.isNew()) {
         return;
     }
-    const bool acceptedOnTheWay = wasPending && !f_.txtPesu(money::accepted).text().empty();
+    const bool acceptedOnTheWay = wasPending && f_.proposal.isAccepted();
     if (!acceptedOnTheWay || rooms_.saving.mayBeWritten()) {
         takeOverSum();
     }
@@ -29,26 +28,25 @@ void LabourStep::cmdManoObra_Click() {
 bool LabourStep::keepLines() {
     labour::frmManoObra form(session_, desk_);
     form.bModificable = true;
-    if (!f_.txtPesu(money::accepted).text().empty()) {
+    if (f_.proposal.isAccepted()) {
         for (screen::Button* button :
              {&form.fields().cmdNuevaLinea, &form.fields().cmdEditarLinea, &form.fields().cmdEliminarLinea}) {
             button->setEnabled(false);
         }
         form.bModificable = false;
     }
-    if (!runtime::IsNumeric(f_.txtPesu(money::proposal).text()) && !rooms_.saving.msGrabar(true)) {
+    if (f_.proposal.isNew() && !rooms_.saving.msGrabar(true)) {
         return false;
     }
-    form.nIdDpi = runtime::CLng(f_.txtPesu(money::proposal).text());
+    form.nIdDpi = f_.proposal.key();
     form.msCargarLineas();
     desk_.screen.showModal(form);
     return true;
 }
 
 void LabourStep::takeOverSum() {
-    const sql::Recordset sum =
-        session_.Connection().execute("Select isnull(sum(modpi_importe),0) as Importe from modpi where modpi_dpi = " +
-                                      f_.txtPesu(money::proposal).text());
+    const sql::Recordset sum = session_.Connection().execute(
+        "Select isnull(sum(modpi_importe),0) as Importe from modpi where modpi_dpi = " + f_.proposal.number());
     f_.txtPesu(money::labour).setText(sum.eof() ? "0" : sum["Importe"].toText());
     // Kept K-107: the saw charge is summed last but one and spread over the units, so the price saved with the labour
     // differs from the one that any other entry gives; quotations were given on it.

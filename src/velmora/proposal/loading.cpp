@@ -353,7 +353,7 @@ void Loading::showWhatFollows() {
 }
 
 void Loading::setButtons() {
-    if (!f_.txtPesu(money::accepted).text().empty()) {
+    if (f_.proposal.isAccepted()) {
         controls_.cmdCambios.setEnabled(false);
     } else {
         // Kept K-060: the button goes off for a pending proposal although key F1 works on; the way back to editing

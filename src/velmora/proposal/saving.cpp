@@ -50,7 +50,7 @@ struct NumberField {
 bool Saving::msGrabar(bool bSilencio) {
     ++calls_;
     heldBack_ = false;
-    if (!f_.txtPesu(money::customerCode).enabled() || !f_.txtPesu(money::accepted).text().empty()) {
+    if (!f_.txtPesu(money::customerCode).enabled() || f_.proposal.isAccepted()) {
         return false;
     }
     if (!isComplete()) {
@@ -65,7 +65,7 @@ bool Saving::msGrabar(bool bSilencio) {
     session_.Tabla("DPI");
     session_.Modo(0);
     const Guarded guarded(f_);
-    const bool isNew = !runtime::IsNumeric(f_.txtPesu(money::proposal).text());
+    const bool isNew = f_.proposal.isNew();
     const session::Written written = write(isNew, error);
     const bool stored = written == session::Written::yes;
     if (stored && !bSilencio) {
@@ -86,14 +86,14 @@ bool Saving::msGrabar(bool bSilencio) {
 /// Reads the proposal back. Where that fails, what was typed stays on the form, and it is held against the row as it
 /// was stored just now.
 void Saving::reload() {
-    const std::string number = f_.txtPesu(money::proposal).text();
+    const std::string number = f_.proposal.number();
     const auto rememberRow = [&] {
         runtime::ErrorTrap trap;
         trap([&] { rooms_.stored.remember(rooms_.stored.read(number)); });
     };
     rooms_.stored.remember({});
     try {
-        if (!rooms_.loading.msCargarPresupuesto(runtime::CLng(number), true)) {
+        if (!rooms_.loading.msCargarPresupuesto(f_.proposal.key(), true)) {
             rememberRow();
         }
     } catch (...) {
@@ -110,7 +110,7 @@ bool Saving::isComplete() {
         code.setFocus();
         return false;
     }
-    if (estimate::numberOrZero(f_.txtPesu(money::pieces)) < 1) {
+    if (f_.proposal.units() < 1) {
         screen_.show({.text = "Error Falta indicar el numero de unidades", .icon = screen::Icon::critical});
         f_.txtPesu(money::pieces).setFocus();
         return false;
@@ -119,7 +119,7 @@ bool Saving::isComplete() {
 }
 
 bool Saving::mayBeWritten() {
-    const labour::ProposalStanding& standing = rooms_.stored.readStanding(f_.txtPesu(money::proposal).text());
+    const labour::ProposalStanding& standing = rooms_.stored.readStanding(f_.proposal.number());
     if (standing.state == labour::ProposalStanding::pending) {
         return true;
     }
@@ -139,7 +139,7 @@ session::Written Saving::write(bool isNew, std::string& error) {
         written = session::writeChecked(session_.Connection(), screen_,
                                         {.look = [&] { return look(isNew); },
                                          .write = [&] { return writeRow(isNew, error); },
-                                         .question = "El presupuesto nº " + f_.txtPesu(money::proposal).text() +
+                                         .question = "El presupuesto nº " + f_.proposal.number() +
                                                      " ha sido modificado por otro usuario desde que se cargó." +
                                                      lineBreak + "¿Desea grabar encima de sus cambios?"});
     } catch (const runtime::RuntimeError& e) {
@@ -171,7 +171,7 @@ session::RowState Saving::look(bool isNew) {
     for (const session::Field& field : campos.fields()) {
         columns.push_back(field.nombre);
     }
-    return rooms_.stored.look(f_.txtPesu(money::proposal).text(), columns);
+    return rooms_.stored.look(f_.proposal.number(), columns);
 }
 
 bool Saving::writeRow(bool isNew, std::string& error) {
@@ -183,7 +183,7 @@ bool Saving::writeRow(bool isNew, std::string& error) {
             newRow_ = readBackNewRow();
         }
     } else {
-        session_.Donde(" Where DPI_Id = " + f_.txtPesu(money::proposal).text());
+        session_.Donde(" Where DPI_Id = " + f_.proposal.number());
         session_.Actualizar(error, correcto);
     }
     return correcto;
@@ -301,7 +301,7 @@ void Saving::addFieldsByType() {
         addMultipleProduct(f_.Text1(measure::gap));
     } else if (data::isVariable(type)) {
         // Differs D-004: an update leaves the second hub that the form does not show as it is stored.
-        const bool writesSecondHub = f_.secondHubIsKnown() || !runtime::IsNumeric(f_.txtPesu(money::proposal).text());
+        const bool writesSecondHub = f_.secondHubIsKnown() || f_.proposal.isNew();
         campos.Add("DPI_PDM_Tipo", Tipo::expression, null);
         if (writesSecondHub) {
             campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(measure::secondHubDiameter));

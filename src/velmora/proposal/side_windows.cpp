@@ -1,7 +1,5 @@
 #include "velmora/proposal/side_windows.h"
 
-#include "velmora/platform/runtime/numbers.h"
-#include "velmora/proposal/field_names.h"
 #include "velmora/services/frm_doc.h"
 #include "velmora/services/frm_hcomp.h"
 
@@ -44,11 +42,11 @@ void SideWindows::cmdHPrecios_Click(int Index) {
 }
 
 void SideWindows::cmdDoc_Click() {
-    if (!runtime::IsNumeric(f_.txtPesu(money::proposal).text())) {
+    if (f_.proposal.isNew()) {
         return;
     }
     services::frmDoc form(session_, desk_);
-    form.nIdExp = runtime::CLng(f_.txtPesu(money::proposal).text());
+    form.nIdExp = f_.proposal.key();
     form.nIdAct = services::actOfProposals;
     form.msCargarDocumentos();
     desk_.screen.showModal(form);
