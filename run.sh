@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 scripts/install_packages.sh
-scripts/build.sh release velmora velmora-drive
+scripts/build.sh release velmora velmora-drive velmora-scan
 programs=build/release/bin
 
 if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then

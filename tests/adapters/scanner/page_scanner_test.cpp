@@ -1,10 +1,13 @@
 #include "velmora/adapters/scanner/page_scanner.h"
 
+#include <csignal>
+
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
-#include "velmora/adapters/scanner/sane_source.h"
+#include "velmora/adapters/scanner/scan_process.h"
 
-#include "adapters/scanner/test_device.h"
+#include "adapters/sane/test_device.h"
 #include "support/fake_screen.h"
 
 namespace velmora::scanner {
@@ -54,7 +57,7 @@ class PageScannerTest : public ::testing::Test {
     std::string path = folder.path() / "DOC202601151000.pdf";
     CancellingScreen screen;
     std::shared_ptr<qt::Graphics> graphics = std::make_shared<qt::Graphics>();
-    PageScanner component{screen, std::make_shared<SaneSource>(), graphics};
+    PageScanner component{screen, std::make_shared<ScanProcess>(VELMORA_SCAN_PROGRAM), graphics};
 };
 
 TEST_F(PageScannerTest, AScannedPageIsAPdfOfItsTrueSize) {
@@ -151,6 +154,53 @@ TEST_F(PageScannerTest, ADeviceThatSaysNothingDoesNotFreezeTheProgram) {
     impatient.jConfig();
     EXPECT_FALSE(impatient.resultado());
     EXPECT_EQ(screen.messageTexts(), std::vector<std::string>{"El escáner no responde."});
+}
+
+TEST_F(PageScannerTest, AProgramThatIsMissingOrCrashesIsToldAndLeavesNoFile) {
+    const std::string crash = (folder.path() / "crash").string();
+    std::ofstream(crash) << "#!/bin/sh\nprintf 'velmora-scan\\t1\\n'\nkill -SEGV $$\n";
+    std::filesystem::permissions(crash, std::filesystem::perms::owner_all);
+    for (const std::string& program : {crash, std::string("/missing/velmora-scan")}) {
+        PageScanner broken(screen, std::make_shared<ScanProcess>(program), graphics);
+        broken.setFichero(path);
+        broken.jConfig();
+        EXPECT_FALSE(broken.resultado());
+    }
+    ASSERT_EQ(screen.messages.size(), 2u);
+    EXPECT_EQ(screen.messages[0].text, "El programa que habla con el escáner ha terminado de forma inesperada.");
+    EXPECT_THAT(screen.messages[1].text, HasSubstr("/missing/velmora-scan"));
+    EXPECT_EQ(folder.files(), std::vector<std::string>{"crash"});
+}
+
+/// While it lives, the process cannot write a file beyond this size, as on a disk that is full.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) : handler_(::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &saved_);
+        const rlimit low{.rlim_cur = bytes, .rlim_max = saved_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &low);
+    }
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &saved_);
+        ::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    rlimit saved_{};
+    void (*handler_)(int);
+};
+
+TEST_F(PageScannerTest, AFullDiskIsToldAndLeavesNoFile) {
+    {
+        const FullDisk full(1000);
+        component.jConfig();
+    }
+    EXPECT_FALSE(component.resultado());
+    ASSERT_EQ(screen.messages.size(), 1u);
+    EXPECT_THAT(screen.messages[0].text, HasSubstr("No se puede escribir el fichero"));
+    EXPECT_TRUE(folder.files().empty());
 }
 
 TEST_F(PageScannerTest, AFileThatCannotBeWrittenIsTold) {

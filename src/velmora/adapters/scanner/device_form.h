@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "velmora/adapters/scanner/page_source.h"
+#include "velmora/adapters/scan_protocol/page_source.h"
 #include "velmora/platform/screen/form.h"
 
 namespace velmora::scanner {

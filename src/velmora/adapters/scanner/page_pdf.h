@@ -1,7 +1,7 @@
 #pragma once
 // A scanned page as a PDF of its true size.
 
-#include "velmora/adapters/scanner/page_source.h"
+#include "velmora/adapters/scan_protocol/page_source.h"
 
 class QIODevice;
 

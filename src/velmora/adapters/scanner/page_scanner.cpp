@@ -35,9 +35,9 @@ std::optional<std::string> PageScanner::chooseDevice() {
         return own;
     }
     const auto progress = screen_.progress("Escanear");
-    const auto devices =
-        askFor<std::vector<Device>>([source = source_](Watch& watch) { return std::optional(source->devices(watch)); },
-                                    *progress, "Buscando escáneres…", patience_);
+    const auto devices = computeInBackground<std::vector<Device>>(
+        [source = source_](Watch& watch) { return std::optional(source->devices(watch)); }, *progress,
+        "Buscando escáneres…", patience_);
     if (progress->cancelled()) {
         return std::nullopt;
     }
@@ -55,8 +55,8 @@ std::optional<std::string> PageScanner::chooseDevice() {
 
 std::optional<Image> PageScanner::scan(const std::string& device) {
     const auto progress = screen_.progress("Escanear");
-    return askFor<Image>([source = source_, device](Watch& watch) { return source->scan(device, watch); }, *progress,
-                         "Escaneando la página…", patience_);
+    return computeInBackground<Image>([source = source_, device](Watch& watch) { return source->scan(device, watch); },
+                                      *progress, "Escaneando la página…", patience_);
 }
 
 void PageScanner::write(const Image& page) {

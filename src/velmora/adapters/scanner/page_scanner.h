@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "velmora/adapters/qt/graphics.h"
-#include "velmora/adapters/scanner/errand.h"
-#include "velmora/adapters/scanner/page_source.h"
+#include "velmora/adapters/scan_protocol/page_source.h"
+#include "velmora/adapters/scanner/background_work.h"
 #include "velmora/platform/components/components.h"
 #include "velmora/platform/screen/screen.h"
 

@@ -1,13 +1,15 @@
 #include "velmora/apps/stand_ins/stand_ins.h"
 
 #include <memory>
+#include <string>
 
 #include "velmora/adapters/documents/grid_spreadsheet.h"
 #include "velmora/adapters/documents/proposal_printing.h"
 #include "velmora/adapters/host/delivery_notes.h"
 #include "velmora/adapters/host/work_orders.h"
 #include "velmora/adapters/scanner/page_scanner.h"
-#include "velmora/adapters/scanner/sane_source.h"
+#include "velmora/adapters/scanner/scan_process.h"
+#include "velmora/adapters/scanner/scan_program.h"
 
 namespace velmora::stand_ins {
 
@@ -22,7 +24,9 @@ void registerStandIns(components::ComponentFactory& factory, screen::Screen& scr
     factory.add("LIMBAR.jLimbar",
                 [&] { return std::make_unique<documents::GridSpreadsheet>(screen, services, clock); });
     factory.add("MIRTOL.jMirtol", [&screen, graphics] {
-        return std::make_unique<scanner::PageScanner>(screen, std::make_shared<scanner::SaneSource>(), graphics);
+        const std::string program = scanner::scanProgram(scanner::ownFolder());
+        return std::make_unique<scanner::PageScanner>(screen, std::make_shared<scanner::ScanProcess>(program),
+                                                      graphics);
     });
 }
 

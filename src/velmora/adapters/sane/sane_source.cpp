@@ -1,4 +1,4 @@
-#include "velmora/adapters/scanner/sane_source.h"
+#include "velmora/adapters/sane/sane_source.h"
 
 #include <algorithm>
 #include <array>
@@ -53,28 +53,16 @@ void check(SANE_Status status) {
     fail(known != statusTexts.end() ? known->text : "Error del escáner.");
 }
 
-/// The library serves one thread at a time. A call that hangs keeps it, and whoever comes next is told so.
+/// The library, initialised while it lives. It serves one thread at a time.
 class Library {
   public:
     Library() {
-        if (busy.exchange(true)) {
-            fail("El escáner sigue ocupado con la operación anterior.");
-        }
         SANE_Int version = 0;
-        if (const SANE_Status status = sane_init(&version, nullptr); status != SANE_STATUS_GOOD) {
-            busy = false;
-            check(status);
-        }
+        check(sane_init(&version, nullptr));
     }
-    ~Library() {
-        sane_exit();
-        busy = false;
-    }
+    ~Library() { sane_exit(); }
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
-
-  private:
-    static inline std::atomic<bool> busy = false;
 };
 
 /// An open device and its options.

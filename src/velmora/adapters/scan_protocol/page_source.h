@@ -25,7 +25,7 @@ struct Image {
     std::vector<std::uint8_t> samples;
 };
 
-/// What a work and who waits for it tell each other; they are on different threads.
+/// Progress and cancellation of a piece of work, shared by the thread that does it and the one that waits for it.
 class Watch {
   public:
     /// The work has come on; `fraction` from 0 to 1, none when its end is not known.

@@ -1,4 +1,4 @@
-#include "velmora/adapters/scanner/errand.h"
+#include "velmora/adapters/scanner/background_work.h"
 
 #include <condition_variable>
 #include <exception>
@@ -14,9 +14,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr long deviceUnavailable = 68;
-constexpr std::chrono::milliseconds turn{40};
+constexpr std::chrono::milliseconds pollInterval{40};
 
-/// What both threads hold on to, whichever lives longer.
+/// Shared by both threads and freed by the one that ends last.
 struct Shared {
     Watch watch;
     std::mutex mutex;
@@ -32,7 +32,7 @@ struct Shared {
     }
     bool waitForEnd() {
         std::unique_lock lock(mutex);
-        return changed.wait_for(lock, turn, [this] { return ended; });
+        return changed.wait_for(lock, pollInterval, [this] { return ended; });
     }
 };
 
@@ -42,8 +42,8 @@ struct Shared {
 
 }  // namespace
 
-void runErrand(std::function<void(Watch&)> work, screen::Progress& progress, const std::string& text,
-               const Patience& patience) {
+void runInBackground(std::function<void(Watch&)> work, screen::Progress& progress, const std::string& text,
+                     const Patience& patience) {
     const auto shared = std::make_shared<Shared>();
     std::thread thread([shared, work = std::move(work)] {
         try {

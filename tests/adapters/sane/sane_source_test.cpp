@@ -1,4 +1,4 @@
-#include "velmora/adapters/scanner/sane_source.h"
+#include "velmora/adapters/sane/sane_source.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@
 
 #include "velmora/platform/runtime/errors.h"
 
-#include "adapters/scanner/test_device.h"
+#include "adapters/sane/test_device.h"
 
 namespace velmora::scanner {
 namespace {

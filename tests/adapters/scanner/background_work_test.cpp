@@ -1,4 +1,4 @@
-#include "velmora/adapters/scanner/errand.h"
+#include "velmora/adapters/scanner/background_work.h"
 
 #include <atomic>
 #include <thread>
@@ -31,10 +31,10 @@ class Watching final : public screen::Progress {
 
 constexpr Patience hasty{.silence = 200ms, .grace = 200ms};
 
-TEST(Errand, RunsElsewhereAndShowsHowFarItIs) {
+TEST(BackgroundWork, RunsElsewhereAndShowsHowFarItIs) {
     Watching progress;
     std::thread::id worker;
-    runErrand(
+    runInBackground(
         [&](Watch& watch) {
             worker = std::this_thread::get_id();
             for (int i = 1; i <= 10; ++i) {
@@ -49,19 +49,19 @@ TEST(Errand, RunsElsewhereAndShowsHowFarItIs) {
     EXPECT_EQ(progress.lastFraction, 1.0);
 }
 
-TEST(Errand, AnErrorOfTheWorkComesBack) {
+TEST(BackgroundWork, AnErrorOfTheWorkComesBack) {
     Watching progress;
     try {
-        runErrand([](Watch&) { throw runtime::RuntimeError(57, "atascado"); }, progress, "", hasty);
+        runInBackground([](Watch&) { throw runtime::RuntimeError(57, "atascado"); }, progress, "", hasty);
         FAIL() << "no error";
     } catch (const runtime::RuntimeError& e) {
         EXPECT_EQ(e.description(), "atascado");
     }
 }
 
-TEST(Errand, TheUsersCancellingReachesTheWork) {
+TEST(BackgroundWork, TheUsersCancellingReachesTheWork) {
     Watching progress(2);
-    const auto answer = askFor<int>(
+    const auto answer = computeInBackground<int>(
         [](Watch& watch) {
             while (!watch.cancelled()) {
                 watch.advance(std::nullopt);
@@ -74,12 +74,12 @@ TEST(Errand, TheUsersCancellingReachesTheWork) {
     EXPECT_EQ(progress.lastFraction, std::nullopt);
 }
 
-TEST(Errand, AWorkThatGivesNoSignOfLifeIsGivenUp) {
+TEST(BackgroundWork, AWorkThatGivesNoSignOfLifeIsGivenUp) {
     Watching progress;
     const auto release = std::make_shared<std::atomic<bool>>(false);
     const auto before = std::chrono::steady_clock::now();
     try {
-        runErrand(
+        runInBackground(
             [release](Watch&) {
                 while (!*release) {
                     std::this_thread::sleep_for(5ms);
@@ -96,10 +96,10 @@ TEST(Errand, AWorkThatGivesNoSignOfLifeIsGivenUp) {
     std::this_thread::sleep_for(50ms);
 }
 
-TEST(Errand, AWorkThatDoesNotEndWhenCancelledIsLeftToItself) {
+TEST(BackgroundWork, AWorkThatDoesNotEndWhenCancelledIsLeftToItself) {
     Watching progress(1);
     const auto release = std::make_shared<std::atomic<bool>>(false);
-    const auto answer = askFor<int>(
+    const auto answer = computeInBackground<int>(
         [release](Watch&) {
             while (!*release) {
                 std::this_thread::sleep_for(5ms);
