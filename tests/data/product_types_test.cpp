@@ -1,8 +1,8 @@
-#include "velmora/data/product_types.h"
-
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "velmora/data/product_numbers.h"
 
 namespace velmora::data {
 namespace {
@@ -65,15 +65,49 @@ TEST(ProductTypes, GroupsHoldTheTypesThatAreTreatedAlike) {
     EXPECT_EQ(typesOf(hasTeeth), (Types{0, 1, 2, 4, 5, 6, 7, 8, 9, 10, 12, 13, 14}));
 }
 
-TEST(ProductTypes, EachTypeHasItsMeasuresFrame) {
+TEST(ProductTypes, ARowSaysWhatTheTypeIs) {
     for (const ProductType& type : productTypes) {
-        const MeasuresFrame expected = isDouble(type.number)     ? MeasuresFrame::fraPDM
-                                       : isTriple(type.number)   ? MeasuresFrame::fraTriple
-                                       : isVariable(type.number) ? MeasuresFrame::fraDobleVar
-                                       : isRack(type.number)     ? MeasuresFrame::fraCremallera
-                                                                 : MeasuresFrame::frame2;
-        EXPECT_EQ(type.frame, expected) << type.name;
+        EXPECT_FALSE(type.name.empty()) << type.number;
+        EXPECT_FALSE(type.measuresCaption.empty()) << type.name;
+        EXPECT_FALSE(type.rimCaption.empty()) << type.name;
+        EXPECT_EQ(type.hubs == Hubs::noWheel, type.shape == ProductShape::rack) << type.name;
+        EXPECT_EQ(type.hubs == Hubs::twoUnlike, type.shape == ProductShape::variable) << type.name;
+        EXPECT_EQ(type.toothing == Toothing::rack, type.shape == ProductShape::rack) << type.name;
+        EXPECT_EQ(type.storedMeasuresCaption.empty(), type.toothing != Toothing::gear) << type.name;
     }
+}
+
+TEST(ProductTypes, ATypeWithAChainKeepsItAndNamesItInTheOrder) {
+    for (const ProductType& type : productTypes) {
+        const bool keepsChain = type.chainColumns == ChainColumns::chainWithSketchGap ||
+                                type.chainColumns == ChainColumns::chainWithTypedGap;
+        EXPECT_EQ(keepsChain, type.chainList) << type.name;
+        if (type.description != OrderDescription::none) {
+            EXPECT_EQ(type.description == OrderDescription::chain, type.chainList) << type.name;
+        }
+        EXPECT_EQ(type.wordsAfterChain.empty(), type.description != OrderDescription::chain) << type.name;
+        EXPECT_EQ(type.firstWords.empty(), type.description == OrderDescription::none) << type.name;
+        EXPECT_TRUE(type.chainList || !(type.gapTyped || type.widthsFromChain)) << type.name;
+    }
+}
+
+TEST(ProductTypes, OnlyAPieceWithHubsHasThemStoredPricedAndCut) {
+    for (const ProductType& type : productTypes) {
+        const bool hub = type.hubs >= Hubs::one;
+        EXPECT_EQ(type.chainColumns == ChainColumns::secondHub, type.hubs == Hubs::twoUnlike) << type.name;
+        EXPECT_TRUE(!type.secondHubLoaded || type.chainColumns == ChainColumns::secondHub) << type.name;
+        EXPECT_TRUE(!type.hubVoid || !hub) << type.name;
+        EXPECT_TRUE(type.materials != OrderMaterials::discAndHub || hub) << type.name;
+        EXPECT_EQ(type.materials == OrderMaterials::bar, type.shape == ProductShape::rack) << type.name;
+    }
+}
+
+TEST(ProductTypes, GroupsOfSingleRules) {
+    EXPECT_EQ(typesOf(hubIsVoid), (Types{1, 14}));
+    EXPECT_EQ(typesOf(hasTwinHubs), (Types{2, 3}));
+    EXPECT_EQ(typesOf(isSmoothPulley), (Types{3, 11}));
+    EXPECT_EQ(typesOf(isDoubleDisc), (Types{6, 7}));
+    EXPECT_EQ(typesOf(isCutFromPlate), (Types{1, 10, 11}));
 }
 
 }  // namespace

@@ -98,10 +98,9 @@ INSTANTIATE_TEST_SUITE_P(EveryType, ProductDrawing, ::testing::Range(-1, 15));
 
 TEST(ProductDrawings, HubsFollowTheType) {
     for (const data::ProductType& type : data::productTypes) {
-        const Hubs expected = type.family == data::ProductFamily::twoHubs                           ? Hubs::two
-                              : type.number == 1 || type.number == 9 /* the two discs of one rim */ ? Hubs::none
-                                                                                                    : Hubs::one;
-        EXPECT_EQ(hubsOf(type.number), expected) << type.number;
+        const bool disc = type.number == data::disc || type.number == data::gearDisc;
+        const Hubs hubs = disc ? Hubs::none : Hubs::one;
+        EXPECT_EQ(hubsOf(type.number), type.hubs == data::Hubs::twoAlike ? Hubs::two : hubs) << type.number;
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
-// The product types. The position in the list is what a proposal stores: neither order nor spelling may change.
+// The product types, one row for each: what the piece is, and what screen, paper, stored row and order do with it. The
+// position in the list is what a proposal stores: neither order nor spelling of the names may change.
 
 #include <array>
 #include <cstddef>
@@ -7,75 +8,300 @@
 
 namespace velmora::data {
 
-enum class ProductFamily { plain, twoHubs, doubleChain, gear, variable, triple, rack };
-
-/// The frame of the main form that holds a type's own measures. The rack has `fraCre1` and `fraCremallera`.
-enum class MeasuresFrame { frame2, fraPDM, fraDobleVar, fraTriple, fraCremallera };
-
-struct ProductType {
-    int number = 0;
-    std::string_view name;
-    ProductFamily family = ProductFamily::plain;
-    bool hub = true;
-    bool teeth = true;
-    bool chainList = false;
-    MeasuresFrame frame = MeasuresFrame::frame2;
+/// The stored numbers by name, for rules and tests that are about one type alone.
+enum ProductNumber : int {
+    plainSprocket = 0,
+    disc = 1,
+    twoHubSprocket = 2,
+    smoothPulley = 3,
+    doubleSprocket = 4,
+    twoChainSprocket = 5,
+    doubleDisc = 6,
+    twoChainDisc = 7,
+    gear = 8,
+    gearDisc = 9,
+    variableSprocket = 10,
+    variablePulley = 11,
+    tripleSprocket = 12,
+    rack = 13,
+    tripleDisc = 14,
 };
 
+/// How the piece is built. Decides which drawing it has and which frame of the main form shows its measures.
+enum class ProductShape {
+    oneRim,     ///< Frame2
+    twoRims,    ///< fraPDM
+    threeRims,  ///< fraTriple
+    variable,   ///< a rim between two hubs that differ: fraDobleVar
+    rack,       ///< a toothed bar: fraCremallera and fraCre1
+};
+
+enum class Hubs {
+    noWheel,  ///< the rack, and a type outside the list
+    none,     ///< a disc
+    one,
+    twoAlike,
+    twoUnlike,  ///< A and B
+};
+
+/// What stands between root and exterior diameter.
+enum class Toothing {
+    chain,
+    gear,  ///< a module in place of the chain's width and roller
+    smooth,
+    rack,
+};
+
+/// What the total width follows when another width is entered or the type is chosen.
+enum class TotalWidth {
+    ownRules,  ///< typed, or worked out with the chain's, gear's or rack's values
+    rim,
+    rimAndHub,
+    rimAndTwoHubs,
+    rimAndUnlikeHubs,
+};
+
+/// What a save writes to the columns DPI_PDM_Tipo, _b1, _x, _h1 and _Texto.
+enum class ChainColumns {
+    null,
+    chainWithSketchGap,  ///< the chain and its widths, X from the sketch of two rims
+    chainWithTypedGap,   ///< the same, X from the field of measures
+    secondHub,           ///< its diameter in _b1, its width in _h1
+    notWritten,
+};
+
+/// How an order's description goes on after its first words.
+enum class OrderDescription {
+    none,      ///< the order has no description
+    toothing,  ///< teeth, pitch, chain width, roller, bore
+    chain,     ///< the chain's name, `wordsAfterChain`, teeth, bore
+    rack,      ///< the rack's name, pitch, module, sizes
+};
+
+/// The rows of material that an order gets, each when its part weighs anything.
+// Kept K-149: the gear and the variable pulley get none for the hubs that they have. Required as it is; it determines
+// the stored rows.
+enum class OrderMaterials { disc, discAndHub, bar };
+
+struct ProductType {
+    int number = -1;  ///< the position in the list
+    std::string_view name;
+
+    // The piece.
+    ProductShape shape = ProductShape::oneRim;
+    Hubs hubs = Hubs::noWheel;
+    Toothing toothing = Toothing::chain;
+
+    // Screen.
+    std::string_view measuresCaption;             ///< of the shape's frame
+    std::string_view storedMeasuresCaption = {};  ///< of a gear's frame once the proposal has been read back
+    std::string_view rimCaption = "Llanta";       ///< of the width over all rims
+    TotalWidth totalWidth = TotalWidth::ownRules;
+    bool chainList = false;        ///< a chain is chosen, and its values are looked up
+    bool gapTyped = false;         ///< the chain's gap X can be typed over
+    bool widthsFromChain = false;  ///< total width, rim and b1 stay locked when a stored proposal is changed
+
+    // Costs.
+    bool hubVoid = false;       ///< the totals write 0 to the hub's fields
+    bool cutFromPlate = false;  ///< the disc is cut from plate also up to the one-piece limit
+
+    // The stored row and the order.
+    ChainColumns chainColumns = ChainColumns::null;
+    bool secondHubLoaded = false;  ///< a load puts the stored second hub on the form
+    OrderDescription description = OrderDescription::none;
+    std::string_view firstWords = {};       ///< of the description
+    std::string_view wordsAfterChain = {};  ///< of the description, where it names the chain
+    OrderMaterials materials = OrderMaterials::disc;
+};
+
+/// Stands for a type outside the list, -1 (none chosen) among them: drawn as a piece with one hub, no hub priced.
+inline constexpr ProductType unknownProductType{};
+
 inline constexpr std::array<ProductType, 15> productTypes{{
-    {.number = 0, .name = "Piñon Especial"},
-    {.number = 1, .name = "Disco", .hub = false},
-    {.number = 2, .name = "Piñon 2 Cubos", .family = ProductFamily::twoHubs},
-    {.number = 3, .name = "Poleas Lisas", .family = ProductFamily::twoHubs, .teeth = false},
-    {.number = 4,
+    {.number = plainSprocket,
+     .name = "Piñon Especial",
+     .shape = ProductShape::oneRim,
+     .hubs = Hubs::one,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas del piñon",
+     .totalWidth = TotalWidth::rimAndHub,
+     .chainColumns = ChainColumns::null,
+     .description = OrderDescription::toothing,
+     .firstWords = "Piñon Especial Z ",
+     .materials = OrderMaterials::discAndHub},
+    {.number = disc,
+     .name = "Disco",
+     .shape = ProductShape::oneRim,
+     .hubs = Hubs::none,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas del disco",
+     .totalWidth = TotalWidth::rim,
+     .hubVoid = true,
+     .cutFromPlate = true,
+     .chainColumns = ChainColumns::null,
+     .description = OrderDescription::toothing,
+     .firstWords = "Disco Z ",
+     .materials = OrderMaterials::disc},
+    {.number = twoHubSprocket,
+     .name = "Piñon 2 Cubos",
+     .shape = ProductShape::oneRim,
+     .hubs = Hubs::twoAlike,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas del piñon de 2 cubos",
+     .totalWidth = TotalWidth::rimAndTwoHubs,
+     .chainColumns = ChainColumns::null,
+     .description = OrderDescription::toothing,
+     .firstWords = "Piñon de dos cubos Z ",
+     .materials = OrderMaterials::discAndHub},
+    {.number = smoothPulley,
+     .name = "Poleas Lisas",
+     .shape = ProductShape::oneRim,
+     .hubs = Hubs::twoAlike,
+     .toothing = Toothing::smooth,
+     .measuresCaption = "Medidas de la polea lisa",
+     .totalWidth = TotalWidth::rimAndTwoHubs,
+     .chainColumns = ChainColumns::null,
+     .description = OrderDescription::toothing,
+     .firstWords = "Polea Lisa Z ",
+     .materials = OrderMaterials::discAndHub},
+    {.number = doubleSprocket,
      .name = "Piñon Doble",
-     .family = ProductFamily::doubleChain,
+     .shape = ProductShape::twoRims,
+     .hubs = Hubs::one,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas Piñon Doble",
+     .rimCaption = "Llanta (B2)",
      .chainList = true,
-     .frame = MeasuresFrame::fraPDM},
-    {.number = 5,
+     .widthsFromChain = true,
+     .chainColumns = ChainColumns::chainWithSketchGap,
+     .description = OrderDescription::chain,
+     .firstWords = "Piñon ",
+     .wordsAfterChain = " Doble de Z ",
+     .materials = OrderMaterials::discAndHub},
+    {.number = twoChainSprocket,
      .name = "Piñon de Dos Cadenas",
-     .family = ProductFamily::doubleChain,
+     .shape = ProductShape::twoRims,
+     .hubs = Hubs::one,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas Piñon Doble",
+     .rimCaption = "Llanta (B2)",
      .chainList = true,
-     .frame = MeasuresFrame::fraPDM},
-    {.number = 6,
+     .gapTyped = true,
+     .chainColumns = ChainColumns::chainWithSketchGap,
+     .description = OrderDescription::chain,
+     .firstWords = "Piñon ",
+     .wordsAfterChain = " de dos cadenas de Z ",
+     .materials = OrderMaterials::discAndHub},
+    {.number = doubleDisc,
      .name = "Disco Doble",
-     .family = ProductFamily::doubleChain,
-     .hub = false,
+     .shape = ProductShape::twoRims,
+     .hubs = Hubs::none,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas Piñon Doble",
+     .rimCaption = "Llanta (B2)",
      .chainList = true,
-     .frame = MeasuresFrame::fraPDM},
-    {.number = 7,
+     .chainColumns = ChainColumns::chainWithSketchGap,
+     .description = OrderDescription::chain,
+     .firstWords = "Disco ",
+     .wordsAfterChain = " Doble de Z ",
+     .materials = OrderMaterials::disc},
+    {.number = twoChainDisc,
      .name = "Disco de Dos Cadenas",
-     .family = ProductFamily::doubleChain,
-     .hub = false,
+     .shape = ProductShape::twoRims,
+     .hubs = Hubs::none,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas Piñon Doble",
+     .rimCaption = "Llanta (B2)",
      .chainList = true,
-     .frame = MeasuresFrame::fraPDM},
-    {.number = 8, .name = "Engranaje Recto", .family = ProductFamily::gear},
-    {.number = 9, .name = "Disco Engranaje Recto", .family = ProductFamily::gear, .hub = false},
-    {.number = 10,
+     .gapTyped = true,
+     .chainColumns = ChainColumns::chainWithSketchGap,
+     .description = OrderDescription::chain,
+     .firstWords = "Disco ",
+     .wordsAfterChain = " de dos cadenas de Z ",
+     .materials = OrderMaterials::disc},
+    {.number = gear,
+     .name = "Engranaje Recto",
+     .shape = ProductShape::oneRim,
+     .hubs = Hubs::one,
+     .toothing = Toothing::gear,
+     .measuresCaption = "Medidas del piñon",
+     .storedMeasuresCaption = "Medidas del Engranaje",
+     .chainColumns = ChainColumns::notWritten,
+     .description = OrderDescription::toothing,
+     .firstWords = "Engranaje Recto Z ",
+     .materials = OrderMaterials::disc},
+    {.number = gearDisc,
+     .name = "Disco Engranaje Recto",
+     .shape = ProductShape::oneRim,
+     .hubs = Hubs::none,
+     .toothing = Toothing::gear,
+     .measuresCaption = "Medidas del disco",
+     .storedMeasuresCaption = "Medidas del Disco de Engranaje",
+     .chainColumns = ChainColumns::notWritten,
+     .description = OrderDescription::toothing,
+     .firstWords = "Disco Engranaje recto Z ",
+     .materials = OrderMaterials::disc},
+    {.number = variableSprocket,
      .name = "Piñon 2 Cubos Variable",
-     .family = ProductFamily::variable,
-     .frame = MeasuresFrame::fraDobleVar},
-    {.number = 11,
+     .shape = ProductShape::variable,
+     .hubs = Hubs::twoUnlike,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas Piñon 2 Cubos Variables",
+     .totalWidth = TotalWidth::rimAndUnlikeHubs,
+     .cutFromPlate = true,
+     .chainColumns = ChainColumns::secondHub,
+     .secondHubLoaded = true,
+     .description = OrderDescription::toothing,
+     .firstWords = "Piñon de dos cubos Z ",
+     .materials = OrderMaterials::discAndHub},
+    {.number = variablePulley,
      .name = "Poleas Lisas 2 Cubos Variable",
-     .family = ProductFamily::variable,
-     .teeth = false,
-     .frame = MeasuresFrame::fraDobleVar},
-    {.number = 12,
+     .shape = ProductShape::variable,
+     .hubs = Hubs::twoUnlike,
+     .toothing = Toothing::smooth,
+     .measuresCaption = "Medidas Polea Lisa 2 Cubos Variable",
+     .totalWidth = TotalWidth::rimAndUnlikeHubs,
+     .cutFromPlate = true,
+     .chainColumns = ChainColumns::secondHub,
+     .description = OrderDescription::none,
+     .materials = OrderMaterials::disc},
+    {.number = tripleSprocket,
      .name = "Piñon Triple",
-     .family = ProductFamily::triple,
+     .shape = ProductShape::threeRims,
+     .hubs = Hubs::one,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas Piñon Triple",
+     .rimCaption = "Llanta (B3)",
      .chainList = true,
-     .frame = MeasuresFrame::fraTriple},
-    {.number = 13,
+     .widthsFromChain = true,
+     .chainColumns = ChainColumns::chainWithTypedGap,
+     .description = OrderDescription::chain,
+     .firstWords = "Piñon ",
+     .wordsAfterChain = " Triple de Z ",
+     .materials = OrderMaterials::discAndHub},
+    {.number = rack,
      .name = "Cremallera",
-     .family = ProductFamily::rack,
-     .hub = false,
-     .frame = MeasuresFrame::fraCremallera},
-    {.number = 14,
+     .shape = ProductShape::rack,
+     .hubs = Hubs::noWheel,
+     .toothing = Toothing::rack,
+     .measuresCaption = "Medidas Cremallera",
+     .chainColumns = ChainColumns::notWritten,
+     .description = OrderDescription::rack,
+     .firstWords = "Cremallera ",
+     .materials = OrderMaterials::bar},
+    {.number = tripleDisc,
      .name = "Disco Triple",
-     .family = ProductFamily::triple,
-     .hub = false,
+     .shape = ProductShape::threeRims,
+     .hubs = Hubs::none,
+     .toothing = Toothing::chain,
+     .measuresCaption = "Medidas Disco Triple",
+     .rimCaption = "Llanta (B3)",
      .chainList = true,
-     .frame = MeasuresFrame::fraTriple},
+     .widthsFromChain = true,
+     .hubVoid = true,
+     .chainColumns = ChainColumns::chainWithTypedGap,
+     .description = OrderDescription::none,
+     .materials = OrderMaterials::disc},
 }};
 
 /// The row of a stored type; nullptr outside 0 to 14.
@@ -85,62 +311,70 @@ constexpr const ProductType* findProductType(int type) {
                : nullptr;
 }
 
-/// The name of a stored type; empty outside 0 to 14.
-constexpr std::string_view productTypeName(int type) {
+/// The row of a stored type; `unknownProductType` outside 0 to 14.
+constexpr const ProductType& productType(int type) {
     const ProductType* row = findProductType(type);
-    return row ? row->name : std::string_view();
+    return row ? *row : unknownProductType;
 }
 
-constexpr bool isFamily(int type, ProductFamily family) {
-    const ProductType* row = findProductType(type);
-    return row && row->family == family;
+/// The name of a stored type; empty outside 0 to 14.
+constexpr std::string_view productTypeName(int type) {
+    return productType(type).name;
 }
+
+static_assert(
+    [] {
+        for (std::size_t i = 0; i < productTypes.size(); ++i) {
+            if (productTypes[i].number != static_cast<int>(i)) {
+                return false;
+            }
+        }
+        return true;
+    }(),
+    "each row bears the number of its place");
 
 // The groups in which types are treated alike. A type outside the list belongs to none.
 
 /// 4, 5, 6, 7, 12, 14: a chain is chosen, and its values are loaded and saved.
 constexpr bool hasChainList(int type) {
-    const ProductType* row = findProductType(type);
-    return row && row->chainList;
+    return productType(type).chainList;
 }
 /// 4, 5, 6, 7: double and two-chain products.
 constexpr bool isDouble(int type) {
-    return isFamily(type, ProductFamily::doubleChain);
+    return productType(type).shape == ProductShape::twoRims;
 }
 /// 12, 14.
 constexpr bool isTriple(int type) {
-    return isFamily(type, ProductFamily::triple);
+    return productType(type).shape == ProductShape::threeRims;
 }
 /// 8, 9: a module in place of the pitch.
 constexpr bool isGear(int type) {
-    return isFamily(type, ProductFamily::gear);
+    return productType(type).toothing == Toothing::gear;
 }
 /// 10, 11.
 constexpr bool isVariable(int type) {
-    return isFamily(type, ProductFamily::variable);
+    return productType(type).shape == ProductShape::variable;
 }
 /// 13.
 constexpr bool isRack(int type) {
-    return isFamily(type, ProductFamily::rack);
+    return productType(type).shape == ProductShape::rack;
 }
 /// 2, 3, 10, 11: the total width is the rim and two hubs.
 constexpr bool isTwoHubs(int type) {
-    return isFamily(type, ProductFamily::twoHubs) || isVariable(type);
+    return productType(type).hubs >= Hubs::twoAlike;
 }
 /// 1, 6, 7, 9, 14: a disc with no hub, for which no hub is cut.
 constexpr bool isDiscWithoutHub(int type) {
-    const ProductType* row = findProductType(type);
-    return row && !row->hub && row->family != ProductFamily::rack;
+    return productType(type).hubs == Hubs::none;
 }
 /// 0, 2, 3, 4, 5, 8, 10, 11, 12.
 constexpr bool hasHub(int type) {
-    const ProductType* row = findProductType(type);
-    return row && row->hub;
+    return productType(type).hubs >= Hubs::one;
 }
 /// All but 3 and 11.
 constexpr bool hasTeeth(int type) {
     const ProductType* row = findProductType(type);
-    return row && row->teeth;
+    return row && row->toothing != Toothing::smooth;
 }
 
 }  // namespace velmora::data

@@ -54,6 +54,17 @@ double column(const sql::Recordset& row, const char* name) {
     return row[name].toDouble();
 }
 
+bool isDiscOfTwoRims(const data::ProductType& type) {
+    return type.shape == data::ProductShape::twoRims && type.hubs == data::Hubs::none;
+}
+
+/// Whether hub width and gap are worked out on the sketch of three rims.
+// Kept K-174: only the triple sprocket goes by it; a triple disc goes with the doubles: leaving one of the two fields
+// gives it two rims and one gap. A load ends with the widths stored.
+bool goesByTripleSketch(const data::ProductType& type) {
+    return type.shape == data::ProductShape::threeRims && type.hubs != data::Hubs::none;
+}
+
 }  // namespace
 
 bool DoubleSprockets::Text1_LostFocus(int Index) {
@@ -85,7 +96,7 @@ bool DoubleSprockets::lookUp() {
         return false;
     }
     const sql::Recordset& row = rsPiñonDoble_;
-    const bool triple = data::isTriple(f_.type());
+    const bool triple = f_.product().shape == data::ProductShape::threeRims;
     const double b2 = column(row, "PDM_b2");
     const double x = column(row, "PDM_x");
     const double rim = triple ? ((b2 - x) / 2) * 3 + x * 2 : b2;
@@ -97,7 +108,7 @@ bool DoubleSprockets::lookUp() {
     put(f_.Text1(measure::gap), row["PDM_x"]);
     put(f_.Text1(measure::rim), rim);
     spreadDouble(rim);
-    if (data::isDoubleDisc(f_.type())) {
+    if (isDiscOfTwoRims(f_.product())) {
         voidHub();
     }
     if (triple) {
@@ -148,9 +159,7 @@ void DoubleSprockets::spreadTriple(double rim) {
 }
 
 void DoubleSprockets::hubWidthChanged() {
-    // Kept K-174: only the triple sprocket goes by the triple's sketch here and at the gap; a triple disc goes with the
-    // doubles: leaving one of the two fields gives it two rims and one gap. A load ends with the widths stored.
-    const bool triple = f_.type() == data::tripleSprocket;
+    const bool triple = goesByTripleSketch(f_.product());
     const TextBox& rim = triple ? f_.txtTriple(tripleSketch::rim) : f_.txtPDM(doubleSketch::rim);
     TextBox& total = triple ? f_.txtTriple(tripleSketch::totalWidth) : f_.txtPDM(doubleSketch::totalWidth);
     TextBox& hub = triple ? f_.txtTriple(tripleSketch::hubWidth) : f_.txtPDM(doubleSketch::hubWidth);
@@ -161,7 +170,7 @@ void DoubleSprockets::hubWidthChanged() {
 
 void DoubleSprockets::gapChanged() {
     f_.txtPDM(doubleSketch::gap).setText(f_.Text1(measure::gap).text());
-    if (f_.type() == data::tripleSprocket) {
+    if (goesByTripleSketch(f_.product())) {
         put(f_.txtPDM(doubleSketch::rim),
             number(f_.txtTriple(tripleSketch::firstRim)) * 3 + number(f_.txtTriple(tripleSketch::firstGap)) * 2);
     } else {
@@ -174,7 +183,7 @@ void DoubleSprockets::gapChanged() {
         round2(number(f_.Text1(measure::hubWidth)) + number(f_.txtPDM(doubleSketch::rim))));
     f_.txtPDM(doubleSketch::hubWidth).setText(f_.Text1(measure::hubWidth).text());
     f_.txtPDM(doubleSketch::totalWidth).setText(f_.Text1(measure::totalWidth).text());
-    if (data::isDoubleDisc(f_.type())) {
+    if (isDiscOfTwoRims(f_.product())) {
         voidHub();
     }
 }
@@ -205,7 +214,7 @@ void DoubleSprockets::msCalcularDobleVariable() {
 // Differs D-005: the figures of the variable sketch are those of the fields beside them, in a load too, where the
 // calculation that writes them is off; they would be another proposal's under a drawing to scale.
 void DoubleSprockets::repeatOnVariableSketch() {
-    if (data::isVariable(f_.type())) {
+    if (f_.product().shape == data::ProductShape::variable) {
         repeat(f_, onVariableSketch, f_.txtDCV);
     }
 }

@@ -9,9 +9,9 @@ namespace velmora::estimate {
 // Differs D-003: the pulley's second hub counts as soon as the user has told it; until then its fields hold nothing of
 // this pulley, and total width and stored columns leave them out.
 bool FieldMap::secondHubIsKnown() const {
-    return type() == data::variableSprocket ||
-           (type() == data::variablePulley &&
-            (typed.contain(Text1(measure::secondHubWidth)) || typed.contain(Text1(measure::secondHubDiameter))));
+    return product().hubs == data::Hubs::twoUnlike &&
+           (product().secondHubLoaded || typed.contain(Text1(measure::secondHubWidth)) ||
+            typed.contain(Text1(measure::secondHubDiameter)));
 }
 
 void FieldMap::noteChange(const TextBox& box) {

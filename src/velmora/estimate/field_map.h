@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 #include "velmora/estimate/drawings.h"
 #include "velmora/estimate/shown_proposal.h"
 #include "velmora/estimate/typed_fields.h"
@@ -106,6 +107,8 @@ struct FieldMap {
 
     /// The product type on show: the list's index, stored as DPI_Tipo.
     int type() const { return cboTipoPre.listIndex(); }
+    /// What is known of it.
+    const data::ProductType& product() const { return data::productType(type()); }
 
     /// Whether Text1(14) and (18) are the second hub of the variable product on show: always for the sprocket; for the
     /// pulley, whose load leaves them as they were, once the user has changed the text of one of them.

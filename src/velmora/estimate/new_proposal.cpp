@@ -16,11 +16,19 @@ struct Part {
     int weight;  ///< Text4
     int cost;    ///< txtPesu
     int sale;    ///< txtPesu
-    bool (*belongsTo)(int type);
+    bool (*belongsTo)(const data::ProductType& type);
 };
 
-constexpr bool hasDisc(int type) {
-    return data::findProductType(type) != nullptr && !data::isRack(type);
+constexpr bool hasDisc(const data::ProductType& type) {
+    return type.hubs != data::Hubs::noWheel;
+}
+
+constexpr bool hasHub(const data::ProductType& type) {
+    return hasDisc(type) && type.hubs != data::Hubs::none;
+}
+
+constexpr bool hasBar(const data::ProductType& type) {
+    return type.shape == data::ProductShape::rack;
 }
 
 constexpr std::array parts{
@@ -33,12 +41,12 @@ constexpr std::array parts{
          .weight = cut::hubWeight,
          .cost = money::hubCost,
          .sale = money::hubPrice,
-         .belongsTo = data::hasHub},
+         .belongsTo = hasHub},
     Part{.material = &FieldMap::rsMatCre,
          .weight = cut::barWeight,
          .cost = money::barCost,
          .sale = money::barPrice,
-         .belongsTo = data::isRack},
+         .belongsTo = hasBar},
 };
 
 /// Switches the totals off while it lives, and gives back what it found.
@@ -89,7 +97,7 @@ void NewProposal::typeChosen() {
 void NewProposal::showPrices() {
     for (const Part& part : parts) {
         const sql::Recordset* material = materialOf(f_, part);
-        if (material != nullptr && part.belongsTo(f_.type())) {
+        if (material != nullptr && part.belongsTo(f_.product())) {
             // Without a weight there is nothing to sum, and the totals stay as they were written.
             const TotalsOff off(f_, !weighs(part.weight));
             replace(f_, f_.txtPesu(part.cost), emptyPrice, (*material)["art_pco"].toText());
@@ -101,7 +109,7 @@ void NewProposal::showPrices() {
 void NewProposal::withdrawPrices() {
     for (const Part& part : parts) {
         const sql::Recordset* material = materialOf(f_, part);
-        if (material != nullptr && !part.belongsTo(f_.type()) && !weighs(part.weight)) {
+        if (material != nullptr && !part.belongsTo(f_.product()) && !weighs(part.weight)) {
             const TotalsOff off(f_, true);
             replace(f_, f_.txtPesu(part.cost), (*material)["art_pco"].toText(), emptyPrice);
             replace(f_, f_.txtPesu(part.sale), (*material)["art_pve"].toText(), emptyPrice);

@@ -20,36 +20,19 @@ void show(bool visible, std::initializer_list<screen::Control*> controls) {
     }
 }
 
-/// Captions of the frames of measures, by type; empty where the type leaves them.
-struct FrameCaptions {
-    const char* measures = "";  ///< Frame2
-    const char* variable = "";  ///< fraDobleVar
-};
-
-constexpr std::array<FrameCaptions, data::productTypes.size()> frameCaptions = [] {
-    std::array<FrameCaptions, data::productTypes.size()> captions{};
-    captions[data::plainSprocket].measures = captions[data::gear].measures = "Medidas del piñon";
-    captions[data::disc].measures = captions[data::gearDisc].measures = "Medidas del disco";
-    captions[data::twoHubSprocket].measures = "Medidas del piñon de 2 cubos";
-    captions[data::smoothPulley].measures = "Medidas de la polea lisa";
-    captions[data::variableSprocket].variable = "Medidas Piñon 2 Cubos Variables";
-    captions[data::variablePulley].variable = "Medidas Polea Lisa 2 Cubos Variable";
-    return captions;
-}();
-
 /// What the toothing of a multiple product takes from its table and nobody types.
 constexpr std::array fromTable{0, 8, 2, 4, 15, 6, 17, 9};
 
 }  // namespace
 
 void Presentation::cboTipoPre_Click() {
-    const int type = f_.type();
+    const data::ProductType& type = f_.product();
     reset();
-    if (type >= 0) {
+    if (type.number >= 0) {
         presentType(type);
     }
-    writeWidths(type);
-    f_.cmdEng.setEnabled(data::isGear(type) && f_.proposal.isNew());
+    writeWidths(type.totalWidth);
+    f_.cmdEng.setEnabled(type.toothing == data::Toothing::gear && f_.proposal.isNew());
     f_.invalidateSketches();
 }
 
@@ -77,104 +60,84 @@ void Presentation::reset() {
     f_.Text1(measure::totalWidth).setEnabled(true);
 }
 
-void Presentation::presentType(int type) {
-    const FrameCaptions& captions = frameCaptions[static_cast<std::size_t>(type)];
-    switch (type) {
-        case data::plainSprocket:
-        case data::gear:
-            showHubs(Hubs::one);
-            f_.Frame2.setCaption(captions.measures);
-            msVerCubo(true);
+void Presentation::presentType(const data::ProductType& type) {
+    switch (type.shape) {
+        case data::ProductShape::oneRim:
+            presentOneRim(type);
             break;
-        case data::disc:
-        case data::gearDisc:
-            showHubs(Hubs::none);
-            f_.Frame2.setCaption(captions.measures);
-            msVerCubo(false);
+        case data::ProductShape::twoRims:
+            presentTwoRims(type);
             break;
-        case data::twoHubSprocket:
-        case data::smoothPulley:
-            showHubs(Hubs::two);
-            f_.Frame2.setCaption(captions.measures);
-            if (type == data::smoothPulley) {
-                f_.Text1(measure::root).setEnabled(false);
-                f_.Text1(measure::height).setEnabled(false);
-            }
-            msVerCubo(true);
+        case data::ProductShape::threeRims:
+            presentThreeRims(type);
             break;
-        case data::doubleSprocket:
-        case data::twoChainSprocket:
-            presentDouble(true, type);
+        case data::ProductShape::variable:
+            presentVariable(type);
             break;
-        case data::doubleDisc:
-        case data::twoChainDisc:
-            presentDouble(false, type);
-            break;
-        case data::variableSprocket:
-        case data::variablePulley:
-            msVerCubo(true);
-            f_.fraDobleVar.setCaption(captions.variable);
-            show(true, {&f_.fraDobleVar, &f_.Label1(label::secondHubWidth), &f_.Text1(measure::secondHubWidth),
-                        &f_.Label1(label::secondHubDiameter), &f_.Text1(measure::secondHubDiameter)});
-            f_.Label1(label::hubWidth).setCaption("Ancho cubo A");
-            f_.Label1(label::hubDiameter).setCaption("Ø Cubo A");
-            f_.Text1(measure::totalWidth).setEnabled(false);
-            break;
-        case data::tripleSprocket:
-            f_.fraTriple.setCaption("Medidas Piñon Triple");
-            presentTriple();
-            break;
-        case data::rack:
+        case data::ProductShape::rack:
             msVerCremallera(true);
-            break;
-        case data::tripleDisc:
-            presentTriple();
-            f_.fraTriple.setCaption("Medidas Disco Triple");
-            show(true, {&f_.lblTapacuboTriple(0), &f_.lblTapacuboTriple(1)});
-            f_.lblTapacuboTriple(0).setBackColor(screen::colors::white);
-            f_.lblTapacuboTriple(1).setBackColor(screen::colors::white);
-            show(false, {&f_.txtTriple(tripleSketch::hubDiameter), &f_.txtTriple(tripleSketch::hubWidth),
-                         &f_.txtTriple(tripleSketch::totalWidth)});
-            msVerCubo(false);
-            break;
-        default:
+            f_.fraCremallera.setCaption(type.measuresCaption);
             break;
     }
 }
 
-void Presentation::showHubs(Hubs hubs) {
-    show(hubs != Hubs::none,
-         {&f_.Text3(caption::hubDiameter), &f_.Text3(caption::hubWidth), &f_.Text3(caption::totalWidth)});
-    show(hubs == Hubs::two, {&f_.Text3(caption::totalOfTwoHubs), &f_.Text3(caption::hubWidthCopy)});
+void Presentation::presentOneRim(const data::ProductType& type) {
+    const bool hub = type.hubs != data::Hubs::none;
+    show(hub, {&f_.Text3(caption::hubDiameter), &f_.Text3(caption::hubWidth), &f_.Text3(caption::totalWidth)});
+    show(type.hubs == data::Hubs::twoAlike, {&f_.Text3(caption::totalOfTwoHubs), &f_.Text3(caption::hubWidthCopy)});
+    f_.Frame2.setCaption(type.measuresCaption);
+    if (type.toothing == data::Toothing::smooth) {
+        f_.Text1(measure::root).setEnabled(false);
+        f_.Text1(measure::height).setEnabled(false);
+    }
+    msVerCubo(hub);
 }
 
-void Presentation::presentDouble(bool withHub, int type) {
-    if (!withHub) {
-        show(true, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
-    }
+void Presentation::presentTwoRims(const data::ProductType& type) {
+    const bool hub = type.hubs != data::Hubs::none;
+    show(!hub, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
     show(true, {&f_.Label1(label::firstRim), &f_.Text1(measure::firstRim), &f_.fraPDM});
-    f_.Label1(label::rim).setCaption("Llanta (B2)");
-    show(withHub, {&f_.txtPDM(doubleSketch::hubDiameter), &f_.txtPDM(doubleSketch::hubWidth),
-                   &f_.txtPDM(doubleSketch::totalWidth)});
-    if (withHub) {
-        show(false, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
-        msVerDoble(true);
-        return;
-    }
-    show(false, {&f_.Text1(measure::hubDiameter), &f_.Text1(measure::hubWidth), &f_.Label1(label::hubWidth),
-                 &f_.Label1(label::hubDiameter)});
+    f_.fraPDM.setCaption(type.measuresCaption);
+    f_.Label1(label::rim).setCaption(type.rimCaption);
+    show(hub, {&f_.txtPDM(doubleSketch::hubDiameter), &f_.txtPDM(doubleSketch::hubWidth),
+               &f_.txtPDM(doubleSketch::totalWidth)});
     msVerDoble(true);
-    msVerCubo(false);
-    f_.Text1(measure::gap).setEnabled(type == data::twoChainDisc);
+    if (!hub) {
+        msVerCubo(false);
+    }
 }
 
-void Presentation::presentTriple() {
+void Presentation::presentThreeRims(const data::ProductType& type) {
     show(true, {&f_.Text1(measure::gap), &f_.Label1(label::gap)});
     show(false, {&f_.Label2(2), &f_.Label2(3)});
     show(true, {&f_.Label1(label::firstRim), &f_.Text1(measure::firstRim), &f_.fraPDM});
-    f_.Label1(label::rim).setCaption("Llanta (B3)");
+    f_.Label1(label::rim).setCaption(type.rimCaption);
     show(false, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
     msVerTriple(true);
+    f_.fraTriple.setCaption(type.measuresCaption);
+    if (type.hubs == data::Hubs::none) {
+        coverHubOfThreeRims();
+    }
+}
+
+void Presentation::coverHubOfThreeRims() {
+    for (Label* cover : {&f_.lblTapacuboTriple(0), &f_.lblTapacuboTriple(1)}) {
+        cover->setVisible(true);
+        cover->setBackColor(screen::colors::white);
+    }
+    show(false, {&f_.txtTriple(tripleSketch::hubDiameter), &f_.txtTriple(tripleSketch::hubWidth),
+                 &f_.txtTriple(tripleSketch::totalWidth)});
+    msVerCubo(false);
+}
+
+void Presentation::presentVariable(const data::ProductType& type) {
+    msVerCubo(true);
+    f_.fraDobleVar.setCaption(type.measuresCaption);
+    show(true, {&f_.fraDobleVar, &f_.Label1(label::secondHubWidth), &f_.Text1(measure::secondHubWidth),
+                &f_.Label1(label::secondHubDiameter), &f_.Text1(measure::secondHubDiameter)});
+    f_.Label1(label::hubWidth).setCaption("Ancho cubo A");
+    f_.Label1(label::hubDiameter).setCaption("Ø Cubo A");
+    f_.Text1(measure::totalWidth).setEnabled(false);
 }
 
 void Presentation::msVerCremallera(bool b) {
@@ -205,7 +168,7 @@ void Presentation::msVerDoble(bool b) {
     for (const int i : fromTable) {
         f_.Text1(i).setEnabled(!b);
     }
-    f_.Text1(measure::gap).setEnabled(b && f_.type() == data::twoChainSprocket);
+    f_.Text1(measure::gap).setEnabled(b && f_.product().gapTyped);
     f_.Text1(measure::firstRim).setEnabled(false);
 }
 
@@ -215,24 +178,32 @@ void Presentation::msVerCubo(bool b) {
              &f_.Text1(measure::hubDiameter), &f_.Text1(measure::totalWidth), &f_.Text1(measure::hubWidth)});
 }
 
-void Presentation::writeWidths(int type) {
+void Presentation::writeWidths(data::TotalWidth follows) {
     if (f_.Text1(measure::rim).text().empty() || f_.Text1(measure::hubWidth).text().empty()) {
         return;
     }
     const auto rim = [&] { return number(f_.Text1(measure::rim)); };
     const auto hub = [&] { return number(f_.Text1(measure::hubWidth)); };
-    if (data::isTwoHubs(type)) {
-        const double sum = rim() + 2 * hub();
-        f_.Text1(measure::totalWidth).setText(Format(round2(sum), "0.00"));
-        if (data::isVariable(type)) {
+    const auto writeTotal = [&](double sum) { f_.Text1(measure::totalWidth).setText(Format(round2(sum), "0.00")); };
+    switch (follows) {
+        case data::TotalWidth::rimAndHub:
+            writeTotal(rim() + hub());
+            break;
+        case data::TotalWidth::rimAndTwoHubs: {
+            const double sum = rim() + 2 * hub();
+            writeTotal(sum);
+            f_.Text3(caption::totalOfTwoHubs).setText("Ancho total " + CStr(sum));
+            break;
+        }
+        case data::TotalWidth::rimAndUnlikeHubs:
             // Kept K-013: the field counts hub A twice, the label hubs A and B; they differ when the hubs differ.
+            writeTotal(rim() + 2 * hub());
             f_.txtDCV(variableSketch::totalWidth)
                 .setText("Ancho total " + CStr(number(f_.Text1(measure::secondHubWidth)) + hub() + rim()));
-        } else {
-            f_.Text3(caption::totalOfTwoHubs).setText("Ancho total " + CStr(sum));
-        }
-    } else if (type == data::plainSprocket) {
-        f_.Text1(measure::totalWidth).setText(Format(round2(rim() + hub()), "0.00"));
+            break;
+        case data::TotalWidth::rim:
+        case data::TotalWidth::ownRules:
+            break;
     }
 }
 
@@ -246,12 +217,13 @@ void Presentation::showModule() {
 
 // Kept K-014: a new gear bears the plain captions and fields until it has been saved and read back.
 void Presentation::msPresentarEngranaje() {
-    if (!data::isGear(f_.type())) {
+    const data::ProductType& type = f_.product();
+    if (type.toothing != data::Toothing::gear) {
         return;
     }
     cboTipoPre_Click();
     showModule();
-    f_.Frame2.setCaption(f_.type() == data::gear ? "Medidas del Engranaje" : "Medidas del Disco de Engranaje");
+    f_.Frame2.setCaption(type.storedMeasuresCaption);
 }
 
 }  // namespace velmora::estimate

@@ -26,11 +26,15 @@ class Presentation {
 
   private:
     void reset();
-    void presentType(int type);
-    void showHubs(Hubs hubs);
-    void presentDouble(bool withHub, int type);
-    void presentTriple();
-    void writeWidths(int type);
+    // By the shape of the type.
+    void presentType(const data::ProductType& type);
+    void presentOneRim(const data::ProductType& type);
+    void presentTwoRims(const data::ProductType& type);
+    void presentThreeRims(const data::ProductType& type);
+    void presentVariable(const data::ProductType& type);
+    void coverHubOfThreeRims();
+
+    void writeWidths(data::TotalWidth follows);
 
     FieldMap& f_;
 };

@@ -1,6 +1,9 @@
 #include "velmora/estimate/product_drawing.h"
 
-#include "velmora/data/product_numbers.h"
+#include <algorithm>
+#include <array>
+
+#include "velmora/data/product_types.h"
 #include "velmora/estimate/multiple_drawings.h"
 #include "velmora/estimate/rack_drawing.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -11,15 +14,8 @@ namespace {
 
 constexpr double mostTeeth = 10000;
 
-Toothing toothing(int type) {
-    if (data::isSmoothPulley(type)) {
-        return Toothing::smooth;
-    }
-    return data::isGear(type) ? Toothing::gear : Toothing::chain;
-}
-
-void putWheel(WheelMeasures& wheel, int type, const ProductMeasures& m) {
-    wheel.toothing = toothing(type);
+void putWheel(WheelMeasures& wheel, const data::ProductType& type, const ProductMeasures& m) {
+    wheel.toothing = type.toothing;
     if (m.teeth && *m.teeth >= 0 && *m.teeth <= mostTeeth) {
         wheel.teeth = static_cast<int>(*m.teeth);
     }
@@ -30,17 +26,33 @@ void putWheel(WheelMeasures& wheel, int type, const ProductMeasures& m) {
     wheel.keyway = m.keyway;
 }
 
-screen::Drawing drawOneRim(int type, const ProductMeasures& m) {
+/// As a piece with one rim has them; one for a type that nobody knows.
+Hubs hubsOfOneRim(const data::ProductType& type) {
+    switch (type.hubs) {
+        case data::Hubs::none:
+            return Hubs::none;
+        case data::Hubs::twoAlike:
+            return Hubs::two;
+        default:
+            return Hubs::one;
+    }
+}
+
+bool hasHub(const data::ProductType& type) {
+    return type.hubs != data::Hubs::none;
+}
+
+screen::Drawing drawOneRim(const data::ProductType& type, const ProductMeasures& m) {
     PieceMeasures piece;
     putWheel(piece, type, m);
     piece.hub = m.hub;
     piece.rim = m.rim;
     piece.hubWidth = m.hubWidth;
     piece.totalWidth = m.totalWidth;
-    return drawPiece(hubsOf(type), piece);
+    return drawPiece(hubsOfOneRim(type), piece);
 }
 
-screen::Drawing drawSeveralRims(int type, const ProductMeasures& m) {
+screen::Drawing drawSeveralRims(const data::ProductType& type, const ProductMeasures& m) {
     MultipleMeasures multiple;
     putWheel(multiple, type, m);
     multiple.chainRim = m.chainRim;
@@ -49,10 +61,11 @@ screen::Drawing drawSeveralRims(int type, const ProductMeasures& m) {
     multiple.coreHeight = m.coreHeight;
     multiple.hub = m.hub;
     multiple.hubWidth = m.hubWidth;
-    return drawMultiple(data::isTriple(type) ? Rims::three : Rims::two, data::hasHub(type), multiple);
+    const Rims rims = type.shape == data::ProductShape::threeRims ? Rims::three : Rims::two;
+    return drawMultiple(rims, hasHub(type), multiple);
 }
 
-screen::Drawing drawTwoUnlikeHubs(int type, const ProductMeasures& m) {
+screen::Drawing drawBetweenUnlikeHubs(const data::ProductType& type, const ProductMeasures& m) {
     VariableMeasures variable;
     putWheel(variable, type, m);
     variable.hubA = m.hub;
@@ -61,6 +74,15 @@ screen::Drawing drawTwoUnlikeHubs(int type, const ProductMeasures& m) {
     variable.hubB = m.secondHub;
     variable.hubBWidth = m.secondHubWidth;
     return drawVariable(variable);
+}
+
+screen::Drawing drawBar(const data::ProductType& /*type*/, const ProductMeasures& m) {
+    return drawRack({.module = m.module,
+                     .pitch = m.pitch,
+                     .toothHeight = m.toothHeight,
+                     .height = m.height,
+                     .length = m.length,
+                     .width = m.width});
 }
 
 /// Collects the texts of the places.
@@ -79,10 +101,10 @@ class Labels {
     std::map<int, std::string> texts_;
 };
 
-Labels labelsOfOneRim(int type, const ProductMeasures& m) {
+Labels labelsOfOneRim(const data::ProductType& type, const ProductMeasures& m) {
     Labels labels;
     labels.put(PieceLabel::exterior, m.exterior, "Ø exterior ").put(PieceLabel::rim, m.rim, "Llanta ");
-    const Hubs hubs = hubsOf(type);
+    const Hubs hubs = hubsOfOneRim(type);
     if (hubs != Hubs::none) {
         labels.put(PieceLabel::hub, m.hub, "Ø cubo ")
             .put(PieceLabel::hubWidth, m.hubWidth, "Cubo ")
@@ -95,7 +117,7 @@ Labels labelsOfOneRim(int type, const ProductMeasures& m) {
     return labels;
 }
 
-Labels labelsOfTwoRims(bool hub, const ProductMeasures& m) {
+Labels labelsOfTwoRims(const data::ProductType& type, const ProductMeasures& m) {
     Labels labels;
     labels.put(DoubleLabel::exterior, m.exterior)
         .put(DoubleLabel::coreHeight, m.coreHeight)
@@ -103,7 +125,7 @@ Labels labelsOfTwoRims(bool hub, const ProductMeasures& m) {
         .put(DoubleLabel::firstRim, m.chainRim)
         .put(DoubleLabel::gap, m.gap)
         .put(DoubleLabel::secondRim, m.chainRim);
-    if (hub) {
+    if (hasHub(type)) {
         labels.put(DoubleLabel::hub, m.hub)
             .put(DoubleLabel::hubWidth, m.hubWidth)
             .put(DoubleLabel::totalWidth, m.totalWidth);
@@ -111,7 +133,7 @@ Labels labelsOfTwoRims(bool hub, const ProductMeasures& m) {
     return labels;
 }
 
-Labels labelsOfThreeRims(bool hub, const ProductMeasures& m) {
+Labels labelsOfThreeRims(const data::ProductType& type, const ProductMeasures& m) {
     Labels labels;
     labels.put(TripleLabel::exterior, m.exterior)
         .put(TripleLabel::coreHeight, m.coreHeight)
@@ -121,7 +143,7 @@ Labels labelsOfThreeRims(bool hub, const ProductMeasures& m) {
         .put(TripleLabel::secondRim, m.chainRim)
         .put(TripleLabel::secondGap, m.gap)
         .put(TripleLabel::thirdRim, m.chainRim);
-    if (hub) {
+    if (hasHub(type)) {
         labels.put(TripleLabel::hub, m.hub)
             .put(TripleLabel::hubWidth, m.hubWidth)
             .put(TripleLabel::totalWidth, m.totalWidth);
@@ -129,7 +151,7 @@ Labels labelsOfThreeRims(bool hub, const ProductMeasures& m) {
     return labels;
 }
 
-Labels labelsOfTwoUnlikeHubs(const ProductMeasures& m) {
+Labels labelsOfUnlikeHubs(const data::ProductType& /*type*/, const ProductMeasures& m) {
     std::optional<double> total;
     if (m.hubWidth && m.rim && m.secondHubWidth) {
         total = runtime::Redondear(*m.hubWidth + *m.rim + *m.secondHubWidth, 2);
@@ -145,7 +167,7 @@ Labels labelsOfTwoUnlikeHubs(const ProductMeasures& m) {
     return labels;
 }
 
-Labels labelsOfRack(const ProductMeasures& m) {
+Labels labelsOfRack(const data::ProductType& /*type*/, const ProductMeasures& m) {
     std::optional<double> body;
     if (m.height && m.toothHeight) {
         body = runtime::Redondear(*m.height - *m.toothHeight, 2);
@@ -160,47 +182,45 @@ Labels labelsOfRack(const ProductMeasures& m) {
     return labels;
 }
 
+/// How a shape is drawn, and the texts of the drawing.
+struct Picture {
+    data::ProductShape shape;
+    screen::Drawing (*draw)(const data::ProductType&, const ProductMeasures&);
+    Labels (*labels)(const data::ProductType&, const ProductMeasures&);
+};
+
+constexpr std::array pictures{
+    Picture{.shape = data::ProductShape::oneRim, .draw = drawOneRim, .labels = labelsOfOneRim},
+    Picture{.shape = data::ProductShape::twoRims, .draw = drawSeveralRims, .labels = labelsOfTwoRims},
+    Picture{.shape = data::ProductShape::threeRims, .draw = drawSeveralRims, .labels = labelsOfThreeRims},
+    Picture{.shape = data::ProductShape::variable, .draw = drawBetweenUnlikeHubs, .labels = labelsOfUnlikeHubs},
+    Picture{.shape = data::ProductShape::rack, .draw = drawBar, .labels = labelsOfRack},
+};
+
+constexpr bool hasPicture(const data::ProductType& type) {
+    return std::ranges::find(pictures, type.shape, &Picture::shape) != pictures.end();
+}
+
+static_assert(std::ranges::all_of(data::productTypes, hasPicture) && hasPicture(data::unknownProductType));
+
+const Picture& pictureOf(const data::ProductType& type) {
+    return *std::ranges::find(pictures, type.shape, &Picture::shape);
+}
+
 }  // namespace
 
 Hubs hubsOf(int type) {
-    if (type == data::disc || type == data::gearDisc) {
-        return Hubs::none;
-    }
-    return data::hasTwinHubs(type) ? Hubs::two : Hubs::one;
+    return hubsOfOneRim(data::productType(type));
 }
 
 screen::Drawing drawProduct(int type, const ProductMeasures& measures) {
-    if (data::isDouble(type) || data::isTriple(type)) {
-        return drawSeveralRims(type, measures);
-    }
-    if (data::isVariable(type)) {
-        return drawTwoUnlikeHubs(type, measures);
-    }
-    if (data::isRack(type)) {
-        return drawRack({.module = measures.module,
-                         .pitch = measures.pitch,
-                         .toothHeight = measures.toothHeight,
-                         .height = measures.height,
-                         .length = measures.length,
-                         .width = measures.width});
-    }
-    return drawOneRim(type, measures);
+    const data::ProductType& row = data::productType(type);
+    return pictureOf(row).draw(row, measures);
 }
 
 std::map<int, std::string> drawingLabels(int type, const ProductMeasures& measures) {
-    if (data::isDouble(type)) {
-        return labelsOfTwoRims(data::hasHub(type), measures).take();
-    }
-    if (data::isTriple(type)) {
-        return labelsOfThreeRims(data::hasHub(type), measures).take();
-    }
-    if (data::isVariable(type)) {
-        return labelsOfTwoUnlikeHubs(measures).take();
-    }
-    if (data::isRack(type)) {
-        return labelsOfRack(measures).take();
-    }
-    return labelsOfOneRim(type, measures).take();
+    const data::ProductType& row = data::productType(type);
+    return pictureOf(row).labels(row, measures).take();
 }
 
 }  // namespace velmora::estimate

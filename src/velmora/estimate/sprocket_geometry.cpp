@@ -54,7 +54,7 @@ void SprocketGeometry::msRecalcularMedidas() {
     if (number(f_.Text1(measure::height)) == 0) {
         put(f_.Text1(measure::height), height());
     }
-    if (data::isSmoothPulley(f_.type())) {
+    if (f_.product().toothing == data::Toothing::smooth) {
         f_.Text1(measure::exterior).setText(Format(pulleyExterior(number(f_.Text1(measure::root))), "0.00"));
     }
     writeHubAndTotalWidth();
@@ -100,12 +100,12 @@ void SprocketGeometry::Text1_LostFocus(int Index) {
         box.setText("0");
     }
     oUtil_.SalirCampo(box, "#0.00");
-    const int type = f_.type();
-    if (data::hasChainList(type)) {
+    const data::ProductType& type = f_.product();
+    if (type.chainList) {
         leaveWithChainList(Index);
-    } else if (type == data::rack) {
+    } else if (type.shape == data::ProductShape::rack) {
         rooms_.rack.Text1_LostFocus(Index);
-    } else if (!data::isGear(type)) {
+    } else if (type.toothing != data::Toothing::gear) {
         leavePlain(Index);
     }
     if (Index == roller && onToothingEntered) {
@@ -157,7 +157,7 @@ void SprocketGeometry::leaveTeeth() {
 
 void SprocketGeometry::leaveRoller() {
     msRecalcularMedidas();
-    if (f_.type() == data::disc) {
+    if (f_.product().hubs == data::Hubs::none) {
         return;
     }
     if (number(f_.Text1(measure::exterior)) > onePieceLimit) {
@@ -169,9 +169,9 @@ void SprocketGeometry::leaveRoller() {
 
 // Gives the total that was worked out, 0 when none was.
 double SprocketGeometry::writeTotalWidth(int Index) {
-    const int type = f_.type();
+    const data::TotalWidth follows = f_.product().totalWidth;
     TextBox& total = f_.Text1(measure::totalWidth);
-    if (type == data::disc) {
+    if (follows == data::TotalWidth::rim) {
         if (Index == rim && !f_.Text1(rim).text().empty()) {
             total.setText(Format(round2(number(f_.Text1(rim))), "0.00"));
         }
@@ -183,11 +183,11 @@ double SprocketGeometry::writeTotalWidth(int Index) {
     const double oneRim = number(f_.Text1(rim));
     const double oneHub = number(f_.Text1(hubWidth));
     double sum = 0;
-    if (data::hasTwinHubs(type)) {
+    if (follows == data::TotalWidth::rimAndTwoHubs) {
         sum = oneHub + oneRim + oneHub;
         total.setText(Format(round2(sum), "0.00"));
         f_.Text3(caption::totalOfTwoHubs).setText("Ancho total " + CStr(sum));
-    } else if (type == data::plainSprocket) {
+    } else if (follows == data::TotalWidth::rimAndHub) {
         sum = oneRim + oneHub;
         total.setText(Format(round2(sum), "0.00"));
     }

@@ -27,7 +27,7 @@ double Weights::FnPeso(const sql::Value& formula, double piezas, const Operand& 
     if (!f_.chkFormulas.checked()) {
         applied = solidRound;
     }
-    if (f_.type() == data::rack) {
+    if (f_.product().shape == data::ProductShape::rack) {
         applied = plate;
     }
     double weight = 0;

@@ -3,15 +3,16 @@
 
 #include <optional>
 
+#include "velmora/data/product_types.h"
+
 namespace velmora::estimate {
 
-/// What stands between root and exterior diameter.
-enum class Toothing { chain, gear, smooth };
+using data::Toothing;
 
 /// The measures as the fields hold them, diameters and widths in millimetres; a field that is empty or holds no
 /// number is left out. Nothing here has to be sensible.
 struct WheelMeasures {
-    Toothing toothing = Toothing::chain;
+    Toothing toothing = Toothing::chain;  ///< of a wheel: not a rack's
     std::optional<int> teeth;
     std::optional<double> exterior;
     std::optional<double> pitch;

@@ -45,13 +45,13 @@ void Buttons::cmdCambios_Click() {
     } else {
         controls_.cmdManoObra.setEnabled(true);
     }
-    const int type = f_.type();
-    f_.cmdEng.setEnabled(data::isGear(type));
-    if (type == data::doubleSprocket || data::isTriple(type)) {
+    const data::ProductType& type = f_.product();
+    f_.cmdEng.setEnabled(type.toothing == data::Toothing::gear);
+    if (type.widthsFromChain) {
         for (const int fromTable : {17, 9, 5}) {
             f_.Text1(fromTable).setEnabled(false);
         }
-    } else if (type == data::rack) {
+    } else if (type.shape == data::ProductShape::rack) {
         runtime::ErrorTrap trap;
         trap([&] { f_.txtObservaciones.setFocus(); });
     }

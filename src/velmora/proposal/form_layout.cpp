@@ -5,6 +5,7 @@
 
 #include "velmora/estimate/product_drawing.h"
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/proposal/field_names.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 
 namespace velmora::proposal {
@@ -40,31 +41,33 @@ std::optional<double> measure(const TextBox& box) {
 }
 
 screen::Drawing drawing(const estimate::FieldMap& f) {
-    const int type = f.type();
-    const bool rack = data::isRack(type);
-    return estimate::drawProduct(type, {
-                                           .teeth = measure(f.Text1(1)),
-                                           .pitch = measure(f.Text1(rack ? 20 : 0)),
-                                           .module = measure(f.Text1(19)),
-                                           .exterior = measure(f.Text1(15)),
-                                           .pitchDiameter = measure(f.Text1(3)),
-                                           .root = measure(f.Text1(4)),
-                                           .bore = measure(f.Text1(7)),
-                                           .keyway = measure(f.Text1(12)),
-                                           .hub = measure(f.Text1(16)),
-                                           .hubWidth = measure(f.Text1(10)),
-                                           .secondHub = measure(f.Text1(18)),
-                                           .secondHubWidth = measure(f.Text1(14)),
-                                           .rim = measure(f.Text1(9)),
-                                           .totalWidth = measure(f.Text1(17)),
-                                           .chainRim = measure(f.Text1(5)),
-                                           .gap = measure(f.Text1(11)),
-                                           .coreHeight = measure(data::isTriple(type) ? f.txtTriple(2) : f.txtPDM(2)),
-                                           .toothHeight = measure(f.Text1(21)),
-                                           .height = measure(f.Text1(22)),
-                                           .length = measure(f.Text1(24)),
-                                           .width = measure(f.Text1(25)),
-                                       });
+    const data::ProductShape shape = f.product().shape;
+    const bool rack = shape == data::ProductShape::rack;
+    const TextBox& coreHeight = shape == data::ProductShape::threeRims ? f.txtTriple(tripleSketch::hubHeight)
+                                                                       : f.txtPDM(doubleSketch::hubHeight);
+    return estimate::drawProduct(f.type(), {
+                                               .teeth = measure(f.Text1(1)),
+                                               .pitch = measure(f.Text1(rack ? 20 : 0)),
+                                               .module = measure(f.Text1(19)),
+                                               .exterior = measure(f.Text1(15)),
+                                               .pitchDiameter = measure(f.Text1(3)),
+                                               .root = measure(f.Text1(4)),
+                                               .bore = measure(f.Text1(7)),
+                                               .keyway = measure(f.Text1(12)),
+                                               .hub = measure(f.Text1(16)),
+                                               .hubWidth = measure(f.Text1(10)),
+                                               .secondHub = measure(f.Text1(18)),
+                                               .secondHubWidth = measure(f.Text1(14)),
+                                               .rim = measure(f.Text1(9)),
+                                               .totalWidth = measure(f.Text1(17)),
+                                               .chainRim = measure(f.Text1(5)),
+                                               .gap = measure(f.Text1(11)),
+                                               .coreHeight = measure(coreHeight),
+                                               .toothHeight = measure(f.Text1(21)),
+                                               .height = measure(f.Text1(22)),
+                                               .length = measure(f.Text1(24)),
+                                               .width = measure(f.Text1(25)),
+                                           });
 }
 
 void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {

@@ -14,8 +14,9 @@ constexpr int gearDiscs = 1;
 
 void GearStep::cmdEng_Click() {
     // Kept K-172: on any other type no form is shown and the gear of the last choice is read again.
-    if (data::isGear(f_.type())) {
-        choose(f_.type() == data::gear ? gearWheels : gearDiscs);
+    const data::ProductType& type = f_.product();
+    if (type.toothing == data::Toothing::gear) {
+        choose(type.hubs == data::Hubs::none ? gearDiscs : gearWheels);
     }
     gears_.takeOver(reference::nIdEngranaje);
 }

@@ -1,55 +1,38 @@
 #include "velmora/tracking/order_description.h"
 
-#include <algorithm>
-#include <array>
 #include <string_view>
 
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 
 namespace velmora::tracking {
 
 namespace {
 
-/// What follows the teeth: the whole chain, or only the shaft where the chain is already named.
-enum class Tail { chain, shaft };
+/// The values of a proposal as an order's words name them.
+class Words {
+  public:
+    explicit Words(const sql::Recordset& proposal) : proposal_(proposal) {}
 
-struct Wording {
-    int type;
-    std::string_view before;
-    std::string_view afterChainName;  ///< empty: the chain is not named
-    Tail tail;
-};
-
-constexpr std::array wordings{
-    Wording{data::plainSprocket, "Piñon Especial Z ", "", Tail::chain},
-    Wording{data::disc, "Disco Z ", "", Tail::chain},
-    Wording{data::twoHubSprocket, "Piñon de dos cubos Z ", "", Tail::chain},
-    Wording{data::smoothPulley, "Polea Lisa Z ", "", Tail::chain},
-    Wording{data::doubleSprocket, "Piñon ", " Doble de Z ", Tail::shaft},
-    Wording{data::twoChainSprocket, "Piñon ", " de dos cadenas de Z ", Tail::shaft},
-    Wording{data::doubleDisc, "Disco ", " Doble de Z ", Tail::shaft},
-    Wording{data::twoChainDisc, "Disco ", " de dos cadenas de Z ", Tail::shaft},
-    Wording{data::gear, "Engranaje Recto Z ", "", Tail::chain},
-    Wording{data::gearDisc, "Disco Engranaje recto Z ", "", Tail::chain},
-    Wording{data::variableSprocket, "Piñon de dos cubos Z ", "", Tail::chain},
-    Wording{data::tripleSprocket, "Piñon ", " Triple de Z ", Tail::shaft},
-};
-
-std::string rackDescription(const sql::Recordset& proposal) {
-    const auto text = [&](std::string_view column) { return joined(proposal[column]); };
-    return "Cremallera " + text("dpi_pdm_texto") + " Paso " + text("DPI_pas") + " Modulo " + text("DPI_modulo") + " (" +
-           text("DPI_Alt") + "x" + text("DPI_AnchoCubo") + "x" + text("DPI_llanta") + ")";
-}
-
-std::string tailOf(const sql::Recordset& proposal, Tail tail) {
-    const auto text = [&](std::string_view column) { return joined(proposal[column]); };
-    const std::string shaft = " Eje " + text("DPI_Eje");
-    if (tail == Tail::shaft) {
-        return text("DPI_Z") + shaft;
+    std::string chain() const { return text("dpi_pdm_texto"); }
+    std::string teeth() const { return text("DPI_Z"); }
+    std::string bore() const { return " Eje " + text("DPI_Eje"); }
+    std::string toothing() const {
+        return teeth() + " Paso " + text("DPI_pas") + " AC " + text("DPI_ac") + " Rodillo " + text("DPI_rodillo");
     }
-    return text("DPI_Z") + " Paso " + text("DPI_pas") + " AC " + text("DPI_ac") + " Rodillo " + text("DPI_rodillo") +
-           shaft;
-}
+    std::string rack() const {
+        return chain() + " Paso " + text("DPI_pas") + " Modulo " + text("DPI_modulo") + " (" + text("DPI_Alt") + "x" +
+               text("DPI_AnchoCubo") + "x" + text("DPI_llanta") + ")";
+    }
+    std::string coupling() const {
+        const sql::Value& coupling = proposal_["DPI_Acopla"];
+        return !coupling.isNull() && coupling.toDouble() == 1 ? "Mec. " : "";
+    }
+
+  private:
+    std::string text(std::string_view column) const { return joined(proposal_[column]); }
+
+    const sql::Recordset& proposal_;
+};
 
 }  // namespace
 
@@ -59,22 +42,21 @@ std::string joined(const sql::Value& value) {
 }
 
 std::string orderDescription(const sql::Recordset& proposal) {
-    const int type = proposal["DPI_tipo"].toLong();
-    if (type == data::rack) {
-        return rackDescription(proposal);
+    const data::ProductType& type = data::productType(proposal["DPI_tipo"].toLong());
+    const std::string first(type.firstWords);
+    const Words words(proposal);
+    switch (type.description) {
+        case data::OrderDescription::none:
+            return {};
+        case data::OrderDescription::toothing:
+            return words.coupling() + first + words.toothing() + words.bore();
+        case data::OrderDescription::chain:
+            return words.coupling() + first + words.chain() + std::string(type.wordsAfterChain) + words.teeth() +
+                   words.bore();
+        case data::OrderDescription::rack:  // which is never a coupling
+            return first + words.rack();
     }
-    const auto* wording = std::ranges::find(wordings, type, &Wording::type);
-    if (wording == wordings.end()) {
-        return {};
-    }
-    const sql::Value& coupling = proposal["DPI_Acopla"];
-    std::string description = !coupling.isNull() && coupling.toDouble() == 1 ? "Mec. " : "";
-    description += wording->before;
-    if (!wording->afterChainName.empty()) {
-        description += joined(proposal["dpi_pdm_texto"]);
-        description += wording->afterChainName;
-    }
-    return description + tailOf(proposal, wording->tail);
+    return {};
 }
 
 }  // namespace velmora::tracking

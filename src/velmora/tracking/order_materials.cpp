@@ -6,7 +6,7 @@
 #include <span>
 #include <string_view>
 
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 #include "velmora/tracking/order_description.h"
 
 namespace velmora::tracking {
@@ -175,12 +175,6 @@ constexpr Cutting hubCutting{"Cubo", hubCut, hubNotCut};
 constexpr std::array formulasByPiece{6, 0, 5};
 constexpr int tubeFormula = 4;
 
-/// Kept K-149: only these types get a row for the hub; the gear's hub and the variable pulley's hubs get none. Required
-/// as it is; it determines the stored rows.
-constexpr std::array typesWithHubMaterial{data::plainSprocket,  data::twoHubSprocket,   data::smoothPulley,
-                                          data::doubleSprocket, data::twoChainSprocket, data::variableSprocket,
-                                          data::tripleSprocket};
-
 constexpr double addedToEachCut = 2;
 
 /// A row of Mat being built.
@@ -234,7 +228,9 @@ class MaterialRow {
 
     // Kept K-151: two equal hubs count twice, in length and in cuts; the two hubs of the variable sprocket count once.
     // Required as it is; it determines stored lengths and cuts.
-    int hubsOfOnePiece() const { return data::hasTwinHubs(proposal_["DPI_tipo"].toLong()) ? 2 : 1; }
+    int hubsOfOnePiece() const {
+        return data::productType(proposal_["DPI_tipo"].toLong()).hubs == data::Hubs::twoAlike ? 2 : 1;
+    }
 
     double pieces() const { return proposal_["dpi_unidades"].toDouble(); }
 
@@ -282,9 +278,9 @@ bool weighs(const sql::Recordset& proposal, std::string_view column) {
 }
 
 /// The disc, or the plate of a rack; true when it will be cut here.
-bool addDisc(MaterialRow& row, screen::Screen& screen, bool rack) {
+bool addDisc(MaterialRow& row, screen::Screen& screen, data::OrderMaterials materials) {
     row.readArticle("dpi_artdisco");
-    if (rack) {
+    if (materials == data::OrderMaterials::bar) {
         row.add(rackPlate);
         return row.addCut(screen, rackCutting);
     }
@@ -300,14 +296,13 @@ bool addDisc(MaterialRow& row, screen::Screen& screen, bool rack) {
 
 void addMaterials(session::Session& session, screen::Screen& screen, const session::KestraUtil& oUtil,
                   const sql::Recordset& proposal, WorkOrder& order) {
-    const int type = proposal["DPI_tipo"].toLong();
+    const data::OrderMaterials materials = data::productType(proposal["DPI_tipo"].toLong()).materials;
     if (weighs(proposal, "DPI_DisCortPESO")) {
         MaterialRow row(session, oUtil, proposal, order);
-        order.cuts = addDisc(row, screen, data::isRack(type)) ? 1 : 0;
+        order.cuts = addDisc(row, screen, materials) ? 1 : 0;
         row.insert();
     }
-    if (weighs(proposal, "DPI_CubCortPESO") &&
-        std::ranges::find(typesWithHubMaterial, type) != typesWithHubMaterial.end()) {
+    if (weighs(proposal, "DPI_CubCortPESO") && materials == data::OrderMaterials::discAndHub) {
         MaterialRow row(session, oUtil, proposal, order);
         row.readArticle("dpi_artcubo");
         row.add(hub);

@@ -43,7 +43,7 @@ constexpr std::array copiedColumns{
 }  // namespace
 
 void addSprocketData(session::Session& session, const sql::Recordset& proposal, WorkOrder& order) {
-    if (data::isRack(proposal["DPI_tipo"].toLong())) {
+    if (data::productType(proposal["DPI_tipo"].toLong()).shape == data::ProductShape::rack) {
         return;
     }
     session::FieldList& campos = beginRow(session, "OrdPiñones");
