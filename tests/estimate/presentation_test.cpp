@@ -145,6 +145,7 @@ class PresentationTest : public Workshop {
 };
 
 TEST_F(PresentationTest, EachTypeShowsItsOwnFieldsAndHidesTheRest) {
+    ASSERT_EQ(typeRows().size(), data::productTypes.size());
     for (const TypeRow& row : typeRows()) {
         closeForm();
         chooseType(row.type);
@@ -171,7 +172,38 @@ TEST_F(PresentationTest, EachTypeBearsItsCaptions) {
     }
 }
 
-TEST_F(PresentationTest, TheFrameOfMeasuresIsNamedByTheTypesThatUseIt) {
+TEST_F(PresentationTest, EachTypesOwnFrameBearsItsCaption) {
+    struct Row {
+        const char* frame;
+        const char* caption;
+    };
+    const Row rows[] = {
+        {"Frame2", "Medidas del piñon"},
+        {"Frame2", "Medidas del disco"},
+        {"Frame2", "Medidas del piñon de 2 cubos"},
+        {"Frame2", "Medidas de la polea lisa"},
+        {"fraPDM", "Medidas Piñon Doble"},
+        {"fraPDM", "Medidas Piñon Doble"},
+        {"fraPDM", "Medidas Piñon Doble"},
+        {"fraPDM", "Medidas Piñon Doble"},
+        {"Frame2", "Medidas del piñon"},
+        {"Frame2", "Medidas del disco"},
+        {"fraDobleVar", "Medidas Piñon 2 Cubos Variables"},
+        {"fraDobleVar", "Medidas Polea Lisa 2 Cubos Variable"},
+        {"fraTriple", "Medidas Piñon Triple"},
+        {"fraCremallera", "Medidas Cremallera"},
+        {"fraTriple", "Medidas Disco Triple"},
+    };
+    ASSERT_EQ(std::size(rows), data::productTypes.size());
+    for (const data::ProductType& type : data::productTypes) {
+        const Row& row = rows[type.number];
+        chooseType(type.number);
+        EXPECT_TRUE(control(row.frame).visible()) << type.name;
+        EXPECT_EQ(dynamic_cast<screen::Frame&>(control(row.frame)).caption(), row.caption) << type.name;
+    }
+}
+
+TEST_F(PresentationTest, AFrameKeepsItsCaptionWhileATypeOfAnotherIsShown) {
     struct Row {
         int type;
         const char* caption;

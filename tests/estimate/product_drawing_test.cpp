@@ -1,5 +1,6 @@
 #include "velmora/estimate/product_drawing.h"
 
+#include <map>
 #include <set>
 #include <variant>
 
@@ -94,14 +95,24 @@ TEST_P(ProductDrawing, WhatLeadsOutToATotalWidthBelongsToItsDimension) {
     EXPECT_EQ(ledOut, totals);
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryType, ProductDrawing, ::testing::Range(-1, 15));
+INSTANTIATE_TEST_SUITE_P(EveryType, ProductDrawing,
+                         ::testing::Range(-1, static_cast<int>(data::productTypes.size()) + 1));
 
-TEST(ProductDrawings, HubsFollowTheType) {
+TEST(ProductDrawings, HubsOfAPieceWithOneRimFollowTheType) {
+    const std::map<int, Hubs> expected{{0, Hubs::one}, {1, Hubs::none}, {2, Hubs::two},
+                                       {3, Hubs::two}, {8, Hubs::one},  {9, Hubs::none}};
     for (const data::ProductType& type : data::productTypes) {
-        const bool disc = type.number == data::disc || type.number == data::gearDisc;
-        const Hubs hubs = disc ? Hubs::none : Hubs::one;
-        EXPECT_EQ(hubsOf(type.number), type.hubs == data::Hubs::twoAlike ? Hubs::two : hubs) << type.number;
+        const auto row = expected.find(type.number);
+        ASSERT_EQ(row != expected.end(), type.shape == data::ProductShape::oneRim) << type.name;
+        if (row != expected.end()) {
+            EXPECT_EQ(hubsOf(type.number), row->second) << type.name;
+        }
     }
+}
+
+TEST(ProductDrawings, ATypeThatNobodyKnowsHasOneHub) {
+    EXPECT_EQ(hubsOf(-1), Hubs::one);
+    EXPECT_EQ(hubsOf(99), Hubs::one);
 }
 
 TEST(ProductDrawings, TextsAreInTheLocalesFormAndZeroIsNone) {

@@ -35,7 +35,7 @@ class LoadingTest : public ::testing::Test {
     std::vector<std::string> messages() { return workshop.screen.messageTexts(); }
     /// One proposal of every type with figures that no rule would work out; type 0 has number 1, and so on.
     void storeEveryType() {
-        for (int type = 0; type < 15; ++type) {
+        for (int type = 0; data::findProductType(type); ++type) {
             const bool rack = type == data::rack;
             const bool chain = data::hasChainList(type);
             store(type, ",DPI_DmExt,DPI_IdParDisco,DPI_PDM_Tipo,DPI_PDM_Texto,DPI_PDM_x,DPI_PDM_b1,DPI_PDM_h1",
@@ -144,7 +144,7 @@ TEST_F(LoadingTest, OpeningAndSavingUnchangedChangesNoStoredFigureOfAnyType) {
     };
     for (const Opening& opening : {Opening{"180", false}, Opening{"180", true}, Opening{"98", false}}) {
         workshop.database->execute(std::string("UPDATE DPI SET DPI_DmExt=") + opening.exterior);
-        for (int type = 0; type < 15; ++type) {
+        for (int type = 0; data::findProductType(type); ++type) {
             const std::vector<std::string> stored = storedRow(type + 1);
             if (opening.anew) {
                 workshop.openAnew();
@@ -210,7 +210,7 @@ TEST_F(LoadingTest, ThePulleysSecondHubIsUnknownAfterALoad) {
 
 TEST_F(LoadingTest, ALoadEndsWithTheApproximateWeightOfThePieceOrWithNone) {
     storeEveryType();
-    for (int type = 0; type < 15; ++type) {
+    for (int type = 0; data::findProductType(type); ++type) {
         workshop.form().fields().txtPesu(17).setText("5");
         workshop.form().fields().txtPesu(17).setToolTip("of another piece");
         workshop.form().fields().lblFormulaPeso.setCaption("of another piece");

@@ -170,7 +170,8 @@ TEST_F(SavingTest, EachTypeWritesTheColumnsOfMultipleProductsInItsWay) {
     const std::vector<std::vector<std::string>> expected{nulls,     nulls,     nulls,   nulls, doubles,
                                                          doubles,   doubles,   doubles, marks, marks,
                                                          variables, variables, triples, marks, triples};
-    for (int type = 0; type < 15; ++type) {
+    ASSERT_EQ(expected.size(), data::productTypes.size());
+    for (int type = 0; data::findProductType(type); ++type) {
         ProposalWorkshop fresh;
         auto& f = fresh.fields();
         f.cboTipoPre.setListIndex(type);
