@@ -15,7 +15,7 @@ double DimensionConstants::FnDmCubo(double& dp) {
 
 double DimensionConstants::FnAnchoTotal(double& dp) {
     const double k = factor("SELECT top 1 Calculos_Constante from Calculos where Calculos_Tipo = 2 and ", dp);
-    // Kept K-005: a factor of 0 reads "---" here and "DP x 0" at the hub; users know the two captions apart by it.
+    // Kept K-005: a factor of 0 gives "---" here and "DP x 0" at the hub. Required as it is; users read both captions.
     f_.lblFormulaAncho.setCaption(k == 0 ? "---" : "DP x " + CStr(k));
     return scaledToFive(dp, k);
 }

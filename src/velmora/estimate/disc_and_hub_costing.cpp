@@ -32,8 +32,8 @@ void DiscAndHubCosting::msCorteDisco() {
     trap([&] { put(f_.txtPesu(money::discCut), discCut()); });
 }
 
-// Kept K-009: the exterior diameter stands against the texts "120", "250" and "500" by character codes: "98" is
-// beyond all three, "105" within the first. The thickness step corrects most of it, and stored cuts show the rest.
+// Kept K-009: the exterior diameter is compared as text with "120", "250" and "500", by character codes: "98" is above
+// all three, "105" below the first. Required as it is; it determines stored cuts.
 void DiscAndHubCosting::msCalcularDisco() {
     if (f_.bCargandoDisco) {
         return;
@@ -223,9 +223,9 @@ void DiscAndHubCosting::Text4_Change(int Index) {
     }
 }
 
-// Kept K-010: this event groups the indexes otherwise than the change does: the hub's sizes count as the disc's.
-// Chosen C-005: it is the double click. No way of leaving a field raises it: a weight or an amount that was typed stays
-// until its sizes or prices change.
+// Kept K-010: this event groups the indexes differently from the change: the hub's sizes count as the disc's. Required
+// as it is; it determines stored weights and amounts. Chosen C-005: it is the double click. Leaving a field never
+// raises it, so a typed weight or amount stays until its sizes or prices change.
 void DiscAndHubCosting::Text4_DblClick(int Index) {
     if (Index <= 3) {
         discChanged();
@@ -310,8 +310,8 @@ void DiscAndHubCosting::Text4_LostFocus(int Index) {
     }
     if (Index >= 50 && Index <= 52) {
         writeRackWeight();
-        // Kept K-175: while a size is typed the bar is priced with the cut of the size before; its weight follows each
-        // key.
+        // Kept K-175: while a size is typed the bar is priced with the cut of the previous size; its weight follows
+        // each key press. Required as it is; it determines amounts on the screen.
         totals_.writeRackCut();
         totals_.msRecalcularImportes(cut::barThickness);
     } else if (Index >= 53 && Index <= 56) {

@@ -42,8 +42,8 @@ void Gears::takeOver(std::int32_t nIdEngranaje) {
     put(f_.txtModulo, row["eng_modulo"]);
     presentation_.showModule();
     f_.Text1(measure::keyway).setFocus();
-    // Kept K-173: the disc alone is worked out anew. A gear whose pitch diameter is 120 mm or less leaves the hub's
-    // sizes and amount as they stood, those of a larger gear chosen just before among them; stored prices were made so.
+    // Kept K-173: only the disc is calculated. For a pitch diameter of 120 mm or less the hub's sizes and amount stay
+    // as they were, including those of a larger gear chosen before. Required as it is; it determines stored amounts.
     materials_.cboMatDisco_Click();
 }
 

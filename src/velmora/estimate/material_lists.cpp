@@ -41,9 +41,9 @@ void MaterialLists::fill(ComboBox& list, const char* statement) {
     // Asked for first: a list that cannot be read leaves the one that stands.
     sql::Recordset rows = session_.Connection().execute(statement);
     for (list.clear(); !rows.eof(); rows.moveNext()) {
-        // Kept K-006: the key is read back from three characters, so that a number above 999 cannot be chosen; the
-        // stored proposals and the other lists of the host count on this form of entry.
-        // Differs D-173: a material without a name is listed by its number; its null would keep the form shut.
+        // Kept K-006: the key is read from the first three characters, so a number above 999 cannot be chosen. Required
+        // as it is; it determines the stored key. Differs D-173: a material without a name is listed by its number;
+        // otherwise its null would prevent the form from opening.
         const sql::Value& name = rows["PARDPI_Nom"];
         list.addItem(runtime::Format(rows["PARDPI_ID"].toDouble(), "000") + " - " +
                      (name.isNull() ? std::string() : name.toText()));

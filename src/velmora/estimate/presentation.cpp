@@ -215,7 +215,7 @@ void Presentation::showModule() {
     f_.Label1(label::chainWidth).setCaption("Modulo");
 }
 
-// Kept K-014: a new gear bears the plain captions and fields until it has been saved and read back.
+// Kept K-014: a new gear has the plain captions and fields until it has been saved and loaded.
 void Presentation::msPresentarEngranaje() {
     const data::ProductType& type = f_.product();
     if (type.toothing != data::Toothing::gear) {

@@ -62,7 +62,7 @@ constexpr std::array ironSteps{6, 8, 10, 12, 15, 16, 18, 20, 22, 25, 30, 35, 40,
 
 double FnMultiplo(double x, int n) {
     const double q = divide(x, n);
-    // Kept K-001: the test divides by 5 whatever the step; all callers pass 5, and stored sizes come from it.
+    // Kept K-001: the test divides by 5 whatever the step. All callers pass 5; changing it changes stored sizes.
     if (Int(x / 5) == q) {
         return Round(x);
     }
@@ -89,14 +89,14 @@ double scaledToFive(double& dp, double k) {
 }
 
 double pitchDiameter(double paso, double z) {
-    // Kept K-002: 3.1416 stands for π and the angle goes through degrees in this order; an exact π would move the
-    // second decimal of diameters that customers have on their drawings.
+    // Kept K-002: 3.1416 is used for π and the angle goes through degrees in this order. Required as it is; an exact π
+    // changes the second decimal of stored diameters.
     return Round(divide(paso, std::sin((divide(180, z) * shopPi) / 180)), 2);
 }
 
 double pulleyExterior(double rootDiameter) {
-    // Kept K-003: decimals are looked for in the last two characters of the hundredths as text (6137 gives 37, 610
-    // gives 10), and the last rounding is half to even; stored pulleys were turned to these diameters.
+    // Kept K-003: the decimals are the last two characters of the hundredths as text (6137 gives 37, 610 gives 10), and
+    // the last rounding is half to even. Required as it is; it determines stored diameters.
     const double hundredths = Round(rootDiameter, 2) * 100;
     const bool hasDecimals = CDbl(runtime::Right(CStr(hundredths), 2)) > 0;
     return Round(hasDecimals ? rootDiameter + 0.5 : rootDiameter);
@@ -115,7 +115,8 @@ double fnCorteGrueso(double diametro, double& grueso, const ThicknessList& lista
         }
         ++i;
     }
-    // Kept K-004: the first entry of the list is never taken, even where it would do.
+    // Kept K-004: the first entry of the list is never taken, even when it is large enough. Required as it is; it
+    // determines stored thicknesses.
     const int chosen = i > lista.ListCount() ? lista.ListCount() : (i == 0 ? 1 : i);
     return CDbl(lista.List(chosen));
 }

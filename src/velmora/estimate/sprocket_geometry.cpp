@@ -62,8 +62,8 @@ void SprocketGeometry::msRecalcularMedidas() {
     put(f_.Text1(measure::height), height());
     writeHubAndTotalWidth();
     put(f_.Text1(rim), FnLlanta(number(f_.Text1(measure::chainWidth))));
-    // Kept K-012: "Ancho total " instead of "Ancho Total " makes the caption differ, so that its change runs the
-    // thickness rule with the widths of this moment.
+    // Kept K-012: the caption "Ancho total " differs from "Ancho Total ", so that its Change event runs the thickness
+    // rule with the current widths.
     f_.Text3(caption::totalWidth).setText("Ancho total " + f_.Text1(measure::totalWidth).text());
     writeHubWidth();
     rooms_.costing.msCalcularGrueso();

@@ -181,8 +181,8 @@ void Totals::sumLot(ErrorTrap& trap) {
 }
 
 void Totals::sumPieceWithSawSpread(ErrorTrap& trap) {
-    // Kept K-008: leaving "Fijo Sierra" spreads the charge over the units, every other path adds it whole; which
-    // price stands depends on the field edited last, and quotations were given on it.
+    // Kept K-008: leaving "Fijo Sierra" spreads the charge over the units, every other path adds it whole, so the price
+    // depends on the field edited last. Required as it is; it determines stored prices.
     double f = 0;
     if (trap.condition(
             [&] { return number(f_.txtPesu(money::piece)) > 0 && number(f_.txtPesu(money::sawCharge)) != 0; })) {

@@ -47,8 +47,8 @@ double Weights::FnPeso(const sql::Value& formula, double piezas, const Operand& 
                 weight = piezas * ((d.number() * d.number() * a.number()) / 1000000) * factor.toDouble();
                 break;
             case 4: {
-                // Kept K-007: the diameters of a tube are read up to the comma (60,5 counts 60), as all its stored
-                // weights were.
+                // Kept K-007: the diameters of a tube are read up to the comma (60,5 counts 60). Required as it is; it
+                // determines stored weights.
                 const double outer = d.leading();
                 const double inner = e.leading();
                 weight = piezas * (((outer + inner) * (outer - inner) * a.number()) / 1000000) * factor.toDouble();

@@ -1,5 +1,5 @@
 #pragma once
-// What a running program offers its forms. The program makes one and keeps it alive as long as any form.
+// What a running program provides to its forms. The program creates one, which must outlive every form.
 
 #include "velmora/platform/components/components.h"
 #include "velmora/platform/screen/screen.h"

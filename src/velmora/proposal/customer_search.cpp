@@ -93,7 +93,7 @@ void CustomerSearch::takeOver(const std::string& row) {
     // A result with too few parts leaves what it does not bring as it was.
     const std::vector<std::string> parts = session::columnsOf(row);
     if (parts.size() > 1) {
-        // Kept K-015: the tag holds the code here and the customer's key after a look-up by code; nothing reads it.
+        // Kept K-015: the tag is the code here and the customer's key after a look-up by code; nothing reads it.
         code.setText(parts[1]);
         code.setTag(parts[1]);
     }

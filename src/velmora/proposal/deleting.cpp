@@ -40,8 +40,8 @@ session::Written Deleting::remove(const std::string& number) {
         {.look = [&] { return rooms_.stored.look(number, rooms_.stored.ownColumns()); },
          .write =
              [&] {
-                 // Kept K-112: the labour lines stay in their table; numbers are never given twice, so no other
-                 // proposal gets them.
+                 // Kept K-112: the labour lines stay in their table. Required as it is; numbers are never used again,
+                 // so no other proposal gets them.
                  session_.Connection().execute("delete from dpi where dpi_id = " + number);
                  return true;
              },

@@ -32,7 +32,8 @@ void addCopied(session::FieldList& campos, const std::string& column, const sql:
     } else if (value.isBit()) {
         campos.Add(column, Tipo::boolean, value.toBool() ? 1 : 0);
     } else if (value.isNumber()) {
-        // Kept K-108: two decimals, as a save writes them: a pitch of 9,525 that came from elsewhere is copied as 9,53.
+        // Kept K-108: two decimals, as a save writes them: a pitch of 9,525 written by another program is copied as
+        // 9,53.
         const bool hasDecimals = value.toText().find(',') != std::string::npos;
         campos.Add(column, hasDecimals ? Tipo::number : Tipo::wholeNumber, value);
     } else {
@@ -105,8 +106,8 @@ void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
     sql::Connection& connection = session_.Connection();
     sql::Recordset row = connection.execute("Select * from DPI where DPI_id=" + CStr(std::int64_t{nIdOrigen}));
     if (row.eof()) {
-        // Kept K-109: a proposal that somebody else has deleted meanwhile ends in the error of a commit with no
-        // transaction open; nothing is said to have been duplicated.
+        // Kept K-109: when another user has deleted the proposal meanwhile, this ends with the error of a commit
+        // without an open transaction, and no message of success is shown.
         connection.commitTrans();
         return;
     }
@@ -175,8 +176,8 @@ void Duplicating::takeNewNumber() {
 void Duplicating::copyLines(std::int32_t nIdOrigen) {
     sql::Recordset line =
         session_.Connection().execute("SELECT * FROM moDPI where moDPI_dpi = " + CStr(std::int64_t{nIdOrigen}));
-    // Kept K-110: the copy's labour stays the original's sum although its lines take today's rates; the labour form
-    // brings the two together.
+    // Kept K-110: the copy's labour keeps the original's sum although its lines get current rates; opening the labour
+    // form updates the sum. Required as it is; it determines the stored sum.
     for (; !line.eof(); line.moveNext()) {
         copyLine(line);
     }
@@ -196,8 +197,9 @@ std::string Duplicating::priceTimeAndAmount(const sql::Recordset& line) {
         session_.Connection().execute("select top 1 OPE_VENTA from ope where ope_mad = " + literal(line["modpi_maq"]) +
                                       " and ope_id = " + literal(line["MoDpi_Ope"]));
     const std::string time = literal(line["MoDpi_Tiempo"]);
-    // Kept K-111: only an operator on his own machine has a rate here; the price of an assignment, which the labour
-    // form puts first, is not asked, and the line keeps its old price.
+    // Kept K-111: only an operator assigned to the machine has a rate here; the price of an assignment, which the
+    // labour form prefers, is not read, and the line keeps its old price. Required as it is; it determines stored
+    // lines.
     const double perHour = rate.eof() || rate["OPE_VENTA"].isNull() ? 0 : rate["OPE_VENTA"].toDouble();
     if (perHour == 0 || line["MoDpi_Minutos"].isNull()) {
         return literal(line["MoDpi_Pvp"]) + "," + time + "," + literal(line["MoDpi_Importe"]);

@@ -181,7 +181,7 @@ void frmBercialPiñones::wireFields() {
         }
     }});
 
-    // Kept K-018: the remarks are painted red on entry, and yellow, not white, once the focus has left them.
+    // Kept K-018: the remarks are red with the focus, and yellow, not white, without it.
     f_.txtObservaciones.onGotFocus = [this] {
         oUtil_.ColorFoco(screen::colors::red);
         oUtil_.EntrarCampo(f_.txtObservaciones);

@@ -13,7 +13,7 @@ constexpr int gearDiscs = 1;
 }  // namespace
 
 void GearStep::cmdEng_Click() {
-    // Kept K-172: on any other type no form is shown and the gear of the last choice is read again.
+    // Kept K-172: for any other type no form is shown and the gear chosen last is read again.
     const data::ProductType& type = f_.product();
     if (type.toothing == data::Toothing::gear) {
         choose(type.hubs == data::Hubs::none ? gearDiscs : gearWheels);

@@ -1,6 +1,6 @@
 #include "velmora/proposal/history_grid.h"
 
-#include "velmora/proposal/work_order.h"
+#include "velmora/proposal/work_order_display.h"
 
 namespace velmora::proposal {
 

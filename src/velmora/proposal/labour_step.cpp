@@ -13,7 +13,7 @@ void LabourStep::cmdManoObra_Click() {
     if (saved && wasPending && !rooms_.saving.mayBeWritten()) {
         return;
     }
-    // Kept K-106: this loads the saved proposal again, and what was typed since the last save is lost by it.
+    // Kept K-106: this loads the saved proposal again, which discards what was typed since the last save.
     rooms_.buttons.cmdCambios_Click();
     // Chosen C-102: after a refused save nothing comes back, and the refusal is said once.
     if (!saved || f_.proposal.isNew()) {
@@ -48,8 +48,8 @@ void LabourStep::takeOverSum() {
     const sql::Recordset sum = session_.Connection().execute(
         "Select isnull(sum(modpi_importe),0) as Importe from modpi where modpi_dpi = " + f_.proposal.number());
     f_.txtPesu(money::labour).setText(sum.eof() ? "0" : sum["Importe"].toText());
-    // Kept K-107: the saw charge is summed last but one and spread over the units, so the price saved with the labour
-    // differs from the one that any other entry gives; quotations were given on it.
+    // Kept K-107: the saw charge is added last but one and spread over the units, so the price saved after the labour
+    // form differs from that of any other entry. Required as it is; it determines stored prices.
     for (const int field : {8, 7, 9, 5, 14, 10}) {
         rooms_.totals.msRecalcularImportes(field);
     }

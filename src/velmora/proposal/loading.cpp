@@ -271,7 +271,7 @@ void Loading::putAmounts(const sql::Recordset& row) {
 bool Loading::putByType(const sql::Recordset& row) {
     const int type = f_.type();
     if (data::hasChainList(type)) {
-        // Kept K-016: a multiple product without its gap ends the load here, without a word.
+        // Kept K-016: a multiple product without its gap ends the load here, without a message.
         if (row["DPI_PDM_X"].isNull()) {
             return false;
         }
@@ -286,8 +286,8 @@ bool Loading::putByType(const sql::Recordset& row) {
         }
         rooms_.geometry.Text1_LostFocus(measure::gap);
     } else if (type == data::variableSprocket) {
-        // Kept K-017: only the sprocket's second hub is put on the form; the pulley's fields stay as they were and
-        // count as unknown until the user changes one of them.
+        // Kept K-017: only the sprocket's second hub is loaded; the pulley's fields stay as they were and count as
+        // unknown until the user changes one of them.
         put(f_.Text1(measure::secondHubDiameter), row["DPI_PDM_B1"]);
         put(f_.Text1(measure::secondHubWidth), row["DPI_PDM_h1"]);
         rooms_.geometry.Text1_LostFocus(measure::gap);
@@ -356,8 +356,8 @@ void Loading::setButtons() {
     if (f_.proposal.isAccepted()) {
         controls_.cmdCambios.setEnabled(false);
     } else {
-        // Kept K-060: the button goes off for a pending proposal although key F1 works on; the way back to editing
-        // turns it on again, and users know the two states by it.
+        // Kept K-060: the button is disabled for a pending proposal although key F1 still works; returning to editing
+        // enables it again. Required as it is; users see the button.
         controls_.cmdManoObra.setEnabled(false);
         controls_.cmdCambios.setEnabled(true);
     }
@@ -380,8 +380,8 @@ void Loading::finish() {
         rooms_.totals.msMostrarFormula();
     }
     f_.bCargandoPropuesta = false;
-    // Kept K-061: a load that got to its end has disabled the form, so that the remarks do not take the focus; given
-    // after enabling, the focus would leave the field in which the user was and run its calculations.
+    // Kept K-061: a complete load has disabled the form, so that the remarks do not take the focus; if it were enabled,
+    // the field left would run its calculations.
     runtime::ErrorTrap trap;
     trap([&] { f_.txtObservaciones.setFocus(); });
     f_.form.setEnabled(true);

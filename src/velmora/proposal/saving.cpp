@@ -69,7 +69,7 @@ bool Saving::msGrabar(bool bSilencio) {
     const session::Written written = write(isNew, error);
     const bool stored = written == session::Written::yes;
     if (stored && !bSilencio) {
-        // Kept K-062: a new row is told with the icon of information, a changed one without any.
+        // Kept K-062: the message for a new row has the information icon, that for a changed row none.
         screen_.show({.text = "Datos Grabados satisfactoriamente",
                       .icon = isNew ? screen::Icon::information : screen::Icon::none});
     } else if (!stored && written != session::Written::declined) {

@@ -32,8 +32,8 @@ void SideWindows::cmdHPrecios_Click(int Index) {
         form.nFormula = row["art_for"].isNull() ? 0 : row["art_for"].toLong();
         form.txtFields(0).setText(textOf(row["art_cod"]));
         form.txtFields(1).setText(textOf(row["art_des"]));
-        // Kept K-185: the first material counts as none and its list stays empty, also when it was chosen: it is the
-        // one on which a list stands that nobody has touched.
+        // Kept K-185: the first material counts as none, also when it was chosen, and its list of prices stays empty:
+        // it is the entry that an untouched list shows.
         if (chosen.list.listIndex() >= 1) {
             form.msCargar();
         }

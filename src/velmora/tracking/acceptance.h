@@ -11,8 +11,8 @@
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/kestra_util.h"
 #include "velmora/platform/session/session.h"
+#include "velmora/tracking/acceptance_step.h"
 #include "velmora/tracking/tracking_fields.h"
-#include "velmora/tracking/work_order.h"
 
 namespace velmora::tracking {
 

@@ -1,7 +1,7 @@
 #include "velmora/tracking/opening.h"
 
 #include "velmora/proposal/frm_bercial_pinones.h"
-#include "velmora/proposal/work_order.h"
+#include "velmora/proposal/work_order_display.h"
 
 namespace velmora::tracking {
 

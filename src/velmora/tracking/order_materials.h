@@ -5,7 +5,7 @@
 #include "velmora/platform/session/kestra_util.h"
 #include "velmora/platform/session/session.h"
 #include "velmora/platform/sql/recordset.h"
-#include "velmora/tracking/work_order.h"
+#include "velmora/tracking/acceptance_step.h"
 
 namespace velmora::tracking {
 

@@ -3,8 +3,8 @@
 
 #include "velmora/platform/runtime/date.h"
 #include "velmora/platform/session/session.h"
+#include "velmora/tracking/acceptance_step.h"
 #include "velmora/tracking/tracking_fields.h"
-#include "velmora/tracking/work_order.h"
 
 namespace velmora::tracking {
 

@@ -6,7 +6,7 @@
 
 #include "velmora/platform/session/session.h"
 #include "velmora/platform/sql/recordset.h"
-#include "velmora/tracking/work_order.h"
+#include "velmora/tracking/acceptance_step.h"
 
 namespace velmora::tracking {
 

@@ -87,13 +87,13 @@ void Interpreter::play(const Command& command) {
     if (found == table().end()) {
         wrong("no such command", command.name);
     }
-    const auto [least, most, deed] = found->second;
+    const auto [least, most, action] = found->second;
     const std::size_t count = command.arguments.size();
     if (count < least || count > most) {
         wrong("too few or too many values", command.name);
     }
     // A check that could not be evaluated counts as failed.
-    const bool done = stage_.journal.guard([&] { (this->*deed)(command); });
+    const bool done = stage_.journal.guard([&] { (this->*action)(command); });
     checkFailed_ = checkFailed_ || (!done && command.name.starts_with("expect"));
 }
 
@@ -171,10 +171,10 @@ State Interpreter::stateNamed(std::string_view name) const {
     return name == formName ? stateOf(top()) : stateOf(control(name));
 }
 
-void Interpreter::must(const Command& command, Control& control, const std::function<bool()>& deed) {
+void Interpreter::must(const Command& command, Control& control, const std::function<bool()>& action) {
     // Chosen C-260: controls of a form beneath another can be read but refuse every action, as with any modal window.
     const std::string& name = command.arguments[0].text;
-    if (&control.form() == &top() && deed()) {
+    if (&control.form() == &top() && action()) {
         return;
     }
     stage_.journal.line("error refused " + name);

@@ -102,7 +102,7 @@ class Interpreter {
     screen::Control& control(std::string_view name) const;
     State stateNamed(std::string_view name) const;
     /// Performs a user action; a refusal ends the script unless the line began with `try`.
-    void must(const Command& command, screen::Control& control, const std::function<bool()>& deed);
+    void must(const Command& command, screen::Control& control, const std::function<bool()>& action);
     void checked(const Command& command, bool holds, std::string_view found);
 
     Stage stage_;

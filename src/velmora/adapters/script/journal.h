@@ -27,10 +27,10 @@ class Journal {
     void message(const screen::MessageBox& box, std::string_view answer);
 
     /// Runs the consequences of a user action. An error that nothing inside traps is printed and ends it: false.
-    template <typename Deed>
-    bool guard(Deed&& deed) {
+    template <typename Action>
+    bool guard(Action&& action) {
         try {
-            deed();
+            action();
             return true;
         } catch (const runtime::RuntimeError& e) {
             error(e);

@@ -52,8 +52,8 @@ Emitted toWhole(Emitted value, const Type& type) {
             return value.literal ? literalToWhole(*value.literal, type) : call("vm_whole", value, type);
         case Kind::real:
         case Kind::decimal: {
-            // Kept K-201: a number with decimals loses them on its way into an int and is rounded on its way into a
-            // numeric, as the server converts.
+            // Kept K-201: decimals are truncated on conversion to an int and rounded on conversion to a numeric, as the
+            // server does.
             const bool rounds = type.scale == 0;
             const std::string whole = rounds ? "vm_round(" + value.sql + ", 0)" : value.sql;
             return {.sql = "CAST(" + whole + " AS INTEGER)", .type = type};

@@ -11,8 +11,8 @@ namespace velmora::sqlite {
 
 namespace {
 
-/// Kept K-202: blanks behind a text count for nothing when it is compared, so that a code typed with one is found;
-/// a comparison that saw them would part what the server holds for the same key.
+/// Kept K-202: trailing blanks are ignored when texts are compared, as on the server, so a code typed with one is
+/// found.
 std::string_view withoutTrailingBlanks(std::string_view text) {
     const auto last = text.find_last_not_of(' ');
     return text.substr(0, last == std::string_view::npos ? 0 : last + 1);

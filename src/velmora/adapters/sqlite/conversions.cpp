@@ -161,8 +161,8 @@ std::optional<double> numberFromText(std::string_view text) {
 }
 
 std::string textFromReal(double value) {
-    // Kept K-200: a float cast to text keeps six significant digits, so that a length of a million reads 1e+006; the
-    // measures of purchase lists are made of it, and more digits would no longer be what the server shows.
+    // Kept K-200: a float cast to text keeps six significant digits, as on the server, so a length of a million reads
+    // 1e+006. Statements build the measures of purchase lists from it.
     std::array<char, 32> buffer;
     const auto [end, error] =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6);

@@ -5,8 +5,8 @@
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
 #include "velmora/apps/desktop/options.h"
-#include "velmora/apps/desktop/picture_book.h"
 #include "velmora/apps/desktop/start_form.h"
+#include "velmora/apps/desktop/window_pictures.h"
 #include "velmora/apps/desktop/workshop.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 
@@ -16,7 +16,7 @@ using namespace velmora;
 
 /// Runs without a user, so errors go to the standard error output instead of a message box.
 int makePictures(qt::QtScreen& screen, session::Session& session, platform::Desk& desk, const std::string& folder) {
-    for (const std::string& path : desktop::writePictures(screen, desktop::pictureBook(session, desk), folder)) {
+    for (const std::string& path : desktop::writePictures(screen, desktop::windowPictures(session, desk), folder)) {
         std::cout << path << '\n';
     }
     return 0;

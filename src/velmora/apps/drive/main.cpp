@@ -3,7 +3,7 @@
 
 #include "database.h"
 #include "options.h"
-#include "performance.h"
+#include "script_run.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
         return *status;
     }
     try {
-        return static_cast<int>(drive::perform(std::get<drive::Options>(options)));
+        return static_cast<int>(drive::runScript(std::get<drive::Options>(options)));
     } catch (const drive::NoDatabase& e) {
         std::cerr << "velmora-drive: " << e.what() << '\n';
         return static_cast<int>(script::Status::wrong);

@@ -1,5 +1,5 @@
 #pragma once
-// What the background of a field tells.
+// Meaning of a field's background.
 
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/layout.h"
@@ -7,15 +7,15 @@
 namespace velmora::toolkit {
 
 enum class Ground {
-    entered,     ///< the user types here
-    calculated,  ///< the program does, or nobody can at present
+    entered,     ///< the user can type here
+    calculated,  ///< set by the program, or disabled
     focus,       ///< the field has the focus
-    own,         ///< the control's own colour, which code gave it
-    none         ///< a text that stands on the form itself
+    own,         ///< a colour set by code
+    none         ///< a text directly on the form
 };
 
-/// The first that holds: a role of a label; a background that code has set to anything but white; the focus; disabled,
-/// itself or through a frame; else what the role says. While a whole form is disabled none of its fields shows the
+/// The first that applies: the role of a label; a background that code has set to anything but white; the focus;
+/// disabled, itself or through a frame; otherwise by the role. While a form is disabled, none of its fields shows the
 /// focus.
 Ground groundOf(const screen::Control& control, screen::Role role);
 

@@ -14,7 +14,7 @@ using screen::Layout;
 using Kind = Layout::Kind;
 using Part = LayoutPlan::Kind;
 
-/// A column of the layout is three of the plan: caption, control, unit.
+/// A column of the layout is three columns of the plan: caption, control, unit.
 constexpr int parts = 3;
 
 bool isTurnOfFields(const Layout& node) {
@@ -25,7 +25,7 @@ bool beginsWithCaption(const Layout& node) {
     return node.kind == Kind::row && !node.children.empty() && isCaptionedField(node.children.front());
 }
 
-/// Where a child of the grid stands.
+/// Position of a child in the grid.
 struct Place {
     int row = 0;
     int column = 0;  ///< the first of its three
@@ -64,7 +64,7 @@ class GridPlanner {
         }
     }
 
-    // Where nothing grows, what is left over stays at the right and below.
+    // Where nothing grows, the remaining space stays at the right and at the bottom.
     void leaveRoomOver() {
         const auto none = [](const std::vector<int>& stretches) {
             return std::ranges::all_of(stretches, [](int s) { return s == 0; });
@@ -101,7 +101,7 @@ class GridPlanner {
             putCaption(field, place);
         }
         const bool unit = !field.unit.empty();
-        // A field that grows takes the columns behind it too, so that its edge meets the edge of the group.
+        // A growing field also spans the columns after it, so that its edge is aligned with that of the group.
         put(controlCell(field), place.row, place.column + 1, !unit && growsSideways(field) ? place.span - 1 : 1);
         if (unit) {
             put({.part = {.kind = Part::unit, .node = &field}, .alignment = Alignment::leftCentre}, place.row,
@@ -109,7 +109,7 @@ class GridPlanner {
         }
     }
 
-    // A row that begins with a captioned field lines its caption up with those above and below.
+    // In a row that begins with a captioned field, that caption is aligned with those above and below.
     void addRow(const Layout& row, const Place& place) {
         const Layout& first = row.children.front();
         putCaption(first, place);
@@ -129,7 +129,8 @@ class GridPlanner {
         put({.part = std::move(rest)}, place.row, place.column + 1, place.span - 1);
     }
 
-    // Fields that take turns keep the lines of their grid: captions share one cell, controls the next, units the last.
+    // Fields that share a place keep the columns of their grid: captions share one cell, controls the next, units the
+    // last.
     void addTurns(const Layout& turns, const Place& place) {
         LayoutPlan captions{.kind = Part::turns, .node = &turns};
         LayoutPlan controls = captions;

@@ -1,25 +1,25 @@
 #pragma once
-// The parts of a layout's plan that boxes and grids share, and the plan of a grid.
+// Plan of a grid, and the parts that plans of boxes and grids share.
 
 #include "velmora/platform/toolkit/layout_plan.h"
 
 namespace velmora::toolkit {
 
-/// A field whose caption stands before it.
+/// True for a field with its caption before it.
 bool isCaptionedField(const screen::Layout& node);
 
-/// A field's caption in a cell; beside a text of several lines it stands at the top.
+/// A field's caption in a cell; at the top when the field has several lines.
 PlanCell captionCell(const screen::Layout& field);
-/// A field's control in a cell: it fills it where it grows, else it is as wide as it is by itself.
+/// A field's control in a cell: at full width when it grows, otherwise at its natural width.
 PlanCell controlCell(const screen::Layout& field);
 
 enum class AlignTop { no, yes };
-/// A node as the next cell of a box; a node that has nothing to show adds none. `alignTop`: a single field beside
-/// something tall stands at the top.
+/// Adds a node as the next cell of a box; a node without anything to show adds none. `alignTop`: a single field beside
+/// something tall is aligned to the top.
 void addToBox(LayoutPlan& box, const screen::Layout& node, AlignTop alignTop);
 
-/// A node's children in so many columns, row by row. Each takes three columns of the plan: captions line up in the
-/// first, controls in the second, units in the third.
+/// A node's children in the given number of columns, row by row. Each takes three columns of the plan: captions are
+/// aligned in the first, controls in the second, units in the third.
 LayoutPlan planGrid(const screen::Layout& node, int columns);
 
 }  // namespace velmora::toolkit

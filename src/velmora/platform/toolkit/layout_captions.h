@@ -1,5 +1,5 @@
 #pragma once
-// What stands beside a field, and what assistive technology calls it.
+// The caption of a field and its name for assistive technology.
 
 #include <string>
 
@@ -7,13 +7,13 @@
 
 namespace velmora::toolkit {
 
-/// The field has a caption, of a label or a fixed one.
+/// True when the field has a caption: a label or a fixed text.
 bool hasCaption(const screen::Layout& field);
-/// The caption at this moment; empty when there is none.
+/// The current caption; empty when there is none.
 std::string captionOf(const screen::Layout& field);
 
 /// The control's own accessible name; else caption and unit, "Ancho (mm)"; else its tool tip; else its full name.
-/// `field` has a control.
+/// `field` must have a control.
 std::string accessibleNameOf(const screen::Layout& field);
 
 }  // namespace velmora::toolkit

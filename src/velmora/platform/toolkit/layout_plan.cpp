@@ -33,7 +33,7 @@ LayoutPlan planGroup(const Layout& node) {
     return group;
 }
 
-/// A field with its caption before it or above it, and its unit behind it.
+/// A field with its caption before or above it and its unit after it.
 LayoutPlan planField(const Layout& node) {
     if (node.control == nullptr) {
         return {};

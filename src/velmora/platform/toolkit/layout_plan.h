@@ -1,6 +1,6 @@
 #pragma once
-// A layout worked out into boxes and grids: which caption lines up with which, what stretches, what is aligned how. A
-// toolkit turns it into its own layouts one to one.
+// A layout resolved into boxes and grids: alignment of captions, stretching, spacing. A toolkit maps it one to one to
+// its own layouts.
 
 #include <vector>
 
@@ -8,20 +8,20 @@
 
 namespace velmora::toolkit {
 
-/// Distances; how many pixels each is belongs to the toolkit's looks.
+/// Kinds of spacing; the toolkit's style determines the pixels of each.
 enum class Spacing {
     caption,  ///< between a field and a caption above it
-    parts,    ///< between things side by side
+    parts,    ///< between parts side by side
     lines,    ///< between the lines of a group
-    groups,   ///< between groups, and between anything tall
+    groups,   ///< between groups, and between other tall parts
 };
 
 enum class Alignment {
     fill,
-    top,        ///< as wide as there is room, at the upper edge
-    centre,     ///< as wide as there is room, in the middle of its height
-    leftTop,    ///< as wide as it is by itself
-    leftCentre  ///< likewise, in the middle of its height
+    top,        ///< full width, aligned to the top
+    centre,     ///< full width, vertically centred
+    leftTop,    ///< natural width, aligned to the top
+    leftCentre  ///< natural width, vertically centred
 };
 
 struct PlanCell;
@@ -32,35 +32,36 @@ struct LayoutPlan {
         control,  ///< of the field `node`
         caption,  ///< of the field `node`: its label, or its fixed text
         unit,     ///< of the field `node`
-        space,    ///< room that is left over
-        box,      ///< cells side by side, or one below the other
-        grid,     ///< cells at rows and columns; parts without a cell of their own span several columns
-        turns,    ///< pages at one place: that of the first visible child of `node` is shown, none when there is none
-        group,    ///< the frame of `node` around one cell, or none
+        space,    ///< remaining space
+        box,      ///< cells side by side or one below the other
+        grid,     ///< cells in rows and columns; parts without a cell of their own span several columns
+        turns,    ///< pages in one place: only that of the first visible child of `node` is shown
+        group,    ///< the frame of `node` around one cell or none
     };
 
     Kind kind = Kind::nothing;
     const screen::Layout* node = nullptr;
-    bool horizontal = false;              ///< of a box
-    Spacing spacing = Spacing::parts;     ///< between the cells of a box, the lines of a grid
-    std::vector<PlanCell> cells = {};     ///< of a box, grid, group; the pages of turns
-    std::vector<int> columnStretch = {};  ///< of a grid, by column: shares of the width that is left over
-    std::vector<int> rowStretch = {};     ///< of a grid, by row: shares of the height that is left over
-    /// A page of turns: its frame, or its caption's label, is shown by its turn and not by its own visibility.
+    bool horizontal = false;              ///< for a box
+    Spacing spacing = Spacing::parts;     ///< between the cells of a box or the lines of a grid
+    std::vector<PlanCell> cells = {};     ///< of a box, grid or group; the pages of a shared place
+    std::vector<int> columnStretch = {};  ///< for a grid, by column: share of the remaining width
+    std::vector<int> rowStretch = {};     ///< for a grid, by row: share of the remaining height
+    /// A page of a shared place: whether its frame, or the label of its caption, is shown depends on the place and not
+    /// on its own visibility.
     bool shownByTurn = false;
 };
 
 struct PlanCell {
     LayoutPlan part;
     Alignment alignment = Alignment::fill;
-    int stretch = 0;  ///< in a box: share of the room that is left over
+    int stretch = 0;  ///< in a box: share of the remaining space
     int row = 0;      ///< in a grid
     int column = 0;
     int columnSpan = 1;
-    bool indented = false;  ///< a caption that follows another column: set off by Spacing::parts
+    bool indented = false;  ///< a caption after another column: separated by Spacing::parts
 };
 
-/// The plan of a tree. It refers to the tree's nodes, which must stay where they are.
+/// The plan of a layout tree. It refers to the tree's nodes, which must outlive it and not move.
 LayoutPlan planOf(const screen::Layout& tree);
 
 }  // namespace velmora::toolkit

@@ -8,6 +8,6 @@
 namespace velmora::drive {
 
 /// Output goes to the standard output, the reason of an early end to the standard error output. Errors: NoDatabase.
-script::Status perform(const Options& options);
+script::Status runScript(const Options& options);
 
 }  // namespace velmora::drive

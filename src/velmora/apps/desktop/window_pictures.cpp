@@ -1,4 +1,4 @@
-#include "velmora/apps/desktop/picture_book.h"
+#include "velmora/apps/desktop/window_pictures.h"
 
 #include <QDir>
 #include <optional>
@@ -134,37 +134,37 @@ std::unique_ptr<screen::Form> documentsForm(session::Session& session, platform:
 
 }  // namespace
 
-std::vector<Page> pictureBook(session::Session& session, platform::Desk& desk) {
-    std::vector<Page> pages;
+std::vector<WindowPicture> windowPictures(session::Session& session, platform::Desk& desk) {
+    std::vector<WindowPicture> pictures;
     for (const data::ProductType& type : data::productTypes) {
         const std::string number = runtime::Format(type.number, "000");
-        pages.push_back({"propuesta_tipo_" + number.substr(1),
-                         [&session, &desk, n = type.number] { return mainForm(session, desk, n); }});
+        pictures.push_back({"propuesta_tipo_" + number.substr(1),
+                            [&session, &desk, n = type.number] { return mainForm(session, desk, n); }});
     }
-    pages.push_back({"mano_de_obra", [&session, &desk] { return labourForm(session, desk); }});
-    pages.push_back({"seguimiento", [&session, &desk] { return trackingForm(session, desk); }});
-    pages.push_back({"orden_de_trabajo", [&session] { return workOrderForm(session); }});
-    pages.push_back({"precios_de_compra", [&session, &desk] { return pricesForm(session, desk); }});
-    pages.push_back({"documentos", [&session, &desk] { return documentsForm(session, desk); }});
-    pages.push_back({"albaran", [&session] { return deliveryNoteForm(session); }});
-    pages.push_back(
+    pictures.push_back({"mano_de_obra", [&session, &desk] { return labourForm(session, desk); }});
+    pictures.push_back({"seguimiento", [&session, &desk] { return trackingForm(session, desk); }});
+    pictures.push_back({"orden_de_trabajo", [&session] { return workOrderForm(session); }});
+    pictures.push_back({"precios_de_compra", [&session, &desk] { return pricesForm(session, desk); }});
+    pictures.push_back({"documentos", [&session, &desk] { return documentsForm(session, desk); }});
+    pictures.push_back({"albaran", [&session] { return deliveryNoteForm(session); }});
+    pictures.push_back(
         {"materiales", [&session, &desk] { return std::make_unique<reference::frmMaterias>(session, desk); }});
-    pages.push_back(
+    pictures.push_back(
         {"pinones_dobles", [&session, &desk] { return std::make_unique<reference::frmPDMVal>(session, desk); }});
-    pages.push_back({"engranajes", [&session, &desk] { return gearForm(session, desk); }});
-    return pages;
+    pictures.push_back({"engranajes", [&session, &desk] { return gearForm(session, desk); }});
+    return pictures;
 }
 
-std::vector<std::string> writePictures(qt::QtScreen& screen, const std::vector<Page>& pages,
+std::vector<std::string> writePictures(qt::QtScreen& screen, const std::vector<WindowPicture>& pictures,
                                        const std::string& folder) {
     const QDir directory(qt::toQt(folder));
     if (!directory.mkpath(QStringLiteral("."))) {
         throw std::runtime_error("No se puede crear la carpeta " + folder);
     }
     std::vector<std::string> paths;
-    for (const Page& page : pages) {
-        const std::string path = qt::fromQt(directory.filePath(qt::toQt(page.name + ".png")));
-        const std::unique_ptr<screen::Form> form = page.make();
+    for (const WindowPicture& picture : pictures) {
+        const std::string path = qt::fromQt(directory.filePath(qt::toQt(picture.name + ".png")));
+        const std::unique_ptr<screen::Form> form = picture.make();
         if (!qt::picture(screen, *form, path)) {
             throw std::runtime_error("No se puede escribir " + path);
         }

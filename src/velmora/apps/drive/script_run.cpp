@@ -1,4 +1,4 @@
-#include "performance.h"
+#include "script_run.h"
 
 #include <fstream>
 #include <iostream>
@@ -62,7 +62,7 @@ script::Status play(const Options& options, std::istream& in) {
 
 }  // namespace
 
-script::Status perform(const Options& options) {
+script::Status runScript(const Options& options) {
     if (options.script == "-") {
         std::cout << std::unitbuf;
         return play(options, std::cin);

@@ -1,4 +1,4 @@
-#include "velmora/proposal/work_order.h"
+#include "velmora/proposal/work_order_display.h"
 
 #include "velmora/platform/runtime/numbers.h"
 
