@@ -1,5 +1,5 @@
-# velmora_headers_alone(): compiles every header of every room as a file of its own, with no more in reach than the
-# room itself has, so that a header that leans on what happened to be included before it does not pass.
+# velmora_headers_alone(): compiles every header of every room as a file of its own, with the room's include paths only,
+# so that a header that relies on earlier includes fails.
 function(velmora_headers_alone)
   get_property(rooms GLOBAL PROPERTY VELMORA_ROOMS)
   add_custom_target(velmora_headers_alone ALL)

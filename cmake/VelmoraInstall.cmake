@@ -1,4 +1,4 @@
-# What `cmake --install` leaves beside libraries, headers and programs: the package file of find_package(velmora).
+# The package file of find_package(velmora), installed beside libraries, headers and programs.
 include(CMakePackageConfigHelpers)
 
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/velmora")

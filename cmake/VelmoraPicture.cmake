@@ -17,7 +17,7 @@ function(velmora_picture_target)
   add_custom_target(velmora_picture DEPENDS "${stamp}")
 endfunction()
 
-# The folders of the rooms that a folder reaches over its links.
+# The folders of the rooms that a folder reaches through its links.
 function(velmora_reached_from folder result)
   set(reached "")
   get_property(waiting GLOBAL PROPERTY "VELMORA_LINKS_OF_${folder}")
@@ -34,7 +34,7 @@ function(velmora_reached_from folder result)
   set(${result} "${reached}" PARENT_SCOPE)
 endfunction()
 
-# velmora_write_picture(): writes the table that the check reads. Call it behind the last room.
+# velmora_write_picture(): writes the table that the check reads. Call it after the last room.
 function(velmora_write_picture)
   get_property(folders GLOBAL PROPERTY VELMORA_FOLDERS)
   get_property(layers GLOBAL PROPERTY VELMORA_LAYERS)

@@ -1,29 +1,30 @@
-# velmora_room() makes a library of a room, velmora_program() a program. What a room LINKS is what it may include:
-# the same list gives the linker its libraries and velmora_picture() its table of allowed includes.
+# velmora_room() makes a library of a room, velmora_program() a program. A room may include what it LINKS: the same list
+# gives the linker its libraries and velmora_picture() its table of allowed includes.
 
 set(VELMORA_WARNINGS
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
   -Woverloaded-virtual)
 
-# Flags of our own code; they never reach whoever embeds a room.
+# Flags for our own code only; they are not passed on to projects that link a room.
 add_library(velmora_flags INTERFACE)
 target_compile_features(velmora_flags INTERFACE cxx_std_20)
 target_compile_options(velmora_flags INTERFACE ${VELMORA_WARNINGS})
-# Before version 13, g++ takes "literal" + std::string, once optimised, for a copy of a text over itself.
+# False positive before g++ 13: optimised "literal" + std::string is reported as an overlapping copy.
 target_compile_options(velmora_flags INTERFACE
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 if(VELMORA_WERROR)
   target_compile_options(velmora_flags INTERFACE -Werror)
 endif()
 if(VELMORA_FUZZ)
-  # The fuzzer sees only code that reports to it.
+  # Only instrumented code gives the fuzzer coverage.
   target_compile_options(velmora_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 if(VELMORA_SANITIZE)
   target_compile_options(velmora_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                  -fno-omit-frame-pointer)
   target_link_options(velmora_flags INTERFACE -fsanitize=address,undefined)
-  # The sanitizers' own branches make g++ report members of a variant as unset; the release build keeps this warning.
+  # False positive of g++ with sanitizers: members of a variant reported as uninitialised; the release build keeps the
+  # warning.
   target_compile_options(velmora_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 

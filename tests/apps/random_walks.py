@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
-"""Walks over the main form and, every third time, over the tracking form, as no user would: random deeds, texts that
-nobody foresaw, answers as they come. Whatever is entered, the program goes on: no crash, no endless chain of field,
-event, field.
+"""Random walks over the main form and, every third time, over the tracking form: random actions, unexpected texts,
+random answers. Whatever is entered, the program must continue: no crash, no endless chain of change events.
 
-    random_walks.py DRIVER [WALKS [DEEDS [FIRST]]]
+    random_walks.py DRIVER [WALKS [ACTIONS [FIRST]]]
 """
 
 import random
@@ -25,7 +24,7 @@ TEXTS = [
 SECONDS = 120
 
 
-def deed(rng):
+def action(rng):
     kinds = [
         (60, lambda: 'try set %s "%s"' % (rng.choice(BOXES), rng.choice(TEXTS))),
         (8, lambda: "try choose cboTipoPre %d" % rng.randrange(15)),
@@ -47,11 +46,11 @@ CRITERION_TEXTS = [
 ]
 
 
-# What may have opened a form over the list is closed again; where nothing did, the list is, and another one opens.
+# Closes a form that may have opened over the list; if there was none, this closes the list, so it is opened again.
 BACK = "\nkey ESC\nopen seguimiento"
 
 
-def tracking_deed(rng):
+def tracking_action(rng):
     kinds = [
         (10, lambda: 'try set %s "%s"' % (rng.choice(CRITERIA), rng.choice(CRITERION_TEXTS))),
         (25, lambda: 'try set %s ""' % rng.choice(CRITERIA)),
@@ -72,26 +71,26 @@ def tracking_deed(rng):
     return rng.choices([make for _, make in kinds], [weight for weight, _ in kinds])[0]()
 
 
-def walk(seed, deeds):
+def walk(seed, actions):
     rng = random.Random(seed)
     # What the tracking form asks has no Cancel.
     answers = ["no", "yes"] if seed % 3 == 0 else ["cancel", "cancel", "no", "yes"]
     lines = []
-    for _ in range(deeds):
+    for _ in range(actions):
         lines.append("answer " + rng.choice(answers))
         lines.append("pick " + rng.choice(["none", "0", "3"]))
     if seed % 3 == 0:
-        return lines + ["open seguimiento"] + [tracking_deed(rng) for _ in range(deeds)] + ["close"]
-    return lines + ["open propuestas"] + [deed(rng) for _ in range(deeds)] + ["close"]
+        return lines + ["open seguimiento"] + [tracking_action(rng) for _ in range(actions)] + ["close"]
+    return lines + ["open propuestas"] + [action(rng) for _ in range(actions)] + ["close"]
 
 
 def main():
     driver = sys.argv[1]
-    walks, deeds, first = (int(text) for text in sys.argv[2:5] + ["6", "150", "1"][len(sys.argv) - 2:])
+    walks, actions, first = (int(text) for text in sys.argv[2:5] + ["6", "150", "1"][len(sys.argv) - 2:])
     failed = 0
     for seed in range(first, first + walks):
         with tempfile.NamedTemporaryFile("w", suffix=".drive", encoding="utf-8") as script:
-            script.write("\n".join(walk(seed, deeds)) + "\n")
+            script.write("\n".join(walk(seed, actions)) + "\n")
             script.flush()
             try:
                 ended = subprocess.run([driver, script.name], capture_output=True, timeout=SECONDS, check=False)

@@ -1,14 +1,14 @@
 #!/bin/sh
-# Plays one scenario and holds what it prints and how it ends against what is expected.
+# Runs one scenario and compares its output and exit status with the expected ones.
 #
 #   run_scenario.sh [--write] DRIVER NAME.drive
 #
 # The scenario's first lines may be
-#   # options: --data workshop.sql --now "2026-01-15 10:00:00"     the driver reads this one itself
-#   # status: 2                                                    exit status; 0 unless told
-#   # read-only: plano.pdf                                        one of its files that nobody may write in
-# When a folder NAME.files lies beside NAME.drive, the scenario plays in a copy of it: its file dialogs take the names.
-# When NAME.expected lies beside NAME.drive, the whole output must be equal to it. --write makes that file anew.
+#   # options: --data workshop.sql --now "2026-01-15 10:00:00"     read by the driver itself
+#   # status: 2                                                    expected exit status; default 0
+#   # read-only: plano.pdf                                        one of its files, made read-only
+# With a folder NAME.files beside NAME.drive, the scenario runs in a copy of it, so that file dialogs can use its names.
+# With NAME.expected beside NAME.drive, the whole output must be equal to it. --write writes that file again.
 set -u
 
 write=no

@@ -1,4 +1,4 @@
-// A line of labour held against its proposal and against its own row before it is written.
+// Comparison of a line of labour with its proposal and its own row before it is written.
 
 #include "velmora/labour/line_writing.h"
 
@@ -54,7 +54,7 @@ class LineWritingTest : public LabourTest {
         std::string all = std::to_string(rows.recordCount());
         return rows.hasRows() ? all + " lines, the first of " + rows["MoDpi_Minutos"].toText() : all;
     }
-    /// "Grabar Linea": what is said. The line stays open as it was typed, and nothing is stored.
+    /// The messages after "Grabar Linea". The line stays open as typed, and nothing is stored.
     std::vector<std::string> refused() {
         const auto before = typed();
         const std::string rows = stored();

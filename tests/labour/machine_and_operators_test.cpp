@@ -117,7 +117,7 @@ TEST_F(MachineAndOperatorsTest, TheAmountComesFromTheQuotientAndNotFromThePriceP
     set(minutes, "1000");
     form->leaveFocus();
     EXPECT_EQ(line(minutePrice).text(), "0,6583");
-    EXPECT_EQ(line(amount).text(), "658,33");  // 658,3 from what is shown
+    EXPECT_EQ(line(amount).text(), "658,33");  // 658,3 when computed from the displayed price
     EXPECT_NE(line(amount).text(), "658,3");
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// Machines and who works on them, for the tests of labour.
+// Machines and their operators for the tests of labour.
 
 #include "velmora/platform/sql/connection.h"
 

@@ -643,7 +643,7 @@ constexpr const char* confirm = "Confirma la eliminacion del registro \r\n2 Cubo
 
 class MaterialsOfTwoUsersTest : public TwoUsersTest<frmMaterias> {
   protected:
-    /// Material 2 stands in the fields, with a name of the user's own where one is given.
+    /// Shows material 2 in the fields, with a name typed by the user if given.
     void show(const char* typed = nullptr) {
         open();
         fields().dbgFco.moveToRow(1);

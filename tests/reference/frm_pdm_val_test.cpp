@@ -35,7 +35,7 @@ class DoublesFormTest : public FormTest<frmPDMVal> {
         }
         EXPECT_FALSE(field(11).enabled());
     }
-    /// The second chain, to which there are no rows, and the first one begun.
+    /// Selects the second chain, which has no rows, and begins its first one.
     void beginFirstRow() {
         shop.screen.queue(Answer::yes);
         open();

@@ -12,7 +12,7 @@ struct Cut {
     double z;
     double paso;
     double dp;
-    const char* worked;  ///< the pitch diameter before the cut
+    const char* worked;  ///< the pitch diameter before its decimals are cut
 };
 
 class FnDpCadenaTest : public ::testing::TestWithParam<Cut> {};
@@ -77,7 +77,7 @@ TEST(GearMeasuresTest, ModuleTwoAndTwentyTeeth) {
 }
 
 TEST(GearMeasuresTest, TipAndRootStandOnTheRoundedPitchDiameter) {
-    // 0,12625 × 7 is 0,88375, rounded 0,88; from there 1,1325 and 0,564375.
+    // 0,12625 × 7 is 0,88375, rounded 0,88; with it 1,1325 and 0,564375.
     const GearMeasures m = gearMeasures(0.12625, 7);
     EXPECT_EQ(m.dp, 0.88);
     EXPECT_EQ(m.de, 1.13);

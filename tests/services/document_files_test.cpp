@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The number and the description of the error that a deed raises; nothing without one.
+/// Number and description of the error that `deed` raises; empty without an error.
 std::string errorOf(const std::function<void()>& deed) {
     try {
         deed();
@@ -22,7 +22,7 @@ std::string errorOf(const std::function<void()>& deed) {
     return {};
 }
 
-/// No file grows beyond this while it lives: a disk that is full.
+/// Limits the size of files for the duration of its lifetime, to simulate a full disk.
 class FullDisk {
   public:
     explicit FullDisk(rlim_t bytes) {
@@ -91,7 +91,7 @@ TEST(DocumentFilesTest, ANameTooLongForAFileSystemIsCutBeforeItsExtension) {
     for (int i = 0; i < 200; ++i) {
         wide += "ñ";
     }
-    // 251 bytes would end within a letter.
+    // 251 bytes would cut a character.
     EXPECT_EQ(safeFileName(wide + ".pdf"), wide.substr(0, 250) + ".pdf");
     std::string emoji;
     for (int i = 0; i < 100; ++i) {

@@ -114,7 +114,7 @@ TEST_F(DocumentStoreTest, AFileThatCannotBeReadLeavesTheRowWithoutContent) {
     EXPECT_THAT(services.opened, IsEmpty());
 }
 
-/// A session on a database in files, and every path that leads to one of these.
+/// A session on a database in files, with every path that denotes one of them.
 class OwnFilesTest : public DocumentStoreTest {
   protected:
     OwnFilesTest() {
@@ -191,7 +191,7 @@ TEST_F(DocumentStoreTest, ADatabaseInMemoryHasNoFiles) {
     EXPECT_THAT(connection.files(), IsEmpty());
 }
 
-// What survives a failure at each step of an addition.
+// What remains after a failure at each step of an addition.
 
 struct Failure {
     int step;
@@ -283,7 +283,7 @@ TEST_F(DocumentStoreTest, AStoredNameStaysInTheTemporaryFolder) {
 }
 
 TEST_F(DocumentStoreTest, ADocumentWhoseNameNoFileSystemTakesIsViewed) {
-    // As long as the column takes, and longer than any name of a file.
+    // As long as the column allows, and longer than any file name.
     put(1, (std::string(256, 'p') + ".pdf").c_str(), "0x41");
     put(2, "plano\n2.pdf", "0x42");
     store.LoadFileFromDB(1);

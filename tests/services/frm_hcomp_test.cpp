@@ -10,7 +10,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Keeps what it was asked to show.
+/// Records what it was asked to show.
 class WatchedNotes final : public components::DeliveryNotes {
   public:
     explicit WatchedNotes(std::vector<std::string>& told) : told_(told) {}
@@ -31,7 +31,7 @@ class FrmHcompTest : public ServicesTest {
     }
 
     void store(const std::string& statement) { database->execute(statement); }
-    /// A note of the morning, some days before.
+    /// A delivery note with this date.
     void note(int id, const char* day) {
         store("INSERT INTO CAC (CAC_ID,CAC_FECHA,CAC_SERIE,CAC_NUMERO,CAC_IDPRO) VALUES (" + std::to_string(id) + ",'" +
               day + " 00:00:00',N'A'," + std::to_string(5000 + id) + ",4)");

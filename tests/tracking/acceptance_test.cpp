@@ -28,7 +28,7 @@ const std::string done = "Presupuesto Aceptado, Orden de trabajo nº 1 generada 
 
 class AcceptanceTest : public ::testing::Test {
   protected:
-    /// One proposal of these columns, accepted. What went wrong is told.
+    /// Accepts one proposal with these columns. Returns the errors that occurred.
     void accepted(const Columns& columns = {}) {
         id = shop.addProposal(columns);
         shop.chooseAndAccept(id);
@@ -377,7 +377,8 @@ TEST_F(AcceptanceTest, AReferencesQuoteIsNotDoubledInTheLookUp) {
 }
 
 TEST_F(AcceptanceTest, TheOrdersIdIsTheFirstThatBearsItsNumber) {
-    // No other order can bear it while numbers come from the highest; an order that bears it already is the one found.
+    // While numbers are one above the highest, no other order can have this number; if one has it, that order is the
+    // one found.
     accepted();
     shop.change("INSERT INTO ORDEN (ORDEN_NUM) VALUES (1)");
     EXPECT_EQ(orderIdOf(*shop.database, 1), 1);
@@ -807,7 +808,7 @@ TEST_F(AcceptanceTest, WhatIsAcceptedIsTheRowThatWasShown) {
     shop.addProposal({{"DPI_RefCli", "N'A'"}});
     shop.addProposal({{"DPI_RefCli", "N'B'"}});
     shop.list(" Order by DPI_Id");
-    // A set whose current row became another one without a word.
+    // A set whose current row changed without a notification.
     const std::function<void()> hears = std::exchange(shop.fields.rsDpi.onMoveComplete, nullptr);
     shop.fields.rsDpi->moveNext();
     shop.fields.rsDpi.onMoveComplete = hears;
@@ -816,7 +817,7 @@ TEST_F(AcceptanceTest, WhatIsAcceptedIsTheRowThatWasShown) {
     EXPECT_EQ(query("select DPI_Id from DPI where not DPI_FAcepta is null"), "1");
 }
 
-/// An order of this proposal that the proposal does not bear.
+/// Adds an order of this proposal with which the proposal is not marked.
 void addUnmarked(AcceptanceShop& shop, std::int32_t proposal, int number) {
     shop.change("INSERT INTO ORDEN (ORDEN_NUM,ORDEN_IdDPI) VALUES (" + std::to_string(number) + "," +
                 std::to_string(proposal) + ")");
@@ -826,7 +827,7 @@ void markWith(AcceptanceShop& shop, int number) {
     shop.change("UPDATE DPI SET DPI_FAcepta = getdate(), DPI_Orden = " + std::to_string(number));
 }
 
-constexpr std::size_t pausesInVain = 32;  ///< until an order counts as left by a failure
+constexpr std::size_t pausesInVain = 32;  ///< until an order is treated as the leftover of a failure
 
 TEST_F(AcceptanceTest, AnOrderWithoutItsMarkIsGivenAMoment) {
     id = shop.addProposal();
@@ -875,7 +876,7 @@ TEST_F(AcceptanceTest, TheWaitBeginsAnewForAnotherOrderThanBefore) {
     id = shop.addProposal();
     shop.choose(id);
     addUnmarked(shop, id, 9);
-    // The other client waits for the same leftover, and is the first to have waited long enough. Its mark comes late.
+    // The other client waits for the same leftover and its waiting time ends first. Its mark comes late.
     shop.clock.onPause = [&] {
         if (shop.clock.pauses.size() == pausesInVain) {
             addUnmarked(shop, id, 10);

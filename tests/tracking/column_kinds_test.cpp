@@ -1,5 +1,5 @@
-// How each column of an acceptance is handed to the host's session. The session writes some kinds alike, so that the
-// statements alone do not tell them apart; a host's own session need not.
+// The kind with which each column of an acceptance is passed to the host's session. The session renders some kinds
+// alike, so the statements alone do not distinguish them; a host's own session may.
 
 #include <string_view>
 
@@ -14,14 +14,14 @@ namespace {
 using ::testing::Each;
 using ::testing::ElementsAre;
 
-/// Hands everything on, and notes each write: its table, then its columns with their kinds.
+/// Forwards everything and records each write: its table, then its columns with their kinds.
 class NotingSession final : public session::Session {
   public:
     explicit NotingSession(session::Session& target) : target_(target) {}
 
     std::vector<std::string> writes;
     std::vector<int> decimals;
-    std::vector<std::string> conditions;  ///< every one that was set, in its order
+    std::vector<std::string> conditions;  ///< all that were set, in order
     std::vector<int> modes;
 
     sql::Connection& Connection() override { return target_.Connection(); }
@@ -68,7 +68,7 @@ class NotingSession final : public session::Session {
 
 class ColumnKindsTest : public ::testing::Test {
   protected:
-    /// A proposal of these columns, accepted through the noting session.
+    /// Accepts a proposal with these columns through the recording session.
     void accepted(const Columns& columns = {}) {
         shop.choose(shop.addProposal(columns));
         Acceptance acceptance(shop.fields, session, shop.oUtil, shop.desk, [] {});

@@ -29,7 +29,7 @@ class CreditGateTest : public ::testing::Test {
                     std::to_string(situation) + "," + std::to_string(customerId) + ")");
         shop.change("INSERT INTO Lav (Lav_Idcav,Lav_Importe) VALUES (" + std::to_string(id) + "," + amount + ")");
     }
-    /// What the gate makes of one row.
+    /// The result of the credit check for one row.
     static bool answered(const sql::Value& total, const sql::Value& limit, const sql::Value& controlled,
                          double amount) {
         support::ScriptedConnection connection;

@@ -10,7 +10,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// What the spreadsheet component was given, and how the form stood meanwhile.
+/// What the spreadsheet component received, and the state of the form meanwhile.
 struct Export {
     std::string title;
     std::vector<std::string> captions;

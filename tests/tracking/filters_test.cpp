@@ -12,7 +12,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// The statement up to its condition, word by word.
+/// The statement up to its condition.
 constexpr const char* everyColumn =
     "select (case when dpi_tipo= 0 then 'Piñon Especial'  when dpi_tipo=1 then 'Disco' when dpi_tipo=2 then 'Piñon 2 "
     "Cubos' when dpi_tipo=3 then 'Poleas Lisas'  when dpi_tipo=4 then 'Piñon Doble' when dpi_tipo=5 then 'Piñon de Dos "
@@ -26,7 +26,7 @@ class FiltersTest : public TrackingTest {
   protected:
     FiltersTest() { open(); }
 
-    /// Runs the filter and gives the condition that it sent.
+    /// Runs the filter and returns the condition that it sent.
     std::string filtered() {
         shop.connection.clear();
         shop.attempt([&] { fields().cmdfiltro.onClick(); });
@@ -58,7 +58,7 @@ TEST_F(FiltersTest, TheListIsAskedForInTheseWords) {
     EXPECT_EQ(listStatement(" Where 1"), std::string(everyColumn) + " Where 1");
 }
 
-/// Every way to fill a pair of fields, and the clause that each one makes.
+/// Every way to fill a pair of fields, with the resulting clause.
 struct Filled {
     const char* from;
     const char* to;
@@ -85,7 +85,7 @@ constexpr std::array numbers{
 constexpr std::array couplings{"", " (DPI_acopla = 1 ) "};
 constexpr std::array states{" ( not DPI_FAcepta is null ) ", " ( DPI_FAcepta is null ) ", ""};
 
-/// What a combination of filters has to ask for.
+/// The expected condition for a combination of filters.
 std::string conditionOf(std::initializer_list<std::string> clauses, bool firstNumber, int type, int state) {
     std::string where;
     for (const std::string& clause : clauses) {

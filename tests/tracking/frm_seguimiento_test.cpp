@@ -345,11 +345,11 @@ class OpeningTest : public TrackingTest {
             ++shownForms;
         });
     }
-    /// A proposal that msCargarPresupuesto gives up on.
+    /// Makes msCargarPresupuesto fail.
     void spoil() { shop.database->execute("delete from PARDPI where PARDPI_DISCO=1"); }
 
     int shownForms = 0;
-    std::vector<std::string> told;  ///< to the order component
+    std::vector<std::string> told;  ///< received by the order component
 };
 
 TEST_F(OpeningTest, TheNumbersButtonShowsTheProposalReadOnlyAndListsAnew) {
@@ -452,7 +452,7 @@ TEST_F(OpeningTest, InAnEmptyListTheKeysFailForTheUserToSee) {
 
 TEST_F(OpeningTest, TheRowThatIsShownIsOpenedWhateverOthersWriteMeanwhile) {
     shop.components.add("KOLTAR.KOLTARD", [this] { return std::make_unique<WatchedOrders>(told); });
-    // Many screens, with the proposal of the workshop in their middle.
+    // Several screens of rows, with the workshop's proposal in the middle.
     for (int number = 2; number <= 200; ++number) {
         store("DPI_Fecha", "dateadd(hour," + std::to_string(number) + ",'11/01/2026')");
     }
@@ -508,7 +508,7 @@ TEST_F(OrderTest, AProposalNotYetAcceptedHasNoneAndNothingIsSaid) {
     EXPECT_THAT(shop.errors, IsEmpty());
 }
 
-/// Two proposals on the list, the second under the cursor; another user moves and deletes what stands around it.
+/// Two proposals on the list, the second one current; another user moves and deletes rows around it.
 class ListInMotionTest : public OrderTest {
   protected:
     ListInMotionTest() {

@@ -23,10 +23,10 @@ namespace {
 
 using support::Meeting;
 
-/// A client waits for the other's writes as long as it takes.
+/// Long timeout with which a client waits for the other's writes.
 constexpr std::chrono::seconds patient(30);
 
-/// How a client has fared.
+/// Counts of a client's results.
 struct Tally {
     int accepted = 0;
     int told = 0;  ///< that there is no order to be had
@@ -41,7 +41,7 @@ struct Tally {
     }
 };
 
-/// Runs the clients, shows how each has fared, and gives the sum. A client that ended early counts as wrong.
+/// Runs the clients, shows their counts, and returns the sum. A client that ended early counts as wrong.
 Tally sumOf(Meeting& meeting, const std::vector<std::function<Tally()>>& clients) {
     const auto begun = std::chrono::steady_clock::now();
     Tally total;
@@ -67,7 +67,7 @@ struct Figure {
     int expected;
 };
 
-/// Shows each figure; true when all are as expected.
+/// Prints each figure; true when all are as expected.
 bool hold(const std::string& path, const std::vector<Figure>& figures) {
     AcceptanceShop shop(openShopDatabase(path));
     bool good = true;
@@ -91,14 +91,16 @@ bool isAccepted(const std::string& words) {
 
 // --- Both accept the same proposals ----------------------------------------------------------------------------------
 
-/// What a race is run with.
+/// Parameters of a race.
 struct Race {
-    int pace = 1;  ///< pauses are so many times shorter than a user's
-    /// What the first client, or somebody before it, has left of a proposal on its list before both press the button.
+    int pace = 1;  ///< pauses are shorter than a user's by this factor
+    /// Prepares a proposal on the list as the first client, or a client before it, has left it before both press the
+    /// button.
     std::function<void(AcceptanceShop&, std::int32_t proposal)> leave;
 };
 
-/// The rows of all proposals as they stood before the race, on which both clients work: stale from the first one on.
+/// The rows of all proposals as of before the race; both clients work on these, so they are stale from the first
+/// acceptance on.
 std::vector<sql::Row> staleRows(AcceptanceShop& shop, std::vector<sql::Column>& columns) {
     shop.list(" order by DPI_Id");
     sql::Recordset rows = shop.fields.rsDpi->clone();
@@ -151,7 +153,7 @@ void fill(const std::string& path, int proposals) {
     database->commitTrans();
 }
 
-/// `leftovers` is how many orders of each proposal lie there before the race.
+/// `leftovers`: number of orders of each proposal that exist before the race.
 bool run(const Race& options, int proposals, int leftovers) {
     const support::FolderForAll folder;
     const std::string path = folder.file("taller.db");
@@ -181,7 +183,7 @@ bool sameProposal(int turns) {
     return run({}, turns, 0);
 }
 
-/// Both find the order of an earlier failure, and wait for it as long as the other.
+/// Both find the order of an earlier failure and wait equally long for it.
 bool leftoverOrder(int turns) {
     const Race options{.pace = 10, .leave = [](AcceptanceShop& shop, std::int32_t proposal) {
                            shop.change("INSERT INTO ORDEN (ORDEN_NUM,ORDEN_IdDPI) select isnull(max(ORDEN_NUM),0)+1," +

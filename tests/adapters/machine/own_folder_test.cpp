@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The machine's temporary folder is one of the test's own while this lives.
+/// Replaces the machine's temporary folder by one of the test for the duration of its lifetime.
 class TemporaryFolderOfOwn {
   public:
     TemporaryFolderOfOwn() {
@@ -41,7 +41,7 @@ class TemporaryFolderOfOwn {
 };
 
 mode_t modeOf(const fs::path& path) {
-    struct stat status{};
+    struct stat status {};
     EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
     return status.st_mode & 07777;
 }
@@ -52,7 +52,7 @@ std::string ownName() {
 
 class OwnFolderTest : public ::testing::Test {
   protected:
-    /// A folder that has been chosen in the place of `ownName()`.
+    /// Checks that a folder other than `ownName()` has been chosen.
     void expectAnother(const std::optional<fs::path>& chosen) {
         ASSERT_TRUE(chosen);
         EXPECT_NE(*chosen, temporary / ownName());
@@ -127,7 +127,7 @@ TEST_F(OwnFolderTest, IsNoFile) {
 }
 
 TEST_F(OwnFolderTest, OfSomebodyElseIsNotUsed) {
-    // As that other user sees it, this user's folder is a foreign one.
+    // For another user this user's folder is a foreign one.
     const uid_t other = ::geteuid() + 1;
     const fs::path foreign = temporary / ("velmora-" + std::to_string(other));
     fs::create_directory(foreign);
@@ -196,8 +196,8 @@ TEST_F(OwnFolderTest, ALinkOfThisUserOnTheWayIsResolvedBeforehand) {
 }
 
 TEST_F(OwnFolderTest, ALinkOfSomebodyElseOnTheWayIsNotFollowed) {
-    // The other user looks at a link that neither he nor root has laid. Only root can give one away; anybody else has
-    // laid it himself.
+    // The other user meets a link owned neither by root nor by that user. Only root can change the owner; any other
+    // user has created the link.
     constexpr uid_t stranger = 54321;
     const uid_t other = ::geteuid() + 1;
     fs::create_directories(temporary / "grande/temporal");

@@ -81,7 +81,7 @@ TEST_F(Boxes, SearchFiltersAsTheUserTypesByCaseNotByAccent) {
         window.findChild<QLineEdit*>()->insert("ibañez");
         QTest::keyClick(window.findChild<QLineEdit*>(), Qt::Key_Return);
     });
-    // "Ibáñez" bears an accent that was not typed; the next one does not.
+    // "Ibáñez" has an accent that was not typed; the next one has none.
     EXPECT_EQ(screen_->search(customers()), std::optional<std::size_t>(2));
 }
 

@@ -70,14 +70,14 @@ class QtUser final : public ToolkitUser, private velmora::testing::QtHand {
     void backspace() override { QtHand::key(Qt::Key_Backspace); }
     void alt(char letter) override {
         QtHand::key(static_cast<Qt::Key>(Qt::Key_A + (letter - 'a')), Qt::AltModifier);
-        // A button that is pressed by its letter is seen going down before it clicks.
+        // A button pressed by its letter is shown pressed before it clicks.
         QTest::qWait(150);
     }
     void row(RowMove move) override { QtHand::key(qtKey(move)); }
 
     void click(screen::Control& control) override {
         QWidget& widget = widgetOf(control);
-        // A box to tick is as wide as its row; what is ticked stands at its left.
+        // A check box is as wide as its row; the box itself is at its left.
         const QPoint at = dynamic_cast<QCheckBox*>(&widget) != nullptr ? QPoint(8, widget.height() / 2) : QPoint();
         QTest::mouseClick(&widget, Qt::LeftButton, {}, at);
     }

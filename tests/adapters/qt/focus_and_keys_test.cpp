@@ -277,7 +277,7 @@ TEST_F(FocusAndKeys, AButtonTakesTheFocusBeforeItsClick) {
 TEST_F(FocusAndKeys, AButtonAnswersToItsMnemonic) {
     play(form, [&] {
         key(Qt::Key_G, Qt::AltModifier);
-        // The button is seen going down before it clicks.
+        // The button is shown pressed before it clicks.
         EXPECT_TRUE(QTest::qWaitFor([&] { return form.log.back() == "click save"; }, 1000));
     });
 }
@@ -296,7 +296,7 @@ TEST_F(FocusAndKeys, ChoosingTheSameEntryAgainRaisesClick) {
     });
 }
 
-/// Of the list of types: what its two events told, in order.
+/// The two events of the list of types, in order.
 class ListEvents : public FocusAndKeys {
   protected:
     ListEvents() {
@@ -315,7 +315,7 @@ TEST_F(ListEvents, AListThatIsOpenedAndLeftTellsNothing) {
         openList(form.type);
         QApplication::activePopupWidget()->close();
         click(form.id(1));
-        // What a list has still to tell comes with the events that wait.
+        // Runs the pending events of the list.
         QTest::qWait(20);
         EXPECT_THAT(told, ::testing::IsEmpty());
         EXPECT_EQ(form.type.listIndex(), 0);

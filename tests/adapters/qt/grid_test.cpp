@@ -15,7 +15,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// Rows made on demand; remembers how far it was asked.
+/// Rows created on demand; records how far they were read.
 class CountedRows : public sql::RowSource {
   public:
     CountedRows(std::size_t rows, std::size_t& farthest, bool& counted)

@@ -156,7 +156,7 @@ TEST_F(Layouts, AListFilledEntryByEntryIsShownInTheEnd) {
     });
 }
 
-/// Two fields that take turns under one caption, as a gear's module does with the chain's width.
+/// Two fields that share a place and a caption, like a gear's module and the chain's width.
 class SharedCaptionForm : public screen::Form {
   public:
     SharedCaptionForm() : Form("SharedCaptionForm") {

@@ -1,5 +1,5 @@
 #pragma once
-// A form of every kind of control, arranged like the densest form of the program: what the toolkit is tried on.
+// A form with every kind of control, arranged like the densest form of the program, for tests of the toolkit.
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-// Shows the sample form (no argument) or writes its picture (a path), to judge the looks.
+// Shows the sample form (no argument) or writes its picture to the given path, for visual checks.
 
 #include <QApplication>
 

@@ -41,7 +41,7 @@ TEST(Services, AMissingFileIsAFailureCode) {
     EXPECT_EQ(qt::QtServices().openWithAssociatedProgram("/no/such/file.pdf"), 2);
 }
 
-/// A desktop whose opener does as the script says, while it lives.
+/// Replaces the desktop's opener by the given script for the duration of its lifetime.
 class DesktopWithOpener {
   public:
     explicit DesktopWithOpener(const char* script) : before_(qgetenv("PATH")) {

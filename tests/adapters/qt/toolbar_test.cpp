@@ -54,7 +54,7 @@ TEST_F(Toolbars, EachButtonHasAMnemonicOfItsOwn) {
         EXPECT_EQ(button("Vista").text(), "V&ista");
         EXPECT_EQ(button("Otra").text(), "&Otra");
         key(Qt::Key_I, Qt::AltModifier);
-        // The button is seen going down before it clicks.
+        // The button is shown pressed before it clicks.
         EXPECT_TRUE(QTest::qWaitFor([&] { return form.log.size() == 2; }, 1000));
         EXPECT_THAT(form.log, ElementsAre("lost box", "button 3"));
     });

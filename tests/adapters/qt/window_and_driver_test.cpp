@@ -15,8 +15,8 @@ namespace {
 using screen::ComboBox;
 using screen::TextBox;
 
-/// The same deeds at a window and by a script, on two main forms over workshops that are alike: what is priced in one
-/// must be priced in the other.
+/// The same actions in a window and by a script, on two main forms with equal databases: both must give the same
+/// prices.
 class WindowAndDriver : public QtBench {
   protected:
     WindowAndDriver() {
@@ -40,8 +40,8 @@ class WindowAndDriver : public QtBench {
         EXPECT_TRUE(user.doubleClick(dynamic_cast<TextBox&>(inScript.control(field))));
         expectAlike(field);
     }
-    /// Comes to a list, opens it, walks in it and leaves it with nothing chosen. A script cannot open a list: it comes
-    /// to it and goes.
+    /// Moves to a list, opens it, moves in it and leaves it without choosing. A script cannot open a list, so it only
+    /// moves to it and on.
     void lookInto(std::string_view name) {
         const auto& list = dynamic_cast<const ComboBox&>(atWindow.control(name));
         bring(list);

@@ -5,7 +5,7 @@
 namespace velmora::script::testing {
 namespace {
 
-/// Plays lines on the open form, and one more that tells whether the script went on.
+/// Runs lines on the open form, followed by one that shows whether the script continued.
 Played refusing(const std::string& line) {
     Workbench bench;
     return bench.play("open banco\n" + line + "\necho after");

@@ -14,7 +14,7 @@ class WatchedConnectionTest : public ::testing::Test {
         watched.onStatement([this](std::string_view statement) { told.emplace_back(statement); });
     }
 
-    /// Of the provider's error; 0 without one.
+    /// The provider's error number; 0 without an error.
     long numberOf(const std::function<void()>& deed) {
         try {
             deed();

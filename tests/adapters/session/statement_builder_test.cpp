@@ -17,7 +17,7 @@ Built built(Tipo tipo, const FieldValue& value, int decimales = 2) {
     return buildInsert("T", fields);
 }
 
-/// The value as it stands in the statement, or the error.
+/// The value as rendered in the statement, or the error.
 std::string rendered(Tipo tipo, const FieldValue& value, int decimales = 2) {
     const Built result = built(tipo, value, decimales);
     const std::string before = "INSERT INTO T (COL) VALUES (";
@@ -74,7 +74,7 @@ TEST(StatementBuilder, AWholeNumberRoundsHalfToEven) {
     EXPECT_EQ(rendered(Tipo::wholeNumber, "1,5"), "2");
     EXPECT_EQ(rendered(Tipo::wholeNumber, "2,5"), "2");
     EXPECT_EQ(rendered(Tipo::wholeNumber, -3.5), "-4");
-    // Away from zero, as kind 2 rounds, 2.5 would be 3.
+    // Kind 2 rounds half away from zero, so 2.5 gives 3.
     EXPECT_EQ(rendered(Tipo::number, 2.5, 0), "3");
 }
 

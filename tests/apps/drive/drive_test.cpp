@@ -16,7 +16,7 @@ struct Outcome {
     std::string output;  ///< standard output and standard error
 };
 
-/// A folder of its own for every case.
+/// Each case has a folder of its own.
 class Drive : public ::testing::Test {
   protected:
     Drive() {
@@ -32,7 +32,7 @@ class Drive : public ::testing::Test {
         return path(name);
     }
 
-    /// Runs the program with these words of a command line, the script on its standard input.
+    /// Runs the program with these command line options, with the script on its standard input.
     Outcome run(const std::string& options, const std::string& script) const {
         const std::string command =
             std::string(VELMORA_DRIVE) + " " + options + " < " + write("in.drive", script) + " 2>&1";

@@ -21,7 +21,7 @@ using test::goldenNumber;
 using test::GoldenRow;
 using test::readGolden;
 
-/// How many rows each table has: a table that was cut short must not pass in silence.
+/// The number of rows of each table, so that a truncated table fails the test.
 constexpr std::size_t cdblRows = 252;
 constexpr std::size_t cstrRows = 301;
 constexpr std::size_t formatNumberRows = 955;

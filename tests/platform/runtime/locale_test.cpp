@@ -1,4 +1,4 @@
-// The process may run in Spain, in C or anywhere: the runtime answers the same.
+// The runtime gives the same results whatever the locale of the process.
 
 #include <clocale>
 #include <locale>
@@ -14,7 +14,7 @@
 namespace velmora::runtime {
 namespace {
 
-/// Sets the global locale of C++ and of C, and puts the former one back.
+/// Sets the global locale of C++ and C for the duration of its lifetime.
 class ProcessLocale {
   public:
     explicit ProcessLocale(const char* name) : former_(std::locale::global(std::locale(name))) {}

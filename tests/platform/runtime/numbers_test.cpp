@@ -23,7 +23,7 @@ using test::errorOf;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-/// Numbers of many sizes, exact halves of 15 digits among them; the same on every run.
+/// Numbers of many magnitudes, including exact halves at 15 digits; the same on every run.
 std::vector<double> manyNumbers() {
     std::mt19937_64 random(20260115);
     std::vector<double> numbers;
@@ -38,7 +38,7 @@ std::vector<double> manyNumbers() {
     return numbers;
 }
 
-/// The 15-digit text by the long way: all digits of the double, then a half away from zero.
+/// The 15-digit text computed independently: from all digits of the double, half away from zero.
 double throughFifteenDigits(double value) {
     std::array<char, 1100> buffer;
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),

@@ -12,7 +12,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// Writes down what it is told.
+/// Records the notifications it receives.
 class Ear : public FormObserver {
   public:
     explicit Ear(Form& form) : form_(form) { form_.addObserver(*this); }

@@ -1,4 +1,4 @@
-// Who has the focus, and in what order its events come.
+// Focus and the order of its events.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -33,7 +33,7 @@ class WatchingScreen final : public support::ScriptedScreen {
 
 class CheckedWriteTest : public ::testing::Test {
   protected:
-    /// Each look finds the next state; the last one stays.
+    /// Each read finds the next state; the last one is repeated.
     Written write(std::deque<RowState> states) {
         return writeChecked(connection, screen,
                             {.look =

@@ -31,7 +31,7 @@ class KestraUtilTest : public ::testing::Test {
         util.SalirCampo(box, mask);
         return box.text();
     }
-    /// What comes of typing the keys one by one at the end of the field.
+    /// The result of typing the keys one by one at the end of the field.
     std::string typed(std::string_view keys, bool soloEnteros) {
         box.setText("");
         for (const char key : keys) {

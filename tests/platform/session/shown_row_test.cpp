@@ -14,7 +14,7 @@ sql::Recordset rows(std::vector<sql::Row> values) {
     return sql::Recordset(sql::rowsInMemory({{"K"}, {"Nombre"}, {"Precio"}, {"Articulo"}}, std::move(values)));
 }
 
-/// On show stands the row 7, with a column of another table behind its own three.
+/// The displayed row is 7, with a column of another table after its own three.
 class ShownRowTest : public ::testing::Test {
   protected:
     void stands(std::vector<sql::Row> now) { connection.answer(lookUp, {"K", "Nombre", "Precio"}, std::move(now)); }

@@ -327,7 +327,7 @@ TEST(ForwardingConnectionTest, PassesEverythingOn) {
 
 namespace {
 
-/// Rows of which only the first ones can be read.
+/// Rows of which only the first can be read.
 class BrokenRows final : public RowSource {
   public:
     const std::vector<Column>& columns() const override { return columns_; }

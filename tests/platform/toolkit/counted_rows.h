@@ -1,5 +1,5 @@
 #pragma once
-// A set of numbered rows that remembers how far it was read, and fails where it is told to.
+// A set of numbered rows that records how far it was read and can be made to fail.
 
 #include <algorithm>
 #include <cstddef>
@@ -13,7 +13,7 @@
 
 namespace velmora::toolkit {
 
-/// What was asked of the rows, and from which row on they fail.
+/// What was read, and the row from which on reading fails.
 struct Reading {
     std::size_t farthest = 0;
     bool counted = false;

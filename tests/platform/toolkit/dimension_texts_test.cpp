@@ -7,13 +7,13 @@ namespace {
 
 constexpr PixelRect canvas{.left = 0, .top = 0, .width = 400, .height = 400};
 
-/// Ten pixels a letter, twelve high; 4 more in width are the text's own padding.
+/// Ten pixels per letter, twelve high; 4 more in width are the padding of the text.
 PixelSize tenALetter(const std::string& text) {
     return {.width = 10.0 * static_cast<double>(text.size()), .height = 12};
 }
 const MeasureText measure = tenALetter;
 
-/// A level line 100 long, 60 below the upper edge of the canvas.
+/// A horizontal line of length 100, 60 below the upper edge of the canvas.
 DimensionLine levelLine() {
     return {.from = {150, 100}, .to = {250, 100}, .start = {150, 60}, .end = {250, 60}, .text = "9,1"};
 }
@@ -89,7 +89,7 @@ TEST(TextPlacingTest, AnEdgeIsCrossedRatherThanATextCovered) {
     TextPlacing placing(canvas, measure);
     placing.addEdge({{0, 50}, {400, 50}});
     placing.take({.left = 0, .top = 61, .width = 400, .height = 40});
-    // Beyond the ends of the line, at its own height, it would meet the text's upper edge.
+    // Beyond the ends of the line, at its own height, it would overlap the text.
     const PlacedText text = placing.place(levelLine());
     EXPECT_LT(text.bounds.bottom(), 60);
 }

@@ -10,7 +10,7 @@ namespace {
 using namespace screen;
 namespace lay = screen::layout;
 
-/// An outer frame with an inner one, and two groups that share a place.
+/// An outer frame with an inner one, and two groups in one shared place.
 class EffectiveStateTest : public ::testing::Test {
   protected:
     EffectiveStateTest() {

@@ -23,7 +23,7 @@ class KeyRoutingTest : public ::testing::Test {
         form.activate();
     }
 
-    /// Whether the key is used up; what the control was given is kept in `delivered`.
+    /// Whether the key is consumed; the key that reached the control is in `delivered`.
     bool route(const KeyStroke& stroke) {
         return routeKey(form, stroke, [this](const KeyStroke& given) {
             delivered.push_back(given);

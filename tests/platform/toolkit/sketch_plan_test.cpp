@@ -121,7 +121,7 @@ TEST(SketchPlanTest, EveryTextStaysOnTheCanvas) {
 }
 
 TEST(SketchPlanTest, ATextKeepsOffTheRimOfACircle) {
-    // The line's text would stand above its middle, on the rim.
+    // The line's text would be above its middle, on the rim.
     Drawing drawing;
     drawing.shapes.emplace_back(Circle{{0, 0}, 50});
     drawing.shapes.emplace_back(Dimension{{-30, 47}, {30, 47}, 0, -1, "b"});
