@@ -58,9 +58,10 @@ bool isDiscOfTwoRims(const data::ProductType& type) {
     return type.shape == data::ProductShape::twoRims && type.hubs == data::Hubs::none;
 }
 
-/// Whether hub width and gap are worked out on the sketch of three rims.
-// Kept K-174: only the triple sprocket goes by it; a triple disc goes with the doubles: leaving one of the two fields
-// gives it two rims and one gap. A load ends with the widths stored.
+/// Whether hub width and gap are computed on the sketch of three rims.
+// Kept K-174: only the triple sprocket is treated as a triple; a triple disc is treated as a double: leaving one of the
+// two fields gives it two rims and one gap. Required as it is; it determines stored widths. A load ends with the widths
+// stored.
 bool goesByTripleSketch(const data::ProductType& type) {
     return type.shape == data::ProductShape::threeRims && type.hubs != data::Hubs::none;
 }
