@@ -1,12 +1,12 @@
 #pragma once
-// The files of data/demo, which the build carries into the program.
+// The files of data/demo, compiled into the program.
 
 #include <span>
 #include <string_view>
 
 namespace velmora::data {
 
-/// The text of each file, in the order of their names.
+/// The text of each file, in order of their names.
 std::span<const std::string_view> demoFiles();
 
 }  // namespace velmora::data

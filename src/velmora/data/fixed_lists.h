@@ -17,7 +17,7 @@ enum FiltroHistorico { soloAceptados = 0, soloPendientes = 1, todos = 2 };
 /// `cboDobles` of the gears' form: the family, stored by its position in ENG_Tipo.
 inline constexpr auto familiasEngranaje = std::to_array<std::string_view>({"Engranajes", "Engranaje Disco"});
 
-/// What the tracking form puts ahead of the product types.
+/// The entry of the tracking form before the product types.
 inline constexpr std::string_view todosLosTipos = "Todos los tipos";
 
 }  // namespace velmora::data

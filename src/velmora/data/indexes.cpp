@@ -14,8 +14,8 @@ std::vector<std::string> indexStatements() {
     return statements;
 }
 
-// The dialect has no list of indexes to ask: each is tried, and a refusal of the statement itself (the name is taken,
-// an older table lacks the column) leaves the database as it was, without having locked it.
+// The dialect cannot list existing indexes: each CREATE is tried, and a refusal of the statement itself (the name
+// exists, an older table lacks the column) leaves the database as it was, without locking it.
 void addMissingIndexes(sql::Connection& connection) {
     for (const std::string& statement : indexStatements()) {
         try {

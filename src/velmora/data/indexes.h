@@ -1,6 +1,6 @@
 #pragma once
-// The indexes of the schema as statements. They change no answer: a database of one's own gets them, a host's
-// administrator finds the same statements in docs/indexes.sql.
+// The indexes of the schema as statements. They do not change results: the program's own database gets them;
+// docs/indexes.sql has the same statements for a host's administrator.
 
 #include <string>
 #include <vector>
@@ -12,8 +12,8 @@ namespace velmora::data {
 /// One CREATE INDEX statement for each index of the schema.
 std::vector<std::string> indexStatements();
 
-/// Creates the indexes that an embedded database lacks; one whose table or column is not there is left out. Errors:
-/// DbError for anything else, a database that is busy or read-only among it.
+/// Creates the indexes that an embedded database lacks; an index whose table or column does not exist is skipped.
+/// Errors: DbError for anything else, such as a busy or read-only database.
 void addMissingIndexes(sql::Connection& connection);
 
 }  // namespace velmora::data

@@ -140,14 +140,14 @@ std::vector<std::string> demoStatements(runtime::Date now) {
 
 namespace {
 
-// A new database numbers its proposals from 1 again: documents of an older one would turn up on them.
+// A new database numbers its proposals from 1 again, so documents of an older one would be attributed to them.
 void refuseForeignDocuments(sql::Connection& connection) {
     const std::string catalog = "DOC" + connection.currentCatalog();
     bool found = false;
     try {
         found = connection.execute("Select top 1 * from " + catalog + ".dbo.dex").isOpen();
     } catch (const sql::DbError&) {
-        // No such table, no such catalogue: as it should be.
+        // No such table or catalogue, as expected.
     }
     if (found) {
         throw sql::DbError(sql::provider::failure, "El catálogo de documentos " + catalog +

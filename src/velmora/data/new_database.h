@@ -1,6 +1,5 @@
 #pragma once
-// A database of one's own, for who has no host's: every table of the schema, and the rows of a workshop to try the
-// program with.
+// A new database for programs without a host: all tables of the schema, and the rows of a demonstration workshop.
 
 #include <string>
 #include <string_view>
@@ -11,17 +10,18 @@
 
 namespace velmora::data {
 
-/// The T-SQL that creates all tables, their keys and indexes in an empty database, one statement each. The catalogue is
-/// the session's own; the documents' table goes into "DOC" and that name, which must exist.
+/// The T-SQL that creates all tables, keys and indexes in an empty database, one statement each. The session's
+/// catalogue is the current one; the documents' table goes into the one named "DOC" followed by its name, which must
+/// exist.
 std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog);
 
-/// The rows of the demonstration workshop, one INSERT each; its days are counted back from `now`.
+/// The rows of the demonstration workshop, one INSERT each; their dates are relative to `now`.
 std::vector<std::string> demoStatements(runtime::Date now);
 
-/// The statements of a text of one statement a line: blank lines and lines of "--" comments are left out.
+/// The statements of a text with one statement per line: blank lines and lines of "--" comments are skipped.
 std::vector<std::string> statementsOfLines(std::string_view text);
 
-/// Every "{today-N}", "{today+N}" and "{today}" of a statement turned into that day, as dd/mm/yyyy.
+/// Replaces every "{today-N}", "{today+N}" and "{today}" of a statement by that date, as dd/mm/yyyy.
 std::string withDays(std::string_view statement, runtime::Date now);
 
 /// Creates the tables and their indexes; all or nothing. Errors: DbError.

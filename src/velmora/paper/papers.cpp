@@ -21,9 +21,9 @@ StoredProposal requiredProposal(sql::Connection& connection, std::int32_t number
 
 }  // namespace
 
-// Differs D-267: the shop's sheet, with all costs, was the second page of the file that bears the proposal's name. Each
-// sheet has a file of its own: what is handed to the customer holds nothing of the shop's.
-// Chosen C-212: an order asks for the shop's sheet alone; this program itself never asks for one.
+// Differs D-267: the shop's sheet, with all costs, was the second page of the file named after the proposal. Each sheet
+// has its own file now: the one for the customer contains nothing of the shop's. Chosen C-212: for an order only the
+// shop's sheet is printed; this program itself never requests it.
 std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bool order) {
     const StoredProposal proposal = requiredProposal(connection, number);
     std::vector<Paper> papers;

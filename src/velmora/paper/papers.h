@@ -1,5 +1,5 @@
 #pragma once
-// Which papers a stored proposal is printed on.
+// The papers on which a stored proposal is printed.
 
 #include <cstdint>
 #include <string>
@@ -10,14 +10,14 @@
 
 namespace velmora::paper {
 
-/// A sheet and the name of the file that holds it, without a folder.
+/// A sheet and its file name without a folder.
 struct Paper {
     std::string fileName;
     Sheet sheet;
 };
 
-/// The papers of a proposal as it was last saved: the customer's sheet, "Propuesta_000123.pdf", then the shop's,
-/// "HojaCorte_000123.pdf"; for an order the shop's alone. Errors: 5 for a number that no proposal has, DbError.
+/// The papers of a proposal as last saved: the customer's sheet, "Propuesta_000123.pdf", then the shop's,
+/// "HojaCorte_000123.pdf"; for an order only the shop's. Errors: 5 for a number without a proposal, DbError.
 std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bool order);
 
 }  // namespace velmora::paper

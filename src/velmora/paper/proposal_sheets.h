@@ -1,5 +1,5 @@
 #pragma once
-// What a proposal's papers say: one for the customer, who sees prices and no cost, and one for the shop.
+// Contents of a proposal's papers: the customer's, with prices and no costs, and the shop's.
 
 #include <string>
 
@@ -14,7 +14,7 @@ std::string numberOf(const StoredProposal& proposal);
 /// Piece, sketch, measures, material, price of piece and lot, remarks.
 Sheet customerSheet(const StoredProposal& proposal);
 
-/// Stock to cut, weights, labour, and what it all costs.
+/// Stock to cut, weights, labour, and all costs.
 Sheet shopSheet(const StoredProposal& proposal);
 
 }  // namespace velmora::paper

@@ -1,5 +1,5 @@
 #pragma once
-// What stands on paper, before anybody knows where its lines fall: sheets of blocks, one below the other.
+// Contents of a paper before its layout: sheets of blocks, one below the other.
 
 #include <map>
 #include <string>
@@ -13,10 +13,10 @@ namespace velmora::paper {
 struct Field {
     std::string caption;
     std::string value;
-    bool number = false;  ///< with or without a unit: stands on one line
+    bool number = false;  ///< with or without a unit: kept on one line
 };
 
-/// Captions and values in so many columns, filled downward. Of two columns the first is the wider one.
+/// Captions and values in `columns` columns, filled downward. Of two columns the first is wider.
 struct Fields {
     std::string title;
     std::vector<Field> fields;
@@ -27,41 +27,41 @@ struct Sketch {
     screen::Drawing drawing;
     std::map<int, std::string> labels;
     double height = 80;       ///< millimetres
-    double leastHeight = 60;  ///< where that saves a page
+    double leastHeight = 60;  ///< used when that saves a page
 };
 
 struct Column {
     std::string caption;
     double share = 1;    ///< of the width
-    bool right = false;  ///< right-aligned: numbers, each of which stands on one line
+    bool right = false;  ///< right-aligned: numbers, each kept on one line
 };
 
-/// The captions stand again on every page that the rows reach.
+/// The captions are repeated on every page of the rows.
 struct Table {
     std::string title;
     std::vector<Column> columns;
     std::vector<std::vector<std::string>> rows = {};
-    std::vector<std::string> total = {};  ///< a last row, set off; empty: none
-    std::string note = {};                ///< a remark on the figures, below them
+    std::vector<std::string> total = {};  ///< a last row, set apart; empty: none
+    std::string note = {};                ///< a remark about the figures, below them
 };
 
-/// A text of any length; line ends, tabs and blanks at the beginning of a line are kept.
+/// A text of any length; line ends, leading tabs and blanks are kept.
 struct Paragraph {
     std::string title;
     std::string text;
 };
 
-/// The figures that the eye must find, the last one the largest.
+/// Emphasised figures, the last one the largest.
 struct Figures {
     std::vector<Field> figures;
 };
 
 using Block = std::variant<Fields, Sketch, Table, Paragraph, Figures>;
 
-/// A paper of its own.
+/// One paper.
 struct Sheet {
     std::string title;
-    std::string name;  ///< stands at the head of its further pages and at the foot of each
+    std::string name;  ///< shown at the head of further pages and at the foot of each
     std::vector<Field> heading;
     std::vector<Block> blocks = {};
 };

@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::string_view placeholders = "0#,.";
 
-/// A literal as it stands; a quote of its own would end it and is left out.
+/// A quoted literal; a quote inside it would end it and is left out.
 std::string quoted(std::string_view literal) {
     std::string inside;
     for (const char c : literal) {
@@ -17,7 +17,7 @@ std::string quoted(std::string_view literal) {
     return inside.empty() ? std::string() : '"' + inside + '"';
 }
 
-/// The grid leaves out a comma that no digit stands before; a spreadsheet divides by a thousand for one at the end.
+/// The grid ignores a comma without a digit before it; in a spreadsheet one at the end divides by a thousand.
 std::string withoutScaling(std::string_view digits) {
     std::string result(digits);
     const std::size_t point = result.find('.');
@@ -39,7 +39,7 @@ char small(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Minutes are n here and m there, behind hours or before seconds.
+/// Minutes are n in the mask and m in the spreadsheet, after hours or before seconds.
 std::string date(std::string_view mask) {
     std::string result;
     for (const char c : mask) {

@@ -1,5 +1,5 @@
 #pragma once
-// A grid's masks in the words of a spreadsheet.
+// Converts a grid's masks to number formats of a spreadsheet.
 
 #include <string>
 #include <string_view>
@@ -7,7 +7,7 @@
 namespace velmora::documents {
 
 enum class MaskKind {
-    none,    ///< the value as it is
+    none,    ///< the value unchanged
     number,  ///< "000000", "#,##0.00 €"
     date,    ///< "dd/mm/yyyy"
     yesNo,   ///< "Yes/No"
@@ -15,7 +15,7 @@ enum class MaskKind {
 
 MaskKind kindOf(std::string_view mask);
 
-/// The number format under which a spreadsheet shows what the grid shows under the mask; empty for none.
+/// The number format with which a spreadsheet shows what the grid shows under the mask; empty for none.
 std::string numberFormat(std::string_view mask);
 
 }  // namespace velmora::documents

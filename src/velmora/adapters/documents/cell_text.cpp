@@ -11,10 +11,11 @@ namespace velmora::documents {
 namespace {
 
 constexpr std::size_t longestText = 32767;
-constexpr std::size_t bytesMeasured = 400;  ///< wider than any column becomes
+constexpr std::size_t bytesMeasured = 400;  ///< wider than any column gets
 constexpr char32_t replacement = 0xFFFD;
 
-/// How many bytes of a sequence follow its first one; none when that begins no sequence, or one of rare letters.
+/// Number of continuation bytes after the first byte of a sequence; nullopt for an invalid first byte and for rare
+/// letters.
 std::optional<std::size_t> following(unsigned char first) {
     if (first < 0x80) {
         return 0;
@@ -29,7 +30,7 @@ constexpr bool isKeptControl(char32_t c) {
     return c == U'\t' || c == U'\n';
 }
 
-/// What the format's markup has no place for: half of a pair, and the last two places of a plane's numbers.
+/// Characters that the format's markup cannot contain: surrogates, and the last two code points of each plane.
 constexpr bool isNoCharacter(char32_t c) {
     return (c >= 0xD800 && c <= 0xDFFF) || (c & 0xFFFE) == 0xFFFE || (c >= 0xFDD0 && c <= 0xFDEF);
 }
@@ -41,8 +42,8 @@ char32_t fit(char32_t c) {
     return (c < U' ' && !isKeptControl(c)) || c == 0x7F ? U' ' : c;
 }
 
-// Pixels in the format's default font, 11 points at 96 dots an inch. Narrow letters count as a digit: programs that
-// lack that font show another one, and most are wider.
+// Pixels in the format's default font, 11 points at 96 dots per inch. Narrow letters count as a digit, because programs
+// without that font use another, usually wider one.
 constexpr int digitPixels = 7;
 constexpr int capitalPixels = 10;
 constexpr int widePixels = 13;
@@ -59,7 +60,7 @@ int pixelsOf(char letter) {
         return letter >= 'A' && letter <= 'Z' ? capitalPixels : digitPixels;
     }
     if ((byte & 0xC0) == 0x80) {
-        return 0;  // belongs to the letter before
+        return 0;  // combined with the letter before
     }
     return byte < 0xD0 ? accentedPixels : otherPixels;
 }
@@ -85,13 +86,12 @@ bool isPlainCellText(const std::string& text) {
     return true;
 }
 
-// Chosen C-213: a cell takes 32.767 units and no more; a longer text is cut, and its last character says so.
-// Differs D-270: noncharacters would make a file that no reader opens, and control characters would stand there as
-// codes.
+// Chosen C-213: a cell holds at most 32.767 units; a longer text is truncated and ends in an ellipsis. Differs D-270:
+// noncharacters would make the file unreadable, and control characters would appear as codes.
 std::string cellText(const std::string& text) {
     std::u32string characters =
         runtime::toCodePoints(runtime::Replace(runtime::Replace(text, "\r\n", "\n"), "\r", "\n"));
-    // The library takes a text up to its first zero.
+    // The library reads a text up to its first zero.
     std::erase(characters, U'\0');
     std::ranges::transform(characters, characters.begin(), fit);
     std::string result = runtime::toUtf8(characters);

@@ -1,20 +1,20 @@
 #pragma once
-// Texts as a spreadsheet's cells can hold them, and the room that they take there.
+// Texts as a spreadsheet's cells can hold them, and their width.
 
 #include <string>
 #include <string_view>
 
 namespace velmora::documents {
 
-/// The text itself, or what a file of the format can hold of it: valid UTF-8 of at most 32.767 UTF-16 units, lines
-/// ended by a line feed, control characters turned into blanks and what is no character at all into U+FFFD.
+/// The text, converted to what a file of the format can hold: valid UTF-8 of at most 32.767 UTF-16 units, lines ended
+/// by a line feed, control characters replaced by blanks and noncharacters by U+FFFD.
 std::string cellText(const std::string& text);
 
-/// Whether `cellText` would leave the text as it is, as far as a quick look tells: false for rare letters too.
+/// Fast check whether `cellText` would leave the text unchanged; may be false for rare letters, too.
 bool isPlainCellText(const std::string& text);
 
-/// The widest line of a text in the format's default letters, in pixels; of a long line more than the first few hundred
-/// bytes are not looked at.
+/// The width in pixels of a text's longest line in the format's default font; only the first few hundred bytes of a
+/// line are measured.
 int pixelsOfText(std::string_view text);
 
 }  // namespace velmora::documents

@@ -1,5 +1,5 @@
 #pragma once
-// How columns share the width of a page.
+// Distribution of a page's width among columns.
 
 #include <optional>
 #include <vector>
@@ -7,12 +7,12 @@
 namespace velmora::documents {
 
 struct ColumnRoom {
-    double share = 1;  ///< of the width, among the columns' shares
-    double least = 0;  ///< what its widest number takes
+    double share = 1;  ///< relative share of the width
+    double least = 0;  ///< width of the column's widest number
 };
 
-/// The widths of the columns, which together take the whole of `width`: by their shares, but none less than its least;
-/// what that costs is taken from the others. None when the least widths together are more than there is.
+/// The widths of the columns, which add up to `width`: by their shares, but none below its least; the difference is
+/// taken from the others. nullopt when the least widths add up to more than `width`.
 std::optional<std::vector<double>> divideWidth(double width, const std::vector<ColumnRoom>& columns);
 
 }  // namespace velmora::documents

@@ -17,18 +17,18 @@ namespace velmora::documents {
 namespace {
 
 constexpr int leastPixels = 24;
-// Chosen C-277: a column has 80 digits at most: a longer text does not push the other columns out of sight.
+// Chosen C-277: a column is at most 80 digits wide, so that a long text does not push the other columns out of view.
 constexpr int mostPixels = 565;
-constexpr int cellPadding = 8;     ///< pixels, both sides and the line between two cells
-constexpr int filterButton = 20;   ///< pixels, beside each caption
-constexpr double boldness = 1.15;  ///< bold letters to plain ones
-/// A number without a format is shown with so many digits at most, however many it has.
+constexpr int cellPadding = 8;     ///< pixels: both sides and the line between two cells
+constexpr int filterButton = 20;   ///< pixels, added to each caption
+constexpr double boldness = 1.15;  ///< width of bold letters relative to plain ones
+/// The longest display of a number without a format, whatever its number of digits.
 constexpr const char* widestGeneral = "-0,00000000000";
 constexpr const char* logicalValue = "VERDADERO";
 constexpr const char* dayMask = "dd/mm/yyyy";
 constexpr const char* momentMask = "dd/mm/yyyy hh:nn:ss";
-constexpr double exactWhole = 9007199254740992.0;  ///< beyond it a number of a spreadsheet loses digits
-// The format counts a 29 February 1900, which never was: before the next day its serials are not the language's.
+constexpr double exactWhole = 9007199254740992.0;  ///< largest whole number that a spreadsheet represents exactly
+// The format has a day 29 February 1900; serials before the day after it differ from the language's.
 constexpr double firstCommonSerial = 61;
 constexpr double endOfSerials = 2958466;  ///< the year 10000
 constexpr std::size_t rowsBetweenCalls = 1000;
@@ -41,7 +41,7 @@ bool hasSerial(double serial) {
     return serial >= firstCommonSerial && serial < endOfSerials;
 }
 
-/// Of a moment whose day, month and hour are as long as any.
+/// The width of a date whose day, month and hour have the most digits.
 int pixelsOfMoment(const std::string& mask) {
     return pixelsOfText(runtime::Format(runtime::Date::of(2028, 9, 27, 22, 28, 28), mask));
 }
@@ -112,7 +112,7 @@ lxw_format* GridSheet::format(const std::string& number, bool right) {
     return made;
 }
 
-// In this mode of the library rows are written in their order and never gone back to.
+// In this mode of the library rows are written in order, without going back.
 void GridSheet::beginSheet() {
     sheet_ = book_.addSheet(heading_.title);
     for (Column& column : columns_) {
@@ -135,9 +135,9 @@ void GridSheet::beginSheet() {
     row_ = firstRow;
 }
 
-// The library puts the columns' widths in front of the rows when the file is put together: they may be told last, and
-// no row has to be read twice.
-// Differs D-269: a column is as wide as what it shows; the grid's own widths cut texts and numbers.
+// The library writes the columns' widths before the rows when it assembles the file, so they can be set last, and no
+// row has to be read twice. Differs D-269: a column is as wide as its contents; the grid's own widths would truncate
+// texts and numbers.
 void GridSheet::endSheet() {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         const auto at = static_cast<lxw_col_t>(i);
@@ -202,7 +202,7 @@ void GridSheet::writeCell(Column& column, std::uint16_t at, const sql::Value& va
             } else if constexpr (std::is_same_v<Kind, runtime::Date>) {
                 writeDate(column, at, v);
             }
-            // Null is an empty cell, and a binary value has no text on a grid either.
+            // Null gives an empty cell; a binary value has no text on a grid either.
         },
         value.raw());
 }
@@ -227,7 +227,7 @@ void GridSheet::writeNumber(Column& column, std::uint16_t at, double value) {
     book_.check(worksheet_write_number(sheet_, row_, at, value, column.value));
 }
 
-// The text of a number under a mask grows with the number alone: only one that is greater than all before is looked at.
+// The text of a number under a mask grows with the number, so only a number greater than all before is measured.
 void GridSheet::measureNumber(Column& column, double value) {
     double& widest = value < 0 ? column.room.least : column.room.greatest;
     const bool plain = column.kind == MaskKind::none;
@@ -242,8 +242,8 @@ void GridSheet::measureNumber(Column& column, double value) {
     column.room.take(plain && text.size() > std::string_view(widestGeneral).size() ? widestGeneral : text);
 }
 
-// A grid shows a text under a mask as the number or the date that it reads as; so does the sheet. Any other text stays
-// one, whatever it begins with.
+// A grid shows a text under a mask as the number or date that it represents; so does the sheet. Any other text is
+// written as text, whatever it begins with.
 void GridSheet::writeText(Column& column, std::uint16_t at, const std::string& text) {
     if (column.kind == MaskKind::date && runtime::IsDate(text)) {
         writeDate(column, at, runtime::CDate(text));

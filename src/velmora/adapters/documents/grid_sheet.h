@@ -1,6 +1,6 @@
 #pragma once
-// A grid's rows as sheets of a workbook: title, captions, and a row a record, in the grid's order and masks. A column
-// is as wide as the longest text that it shows, up to 80 digits.
+// A grid's rows as sheets of a workbook: title, captions, and one row per record, in the grid's order and with its
+// masks. A column is as wide as its longest text, up to 80 digits.
 
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +17,7 @@
 
 namespace velmora::documents {
 
-/// The rows that a sheet of the format can hold, title and captions included.
+/// The number of rows that a sheet of the format can hold, title and captions included.
 inline constexpr std::size_t rowsOfSheet = 1'048'576;
 
 class GridSheet {
@@ -26,22 +26,22 @@ class GridSheet {
         std::string title;
         runtime::Date written;
     };
-    /// Called now and then with the rows written so far; false ends the work.
+    /// Called periodically with the number of rows written so far; false cancels the work.
     using GoOn = std::function<bool(std::size_t rows)>;
 
-    /// `rowsPerSheet` counts title and captions too: what lies beyond goes on in a second sheet.
+    /// `rowsPerSheet` includes title and captions: further rows go to a second sheet.
     GridSheet(Workbook& book, Heading heading, const std::vector<screen::GridColumn>& columns,
               std::size_t rowsPerSheet = rowsOfSheet);
 
-    /// Writes from the first row to the last, which leaves the set at its end. False when `goOn` ended it.
+    /// Writes all rows; the set is at its end afterwards. False when `goOn` cancelled it.
     bool write(sql::Recordset& rows, const GoOn& goOn);
 
   private:
-    /// What the cells of one sheet have needed so far.
+    /// Space needed by the cells of one column so far.
     struct Room {
         int pixels = 0;
-        double greatest = -1;  ///< of the numbers whose text was looked at
-        double least = 0;      ///< the same below zero, without its sign
+        double greatest = -1;  ///< of the numbers whose text was measured
+        double least = 0;      ///< the same for negative numbers, without the sign
 
         void take(std::string_view text);
         void take(int needed);

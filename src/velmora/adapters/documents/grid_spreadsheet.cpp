@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* untitled = "Listado";
 
-// Chosen C-210: the moment in the name keeps one export from writing over another that is still open.
+// Chosen C-210: the time is part of the name, so that an export does not overwrite another that is still open.
 std::string pathOf(const std::string& title, const runtime::Date& now, const system::Services& services) {
     const std::string name = fileName(title);
     return temporaryPath(services,

@@ -1,5 +1,5 @@
 #pragma once
-// A grid as a spreadsheet file, opened at once: what stands in for LIMBAR.jLimbar.
+// A grid as a spreadsheet file that is opened at once: the stand-in for LIMBAR.jLimbar.
 
 #include <string>
 #include <string_view>
@@ -10,8 +10,8 @@
 
 namespace velmora::documents {
 
-/// Writes the visible columns in the grid's order into an .xlsx in the temporary folder, named after the title and the
-/// clock. Numbers and dates stay numbers and dates, shown by the grid's masks. Nothing is written when the user
+/// Writes the visible columns in the grid's order to an .xlsx in the temporary folder, named after the title and the
+/// clock. Numbers and dates stay numbers and dates with the grid's masks as formats. Nothing is written when the user
 /// cancels. Errors: 75 and 76 for a file that cannot be written or opened.
 class GridSpreadsheet final : public components::Spreadsheet {
   public:
@@ -19,7 +19,7 @@ class GridSpreadsheet final : public components::Spreadsheet {
         : screen_(screen), services_(services), clock_(clock) {}
 
     void setTitulo(std::string_view sTitulo) override { title_ = sTitulo; }
-    /// Rows are asked for one by one, never counted.
+    /// Rows are read one by one and never counted.
     void GridToExcel(sql::Recordset& rows, const screen::DataGrid& grid) override;
 
   private:

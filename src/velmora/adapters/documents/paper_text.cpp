@@ -37,7 +37,7 @@ double heightOf(const QStringList& lines, const QFont& font) {
 }
 
 double widthOf(const QString& text, const QFont& font) {
-    // A line takes no text that is wider by a fraction.
+    // Rounded up: a text is not drawn when it is wider than its line by a fraction.
     return std::ceil(QFontMetricsF(font).horizontalAdvance(text)) + 1;
 }
 

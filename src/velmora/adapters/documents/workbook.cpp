@@ -13,8 +13,8 @@
 
 namespace velmora::documents {
 
-// The library prints numbers by the thread's locale: a screen toolkit sets the process's to that of the user, and the
-// file would have commas where it must have points.
+// The library formats numbers by the thread's locale: a GUI toolkit sets the process's locale to the user's, and the
+// file would contain commas instead of points.
 class Workbook::PlainNumbers {
   public:
     PlainNumbers() : plain_(::newlocale(LC_ALL_MASK, "C", nullptr)), before_(::uselocale(plain_)) {}
@@ -42,7 +42,7 @@ std::string sheetName(const std::string& title, int number) {
     }
     const std::string mark = number == 1 ? std::string() : " (" + runtime::CStr(std::int64_t{number}) + ")";
     std::string cut = runtime::Left(runtime::Trim(runtime::toUtf8(name)), longestSheetName - mark.size());
-    // An apostrophe cannot stand at either end.
+    // A sheet's name must not begin or end with an apostrophe.
     while (!cut.empty() && (cut.front() == '\'' || cut.front() == ' ')) {
         cut.erase(0, 1);
     }
@@ -70,7 +70,7 @@ Workbook::~Workbook() {
     if (book_ == nullptr) {
         return;
     }
-    // Freeing alone leaves the rows' scratch files open; only putting the book together would close them.
+    // Freeing alone leaves the rows' scratch files open; only closing the book closes them.
     lxw_worksheet* sheet = nullptr;
     STAILQ_FOREACH(sheet, book_->worksheets, list_pointers) {
         if (sheet->optimize_tmpfile != nullptr) {
@@ -112,7 +112,7 @@ void Workbook::setTitle(const std::string& title) {
 }
 
 void Workbook::close() {
-    // Whatever it answers, the library has let go of the book.
+    // The library has released the book, whatever it returns.
     check(workbook_close(std::exchange(book_, nullptr)));
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// A spreadsheet file while it is being written: rows go to the disk one by one, so that a long list needs no memory.
+// A spreadsheet file being written: rows go to disk one by one, so that a long list needs no memory.
 
 #include <memory>
 #include <string>
@@ -12,25 +12,25 @@ namespace velmora::documents {
 
 class Workbook {
   public:
-    /// `scratch` is the folder for the rows until the file is put together. Error 75 when there is no writing.
+    /// `scratch`: folder for the rows until the file is assembled. Error 75 when writing is not possible.
     Workbook(std::string path, std::string scratch);
-    /// Without `close` nothing is written.
+    /// Writes nothing without `close`.
     ~Workbook();
     Workbook(const Workbook&) = delete;
     Workbook& operator=(const Workbook&) = delete;
 
-    /// Names the sheet after the title as far as a sheet's name allows; sheets of one title are numbered.
+    /// Adds a sheet named after the title, as far as allowed; sheets with the same title are numbered.
     lxw_worksheet* addSheet(const std::string& title);
     lxw_format* addFormat();
-    /// Error 75 for any answer of the library that is none of success.
+    /// Error 75 for any result of the library other than success.
     void check(int answer) const;
     void setTitle(const std::string& title);
 
-    /// Puts the file together. Error 75, with the reason, when that fails.
+    /// Assembles the file. Error 75, with the reason, when that fails.
     void close();
 
   private:
-    /// Numbers go into the file with a point, whatever the process's locale.
+    /// Makes the library write numbers with a point, whatever the process's locale.
     class PlainNumbers;
 
     std::string path_;

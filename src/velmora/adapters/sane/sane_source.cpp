@@ -18,8 +18,8 @@ namespace velmora::scanner {
 namespace {
 
 constexpr long deviceError = 57;
-// Chosen C-217: papers are scanned in colour at 200 dots an inch: letters and stamps can be read, and a page stays
-// below a megabyte.
+// Chosen C-217: pages are scanned in colour at 200 dots per inch: text and stamps are legible, and a page is smaller
+// than a megabyte.
 constexpr double wantedResolution = 200;
 constexpr std::size_t chunk = 64 * 1024;
 constexpr std::size_t mostSamples = std::size_t{1} << 30;
@@ -53,7 +53,7 @@ void check(SANE_Status status) {
     fail(known != statusTexts.end() ? known->text : "Error del escáner.");
 }
 
-/// The library, initialised while it lives. It serves one thread at a time.
+/// Initialises the library for the duration of its lifetime. Single-threaded.
 class Library {
   public:
     Library() {
@@ -78,9 +78,9 @@ class Scanner {
 
     SANE_Handle handle() const { return handle_; }
 
-    /// Asks for a text among those that an option offers; leaves it when it does not.
+    /// Selects a text if the option offers it.
     void prefer(std::string_view name, std::string_view value) const;
-    /// Sets a number as near as the option allows, and gives what it then is; none without such an option.
+    /// Sets a number as closely as the option allows and returns the resulting value; nullopt without such an option.
     std::optional<double> setNear(std::string_view name, double value) const;
 
   private:
@@ -133,7 +133,7 @@ SANE_Word nearest(const SANE_Option_Descriptor& form, SANE_Word wanted) {
         return range.quant > 0 ? range.min + (inside - range.min) / range.quant * range.quant : inside;
     }
     if (form.constraint_type == SANE_CONSTRAINT_WORD_LIST) {
-        // The first word counts the others.
+        // The first word is the number of the others.
         const SANE_Word* list = form.constraint.word_list;
         const SANE_Word* best = std::min_element(list + 1, list + 1 + list[0], [wanted](SANE_Word a, SANE_Word b) {
             return std::abs(a - wanted) < std::abs(b - wanted);
@@ -159,10 +159,10 @@ std::optional<double> Scanner::setNear(std::string_view name, double value) cons
     return fromWord(word, type);
 }
 
-/// Whether a page is there after it, or the user at the device has put an end to it.
+/// Whether a page has been read, or the user cancelled at the device.
 enum class Outcome { page, cancelled };
 
-/// The bytes of one frame, as they come.
+/// Reads the bytes of one frame.
 Outcome readFrame(SANE_Handle handle, const SANE_Parameters& form, std::pair<int, int> frame, Watch& watch,
                   std::vector<SANE_Byte>& bytes) {
     const auto expected =
@@ -194,7 +194,7 @@ Outcome readFrame(SANE_Handle handle, const SANE_Parameters& form, std::pair<int
     }
 }
 
-/// One sample as 8 bits. A bit that is set is black, in grey as by the rules of the interface.
+/// One sample as 8 bits. In line art a set bit is black, as the interface defines.
 std::uint8_t sampleAt(const SANE_Byte* line, int index, int depth, bool grey) {
     if (depth == 1) {
         const bool set = (line[index / 8] >> (7 - index % 8) & 1) != 0;
@@ -208,7 +208,7 @@ std::uint8_t sampleAt(const SANE_Byte* line, int index, int depth, bool grey) {
     return line[index];
 }
 
-/// Puts a frame's samples into the page: all channels, or that of its colour.
+/// Copies a frame's samples to the page: all channels, or that of its colour.
 void putFrame(const SANE_Parameters& form, const std::vector<SANE_Byte>& bytes, Image& page) {
     const int height =
         form.bytes_per_line > 0 ? static_cast<int>(bytes.size() / static_cast<std::size_t>(form.bytes_per_line)) : 0;

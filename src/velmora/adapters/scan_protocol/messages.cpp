@@ -29,7 +29,7 @@ constexpr double mostSamples = 3.0 * (std::size_t{1} << 30);
 
 struct Escape {
     char character;
-    char letter;  ///< behind a backslash
+    char letter;  ///< after a backslash
 };
 constexpr std::array escapes{Escape{'\t', 't'}, Escape{'\n', 'n'}, Escape{'\\', '\\'}};
 
@@ -87,7 +87,7 @@ std::string line(std::initializer_list<std::string_view> fields) {
     return text + '\n';
 }
 
-/// The samples that a page of this shape has; refused when there can be no such page.
+/// The number of samples of a page with this header; an invalid header is refused.
 std::size_t samplesOf(const Image& page) {
     const double count = static_cast<double>(page.width) * page.height * page.channels;
     const bool shaped = page.width > 0 && page.height > 0 && (page.channels == 1 || page.channels == 3);
@@ -132,7 +132,7 @@ std::string end() {
 
 struct AnswerReader::Kind {
     std::string_view name;
-    std::size_t fields;  ///< with the name
+    std::size_t fields;  ///< including the name
     void (AnswerReader::*read)(const Fields&);
 };
 

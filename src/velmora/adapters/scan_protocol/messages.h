@@ -27,27 +27,27 @@
 
 namespace velmora::scanner {
 
-/// Each with its end of line.
+/// Each ends in a line feed.
 namespace message {
 std::string greeting();
 std::string progress(std::optional<double> fraction);
 std::string device(const Device& device);
-/// What stands before the samples of the page.
+/// The header before the samples of the page.
 std::string page(const Image& page);
 std::string error(long number, std::string_view text);
 std::string end();
 }  // namespace message
 
-/// Reads what velmora-scan writes, in pieces as they come.
+/// Parses the output of velmora-scan as it arrives in pieces.
 class AnswerReader {
   public:
     /// Every message advances the watch.
     explicit AnswerReader(Watch& watch) : watch_(watch) {}
 
-    /// Errors: the RuntimeError that the program tells; number 57 when it does not keep to the protocol.
+    /// Errors: the RuntimeError sent by the program; number 57 when it violates the protocol.
     void take(std::string_view piece);
 
-    /// Whether the answer has come to its end. Until then the rest is not to be relied on.
+    /// Whether the answer is complete. Until then the rest must not be used.
     bool whole() const { return whole_; }
     const std::vector<Device>& devices() const { return devices_; }
     std::optional<Image>& page() { return page_; }
@@ -67,8 +67,8 @@ class AnswerReader {
     void readEnd(const Fields& fields);
 
     Watch& watch_;
-    std::string line_;         ///< the beginning of a line whose end has not come
-    std::size_t missing_ = 0;  ///< samples of the page that have not come
+    std::string line_;         ///< the part of a line received so far
+    std::size_t missing_ = 0;  ///< number of samples of the page not received yet
     bool greeted_ = false;
     bool whole_ = false;
     std::vector<Device> devices_;

@@ -1,5 +1,5 @@
 #pragma once
-// Where pages come from: devices by name, and the image of a page.
+// Sources of pages: devices by name, and the image of a page.
 
 #include <atomic>
 #include <cstddef>
@@ -11,11 +11,11 @@
 namespace velmora::scanner {
 
 struct Device {
-    std::string name;   ///< what the system calls it
-    std::string title;  ///< what the user reads
+    std::string name;   ///< the system's name
+    std::string title;  ///< shown to the user
 };
 
-/// A page, row by row from the top left, 8 bits a sample.
+/// A page, row by row from the top left, 8 bits per sample.
 struct Image {
     int width = 0;  ///< pixels
     int height = 0;
@@ -25,10 +25,10 @@ struct Image {
     std::vector<std::uint8_t> samples;
 };
 
-/// Progress and cancellation of a piece of work, shared by the thread that does it and the one that waits for it.
+/// Progress and cancellation of an operation, shared by the thread that runs it and the one that waits for it.
 class Watch {
   public:
-    /// The work has come on; `fraction` from 0 to 1, none when its end is not known.
+    /// Reports progress; `fraction` from 0 to 1, nullopt when the end is not known.
     void advance(std::optional<double> fraction) {
         fraction_ = fraction.value_or(unknown);
         ++beats_;
@@ -40,7 +40,7 @@ class Watch {
         const double value = fraction_;
         return value < 0 ? std::nullopt : std::optional(value);
     }
-    /// Changes with every advance.
+    /// Incremented by every advance.
     std::size_t beats() const { return beats_; }
 
   private:
@@ -50,13 +50,13 @@ class Watch {
     std::atomic<std::size_t> beats_ = 0;
 };
 
-/// Its calls may take long, and are made on a thread of their own, one at a time.
+/// Calls may take long and are made on a background thread, one at a time.
 class PageSource {
   public:
     virtual ~PageSource() = default;
     /// Errors: RuntimeError with a text for the user.
     virtual std::vector<Device> devices(Watch& watch) = 0;
-    /// One page. None when the watch, or the user at the device, cancelled it. Errors: RuntimeError with a text for
+    /// One page. nullopt when the watch, or the user at the device, cancelled it. Errors: RuntimeError with a text for
     /// the user.
     virtual std::optional<Image> scan(const std::string& device, Watch& watch) = 0;
 };

@@ -16,7 +16,7 @@ using Clock = std::chrono::steady_clock;
 constexpr long deviceUnavailable = 68;
 constexpr std::chrono::milliseconds pollInterval{40};
 
-/// Shared by both threads and freed by the one that ends last.
+/// Shared by both threads; freed by the one that ends last.
 struct Shared {
     Watch watch;
     std::mutex mutex;

@@ -1,5 +1,5 @@
 #pragma once
-// Work that may hang, run on a thread of its own while the screen stays alive.
+// Runs an operation that may hang on a background thread while the screen stays responsive.
 
 #include <chrono>
 #include <functional>
@@ -14,17 +14,17 @@
 namespace velmora::scanner {
 
 struct Patience {
-    std::chrono::milliseconds silence{60'000};  ///< without a sign of life before the work is given up
-    std::chrono::milliseconds grace{5'000};     ///< for it to end once it is cancelled
+    std::chrono::milliseconds silence{60'000};  ///< longest time without progress before the operation is cancelled
+    std::chrono::milliseconds grace{5'000};     ///< time to end after it has been cancelled
 };
 
-/// Runs the work to its end and shows how far it is. The user's cancelling, and too long a silence, cancel its watch.
-/// Work that does not end within the grace is abandoned on its thread, so it must own all that it uses. Errors: those
-/// of the work; after a silence, number 68.
+/// Runs the work to its end and shows its progress. The user's Cancel, and too long a time without progress, cancel its
+/// watch. Work that does not end within the grace period is abandoned on its thread, so it must own everything it uses.
+/// Errors: those of the work; number 68 after a time without progress.
 void runInBackground(std::function<void(Watch&)> work, screen::Progress& progress, const std::string& text,
                      const Patience& patience);
 
-/// The same for work with a result. None when it was cancelled before it had one.
+/// The same for work with a result. nullopt when it was cancelled before it had one.
 template <typename Result>
 std::optional<Result> computeInBackground(std::function<std::optional<Result>(Watch&)> work, screen::Progress& progress,
                                           const std::string& text, const Patience& patience) {

@@ -1,5 +1,5 @@
 #pragma once
-// Which scanner, where there are several.
+// The choice of a scanner when there are several.
 
 #include <optional>
 #include <string>
@@ -14,7 +14,7 @@ class DeviceForm : public screen::Form {
   public:
     explicit DeviceForm(const std::vector<Device>& devices);
 
-    /// The position of the device that the user scans with; none when the form was left.
+    /// The position of the chosen device; nullopt when the form was closed without a choice.
     std::optional<std::size_t> chosen() const { return chosen_; }
 
   private:

@@ -12,7 +12,7 @@ bool writePage(const Image& page, QIODevice& out) {
     constexpr int paperDots = 1200;
     const QSizeF size(page.width * millimetresOfInch / page.dotsPerInchAcross,
                       page.height * millimetresOfInch / page.dotsPerInchDown);
-    // Longer than it is broad, a page size is one as it stands; broader, it is turned back by the writer unless told.
+    // The writer turns a page size that is wider than high back to portrait unless told otherwise.
     QPdfWriter paper(&out);
     paper.setPageSize(QPageSize(size, QPageSize::Millimeter, QString(), QPageSize::ExactMatch));
     paper.setPageMargins(QMarginsF(0, 0, 0, 0));

@@ -28,8 +28,8 @@ void PageScanner::jConfig() {
     }
 }
 
-// Chosen C-214: the component asks which scanner only where there are several to choose from, and none of them is the
-// one that the user has named as his own.
+// Chosen C-214: the user is asked for the scanner only when there are several and none of them is the user's default
+// one.
 std::optional<std::string> PageScanner::chooseDevice() {
     if (const char* own = std::getenv("SANE_DEFAULT_DEVICE"); own != nullptr && *own != '\0') {
         return own;

@@ -1,5 +1,5 @@
 #pragma once
-// A page from the scanner into a file: what stands in for MIRTOL.jMirtol.
+// Scans a page to a file: the stand-in for MIRTOL.jMirtol.
 
 #include <memory>
 #include <string>
@@ -13,20 +13,20 @@
 
 namespace velmora::scanner {
 
-/// What goes wrong is told to the user and raised to nobody: `resultado` says whether the file was written.
+/// Errors are shown to the user and not raised: `resultado` says whether the file was written.
 class PageScanner final : public components::Scanner {
   public:
     PageScanner(screen::Screen& screen, std::shared_ptr<PageSource> source, std::shared_ptr<qt::Graphics> graphics,
                 Patience patience = {});
 
     void setFichero(std::string_view path) override { path_ = path; }
-    /// Scans one page with the only device there is, with that of SANE_DEFAULT_DEVICE, or with the one that the user
-    /// chooses, and writes it as a PDF.
+    /// Scans one page with the only device, with that of SANE_DEFAULT_DEVICE, or with the one that the user chooses,
+    /// and writes it as a PDF.
     void jConfig() override;
     bool resultado() const override { return written_; }
 
   private:
-    /// None when the user left the choice.
+    /// nullopt when the user closed the choice.
     std::optional<std::string> chooseDevice();
     std::optional<Image> scan(const std::string& device);
     void write(const Image& page);

@@ -13,7 +13,7 @@ constexpr long fileNotFound = 53;
 constexpr long deviceError = 57;
 constexpr int pollInterval = 40;  // milliseconds
 
-/// The process while it runs; its end never outlasts the operation that started it.
+/// The running process; it never outlives the operation that started it.
 class Running {
   public:
     Running(const std::string& program, const std::vector<std::string>& arguments, std::chrono::milliseconds grace)
@@ -29,7 +29,7 @@ class Running {
                                                           program + "\n\n" + process_.errorString().toStdString());
         }
     }
-    /// Asks it to end, and ends it when it does not.
+    /// Asks the process to end, and kills it when it does not.
     ~Running() {
         process_.closeWriteChannel();
         if (process_.state() != QProcess::NotRunning && !process_.waitForFinished(grace_)) {
@@ -40,7 +40,7 @@ class Running {
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
 
-    /// What it has written since, after a short wait; none when it has ended and all is read.
+    /// Its output since the last call, after a short wait; nullopt when it has ended and everything has been read.
     std::optional<QByteArray> read() {
         process_.waitForReadyRead(pollInterval);
         QByteArray piece = process_.readAllStandardOutput();

@@ -1,5 +1,5 @@
 #pragma once
-// Pages from velmora-scan, a program of its own: what a scanner's back end does there cannot harm this process.
+// Pages from the separate program velmora-scan, so that a scanner's back end cannot harm this process.
 
 #include <chrono>
 #include <string>
@@ -9,12 +9,11 @@
 
 namespace velmora::scanner {
 
-/// Starts the program once for each operation; it ends with the operation. Nothing is written to a file.
-/// Errors besides those that the program tells: RuntimeError 53 when it cannot be started, 57 when it crashes or says
-/// what is not understood.
+/// Starts the program once per operation; it ends with the operation. No files are written. Errors besides those that
+/// the program reports: RuntimeError 53 when it cannot be started, 57 when it crashes or violates the protocol.
 class ScanProcess final : public PageSource {
   public:
-    /// A cancelled program that has not ended within the grace is killed.
+    /// A cancelled program that has not ended within the grace period is killed.
     explicit ScanProcess(std::string program, std::chrono::milliseconds grace = std::chrono::seconds(2))
         : program_(std::move(program)), grace_(grace) {}
 

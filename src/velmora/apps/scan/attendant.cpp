@@ -15,7 +15,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds pollInterval{40};
 
-/// Waits a moment for the end of the standard input. What comes before it says nothing.
+/// Waits briefly for the end of the standard input. Any input before it is ignored.
 bool inputHasEnded() {
     pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
     if (::poll(&input, 1, static_cast<int>(pollInterval.count())) <= 0) {

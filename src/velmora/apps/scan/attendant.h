@@ -1,5 +1,5 @@
 #pragma once
-// Keeps the line to the starting program open while the work blocks in the library of the scanners.
+// Communicates with the starting program while the main thread is blocked in the scanner library.
 
 #include <atomic>
 #include <chrono>
@@ -11,12 +11,12 @@
 
 namespace velmora::scan {
 
-/// While it lives, a thread tells how far the watch is, whenever it has advanced, and cancels it when the standard
-/// input ends. When the work has not ended within the grace after that, the process is ended: whoever started it has
-/// given it up, or is dead.
+/// During its lifetime a thread reports the watch's progress whenever it has advanced, and cancels the watch when the
+/// standard input ends. When the work has not ended within the grace period after that, the thread ends the process,
+/// because the starting program has given up or died.
 class Attendant {
   public:
-    /// `tell` is called on the thread of the attendant.
+    /// `tell` is called on the background thread.
     Attendant(scanner::Watch& watch, std::function<void(std::optional<double>)> tell,
               std::chrono::milliseconds grace = std::chrono::seconds(4));
     ~Attendant();

@@ -1,6 +1,6 @@
 // velmora-scan: lists scanners and scans a page for the program that started it. adapters/scan_protocol/messages.h
-// tells what it is called with and what it answers. It is a process of its own because the scanners' back ends are
-// loaded into whatever links their library: their licences and their crashes stay here.
+// documents arguments and output. It is a separate process because the scanners' back ends are loaded into whatever
+// links their library: their licences and crashes stay in it.
 
 #include <cerrno>
 #include <cstdio>
@@ -25,8 +25,8 @@ namespace message = scanner::message;
 
 constexpr int wrongUse = 2;
 
-/// The standard output. What a back end prints there goes to the standard error output instead, so that it does not
-/// run into the messages.
+/// The standard output. Output of a back end is redirected to the standard error output, so that it does not mix with
+/// the messages.
 class Output {
   public:
     Output() : file_(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
