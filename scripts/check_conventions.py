@@ -338,6 +338,26 @@ def check_example(house):
             house.refuse(README, 1, f"does not show {EXAMPLE} as it stands")
 
 
+VERSION = "src/velmora/platform/version.h"
+CHANGELOG = "CHANGELOG.md"
+_VERSION_PART = re.compile(r"inline constexpr int \w+ = (\d+);")
+_RELEASE = re.compile(r"^## (\d+(?:\.\d+)+)", re.MULTILINE)
+
+
+def check_version(house):
+    """The build reads its version from the header; what was released last is the same one."""
+    if VERSION not in house.files or CHANGELOG not in house.files:
+        return
+    version = ".".join(_VERSION_PART.findall(house.read(VERSION)))
+    released = _RELEASE.search(house.read(CHANGELOG))
+    if released is None or released.group(1) != version:
+        house.refuse(CHANGELOG, 1, f"the newest release is not {version}, the version in {VERSION}")
+    for name in house.files:
+        if name.endswith((".cmake", ".sh", ".py")) or Path(name).name == "CMakeLists.txt":
+            if version and version in house.read(name):
+                house.refuse(name, 1, f"the version stands in {VERSION} alone: {version}")
+
+
 CHECKS = (
     check_example,
     check_includes,
@@ -347,6 +367,7 @@ CHECKS = (
     check_rounding,
     check_files,
     check_register,
+    check_version,
 )
 
 

@@ -2,13 +2,8 @@
 # Installs what building and testing need and is not there yet. Asks nothing; says nothing when all is there.
 set -eu
 
-packages="
-    build-essential cmake ninja-build ccache python3 locales
-    qt6-base-dev qt6-qpa-plugins fonts-dejavu-core fonts-dejavu-extra
-    libsqlite3-dev libicu-dev libfmt-dev libcli11-dev libxlsxwriter-dev libsane-dev sane-utils
-    poppler-utils python3-openpyxl
-    libgtest-dev libgmock-dev libbenchmark-dev
-"
+# The list tells beside each what needs it.
+packages=$(sed -n 's/^\([a-z0-9][^ |]*\) *|.*/\1/p' "$(dirname "$0")/packages.txt")
 
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then

@@ -183,6 +183,15 @@ class Conventions(unittest.TestCase):
         self.assertSound({**example, "README.md": "# A\n\n```cpp\nint main() {}\n```\n"})
         self.assertRefused({**example, "README.md": "# A\n\n```cpp\nint main();\n```\n"}, "does not show")
 
+    def test_the_newest_release_bears_the_version_and_nothing_else_states_it(self):
+        header = "".join(f"inline constexpr int {part} = {n};\n" for part, n in (("a", 3), ("b", 1), ("c", 4)))
+        version = {"src/velmora/platform/version.h": header}
+        self.assertSound({**version, "CHANGELOG.md": "## Unreleased\n\n## 3.1.4\n\n## 3.1.3\n"})
+        refusal = "the newest release is not 3.1.4, the version in src/velmora/platform/version.h"
+        self.assertRefused({**version, "CHANGELOG.md": "## Unreleased\n\n## 3.1.3\n"}, refusal)
+        stated = {**version, "CHANGELOG.md": "## 3.1.4\n", "cmake/A.cmake": "set(version 3.1.4)\n"}
+        self.assertRefused(stated, "the version stands in src/velmora/platform/version.h alone: 3.1.4")
+
     def test_file_names_are_ascii(self):
         self.assertRefused({"src/velmora/data/piñon.cpp": "\n"}, "file names are ASCII")
 

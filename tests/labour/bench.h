@@ -7,8 +7,8 @@
 
 #include "velmora/labour/frm_mano_obra.h"
 
-#include "support/proposal_workshop.h"
 #include "staff.h"
+#include "support/proposal_workshop.h"
 
 namespace velmora::labour {
 

@@ -76,8 +76,9 @@ sql::Recordset historyRows() {
                                              "Hijos de J. Müller y Cía., S.C."};
     std::vector<sql::Row> rows;
     for (int i = 0; i < 40; ++i) {
-        rows.push_back({1240 - 7 * i, runtime::Date::of(2026, 1 + static_cast<unsigned>(i) % 12, 28), customers[static_cast<unsigned>(i) % 5],
-                        12.7, 17 + i % 9, 38.5 + 17.25 * i * (i % 4), 1 + i * 3 % 50, i % 3 == 0, "Ver"});
+        rows.push_back({1240 - 7 * i, runtime::Date::of(2026, 1 + static_cast<unsigned>(i) % 12, 28),
+                        customers[static_cast<unsigned>(i) % 5], 12.7, 17 + i % 9, 38.5 + 17.25 * i * (i % 4),
+                        1 + i * 3 % 50, i % 3 == 0, "Ver"});
     }
     return sql::Recordset(sql::rowsInMemory(columns, rows));
 }
