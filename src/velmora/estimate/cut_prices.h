@@ -1,6 +1,6 @@
 #pragma once
-// The price of a saw cut: the rate of a material's kind, kept in memory for a form's life, since every change of a
-// size asks for it.
+// The price of a saw cut: rates by kind of material, cached for a form's lifetime because every change of a size needs
+// them.
 
 #include <string_view>
 
@@ -13,11 +13,11 @@ class CutPrices {
   public:
     explicit CutPrices(session::Session& session) : session_(session) {}
 
-    /// Reads the rates anew. Errors: the database's.
+    /// Reads the rates again. Errors: the database's.
     void msCargarPreciosCorte();
 
     /// The rate (€ per mm of cut) of the material parameter with this number; never 0: a material without a rate, an
-    /// unknown one, and a text that is no number cost 0.01. Asks no database.
+    /// unknown one, and a text that is not a number cost 0.01. Does not access the database.
     double FnPrecioCorte(std::string_view nIdPar);
 
   private:

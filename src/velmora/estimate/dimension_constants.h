@@ -1,5 +1,5 @@
 #pragma once
-// Hub diameter and total width: multiples of the pitch diameter, by ranges that the installation keeps in Calculos.
+// Hub diameter and total width as multiples of the pitch diameter, by the ranges stored in Calculos.
 
 #include "velmora/estimate/field_map.h"
 
@@ -9,9 +9,9 @@ class DimensionConstants {
   public:
     DimensionConstants(FieldMap& fields, session::Session& session) : f_(fields), session_(session) {}
 
-    /// Hub diameter (mm) from the pitch diameter, which is overwritten with the value before the last rounding.
-    /// Writes the factor into lblFormulaDM. A missing range counts as factor 1. Errors: the database's; 13 for a
-    /// stored constant that is no number.
+    /// Hub diameter (mm) from the pitch diameter, which is overwritten with the value before the last rounding. Writes
+    /// the factor to lblFormulaDM. A missing range counts as factor 1. Errors: the database's; 13 for a stored constant
+    /// that is not a number.
     double FnDmCubo(double& dp);
 
     /// Total width (mm), likewise, with lblFormulaAncho.

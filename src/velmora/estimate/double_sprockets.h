@@ -1,6 +1,6 @@
 #pragma once
-// Double, two-chain and triple products, whose measures come ready from the table PDM by chain and teeth, and the
-// variable product with two unlike hubs.
+// Double, two-chain and triple products, whose measures are read from the table PDM by chain and teeth, and the
+// variable product with two different hubs.
 
 #include "velmora/estimate/field_map.h"
 
@@ -11,22 +11,21 @@ class DoubleSprockets {
     DoubleSprockets(FieldMap& fields, session::Session& session, screen::Screen& screen)
         : f_(fields), session_(session), screen_(screen) {}
 
-    /// What leaving a field of Text1 does for the types with a chain list. False when the look-up found no row: the
-    /// handler then ends with no other change.
+    /// The handler of leaving a field of Text1, for the types with a chain list. False when the look-up found no row:
+    /// the caller then changes nothing else.
     bool Text1_LostFocus(int Index);
 
-    /// Spreads the measures over the sketch of the variable product whose second hub is known, and gives its total
-    /// width. Nothing for other types, nor while a proposal is being loaded.
+    /// Writes the measures to the sketch of the variable product whose second hub is known, and computes its total
+    /// width. Does nothing for other types or while a proposal is being loaded.
     void msCalcularDobleVariable();
 
-    /// The figures of the variable sketch, txtDCV, from the fields beside them; writes no measure. Nothing for types
+    /// Copies the fields to the figures of the variable sketch, txtDCV; changes no measure. Does nothing for types
     /// other than 10 and 11.
     void repeatOnVariableSketch();
-    /// The same after a change of that field of Text1, if the sketch repeats it.
+    /// The same after a change of that field of Text1, if the sketch shows it.
     void variableMeasureChanged(int field);
 
-    /// Rim, hub and total width on the sketches of double and triple, txtPDM and txtTriple, from the fields beside
-    /// them.
+    /// Copies rim, hub and total width to the sketches of double and triple, txtPDM and txtTriple.
     void repeatOnMultipleSketches();
 
   private:

@@ -1,6 +1,6 @@
 #pragma once
-// What the drawings of the pieces have in common: a wheel that can be made, its outlines, and dimension lines in rows.
-// Private to the drawings.
+// Shared parts of the drawings: a wheel that can be made, its outlines, and dimension lines in rows. Internal to the
+// drawings.
 
 #include <numbers>
 #include <optional>
@@ -19,13 +19,13 @@ using screen::Point;
 
 inline constexpr double pi = std::numbers::pi;
 
-/// The measure when it lies strictly between the bounds. The comparison also turns away what is not a number.
+/// The value if it is strictly between the bounds. NaN fails the comparison, too.
 std::optional<double> within(double low, const std::optional<double>& value, double high);
 
 /// Radii of a wheel that can be made.
 struct Wheel {
     Toothing toothing = Toothing::chain;
-    int teeth = 0;  ///< zero: not known, or too many to be told apart
+    int teeth = 0;  ///< zero: unknown, or too many to draw
     double exterior = 0;
     double pitch = 0;
     double root = 0;
@@ -36,18 +36,18 @@ struct Wheel {
     bool hasTeeth() const { return toothing != Toothing::smooth; }
 };
 
-/// The wheel up to its exterior, still without a bore.
+/// The wheel up to its exterior, without a bore.
 Wheel solidWheel(const WheelMeasures& measures);
-/// Bores the wheel where its narrowest part has the radius `narrowest`.
+/// Adds a bore to a wheel whose narrowest part has the radius `narrowest`.
 void cutBore(Wheel& wheel, const WheelMeasures& measures, double narrowest);
-/// A hub's radius that suits the wheel.
+/// A hub's radius that is possible for the wheel.
 double hubRadius(const Wheel& wheel, const std::optional<double>& diameter);
-/// A width that such a wheel may have.
+/// The width if it is possible for such a wheel.
 std::optional<double> sensibleWidth(const Wheel& wheel, const std::optional<double>& width);
-/// That, or `ordinary` parts of the exterior diameter.
+/// The width if possible, otherwise the exterior diameter times `ordinary`.
 double widthOr(const Wheel& wheel, const std::optional<double>& width, double ordinary);
 
-/// Ordinary widths, as parts of the exterior diameter.
+/// Ordinary widths, as fractions of the exterior diameter.
 inline constexpr double ordinaryRim = 0.12;
 inline constexpr double ordinaryHubWidth = 0.24;
 
@@ -55,18 +55,18 @@ void line(Drawing& drawing, Point from, Point to, Pen pen);
 void area(Drawing& drawing, std::vector<Point> points, Fill fill, Pen pen = Pen::outline);
 void circle(Drawing& drawing, Point centre, double radius, Pen pen, Fill fill = Fill::none);
 
-/// The dimension lines stand in rows, one line of text apart. On the smallest canvas that a picture is meant for a
-/// row has `rowPixels`; from this follows how many millimetres of a piece that is.
+/// The dimension lines are in rows, one line of text apart. On the smallest intended canvas a row has `rowPixels`; this
+/// determines the millimetres of a row.
 inline constexpr double canvasWidth = 346;
 inline constexpr double canvasHeight = 360;
 inline constexpr double rowPixels = 21;
 
-inline constexpr double firstRow = 1.3;  // all in rows
+inline constexpr double firstRow = 1.3;  // as a multiple of a row
 inline constexpr double sideDistance = 1.6;
 inline constexpr double viewDistance = 1.8;
 inline constexpr double overshoot = 0.5;
 
-/// The rows above and below a section, and how far the front view stands from it.
+/// The rows above and below a section, and the distance of the front view.
 struct Surroundings {
     int above = 0;
     int below = 0;
@@ -74,8 +74,8 @@ struct Surroundings {
 };
 
 struct Stand {
-    double row = 0;    ///< millimetres from one dimension line to the next
-    double viewX = 0;  ///< the axis of the front view
+    double row = 0;    ///< millimetres between two dimension lines
+    double viewX = 0;  ///< x of the front view's axis
 };
 
 Stand arrange(const Wheel& wheel, double width, const Surroundings& surroundings);
@@ -88,10 +88,10 @@ void drawTeethInSection(Drawing& drawing, const Wheel& wheel, double left, doubl
 /// The pitch line across the rims.
 void drawPitchLine(Drawing& drawing, const Wheel& wheel, double left, double right, double row);
 void drawAxis(Drawing& drawing, double width, double row);
-/// The view along the axis, with the hub that is seen.
+/// The view along the axis, with the visible hub.
 void drawFrontView(Drawing& drawing, const Wheel& wheel, const Stand& stand, std::optional<double> hub);
 
-/// What a dimension says.
+/// The content of a dimension.
 struct Mark {
     int label;
     const char* caption = "";
@@ -114,14 +114,14 @@ class WidthRows {
     WidthRows(Drawing& drawing, const Wheel& wheel, double row) : drawing_(drawing), wheel_(wheel), row_(row) {}
 
     void width(Side side, int place, double left, double right, const Mark& mark) const;
-    /// Leads an edge out to where the extension line of a row begins, and a little further: a toolkit may leave a gap
-    /// there. With a label it stays out of the picture together with that label's dimension.
+    /// Extends an edge to slightly beyond the start of a row's extension line, because a toolkit may leave a gap there.
+    /// With a label it is left out together with that label's dimension.
     void leadOut(Side side, int place, double x, double edge, int label = -1) const;
 
-    /// How far from the axis the dimension line of a row stands.
+    /// Distance of a row's dimension line from the axis.
     double level(int place) const;
-    /// Where the extension lines of a row begin: those of the first at the rim, those of a further one at the row
-    /// before, so that no two of them lie on each other.
+    /// Start of a row's extension lines: at the rim for the first row, at the previous row for others, so that they do
+    /// not overlap.
     double foot(int place) const;
     double row() const { return row_; }
 

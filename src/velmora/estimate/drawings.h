@@ -1,5 +1,5 @@
 #pragma once
-// The pictures of the piece: a section through its axis and, beside it, the view from the side of the first hub.
+// Drawings of pieces with one rim: a section through the axis and, beside it, the view from the side of the first hub.
 
 #include <optional>
 
@@ -17,7 +17,7 @@ struct PieceMeasures : WheelMeasures {
     std::optional<double> totalWidth;
 };
 
-/// The places of the value labels: the numbers of `Text3`.
+/// Places of the value labels: the indexes of `Text3`.
 enum class PieceLabel {
     exterior = 0,
     hub = 1,
@@ -28,9 +28,9 @@ enum class PieceLabel {
     secondHubWidth = 6,
 };
 
-/// Draws the piece to scale. A measure that is missing, or that no piece with the other measures could have, is
-/// replaced by that of an ordinary piece of the same size: whatever the fields hold, the picture is a piece.
-/// The first hub is the left one, so that the view beside the section, taken from the left, shows it.
+/// Draws the piece to scale. A measure that is missing, or impossible together with the others, is replaced by that of
+/// an ordinary piece of the same size, so the drawing is valid whatever the fields contain. The first hub is the left
+/// one and is visible in the view beside the section, taken from the left.
 screen::Drawing drawPiece(Hubs hubs, const PieceMeasures& measures);
 
 }  // namespace velmora::estimate

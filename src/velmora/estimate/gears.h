@@ -1,5 +1,5 @@
 #pragma once
-// Gears and gear discs, whose measures come ready from a row of the table ENG.
+// Gears and gear discs, whose measures are read from a row of the table ENG.
 
 #include <cstdint>
 
@@ -14,8 +14,8 @@ class Gears {
     Gears(FieldMap& fields, Presentation& presentation, MaterialLists& materials, session::Session& session)
         : f_(fields), presentation_(presentation), materials_(materials), session_(session) {}
 
-    /// Fills the common measures (mm) from a gear, an ENG_Id, and lets the disc's row and prices follow; nothing when
-    /// no row has it. Errors: the database's; 13 with no material chosen for the disc.
+    /// Fills the common measures (mm) from a gear, an ENG_Id, and updates the disc's row and prices; does nothing when
+    /// there is no such row. Errors: the database's; 13 with no material chosen for the disc.
     void takeOver(std::int32_t nIdEngranaje);
 
   private:

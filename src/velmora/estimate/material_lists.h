@@ -10,13 +10,13 @@ class MaterialLists {
     MaterialLists(FieldMap& fields, session::Session& session, screen::Screen& screen)
         : f_(fields), session_(session), screen_(screen) {}
 
-    /// Discs in cboMatDisco, hubs in cboMatCubo: a piece above 120 mm.
+    /// Discs in cboMatDisco, hubs in cboMatCubo: for a piece above 120 mm.
     void msCargarMaterialesConCubo();
-    /// Rounds (the hubs' materials) in both: a piece up to 120 mm.
+    /// Rounds (the hubs' materials) in both: for a piece up to 120 mm.
     void msCargarMaterialesSinCubo();
     void msCargarMaterialesCre();
 
-    /// Opens the row of the chosen entry with its article; the recordset's owner is told. Error 13 with nothing
+    /// Opens the row of the chosen entry with its article, which notifies the recordset's owner. Error 13 with nothing
     /// chosen.
     void cboMatDisco_Click();
     void cboMatCubo_Click();

@@ -1,5 +1,5 @@
 #pragma once
-// The pictures of the pieces with several rims, and of the piece with two hubs that differ.
+// Drawings of pieces with several rims, and of the piece with two different hubs.
 
 #include <optional>
 
@@ -11,15 +11,15 @@ namespace velmora::estimate {
 enum class Rims { two, three };
 
 struct MultipleMeasures : WheelMeasures {
-    std::optional<double> chainRim;    ///< b1: of each rim
+    std::optional<double> chainRim;    ///< b1: width of each rim
     std::optional<double> gap;         ///< X: between two rims
     std::optional<double> rim;         ///< from the first rim's outer side to the last one's
-    std::optional<double> coreHeight;  ///< H1: from the exterior down to the core between the rims
+    std::optional<double> coreHeight;  ///< H1: from the exterior to the core between the rims
     std::optional<double> hub;
     std::optional<double> hubWidth;
 };
 
-/// The places of the value labels of two rims: the numbers of `txtPDM`.
+/// Places of the value labels for two rims: the indexes of `txtPDM`.
 enum class DoubleLabel {
     exterior = 0,
     hub = 1,
@@ -32,7 +32,7 @@ enum class DoubleLabel {
     secondRim = 8,
 };
 
-/// The places of the value labels of three rims: the numbers of `txtTriple`.
+/// Places of the value labels for three rims: the indexes of `txtTriple`.
 enum class TripleLabel {
     exterior = 0,
     hub = 1,
@@ -47,8 +47,9 @@ enum class TripleLabel {
     totalWidth = 10,
 };
 
-/// Draws a piece for two or three chains side by side, with a hub at its left or without, to scale and as tolerant
-/// as `drawPiece`. Where the widths of the rims contradict each other, the rim of one chain and the gap prevail.
+/// Draws a piece for two or three chains side by side, with or without a hub at its left, to scale; invalid measures
+/// are replaced as in `drawPiece`. When the widths of the rims contradict each other, the rim of one chain and the gap
+/// are used.
 screen::Drawing drawMultiple(Rims rims, bool withHub, const MultipleMeasures& measures);
 
 struct VariableMeasures : WheelMeasures {
@@ -59,7 +60,7 @@ struct VariableMeasures : WheelMeasures {
     std::optional<double> hubBWidth;
 };
 
-/// The places of the value labels of two hubs that differ: the numbers of `txtDCV`.
+/// Places of the value labels for two different hubs: the indexes of `txtDCV`.
 enum class VariableLabel {
     totalWidth = 0,
     hubAWidth = 1,
@@ -70,7 +71,8 @@ enum class VariableLabel {
     exterior = 6,
 };
 
-/// Draws a piece with hub A at the left of its rim and hub B at the right, to scale and as tolerant as `drawPiece`.
+/// Draws a piece with hub A at the left of its rim and hub B at the right, to scale; invalid measures are replaced as
+/// in `drawPiece`.
 screen::Drawing drawVariable(const VariableMeasures& measures);
 
 }  // namespace velmora::estimate

@@ -1,5 +1,5 @@
 #pragma once
-// An empty proposal on the main form: nothing is typed yet, and each material on show has its price.
+// An empty proposal on the main form: no field counts as typed, and each displayed material has its price.
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/totals.h"
@@ -10,13 +10,14 @@ class NewProposal {
   public:
     NewProposal(FieldMap& fields, Totals& totals) : f_(fields), totals_(totals) {}
 
-    /// After the fields were emptied, by the form's load or by a delete: no field counts as typed, the words of the
-    /// approximate weight are gone, and the materials on show are priced. Error 94 for a material without prices.
+    /// To be called after the fields were emptied by the form's load or by a delete: no field counts as typed, the
+    /// caption of the approximate weight is cleared, and the displayed materials are priced. Error 94 for a material
+    /// without prices.
     void begin();
 
-    /// After a product type was chosen: prices the materials of the parts that this type brings along, and takes the
-    /// price away from a part that it has not and that weighs nothing. A price that the user has typed, and any other
-    /// that stands already, stay. Nothing in a load, nor on a stored proposal.
+    /// To be called after a product type was chosen: prices the materials of the parts that the type adds, and removes
+    /// the price from a part that the type lacks and that has no weight. Prices typed by the user, and other existing
+    /// ones, are kept. Does nothing during a load or on a stored proposal.
     void typeChosen();
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// What of the main form is seen, can be typed in and how it is captioned, by product type.
+// Visibility, enabling and captions of the main form's fields by product type.
 
 #include "velmora/estimate/field_map.h"
 
@@ -9,11 +9,11 @@ class Presentation {
   public:
     explicit Presentation(FieldMap& fields) : f_(fields) {}
 
-    /// Sets the screen for the chosen type, then the widths that follow from it. Error 13 for a width that is no
-    /// number.
+    /// Sets up the form for the chosen type, then computes the widths that follow from it. Error 13 for a width that is
+    /// not a number.
     void cboTipoPre_Click();
 
-    /// The rest of a gear's presentation, once it has been stored and read back.
+    /// The rest of a gear's presentation, applied when it has been stored and loaded.
     void msPresentarEngranaje();
 
     void msVerCremallera(bool b);
@@ -21,12 +21,12 @@ class Presentation {
     void msVerDoble(bool b);
     void msVerCubo(bool b);
 
-    /// A gear's module in place of chain width and roller.
+    /// Shows a gear's module in place of chain width and roller.
     void showModule();
 
   private:
     void reset();
-    // By the shape of the type.
+    // According to the shape of the type.
     void presentType(const data::ProductType& type);
     void presentOneRim(const data::ProductType& type);
     void presentTwoRims(const data::ProductType& type);

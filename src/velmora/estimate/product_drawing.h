@@ -1,5 +1,5 @@
 #pragma once
-// The picture of any product, from its type and measures alone: the form and the paper draw the same.
+// The drawing of any product from its type and measures alone, shared by form and paper.
 
 #include <map>
 #include <optional>
@@ -10,8 +10,8 @@
 
 namespace velmora::estimate {
 
-/// What a proposal says of its piece, in millimetres. What the type does not have, or holds no number, is left out;
-/// nothing here has to be sensible.
+/// The measures of a proposal's piece in millimetres. Left out: what the type does not have, or what is not a number.
+/// The values need not be valid.
 struct ProductMeasures {
     std::optional<double> teeth;
     std::optional<double> pitch;
@@ -21,7 +21,7 @@ struct ProductMeasures {
     std::optional<double> root;
     std::optional<double> bore;
     std::optional<double> keyway;
-    std::optional<double> hub;  ///< of two that differ: hub A
+    std::optional<double> hub;  ///< for two different ones: hub A
     std::optional<double> hubWidth;
     std::optional<double> secondHub;  ///< hub B
     std::optional<double> secondHubWidth;
@@ -36,14 +36,14 @@ struct ProductMeasures {
     std::optional<double> width;        ///< B of a rack
 };
 
-/// The hubs of a type that has one rim; one for a type that nobody knows.
+/// The hubs of a type with one rim; one for an unknown type.
 Hubs hubsOf(int type);
 
-/// Draws the product as its type asks for; a piece with one hub for a type that nobody knows.
+/// Draws the product according to its type; a piece with one hub for an unknown type.
 screen::Drawing drawProduct(int type, const ProductMeasures& measures);
 
-/// The texts for the numbered places of that drawing, in the locale's form. A measure that is missing or zero has
-/// none: its dimension stays out of the picture.
+/// The texts for the numbered places of the drawing, in the locale's form. A measure that is missing or zero has none,
+/// so its dimension is left out.
 std::map<int, std::string> drawingLabels(int type, const ProductMeasures& measures);
 
 }  // namespace velmora::estimate

@@ -1,5 +1,5 @@
 #pragma once
-// The rack: a bar with teeth, measured from its module and priced from a bar of its own material.
+// The rack: a toothed bar, measured by its module and priced as a bar of its own material.
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/totals.h"
@@ -12,7 +12,7 @@ class Rack {
 
     void Text1_LostFocus(int Index);
 
-    /// Body height, the sketch and the bar's sizes from the fields. Error 13 for a height that is no number.
+    /// Computes body height, sketch and bar sizes from the fields. Error 13 for a height that is not a number.
     void msCalcularCremallera();
 
     void rsMatCre_MoveComplete();

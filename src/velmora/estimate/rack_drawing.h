@@ -1,5 +1,5 @@
 #pragma once
-// The picture of a rack: the bar with its teeth and, beside it, its end.
+// The drawing of a rack: the bar with its teeth and, beside it, its end view.
 
 #include <optional>
 
@@ -7,8 +7,8 @@
 
 namespace velmora::estimate {
 
-/// The measures as the fields hold them, in millimetres; a field that is empty or holds no number is left out.
-/// Nothing here has to be sensible.
+/// The measures from the fields, in millimetres; a field that is empty or not a number is left out. The values need not
+/// be valid.
 struct RackMeasures {
     std::optional<double> module;
     std::optional<double> pitch;
@@ -18,19 +18,18 @@ struct RackMeasures {
     std::optional<double> width;        ///< B
 };
 
-/// The places of the value labels: the numbers of `txtCre`.
+/// Places of the value labels: the indexes of `txtCre`.
 enum class RackLabel {
     toothHeight = 0,
     height = 1,
     bodyHeight = 2,
     length = 3,
-    thickness = 4,  ///< the height again, on the end
+    thickness = 4,  ///< the height again, on the end view
     width = 5,
 };
 
-/// Draws the rack to scale. A long bar is shown broken off, so that its teeth can still be seen, and so is the end of
-/// a wide one. A measure that is missing, or that no rack with the other measures could have, is replaced by that of
-/// an ordinary rack.
+/// Draws the rack to scale. A long bar, and the end view of a wide one, are drawn broken off, so that the teeth remain
+/// visible. A measure that is missing, or impossible together with the others, is replaced by that of an ordinary rack.
 screen::Drawing drawRack(const RackMeasures& measures);
 
 }  // namespace velmora::estimate

@@ -1,6 +1,6 @@
 #pragma once
-// The rules of dimension: from one or two measures the next measure of a sprocket. Plain functions of their
-// arguments; lengths in millimetres.
+// Rules of dimension: computes the next measure of a sprocket from one or two others. Pure functions; lengths in
+// millimetres.
 
 #include <string>
 
@@ -9,34 +9,34 @@ namespace velmora::estimate {
 /// The value of π in every formula of the shop.
 inline constexpr double shopPi = 3.1416;
 
-/// Above this exterior diameter (mm) a piece is cut as a disc and a hub, up to it as one round.
+/// Above this exterior diameter (mm) a piece is cut as a disc and a hub, up to it as a single round.
 inline constexpr double onePieceLimit = 120;
 
 /// x rounded up to a multiple of n. Error 11 for n = 0.
 double FnMultiplo(double x, int n);
 
-/// Exterior diameter from pitch diameter, teeth and roller diameter: a whole number of millimetres. The factor of
-/// the roller grows with the teeth, from 0.5 at 6 teeth to 0.7 above 18.
+/// Exterior diameter from pitch diameter, teeth and roller diameter: a whole number of millimetres. The roller's factor
+/// increases with the teeth, from 0.5 at 6 teeth to 0.7 above 18.
 double FnDmexterior(double dp, double z, double rodillo);
 
-/// Rim width from the chain's inner width: 2, 2.5 or 3 mm less, whole.
+/// Rim width from the chain's inner width: 2, 2.5 or 3 mm less, a whole number.
 double FnLlanta(double ac);
 
-/// A diameter or width brought up to the next multiple of 5 by the factor k of the pitch diameter; k = 0 gives the
-/// whole part nearest to the pitch diameter itself. dp becomes the value before the last rounding.
+/// A diameter or width: the pitch diameter times the factor k, rounded up to a multiple of 5; for k = 0 the whole
+/// number nearest to the pitch diameter itself. dp is overwritten with the value before the last rounding.
 double scaledToFive(double& dp, double k);
 
 /// Pitch diameter of a chain wheel: pitch / sin(180° / z), with the shop's π, two decimals, half to even. Error 11
 /// for z = 0.
 double pitchDiameter(double paso, double z);
 
-/// The exterior of a smooth pulley: its root diameter, raised to the next whole millimetre when it has decimals.
+/// The exterior of a smooth pulley: its root diameter, rounded up to a whole millimetre when it has decimals.
 double pulleyExterior(double rootDiameter);
 
-/// Whether a text stands at or before another by character codes, left to right.
+/// Whether a text is equal to or before another by character codes.
 bool standsAtOrBefore(const std::string& text, const std::string& limit);
 
-/// A list of thicknesses as a late-bound list object offers it.
+/// A list of thicknesses, accessed like a late-bound list object.
 class ThicknessList {
   public:
     virtual ~ThicknessList() = default;
@@ -44,13 +44,13 @@ class ThicknessList {
     virtual int ListCount() const = 0;
 };
 
-/// The first entry of an ascending list that is greater than the thickness with its allowance (1, 2 or 3 mm by
-/// diameter); never the first entry of the list. `grueso` keeps the allowance. Error 13 when it lies beyond the
+/// The first entry of an ascending list that is greater than the thickness plus its allowance (1, 2 or 3 mm by
+/// diameter); never the first entry of the list. `grueso` keeps the allowance. Error 13 when the result is beyond the
 /// last entry.
 double fnCorteGrueso(double diametro, double& grueso, const ThicknessList& lista);
 
-/// The commercial thickness (mm) of plate above a whole rim width: iron and other metals are sold in different
-/// steps. 0 when the rim reaches the last step.
+/// The commercial thickness (mm) of plate for a whole rim width: iron and other metals are sold in different steps. 0
+/// when the rim reaches the last step.
 int commercialThickness(int rim, bool iron);
 
 }  // namespace velmora::estimate

@@ -1,6 +1,6 @@
 #pragma once
-// What the main form tells of the proposal on it: which one it is and how far it has come. The fields of its identity
-// are locked: the program writes into them an empty text, the text of a whole number or a date.
+// Questions to the main form's proposal: which one it is and what state it is in. Its identity fields are locked: the
+// program writes an empty text, a whole number or a date to them.
 
 #include <cstdint>
 #include <string>
@@ -10,24 +10,23 @@
 
 namespace velmora::estimate {
 
-/// Questions to the proposal's identity and to its number of pieces. They look at the fields as they stand.
+/// Identity and number of pieces of the proposal. Reads the fields on every call.
 class ShownProposal {
   public:
-    /// `fields` is the array txtPesu, which outlives this.
+    /// `fields` is the array txtPesu, which must outlive this object.
     explicit ShownProposal(const screen::ControlArray<screen::TextBox>& fields) : fields_(fields) {}
 
-    /// The number as it stands in its field, without leading zeros: for statements and messages. Empty while new.
+    /// The number as in its field, without leading zeros: for statements and messages. Empty while new.
     const std::string& number() const;
     /// The number, for a look-up. Error 13 while the proposal is new.
     std::int32_t key() const;
-    /// Whether it has no number yet: it was begun on this form and has not been saved.
+    /// True when it has no number yet: started on this form and not saved.
     bool isNew() const;
-    /// Whether the field of the acceptance holds its date.
+    /// True when the field of the acceptance has its date.
     bool isAccepted() const;
-    /// Whether it has become a work order.
+    /// True when it has become a work order.
     bool hasOrder() const;
-    /// The number of pieces that are priced, as typed: it may have decimals, or be negative. 0 for a text that is no
-    /// number.
+    /// The number of pieces priced, as typed: may have decimals or be negative. 0 for a text that is not a number.
     double units() const;
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// From the toothing to the measures of a sprocket: what leaving a field of Text1 recalculates, by product type.
+// Computes the measures of a sprocket from its toothing: recalculation on leaving a field of Text1, by product type.
 
 #include <functional>
 
@@ -27,11 +27,11 @@ class SprocketGeometry {
     SprocketGeometry(FieldMap& fields, Rooms rooms, screen::Screen& screen, session::KestraUtil& util)
         : f_(fields), rooms_(rooms), screen_(screen), oUtil_(util) {}
 
-    /// Lists like proposals anew: runs after the roller's field was left, whatever the type.
+    /// Refreshes the list of similar proposals: runs after the roller's field was left, for every type.
     std::function<void()> onToothingEntered;
 
-    /// The whole chain of diameters and widths from pitch, teeth and roller; nothing without teeth. Errors: 13 for a
-    /// measure that is no number; the database's.
+    /// Computes all diameters and widths from pitch, teeth and roller; does nothing without teeth. Errors: 13 for a
+    /// measure that is not a number; the database's.
     void msRecalcularMedidas();
 
     void Text1_LostFocus(int Index);

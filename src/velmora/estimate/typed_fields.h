@@ -1,5 +1,5 @@
 #pragma once
-// Which fields the user has typed into, as opposed to those that only the program has written.
+// Tracks which fields the user has typed into, as opposed to those written only by the program.
 
 #include <set>
 
@@ -9,7 +9,7 @@ namespace velmora::estimate {
 
 class TypedFields {
   public:
-    /// While it lives, every change is the program's: the masks that a field gets when it is left.
+    /// During its lifetime every change counts as the program's: for the masks applied when a field is left.
     class ProgramWrites {
       public:
         explicit ProgramWrites(TypedFields& fields) : fields_(fields) { ++fields_.programWrites_; }
@@ -21,14 +21,14 @@ class TypedFields {
         TypedFields& fields_;
     };
 
-    /// To be told of every change of a field's text: it is the user's when the field has the focus and no
-    /// ProgramWrites lives.
+    /// To be called on every change of a field's text: it is the user's when the field has the focus and no
+    /// ProgramWrites exists.
     void changed(const screen::TextBox& box);
 
-    /// The user has changed the text of this field since the last forget().
+    /// True when the user has changed the text of this field since the last forget().
     bool contain(const screen::TextBox& box) const { return typed_.contains(&box); }
 
-    /// Another proposal stands on the form: no field counts as typed.
+    /// For another proposal on the form: no field counts as typed.
     void forget() { typed_.clear(); }
 
   private:

@@ -7,7 +7,7 @@
 
 namespace velmora::estimate {
 
-/// An operand of the weight: a number, or a field's text that is read only when the formula needs it.
+/// An operand of the weight: a number, or a field whose text is read only if the formula needs it.
 class Operand {
   public:
     Operand(double value) : number_(value), isText_(false) {}
@@ -21,21 +21,21 @@ class Operand {
     bool isText_;
 };
 
-/// Whether an article of this formula is a tube, which has an inner diameter; not when it is null.
+/// True when an article of this formula is a tube, which has an inner diameter; false for null.
 bool isTube(const sql::Value& formula);
 
 class Weights {
   public:
     explicit Weights(const FieldMap& fields) : f_(fields) {}
 
-    /// Kilograms, two decimals. `formula` is the article's (plate 1, 5; round 2, 3, 6; tube 4; by quantity 0), 2
-    /// for all while chkFormulas is off, 1 for a rack; lengths in mm: a thickness or length, b, c the other two
-    /// sides of a plate, d outer and e inner diameter; `factor` is the article's. A null or unknown formula, and a
-    /// text that is no number, give 0.
+    /// Kilograms, two decimals. `formula` is the article's (plate 1, 5; round 2, 3, 6; tube 4; by quantity 0), 2 for
+    /// all while chkFormulas is off, 1 for a rack; lengths in mm: a thickness or length, b, c the other two sides of a
+    /// plate, d outer and e inner diameter; `factor` is the article's. A null or unknown formula, and a text that is
+    /// not a number, give 0.
     double FnPeso(const sql::Value& formula, double piezas, const Operand& a, const Operand& b, const Operand& c,
                   const Operand& d, const Operand& e, const sql::Value& factor) const;
 
-    /// The weight of a rack's bar on Text4(50) to (52), from its material's article.
+    /// The weight of a rack's bar with the sizes Text4(50) to (52), by its material's article.
     double rackWeight() const;
 
   private:

@@ -1,5 +1,5 @@
 #pragma once
-// What every toothed or smooth wheel has, whatever its hubs and however many its rims.
+// Measures common to all toothed or smooth wheels.
 
 #include <optional>
 
@@ -9,8 +9,8 @@ namespace velmora::estimate {
 
 using data::Toothing;
 
-/// The measures as the fields hold them, diameters and widths in millimetres; a field that is empty or holds no
-/// number is left out. Nothing here has to be sensible.
+/// The measures from the fields, diameters and widths in millimetres; a field that is empty or not a number is left
+/// out. The values need not be valid.
 struct WheelMeasures {
     Toothing toothing = Toothing::chain;  ///< of a wheel: not a rack's
     std::optional<int> teeth;

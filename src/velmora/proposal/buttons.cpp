@@ -23,7 +23,7 @@ void Buttons::disableWriting() {
 }
 
 void Buttons::cmdCambios_Click() {
-    // A proposal without a number goes on: only the work order stops this.
+    // A proposal without a number is not stopped here, only one with a work order.
     if (f_.proposal.hasOrder()) {
         return;
     }

@@ -1,5 +1,5 @@
 #pragma once
-// The states of the main form's buttons, and the return from looking at a proposal to editing it.
+// The states of the main form's buttons, and the return from read-only display of a proposal to editing.
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/presentation.h"
@@ -13,13 +13,13 @@ class Buttons {
     Buttons(estimate::FieldMap& fields, FormControls& controls, estimate::Presentation& presentation, Loading& loading)
         : f_(fields), controls_(controls), presentation_(presentation), loading_(loading) {}
 
-    /// The state with nothing to save; in consultation there is nothing to print either.
+    /// The state with nothing to save; in a read-only form printing is disabled as well.
     void msCancelarBotones(bool bConsulta);
 
-    /// Turns off what writes, or opens the way to it.
+    /// Disables everything that writes or leads to writing.
     void disableWriting();
 
-    /// Opens a proposal without work order for editing.
+    /// Opens a proposal without a work order for editing.
     void cmdCambios_Click();
 
   private:

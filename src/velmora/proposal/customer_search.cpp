@@ -12,7 +12,7 @@ namespace velmora::proposal {
 
 namespace {
 
-/// One of the two names by which a customer is found.
+/// One of the two names by which a customer can be searched.
 struct NameSearch {
     const char* statement;
     const char* column;
@@ -35,8 +35,8 @@ constexpr NameSearch commercial{
 constexpr int shortestAnswer = 3;
 constexpr int decimals = 2;
 
-/// Differs D-067: the number that a save stores for the text, plainly written, and not the text itself: "1.000" is
-/// stored as 1000, and its name must not be that of customer 1.
+/// Differs D-067: the number that a save stores for the text, in plain form, instead of the text itself: "1.000" is
+/// stored as 1000 and must not show the name of customer 1.
 std::string storedCode(const std::string& text) {
     const double number = runtime::Redondear(runtime::CDbl(text), decimals);
     return runtime::shortest(number == 0 ? 0.0 : number);
@@ -57,8 +57,8 @@ void CustomerSearch::msValidarCliente() {
             f_.txtPesu(money::customerName).setText(row["CLI_NOM"].toText());
             code.setTag(row["CLI_ID"].toText());
         } else if (code.text() != knownCode_) {
-            // Differs D-174: a customer without a name has an empty one, to be typed: the name of the customer before
-            // must not be stored with his code. One that was typed or found by the commercial name stays.
+            // Differs D-174: the name of a customer without one is set to empty, so that the previous customer's name
+            // is not stored with this code. A name typed, or found by the commercial name, is kept.
             f_.txtPesu(money::customerName).setText("");
             code.setTag(row["CLI_ID"].toText());
         }
@@ -90,7 +90,7 @@ void CustomerSearch::takeOver(const std::string& row) {
         f_.txtPesu(money::customerName).setText("");
         return;
     }
-    // A result with too few parts leaves what it does not bring as it was.
+    // A result with fewer columns leaves the remaining fields as they were.
     const std::vector<std::string> parts = session::columnsOf(row);
     if (parts.size() > 1) {
         // Kept K-015: the tag is the code here and the customer's key after a look-up by code; nothing reads it.

@@ -12,17 +12,17 @@ class CustomerSearch {
                    session::KestraUtil& util)
         : f_(fields), session_(session), screen_(screen), oUtil_(util) {}
 
-    /// The user comes to the code: who leaves it as it stands has not turned to another customer.
+    /// On GotFocus of the code: remembers it, so that leaving it unchanged does not count as another customer.
     void codeEntered() { knownCode_ = f_.txtPesu(money::customerCode).text(); }
 
-    /// Fills the name for the code in txtPesu(0); an unknown code opens the search. A text that is no number is left
-    /// as it is. Errors: the database's.
+    /// Fills in the name for the code in txtPesu(0); an unknown code opens the search. A text that is not a number is
+    /// left unchanged. Errors: the database's.
     void msValidarCliente();
 
-    /// Asks by which name to search, opens the search window, and takes over what was chosen.
+    /// Asks for the kind of name, opens the search window, and fills in the chosen customer.
     void msBuscarCliente();
 
-    /// The main form has no search of articles.
+    /// Not available on the main form.
     void msBuscarArticulo() {}
 
   private:
@@ -32,7 +32,7 @@ class CustomerSearch {
     session::Session& session_;
     screen::Screen& screen_;
     session::KestraUtil& oUtil_;
-    std::string knownCode_;  ///< whose name stands in txtPesu(1), be it typed or looked up
+    std::string knownCode_;  ///< code whose name is in txtPesu(1), typed or looked up
 };
 
 }  // namespace velmora::proposal

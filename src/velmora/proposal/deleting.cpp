@@ -17,7 +17,7 @@ void Deleting::msEliminar() {
     const screen::Answer answer = screen_.show({.text = "realmente desea eliminar el presupuesto nº " + number,
                                                 .icon = screen::Icon::exclamation,
                                                 .buttons = screen::Buttons::yesNo});
-    // Chosen C-104: on No everything stays on the form as it is.
+    // Chosen C-104: after No everything on the form stays as it is.
     if (answer != screen::Answer::yes) {
         return;
     }
@@ -31,8 +31,8 @@ void Deleting::msEliminar() {
     }
 }
 
-// Differs D-063: the row is looked at inside the transaction, before it is deleted: one that was accepted since it came
-// on the form stays, and so does one that another user has changed, unless this one wants it away all the same.
+// Differs D-063: the row is read inside the transaction before it is deleted: one accepted since it was loaded is not
+// deleted, and one that another user has changed only after a confirmation.
 session::Written Deleting::remove(const std::string& number) {
     const screen::Disabled disabled(f_.form);
     return session::writeChecked(
@@ -62,7 +62,7 @@ void Deleting::tellAccepted() {
     screen_.show({.text = "Error, No es posible eliminar un presupuesto aceptado", .icon = screen::Icon::critical});
 }
 
-// Differs D-064: the list of chains too is open to choice again, which a proposal that was looked at had closed.
+// Differs D-064: the list of chains is enabled again, which read-only display had disabled.
 void Deleting::startAnew() {
     msLimpiarCampos();
     rooms_.materials.cboMatDisco_Click();

@@ -1,5 +1,5 @@
 #pragma once
-// The proposal on the form taken out of the database.
+// Deletes the proposal on the form from the database.
 
 #include <functional>
 
@@ -26,15 +26,15 @@ class Deleting {
     Deleting(estimate::FieldMap& fields, Rooms rooms, session::Session& session, screen::Screen& screen)
         : f_(fields), rooms_(rooms), session_(session), screen_(screen) {}
 
-    /// How the fields of an empty proposal are written; set by the form.
+    /// Clears the fields to an empty proposal; set by the form.
     std::function<void()> msLimpiarCampos;
 
-    /// Asks and deletes; the form is a new proposal afterwards. Nothing without a number; refuses an accepted one. The
-    /// stored row is looked at first: one that was accepted or deleted meanwhile is refused too, which is told, and
-    /// one that another user has changed is deleted only when the user says so again. Errors: the database's.
+    /// Asks and deletes; the form then shows a new proposal. Does nothing without a number; refuses an accepted one.
+    /// The stored row is read first: one accepted or deleted meanwhile is refused with a message, and one that another
+    /// user has changed is deleted only after a second confirmation. Errors: the database's.
     void msEliminar();
 
-    /// True when the last msEliminar deleted nothing for what another user had done to the row.
+    /// True when the last msEliminar deleted nothing because of another user's change of the row.
     bool wasHeldBack() const { return heldBack_; }
 
   private:

@@ -17,13 +17,13 @@ using session::Tipo;
 
 namespace {
 
-/// What a copy does not take over: the key and the date come from the server, order and acceptance are not its own.
+/// Columns that are not copied: key and date are set by the server, order and acceptance belong to the original.
 constexpr std::array<std::string_view, 4> notCopied{"DPI_ID", "DPI_FECHA", "DPI_ORDEN", "DPI_FACEPTA"};
 
 constexpr long refusedInsert = -9999;
 constexpr double minutesOfAnHour = 60;
 
-/// A column of the copy, of the kind that its value shows.
+/// Adds a column of the copy, with the kind of its value.
 void addCopied(session::FieldList& campos, const std::string& column, const sql::Value& value) {
     if (value.isNull()) {
         campos.Add(column, Tipo::expression, " Null ");
@@ -37,21 +37,21 @@ void addCopied(session::FieldList& campos, const std::string& column, const sql:
         const bool hasDecimals = value.toText().find(',') != std::string::npos;
         campos.Add(column, hasDecimals ? Tipo::number : Tipo::wholeNumber, value);
     } else {
-        // Differs D-101: a text stays the text that it is, also when it reads like a number: a customer's reference
-        // "00123" would come out as 123, and "1,5" as 1.5.
+        // Differs D-101: a text is copied unchanged even when it looks like a number; otherwise a customer's reference
+        // "00123" would become 123, and "1,5" 1.5.
         campos.Add(column, Tipo::text, value);
     }
 }
 
-/// A number of a labour line for a statement.
+/// A number of a labour line as a literal in a statement.
 std::string literal(const sql::Value& value) {
-    // Chosen C-103: a line with a gap, which another program may have written, is copied with its gap.
+    // Chosen C-103: a null, which another program may have written, is copied as null.
     return value.isNull() ? "Null" : runtime::Replace(value.toText(), ",", ".");
 }
 
 }  // namespace
 
-/// Number and date of the proposal on the form before it is copied.
+/// Number and date of the proposal on the form before it was copied.
 class Duplicating::Original {
   public:
     explicit Original(estimate::FieldMap& f)
@@ -133,15 +133,15 @@ void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
         original.putBack();
         throw;
     }
-    // Differs D-100: the first error ends the copy, a commit that fails included, and number and date are the
-    // original's again: going on would leave a number on the form that the next save writes over.
+    // Differs D-100: the first error ends the copy, a failed commit included, and number and date are the original's
+    // again; otherwise the form would show a number that the next save overwrites.
     session_.Campos().clear();
     original.putBack();
     f_.form.setTag("E");
     screen_.show({.text = "Error en la grabacion del registro:\r\n" + trap.error()->description()});
 }
 
-// A copy that does not load leaves the original on the form.
+// When the copy cannot be loaded, the original stays on the form.
 void Duplicating::loadCopy(const Original& original) {
     if (!loading_.msCargarPresupuesto(f_.proposal.key(), true)) {
         original.putBack();

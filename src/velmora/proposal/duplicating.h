@@ -1,5 +1,5 @@
 #pragma once
-// A copy of the proposal on the form with its labour lines at today's rates: pending, without work order, so that it
+// Copies the proposal on the form with its labour lines at current rates: pending and without a work order, so that it
 // can be edited at once.
 
 #include <cstdint>
@@ -17,14 +17,14 @@ class Duplicating {
                 session::KestraUtil& util)
         : f_(fields), loading_(loading), session_(session), screen_(screen), oUtil_(util) {}
 
-    /// Asks first; nothing for a proposal without number or date.
+    /// Asks first; does nothing for a proposal without number or date.
     void cmdDuplicar_Click();
 
-    /// Copies the proposal on the form unless customer or units are missing, which it tells.
+    /// Copies the proposal on the form; when customer or units are missing, shows a message instead.
     void msDuplicar();
 
-    /// Copies a stored proposal, all or nothing, tells how it went, and loads the copy. Errors: 0x8004D00E when there
-    /// is no such proposal (any more).
+    /// Copies a stored proposal, all or nothing, shows the result, and loads the copy. Errors: 0x8004D00E when there is
+    /// no such proposal.
     void FnDuplicarPropuesta(std::int32_t nIdOrigen);
 
   private:

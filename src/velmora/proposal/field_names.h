@@ -1,5 +1,5 @@
 #pragma once
-// The names of the main form's fields, as this room says them.
+// Makes the names of the main form's fields available in this namespace.
 
 #include "velmora/estimate/field_names.h"
 

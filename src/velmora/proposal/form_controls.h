@@ -1,6 +1,5 @@
 #pragma once
-// The controls of the main form that the estimate does not read: buttons, the history, and the frames that only
-// group fields on the screen.
+// Controls of the main form that the estimate does not use: buttons, the history, and frames that only group fields.
 
 #include "velmora/estimate/field_map.h"
 

@@ -1,4 +1,4 @@
-// How the main form looks: captions that never change, the arrangement, and the order of work for the Tab key.
+// Layout of the main form: fixed captions, the arrangement, and the tab order.
 
 #include <array>
 #include <optional>
@@ -89,7 +89,7 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
     f.chkFormulas.setCaption("Fórmula de cada artículo");
     f.chkFormulas.setChecked(true);
     f.cmdEng.setCaption("Engranaje…");
-    // Chosen C-064: a stored tool that is not in the list is shown, and kept by the next save.
+    // Chosen C-064: a stored tool that is not in the list is shown and kept by the next save.
     f.cboHerramienta.setStyle(estimate::ComboBox::Style::editable);
     f.txtObservaciones.setMultiLine(true);
 
@@ -164,7 +164,7 @@ Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
         lay::group(c.fraEje, std::move(bore)), lay::space());
 }
 
-/// The drawing with the value labels of an array at the places of the same numbers.
+/// The drawing with the value labels of an array at the places with the same indexes.
 Layout picture(estimate::FieldMap& f, screen::Sketch& sketch, const screen::ControlArray<TextBox>& labels) {
     sketch.setSource([&f] { return drawing(f); });
     sketch.setAccessibleName("Dibujo de la pieza");
@@ -172,7 +172,7 @@ Layout picture(estimate::FieldMap& f, screen::Sketch& sketch, const screen::Cont
     return lay::plain(sketch);
 }
 
-/// What the value labels are called where they are read out: on the drawing they are but numbers.
+/// Accessible names of the value labels, which show only numbers on the drawing.
 template <std::size_t N>
 void nameLabels(const screen::ControlArray<TextBox>& labels, const std::array<const char*, N>& names) {
     for (std::size_t i = 0; i < N; ++i) {
@@ -267,7 +267,7 @@ Layout buttons(FormControls& c) {
                     lay::plain(c.cmdDoc), lay::plain(c.XPButton1), lay::space(), lay::plain(c.XPSalir));
 }
 
-/// The order of work: customer, type, toothing, widths, bore, materials, cuts, labour, units, remarks.
+/// The tab order: customer, type, toothing, widths, bore, materials, cuts, labour, units, remarks.
 std::vector<screen::Control*> orderOfWork(estimate::FieldMap& f, FormControls& c) {
     std::vector<screen::Control*> order;
     const auto add = [&](std::initializer_list<screen::Control*> controls) { order.insert(order.end(), controls); };
@@ -294,19 +294,19 @@ std::vector<screen::Control*> orderOfWork(estimate::FieldMap& f, FormControls& c
     addBoxes(f.txtPesu, {7, 8, 9, 5, 14, 10, 11, 12});
     add({&f.txtObservaciones, &f.txtExtra, &f.txtCPro, &f.cboFiltroHistorico, &c.dbgDPI, &c.XPGrabar, &c.cmdManoObra,
          &c.XPImprime, &c.cmdCambios, &c.cmdDuplicar, &c.cmdeliminarrPropuesta, &c.cmdDoc, &c.XPButton1, &c.XPSalir});
-    // Behind the buttons of the last line, so that they do not stand in the way of entry.
+    // After the buttons of the last line, so that they do not interrupt typing.
     c.cmdHPrecios.forEach([&order](Button& button) { order.push_back(&button); });
     return order;
 }
 
-/// What is only shown, or would be spoilt by passing through it.
+/// Removes tab stops that are display-only, or that leaving would change.
 void takeOutOfTheWay(estimate::FieldMap& f) {
-    // Chosen C-011: leaving number, dates or order would run their masks over them; they are no tab stops.
+    // Chosen C-011: leaving number, dates or order would apply their masks, so they are no tab stops.
     for (const int i : {3, 4, 6, 13, 17}) {
         f.txtPesu(i).setTabStop(false);
     }
-    // Differs D-066: number, dates and order are not typed, in whatever state they are: a save writes over the proposal
-    // of the number that stands there, and a deletion deletes it.
+    // Differs D-066: number, dates and order are locked for typing in every state: a save overwrites, and a deletion
+    // deletes, the proposal with the displayed number.
     for (const int i : {3, 4, 6, 13}) {
         f.txtPesu(i).setLocked(true);
     }

@@ -6,7 +6,7 @@ namespace velmora::proposal {
 
 namespace {
 
-/// While it lives, an event has no handler.
+/// Removes an event's handler for the duration of its lifetime.
 template <typename E>
 class Silent {
   public:

@@ -1,5 +1,5 @@
 #pragma once
-// What stands on the main form at one moment, to be put back as it was.
+// A snapshot of the main form that can be restored.
 
 #include <string>
 #include <vector>
@@ -8,13 +8,13 @@
 
 namespace velmora::proposal {
 
-/// Remembers what every control holds and shows, which fields the user has typed into, and the materials chosen; the
-/// history's grid and the focus are no part of it.
+/// Stores the contents and state of every control, which fields the user has typed into, and the chosen materials; not
+/// the history's grid and the focus.
 class FormMemory {
   public:
     explicit FormMemory(estimate::FieldMap& fields);
 
-    /// Puts everything back without raising an event of a control: nothing is worked out anew. Toolkits are told of
+    /// Restores the snapshot without raising events of controls, so nothing is recalculated. Toolkits are notified of
     /// each change.
     void restore() const;
 
@@ -27,7 +27,7 @@ class FormMemory {
         std::string toolTip;
         screen::Color backColor;
         screen::Color foreColor;
-        std::string text;  ///< of a field or a list; the caption of what bears one
+        std::string text;  ///< of a field or a list, or the caption of other controls
         std::vector<std::string> items;
         int listIndex = -1;
         bool checked = false;

@@ -57,7 +57,7 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       deleting_(f_, {materials_, history_, buttons_, newProposal_, stored_}, session, desk.screen),
       historyGrid_(f_, {history_, loading_}, session, desk),
       sideWindows_(f_, session, desk) {
-    // Chosen C-010: as made, before any event is wired, the fields hold what an empty proposal holds.
+    // Chosen C-010: after construction, before any event is wired, the fields hold the values of an empty proposal.
     msLimpiarCampos();
     arrange();
     wireFields();
@@ -96,7 +96,7 @@ void frmBercialPiñones::Form_Load() {
 }
 
 void frmBercialPiñones::msLimpiarCampos() {
-    // Chosen C-060: array by array, by rising index, then the single boxes; every write runs its field's event. The
+    // Chosen C-060: array by array in order of index, then the single boxes; every write runs its field's event. The
     // form has no box txtArticulo.
     f_.forEachTextBox([this](TextBox& box) {
         const bool free = &box == &f_.txtExtra || &box == &f_.txtObservaciones || &box == &f_.txtCPro;
@@ -130,8 +130,8 @@ bool frmBercialPiñones::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable
     return loaded;
 }
 
-// Differs D-065: who has opened a proposal to look at it writes nothing, neither to it nor to another one that the
-// history brings on the form, whose load opens the way to its changes.
+// Differs D-065: a read-only form writes nothing, neither to its proposal nor to another one loaded from the history,
+// whose load enables the changes.
 void frmBercialPiñones::keepFromWriting() {
     if (bConsulta) {
         buttons_.disableWriting();
@@ -162,7 +162,8 @@ void frmBercialPiñones::wireFields() {
     f_.Text1.on(&TextBox::onChange, {[this](int i) { geometry_.Text1_Change(i); }});
     f_.Text1.on(&TextBox::onLostFocus, {[this](int i) { geometry_.Text1_LostFocus(i); }});
     f_.Text1.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { geometry_.Text1_KeyPress(i, key); }});
-    // Chosen C-062: the last of the toothing, the roller, brings the list of like proposals; pitch and teeth do not.
+    // Chosen C-062: leaving the roller, the last field of the toothing, refreshes the list of similar proposals; pitch
+    // and teeth do not.
     geometry_.onToothingEntered = [this] { history_.msHistorico(false); };
 
     f_.Text3.on(&TextBox::onChange, {[this](int i) { geometry_.Text3_Change(i); }});
@@ -280,7 +281,7 @@ void frmBercialPiñones::save() {
     }
 }
 
-// The form stays where another user's hand kept the proposal from being deleted: what was typed is still on it.
+// When another user's change has prevented the deletion, the form stays open with what was typed.
 void frmBercialPiñones::remove() {
     deleting_.msEliminar();
     if (!deleting_.wasHeldBack()) {

@@ -1,6 +1,6 @@
 #pragma once
-// The main form: one proposal, from first entry to a stored row. It owns the fields, the concerns that work on them,
-// and the wiring between the two.
+// The main form: one proposal, from first entry to a stored row. Owns the fields, the classes that work on them, and
+// the wiring of events.
 
 #include <functional>
 
@@ -36,12 +36,12 @@ namespace velmora::proposal {
 
 class frmBercialPiñones : public screen::Form {
   public:
-    /// Makes the form and loads it: lists, cut prices, an empty proposal. Errors: the database's.
+    /// Constructs and loads the form: lists, cut prices, an empty proposal. Errors: the database's.
     frmBercialPiñones(session::Session& session, platform::Desk& desk);
 
-    /// A switch that stops F5. Nothing sets it.
+    /// Disables F5. Never set.
     bool bBloqueoGrabar = false;
-    /// The form was opened to look at one proposal: nothing on it writes.
+    /// The form is read-only: nothing on it writes.
     bool bConsulta = false;
 
     bool msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable);

@@ -1,5 +1,5 @@
 #pragma once
-// The button of the gears: a gear is chosen in its own form, and its measures come back into the proposal.
+// The button of the gears: a gear is chosen on its own form, and its measures are copied to the proposal.
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/gears.h"

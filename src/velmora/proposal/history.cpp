@@ -12,7 +12,7 @@ namespace velmora::proposal {
 
 namespace {
 
-/// A criterion of the toothing: the field of Text1, and how each kind of search names its column.
+/// A criterion of the toothing: the field of Text1 and its column in each kind of search.
 struct Criterion {
     int field;
     const char* always;
@@ -26,7 +26,7 @@ constexpr std::array criteria{
     Criterion{.field = 2, .always = " And DPI_Rodillo = ", .ifFilled = " and DPI_Rodillo = "},
 };
 
-/// What the filter of the history adds, by its index; the last one for any other.
+/// The condition added by the history's filter, by its index; the last one for any other index.
 constexpr std::array filters{
     " And ( not DPI_FAcepta is null ) Order by DPI_FAcepta DESC ",
     " And ( DPI_FAcepta is null ) Order by DPI_Fecha DESC ",

@@ -1,5 +1,5 @@
 #pragma once
-// Earlier proposals with the same toothing: what a like piece cost.
+// Earlier proposals with the same toothing, to compare prices.
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/proposal/form_controls.h"
@@ -11,11 +11,11 @@ class History {
     History(estimate::FieldMap& fields, FormControls& controls, session::Session& session, screen::Screen& screen)
         : f_(fields), controls_(controls), session_(session), screen_(screen) {}
 
-    /// Lists proposals with every criterion of the toothing, or, with bSoloTipo, of the type and what of the toothing
-    /// is filled. No error leaves it: a list that cannot be made is empty.
+    /// Lists proposals that match all criteria of the toothing, or, with bSoloTipo, the type and the filled fields of
+    /// the toothing. Raises no error: a failed query gives an empty list.
     void msHistorico(bool bSoloTipo);
 
-    /// The proposals on show; closed when the last list could not be made.
+    /// The proposals shown; closed when the last query failed.
     const sql::Recordset& rsDpi() const { return rsDpi_; }
 
   private:

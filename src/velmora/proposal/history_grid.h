@@ -1,5 +1,5 @@
 #pragma once
-// The buttons in the history's cells: an earlier proposal put on the form, its work order shown.
+// The buttons in the history's cells: load an earlier proposal, show its work order.
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/platform/desk.h"
@@ -18,8 +18,8 @@ class HistoryGrid {
     HistoryGrid(estimate::FieldMap& fields, Rooms rooms, session::Session& session, platform::Desk& desk)
         : f_(fields), rooms_(rooms), session_(session), desk_(desk) {}
 
-    /// The number's button asks and loads the proposal read-only; the order's hands its number to the host's order
-    /// module. Errors: 429 when that component is missing; its own; the database's.
+    /// The button of the number asks and loads the proposal read-only; that of the order passes its number to the
+    /// host's order component. Errors: 429 when that component is missing; its own; the database's.
     void dbgDPI_ButtonClick(int column);
 
   private:

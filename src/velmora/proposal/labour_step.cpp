@@ -8,14 +8,14 @@ namespace velmora::proposal {
 void LabourStep::cmdManoObra_Click() {
     const bool wasPending = !f_.proposal.isAccepted();
     const bool saved = keepLines();
-    // Differs D-102: a proposal that was accepted or deleted while its lines were kept takes no sum any more: it is
-    // told, and the form stays as it was typed.
+    // Differs D-102: a proposal that was accepted or deleted meanwhile gets no sum: a message is shown, and the form
+    // keeps what was typed.
     if (saved && wasPending && !rooms_.saving.mayBeWritten()) {
         return;
     }
     // Kept K-106: this loads the saved proposal again, which discards what was typed since the last save.
     rooms_.buttons.cmdCambios_Click();
-    // Chosen C-102: after a refused save nothing comes back, and the refusal is said once.
+    // Chosen C-102: after a refused save the rest is skipped, so that the refusal is shown once.
     if (!saved || f_.proposal.isNew()) {
         return;
     }

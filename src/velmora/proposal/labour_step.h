@@ -1,6 +1,6 @@
 #pragma once
-// The button of the labour: the proposal is saved if it has no number yet, its lines are kept in their own form, and
-// their sum comes back through the database into the price.
+// The button of the labour: saves a proposal without a number, opens its lines on their own form, and takes their sum
+// from the database into the price.
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/estimate/totals.h"

@@ -1,5 +1,5 @@
 #pragma once
-// The windows beside the main form: the purchase prices of a material, and the documents of the proposal.
+// Windows opened from the main form: the purchase prices of a material, and the documents of the proposal.
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/platform/desk.h"
@@ -12,11 +12,11 @@ class SideWindows {
     SideWindows(estimate::FieldMap& fields, session::Session& session, platform::Desk& desk)
         : f_(fields), session_(session), desk_(desk) {}
 
-    /// The last purchases of the material chosen for the disc (0), the hub (1), the rack (2). Returns when the window
+    /// The last purchases of the material chosen for the disc (0), the hub (1) or the rack (2). Returns when the window
     /// is closed. Errors: the database's.
     void cmdHPrecios_Click(int Index);
 
-    /// The documents of a proposal that has a number; nothing for a new one. Returns when the window is closed.
+    /// The documents of a proposal with a number; does nothing for a new one. Returns when the window is closed.
     /// Errors: 6 for a number beyond 32 bits; the database's.
     void cmdDoc_Click();
 

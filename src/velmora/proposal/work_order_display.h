@@ -7,8 +7,8 @@
 
 namespace velmora::proposal {
 
-/// Shows the order of that number, and nothing, without a word, for a value that is no number. Errors: 429 when the
-/// component is missing; its own.
+/// Shows the order with this number; does nothing, without a message, for a value that is not a number. Errors: 429
+/// when the component is missing; its own.
 void showWorkOrder(const sql::Value& number, session::Session& session, const platform::Desk& desk);
 
 }  // namespace velmora::proposal
