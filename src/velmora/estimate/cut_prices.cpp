@@ -16,7 +16,7 @@ void CutPrices::msCargarPreciosCorte() {
     sql::Recordset read = session_.Connection().execute(
         "Select PARDPI_ID,mat_pcs from materiales inner join art on materiales.mat_id= art.art_mat "
         "inner join PARDPI on art_id = PARDPI_ART where PARDPI_ID>0 ");
-    // Copied, since an engine may read the rows of a set again while they are walked.
+    // Copied, because an engine may read the rows of a set again while they are iterated.
     std::vector<sql::Row> rates;
     for (; !read.eof(); read.moveNext()) {
         rates.push_back({read["PARDPI_ID"], read["mat_pcs"]});

@@ -7,7 +7,7 @@
 namespace velmora::estimate::parts {
 namespace {
 
-/// An ordinary wheel, as parts of its exterior diameter (the keyway: of the bore).
+/// Proportions of an ordinary wheel, relative to its exterior diameter (the keyway: to the bore).
 namespace ordinary {
 constexpr double exteriorDiameter = 160;
 constexpr double pitch = 0.93;
@@ -19,8 +19,8 @@ constexpr double keyway = 0.28;
 
 constexpr double smallestDiameter = 1;
 constexpr double greatestDiameter = 20000;
-constexpr double thinnest = 0.01;  // of the exterior diameter
-constexpr double widest = 1.5;     // of the exterior diameter
+constexpr double thinnest = 0.01;  // relative to the exterior diameter
+constexpr double widest = 1.5;     // relative to the exterior diameter
 constexpr int fewestTeeth = 5;
 constexpr int mostTeeth = 110;
 
@@ -51,12 +51,12 @@ Point polar(Point centre, double radius, double angle) {
     return {centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)};
 }
 
-/// Half of the width that a tooth of a chain sprocket loses from the root to its tip, as a part of the rim.
+/// Half of the width that a chain sprocket's tooth loses from root to tip, relative to the rim.
 constexpr double tipRelief = 0.27;
 constexpr int reliefSteps = 6;
 
-/// A tooth in the section: not cut, so not hatched. A chain's tooth narrows in an arc towards its tip, so that the
-/// links find their way down; a gear's keeps its width.
+/// A tooth in the section: not cut, so not hatched. A chain sprocket's tooth narrows in an arc towards its tip; a
+/// gear's keeps its width.
 std::vector<Point> toothInSection(const Wheel& wheel, double left, double right, double side) {
     const double height = wheel.exterior - wheel.root;
     const double relief = wheel.toothing == Toothing::chain ? tipRelief * (right - left) : 0;
@@ -77,7 +77,7 @@ std::vector<Point> toothInSection(const Wheel& wheel, double left, double right,
     return points;
 }
 
-/// A corner of a tooth: how far along the circumference from the middle of the gap, at which radius.
+/// A corner of a tooth: its distance along the circumference from the middle of the gap, and its radius.
 struct Flank {
     double along;
     double radius;
@@ -97,7 +97,7 @@ std::vector<Flank> chainFlank(const Wheel& wheel) {
     }
     // From the seat the tooth narrows slowly at first, then faster, to a flat tip.
     constexpr double halfTip = 0.1;                                             // of the pitch
-    constexpr Flank bend[] = {{0.08, 0.25}, {0.24, 0.5}, {0.5, 0.75}, {1, 1}};  // parts of the way from foot to tip
+    constexpr Flank bend[] = {{0.08, 0.25}, {0.24, 0.5}, {0.5, 0.75}, {1, 1}};  // fractions of the way from foot to tip
     const Flank foot = flank.back();
     const double halfFoot = pi * foot.radius / wheel.teeth - foot.along;
     for (const Flank& part : bend) {
@@ -203,7 +203,7 @@ void cutBore(Wheel& wheel, const WheelMeasures& measures, double narrowest) {
                             .value_or(std::min(ordinary::bore * 2 * wheel.exterior, 0.5 * room));
     wheel.bore = bore / 2;
     wheel.keywayWidth = keywayWidth(measures, bore);
-    // A key sinks into the hub by somewhat less than half of its width, and never through a thin wall.
+    // The keyway is somewhat less deep than half its width, and never breaks through a thin wall.
     wheel.keywayDepth = std::min(0.4 * wheel.keywayWidth, 0.6 * (room - bore) / 2);
 }
 
@@ -306,7 +306,7 @@ double WidthRows::foot(int place) const {
     return place == 0 ? wheel_.root : level(place - 1);
 }
 
-// A dimension stands to the left of its direction, so below the piece it runs from right to left.
+// A dimension is drawn to the left of its direction, so below the piece it runs from right to left.
 void WidthRows::width(Side side, int place, double left, double right, const Mark& mark) const {
     const double offset = level(place) - foot(place);
     if (side == Side::above) {

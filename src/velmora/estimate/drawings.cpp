@@ -96,8 +96,8 @@ void drawWidthsOfOneHub(const WidthRows& rows, const Piece& piece) {
     rows.width(Side::below, 1, 0, right, total);
 }
 
-// Chosen C-321: with two hubs both labels of the total width measure the whole piece; they differ only while the one
-// still holds the total of the table and the other the sum of the widths.
+// Chosen C-321: with two hubs both labels of the total width measure the whole piece; they differ only while one still
+// has the total of the table and the other the sum of the widths.
 void drawWidthsOfTwoHubs(const WidthRows& rows, const Piece& piece) {
     const double right = piece.rimRight();
     const double width = piece.width();
@@ -117,8 +117,8 @@ void drawWidthsOfTwoHubs(const WidthRows& rows, const Piece& piece) {
     rows.width(Side::below, 2, 0, width, total);
 }
 
-// Chosen C-320: the disc keeps the line of its width, which carries the label of the rim: that label is shown for every
-// piece, and a value that points at nothing could not be checked by eye.
+// Chosen C-320: the disc keeps the dimension line of its width for the label of the rim: that label is shown for every
+// piece, and a value without a dimension line could not be checked by eye.
 void drawDimensions(Drawing& drawing, const Piece& piece, double row) {
     const double left = piece.rimLeft();
     const double right = piece.rimRight();
@@ -145,7 +145,7 @@ screen::Drawing drawPiece(Hubs hubs, const PieceMeasures& measures) {
     const Piece piece = plausiblePiece(hubs, measures);
     const Stand stand = parts::arrange(piece, piece.width(), surroundings(hubs));
     Drawing drawing;
-    // The dimensions come first: where an extension line runs along an edge, the edge lies over it.
+    // Dimensions first: where an extension line runs along an edge, the edge is drawn over it.
     drawDimensions(drawing, piece, stand.row);
     drawSection(drawing, piece, stand.row);
     parts::drawFrontView(drawing, piece, stand, hubs == Hubs::none ? std::nullopt : std::optional(piece.hub));

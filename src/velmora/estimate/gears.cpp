@@ -11,13 +11,13 @@ namespace {
 
 constexpr const char* none = nullptr;
 
-/// A field of Text1 and the column of ENG that fills it; "0" where a gear has no such measure.
+/// A field of Text1 and its column of ENG; "0" for a measure that gears lack.
 struct Measure {
     int field;
     const char* column;
 };
 
-/// In the order of the writes, which recalculate on their way.
+/// In the order of the writes, each of which recalculates.
 constexpr std::array measures{
     Measure{1, "eng_z"},  Measure{0, "eng_paso"}, Measure{8, none},      Measure{2, none},      Measure{7, "eng_d1"},
     Measure{3, "eng_dp"}, Measure{4, "eng_di"},   Measure{15, "eng_de"}, Measure{16, "eng_dm"}, Measure{6, "eng_h"},

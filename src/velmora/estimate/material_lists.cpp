@@ -38,7 +38,7 @@ void MaterialLists::msCargarMaterialesCre() {
 
 void MaterialLists::fill(ComboBox& list, const char* statement) {
     const int kept = list.listIndex();
-    // Asked for first: a list that cannot be read leaves the one that stands.
+    // Read first: when the query fails, the existing list stays.
     sql::Recordset rows = session_.Connection().execute(statement);
     for (list.clear(); !rows.eof(); rows.moveNext()) {
         // Kept K-006: the key is read from the first three characters, so a number above 999 cannot be chosen. Required
@@ -49,7 +49,7 @@ void MaterialLists::fill(ComboBox& list, const char* statement) {
                      (name.isNull() ? std::string() : name.toText()));
     }
     if (list.listCount() > 0) {
-        // Chosen C-001: a list with entries and no index, or one that has grown too short for it, takes its first.
+        // Chosen C-001: a list with entries but no index, or one that is now too short for it, selects its first entry.
         list.setListIndex(kept < 0 || kept >= list.listCount() ? 0 : kept);
     }
 }

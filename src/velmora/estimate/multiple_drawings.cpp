@@ -18,12 +18,12 @@ using parts::WidthRows;
 using screen::Drawing;
 using screen::TextPlace;
 
-constexpr double columnDistance = 1.2;  ///< rows from one upright dimension line to the next
+constexpr double columnDistance = 1.2;  ///< rows between two vertical dimension lines
 
 /// A wheel with several rims on one core. Without a hub its width is zero.
 struct Multiple : parts::Wheel {
     int rims = 2;
-    double core = 0;  ///< radius, as is the hub's
+    double core = 0;  ///< radius, like the hub's
     double hub = 0;
     double hubWidth = 0;
     double chainRim = 0;
@@ -35,8 +35,8 @@ struct Multiple : parts::Wheel {
     double width() const { return right(rims - 1); }
 };
 
-/// Ordinary widths of the rim of one chain and of a gap, as parts of the exterior diameter; and the rim as a part of
-/// the distance from one to the next.
+/// Ordinary widths of a chain's rim and of a gap relative to the exterior diameter, and of the rim relative to the
+/// distance between two rims.
 constexpr double ordinaryChainRim = 0.09;
 constexpr double ordinaryGap = 0.13;
 constexpr double rimOfPitch = ordinaryChainRim / (ordinaryChainRim + ordinaryGap);
@@ -58,7 +58,7 @@ void setWidths(Multiple& piece, const MultipleMeasures& measures) {
     piece.gap = rim && gap ? *gap : parts::widthOr(piece, rest, ordinaryGap);
 }
 
-/// Where the height down to the core is not known, the core goes on at the level of the hub.
+/// When the height of the core is unknown, the core continues at the level of the hub.
 double coreRadius(const Multiple& piece, const MultipleMeasures& measures) {
     std::optional<double> core;
     if (measures.coreHeight) {
@@ -107,7 +107,7 @@ void drawSection(Drawing& drawing, const Multiple& piece, double row) {
     parts::drawAxis(drawing, piece.width(), row);
 }
 
-/// The labels of a piece with several rims, by what they measure.
+/// The labels of a piece with several rims, named by what they measure.
 struct Marks {
     Mark exterior;
     Mark hub;
@@ -159,7 +159,7 @@ void drawRimsOfThree(const WidthRows& rows, const Multiple& piece) {
     rows.width(Side::above, 2, piece.left(1), piece.right(1), mark(TripleLabel::secondRim, chainRimCaption));
 }
 
-/// The width over all rims, in the last row above; its line begins where that of the outer rims ends.
+/// The width over all rims, in the last row above; its extension line begins at the end of that of the outer rims.
 void drawRimOverAll(const WidthRows& rows, const Multiple& piece, const Mark& rim) {
     for (const double edge : {piece.left(0), piece.width()}) {
         rows.leadOut(Side::above, piece.rims, edge, rows.level(0));
@@ -167,8 +167,8 @@ void drawRimOverAll(const WidthRows& rows, const Multiple& piece, const Mark& ri
     rows.width(Side::above, piece.rims, piece.left(0), piece.width(), rim);
 }
 
-// Chosen C-340: a piece without a hub keeps the line of its total width where that label is shown; it measures the
-// rims then.
+// Chosen C-340: a piece without a hub keeps the dimension line of its total width where that label is shown; it then
+// measures the rims.
 void drawWidthsBelow(const WidthRows& rows, const Multiple& piece, const Marks& marks) {
     if (piece.hasHub()) {
         rows.leadOut(Side::below, 0, 0, piece.hub + 0.1 * rows.row());
@@ -180,7 +180,7 @@ void drawWidthsBelow(const WidthRows& rows, const Multiple& piece, const Marks& 
     }
 }
 
-/// The height down to the core, below the hub's diameter: taken where the core's level meets the outside of the piece.
+/// The height of the core, below the hub's diameter: measured where the core's level meets the outside of the piece.
 void drawCoreHeight(Drawing& drawing, const Multiple& piece, double side, const Mark& coreHeight) {
     const double foot = piece.core <= piece.hub ? 0 : piece.hubWidth;
     if (foot < piece.hubWidth) {
@@ -206,7 +206,7 @@ void drawDimensions(Drawing& drawing, const Multiple& piece, double row, const M
     }
 }
 
-/// A wheel between two hubs that differ.
+/// A wheel between two different hubs.
 struct Variable : parts::Wheel {
     double hubA = 0;  ///< radii
     double hubB = 0;
@@ -294,7 +294,7 @@ screen::Drawing drawVariable(const VariableMeasures& measures) {
     drawSection(drawing, piece, stand.row);
     parts::drawFrontView(drawing, piece, stand, piece.hubA);
     if (piece.hubB > piece.hubA) {
-        // Hub B stands behind the rim in this view.
+        // Hub B is hidden by the rim in this view.
         parts::circle(drawing, {stand.viewX, 0}, piece.hubB, parts::Pen::hidden);
     }
     return drawing;

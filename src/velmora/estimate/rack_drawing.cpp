@@ -19,7 +19,7 @@ using parts::within;
 using screen::Drawing;
 using screen::TextPlace;
 
-/// An ordinary rack, in modules.
+/// Proportions of an ordinary rack, in modules.
 namespace ordinary {
 constexpr double module = 3;  // millimetres
 constexpr double toothHeight = 2.25;
@@ -32,7 +32,7 @@ constexpr double smallestModule = 0.05;
 constexpr double greatestModule = 500;
 constexpr double greatestSize = 1e6;
 
-// How much of a long bar and of a wide end is shown, in heights.
+// The longest part shown of a long bar and of a wide end view, in heights.
 constexpr double longestShown = 2.4;
 constexpr double widestShown = 1.5;
 constexpr double fewestPitchesShown = 4;
@@ -78,9 +78,9 @@ Rack plausibleRack(const RackMeasures& measures) {
     return rack;
 }
 
-/// The upper edge over a piece of length, from left to right: gaps and teeth with straight flanks.
+/// The upper edge over a length, from left to right: gaps and teeth with straight flanks.
 std::vector<Point> toothedEdge(const Rack& rack) {
-    // The corners of a tooth of the basic profile, as parts of the pitch from the middle of a gap to the next.
+    // The corners of a tooth of the basic profile, as fractions of the pitch from the middle of a gap to the next.
     constexpr double foot = 0.105;
     constexpr double tip = 0.366;
     std::vector<Point> edge{{0, rack.body()}};
@@ -97,7 +97,7 @@ std::vector<Point> toothedEdge(const Rack& rack) {
     return edge;
 }
 
-/// What of an edge lies between two places along it.
+/// The part of an edge between two places along it.
 std::vector<Point> stretch(const std::vector<Point>& edge, double left, double right) {
     const auto heightAt = [&edge](double x) {
         for (std::size_t i = 1; i < edge.size(); ++i) {
@@ -119,14 +119,14 @@ std::vector<Point> stretch(const std::vector<Point>& edge, double left, double r
     return points;
 }
 
-/// A line of breaking, from the lower edge up.
+/// A break line, from the lower edge up.
 std::vector<Point> brokenLine(double x, double top, double amplitude) {
     return {{x, 0},          {x, 0.35 * top}, {x + amplitude, 0.45 * top}, {x - amplitude, 0.55 * top},
             {x, 0.65 * top}, {x, top}};
 }
 
-/// The bar below an upper edge. The metal of the two pieces of a broken one ends in thin lines, its true edges are
-/// drawn over them.
+/// The bar below an upper edge. The metal of the two parts of a broken bar ends in thin lines; its true edges are drawn
+/// over them.
 void drawBar(Drawing& drawing, const std::vector<Point>& edge, double left, double right, bool broken) {
     if (!broken) {
         std::vector<Point> outline = stretch(edge, left, right);
@@ -145,7 +145,7 @@ void drawBar(Drawing& drawing, const std::vector<Point>& edge, double left, doub
         if (from > to) {
             std::reverse(upper.begin(), upper.end());
         }
-        // Around the piece from the foot of its true end: up, along the teeth, down the broken end.
+        // Around the part from the foot of its true end: up, along the teeth, down the broken end.
         std::vector<Point> sound{{breaks, 0}, {from, 0}};
         sound.insert(sound.end(), upper.begin(), upper.end());
         std::vector<Point> outline = sound;
@@ -176,7 +176,7 @@ void drawEnd(Drawing& drawing, const Rack& rack, double left) {
     parts::line(drawing, {left, rack.body()}, {right, rack.body()}, Pen::thin);
 }
 
-// Chosen C-341: "H grosor" repeats the height on the end, as its field repeats that of the height.
+// Chosen C-341: "H grosor" repeats the height on the end view, as its field repeats the field of the height.
 void drawDimensions(Drawing& drawing, const Rack& rack, double end, double row) {
     const double length = rack.shownLength();
     const double right = end + rack.shownWidth();

@@ -20,7 +20,7 @@ using runtime::Round;
 
 namespace {
 
-/// A step of a table: holds up to and including `upTo`.
+/// A step of a table: valid up to and including `upTo`.
 struct Step {
     double upTo;
     double value;

@@ -16,7 +16,7 @@ namespace {
 
 enum Field { pitch = 0, teeth = 1, roller = 2, bore = 7, rim = 9, hubWidth = 10, secondHubWidth = 14 };
 
-/// A caption of the sketch that follows a field of Text1.
+/// A caption of the sketch that shows a field of Text1.
 struct SketchCaption {
     int field;
     int caption;
@@ -71,7 +71,7 @@ void SprocketGeometry::msRecalcularMedidas() {
     writeHubWidth();
     rooms_.costing.msCalcularDisco();
     rooms_.costing.msCalcularCubo();
-    // The calls above may have changed the fields: captions and hub width are written from what stands now.
+    // The calls above may have changed the fields: captions and hub width are written from the current values.
     writeRimCaption();
     writeHubWidth();
 }
@@ -136,8 +136,8 @@ void SprocketGeometry::leavePlain(int Index) {
             tail(writeTotalWidth(Index));
             break;
         case secondHubWidth:
-            // Chosen C-030: the tail runs as for the first hub, but no total was worked out: a small variable pulley
-            // whose second hub is not known is cut 3 mm thick until its measures are worked out again.
+            // Chosen C-030: the rest of the rule runs as for the first hub, but no total has been computed: a small
+            // variable pulley whose second hub is not known is cut 3 mm thick until its measures are recalculated.
             tail(0);
             break;
         default:
@@ -167,7 +167,7 @@ void SprocketGeometry::leaveRoller() {
     }
 }
 
-// Gives the total that was worked out, 0 when none was.
+// Returns the computed total; 0 when none was computed.
 double SprocketGeometry::writeTotalWidth(int Index) {
     const data::TotalWidth follows = f_.product().totalWidth;
     TextBox& total = f_.Text1(measure::totalWidth);

@@ -38,12 +38,12 @@ std::string typeName(const StoredProposal& p) {
     return name.empty() ? "Pieza especial" : name;
 }
 
-/// A measure that is missing or zero is none.
+/// A measure that is missing or zero is not shown.
 bool isThere(const Number& value) {
     return value && *value != 0;
 }
 
-/// Collects what has a value.
+/// Collects the fields that have a value.
 class FieldsOf {
   public:
     FieldsOf& add(const std::string& caption, const std::string& value, bool isNumber = false) {
@@ -86,10 +86,10 @@ void addToothing(FieldsOf& fields, const StoredProposal& p) {
     fields.measure("Ø Primitivo", m.pitchDiameter).measure("Ø Fondo", m.root).measure("Altura (H)", p.toothHeight);
 }
 
-/// The one total width that the papers name; none for a disc.
-// Differs D-265: a disc's stored total, which its screen hides, was printed as well.
-// Chosen C-274: of a piece with two unlike hubs the total is the stored one, which the form showed when the proposal
-// was saved; without one it is the sum of rim and hubs.
+/// The total width that the papers show; none for a disc.
+// Differs D-265: a disc's stored total, which its screen hides, was printed as well. Chosen C-274: for two different
+// hubs the total is the stored one, which the form showed when the proposal was saved; without one, the sum of rim and
+// hubs.
 Number totalWidthOf(const StoredProposal& p) {
     const estimate::ProductMeasures& m = p.measures;
     if (data::isDiscWithoutHub(p.type)) {
@@ -140,8 +140,9 @@ Fields measuresOf(const StoredProposal& p) {
     return {.title = typeName(p), .fields = fields.take(), .columns = 3};
 }
 
-/// The texts of the sketch, with one total width at most, and no other than the paper names.
-// Differs D-266: two equal hubs bore their total twice, and two unlike ones the sum of the widths beside another total.
+/// The texts of the sketch, with at most one total width, the one that the paper shows.
+// Differs D-266: two equal hubs had their total twice, and two different ones the sum of the widths beside another
+// total.
 std::map<int, std::string> labelsOf(const StoredProposal& p) {
     std::map<int, std::string> labels = estimate::drawingLabels(p.type, p.measures);
     if (data::hasTwinHubs(p.type)) {
@@ -154,7 +155,7 @@ std::map<int, std::string> labelsOf(const StoredProposal& p) {
     return labels;
 }
 
-/// A sketch that no measure is written on would be that of any other piece.
+/// A sketch without any measure would be that of any other piece.
 // Differs D-272: a proposal without measures was drawn as an ordinary piece.
 void addSketch(std::vector<Block>& blocks, const StoredProposal& p, double height, double leastHeight) {
     std::map<int, std::string> labels = labelsOf(p);
@@ -166,7 +167,7 @@ void addSketch(std::vector<Block>& blocks, const StoredProposal& p, double heigh
     }
 }
 
-/// The words for the material, the hub's own where they differ.
+/// The customer's text for the material, and the hub's if it differs.
 Fields materialWords(const StoredProposal& p) {
     FieldsOf fields;
     const bool unlike = p.hub && !p.hub->printed.empty() && p.hub->printed != p.disc.printed;
@@ -186,7 +187,7 @@ void addRemarks(std::vector<Block>& blocks, const StoredProposal& p) {
     }
 }
 
-/// The customer on the left, the days on the right.
+/// The customer on the left, the dates on the right.
 std::vector<Field> customerFields(const StoredProposal& p) {
     FieldsOf customer;
     customer.add("Cliente", withWords(p.customerCode, " · ", p.customerName))
@@ -204,7 +205,7 @@ std::vector<Field> customerFields(const StoredProposal& p) {
     return fields;
 }
 
-// --- The shop's
+// --- The shop's sheet
 
 std::string stockName(const StoredProposal& p) {
     if (data::isRack(p.type)) {
@@ -292,11 +293,11 @@ Table labourOf(const StoredProposal& p) {
     return table;
 }
 
-/// How the amounts of one piece make its stored total.
+/// The amounts of one piece and their relation to its stored total.
 struct PieceSum {
-    Number saw;              ///< what of the saw's fixed charge one piece bears
+    Number saw;              ///< share of the fixed saw charge for one piece
     bool sawSpread = false;  ///< over the pieces of the lot
-    double difference = 0;   ///< what the total holds beside all amounts
+    double difference = 0;   ///< stored total minus the sum of the amounts
 };
 
 bool isSameAmount(double a, double b) {
@@ -322,10 +323,9 @@ PieceSum pieceSumOf(const StoredProposal& p) {
     return {.saw = p.saw, .difference = runtime::Redondear(beside - saw, 2)};
 }
 
-// Differs D-268: the amounts of a piece add up to its total. Where the saw's charge is spread over the lot its column
-// holds the share of one piece, and the line below says so.
-// Chosen C-275: a total that is not the sum of its amounts, entered by hand or made with another number of pieces, gets
-// a column of its own for the difference.
+// Differs D-268: the amounts of a piece add up to its total. When the saw charge is spread over the lot, its column
+// shows the share of one piece, and a line below says so. Chosen C-275: a total that is not the sum of its amounts,
+// because it was typed or computed for another number of pieces, gets a column with the difference.
 Table costsOf(const StoredProposal& p) {
     const PieceSum sum = pieceSumOf(p);
     Table table{.title = "Importes por pieza y del lote (€)", .columns = {}};
@@ -379,7 +379,7 @@ Sheet shopSheet(const StoredProposal& p) {
     Sheet sheet{
         .title = "Hoja de corte " + numberOf(p), .name = "Hoja de corte " + numberOf(p), .heading = customerFields(p)};
     sheet.blocks.emplace_back(measuresOf(p));
-    // Many dimensions need room.
+    // Many dimensions need space.
     const bool many = data::hasChainList(p.type);
     addSketch(sheet.blocks, p, many ? 80 : 60, many ? 64 : 46);
     sheet.blocks.emplace_back(stockOf(p));

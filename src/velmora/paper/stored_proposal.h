@@ -1,5 +1,5 @@
 #pragma once
-// A proposal as the database holds it, with the names of what it refers to.
+// A proposal as stored, with the names of what it refers to.
 
 #include <cstdint>
 #include <optional>
@@ -15,7 +15,7 @@ namespace velmora::paper {
 /// A piece of stock, in millimetres and kilograms; amounts in euros.
 struct StoredCut {
     std::string material = {};  ///< PARDPI_NOM
-    std::string printed = {};   ///< PARDPI_MATP, the words for the customer
+    std::string printed = {};   ///< PARDPI_MATP, the text for the customer
     std::string articleCode = {};
     std::string article = {};
     std::optional<double> diameter = {};  ///< the bar's width for a rack
@@ -23,7 +23,7 @@ struct StoredCut {
     std::optional<double> inner = {};
     std::optional<double> thickness = {};  ///< of a rack's bar
     std::optional<double> weight = {};
-    std::optional<double> price = {};  ///< a kilogram
+    std::optional<double> price = {};  ///< per kilogram
     std::optional<double> cut = {};
     std::optional<double> amount = {};
 };
@@ -34,7 +34,7 @@ struct StoredLabour {
     std::string worker;
     std::optional<double> minutes;
     std::optional<double> hours;
-    std::optional<double> rate;  ///< euros an hour
+    std::optional<double> rate;  ///< euros per hour
     std::optional<double> amount;
 };
 
@@ -65,10 +65,10 @@ struct StoredProposal {
     bool coupling = false;
 
     StoredCut disc;
-    std::optional<StoredCut> hub;  ///< none when no hub is cut
+    std::optional<StoredCut> hub;  ///< nullopt when no hub is cut
     std::vector<StoredLabour> labour;
 
-    std::optional<double> material;  ///< euros, as all below
+    std::optional<double> material;  ///< euros, like all below
     std::optional<double> labourAmount;
     std::optional<double> subcontracted;
     std::optional<double> others;
@@ -78,7 +78,7 @@ struct StoredProposal {
     std::optional<double> total;
 };
 
-/// None when there is no proposal of this number. Errors: DbError.
+/// nullopt when there is no proposal with this number. Errors: DbError.
 std::optional<StoredProposal> readProposal(sql::Connection& connection, std::int32_t number);
 
 }  // namespace velmora::paper
