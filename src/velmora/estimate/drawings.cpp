@@ -118,7 +118,7 @@ void drawWidthsOfTwoHubs(const WidthRows& rows, const Piece& piece) {
 }
 
 // Chosen C-320: the disc keeps the dimension line of its width for the label of the rim: that label is shown for every
-// piece, and a value without a dimension line could not be checked by eye.
+// piece, and a value without a dimension line would refer to nothing visible.
 void drawDimensions(Drawing& drawing, const Piece& piece, double row) {
     const double left = piece.rimLeft();
     const double right = piece.rimRight();

@@ -8,7 +8,7 @@ namespace velmora::tracking {
 
 namespace {
 
-/// The values of a proposal as an order's words name them.
+/// The values of a proposal as formatted in an order's description.
 class Words {
   public:
     explicit Words(const sql::Recordset& proposal) : proposal_(proposal) {}

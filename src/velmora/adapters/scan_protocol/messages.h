@@ -1,21 +1,21 @@
 #pragma once
-// The protocol between velmora-scan, which alone links the library of the scanners, and the program that starts it.
+// The protocol between velmora-scan, the only program that links the scanner library, and the program that starts it.
 //
-//   velmora-scan list           which devices there are
-//   velmora-scan scan DEVICE    one page
+//   velmora-scan list           lists the devices
+//   velmora-scan scan DEVICE    scans one page
 //
 // The starting program cancels by closing velmora-scan's standard input. On its standard output velmora-scan writes
-// lines in UTF-8, their fields apart by tabs; in a field, \t, \n and \\ stand for a tab, an end of line, a backslash:
+// lines in UTF-8 with tab-separated fields, in which tab, line feed and backslash are escaped as \t, \n and \\:
 //
-//   velmora-scan 1                          first of all: the version of the protocol
-//   progress F                              how far the work is, 0 to 1; "-" when its end is not known
+//   velmora-scan 1                          first line: the version of the protocol
+//   progress F                              progress, 0 to 1; "-" when the end is not known
 //   device NAME TITLE                       one for each device
-//   page WIDTH HEIGHT CHANNELS ACROSS DOWN  pixels, samples a pixel, dots an inch; WIDTH * HEIGHT * CHANNELS bytes
+//   page WIDTH HEIGHT CHANNELS ACROSS DOWN  pixels, samples per pixel, dots per inch; WIDTH * HEIGHT * CHANNELS bytes
 //                                           follow, then the next line
-//   error NUMBER TEXT                       why there is no answer, for the user
-//   end                                     the answer is whole; without a page, the user has cancelled at the device
+//   error NUMBER TEXT                       the reason of a failure, a text for the user
+//   end                                     end of the answer; without a page, the user cancelled at the device
 //
-// An answer counts only when it is whole: a program that crashes half way has said nothing.
+// An answer without its end line is discarded, as when the program crashes half way.
 
 #include <cstddef>
 #include <optional>

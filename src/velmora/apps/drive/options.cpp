@@ -15,16 +15,16 @@ namespace {
 class OptionLine {
   public:
     OptionLine() {
-        auto* database = app.add_option("--db", options.database, "Embedded database, made when it does not exist")
+        auto* database = app.add_option("--db", options.database, "Embedded database, created when it does not exist")
                              ->type_name("FILE");
         app.add_option("--dsn", options.dsn, "Data source of a SQL Server")->type_name("TEXT")->excludes(database);
         app.add_option("--data", options.data, "Rows of a new database: demo (default), none, or a file of statements")
             ->type_name("demo|none|FILE.sql");
         app.add_option("--now", now_, "Stops the clock, the database's too")->type_name("\"YYYY-MM-DD HH:MM:SS\"");
-        app.add_option("--keep", options.keep, "Folder for papers and spreadsheets that the program writes, kept")
+        app.add_option("--keep", options.keep, "Folder for papers and spreadsheets that the program writes; it is kept")
             ->type_name("DIR");
         app.add_flag("--trace-sql", options.traceSql, "Prints every statement of the program");
-        app.footer("A script may begin with a line \"# options: …\"; what is given here comes before it.");
+        app.footer("A script may begin with a line \"# options: …\"; options given here override it.");
     }
 
     /// Error CLI::ValidationError for an invalid date.
@@ -38,7 +38,7 @@ class OptionLine {
         }
     }
 
-    CLI::App app{"Plays scripts on VELMORA's forms, without a screen.", "velmora-drive"};
+    CLI::App app{"Runs scripts on VELMORA's forms, without a screen.", "velmora-drive"};
     Options options;
 
   private:
