@@ -1,5 +1,5 @@
-// What the acceptance of a proposal costs on top of its statements: order, mark, sprocket data, two materials that are
-// cut, and a route of two cuts and two labour lines.
+// The cost of an acceptance beyond its statements: order, mark, sprocket data, two materials that are cut, and a route
+// of two cuts and two labour lines.
 
 #include <cstdint>
 #include <string>
@@ -17,7 +17,7 @@
 namespace velmora::bench {
 namespace {
 
-/// An accepted proposal is used up: so many accept, with those that warm up and are recorded.
+/// A proposal can be accepted only once: enough for all iterations, warm-up and recording included.
 constexpr int proposals = 20'000;
 
 std::string columnsOfProposal() {
@@ -30,7 +30,7 @@ std::string columnsOfProposal() {
     return names;
 }
 
-/// Pending sprockets with disc and hub, of a customer whom no limit stops, with two lines of labour each.
+/// Pending sprockets with disc and hub, of a customer without a credit limit, with two lines of labour each.
 void addPendingProposals(sql::Connection& connection) {
     const std::string names = columnsOfProposal();
     const std::string free =
@@ -50,14 +50,14 @@ void addPendingProposals(sql::Connection& connection) {
             "SELECT DPI_Id,1," +
             std::string(machine) + ",15,30,0.25,7.5 FROM DPI where DPI_Id > " + first);
     }
-    // A reference seen before: the look-up ends at its newest order, however many there are.
+    // A reference that exists: the look-up ends at its newest order, however many there are.
     connection.execute("INSERT INTO ORDEN (ORDEN_NUM,ORDEN_REF,ORDEN_ART) SELECT top 1 " +
                        connection.execute("select isnull(max(ORDEN_NUM),0)+1 from ORDEN")[0].toText() +
                        ",N'R-77',ART_COD FROM ART where not ART_COD is null");
     connection.commitTrans();
 }
 
-/// A list that holds the proposals, and a user who accepts the one under the cursor and goes on to the next.
+/// A list with the proposals, and a user who accepts the current one and moves to the next.
 class Clerk {
   public:
     Clerk() {
@@ -76,7 +76,7 @@ class Clerk {
     Workshop& workshop() { return workshop_; }
 
   private:
-    /// The rows in memory: what the list itself costs is measured elsewhere.
+    /// The rows are in memory: the cost of the list itself is measured elsewhere.
     void list() {
         sql::Recordset rows = workshop_.session().Connection().execute(
             "select dpi.* from DPI where DPI_FAcepta is null order by DPI_Id desc");

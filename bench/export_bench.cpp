@@ -1,6 +1,6 @@
-// The export of a long list beside the bare library that writes the same cells: `ratio` is the one through the other,
-// timed in the same turn, `cpu_ratio` the same without the waiting for the disk. `grown_kB` is what the process takes
-// more at the end of an export than at its beginning.
+// The export of a long list compared with the bare library writing the same cells: `ratio` is the export's time by the
+// library's, measured in the same iteration, `cpu_ratio` the same for processor time. `grown_kB` is the growth of the
+// process during an export.
 
 #include <charconv>
 #include <chrono>
@@ -35,7 +35,7 @@ std::vector<screen::GridColumn> columns() {
     return all;
 }
 
-/// The rows of a long list, each made when it is asked for.
+/// The rows of a long list, each created on demand.
 class LongList final : public sql::RowSource {
   public:
     explicit LongList(std::size_t count) : count_(count) {

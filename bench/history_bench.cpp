@@ -1,5 +1,5 @@
-// The history of like proposals in a workshop that has made very many: VELMORA_BENCH_PROPOSALS of them (a million
-// unless told), beside the bare statement.
+// The history of similar proposals in a workshop with very many: VELMORA_BENCH_PROPOSALS (default one million),
+// compared with the bare statement.
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
 #pragma once
-// A workshop that has made very many proposals.
+// A workshop with very many proposals.
 
 #include <cstdint>
 
@@ -7,14 +7,14 @@
 
 namespace velmora::bench {
 
-/// VELMORA_BENCH_PROPOSALS, a million unless told.
+/// VELMORA_BENCH_PROPOSALS; default one million.
 std::int64_t wantedProposals();
 
-/// Saves that another process makes beside an open list: VELMORA_BENCH_SAVES, ten thousand unless told.
+/// Number of saves that another process makes beside an open list: VELMORA_BENCH_SAVES; default ten thousand.
 std::int64_t wantedSaves();
 
-/// Doubles the proposals until there are as many as wanted. Six times the copies are like ones; after that each turn
-/// has teeth of its own, so that a toothing keeps some dozens of proposals.
+/// Doubles the proposals until there are as many as wanted. The first six doublings copy the toothing; each further one
+/// has teeth of its own, so that a toothing has some dozens of proposals.
 void multiplyProposals(sql::Connection& connection);
 
 }  // namespace velmora::bench

@@ -1,4 +1,4 @@
-// What the main form costs on top of its statements: a full recalculation, a load, a save.
+// The cost of the main form beyond its statements: a full recalculation, a load, a save.
 
 #include <cstdint>
 
@@ -9,7 +9,7 @@
 namespace velmora::bench {
 namespace {
 
-/// One for all measures: to fill it takes longer than to measure.
+/// Shared by all benchmarks, because filling it takes longer than they do.
 Workshop& theWorkshop() {
     static Workshop workshop;
     return workshop;

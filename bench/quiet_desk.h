@@ -1,5 +1,5 @@
 #pragma once
-// A desk at which nobody sits: what a measure needs of one, and nothing that would wait.
+// A desk without a user: what a benchmark needs of one, without anything that would wait.
 
 #include <optional>
 #include <stdexcept>
@@ -10,7 +10,8 @@
 
 namespace velmora::bench {
 
-/// Says yes to everything, except that a critical message ends the measure: a refused operation is a fast one.
+/// Answers every question with yes. A critical message ends the benchmark, because a refused operation would be a fast
+/// one.
 class QuietScreen final : public screen::Screen {
   public:
     void showModal(screen::Form& form) override { form.unload(); }

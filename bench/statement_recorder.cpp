@@ -11,8 +11,8 @@
 namespace velmora::bench {
 namespace {
 
-/// SQLite knows of no context for what it calls on opening a connection, so the connections are kept here. The program
-/// may open one on a thread of its own.
+/// SQLite passes no context to the function called on opening a connection, so the connections are kept here. The
+/// program may open one on another thread.
 struct Connections {
     std::mutex mutex;
     std::vector<sqlite3*> opened;
@@ -40,7 +40,7 @@ void forgetConnection(void* database) {
 
 void answerNothing(sqlite3_context*, int, sqlite3_value**) {}
 
-// SQLite tells of no closing either, but it lets go of a connection's functions then.
+// SQLite does not report closing either, but it releases a connection's functions then.
 int rememberConnection(sqlite3* database, char**, const struct sqlite3_api_routines*) {
     {
         const std::lock_guard lock(theConnections().mutex);
@@ -63,11 +63,11 @@ struct Watch {
 };
 
 void noteStart(Watch& watch, sqlite3_stmt* statement, const char* text) {
-    // What a trigger runs is announced as a comment; it will run again by itself.
+    // A trigger's statements are announced as comments; they run again with the statement itself.
     if (text != nullptr && text[0] == '-' && text[1] == '-') {
         return;
     }
-    // Where a set begins and ends to hold its state of the database; it cannot be repeated while another set holds one.
+    // Beginning and end of a set's snapshot; cannot be repeated while another set holds one.
     if (text != nullptr && (std::string_view(text) == "BEGIN" || std::string_view(text) == "END")) {
         return;
     }
@@ -106,7 +106,7 @@ Handle prepare(const RecordedStatement& recorded) {
     return Handle(statement, &sqlite3_finalize);
 }
 
-/// As many rows as were fetched, and one step more, in which the end was seen.
+/// Fetches as many rows as recorded, and makes the final step that reports the end.
 void fetch(sqlite3_stmt* statement, std::int64_t rows) {
     int result = SQLITE_ROW;
     for (std::int64_t step = 0; result == SQLITE_ROW && step <= rows; ++step) {

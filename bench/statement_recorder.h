@@ -1,5 +1,5 @@
 #pragma once
-// What a piece of the program asked of SQLite, and the same asked again without the program.
+// Records the SQLite statements of an operation and replays them without the program.
 
 #include <cstdint>
 #include <functional>
@@ -13,14 +13,14 @@ namespace velmora::bench {
 
 struct RecordedStatement {
     sqlite3* database = nullptr;
-    std::string sql;        ///< in SQLite's own words, values written in
-    std::int64_t rows = 0;  ///< how many were fetched
+    std::string sql;        ///< SQLite's text, with the values inserted
+    std::int64_t rows = 0;  ///< number of rows fetched
 };
 
 using Recording = std::vector<RecordedStatement>;
 
-/// Sees every SQLite connection that this process opens while the recorder lives, whoever opens it: so the program
-/// under measure need not show its own. One recorder at a time; the connections must outlive what is recorded.
+/// Observes every SQLite connection that this process opens during its lifetime, so that the program under test need
+/// not expose its own. One recorder at a time; the connections must outlive the recordings.
 class StatementRecorder {
   public:
     StatementRecorder();
@@ -28,17 +28,17 @@ class StatementRecorder {
     StatementRecorder(const StatementRecorder&) = delete;
     StatementRecorder& operator=(const StatementRecorder&) = delete;
 
-    /// Runs the work once and tells which statements it ran, in their order. The connections are watched during this
-    /// call alone, so that a measure taken at another time is not slowed by it.
+    /// Runs the work once and returns its statements in order. Connections are observed during this call only, so that
+    /// other measurements are not slowed down.
     Recording record(const std::function<void()>& work);
 };
 
-/// Prepares, steps and finalizes each statement, fetching as many rows as were fetched when it was recorded. Throws
-/// std::runtime_error for a statement that SQLite refuses: a replay that fails would be a fast one.
+/// Prepares, steps and finalizes each statement, fetching as many rows as when it was recorded. Throws
+/// std::runtime_error for a statement that SQLite refuses, because a failing replay would be a fast one.
 void replay(const Recording& recording);
 
-/// The same statements, each prepared once and only stepped and reset in a replay: the harder yardstick, for a program
-/// that keeps what it has prepared.
+/// The same statements, prepared once and only stepped and reset in a replay: the stricter comparison, for a program
+/// that caches prepared statements.
 class PreparedRecording {
   public:
     explicit PreparedRecording(const Recording& recording);

@@ -1,6 +1,6 @@
-// The tracking list of a workshop that has made very many proposals: how long until the first rows stand on the screen,
-// beside the bare statements; how much memory walking the whole list takes; and how large the write-ahead file becomes
-// while the list is open and another process saves.
+// The tracking list of a workshop with very many proposals: time until the first rows are shown, compared with the bare
+// statements; memory used by walking the whole list; and size of the write-ahead file while the list is open and
+// another process saves.
 
 #include <algorithm>
 #include <cstdint>
@@ -28,7 +28,7 @@ constexpr std::size_t rowsOfAScreen = 20;
 constexpr double mebibyte = 1024.0 * 1024.0;
 constexpr double mostGrowth = 64;         // MiB
 constexpr double mostWriteAhead = 16;     // MiB
-constexpr std::size_t rowsBack = 20'000;  ///< walked from the end on the way back
+constexpr std::size_t rowsBack = 20'000;  ///< number of rows walked back from the end
 
 struct Tracking {
     Workshop workshop{multiplyProposals};
@@ -40,7 +40,7 @@ Tracking& theTracking() {
     return tracking;
 }
 
-/// What a grid asks for to paint the rows from `first` on. Gives the number of cells that held something.
+/// Reads what a grid needs to paint the rows from `first` on. Returns the number of cells that are not empty.
 int paint(const screen::DataGrid& grid, std::size_t first) {
     int filled = 0;
     for (std::size_t row = first; row < first + rowsOfAScreen; ++row) {
@@ -53,7 +53,7 @@ int paint(const screen::DataGrid& grid, std::size_t first) {
 
 using Setting = std::function<void(tracking::TrackingFields&)>;
 
-/// Filters as set, and the first screen painted.
+/// Filters with the given setting and paints the first screen.
 void list(benchmark::State& state, const Setting& setting, screen::Button tracking::TrackingFields::*button) {
     Tracking& shop = theTracking();
     tracking::TrackingFields& f = shop.form->fields();
@@ -160,13 +160,13 @@ tracking::TrackingFields& openAll() {
     return f;
 }
 
-/// Screen by screen to the last row, as a user who holds the key down, and back to the first.
+/// Screen by screen to the last row, like a user who holds the key down, and back to the first.
 void walkToTheEnd(benchmark::State& state) {
     double most = 0;
     std::size_t rows = 0;
     for ([[maybe_unused]] auto turn : state) {
         tracking::TrackingFields& f = openAll();
-        ::malloc_trim(0);  // what furnishing the workshop has left must not hide what the walk takes
+        ::malloc_trim(0);  // memory left from filling the workshop must not hide the growth
         const double before = residentMebibytes();
         for (rows = 0; f.dbgDPI.recordset().peek(rows) != nullptr; rows += rowsOfAScreen) {
             paint(f.dbgDPI, rows);
@@ -187,7 +187,8 @@ void walkToTheEnd(benchmark::State& state) {
     require(most < mostGrowth, "walking the list takes memory as it goes");
 }
 
-/// Another process saves while the list is open: untouched, the program waiting as for its user, or scrolled.
+/// Another process saves while the list is open: without use, the program waiting for its user, or while it is
+/// scrolled.
 void beside(benchmark::State& state, bool read) {
     const test::SavesAsked asked{.database = theTracking().workshop.databaseFile(),
                                  .statement = "update DPI set DPI_ImpTP = isnull(DPI_ImpTP, 0) + 1 where DPI_Id = ",

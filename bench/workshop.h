@@ -1,5 +1,5 @@
 #pragma once
-// A workshop to measure on: a database in a file, as an installation has it, and the main form open on it.
+// A workshop for benchmarks: a database in a file, as in an installation, with the main form open on it.
 
 #include <cstdint>
 #include <functional>
@@ -17,7 +17,7 @@
 
 namespace velmora::bench {
 
-/// A folder that goes with its owner.
+/// A folder that is removed with its owner.
 class TemporaryFolder {
   public:
     TemporaryFolder();
@@ -54,13 +54,13 @@ class Workshop {
     std::unique_ptr<proposal::frmBercialPiñones> form_;
 };
 
-/// Runs the operation and, in the same turn, the statements that it sends, bare: prepared, stepped and finalized
-/// through SQLite's own interface, in the words that the dialect turned them into. The counter `ratio` is the one
-/// through the other; `ratio_prepared` is the same against statements that were prepared beforehand; `own_us` is what
-/// the operation takes beyond the bare statements.
+/// Runs the operation and, in the same iteration, its bare statements: prepared, stepped and finalized through SQLite's
+/// own interface, as translated by the dialect. The counter `ratio` is the time of the operation by that of the
+/// statements; `ratio_prepared` the same for statements prepared beforehand; `own_us` the difference to the bare
+/// statements in microseconds.
 void compare(benchmark::State& state, Workshop& workshop, const std::function<void()>& operation);
 
-/// An operation that did not do its work was a fast one: throws.
+/// Throws when an operation did not do its work, because it would be a fast one.
 void require(bool done, const char* what);
 
 }  // namespace velmora::bench
