@@ -1,23 +1,24 @@
+#include "velmora/data/product_types.h"
+
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "velmora/data/product_numbers.h"
-
 namespace velmora::data {
 namespace {
 
-std::vector<int> typesOf(bool (*belongs)(int)) {
-    std::vector<int> types;
-    for (int type = -1; type <= 15; ++type) {
-        if (belongs(type)) {
-            types.push_back(type);
+using Types = std::vector<int>;
+
+template <typename Column, typename Value>
+Types typesWith(Column ProductType::*column, Value value) {
+    Types types;
+    for (const ProductType& type : productTypes) {
+        if (type.*column == value) {
+            types.push_back(type.number);
         }
     }
     return types;
 }
-
-using Types = std::vector<int>;
 
 TEST(ProductTypes, StandInTheOrderThatIsStored) {
     const std::vector<std::string_view> names = {"Piñon Especial",
@@ -43,26 +44,48 @@ TEST(ProductTypes, StandInTheOrderThatIsStored) {
     }
 }
 
-TEST(ProductTypes, ATypeOutsideTheListHasAnEmptyNameAndNoGroup) {
-    for (const int type : {-1, 15, 99}) {
+TEST(ProductTypes, ATypeOutsideTheListIsNoWheelAndHasNoWords) {
+    for (const int type : {-1, static_cast<int>(productTypes.size()), 99}) {
         EXPECT_EQ(findProductType(type), nullptr);
         EXPECT_EQ(productTypeName(type), "");
-        EXPECT_FALSE(hasChainList(type) || hasHub(type) || isDiscWithoutHub(type) || isTwoHubs(type) || isGear(type) ||
-                     isRack(type) || hasTeeth(type));
+        const ProductType& row = productType(type);
+        EXPECT_LT(row.number, 0);
+        EXPECT_EQ(row.hubs, Hubs::noWheel);
+        EXPECT_FALSE(row.hasHub() || row.chainList || row.hubVoid || row.cutFromPlate);
+        EXPECT_EQ(row.chainColumns, ChainColumns::null);
+        EXPECT_EQ(row.description, OrderDescription::none);
     }
 }
 
-TEST(ProductTypes, GroupsHoldTheTypesThatAreTreatedAlike) {
-    EXPECT_EQ(typesOf(hasChainList), (Types{4, 5, 6, 7, 12, 14}));
-    EXPECT_EQ(typesOf(isDouble), (Types{4, 5, 6, 7}));
-    EXPECT_EQ(typesOf(isTriple), (Types{12, 14}));
-    EXPECT_EQ(typesOf(isDiscWithoutHub), (Types{1, 6, 7, 9, 14}));
-    EXPECT_EQ(typesOf(hasHub), (Types{0, 2, 3, 4, 5, 8, 10, 11, 12}));
-    EXPECT_EQ(typesOf(isTwoHubs), (Types{2, 3, 10, 11}));
-    EXPECT_EQ(typesOf(isVariable), (Types{10, 11}));
-    EXPECT_EQ(typesOf(isGear), (Types{8, 9}));
-    EXPECT_EQ(typesOf(isRack), (Types{13}));
-    EXPECT_EQ(typesOf(hasTeeth), (Types{0, 1, 2, 4, 5, 6, 7, 8, 9, 10, 12, 13, 14}));
+TEST(ProductTypes, ShapeHubsAndToothing) {
+    EXPECT_EQ(typesWith(&ProductType::shape, ProductShape::oneRim), (Types{0, 1, 2, 3, 8, 9}));
+    EXPECT_EQ(typesWith(&ProductType::shape, ProductShape::twoRims), (Types{4, 5, 6, 7}));
+    EXPECT_EQ(typesWith(&ProductType::shape, ProductShape::threeRims), (Types{12, 14}));
+    EXPECT_EQ(typesWith(&ProductType::shape, ProductShape::variable), (Types{10, 11}));
+    EXPECT_EQ(typesWith(&ProductType::shape, ProductShape::rack), (Types{13}));
+    EXPECT_EQ(typesWith(&ProductType::hubs, Hubs::none), (Types{1, 6, 7, 9, 14}));
+    EXPECT_EQ(typesWith(&ProductType::hubs, Hubs::one), (Types{0, 4, 5, 8, 12}));
+    EXPECT_EQ(typesWith(&ProductType::hubs, Hubs::twoAlike), (Types{2, 3}));
+    EXPECT_EQ(typesWith(&ProductType::hubs, Hubs::twoUnlike), (Types{10, 11}));
+    EXPECT_EQ(typesWith(&ProductType::toothing, Toothing::gear), (Types{8, 9}));
+    EXPECT_EQ(typesWith(&ProductType::toothing, Toothing::smooth), (Types{3, 11}));
+}
+
+TEST(ProductTypes, TypesThatAreTreatedAlike) {
+    EXPECT_EQ(typesWith(&ProductType::chainList, true), (Types{4, 5, 6, 7, 12, 14}));
+    EXPECT_EQ(typesWith(&ProductType::gapTyped, true), (Types{5, 7}));
+    EXPECT_EQ(typesWith(&ProductType::widthsFromChain, true), (Types{4, 12, 14}));
+    EXPECT_EQ(typesWith(&ProductType::hubVoid, true), (Types{1, 14}));
+    EXPECT_EQ(typesWith(&ProductType::cutFromPlate, true), (Types{1, 10, 11}));
+    EXPECT_EQ(typesWith(&ProductType::secondHubLoaded, true), (Types{10}));
+    EXPECT_EQ(typesWith(&ProductType::chainColumns, ChainColumns::null), (Types{0, 1, 2, 3}));
+    EXPECT_EQ(typesWith(&ProductType::chainColumns, ChainColumns::notWritten), (Types{8, 9, 13}));
+    EXPECT_EQ(typesWith(&ProductType::materials, OrderMaterials::discAndHub), (Types{0, 2, 3, 4, 5, 10, 12}));
+    EXPECT_EQ(typesWith(&ProductType::description, OrderDescription::none), (Types{11, 14}));
+    EXPECT_EQ(typesWith(&ProductType::totalWidth, TotalWidth::rim), (Types{1}));
+    EXPECT_EQ(typesWith(&ProductType::totalWidth, TotalWidth::rimAndHub), (Types{0}));
+    EXPECT_EQ(typesWith(&ProductType::totalWidth, TotalWidth::rimAndTwoHubs), (Types{2, 3}));
+    EXPECT_EQ(typesWith(&ProductType::totalWidth, TotalWidth::rimAndUnlikeHubs), (Types{10, 11}));
 }
 
 TEST(ProductTypes, ARowSaysWhatTheTypeIs) {
@@ -93,21 +116,13 @@ TEST(ProductTypes, ATypeWithAChainKeepsItAndNamesItInTheOrder) {
 
 TEST(ProductTypes, OnlyAPieceWithHubsHasThemStoredPricedAndCut) {
     for (const ProductType& type : productTypes) {
-        const bool hub = type.hubs >= Hubs::one;
+        const bool hub = type.hasHub();
         EXPECT_EQ(type.chainColumns == ChainColumns::secondHub, type.hubs == Hubs::twoUnlike) << type.name;
         EXPECT_TRUE(!type.secondHubLoaded || type.chainColumns == ChainColumns::secondHub) << type.name;
         EXPECT_TRUE(!type.hubVoid || !hub) << type.name;
         EXPECT_TRUE(type.materials != OrderMaterials::discAndHub || hub) << type.name;
         EXPECT_EQ(type.materials == OrderMaterials::bar, type.shape == ProductShape::rack) << type.name;
     }
-}
-
-TEST(ProductTypes, GroupsOfSingleRules) {
-    EXPECT_EQ(typesOf(hubIsVoid), (Types{1, 14}));
-    EXPECT_EQ(typesOf(hasTwinHubs), (Types{2, 3}));
-    EXPECT_EQ(typesOf(isSmoothPulley), (Types{3, 11}));
-    EXPECT_EQ(typesOf(isDoubleDisc), (Types{6, 7}));
-    EXPECT_EQ(typesOf(isCutFromPlate), (Types{1, 10, 11}));
 }
 
 }  // namespace

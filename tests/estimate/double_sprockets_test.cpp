@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 
 #include "support/workshop.h"
 

@@ -1,6 +1,6 @@
 #include "velmora/estimate/new_proposal.h"
 
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 #include "velmora/platform/runtime/numbers.h"
 
 #include "support/workshop.h"
@@ -44,7 +44,7 @@ TEST_F(NewProposalTest, EachTypeIsPricedForThePartsThatItHas) {
         closeForm();
         chooseType(type);
         const bool rack = type == data::rack;
-        const bool hub = data::hasHub(type);
+        const bool hub = data::productType(type).hasHub();
         EXPECT_EQ(prices(), (std::vector<std::string>{rack ? none : "0,95", rack ? none : "1,4", hub ? "1,02" : none,
                                                       hub ? "1,5" : none, rack ? "1" : none, rack ? "2" : none}))
             << type;

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 #include "velmora/estimate/multiple_drawings.h"
 #include "velmora/estimate/rack_drawing.h"
 
@@ -47,6 +47,33 @@ std::set<int> labelsIn(const screen::Drawing& drawing) {
     return labels;
 }
 
+bool hasSeveralRims(const data::ProductType& type) {
+    return type.shape == data::ProductShape::twoRims || type.shape == data::ProductShape::threeRims;
+}
+
+int totalOfSeveralRims(const data::ProductType& type) {
+    return type.shape == data::ProductShape::twoRims ? static_cast<int>(DoubleLabel::totalWidth)
+                                                     : static_cast<int>(TripleLabel::totalWidth);
+}
+
+/// The labels of the total widths that reach beyond the rims.
+std::set<int> totalLabels(const data::ProductType& type) {
+    if (hasSeveralRims(type)) {
+        return type.hasHub() ? std::set{totalOfSeveralRims(type)} : std::set<int>();
+    }
+    switch (type.hubs) {
+        case data::Hubs::none:
+            return {};
+        case data::Hubs::twoAlike:
+            return {static_cast<int>(PieceLabel::totalWidth), static_cast<int>(PieceLabel::totalWidthOfTwoHubs)};
+        case data::Hubs::twoUnlike:
+            return {static_cast<int>(VariableLabel::totalWidth)};
+        default:
+            return type.shape == data::ProductShape::rack ? std::set<int>()
+                                                          : std::set{static_cast<int>(PieceLabel::totalWidth)};
+    }
+}
+
 class ProductDrawing : public ::testing::TestWithParam<int> {};
 
 TEST_P(ProductDrawing, EveryPlaceOfTheDrawingHasAText) {
@@ -56,11 +83,10 @@ TEST_P(ProductDrawing, EveryPlaceOfTheDrawingHasAText) {
         texts.insert(label);
     }
     std::set<int> places = labelsIn(drawProduct(GetParam(), allMeasures()));
-    // Without a hub the rims are all there is: one width says it.
-    if (data::isDouble(GetParam()) && !data::hasHub(GetParam())) {
-        places.erase(static_cast<int>(DoubleLabel::totalWidth));
-    } else if (data::isTriple(GetParam()) && !data::hasHub(GetParam())) {
-        places.erase(static_cast<int>(TripleLabel::totalWidth));
+    const data::ProductType& type = data::productType(GetParam());
+    if (hasSeveralRims(type) && !type.hasHub()) {
+        // The rims are all there is: one width says it.
+        places.erase(totalOfSeveralRims(type));
     }
     EXPECT_EQ(texts, places);
 }
@@ -79,20 +105,7 @@ TEST_P(ProductDrawing, WhatLeadsOutToATotalWidthBelongsToItsDimension) {
             ledOut.insert(path->label);
         }
     }
-    std::set<int> totals;
-    if (data::hasTwinHubs(GetParam())) {
-        totals = {static_cast<int>(PieceLabel::totalWidth), static_cast<int>(PieceLabel::totalWidthOfTwoHubs)};
-    } else if (data::isVariable(GetParam())) {
-        totals = {static_cast<int>(VariableLabel::totalWidth)};
-    } else if (data::isDouble(GetParam()) && data::hasHub(GetParam())) {
-        totals = {static_cast<int>(DoubleLabel::totalWidth)};
-    } else if (data::isTriple(GetParam()) && data::hasHub(GetParam())) {
-        totals = {static_cast<int>(TripleLabel::totalWidth)};
-    } else if (!data::isDouble(GetParam()) && !data::isTriple(GetParam()) && !data::isRack(GetParam()) &&
-               hubsOf(GetParam()) == Hubs::one) {
-        totals = {static_cast<int>(PieceLabel::totalWidth)};
-    }
-    EXPECT_EQ(ledOut, totals);
+    EXPECT_EQ(ledOut, totalLabels(data::productType(GetParam())));
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryType, ProductDrawing,

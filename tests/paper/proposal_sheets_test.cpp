@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 #include "velmora/estimate/multiple_drawings.h"
 
 namespace velmora::paper {
@@ -15,7 +15,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-constexpr int types = 15;
+constexpr int types = static_cast<int>(data::productTypes.size());
 
 /// Every measure is there, and the total is that of no sum.
 StoredProposal proposalOf(int type) {
@@ -76,20 +76,20 @@ std::vector<std::string> valuesOf(const Sheet& sheet, const std::string& caption
 
 /// The labels of a type's sketch that tell a total width.
 std::set<int> totalLabels(int type) {
-    if (data::isRack(type)) {
-        return {};
+    switch (data::productType(type).shape) {
+        case data::ProductShape::oneRim:
+            return {static_cast<int>(estimate::PieceLabel::totalWidth),
+                    static_cast<int>(estimate::PieceLabel::totalWidthOfTwoHubs)};
+        case data::ProductShape::twoRims:
+            return {static_cast<int>(estimate::DoubleLabel::totalWidth)};
+        case data::ProductShape::threeRims:
+            return {static_cast<int>(estimate::TripleLabel::totalWidth)};
+        case data::ProductShape::variable:
+            return {static_cast<int>(estimate::VariableLabel::totalWidth)};
+        case data::ProductShape::rack:
+            return {};
     }
-    if (data::isDouble(type)) {
-        return {static_cast<int>(estimate::DoubleLabel::totalWidth)};
-    }
-    if (data::isTriple(type)) {
-        return {static_cast<int>(estimate::TripleLabel::totalWidth)};
-    }
-    if (data::isVariable(type)) {
-        return {static_cast<int>(estimate::VariableLabel::totalWidth)};
-    }
-    return {static_cast<int>(estimate::PieceLabel::totalWidth),
-            static_cast<int>(estimate::PieceLabel::totalWidthOfTwoHubs)};
+    return {};
 }
 
 /// Their texts, without words.

@@ -37,10 +37,11 @@ class LoadingTest : public ::testing::Test {
     void storeEveryType() {
         for (int type = 0; data::findProductType(type); ++type) {
             const bool rack = type == data::rack;
-            const bool chain = data::hasChainList(type);
+            const bool chain = data::productType(type).chainList;
             store(type, ",DPI_DmExt,DPI_IdParDisco,DPI_PDM_Tipo,DPI_PDM_Texto,DPI_PDM_x,DPI_PDM_b1,DPI_PDM_h1",
                   std::string(rack ? ",180,5" : ",180,1") + (chain ? ",1,N'ISO 1/2''''',6.6" : ",NULL,NULL,NULL") +
-                      (chain || data::isVariable(type) ? ",7.3,9.4" : ",NULL,NULL"));
+                      (chain || data::productType(type).shape == data::ProductShape::variable ? ",7.3,9.4"
+                                                                                              : ",NULL,NULL"));
         }
         workshop.database->execute("UPDATE DPI SET DPI_DmInterno=0,DPI_CuboDmInterno=0");
         workshop.database->execute(

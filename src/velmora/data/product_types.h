@@ -112,6 +112,9 @@ struct ProductType {
     std::string_view firstWords = {};       ///< of the description
     std::string_view wordsAfterChain = {};  ///< of the description, where it names the chain
     OrderMaterials materials = OrderMaterials::disc;
+
+    /// One hub or two, alike or not.
+    constexpr bool hasHub() const { return hubs != Hubs::noWheel && hubs != Hubs::none; }
 };
 
 /// Stands for a type outside the list, -1 (none chosen) among them: drawn as a piece with one hub, no hub priced.

@@ -55,7 +55,7 @@ double column(const sql::Recordset& row, const char* name) {
 }
 
 bool isDiscOfTwoRims(const data::ProductType& type) {
-    return type.shape == data::ProductShape::twoRims && type.hubs == data::Hubs::none;
+    return type.shape == data::ProductShape::twoRims && !type.hasHub();
 }
 
 /// Whether hub width and gap are computed on the sketch of three rims.
@@ -63,7 +63,7 @@ bool isDiscOfTwoRims(const data::ProductType& type) {
 // two fields gives it two rims and one gap. Required as it is; it determines stored widths. A load ends with the widths
 // stored.
 bool goesByTripleSketch(const data::ProductType& type) {
-    return type.shape == data::ProductShape::threeRims && type.hubs != data::Hubs::none;
+    return type.shape == data::ProductShape::threeRims && type.hasHub();
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ constexpr bool hasDisc(const data::ProductType& type) {
 }
 
 constexpr bool hasHub(const data::ProductType& type) {
-    return hasDisc(type) && type.hubs != data::Hubs::none;
+    return type.hasHub();
 }
 
 constexpr bool hasBar(const data::ProductType& type) {

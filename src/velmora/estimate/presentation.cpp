@@ -82,7 +82,7 @@ void Presentation::presentType(const data::ProductType& type) {
 }
 
 void Presentation::presentOneRim(const data::ProductType& type) {
-    const bool hub = type.hubs != data::Hubs::none;
+    const bool hub = type.hasHub();
     show(hub, {&f_.Text3(caption::hubDiameter), &f_.Text3(caption::hubWidth), &f_.Text3(caption::totalWidth)});
     show(type.hubs == data::Hubs::twoAlike, {&f_.Text3(caption::totalOfTwoHubs), &f_.Text3(caption::hubWidthCopy)});
     f_.Frame2.setCaption(type.measuresCaption);
@@ -94,7 +94,7 @@ void Presentation::presentOneRim(const data::ProductType& type) {
 }
 
 void Presentation::presentTwoRims(const data::ProductType& type) {
-    const bool hub = type.hubs != data::Hubs::none;
+    const bool hub = type.hasHub();
     show(!hub, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
     show(true, {&f_.Label1(label::firstRim), &f_.Text1(measure::firstRim), &f_.fraPDM});
     f_.fraPDM.setCaption(type.measuresCaption);
@@ -115,7 +115,7 @@ void Presentation::presentThreeRims(const data::ProductType& type) {
     show(false, {&f_.lblTapaCubo(0), &f_.lblTapaCubo(1)});
     msVerTriple(true);
     f_.fraTriple.setCaption(type.measuresCaption);
-    if (type.hubs == data::Hubs::none) {
+    if (!type.hasHub()) {
         coverHubOfThreeRims();
     }
 }

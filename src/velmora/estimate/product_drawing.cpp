@@ -38,10 +38,6 @@ Hubs hubsOfOneRim(const data::ProductType& type) {
     }
 }
 
-bool hasHub(const data::ProductType& type) {
-    return type.hubs != data::Hubs::none;
-}
-
 screen::Drawing drawOneRim(const data::ProductType& type, const ProductMeasures& m) {
     PieceMeasures piece;
     putWheel(piece, type, m);
@@ -62,7 +58,7 @@ screen::Drawing drawSeveralRims(const data::ProductType& type, const ProductMeas
     multiple.hub = m.hub;
     multiple.hubWidth = m.hubWidth;
     const Rims rims = type.shape == data::ProductShape::threeRims ? Rims::three : Rims::two;
-    return drawMultiple(rims, hasHub(type), multiple);
+    return drawMultiple(rims, type.hasHub(), multiple);
 }
 
 screen::Drawing drawBetweenUnlikeHubs(const data::ProductType& type, const ProductMeasures& m) {
@@ -125,7 +121,7 @@ Labels labelsOfTwoRims(const data::ProductType& type, const ProductMeasures& m) 
         .put(DoubleLabel::firstRim, m.chainRim)
         .put(DoubleLabel::gap, m.gap)
         .put(DoubleLabel::secondRim, m.chainRim);
-    if (hasHub(type)) {
+    if (type.hasHub()) {
         labels.put(DoubleLabel::hub, m.hub)
             .put(DoubleLabel::hubWidth, m.hubWidth)
             .put(DoubleLabel::totalWidth, m.totalWidth);
@@ -143,7 +139,7 @@ Labels labelsOfThreeRims(const data::ProductType& type, const ProductMeasures& m
         .put(TripleLabel::secondRim, m.chainRim)
         .put(TripleLabel::secondGap, m.gap)
         .put(TripleLabel::thirdRim, m.chainRim);
-    if (hasHub(type)) {
+    if (type.hasHub()) {
         labels.put(TripleLabel::hub, m.hub)
             .put(TripleLabel::hubWidth, m.hubWidth)
             .put(TripleLabel::totalWidth, m.totalWidth);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 #include "velmora/estimate/multiple_drawings.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -33,8 +33,28 @@ std::string withWords(const std::string& first, const std::string& between, cons
     return first.empty() || second.empty() ? first + second : first + between + second;
 }
 
+const data::ProductType& typeOf(const StoredProposal& p) {
+    return data::productType(p.type);
+}
+
+bool isRack(const StoredProposal& p) {
+    return typeOf(p).shape == data::ProductShape::rack;
+}
+
+bool isDisc(const StoredProposal& p) {
+    return typeOf(p).hubs == data::Hubs::none;
+}
+
+bool hasTwoEqualHubs(const StoredProposal& p) {
+    return typeOf(p).hubs == data::Hubs::twoAlike;
+}
+
+bool hasUnlikeHubs(const StoredProposal& p) {
+    return typeOf(p).hubs == data::Hubs::twoUnlike;
+}
+
 std::string typeName(const StoredProposal& p) {
-    const std::string name(data::productTypeName(p.type));
+    const std::string name(typeOf(p).name);
     return name.empty() ? "Pieza especial" : name;
 }
 
@@ -65,17 +85,10 @@ class FieldsOf {
     std::vector<Field> fields_;
 };
 
-std::string rimCaption(int type) {
-    if (data::isTriple(type)) {
-        return "Llanta (B3)";
-    }
-    return data::isDouble(type) ? "Llanta (B2)" : "Llanta";
-}
-
 void addToothing(FieldsOf& fields, const StoredProposal& p) {
     const estimate::ProductMeasures& m = p.measures;
     fields.add("Cadena", p.chain);
-    if (data::isGear(p.type)) {
+    if (typeOf(p).toothing == data::Toothing::gear) {
         fields.count("Módulo", m.module).count("Nº de dientes (Z)", m.teeth);
     } else {
         fields.measure("Paso", m.pitch)
@@ -92,10 +105,10 @@ void addToothing(FieldsOf& fields, const StoredProposal& p) {
 // hubs.
 Number totalWidthOf(const StoredProposal& p) {
     const estimate::ProductMeasures& m = p.measures;
-    if (data::isDiscWithoutHub(p.type)) {
+    if (isDisc(p)) {
         return std::nullopt;
     }
-    if (data::isVariable(p.type) && !isThere(m.totalWidth) && isThere(m.hubWidth) && isThere(m.rim) &&
+    if (hasUnlikeHubs(p) && !isThere(m.totalWidth) && isThere(m.hubWidth) && isThere(m.rim) &&
         isThere(m.secondHubWidth)) {
         return runtime::Redondear(*m.hubWidth + *m.rim + *m.secondHubWidth, 2);
     }
@@ -104,10 +117,10 @@ Number totalWidthOf(const StoredProposal& p) {
 
 void addBody(FieldsOf& fields, const StoredProposal& p) {
     const estimate::ProductMeasures& m = p.measures;
-    const bool unlike = data::isVariable(p.type);
-    fields.measure("Ø Exterior", m.exterior).measure(rimCaption(p.type), m.rim);
+    const bool unlike = hasUnlikeHubs(p);
+    fields.measure("Ø Exterior", m.exterior).measure(std::string(typeOf(p).rimCaption), m.rim);
     fields.measure("Llanta (b1)", m.chainRim).measure("Ancho hueco (X)", m.gap).measure("Altura (H1)", m.coreHeight);
-    if (data::hasHub(p.type)) {
+    if (typeOf(p).hasHub()) {
         fields.measure(unlike ? "Ø Cubo A" : "Ø Cubo", m.hub)
             .measure(unlike ? "Ancho cubo A" : "Ancho cubo", m.hubWidth)
             .measure("Ø Cubo B", m.secondHub)
@@ -124,7 +137,7 @@ void addBody(FieldsOf& fields, const StoredProposal& p) {
 Fields measuresOf(const StoredProposal& p) {
     const estimate::ProductMeasures& m = p.measures;
     FieldsOf fields;
-    if (data::isRack(p.type)) {
+    if (isRack(p)) {
         fields.count("Módulo", m.module)
             .measure("Paso", m.pitch)
             .measure("Altura del diente (h)", m.toothHeight)
@@ -132,7 +145,8 @@ Fields measuresOf(const StoredProposal& p) {
             .measure("Largo (L)", m.length)
             .measure("Ancho (B)", m.width);
     } else {
-        if (data::hasTeeth(p.type)) {
+        // The toothing of a type outside the list is not known.
+        if (data::findProductType(p.type) && typeOf(p).toothing != data::Toothing::smooth) {
             addToothing(fields, p);
         }
         addBody(fields, p);
@@ -145,11 +159,11 @@ Fields measuresOf(const StoredProposal& p) {
 // total.
 std::map<int, std::string> labelsOf(const StoredProposal& p) {
     std::map<int, std::string> labels = estimate::drawingLabels(p.type, p.measures);
-    if (data::hasTwinHubs(p.type)) {
+    if (hasTwoEqualHubs(p)) {
         labels.erase(static_cast<int>(estimate::PieceLabel::totalWidth));
     }
     const auto sum = labels.find(static_cast<int>(estimate::VariableLabel::totalWidth));
-    if (data::isVariable(p.type) && sum != labels.end() && sum->second != plain(totalWidthOf(p))) {
+    if (hasUnlikeHubs(p) && sum != labels.end() && sum->second != plain(totalWidthOf(p))) {
         labels.erase(sum);
     }
     return labels;
@@ -208,10 +222,10 @@ std::vector<Field> customerFields(const StoredProposal& p) {
 // --- The shop's sheet
 
 std::string stockName(const StoredProposal& p) {
-    if (data::isRack(p.type)) {
+    if (isRack(p)) {
         return "Pletina";
     }
-    return p.hub || data::isDiscWithoutHub(p.type) ? "Disco" : "Pieza";
+    return p.hub || isDisc(p) ? "Disco" : "Pieza";
 }
 
 std::string size(const StoredCut& cut, bool rack) {
@@ -251,11 +265,11 @@ Table stockOf(const StoredProposal& p) {
                             {"€/kg", 0.7, true},
                             {"Corte €", 0.8, true},
                             {"Importe €", 0.95, true}}};
-    const bool rack = data::isRack(p.type);
+    const bool rack = isRack(p);
     table.rows.push_back(stockRow(stockName(p), p.disc, rack));
     Number weight = p.disc.weight;
     if (p.hub) {
-        table.rows.push_back(stockRow(data::hasTwinHubs(p.type) ? "2 cubos" : "Cubo", *p.hub, false));
+        table.rows.push_back(stockRow(hasTwoEqualHubs(p) ? "2 cubos" : "Cubo", *p.hub, false));
         weight = sum(weight, p.hub->weight);
     }
     table.total = {"", "", "", amount(weight), "", "", amount(p.material)};
@@ -380,7 +394,7 @@ Sheet shopSheet(const StoredProposal& p) {
         .title = "Hoja de corte " + numberOf(p), .name = "Hoja de corte " + numberOf(p), .heading = customerFields(p)};
     sheet.blocks.emplace_back(measuresOf(p));
     // Many dimensions need space.
-    const bool many = data::hasChainList(p.type);
+    const bool many = typeOf(p).chainList;
     addSketch(sheet.blocks, p, many ? 80 : 60, many ? 64 : 46);
     sheet.blocks.emplace_back(stockOf(p));
     sheet.blocks.emplace_back(lotOf(p));
