@@ -164,7 +164,7 @@ class ProposalPrintingTest : public ::testing::Test {
     support::PaperWorkshop workshop;
     support::Folder folder;
     support::FolderServices services{folder};
-    ProposalPrinting component{services, std::make_shared<qt::Graphics>()};
+    ProposalPrinting component{services, std::make_shared<painting::Graphics>()};
 };
 
 TEST_F(ProposalPrintingTest, CustomerAndShopHaveFilesOfTheirOwn) {
@@ -373,7 +373,7 @@ TEST_F(ProposalPrintingTest, WhatIsWrongIsToldAndNothingIsWritten) {
 }
 
 TEST_F(ProposalPrintingTest, AProposalIsNotPrintedWithoutASession) {
-    ProposalPrinting orphan(services, std::make_shared<qt::Graphics>());
+    ProposalPrinting orphan(services, std::make_shared<painting::Graphics>());
     EXPECT_THROW(orphan.jPrintPropuesta(1, false), runtime::RuntimeError);
 }
 

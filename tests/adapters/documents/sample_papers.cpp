@@ -34,7 +34,7 @@ class Printer {
     support::PaperWorkshop& workshop_;
     support::Folder unused_;
     support::FolderServices services_{unused_};
-    std::shared_ptr<qt::Graphics> graphics_ = std::make_shared<qt::Graphics>();
+    std::shared_ptr<painting::Graphics> graphics_ = std::make_shared<painting::Graphics>();
 };
 
 }  // namespace

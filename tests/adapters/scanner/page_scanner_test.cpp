@@ -56,7 +56,7 @@ class PageScannerTest : public ::testing::Test {
     support::Folder folder;
     std::string path = folder.path() / "DOC202601151000.pdf";
     CancellingScreen screen;
-    std::shared_ptr<qt::Graphics> graphics = std::make_shared<qt::Graphics>();
+    std::shared_ptr<painting::Graphics> graphics = std::make_shared<painting::Graphics>();
     PageScanner component{screen, std::make_shared<ScanProcess>(VELMORA_SCAN_PROGRAM), graphics};
 };
 

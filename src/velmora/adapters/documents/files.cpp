@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "velmora/adapters/qt/text.h"
+#include "velmora/adapters/painting/text.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/text.h"
 
@@ -121,7 +121,7 @@ void NewFile::keep() {
 
 std::unique_ptr<NewFile> draftFile(const std::string& path, const std::function<bool(QIODevice&)>& write) {
     auto file = std::make_unique<NewFile>(path);
-    QFile out(qt::toQt(file->draft()));
+    QFile out(painting::toQt(file->draft()));
     const bool written = out.open(QIODevice::WriteOnly) && write(out) && out.flush();
     out.close();
     if (!written || out.error() != QFileDevice::NoError) {

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "velmora/adapters/qt/graphics.h"
+#include "velmora/adapters/painting/graphics.h"
 #include "velmora/platform/components/components.h"
 #include "velmora/platform/system/system.h"
 
@@ -14,7 +14,7 @@ namespace velmora::documents {
 class ProposalPrinting final : public components::Printing {
   public:
     /// `graphics` may be shared: it outlives the component, so that an application made for it is made once.
-    ProposalPrinting(system::Services& services, std::shared_ptr<qt::Graphics> graphics)
+    ProposalPrinting(system::Services& services, std::shared_ptr<painting::Graphics> graphics)
         : services_(services), graphics_(std::move(graphics)) {}
 
     void setMyBd(session::Session& session) override { session_ = &session; }
@@ -26,7 +26,7 @@ class ProposalPrinting final : public components::Printing {
 
   private:
     system::Services& services_;
-    std::shared_ptr<qt::Graphics> graphics_;
+    std::shared_ptr<painting::Graphics> graphics_;
     session::Session* session_ = nullptr;
 };
 

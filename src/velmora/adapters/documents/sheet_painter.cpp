@@ -10,14 +10,16 @@
 
 #include "velmora/adapters/documents/column_widths.h"
 #include "velmora/adapters/documents/paper_text.h"
-#include "velmora/adapters/qt/sketch_painter.h"
-#include "velmora/adapters/qt/text.h"
-#include "velmora/adapters/qt/theme.h"
+#include "velmora/adapters/painting/colours.h"
+#include "velmora/adapters/painting/fonts.h"
+#include "velmora/adapters/painting/sketch_painter.h"
+#include "velmora/adapters/painting/text.h"
 
 namespace velmora::documents {
 
 namespace {
 
+using painting::toQt;
 using paper::Block;
 using paper::Column;
 using paper::Field;
@@ -27,7 +29,6 @@ using paper::Paragraph;
 using paper::Sheet;
 using paper::Sketch;
 using paper::Table;
-using qt::toQt;
 
 // Everything is laid out in pixels of the screen, 96 an inch, so that sketches look as they do there; the paper has
 // many more, and the painter is scaled.
@@ -51,11 +52,11 @@ constexpr double captionOfTwo = 112;  ///< pixels
 constexpr double captionShare = 0.6;  ///< of the column, in three and more
 constexpr qsizetype wholeWord = 16;   ///< a table's word of so many letters, or fewer, is not broken
 
-constexpr QRgb ink = 0xFF101418;
-constexpr QRgb faint = 0xFF5A6673;
+constexpr QRgb ink = painting::colours::text;
+constexpr QRgb faint = painting::colours::faintText;
 constexpr QRgb rule = 0xFFC3CBD4;
 constexpr QRgb tint = 0xFFEDF1F5;
-constexpr QRgb accent = 0xFF1F5C99;
+constexpr QRgb accent = painting::colours::accent;
 
 struct Fonts {
     QFont body = sized(12);
@@ -68,7 +69,7 @@ struct Fonts {
 
   private:
     static QFont sized(int pixels, QFont::Weight weight = QFont::Normal) {
-        QFont font = qt::theme::baseFont();
+        QFont font = painting::baseFont();
         font.setPixelSize(pixels);
         font.setWeight(weight);
         // Hinted widths belong to a screen; on paper letters would stand unevenly.
@@ -254,7 +255,7 @@ void Composer::add(const Sketch& sketch) {
                            painter.setPen(QPen(QColor(rule), 0.8));
                            painter.drawRect(place);
                            painter.setFont(fonts_.body);
-                           qt::SketchPainter(painter, drawing, labels).paint(place);
+                           painting::SketchPainter(painter, drawing, labels).paint(place);
                            painter.restore();
                        }});
 }

@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "velmora/adapters/qt/sketch_painter.h"
+#include "velmora/adapters/painting/sketch_painter.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
 
@@ -52,7 +52,7 @@ void SketchView::paint(QPainter& painter, const QRect& canvas) const {
     try {
         const screen::Drawing drawing = sketch_.drawing();
         const toolkit::LabelTexts labels = toolkit::labelTextsOf(sketch_);
-        SketchPainter(painter, drawing, labels).paint(canvas);
+        painting::SketchPainter(painter, drawing, labels).paint(canvas);
     } catch (...) {
         host().reportLater(std::current_exception());
     }

@@ -1,18 +1,11 @@
 #pragma once
-// Converts texts between the model (UTF-8) and the toolkit.
+// Texts between the model (UTF-8) and the toolkit, under the names that this room uses.
 
-#include <QString>
-#include <string>
-#include <string_view>
+#include "velmora/adapters/painting/text.h"
 
 namespace velmora::qt {
 
-inline QString toQt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-inline std::string fromQt(const QString& text) {
-    return text.toStdString();
-}
+using painting::fromQt;
+using painting::toQt;
 
 }  // namespace velmora::qt

@@ -1,29 +1,15 @@
 #include "velmora/adapters/qt/theme.h"
 
-#include <QFontDatabase>
-#include <QFontInfo>
-#include <QFontMetrics>
 #include <QPalette>
 #include <QToolTip>
-#include <algorithm>
 
+#include "velmora/adapters/painting/fonts.h"
 #include "velmora/adapters/qt/style.h"
 #include "velmora/platform/toolkit/field_ground.h"
 
 namespace velmora::qt::theme {
 
 namespace {
-
-bool hasTabularDigits(const QFont& font) {
-    const QFontMetrics metrics(font);
-    const int width = metrics.horizontalAdvance(QLatin1Char('0'));
-    return std::ranges::all_of(QStringLiteral("123456789"),
-                               [&](QChar digit) { return metrics.horizontalAdvance(digit) == width; });
-}
-
-bool isInstalled(const QString& family) {
-    return QFontDatabase::families().contains(family);
-}
 
 QPalette palette() {
     QPalette p{QColor(window)};
@@ -64,25 +50,10 @@ QColor backgroundOf(const screen::Control& control, screen::Role role) {
 
 }  // namespace
 
-// The desktop's own font if all its digits have the same width, so that numbers align. The usual fallback font is very
-// wide; its condensed variant suits a dense form.
-QFont baseFont() {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPointSize(9);
-    const QString resolved = QFontInfo(font).family();
-    const QString wide = QStringLiteral("DejaVu Sans");
-    if (resolved != wide && hasTabularDigits(font)) {
-        return font;
-    }
-    const QString narrow = QStringLiteral("DejaVu Sans Condensed");
-    font.setFamily(isInstalled(narrow) || !isInstalled(wide) ? narrow : wide);
-    return font;
-}
-
 void apply(QApplication& application) {
     QApplication::setStyle(new Style);
     QApplication::setPalette(palette());
-    QApplication::setFont(baseFont());
+    QApplication::setFont(painting::baseFont());
     QToolTip::setPalette(palette());
     application.setAttribute(Qt::AA_DontUseNativeMenuBar);
 }

@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QWidget>
 
+#include "velmora/adapters/painting/colours.h"
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/layout.h"
 
@@ -21,20 +22,18 @@ inline constexpr QRgb window = 0xFFF2F4F6;
 inline constexpr QRgb entered = 0xFFFFFFFF;
 inline constexpr QRgb calculated = 0xFFE6ECF3;
 inline constexpr QRgb focus = 0xFFFFFF00;
-inline constexpr QRgb text = 0xFF101418;
+inline constexpr QRgb text = painting::colours::text;
 inline constexpr QRgb caption = 0xFF2C353F;
-inline constexpr QRgb faintText = 0xFF5A6673;
+inline constexpr QRgb faintText = painting::colours::faintText;
 inline constexpr QRgb border = 0xFFA9B3BE;
 inline constexpr QRgb rule = 0xFFDDE2E8;
 inline constexpr QRgb focusBorder = 0xFF14181D;
-inline constexpr QRgb accent = 0xFF1F5C99;
+inline constexpr QRgb accent = painting::colours::accent;
 inline constexpr QRgb currentRow = 0xFFC9DFF5;
 
 /// Applies style, palette and font to the whole application. Once, before the first window.
 void apply(QApplication& application);
 
-/// The font of all windows and papers, 9 points.
-QFont baseFont();
 QFont totalFont();
 QFont titleFont();
 

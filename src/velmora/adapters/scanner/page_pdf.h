@@ -7,7 +7,7 @@ class QIODevice;
 
 namespace velmora::scanner {
 
-/// False when the device fails. Needs the toolkit's application (qt::Graphics).
+/// False when the device fails. Needs the toolkit's application (painting::Graphics).
 bool writePage(const Image& page, QIODevice& out);
 
 }  // namespace velmora::scanner

@@ -11,7 +11,7 @@
 namespace velmora::scanner {
 
 PageScanner::PageScanner(screen::Screen& screen, std::shared_ptr<PageSource> source,
-                         std::shared_ptr<qt::Graphics> graphics, Patience patience)
+                         std::shared_ptr<painting::Graphics> graphics, Patience patience)
     : screen_(screen), source_(std::move(source)), graphics_(std::move(graphics)), patience_(patience) {}
 
 void PageScanner::jConfig() {

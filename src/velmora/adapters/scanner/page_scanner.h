@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "velmora/adapters/qt/graphics.h"
+#include "velmora/adapters/painting/graphics.h"
 #include "velmora/adapters/scan_protocol/page_source.h"
 #include "velmora/adapters/scanner/background_work.h"
 #include "velmora/platform/components/components.h"
@@ -16,8 +16,8 @@ namespace velmora::scanner {
 /// Errors are shown to the user and not raised: `resultado` says whether the file was written.
 class PageScanner final : public components::Scanner {
   public:
-    PageScanner(screen::Screen& screen, std::shared_ptr<PageSource> source, std::shared_ptr<qt::Graphics> graphics,
-                Patience patience = {});
+    PageScanner(screen::Screen& screen, std::shared_ptr<PageSource> source,
+                std::shared_ptr<painting::Graphics> graphics, Patience patience = {});
 
     void setFichero(std::string_view path) override { path_ = path; }
     /// Scans one page with the only device, with that of SANE_DEFAULT_DEVICE, or with the one that the user chooses,
@@ -34,7 +34,7 @@ class PageScanner final : public components::Scanner {
 
     screen::Screen& screen_;
     std::shared_ptr<PageSource> source_;
-    std::shared_ptr<qt::Graphics> graphics_;
+    std::shared_ptr<painting::Graphics> graphics_;
     Patience patience_;
     std::string path_;
     bool written_ = false;

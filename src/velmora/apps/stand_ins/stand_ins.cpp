@@ -18,7 +18,7 @@ void registerStandIns(components::ComponentFactory& factory, screen::Screen& scr
     factory.add("KOLTAR.KOLTARD", [&screen] { return std::make_unique<host::WorkOrderViewer>(screen); });
     factory.add("SORVEL.SORVELCOMP", [&screen] { return std::make_unique<host::DeliveryNoteViewer>(screen); });
     // Created when the first paper is printed; lives as long as the factory.
-    const auto graphics = std::make_shared<qt::Graphics>();
+    const auto graphics = std::make_shared<painting::Graphics>();
     factory.add("VELMORAIMP.VMORAIMP",
                 [&services, graphics] { return std::make_unique<documents::ProposalPrinting>(services, graphics); });
     factory.add("LIMBAR.jLimbar",

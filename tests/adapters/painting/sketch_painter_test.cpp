@@ -1,14 +1,14 @@
+#include "velmora/adapters/painting/sketch_painter.h"
+
 #include <QImage>
 #include <QPainter>
 #include <utility>
 
 #include <gtest/gtest.h>
 
-#include "velmora/adapters/qt/sketch_painter.h"
+#include "velmora/adapters/painting/graphics.h"
 
-#include "qt_bench.h"
-
-namespace velmora::testing {
+namespace velmora::painting {
 namespace {
 
 using screen::Dimension;
@@ -17,13 +17,15 @@ using screen::Fill;
 using screen::Path;
 using screen::Pen;
 
-class SketchPainting : public QtBench {
+class SketchPainting : public ::testing::Test {
   protected:
+    SketchPainting() { graphics_.require(); }
+
     static QImage paint(const Drawing& drawing, const toolkit::LabelTexts& labels, QSize size) {
         QImage image(size, QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
-        qt::SketchPainter(painter, drawing, labels).paint(QRectF(QPointF(), QSizeF(size)));
+        SketchPainter(painter, drawing, labels).paint(QRectF(QPointF(), QSizeF(size)));
         return image;
     }
     static QRect inked(const QImage& image) {
@@ -42,6 +44,9 @@ class SketchPainting : public QtBench {
         drawing.shapes.emplace_back(Path{.points = {{0, 0}, {width, 0}, {width, height}, {0, height}}, .closed = true});
         return drawing;
     }
+
+  private:
+    Graphics graphics_;
 };
 
 TEST_F(SketchPainting, ThePieceFillsTheCanvasAndKeepsItsProportions) {
@@ -122,4 +127,4 @@ TEST_F(SketchPainting, AnEmptyDrawingPaintsNothing) {
 }
 
 }  // namespace
-}  // namespace velmora::testing
+}  // namespace velmora::painting

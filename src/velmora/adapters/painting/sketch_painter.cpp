@@ -1,14 +1,14 @@
-#include "velmora/adapters/qt/sketch_painter.h"
+#include "velmora/adapters/painting/sketch_painter.h"
 
 #include <QFontMetricsF>
 #include <QPainterPath>
 #include <QPolygonF>
 
-#include "velmora/adapters/qt/text.h"
-#include "velmora/adapters/qt/theme.h"
+#include "velmora/adapters/painting/colours.h"
+#include "velmora/adapters/painting/text.h"
 #include "velmora/platform/toolkit/sketch_style.h"
 
-namespace velmora::qt {
+namespace velmora::painting {
 
 namespace {
 
@@ -46,7 +46,7 @@ void SketchPainter::paint(const QRectF& canvas) {
     painter_.setFont(font);
     const QFontMetricsF metrics(painter_.font());
     const toolkit::MeasureText measure = [&](const std::string& text) {
-        return toolkit::PixelSize{.width = metrics.horizontalAdvance(qt::toQt(text)), .height = metrics.height()};
+        return toolkit::PixelSize{.width = metrics.horizontalAdvance(painting::toQt(text)), .height = metrics.height()};
     };
     const toolkit::PixelRect room{
         .left = canvas.left(), .top = canvas.top(), .width = canvas.width(), .height = canvas.height()};
@@ -126,9 +126,9 @@ void SketchPainter::draw(const toolkit::PlacedText& text) {
     painter_.translate(toQt(text.middle));
     painter_.rotate(text.angle);
     painter_.fillRect(box.adjusted(0, 1, 0, -1), textBackground);
-    painter_.setPen(QColor(theme::text));
-    painter_.drawText(box, Qt::AlignCenter | Qt::TextDontClip, qt::toQt(text.text));
+    painter_.setPen(QColor(colours::text));
+    painter_.drawText(box, Qt::AlignCenter | Qt::TextDontClip, painting::toQt(text.text));
     painter_.restore();
 }
 
-}  // namespace velmora::qt
+}  // namespace velmora::painting

@@ -5,7 +5,7 @@
 
 class QGuiApplication;
 
-namespace velmora::qt {
+namespace velmora::painting {
 
 /// Painting text needs a QGuiApplication. When the program has created one, as the desktop does, this does nothing;
 /// otherwise it creates one on a platform that needs no display and keeps it for its own lifetime. Single-threaded use
@@ -24,4 +24,4 @@ class Graphics {
     std::unique_ptr<QGuiApplication> own_;
 };
 
-}  // namespace velmora::qt
+}  // namespace velmora::painting

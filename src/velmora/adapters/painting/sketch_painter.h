@@ -6,7 +6,7 @@
 
 #include "velmora/platform/toolkit/sketch_plan.h"
 
-namespace velmora::qt {
+namespace velmora::painting {
 
 class SketchPainter {
   public:
@@ -28,4 +28,4 @@ class SketchPainter {
     const toolkit::LabelTexts& labels_;
 };
 
-}  // namespace velmora::qt
+}  // namespace velmora::painting

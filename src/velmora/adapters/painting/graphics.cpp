@@ -1,10 +1,10 @@
-#include "velmora/adapters/qt/graphics.h"
+#include "velmora/adapters/painting/graphics.h"
 
 #include <QGuiApplication>
 #include <algorithm>
 #include <array>
 
-namespace velmora::qt {
+namespace velmora::painting {
 
 Graphics::Graphics() = default;
 
@@ -25,4 +25,4 @@ void Graphics::require() {
     own_ = std::make_unique<QGuiApplication>(count, arguments);
 }
 
-}  // namespace velmora::qt
+}  // namespace velmora::painting
