@@ -24,7 +24,15 @@ bool holdsRecord(const sql::Recordset& material) {
 }  // namespace
 
 double DiscAndHubCosting::discCut() {
-    return round2(number(f_.Text4(cut::discDiameter)) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatDisco)));
+    return sawCut(number(f_.Text4(cut::discDiameter)), cutPrices_.FnPrecioCorte(entryKey(f_.cboMatDisco)));
+}
+
+StockLine DiscAndHubCosting::discLine(double cut) const {
+    return {.weight = number(f_.Text4(cut::discWeight)), .price = number(f_.txtPesu(money::discPrice)), .cut = cut};
+}
+
+StockLine DiscAndHubCosting::hubLine(double cut) const {
+    return {.weight = number(f_.Text4(cut::hubWeight)), .price = number(f_.txtPesu(money::hubPrice)), .cut = cut};
 }
 
 void DiscAndHubCosting::msCorteDisco() {
@@ -122,8 +130,7 @@ void DiscAndHubCosting::priceHub() {
     } else {
         f_.txtPesu(money::hubCut).setText("0,00");
     }
-    put(f_.txtPesu(money::hubAmount),
-        round2(number(f_.Text4(cut::hubWeight)) * number(f_.txtPesu(money::hubPrice)) + x));
+    put(f_.txtPesu(money::hubAmount), lineRoundedOnce(hubLine(x)));
 }
 
 void DiscAndHubCosting::onePiece() {
@@ -178,9 +185,7 @@ void DiscAndHubCosting::rsMatDisco_MoveComplete() {
     } else {
         f_.txtPesu(money::discCut).setText("0,00");
     }
-    const double cut = numberOrZero(f_.txtPesu(money::discCut));
-    put(f_.txtPesu(money::discAmount),
-        round2(cut + number(f_.Text4(cut::discWeight)) * number(f_.txtPesu(money::discPrice))));
+    put(f_.txtPesu(money::discAmount), lineRoundedOnce(discLine(numberOrZero(f_.txtPesu(money::discCut)))));
 }
 
 void DiscAndHubCosting::rsMatCubo_MoveComplete() {
@@ -227,11 +232,11 @@ void DiscAndHubCosting::Text4_Change(int Index) {
 // as it is; it determines stored weights and amounts. Chosen C-005: it is the double click. Leaving a field never
 // raises it, so a typed weight or amount stays until its sizes or prices change.
 void DiscAndHubCosting::Text4_DblClick(int Index) {
-    if (Index <= 3) {
+    if (Index <= cut::hubLength) {
         discChanged();
-    } else if (Index == 4) {
+    } else if (Index == cut::discWeight) {
         totals_.msRecalcularImportes(money::discCut);
-    } else if (Index <= 8) {
+    } else if (Index <= cut::hubInner) {
         hubChanged();
     } else {
         rackChanged(Index);
@@ -249,11 +254,7 @@ void DiscAndHubCosting::discChanged() {
     if (trap.condition([&] { return number(f_.Text1(measure::exterior)) <= onePieceLimit; })) {
         trap([&] { put(f_.txtPesu(money::discCut), discCut()); });
     }
-    trap([&] {
-        put(f_.txtPesu(money::discAmount),
-            round2(number(f_.txtPesu(money::discPrice)) * number(f_.Text4(cut::discWeight)) +
-                   number(f_.txtPesu(money::discCut))));
-    });
+    trap([&] { put(f_.txtPesu(money::discAmount), lineRoundedOnce(discLine(number(f_.txtPesu(money::discCut))))); });
 }
 
 void DiscAndHubCosting::hubChanged() {
@@ -272,16 +273,13 @@ void DiscAndHubCosting::hubChanged() {
     double cut = 0;
     if (trap.condition([&] { return number(f_.Text4(cut::hubWeight)) > 0; })) {
         trap([&] {
-            cut = round2(totals_.hubCut());
+            cut = cents(totals_.hubCut());
             put(f_.txtPesu(money::hubCut), cut);
         });
     } else {
         trap([&] { f_.txtPesu(money::hubCut).setText("0,00"); });
     }
-    trap([&] {
-        put(f_.txtPesu(money::hubAmount),
-            round2(number(f_.txtPesu(money::hubPrice)) * number(f_.Text4(cut::hubWeight)) + cut));
-    });
+    trap([&] { put(f_.txtPesu(money::hubAmount), lineRoundedOnce(hubLine(cut))); });
 }
 
 void DiscAndHubCosting::writeRackWeight() {
@@ -290,10 +288,10 @@ void DiscAndHubCosting::writeRackWeight() {
 }
 
 void DiscAndHubCosting::rackChanged(int Index) {
-    if (Index < 50) {
+    if (Index < cut::barLength) {
         return;
     }
-    if (Index <= 52) {
+    if (Index <= cut::barThickness) {
         writeRackWeight();
     }
     totals_.msRecalcularImportes(money::barPrice);
@@ -308,13 +306,13 @@ void DiscAndHubCosting::Text4_LostFocus(int Index) {
     if (f_.type() != data::rack) {
         return;
     }
-    if (Index >= 50 && Index <= 52) {
+    if (Index >= cut::barLength && Index <= cut::barThickness) {
         writeRackWeight();
         // Kept K-175: while a size is typed the bar is priced with the cut of the previous size; its weight follows
         // each key press. Required as it is; it determines amounts on the screen.
         totals_.writeRackCut();
         totals_.msRecalcularImportes(cut::barThickness);
-    } else if (Index >= 53 && Index <= 56) {
+    } else if (Index >= cut::barWeight) {
         totals_.msRecalcularImportes(money::barPrice);
     }
 }

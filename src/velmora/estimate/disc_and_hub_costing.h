@@ -4,6 +4,7 @@
 
 #include "velmora/estimate/cut_prices.h"
 #include "velmora/estimate/field_map.h"
+#include "velmora/estimate/price.h"
 #include "velmora/estimate/totals.h"
 #include "velmora/estimate/weights.h"
 
@@ -40,6 +41,8 @@ class DiscAndHubCosting {
 
   private:
     double discCut();
+    StockLine discLine(double cut) const;
+    StockLine hubLine(double cut) const;
     void onePiece();
     void showProcess(Label& caption) const;
     void discAndHub(const TextBox& hubLength);

@@ -96,6 +96,7 @@ enum Index : int {
     hubCost = 23,            ///< hub, "Precio Coste", €/kg
     hubPrice = 24,           ///< hub, "Precio Venta", €/kg
     hubAmount = 25,          ///< hub, "Importe", €
+    firstOfBar = 50,         ///< 50 to 53 are not shown; a bar's sizes and weight are Text4's of these indexes
     barCost = 54,            ///< rack, "Precio Coste", €/kg
     barCut = 55,             ///< rack, "Corte", €
     barPrice = 56,           ///< rack, "Precio Venta", €/kg

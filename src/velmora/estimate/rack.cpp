@@ -4,6 +4,7 @@
 #include <array>
 
 #include "velmora/estimate/field_names.h"
+#include "velmora/estimate/price.h"
 #include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -53,7 +54,7 @@ void Rack::Text1_LostFocus(int Index) {
 }
 
 void Rack::msCalcularCremallera() {
-    for (const int computed : {20, 21, 23}) {
+    for (const int computed : {measure::rackPitch, measure::rackToothHeight, measure::rackBody}) {
         f_.Text1(computed).setEnabled(false);
     }
     f_.Text1(measure::rackBody)
@@ -77,8 +78,10 @@ void Rack::rsMatCre_MoveComplete() {
     const double cut = totals_.rackCut();
     f_.txtPesu(money::barCut).setText(Format(cut, amountMask));
     f_.txtPesu(money::barAmount)
-        .setText(
-            Format(round2(number(f_.Text4(cut::barWeight)) * number(f_.txtPesu(money::barPrice)) + cut), amountMask));
+        .setText(Format(
+            lineRoundedOnce(
+                {.weight = number(f_.Text4(cut::barWeight)), .price = number(f_.txtPesu(money::barPrice)), .cut = cut}),
+            amountMask));
 }
 
 }  // namespace velmora::estimate

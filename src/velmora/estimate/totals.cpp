@@ -15,44 +15,47 @@ using runtime::Format;
 
 namespace {
 
-/// What a change of a field of txtPesu makes necessary.
-enum class Sums { none, rackWeight, rack, material, piece, lot, sawSpread, disc, hub };
-
-struct SumsByIndex {
-    int from;
-    int to;
-    Sums sums;
-};
-
-constexpr std::array sumsByIndex{
-    SumsByIndex{50, 52, Sums::rackWeight}, SumsByIndex{53, 57, Sums::rack},     SumsByIndex{5, 6, Sums::material},
-    SumsByIndex{7, 9, Sums::piece},        SumsByIndex{10, 11, Sums::lot},      SumsByIndex{14, 14, Sums::sawSpread},
-    SumsByIndex{16, 16, Sums::disc},       SumsByIndex{21, 21, Sums::disc},     SumsByIndex{24, 24, Sums::hub},
-    SumsByIndex{22, 22, Sums::material},   SumsByIndex{25, 25, Sums::material},
-};
-
-Sums sumsFor(int index) {
-    const auto* found =
-        std::ranges::find_if(sumsByIndex, [&](const SumsByIndex& s) { return s.from <= index && index <= s.to; });
-    return found == sumsByIndex.end() ? Sums::none : found->sums;
-}
-
-struct Indexes {
-    int from;
-    int to;
-};
-
 template <std::size_t N>
-bool among(const std::array<Indexes, N>& ranges, int index) {
-    return std::ranges::any_of(ranges, [&](const Indexes& r) { return r.from <= index && index <= r.to; });
+bool among(const std::array<screen::IndexRange, N>& ranges, int index) {
+    return std::ranges::any_of(ranges, [&](const auto& r) { return r.from <= index && index <= r.to; });
 }
 
-constexpr std::array numericKeys{Indexes{4, 12}, Indexes{14, 17}, Indexes{21, 22}, Indexes{24, 25}, Indexes{50, 57}};
-constexpr std::array maskedOnLeaving{Indexes{4, 5},   Indexes{7, 12},  Indexes{14, 17},
-                                     Indexes{21, 22}, Indexes{24, 25}, Indexes{50, 57}};
-constexpr int rackAmount = 57;
+constexpr std::array numericKeys{
+    screen::IndexRange{money::created, money::lot}, screen::IndexRange{money::sawCharge, money::approximateWeight},
+    screen::IndexRange{money::discPrice, money::discAmount}, screen::IndexRange{money::hubPrice, money::hubAmount},
+    screen::IndexRange{money::firstOfBar, money::barAmount}};
+constexpr std::array maskedOnLeaving{screen::IndexRange{money::created, money::sundries},
+                                     screen::IndexRange{money::material, money::lot},
+                                     screen::IndexRange{money::sawCharge, money::approximateWeight},
+                                     screen::IndexRange{money::discPrice, money::discAmount},
+                                     screen::IndexRange{money::hubPrice, money::hubAmount},
+                                     screen::IndexRange{money::firstOfBar, money::barAmount}};
 
 }  // namespace
+
+/// The sums that a change of a field of txtPesu, or of a bar's field of Text4, makes necessary; none for the others.
+Totals::Sums Totals::sumsAfter(int index) {
+    struct Row {
+        int from;
+        int to;
+        Sums sums;
+    };
+    static constexpr std::array rows{
+        Row{cut::barLength, cut::barThickness, &Totals::sumRackWeight},
+        Row{cut::barWeight, money::barAmount, &Totals::sumRack},
+        Row{money::sundries, money::workOrder, &Totals::sumMaterial},
+        Row{money::material, money::subcontracted, &Totals::sumPiece},
+        Row{money::piece, money::pieces, &Totals::sumLot},
+        Row{money::sawCharge, money::sawCharge, &Totals::sumPieceWithSawSpread},
+        Row{money::discCut, money::discCut, &Totals::sumDisc},
+        Row{money::discPrice, money::discPrice, &Totals::sumDisc},
+        Row{money::discAmount, money::discAmount, &Totals::sumMaterial},
+        Row{money::hubPrice, money::hubPrice, &Totals::sumHub},
+        Row{money::hubAmount, money::hubAmount, &Totals::sumMaterial},
+    };
+    const auto* found = std::ranges::find_if(rows, [&](const Row& r) { return r.from <= index && index <= r.to; });
+    return found == rows.end() ? nullptr : found->sums;
+}
 
 void Totals::msRecalcularImportes(int Index) {
     if (f_.bCargandoPropuesta) {
@@ -66,33 +69,8 @@ void Totals::msRecalcularImportes(int Index) {
     } else {
         writeHubCut(trap);
     }
-    switch (sumsFor(Index)) {
-        case Sums::rackWeight:
-            sumRackWeight(trap);
-            break;
-        case Sums::rack:
-            sumRack(trap);
-            break;
-        case Sums::material:
-            sumMaterial(trap);
-            break;
-        case Sums::piece:
-            sumPiece(trap);
-            break;
-        case Sums::lot:
-            sumLot(trap);
-            break;
-        case Sums::sawSpread:
-            sumPieceWithSawSpread(trap);
-            break;
-        case Sums::disc:
-            sumDisc(trap);
-            break;
-        case Sums::hub:
-            sumHub(trap);
-            break;
-        case Sums::none:
-            break;
+    if (const Sums sums = sumsAfter(Index)) {
+        (this->*sums)(trap);
     }
 }
 
@@ -105,14 +83,13 @@ void Totals::voidHub(ErrorTrap& trap) {
 }
 
 double Totals::hubCut() {
-    const double oneCut =
-        round2(number(f_.Text4(cut::hubDiameter)) * cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCubo)));
-    return data::hasTwinHubs(f_.type()) ? oneCut + oneCut : oneCut;
+    return hubsSawCut(number(f_.Text4(cut::hubDiameter)), cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCubo)),
+                      data::hasTwinHubs(f_.type()) ? 2 : 1);
 }
 
 double Totals::rackCut() {
-    return std::max(number(f_.Text4(cut::barLength)), number(f_.Text4(cut::barThickness))) *
-           cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCre));
+    return barSawCut(number(f_.Text4(cut::barLength)), number(f_.Text4(cut::barThickness)),
+                     cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCre)));
 }
 
 void Totals::writeRackCut() {
@@ -133,92 +110,88 @@ double Totals::writeHubCut(ErrorTrap& trap) {
     return x;
 }
 
-void Totals::sumRackWeight(ErrorTrap& trap) {
-    trap([&] { f_.Text4(cut::barWeight).setText(Format(weights_.rackWeight(), amountMask)); });
+void Totals::writeBarAmount(ErrorTrap& trap) {
     trap([&] {
         f_.txtPesu(money::barAmount)
-            .setText(Format(number(f_.txtPesu(money::barCut)) +
-                                number(f_.Text4(cut::barWeight)) * number(f_.txtPesu(money::barPrice)),
+            .setText(Format(barLine({.weight = number(f_.Text4(cut::barWeight)),
+                                     .price = amount(money::barPrice),
+                                     .cut = amount(money::barCut)}),
                             amountMask));
     });
 }
 
+void Totals::sumRackWeight(ErrorTrap& trap) {
+    trap([&] { f_.Text4(cut::barWeight).setText(Format(weights_.rackWeight(), amountMask)); });
+    writeBarAmount(trap);
+}
+
 void Totals::sumRack(ErrorTrap& trap) {
-    trap([&] {
-        f_.txtPesu(money::barAmount)
-            .setText(Format(number(f_.txtPesu(money::barCut)) +
-                                number(f_.Text4(cut::barWeight)) * number(f_.txtPesu(money::barPrice)),
-                            amountMask));
-    });
-    trap([&] { put(f_.txtPesu(money::material), round2(number(f_.txtPesu(money::barAmount)))); });
+    writeBarAmount(trap);
+    trap([&] { put(f_.txtPesu(money::material), cents(amount(money::barAmount))); });
     sumPiece(trap);
 }
 
 void Totals::sumMaterial(ErrorTrap& trap) {
     // Differs D-008: a rack's material is its bar, whatever stands in the hidden lines of disc and hub.
-    const auto material = [&] {
-        return data::isRack(f_.type()) ? number(f_.txtPesu(money::barAmount))
-                                       : number(f_.txtPesu(money::discAmount)) + number(f_.txtPesu(money::hubAmount));
-    };
-    trap([&] { put(f_.txtPesu(money::material), round2(material())); });
+    trap([&] {
+        put(f_.txtPesu(money::material), data::isRack(f_.type())
+                                             ? cents(amount(money::barAmount))
+                                             : materialOf(amount(money::discAmount), amount(money::hubAmount)));
+    });
     sumPiece(trap);
 }
 
+PieceParts Totals::partsWith(double sawCharge) const {
+    return {.material = amount(money::material),
+            .sawCharge = sawCharge,
+            .labour = amount(money::labour),
+            .subcontracted = amount(money::subcontracted),
+            .sundries = amount(money::sundries)};
+}
+
 void Totals::sumPiece(ErrorTrap& trap) {
-    trap([&] {
-        put(f_.txtPesu(money::piece),
-            round2(number(f_.txtPesu(money::material)) + number(f_.txtPesu(money::sawCharge)) +
-                   number(f_.txtPesu(money::labour)) + number(f_.txtPesu(money::subcontracted)) +
-                   number(f_.txtPesu(money::sundries))));
-    });
+    trap([&] { put(f_.txtPesu(money::piece), piecePrice(partsWith(amount(money::sawCharge)))); });
     sumLot(trap);
 }
 
 void Totals::sumLot(ErrorTrap& trap) {
-    trap([&] {
-        put(f_.txtPesu(money::lot), round2(number(f_.txtPesu(money::piece)) * number(f_.txtPesu(money::pieces))));
-    });
+    trap([&] { put(f_.txtPesu(money::lot), lotPrice(amount(money::piece), amount(money::pieces))); });
 }
 
 void Totals::sumPieceWithSawSpread(ErrorTrap& trap) {
     // Kept K-008: leaving "Fijo Sierra" spreads the charge over the units, every other path adds it whole, so the price
     // depends on the field edited last. Required as it is; it determines stored prices.
-    double f = 0;
-    if (trap.condition(
-            [&] { return number(f_.txtPesu(money::piece)) > 0 && number(f_.txtPesu(money::sawCharge)) != 0; })) {
-        trap([&] {
-            f = round2(runtime::divide(number(f_.txtPesu(money::sawCharge)), number(f_.txtPesu(money::pieces))));
-        });
+    double share = 0;
+    if (trap.condition([&] { return amount(money::piece) > 0 && amount(money::sawCharge) != 0; })) {
+        trap([&] { share = spreadSawCharge(amount(money::sawCharge), amount(money::pieces)); });
     }
-    trap([&] {
-        put(f_.txtPesu(money::piece),
-            round2(number(f_.txtPesu(money::material)) + f + number(f_.txtPesu(money::labour)) +
-                   number(f_.txtPesu(money::subcontracted)) + number(f_.txtPesu(money::sundries))));
-    });
+    trap([&] { put(f_.txtPesu(money::piece), piecePrice(partsWith(share))); });
 }
 
 void Totals::sumDisc(ErrorTrap& trap) {
     double cut = 0;
-    if (trap.condition([&] { return number(f_.txtPesu(money::discCut)) <= 0; })) {
+    if (trap.condition([&] { return amount(money::discCut) <= 0; })) {
         trap([&] { f_.txtPesu(money::discCut).setText("0,00"); });
     } else {
-        trap([&] { cut = number(f_.txtPesu(money::discCut)); });
+        trap([&] { cut = amount(money::discCut); });
     }
     trap([&] {
         put(f_.txtPesu(money::discAmount),
-            round2(round2(number(f_.Text4(cut::discWeight)) * number(f_.txtPesu(money::discPrice))) + cut));
+            lineRoundedTwice(
+                {.weight = number(f_.Text4(cut::discWeight)), .price = amount(money::discPrice), .cut = cut}));
     });
     msRecalcularImportes(money::sundries);
 }
 
 void Totals::sumHub(ErrorTrap& trap) {
-    double x = 0;
+    double cut = 0;
     if (!data::hubIsVoid(f_.type())) {
-        x = writeHubCut(trap);
+        cut = writeHubCut(trap);
     }
     trap([&] {
         put(f_.txtPesu(money::hubAmount),
-            round2(round2(number(f_.Text4(cut::hubWeight)) * number(f_.txtPesu(money::hubPrice))) + x));
+            lineRoundedTwice(
+                {.weight = number(f_.Text4(cut::hubWeight)), .price = amount(money::hubPrice), .cut = cut}));
     });
     msRecalcularImportes(money::sundries);
 }
@@ -245,7 +218,7 @@ void Totals::txtPesu_LostFocus(int Index) {
         box.setText("0");
     }
     oUtil_.SalirCampo(box, "###,###,##0.00");
-    if (Index == rackAmount) {
+    if (Index == money::barAmount) {
         ErrorTrap trap;
         trap([&] { f_.txtObservaciones.setFocus(); });
     }

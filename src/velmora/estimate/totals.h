@@ -3,6 +3,7 @@
 
 #include "velmora/estimate/cut_prices.h"
 #include "velmora/estimate/field_map.h"
+#include "velmora/estimate/price.h"
 #include "velmora/estimate/weights.h"
 
 namespace velmora::estimate {
@@ -35,6 +36,12 @@ class Totals {
     void writeRackCut();
 
   private:
+    using Sums = void (Totals::*)(runtime::ErrorTrap&);
+    static Sums sumsAfter(int index);
+
+    /// The amount in a field of txtPesu; error 13 when it is no number.
+    double amount(int index) const { return number(f_.txtPesu(index)); }
+    PieceParts partsWith(double sawCharge) const;
     void voidHub(runtime::ErrorTrap& trap);
     double writeHubCut(runtime::ErrorTrap& trap);
     void sumMaterial(runtime::ErrorTrap& trap);
@@ -43,6 +50,7 @@ class Totals {
     void sumPieceWithSawSpread(runtime::ErrorTrap& trap);
     void sumDisc(runtime::ErrorTrap& trap);
     void sumHub(runtime::ErrorTrap& trap);
+    void writeBarAmount(runtime::ErrorTrap& trap);
     void sumRackWeight(runtime::ErrorTrap& trap);
     void sumRack(runtime::ErrorTrap& trap);
 

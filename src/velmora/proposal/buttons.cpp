@@ -1,6 +1,7 @@
 #include "velmora/proposal/buttons.h"
 
 #include "velmora/platform/runtime/errors.h"
+#include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
 
@@ -48,7 +49,7 @@ void Buttons::cmdCambios_Click() {
     const data::ProductType& type = f_.product();
     f_.cmdEng.setEnabled(type.toothing == data::Toothing::gear);
     if (type.widthsFromChain) {
-        for (const int fromTable : {17, 9, 5}) {
+        for (const int fromTable : {measure::totalWidth, measure::rim, measure::firstRim}) {
             f_.Text1(fromTable).setEnabled(false);
         }
     } else if (type.shape == data::ProductShape::rack) {
@@ -60,10 +61,10 @@ void Buttons::cmdCambios_Click() {
 }
 
 void Buttons::disableComputed() {
-    for (const int i : {20, 21, 23}) {
+    for (const int i : {measure::rackPitch, measure::rackToothHeight, measure::rackBody}) {
         f_.Text1(i).setEnabled(false);
     }
-    for (const int i : {3, 4, 6, 13}) {
+    for (const int i : {money::proposal, money::created, money::workOrder, money::accepted}) {
         f_.txtPesu(i).setEnabled(false);
     }
 }

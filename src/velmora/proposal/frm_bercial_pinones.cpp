@@ -102,7 +102,8 @@ void frmBercialPiñones::msLimpiarCampos() {
         const bool free = &box == &f_.txtExtra || &box == &f_.txtObservaciones || &box == &f_.txtCPro;
         box.setText(free ? "" : "0,00");
     });
-    for (const int i : {0, 1, 2, 3, 4, 6, 13}) {
+    for (const int i : {money::customerCode, money::customerName, money::customerReference, money::proposal,
+                        money::created, money::workOrder, money::accepted}) {
         f_.txtPesu(i).setText("");
     }
     f_.txtPesu(money::sawCharge).setText("0,00");

@@ -50,7 +50,8 @@ void LabourStep::takeOverSum() {
     f_.txtPesu(money::labour).setText(sum.eof() ? "0" : sum["Importe"].toText());
     // Kept K-107: the saw charge is added last but one and spread over the units, so the price saved after the labour
     // form differs from that of any other entry. Required as it is; it determines stored prices.
-    for (const int field : {8, 7, 9, 5, 14, 10}) {
+    for (const int field :
+         {money::labour, money::material, money::subcontracted, money::sundries, money::sawCharge, money::piece}) {
         rooms_.totals.msRecalcularImportes(field);
     }
     rooms_.saving.msGrabar(true);
