@@ -469,5 +469,9 @@ TEST_F(PresentationTest, TheFactorsOfHubAndWidthAreAlwaysSeen) {
     }
 }
 
+TEST_F(PresentationTest, FormulasAreOnWhenTheFormIsMade) {
+    EXPECT_TRUE(fields().chkFormulas.checked());
+}
+
 }  // namespace
 }  // namespace velmora::support

@@ -2,33 +2,49 @@
 
 #include "velmora/platform/runtime/numbers.h"
 
+#include "fields_alone.h"
 #include "support/workshop.h"
 
 namespace velmora::support {
 namespace {
 
-class TotalsTest : public Workshop {
+/// Totals on the fields of a fixture.
+template <typename Fixture>
+class TotalsOn : public Fixture {
   protected:
-    void SetUp() override { fields(); }
-    screen::TextBox& box(int i) { return fields().txtPesu(i); }
-    const std::string& amount(int i) { return fields().txtPesu(i).text(); }
+    screen::TextBox& box(int i) { return this->fields().txtPesu(i); }
+    const std::string& amount(int i) { return box(i).text(); }
     /// Writes amounts with the totals off, then sums after the field of this index.
     void sum(int index, std::initializer_list<std::pair<int, const char*>> amounts) {
-        fields().bCargandoPropuesta = true;
+        this->fields().bCargandoPropuesta = true;
         for (const auto& [i, text] : amounts) {
             box(i).setText(text);
         }
-        fields().bCargandoPropuesta = false;
+        this->fields().bCargandoPropuesta = false;
         totals().msRecalcularImportes(index);
     }
     estimate::Totals& totals() { return totals_; }
 
   private:
-    estimate::CutPrices prices_{session};
-    estimate::Weights weights_{fields()};
-    session::KestraUtil util_{screen, connection};
-    estimate::Totals totals_{fields(), prices_, weights_, util_};
+    estimate::CutPrices prices_{this->session};
+    estimate::Weights weights_{this->fields()};
+    session::KestraUtil util_{this->screen, this->connection};
+    estimate::Totals totals_{this->fields(), prices_, weights_, util_};
 };
+
+/// The fields alone: the amounts' events are the totals', no other field has any.
+class TotalsTest : public TotalsOn<FieldsAlone> {
+  protected:
+    TotalsTest() {
+        fields().txtPesu.on(&screen::TextBox::onChange, {[this](int i) { totals().txtPesu_Change(i); }});
+        fields().txtPesu.on(&screen::TextBox::onLostFocus, {[this](int i) { totals().txtPesu_LostFocus(i); }});
+        fields().txtPesu.on(&screen::TextBox::onKeyPress,
+                            {[this](int i, screen::KeyPress& key) { totals().txtPesu_KeyPress(i, key); }});
+    }
+};
+
+/// The main form with its materials: sums that a measure or a bar's size starts, and the order of its fields.
+class TotalsOnTheFormTest : public TotalsOn<Workshop> {};
 
 // --- Piece and lot -------------------------------------------------------------------------------------------------
 
@@ -108,7 +124,7 @@ TEST_F(TotalsTest, HalvesOfACentGoAwayFromZero) {
 
 // --- Fijo Sierra ---------------------------------------------------------------------------------------------------
 
-TEST_F(TotalsTest, TheSawsChargeIsSpreadOverTheUnitsWhenItIsEnteredLast) {
+TEST_F(TotalsOnTheFormTest, TheSawsChargeIsSpreadOverTheUnitsWhenItIsEnteredLast) {
     box(11).setText("2");
     box(8).setText("10");
     enter(box(14), "4");
@@ -117,7 +133,7 @@ TEST_F(TotalsTest, TheSawsChargeIsSpreadOverTheUnitsWhenItIsEnteredLast) {
     EXPECT_EQ(amount(12), "24");
 }
 
-TEST_F(TotalsTest, AnyOtherFieldEnteredLastAddsTheSawsChargeWhole) {
+TEST_F(TotalsOnTheFormTest, AnyOtherFieldEnteredLastAddsTheSawsChargeWhole) {
     box(11).setText("2");
     enter(box(14), "4");
     enter(box(8), "10");
@@ -163,7 +179,7 @@ TEST_F(TotalsTest, ACutOfNothingOrLessIsWrittenAsZero) {
     }
 }
 
-TEST_F(TotalsTest, TheHubsLineHasItsCutWorkedOutAnew) {
+TEST_F(TotalsOnTheFormTest, TheHubsLineHasItsCutWorkedOutAnew) {
     enterLargeSprocket();
     enter(box(24), "2");
     EXPECT_EQ(amount(15), "2");
@@ -171,7 +187,7 @@ TEST_F(TotalsTest, TheHubsLineHasItsCutWorkedOutAnew) {
     EXPECT_EQ(amount(7), "19,96");
 }
 
-TEST_F(TotalsTest, TheHubsCutIsWrittenByAnySum) {
+TEST_F(TotalsOnTheFormTest, TheHubsCutIsWrittenByAnySum) {
     enterLargeSprocket();
     box(15).setText("9");
     EXPECT_EQ(amount(15), "2");
@@ -188,7 +204,6 @@ TEST_F(TotalsTest, WithoutAHubTheCutReadsZeroWithDecimals) {
 
 TEST_F(TotalsTest, AProductWithoutHubHasItsHubEmptiedByAnyChange) {
     for (const int type : {1, 14}) {
-        closeForm();
         chooseType(type);
         fields().bCargandoPropuesta = true;
         for (const int i : {2, 3, 5}) {
@@ -197,6 +212,7 @@ TEST_F(TotalsTest, AProductWithoutHubHasItsHubEmptiedByAnyChange) {
         for (const int i : {15, 23, 24, 25}) {
             box(i).setText("7");
         }
+        box(8).setText("0");
         fields().bCargandoPropuesta = false;
         box(8).setText("1");
         for (const int i : {2, 3, 5}) {
@@ -239,7 +255,7 @@ TEST_F(TotalsTest, LeavingAnotherFieldLeavesItsText) {
     }
 }
 
-TEST_F(TotalsTest, LeavingTheRacksAmountGoesToTheRemarks) {
+TEST_F(TotalsOnTheFormTest, LeavingTheRacksAmountGoesToTheRemarks) {
     chooseType(13);
     box(57).setFocus();
     form().tabForward();
@@ -265,7 +281,7 @@ TEST_F(TotalsTest, AmountsTakeNumbersAndOtherFieldsAnyKey) {
 
 // --- Rack ----------------------------------------------------------------------------------------------------------
 
-TEST_F(TotalsTest, ARacksPriceIsItsMaterialLine) {
+TEST_F(TotalsOnTheFormTest, ARacksPriceIsItsMaterialLine) {
     chooseType(13);
     sum(55, {{55, "2"}, {56, "3"}, {8, "1"}, {14, "0"}, {9, "0"}, {5, "0"}, {11, "2"}});
     EXPECT_EQ(amount(57), "2,00");
@@ -277,7 +293,7 @@ TEST_F(TotalsTest, ARacksPriceIsItsMaterialLine) {
     EXPECT_EQ(amount(12), "6006");
 }
 
-TEST_F(TotalsTest, ARacksSizesAreWeighedAndPricedButNotSummedByTheirOwnIndex) {
+TEST_F(TotalsOnTheFormTest, ARacksSizesAreWeighedAndPricedButNotSummedByTheirOwnIndex) {
     chooseType(13);
     sum(3, {{55, "2"}, {56, "3"}, {7, "5"}});
     fields().bCargandoPropuesta = true;
@@ -303,7 +319,7 @@ TEST_F(TotalsTest, ARacksMaterialIsItsBarWhereOthersSumDiscAndHub) {
     }
 }
 
-TEST_F(TotalsTest, PassingThroughTheSundriesOfARackLeavesItsMaterial) {
+TEST_F(TotalsOnTheFormTest, PassingThroughTheSundriesOfARackLeavesItsMaterial) {
     chooseType(13);
     sum(55, {{55, "2"}, {56, "3"}, {11, "2"}});
     enter(box(5), "1");
@@ -332,7 +348,7 @@ TEST_F(TotalsTest, TheApproximateWeightIsToldInWordsWithTheLocalesComma) {
     EXPECT_EQ(amount(17), "16,50");
 }
 
-TEST_F(TotalsTest, AClearedApproximateWeightHasNoWords) {
+TEST_F(TotalsOnTheFormTest, AClearedApproximateWeightHasNoWords) {
     enterLargeSprocket();
     totals().msMostrarFormula();
     totals().clearFormula();
@@ -350,7 +366,7 @@ TEST_F(TotalsTest, AMeasureThatIsNoNumberCountsNothingInTheApproximateWeight) {
     EXPECT_EQ(amount(17), "0,00");
 }
 
-TEST_F(TotalsTest, ShowingTheApproximateWeightTouchesNeitherWeightsNorPrices) {
+TEST_F(TotalsOnTheFormTest, ShowingTheApproximateWeightTouchesNeitherWeightsNorPrices) {
     enterLargeSprocket();
     const std::string disc = fields().Text4(4).text();
     const std::string price = amount(10);
@@ -360,7 +376,7 @@ TEST_F(TotalsTest, ShowingTheApproximateWeightTouchesNeitherWeightsNorPrices) {
     EXPECT_EQ(amount(17), "3.232,00") << "(6 x 159 + 95 x 59) - (6 x 7,75 x 38 + 65 x 24)";
 }
 
-TEST_F(TotalsTest, TheStockPiecesWeightsAreNotTheApproximateWeight) {
+TEST_F(TotalsOnTheFormTest, TheStockPiecesWeightsAreNotTheApproximateWeight) {
     enterLargeSprocket();
     const double stock = estimate::number(fields().Text4(4)) + estimate::number(fields().Text4(5));
     EXPECT_NE(runtime::CDbl(amount(17)), stock);

@@ -1,8 +1,11 @@
 #include "velmora/estimate/weights.h"
 
+#include <memory>
+#include <vector>
+
 #include "velmora/platform/runtime/numbers.h"
 
-#include "support/workshop.h"
+#include "fields_alone.h"
 
 namespace velmora::support {
 namespace {
@@ -10,7 +13,7 @@ namespace {
 using estimate::Operand;
 using estimate::Weights;
 
-class WeightsTest : public Workshop {
+class WeightsTest : public FieldsAlone {
   protected:
     double weigh(const sql::Value& formula, const Operand& a, const Operand& b, const Operand& c, const Operand& d,
                  const Operand& e, double pieces = 1, const sql::Value& factor = 2.0) {
@@ -55,10 +58,6 @@ TEST_F(WeightsTest, WithFormulasOffEveryArticleIsASolidRound) {
         EXPECT_EQ(weigh(formula, 100.0, 200.0, 10.0, 300.0, 100.0), 18) << formula;
     }
     EXPECT_EQ(weigh(sql::Value{}, 100.0, 200.0, 10.0, 300.0, 100.0), 18);
-}
-
-TEST_F(WeightsTest, FormulasAreOnWhenTheFormIsMade) {
-    EXPECT_TRUE(fields().chkFormulas.checked());
 }
 
 TEST_F(WeightsTest, ARackIsAPlateWhateverArticleAndSwitchSay) {
