@@ -1,5 +1,6 @@
 #include "velmora/data/schema.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
@@ -52,6 +53,14 @@ TEST(Schema, GridsBoundByPositionFindTheirColumns) {
     EXPECT_THAT(columnsOf("PDM"), ElementsAreArray({"PDM_ID", "PDM_Tipo", "PDM_Titulo", "PDM_Z", "PDM_Paso", "PDM_AC",
                                                     "PDM_Rodillo", "PDM_b1", "PDM_b2", "PDM_X", "PDM_H1", "PDM_De",
                                                     "PDM_Dp", "PDM_Df", "PDM_Dm", "PDM_D2", "PDM_A"}));
+}
+
+TEST(Schema, BehindAColumnThatOlderDatabasesLackStandNoOthers) {
+    for (const TableDefinition& table : tables()) {
+        const auto newer = [](const ColumnDefinition& column) { return !column.addedAs.empty(); };
+        const auto first = std::ranges::find_if(table.columns, newer);
+        EXPECT_TRUE(std::all_of(first, table.columns.end(), newer)) << table.name;
+    }
 }
 
 TEST(Schema, TheServerAssignsTheKeysThatTheProgramLeavesOut) {

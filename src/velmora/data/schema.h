@@ -34,6 +34,8 @@ struct ColumnDefinition {
     Null null = Null::yes;
     std::string_view byDefault = {};  ///< an expression of the server; empty for none
     bool identity = false;            ///< assigned by the server, from 1
+    /// What ALTER TABLE … ADD says where an older database lacks the column; empty for one that every database has.
+    std::string_view addedAs = {};
 };
 
 struct TableDefinition {

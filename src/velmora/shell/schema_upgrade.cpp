@@ -1,8 +1,6 @@
 #include "velmora/shell/schema_upgrade.h"
 
-#include <array>
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -12,28 +10,6 @@
 
 namespace velmora::shell {
 namespace {
-
-// Kept K-281: some blanks are doubled, and each definition ends in one. Required as it is; the statements are compared
-// to the letter.
-struct NewColumn {
-    std::string_view name;        ///< trimmed, in upper case
-    std::string_view definition;  ///< exact text
-};
-
-constexpr auto columnsOfPardpi = std::to_array<NewColumn>({
-    {.name = "PARDPI_CRE", .definition = "[PARDPI_CRE] [bit] NOT NULL DEFAULT 0 WITH VALUES "},
-});
-
-constexpr auto columnsOfDpi = std::to_array<NewColumn>({
-    {.name = "DPI_MODULO", .definition = "[Dpi_Modulo] [float] NOT NULL  DEFAULT 0 WITH VALUES "},
-    {.name = "DPI_HERRAMIENTA",
-     .definition = "[DPI_HERRAMIENTA] [nvarchar] (15) COLLATE Modern_Spanish_CI_AS NOT NULL DEFAULT '' WITH VALUES "},
-    {.name = "DPI_ACOPLA", .definition = "[Dpi_Acopla] [int] NOT NULL DEFAULT 0 WITH VALUES "},
-    {.name = "DPI_EXTRA",
-     .definition = "[DPI_EXTRA] [nvarchar] (200) COLLATE Modern_Spanish_CI_AS NOT NULL DEFAULT '' WITH VALUES "},
-    {.name = "DPI_PROTEX",
-     .definition = "[DPI_ProTex] [nvarchar] (35) COLLATE Modern_Spanish_CI_AS NOT NULL DEFAULT '' WITH VALUES "},
-});
 
 void showFailure(screen::Screen& screen, std::string_view table) {
     screen.show({.text = "Error Grave. No fué posible actualizar la tabla " + std::string(table),
@@ -51,25 +27,25 @@ bool runUpgrade(sql::Connection& connection, screen::Screen& screen, std::string
     return !trap.failed();
 }
 
-/// The definitions of the columns that the probed table lacks, joined by commas.
-std::string missingColumns(const sql::Recordset& probe, std::span<const NewColumn> wanted) {
-    std::set<std::string, std::less<>> present;
+/// The definitions of the newer columns that the probed table lacks, joined by commas.
+std::string missingColumns(const sql::Recordset& probe, const data::TableDefinition& table) {
+    std::set<std::string> present;
     for (const sql::Column& column : probe.columns()) {
         present.insert(runtime::UCase(runtime::Trim(column.name)));
     }
     std::string list;
-    for (const NewColumn& column : wanted) {
-        if (!present.contains(column.name)) {
-            list += (list.empty() ? "" : ",") + std::string(column.definition);
+    for (const data::ColumnDefinition& column : table.columns) {
+        if (!column.addedAs.empty() && !present.contains(runtime::UCase(column.name))) {
+            list += (list.empty() ? "" : ",") + std::string(column.addedAs);
         }
     }
     return list;
 }
 
 void addMissingColumns(sql::Connection& connection, screen::Screen& screen, std::string_view probe,
-                       std::string_view table, std::span<const NewColumn> wanted) {
+                       std::string_view table) {
     // The probe's rows are released before the table is altered.
-    const std::string list = missingColumns(connection.execute(probe), wanted);
+    const std::string list = missingColumns(connection.execute(probe), *data::findTable(table));
     if (!list.empty()) {
         runUpgrade(connection, screen, "ALTER TABLE " + std::string(table) + " ADD " + list, table);
     }
@@ -84,11 +60,11 @@ bool isEngMissing(sql::Connection& connection) {
 }  // namespace
 
 void msActualizarPARDPI(sql::Connection& connection, screen::Screen& screen) {
-    addMissingColumns(connection, screen, "Select top 1 * from PARDPI", "PARDPI", columnsOfPardpi);
+    addMissingColumns(connection, screen, "Select top 1 * from PARDPI", "PARDPI");
 }
 
 void msActualizarDPI(sql::Connection& connection, screen::Screen& screen) {
-    addMissingColumns(connection, screen, "Select top 1 * from dpi", "DPI", columnsOfDpi);
+    addMissingColumns(connection, screen, "Select top 1 * from dpi", "DPI");
 }
 
 bool FnActualizarBD(sql::Connection& connection, screen::Screen& screen) {
