@@ -27,11 +27,10 @@ void FieldMap::invalidateSketches() {
 }
 
 void FieldMap::forEachTextBox(const std::function<void(TextBox&)>& action) {
-    for (const auto* array : {&Text1, &Text3, &Text4, &txtPesu, &txtPDM, &txtTriple, &txtDCV, &txtCre}) {
-        array->forEach(action);
-    }
-    for (TextBox* box : {&txtModulo, &txtExtra, &txtObservaciones, &txtCPro}) {
-        action(*box);
+    for (screen::Control* control : form.controls()) {
+        if (auto* box = dynamic_cast<TextBox*>(control)) {
+            action(*box);
+        }
     }
 }
 

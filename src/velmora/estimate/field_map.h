@@ -120,8 +120,8 @@ struct FieldMap {
     /// Tells that a measure has changed: the sketches are drawn anew.
     void invalidateSketches();
 
-    /// Every text box: Text1, Text3, Text4, txtPesu, txtPDM, txtTriple, txtDCV, txtCre, then the single ones, each
-    /// array by rising index.
+    /// Every text box of the form in the order of its making, which is that of the declarations above: Text1, Text3,
+    /// Text4, txtPesu, txtPDM, txtTriple, txtDCV, txtCre, each by rising index, then the single ones.
     void forEachTextBox(const std::function<void(TextBox&)>& action);
 };
 

@@ -4,6 +4,7 @@
 
 #include "velmora/data/chains.h"
 #include "velmora/data/fixed_lists.h"
+#include "velmora/estimate/stored_fields.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/screen/busy.h"
 #include "velmora/platform/version.h"
@@ -98,10 +99,7 @@ void frmBercialPiñones::Form_Load() {
 void frmBercialPiñones::msLimpiarCampos() {
     // Chosen C-060: array by array in order of index, then the single boxes; every write runs its field's event. The
     // form has no box txtArticulo.
-    f_.forEachTextBox([this](TextBox& box) {
-        const bool free = &box == &f_.txtExtra || &box == &f_.txtObservaciones || &box == &f_.txtCPro;
-        box.setText(free ? "" : "0,00");
-    });
+    f_.forEachTextBox([this](TextBox& box) { box.setText(estimate::isFreeText(f_, box) ? "" : "0,00"); });
     for (const int i : {money::customerCode, money::customerName, money::customerReference, money::proposal,
                         money::created, money::workOrder, money::accepted}) {
         f_.txtPesu(i).setText("");

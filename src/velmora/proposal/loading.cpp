@@ -12,40 +12,22 @@
 
 namespace velmora::proposal {
 
-using estimate::put;
+using estimate::columnOf;
+using estimate::FieldMap;
+using estimate::StoredField;
 using estimate::TextBox;
+using estimate::TextField;
+namespace column = estimate::column;
 
 namespace {
 
-/// A field of a control array and the column that fills it.
-struct Stored {
-    int field;
-    const char* column;
-};
+constexpr std::array measures{measure::pitch,         measure::chainWidth, measure::roller,   measure::bore,
+                              measure::pitchDiameter, measure::root,       measure::exterior, measure::hubDiameter,
+                              measure::height,        measure::totalWidth, measure::rim,      measure::hubWidth};
 
-constexpr std::array measures{
-    Stored{measure::pitch, "DPI_pas"},           Stored{measure::chainWidth, "DPI_ac"},
-    Stored{measure::roller, "DPI_rodillo"},      Stored{measure::bore, "DPI_Eje"},
-    Stored{measure::pitchDiameter, "DPI_DmPri"}, Stored{measure::root, "DPI_DmFon"},
-    Stored{measure::exterior, "DPI_DmExt"},      Stored{measure::hubDiameter, "DPI_DmCub"},
-    Stored{measure::height, "DPI_Alt"},          Stored{measure::totalWidth, "DPI_AnchoTotal"},
-    Stored{measure::rim, "DPI_llanta"},          Stored{measure::hubWidth, "DPI_AnchoCubo"},
-};
-
-constexpr std::array amounts{
-    Stored{money::customerCode, "DPI_CodCliente"},
-    Stored{money::customerName, "DPI_NomCliente"},
-    Stored{money::customerReference, "DPI_RefCli"},
-    Stored{money::material, "DPI_ImpMat"},
-    Stored{money::labour, "DPI_ImpMO"},
-    Stored{money::subcontracted, "DPI_ImpTS"},
-    Stored{money::sundries, "DPI_ImpVA"},
-    Stored{money::piece, "DPI_ImpTP"},
-    Stored{money::pieces, "dpi_unidades"},
-    Stored{money::lot, "DPI_Importe"},
-    Stored{money::discCut, "DPI_CosteCorteDisco"},
-    Stored{money::sawCharge, "DPI_FijoSierra"},
-};
+constexpr std::array amounts{money::customerCode, money::customerName,  money::customerReference, money::material,
+                             money::labour,       money::subcontracted, money::sundries,          money::piece,
+                             money::pieces,       money::lot,           money::discCut,           money::sawCharge};
 
 /// "" for null.
 std::string textOrNothing(const sql::Value& value) {
@@ -56,20 +38,8 @@ std::string dateOrNothing(const sql::Value& value) {
     return value.isNull() ? std::string() : runtime::Format(value.toDate(), "dd/mm/yyyy");
 }
 
-void putOrZero(TextBox& box, const sql::Value& value) {
-    if (value.isNull()) {
-        box.setText("0");
-    } else {
-        put(box, value);
-    }
-}
-
-void putMasked(TextBox& box, const sql::Value& value, const char* mask) {
-    box.setText(runtime::Format(value.toDouble(), mask));
-}
-
 bool isOnePiece(const sql::Recordset& row) {
-    return row["DPI_DmExt"].toDouble() <= estimate::onePieceLimit;
+    return row[columnOf(measure::exterior)].toDouble() <= estimate::onePieceLimit;
 }
 
 }  // namespace
@@ -119,21 +89,17 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     if (bEditable) {
         openForEditing();
     }
-    const int type = row["DPI_tipo"].toLong();
+    const int type = row[columnOf(&FieldMap::cboTipoPre)].toLong();
     f_.cboTipoPre.setListIndex(type);
-    f_.chkAcopla.setChecked(row["DPI_Acopla"].toLong() != 0);
-    put(f_.txtExtra, row["DPI_Extra"]);
-    put(f_.txtCPro, row["DPI_ProTex"]);
-    if (!row["DPI_HERRAMIENTA"].isNull()) {
-        f_.cboHerramienta.setText(row["DPI_HERRAMIENTA"].toText());
-    }
+    f_.chkAcopla.setChecked(row[columnOf(&FieldMap::chkAcopla)].toLong() != 0);
+    putPlainFields(row);
     if (!chooseMaterials(row)) {
         return false;
     }
     f_.cboTipoPre.setListIndex(type);
     putState(row);
     if (data::hasChainList(type)) {
-        const sql::Value& chain = row["DPI_PDM_Tipo"];
+        const sql::Value& chain = row[columnOf(&FieldMap::cboDobles)];
         f_.cboDobles.setListIndex(chain.isNull() ? 0 : chain.toLong());
         rooms_.geometry.Text1_LostFocus(measure::teeth);
     }
@@ -141,8 +107,8 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     if (data::hasChainList(type) && !data::isDoubleDisc(type)) {
         rooms_.geometry.Text1_LostFocus(measure::hubWidth);
     }
-    put(f_.Text1(measure::keyway), row["dpi_chav"]);
-    put(f_.Text1(measure::setScrews), row["dpi_pri"]);
+    put(row, measure::keyway);
+    put(row, measure::setScrews);
     putCuts(row);
     putAmounts(row);
     rooms_.presentation.msPresentarEngranaje();
@@ -162,6 +128,30 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     return true;
 }
 
+void Loading::put(const sql::Recordset& row, TextField field) {
+    estimate::put(field.in(f_), row[columnOf(field)]);
+}
+
+void Loading::putOrZero(const sql::Recordset& row, TextField field) {
+    if (row[columnOf(field)].isNull()) {
+        field.in(f_).setText("0");
+    } else {
+        put(row, field);
+    }
+}
+
+void Loading::putMasked(const sql::Recordset& row, TextField field, const char* mask) {
+    field.in(f_).setText(runtime::Format(row[columnOf(field)].toDouble(), mask));
+}
+
+void Loading::putPlainFields(const sql::Recordset& row) {
+    for (const StoredField& field : estimate::storedFields()) {
+        if (field.load == estimate::Load::plainly && field.holdsFor(f_.product())) {
+            estimate::putPlainly(field, f_, row[field.column]);
+        }
+    }
+}
+
 void Loading::openForEditing() {
     f_.forEachTextBox([](TextBox& box) { box.setEnabled(true); });
     for (screen::Control* list : {&f_.cboMatDisco, &f_.cboMatCubo, &f_.cboDobles}) {
@@ -179,9 +169,9 @@ void Loading::closeForEditing() {
 }
 
 bool Loading::chooseMaterials(const sql::Recordset& row) {
-    if (f_.type() == data::rack) {
+    if (f_.product().shape == data::ProductShape::rack) {
         rooms_.materials.msCargarMaterialesCre();
-        return choose(f_.cboMatCre, row["DPI_IdParDisco"]) ||
+        return choose(row, &FieldMap::cboMatCre) ||
                refuse("Error, no se encuentra el indice del material para la cremallera");
     }
     if (isOnePiece(row)) {
@@ -189,19 +179,20 @@ bool Loading::chooseMaterials(const sql::Recordset& row) {
     } else {
         rooms_.materials.msCargarMaterialesConCubo();
     }
-    bool found = choose(f_.cboMatDisco, row["DPI_IdParDisco"]);
+    bool found = choose(row, &FieldMap::cboMatDisco);
     if (!found && isOnePiece(row)) {
         rooms_.materials.msCargarMaterialesConCubo();
-        found = choose(f_.cboMatDisco, row["DPI_IdParDisco"]);
+        found = choose(row, &FieldMap::cboMatDisco);
     }
     if (!found) {
         return refuse("Error, no se encuentra el indice del material para el disco");
     }
-    return choose(f_.cboMatCubo, row["DPI_IdParcubo"]) ||
-           refuse("Error, no se encuentra el ndice del material para el cubo");
+    return choose(row, &FieldMap::cboMatCubo) || refuse("Error, no se encuentra el ndice del material para el cubo");
 }
 
-bool Loading::choose(estimate::ComboBox& list, const sql::Value& id) const {
+bool Loading::choose(const sql::Recordset& row, estimate::ComboBox FieldMap::*materials) const {
+    const sql::Value& id = row[columnOf(materials)];
+    estimate::ComboBox& list = f_.*materials;
     if (id.isNull()) {
         return false;
     }
@@ -226,97 +217,95 @@ void Loading::putState(const sql::Recordset& row) {
         f_.typed.forget();
     }
     // Chosen C-061: the number stands plain; the mask of six digits belongs to the lists.
-    put(f_.txtPesu(money::proposal), row["dpi_id"]);
-    f_.txtPesu(money::workOrder).setText(textOrNothing(row["DPI_Orden"]));
-    f_.txtPesu(money::created).setText(dateOrNothing(row["DPI_Fecha"]));
-    f_.txtPesu(money::accepted).setText(dateOrNothing(row["DPI_FAcepta"]));
-    put(f_.Text1(measure::teeth), row["DPI_Z"]);
+    estimate::put(f_.txtPesu(money::proposal), row[column::number]);
+    f_.txtPesu(money::workOrder).setText(textOrNothing(row[column::order]));
+    f_.txtPesu(money::created).setText(dateOrNothing(row[column::created]));
+    f_.txtPesu(money::accepted).setText(dateOrNothing(row[column::accepted]));
+    put(row, measure::teeth);
 }
 
 void Loading::putMeasures(const sql::Recordset& row) {
-    for (const Stored& stored : measures) {
-        put(f_.Text1(stored.field), row[stored.column]);
+    for (const measure::Index field : measures) {
+        put(row, field);
     }
 }
 
 void Loading::putCuts(const sql::Recordset& row) {
-    put(f_.Text4(cut::discDiameter), row["DPI_DisCortDM"]);
-    put(f_.Text4(cut::discWidth), row["DPI_DisCortAN"]);
-    put(f_.Text4(cut::discWeight), row["DPI_DisCortPESO"]);
-    put(f_.txtPesu(money::discPrice), row["DPI_DisPVE"]);
-    put(f_.txtPesu(money::discAmount), row["DPI_DisImporte"]);
-    putOrZero(f_.Text4(cut::discInner), row["DPI_DmInterno"]);
-    put(f_.Text4(cut::hubDiameter), row["DPI_CubCortDM"]);
-    put(f_.Text4(cut::hubLength), row["DPI_CubCortAN"]);
-    put(f_.Text4(cut::hubWeight), row["DPI_CubCortPESO"]);
-    put(f_.txtPesu(money::hubPrice), row["DPI_CubPVE"]);
-    put(f_.txtPesu(money::hubAmount), row["DPI_CubImporte"]);
-    putOrZero(f_.Text4(cut::hubInner), row["DPI_CuboDmInterno"]);
+    put(row, cut::discDiameter);
+    put(row, cut::discWidth);
+    put(row, cut::discWeight);
+    put(row, money::discPrice);
+    put(row, money::discAmount);
+    putOrZero(row, cut::discInner);
+    put(row, cut::hubDiameter);
+    put(row, cut::hubLength);
+    put(row, cut::hubWeight);
+    put(row, money::hubPrice);
+    put(row, money::hubAmount);
+    putOrZero(row, cut::hubInner);
 }
 
 void Loading::putAmounts(const sql::Recordset& row) {
-    for (const Stored& stored : amounts) {
-        const sql::Value& value = row[stored.column];
+    for (const money::Index field : amounts) {
         // Differs D-175: a name that the row lacks is empty, where its null would keep the form shut.
-        if (stored.field == money::customerName && value.isNull()) {
-            f_.txtPesu(stored.field).setText("");
+        if (field == money::customerName && row[columnOf(field)].isNull()) {
+            f_.txtPesu(field).setText("");
         } else {
-            put(f_.txtPesu(stored.field), value);
+            put(row, field);
         }
     }
-    f_.txtObservaciones.setText(textOrNothing(row["DPI_Obser"]));
-    put(f_.txtModulo, row["DPI_modulo"]);
+    f_.txtObservaciones.setText(textOrNothing(row[columnOf(&FieldMap::txtObservaciones)]));
+    put(row, &FieldMap::txtModulo);
 }
 
 bool Loading::putByType(const sql::Recordset& row) {
-    const int type = f_.type();
-    if (data::hasChainList(type)) {
+    const data::ProductType& type = f_.product();
+    if (type.chainList) {
         // Kept K-016: a multiple product without its gap ends the load here, without a message.
-        if (row["DPI_PDM_X"].isNull()) {
+        if (row[columnOf(measure::gap)].isNull()) {
             return false;
         }
-        put(f_.Text1(measure::gap), row["DPI_PDM_X"]);
-        put(f_.Text1(measure::firstRim), row["DPI_PDM_B1"]);
-        put(f_.txtPDM(doubleSketch::gap), row["DPI_PDM_X"]);
-        put(f_.txtPDM(doubleSketch::hubHeight), row["DPI_PDM_h1"]);
-        if (type == data::tripleSprocket) {
-            put(f_.Text1(measure::totalWidth), row["DPI_AnchoTotal"]);
-            put(f_.Text1(measure::rim), row["DPI_llanta"]);
-            put(f_.Text1(measure::hubWidth), row["DPI_AnchoCubo"]);
+        put(row, measure::gap);
+        put(row, measure::firstRim);
+        put(row, doubleSketch::gap);
+        put(row, doubleSketch::hubHeight);
+        if (type.number == data::tripleSprocket) {
+            put(row, measure::totalWidth);
+            put(row, measure::rim);
+            put(row, measure::hubWidth);
         }
         rooms_.geometry.Text1_LostFocus(measure::gap);
-    } else if (type == data::variableSprocket) {
+    } else if (type.secondHubLoaded) {
         // Kept K-017: only the sprocket's second hub is loaded; the pulley's fields stay as they were and count as
         // unknown until the user changes one of them.
-        put(f_.Text1(measure::secondHubDiameter), row["DPI_PDM_B1"]);
-        put(f_.Text1(measure::secondHubWidth), row["DPI_PDM_h1"]);
+        put(row, measure::secondHubDiameter);
+        put(row, measure::secondHubWidth);
         rooms_.geometry.Text1_LostFocus(measure::gap);
-    } else if (type == data::rack) {
+    } else if (type.shape == data::ProductShape::rack) {
         putRack(row);
     }
     return true;
 }
 
 void Loading::putRack(const sql::Recordset& row) {
-    put(f_.Text1(measure::rackModule), row["DPI_modulo"]);
-    put(f_.Text1(measure::rackPitch), row["DPI_pas"]);
-    put(f_.Text1(measure::rackToothHeight), row["DPI_ac"]);
+    put(row, measure::rackModule);
+    put(row, measure::rackPitch);
+    put(row, measure::rackToothHeight);
     rooms_.geometry.Text1_LostFocus(measure::rackModule);
     // Differs D-007: pitch and tooth height stand as stored, where leaving the module works them out from it.
-    putMasked(f_.Text1(measure::rackPitch), row["DPI_pas"], "#,##0.00");
-    putMasked(f_.Text1(measure::rackToothHeight), row["DPI_ac"], "#,##0.00");
-    for (const Stored& stored : {Stored{measure::rackHeight, "DPI_Alt"}, Stored{measure::rackLength, "DPI_llanta"},
-                                 Stored{measure::rackWidth, "DPI_AnchoCubo"}}) {
-        put(f_.Text1(stored.field), row[stored.column]);
-        rooms_.geometry.Text1_LostFocus(stored.field);
+    putMasked(row, measure::rackPitch, "#,##0.00");
+    putMasked(row, measure::rackToothHeight, "#,##0.00");
+    for (const measure::Index field : {measure::rackHeight, measure::rackLength, measure::rackWidth}) {
+        put(row, field);
+        rooms_.geometry.Text1_LostFocus(field);
     }
-    put(f_.Text4(cut::barLength), row["DPI_DisCortDM"]);
-    put(f_.Text4(cut::barWidth), row["DPI_DisCortAN"]);
-    put(f_.Text4(cut::barThickness), row["DPI_DmFon"]);
-    put(f_.Text4(cut::barWeight), row["DPI_DisCortPESO"]);
-    put(f_.txtPesu(money::barPrice), row["DPI_DisPVE"]);
+    put(row, cut::barLength);
+    put(row, cut::barWidth);
+    put(row, cut::barThickness);
+    put(row, cut::barWeight);
+    put(row, money::barPrice);
     rooms_.totals.txtPesu_LostFocus(money::barPrice);
-    put(f_.txtPesu(money::barAmount), row["DPI_DisImporte"]);
+    put(row, money::barAmount);
     rooms_.totals.txtPesu_LostFocus(money::barAmount);
     putRackCut(row);
 }
@@ -324,21 +313,20 @@ void Loading::putRack(const sql::Recordset& row) {
 // Differs D-009: no column holds the cut of a rack: it is what the stored amount leaves beside weight and price, where
 // the rack before would leave its own.
 void Loading::putRackCut(const sql::Recordset& row) {
-    const double material = estimate::round2(row["DPI_DisCortPESO"].toDouble() * row["DPI_DisPVE"].toDouble());
+    const double material =
+        estimate::round2(row[columnOf(cut::barWeight)].toDouble() * row[columnOf(money::barPrice)].toDouble());
     f_.txtPesu(money::barCut)
-        .setText(runtime::Format(row["DPI_DisImporte"].toDouble() - material, estimate::amountMask));
+        .setText(runtime::Format(row[columnOf(money::barAmount)].toDouble() - material, estimate::amountMask));
 }
 
 // Differs D-006: the widths of a multiple product and their copies on its sketches are the row's, not those that the
 // handlers on the way have worked out; saved again, it would be stored as another piece.
 void Loading::letStoredWidthsStand(const sql::Recordset& row) {
-    if (!data::hasChainList(f_.type())) {
+    if (!f_.product().chainList) {
         return;
     }
-    for (const Stored& stored :
-         {Stored{measure::rim, "DPI_llanta"}, Stored{measure::hubWidth, "DPI_AnchoCubo"},
-          Stored{measure::hubDiameter, "DPI_DmCub"}, Stored{measure::totalWidth, "DPI_AnchoTotal"}}) {
-        put(f_.Text1(stored.field), row[stored.column]);
+    for (const measure::Index field : {measure::rim, measure::hubWidth, measure::hubDiameter, measure::totalWidth}) {
+        put(row, field);
     }
     rooms_.doubles.repeatOnMultipleSketches();
 }
@@ -364,15 +352,15 @@ void Loading::setButtons() {
 }
 
 void Loading::putAgain(const sql::Recordset& row) {
-    if (f_.type() == data::rack) {
+    if (f_.product().shape == data::ProductShape::rack) {
         putRack(row);
     } else {
         putCuts(row);
-        put(f_.txtModulo, row["DPI_modulo"]);
+        put(row, &FieldMap::txtModulo);
     }
-    put(f_.txtPesu(money::discCut), row["DPI_CosteCorteDisco"]);
-    put(f_.txtPesu(money::sawCharge), row["DPI_FijoSierra"]);
-    f_.txtObservaciones.setText(textOrNothing(row["DPI_Obser"]));
+    put(row, money::discCut);
+    put(row, money::sawCharge);
+    f_.txtObservaciones.setText(textOrNothing(row[columnOf(&FieldMap::txtObservaciones)]));
 }
 
 void Loading::finish() {

@@ -6,6 +6,7 @@
 #include "velmora/estimate/material_lists.h"
 #include "velmora/estimate/presentation.h"
 #include "velmora/estimate/sprocket_geometry.h"
+#include "velmora/estimate/stored_fields.h"
 #include "velmora/estimate/totals.h"
 #include "velmora/proposal/form_controls.h"
 #include "velmora/proposal/history.h"
@@ -40,10 +41,14 @@ class Loading {
   private:
     void giveUp(const FormMemory& before);
     bool putOnForm(const sql::Recordset& row, bool bEditable);
+    void put(const sql::Recordset& row, estimate::TextField field);
+    void putOrZero(const sql::Recordset& row, estimate::TextField field);
+    void putMasked(const sql::Recordset& row, estimate::TextField field, const char* mask);
+    void putPlainFields(const sql::Recordset& row);
     void openForEditing();
     void closeForEditing();
     bool chooseMaterials(const sql::Recordset& row);
-    bool choose(estimate::ComboBox& list, const sql::Value& id) const;
+    bool choose(const sql::Recordset& row, estimate::ComboBox estimate::FieldMap::*materials) const;
     bool refuse(const char* message);
     void putState(const sql::Recordset& row);
     void putMeasures(const sql::Recordset& row);

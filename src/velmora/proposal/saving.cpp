@@ -1,6 +1,6 @@
 #include "velmora/proposal/saving.h"
 
-#include "velmora/estimate/weights.h"
+#include "velmora/estimate/stored_fields.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -10,16 +10,10 @@
 namespace velmora::proposal {
 
 using estimate::TextBox;
-using session::Tipo;
 
 namespace {
 
 constexpr const char* lineBreak = "\r\n";
-constexpr const char* null = " Null ";
-
-constexpr int extraLength = 200;
-constexpr int supplierLength = 35;
-constexpr int toolLength = 15;
 
 /// While it lives, a save runs: nothing is worked out anew and the form takes no entry. However it ends, the form
 /// comes back.
@@ -37,12 +31,6 @@ class Guarded {
     }
 
     estimate::FieldMap& f_;
-};
-
-/// A column of kind number and the field that fills it: of another array where the rack keeps it elsewhere.
-struct NumberField {
-    const char* column;
-    TextBox& box;
 };
 
 }  // namespace
@@ -214,114 +202,11 @@ void Saving::refuse(bool isNew, const std::string& error) {
 }
 
 void Saving::addFields() {
-    session::FieldList& campos = session_.Campos();
-    const bool rack = f_.type() == data::rack;
-    const sql::Recordset& disc = rack ? *f_.rsMatCre : *f_.rsMatDisco;
-    const sql::Recordset& hub = *f_.rsMatCubo;
-    const auto key = [](const estimate::ComboBox& list) { return runtime::CInt(estimate::entryKey(list)); };
-    const auto addNumbers = [&](std::initializer_list<NumberField> fields) {
-        for (const NumberField& field : fields) {
-            campos.Add(field.column, Tipo::number, field.box);
+    for (const estimate::StoredField& field : estimate::storedFields()) {
+        if (estimate::isWritten(field, f_)) {
+            session_.Campos().Add(field.column, field.kind, estimate::storedValue(field, f_));
         }
-    };
-
-    addNumbers({{"DPI_CosteCorteDisco", f_.txtPesu(money::discCut)}, {"DPI_FijoSierra", f_.txtPesu(money::sawCharge)}});
-    campos.Add("DPI_Obser", Tipo::text, f_.txtObservaciones);
-    campos.Add("DPI_Extra", Tipo::text, runtime::Left(f_.txtExtra.text(), extraLength));
-    campos.Add("DPI_ProTex", Tipo::text, runtime::Left(f_.txtCPro.text(), supplierLength));
-    addNumbers({
-        {"DPI_Modulo", rack ? f_.Text1(measure::rackModule) : f_.txtModulo},
-        {"DPI_Alt", f_.Text1(rack ? measure::rackHeight : measure::height)},
-        {"DPI_Llanta", f_.Text1(rack ? measure::rackLength : measure::rim)},
-        {"DPI_AnchoCubo", f_.Text1(rack ? measure::rackWidth : measure::hubWidth)},
-    });
-    campos.Add("DPI_ArtDisco", Tipo::number, disc["art_id"]);
-    campos.Add("DPI_IdParDisco", Tipo::number, key(rack ? f_.cboMatCre : f_.cboMatDisco));
-    addNumbers({
-        {"DPI_DisCortDM", f_.Text4(rack ? cut::barLength : cut::discDiameter)},
-        {"DPI_DisCortAN", f_.Text4(rack ? cut::barWidth : cut::discWidth)},
-        {"DPI_DisCortPESO", f_.Text4(rack ? cut::barWeight : cut::discWeight)},
-        {"DPI_DmFon", rack ? f_.Text4(cut::barThickness) : f_.Text1(measure::root)},
-        {"DPI_DisPVE", f_.txtPesu(rack ? money::barPrice : money::discPrice)},
-        {"DPI_DisImporte", f_.txtPesu(rack ? money::barAmount : money::discAmount)},
-        {"DPI_Pas", f_.Text1(rack ? measure::rackPitch : measure::pitch)},
-        {"DPI_AC", f_.Text1(rack ? measure::rackToothHeight : measure::chainWidth)},
-        {"DPI_DmExt", f_.Text1(measure::exterior)},
-        {"DPI_DmCub", f_.Text1(measure::hubDiameter)},
-    });
-    campos.Add("DPI_Tipo", Tipo::wholeNumber, f_.type());
-    addNumbers({{"DPI_AnchoTotal", f_.Text1(measure::totalWidth)}});
-    campos.Add("DPI_RefCli", Tipo::text, f_.txtPesu(money::customerReference));
-    addNumbers({
-        {"DPI_Z", f_.Text1(measure::teeth)},
-        {"DPI_Rodillo", f_.Text1(measure::roller)},
-        {"DPI_Eje", f_.Text1(measure::bore)},
-        {"DPI_Chav", f_.Text1(measure::keyway)},
-        {"DPI_Pri", f_.Text1(measure::setScrews)},
-        {"DPI_DmPri", f_.Text1(measure::pitchDiameter)},
-        {"DPI_CubCortDM", f_.Text4(cut::hubDiameter)},
-        {"DPI_CubCortAN", f_.Text4(cut::hubLength)},
-        {"DPI_CubCortPESO", f_.Text4(cut::hubWeight)},
-        {"DPI_CubPVE", f_.txtPesu(money::hubPrice)},
-        {"DPI_CubImporte", f_.txtPesu(money::hubAmount)},
-    });
-    campos.Add("DPI_ArtCubo", Tipo::number, hub["art_id"]);
-    campos.Add("DPI_IdParCubo", Tipo::number, key(f_.cboMatCubo));
-    addNumbers({
-        {"DPI_ImpMat", f_.txtPesu(money::material)},
-        {"DPI_ImpMO", f_.txtPesu(money::labour)},
-        {"DPI_ImpTS", f_.txtPesu(money::subcontracted)},
-        {"DPI_ImpVA", f_.txtPesu(money::sundries)},
-        {"DPI_ImpTP", f_.txtPesu(money::piece)},
-        {"DPI_Unidades", f_.txtPesu(money::pieces)},
-        {"DPI_Importe", f_.txtPesu(money::lot)},
-        {"DPI_CodCliente", f_.txtPesu(money::customerCode)},
-    });
-    campos.Add("DPI_NomCliente", Tipo::text, f_.txtPesu(money::customerName));
-    const auto addInner = [&](const char* column, bool tube, const TextBox& box) {
-        campos.Add(column, Tipo::number, tube ? session::FieldValue(box) : session::FieldValue(0));
-    };
-    addInner("DPI_DmInterno", estimate::isTube((*f_.rsMatDisco)["art_for"]), f_.Text4(cut::discInner));
-    addInner("DPI_CuboDmInterno", estimate::isTube(hub["art_for"]), f_.Text4(cut::hubInner));
-    campos.Add("DPI_Acopla", Tipo::boolean, f_.chkAcopla.checked() ? 1 : 0);
-    campos.Add("DPI_HERRAMIENTA", Tipo::text, runtime::Left(f_.cboHerramienta.text(), toolLength));
-    addFieldsByType();
-}
-
-void Saving::addFieldsByType() {
-    session::FieldList& campos = session_.Campos();
-    const int type = f_.type();
-    if (type <= data::smoothPulley) {
-        for (const char* column : {"DPI_PDM_Tipo", "DPI_PDM_b1", "DPI_PDM_x", "DPI_PDM_h1", "DPI_PDM_Texto"}) {
-            campos.Add(column, Tipo::expression, null);
-        }
-    } else if (data::isDouble(type)) {
-        addMultipleProduct(f_.txtPDM(doubleSketch::gap));
-    } else if (data::isTriple(type)) {
-        addMultipleProduct(f_.Text1(measure::gap));
-    } else if (data::isVariable(type)) {
-        // Differs D-004: an update leaves the second hub that the form does not show as it is stored.
-        const bool writesSecondHub = f_.secondHubIsKnown() || f_.proposal.isNew();
-        campos.Add("DPI_PDM_Tipo", Tipo::expression, null);
-        if (writesSecondHub) {
-            campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(measure::secondHubDiameter));
-        }
-        campos.Add("DPI_PDM_x", Tipo::expression, null);
-        if (writesSecondHub) {
-            campos.Add("DPI_PDM_h1", Tipo::number, f_.Text1(measure::secondHubWidth));
-        }
-        campos.Add("DPI_PDM_Texto", Tipo::expression, null);
     }
-    // Gears and the rack leave these columns as they are.
-}
-
-void Saving::addMultipleProduct(const TextBox& gap) {
-    session::FieldList& campos = session_.Campos();
-    campos.Add("DPI_PDM_Tipo", Tipo::wholeNumber, f_.cboDobles.listIndex());
-    campos.Add("DPI_PDM_b1", Tipo::number, f_.Text1(measure::firstRim));
-    campos.Add("DPI_PDM_x", Tipo::number, gap);
-    campos.Add("DPI_PDM_h1", Tipo::number, f_.txtPDM(doubleSketch::hubHeight));
-    campos.Add("DPI_PDM_Texto", Tipo::text, f_.cboDobles.text());
 }
 
 std::string FnImporteFila(const std::string& a, const std::string& b) {

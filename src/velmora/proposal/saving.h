@@ -48,8 +48,6 @@ class Saving {
     bool writeRow(bool isNew, std::string& error);
     void reload();
     void addFields();
-    void addFieldsByType();
-    void addMultipleProduct(const estimate::TextBox& gap);
     NewRow readBackNewRow();
     void put(const NewRow& row);
     void refuse(bool isNew, const std::string& error);

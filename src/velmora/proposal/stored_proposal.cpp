@@ -1,8 +1,8 @@
 #include "velmora/proposal/stored_proposal.h"
 
 #include <algorithm>
-#include <array>
 
+#include "velmora/estimate/stored_fields.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/sql/kept_row.h"
@@ -15,8 +15,10 @@ namespace {
 
 const std::vector<std::string> key{"DPI_Id"};
 
-/// What an acceptance writes into a proposal, and no entry of the form.
-constexpr std::array ofTheOrder{"DPI_FACEPTA", "DPI_ORDEN", "DPI_PEDCLIENTE", "DPI_FPEDCLIENTE", "DPI_FECHAENTREGA"};
+bool belongsToOrder(const std::string& column) {
+    return std::ranges::any_of(estimate::columnsOfTheOrder,
+                               [&](std::string_view each) { return runtime::UCase(each) == runtime::UCase(column); });
+}
 
 /// How long an order that the proposal does not bear yet is taken for an acceptance at work. One that stays longer was
 /// left by a failure and hinders nobody.
@@ -54,7 +56,7 @@ std::vector<std::string> StoredProposal::ownColumns() const {
     std::vector<std::string> columns;
     if (shown_.isOpen()) {
         for (const sql::Column& column : shown_.columns()) {
-            if (std::ranges::find(ofTheOrder, runtime::UCase(column.name)) == ofTheOrder.end()) {
+            if (!belongsToOrder(column.name)) {
                 columns.push_back(column.name);
             }
         }
