@@ -1,6 +1,7 @@
 #include "velmora/paper/stored_proposal.h"
 
 #include "velmora/data/product_numbers.h"
+#include "velmora/estimate/stored_fields.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 
@@ -8,7 +9,14 @@ namespace velmora::paper {
 
 namespace {
 
+using estimate::columnOf;
+using estimate::FieldMap;
 using sql::Recordset;
+namespace column = estimate::column;
+namespace cut = estimate::cut;
+namespace doubleSketch = estimate::doubleSketch;
+namespace measure = estimate::measure;
+namespace money = estimate::money;
 
 std::optional<double> number(const sql::Value& value) {
     return value.isNull() ? std::nullopt : std::optional(value.toDouble());
@@ -41,90 +49,90 @@ Recordset rowOf(sql::Connection& connection, const std::string& select, const sq
     return connection.execute(select + runtime::CStr(std::int64_t{key.isNull() ? 0 : key.toLong()}));
 }
 
-void readMaterial(sql::Connection& connection, const Recordset& row, const char* parameter, const char* article,
-                  StoredCut& cut) {
+void readMaterial(sql::Connection& connection, const Recordset& row, estimate::ComboBox FieldMap::*list,
+                  estimate::Material article, StoredCut& piece) {
     const Recordset material =
-        rowOf(connection, "select PARDPI_NOM,PARDPI_MATP from PARDPI where PARDPI_ID=", row[parameter]);
+        rowOf(connection, "select PARDPI_NOM,PARDPI_MATP from PARDPI where PARDPI_ID=", row[columnOf(list)]);
     if (!material.eof()) {
-        cut.material = text(material["PARDPI_NOM"]);
-        cut.printed = text(material["PARDPI_MATP"]);
+        piece.material = text(material["PARDPI_NOM"]);
+        piece.printed = text(material["PARDPI_MATP"]);
     }
-    const Recordset stock = rowOf(connection, "select ART_COD,ART_DES from ART where ART_ID=", row[article]);
+    const Recordset stock = rowOf(connection, "select ART_COD,ART_DES from ART where ART_ID=", row[columnOf(article)]);
     if (!stock.eof()) {
-        cut.articleCode = text(stock["ART_COD"]);
-        cut.article = text(stock["ART_DES"]);
+        piece.articleCode = text(stock["ART_COD"]);
+        piece.article = text(stock["ART_DES"]);
     }
 }
 
 StoredCut readDisc(sql::Connection& connection, const Recordset& row, bool rack) {
-    StoredCut cut{.diameter = number(row["DPI_DisCortDM"]),
-                  .width = number(row["DPI_DisCortAN"]),
-                  .weight = number(row["DPI_DisCortPESO"]),
-                  .price = number(row["DPI_DisPVE"]),
-                  .cut = number(row["DPI_CosteCorteDisco"]),
-                  .amount = number(row["DPI_DisImporte"])};
+    StoredCut piece{.diameter = number(row[columnOf(cut::discDiameter)]),
+                    .width = number(row[columnOf(cut::discWidth)]),
+                    .weight = number(row[columnOf(cut::discWeight)]),
+                    .price = number(row[columnOf(money::discPrice)]),
+                    .cut = number(row[columnOf(money::discCut)]),
+                    .amount = number(row[columnOf(money::discAmount)])};
     if (rack) {
-        cut.thickness = number(row["DPI_DmFon"]);
+        piece.thickness = number(row[columnOf(cut::barThickness)]);
     } else {
-        cut.inner = number(row["DPI_DmInterno"]);
+        piece.inner = number(row[columnOf(cut::discInner)]);
     }
-    readMaterial(connection, row, "DPI_IdParDisco", "DPI_ArtDisco", cut);
-    return cut;
+    readMaterial(connection, row, &FieldMap::cboMatDisco, &FieldMap::rsMatDisco, piece);
+    return piece;
 }
 
 /// What an amount holds beyond weight and price is its cut.
 // Chosen C-216: no column holds the cut of a hub, nor that of a rack; the paper shows what the stored amount leaves for
 // it, so that its figures add up to the cent.
-std::optional<double> cutWithin(const StoredCut& cut) {
-    if (!cut.amount || !cut.weight || !cut.price) {
+std::optional<double> cutWithin(const StoredCut& piece) {
+    if (!piece.amount || !piece.weight || !piece.price) {
         return std::nullopt;
     }
-    return runtime::Redondear(*cut.amount - runtime::Redondear(*cut.weight * *cut.price, 2), 2);
+    return runtime::Redondear(*piece.amount - runtime::Redondear(*piece.weight * *piece.price, 2), 2);
 }
 
 std::optional<StoredCut> readHub(sql::Connection& connection, const Recordset& row) {
-    StoredCut cut{.diameter = number(row["DPI_CubCortDM"]),
-                  .width = number(row["DPI_CubCortAN"]),
-                  .inner = number(row["DPI_CuboDmInterno"]),
-                  .weight = number(row["DPI_CubCortPESO"]),
-                  .price = number(row["DPI_CubPVE"]),
-                  .amount = number(row["DPI_CubImporte"])};
-    if (cut.weight.value_or(0) == 0 && cut.amount.value_or(0) == 0) {
+    StoredCut piece{.diameter = number(row[columnOf(cut::hubDiameter)]),
+                    .width = number(row[columnOf(cut::hubLength)]),
+                    .inner = number(row[columnOf(cut::hubInner)]),
+                    .weight = number(row[columnOf(cut::hubWeight)]),
+                    .price = number(row[columnOf(money::hubPrice)]),
+                    .amount = number(row[columnOf(money::hubAmount)])};
+    if (piece.weight.value_or(0) == 0 && piece.amount.value_or(0) == 0) {
         return std::nullopt;
     }
-    cut.cut = cutWithin(cut);
-    readMaterial(connection, row, "DPI_IdParCubo", "DPI_ArtCubo", cut);
-    return cut;
+    piece.cut = cutWithin(piece);
+    readMaterial(connection, row, &FieldMap::cboMatCubo, &FieldMap::rsMatCubo, piece);
+    return piece;
 }
 
 estimate::ProductMeasures readMeasures(const Recordset& row, int type) {
     estimate::ProductMeasures m;
-    m.pitch = number(row["DPI_Pas"]);
-    m.module = number(row["DPI_Modulo"]);
+    m.pitch = number(row[columnOf(measure::pitch)]);
+    m.module = number(row[columnOf(&FieldMap::txtModulo)]);
     if (data::isRack(type)) {
-        m.toothHeight = number(row["DPI_AC"]);
-        m.height = number(row["DPI_Alt"]);
-        m.length = number(row["DPI_Llanta"]);
-        m.width = number(row["DPI_AnchoCubo"]);
+        m.toothHeight = number(row[columnOf(measure::rackToothHeight)]);
+        m.height = number(row[columnOf(measure::rackHeight)]);
+        m.length = number(row[columnOf(measure::rackLength)]);
+        m.width = number(row[columnOf(measure::rackWidth)]);
         return m;
     }
-    m.teeth = number(row["DPI_Z"]);
-    m.exterior = number(row["DPI_DmExt"]);
-    m.pitchDiameter = number(row["DPI_DmPri"]);
-    m.root = number(row["DPI_DmFon"]);
-    m.bore = number(row["DPI_Eje"]);
-    m.keyway = number(row["DPI_Chav"]);
-    m.hub = number(row["DPI_DmCub"]);
-    m.hubWidth = number(row["DPI_AnchoCubo"]);
-    m.rim = number(row["DPI_Llanta"]);
-    m.totalWidth = number(row["DPI_AnchoTotal"]);
+    m.teeth = number(row[columnOf(measure::teeth)]);
+    m.exterior = number(row[columnOf(measure::exterior)]);
+    m.pitchDiameter = number(row[columnOf(measure::pitchDiameter)]);
+    m.root = number(row[columnOf(measure::root)]);
+    m.bore = number(row[columnOf(measure::bore)]);
+    m.keyway = number(row[columnOf(measure::keyway)]);
+    m.hub = number(row[columnOf(measure::hubDiameter)]);
+    m.hubWidth = number(row[columnOf(measure::hubWidth)]);
+    m.rim = number(row[columnOf(measure::rim)]);
+    m.totalWidth = number(row[columnOf(measure::totalWidth)]);
     if (data::isVariable(type)) {
-        m.secondHub = number(row["DPI_PDM_b1"]);
-        m.secondHubWidth = number(row["DPI_PDM_h1"]);
+        m.secondHub = number(row[columnOf(measure::secondHubDiameter)]);
+        m.secondHubWidth = number(row[columnOf(measure::secondHubWidth)]);
     } else if (data::hasChainList(type)) {
-        m.chainRim = number(row["DPI_PDM_b1"]);
-        m.gap = number(row["DPI_PDM_x"]);
-        m.coreHeight = number(row["DPI_PDM_h1"]);
+        m.chainRim = number(row[columnOf(measure::firstRim)]);
+        m.gap = number(row[columnOf(measure::gap)]);
+        m.coreHeight = number(row[columnOf(doubleSketch::hubHeight)]);
     }
     return m;
 }
@@ -159,28 +167,28 @@ std::optional<StoredProposal> readProposal(sql::Connection& connection, std::int
     }
     StoredProposal p;
     p.number = wanted;
-    p.type = row["DPI_Tipo"].isNull() ? -1 : row["DPI_Tipo"].toLong();
-    p.created = date(row["DPI_Fecha"]);
-    p.accepted = date(row["DPI_FAcepta"]);
-    p.order = text(row["DPI_Orden"]);
-    p.customerCode = text(row["DPI_CodCliente"]);
-    p.customerName = text(row["DPI_NomCliente"]);
-    p.customerReference = text(row["DPI_RefCli"]);
-    p.customerOrder = text(row["DPI_PedCliente"]);
-    p.orderDate = date(row["DPI_FPedCliente"]);
-    p.delivery = date(row["DPI_FechaEntrega"]);
-    p.remarks = runningText(row["DPI_Obser"]);
-    p.extra = runningText(row["DPI_Extra"]);
-    p.supplier = text(row["DPI_ProTex"]);
-    p.chain = text(row["DPI_PDM_Texto"]);
+    p.type = row[columnOf(&FieldMap::cboTipoPre)].isNull() ? -1 : row[columnOf(&FieldMap::cboTipoPre)].toLong();
+    p.created = date(row[column::created]);
+    p.accepted = date(row[column::accepted]);
+    p.order = text(row[column::order]);
+    p.customerCode = text(row[columnOf(money::customerCode)]);
+    p.customerName = text(row[columnOf(money::customerName)]);
+    p.customerReference = text(row[columnOf(money::customerReference)]);
+    p.customerOrder = text(row[column::customerOrder]);
+    p.orderDate = date(row[column::customerOrderDate]);
+    p.delivery = date(row[column::delivery]);
+    p.remarks = runningText(row[columnOf(&FieldMap::txtObservaciones)]);
+    p.extra = runningText(row[columnOf(&FieldMap::txtExtra)]);
+    p.supplier = text(row[columnOf(&FieldMap::txtCPro)]);
+    p.chain = text(row[column::chainName]);
     p.measures = readMeasures(row, p.type);
     if (!data::isRack(p.type)) {
-        p.chainWidth = number(row["DPI_AC"]);
-        p.roller = number(row["DPI_Rodillo"]);
-        p.toothHeight = number(row["DPI_Alt"]);
-        p.setScrews = number(row["DPI_Pri"]);
-        p.tool = text(row["DPI_HERRAMIENTA"]);
-        p.coupling = row["DPI_Acopla"].toBool();
+        p.chainWidth = number(row[columnOf(measure::chainWidth)]);
+        p.roller = number(row[columnOf(measure::roller)]);
+        p.toothHeight = number(row[columnOf(measure::height)]);
+        p.setScrews = number(row[columnOf(measure::setScrews)]);
+        p.tool = text(row[columnOf(&FieldMap::cboHerramienta)]);
+        p.coupling = row[columnOf(&FieldMap::chkAcopla)].toBool();
     }
     p.disc = readDisc(connection, row, data::isRack(p.type));
     if (data::isRack(p.type)) {
@@ -189,14 +197,14 @@ std::optional<StoredProposal> readProposal(sql::Connection& connection, std::int
         p.hub = readHub(connection, row);
     }
     p.labour = readLabour(connection, wanted);
-    p.material = number(row["DPI_ImpMat"]);
-    p.labourAmount = number(row["DPI_ImpMO"]);
-    p.subcontracted = number(row["DPI_ImpTS"]);
-    p.others = number(row["DPI_ImpVA"]);
-    p.saw = number(row["DPI_FijoSierra"]);
-    p.piece = number(row["DPI_ImpTP"]);
-    p.units = number(row["DPI_Unidades"]);
-    p.total = number(row["DPI_Importe"]);
+    p.material = number(row[columnOf(money::material)]);
+    p.labourAmount = number(row[columnOf(money::labour)]);
+    p.subcontracted = number(row[columnOf(money::subcontracted)]);
+    p.others = number(row[columnOf(money::sundries)]);
+    p.saw = number(row[columnOf(money::sawCharge)]);
+    p.piece = number(row[columnOf(money::piece)]);
+    p.units = number(row[columnOf(money::pieces)]);
+    p.total = number(row[columnOf(money::lot)]);
     return p;
 }
 
