@@ -30,7 +30,7 @@ void requireConnection(session::Session& session) {
 std::string remarks(const sql::Recordset& proposal, runtime::Date now) {
     // Kept K-143: line breaks are removed without inserting a blank, so words run together; remarks that consist of
     // line breaks count as empty. Required as it is; it determines stored texts.
-    const std::string sObs = runtime::Replace(joined(proposal["DPI_Obser"]), "\r\n", "");
+    std::string sObs = runtime::Replace(joined(proposal["DPI_Obser"]), "\r\n", "");
     if (!sObs.empty()) {
         return sObs;
     }

@@ -87,13 +87,13 @@ void Interpreter::play(const Command& command) {
     if (found == table().end()) {
         wrong("no such command", command.name);
     }
-    const auto [least, most, action] = found->second;
+    const Entry& entry = found->second;
     const std::size_t count = command.arguments.size();
-    if (count < least || count > most) {
+    if (count < entry.least || count > entry.most) {
         wrong("too few or too many values", command.name);
     }
     // A check that could not be evaluated counts as failed.
-    const bool done = stage_.journal.guard([&] { (this->*action)(command); });
+    const bool done = stage_.journal.guard([&] { (this->*entry.play)(command); });
     checkFailed_ = checkFailed_ || (!done && command.name.starts_with("expect"));
 }
 

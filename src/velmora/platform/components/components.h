@@ -77,7 +77,7 @@ class ComponentFactory {
     std::unique_ptr<Kind> create(std::string_view progId) const {
         std::unique_ptr<Component> made = make(progId);
         if (auto* kind = dynamic_cast<Kind*>(made.get())) {
-            made.release();
+            static_cast<void>(made.release());
             return std::unique_ptr<Kind>(kind);
         }
         refuse(progId);
