@@ -78,7 +78,7 @@ void DiscAndHubCosting::msCalcularGrueso() {
     if (de == 0 || trap.failed()) {
         return;
     }
-    if (!data::isCutFromPlate(f_.type()) && de <= onePieceLimit) {
+    if (!f_.product().cutFromPlate && de <= onePieceLimit) {
         trap([&] { put(f_.Text4(cut::discWidth), number(f_.Text1(measure::totalWidth)) + sawAllowance); });
         return;
     }
@@ -97,7 +97,7 @@ void DiscAndHubCosting::msCalcularGrueso() {
 }
 
 void DiscAndHubCosting::msCalcularCubo() {
-    if (data::isVariable(f_.type())) {
+    if (f_.product().shape == data::ProductShape::variable) {
         discAndHub(f_.Text1(measure::totalWidth));
     } else if (number(f_.Text1(measure::exterior)) > onePieceLimit) {
         discAndHub(f_.Text1(measure::hubWidth));
@@ -266,7 +266,7 @@ void DiscAndHubCosting::hubChanged() {
                                  1.0, f_.Text4(cut::hubDiameter), f_.Text4(cut::hubInner), material["art_fac"]);
         put(f_.Text4(cut::hubWeight), oneHub);
     });
-    if (data::hasTwinHubs(f_.type())) {
+    if (f_.product().hubs == data::Hubs::twoAlike) {
         // Chosen C-006: the weight of one hub, doubled.
         trap([&] { put(f_.Text4(cut::hubWeight), round2(oneHub + number(f_.Text4(cut::hubWeight)))); });
     }
@@ -303,7 +303,7 @@ void DiscAndHubCosting::Text4_LostFocus(int Index) {
         box.setText("0");
     }
     oUtil_.SalirCampo(box, "#0.00");
-    if (f_.type() != data::rack) {
+    if (f_.product().shape != data::ProductShape::rack) {
         return;
     }
     if (Index >= cut::barLength && Index <= cut::barThickness) {

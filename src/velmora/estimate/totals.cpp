@@ -64,7 +64,7 @@ void Totals::msRecalcularImportes(int Index) {
     ErrorTrap trap;
     // Chosen C-002: a product without hub has no hub's cut to work out either; working it out would write "0,00"
     // where "0" has just been written, and the two changes would chase each other for ever.
-    if (data::hubIsVoid(f_.type())) {
+    if (f_.product().hubVoid) {
         voidHub(trap);
     } else {
         writeHubCut(trap);
@@ -84,7 +84,7 @@ void Totals::voidHub(ErrorTrap& trap) {
 
 double Totals::hubCut() {
     return hubsSawCut(number(f_.Text4(cut::hubDiameter)), cutPrices_.FnPrecioCorte(entryKey(f_.cboMatCubo)),
-                      data::hasTwinHubs(f_.type()) ? 2 : 1);
+                      f_.product().hubs == data::Hubs::twoAlike ? 2 : 1);
 }
 
 double Totals::rackCut() {
@@ -134,7 +134,7 @@ void Totals::sumRack(ErrorTrap& trap) {
 void Totals::sumMaterial(ErrorTrap& trap) {
     // Differs D-008: a rack's material is its bar, whatever stands in the hidden lines of disc and hub.
     trap([&] {
-        put(f_.txtPesu(money::material), data::isRack(f_.type())
+        put(f_.txtPesu(money::material), f_.product().shape == data::ProductShape::rack
                                              ? cents(amount(money::barAmount))
                                              : materialOf(amount(money::discAmount), amount(money::hubAmount)));
     });
@@ -185,7 +185,7 @@ void Totals::sumDisc(ErrorTrap& trap) {
 
 void Totals::sumHub(ErrorTrap& trap) {
     double cut = 0;
-    if (!data::hubIsVoid(f_.type())) {
+    if (!f_.product().hubVoid) {
         cut = writeHubCut(trap);
     }
     trap([&] {
