@@ -1,6 +1,6 @@
 #pragma once
-// The product types, one row for each: what the piece is, and what screen, paper, stored row and order do with it. The
-// position in the list is what a proposal stores: neither order nor spelling of the names may change.
+// The product types, one row per type: the properties of the piece, and how screen, paper, stored row and order treat
+// it. The position in the list is stored in proposals: neither order nor spelling of the names may change.
 
 #include <array>
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace velmora::data {
 
-/// The stored numbers by name, for rules and tests that are about one type alone.
+/// Names of the stored numbers, for rules and tests about a single type.
 enum ProductNumber : int {
     plainSprocket = 0,
     disc = 1,
@@ -27,12 +27,12 @@ enum ProductNumber : int {
     tripleDisc = 14,
 };
 
-/// How the piece is built. Decides which drawing it has and which frame of the main form shows its measures.
+/// Construction of the piece. Determines its drawing and the frame of the main form that shows its measures.
 enum class ProductShape {
     oneRim,     ///< Frame2
     twoRims,    ///< fraPDM
     threeRims,  ///< fraTriple
-    variable,   ///< a rim between two hubs that differ: fraDobleVar
+    variable,   ///< a rim between two different hubs: fraDobleVar
     rack,       ///< a toothed bar: fraCremallera and fraCre1
 };
 
@@ -44,7 +44,7 @@ enum class Hubs {
     twoUnlike,  ///< A and B
 };
 
-/// What stands between root and exterior diameter.
+/// What is between root and exterior diameter.
 enum class Toothing {
     chain,
     gear,  ///< a module in place of the chain's width and roller
@@ -52,9 +52,9 @@ enum class Toothing {
     rack,
 };
 
-/// What the total width follows when another width is entered or the type is chosen.
+/// What determines the total width when another width is entered or the type is chosen.
 enum class TotalWidth {
-    ownRules,  ///< typed, or worked out with the chain's, gear's or rack's values
+    ownRules,  ///< typed, or computed with the values of the chain, gear or rack
     rim,
     rimAndHub,
     rimAndTwoHubs,
@@ -70,7 +70,7 @@ enum class ChainColumns {
     notWritten,
 };
 
-/// How an order's description goes on after its first words.
+/// The rest of an order's description after its first words.
 enum class OrderDescription {
     none,      ///< the order has no description
     toothing,  ///< teeth, pitch, chain width, roller, bore
@@ -78,9 +78,9 @@ enum class OrderDescription {
     rack,      ///< the rack's name, pitch, module, sizes
 };
 
-/// The rows of material that an order gets, each when its part weighs anything.
-// Kept K-149: the gear and the variable pulley get none for the hubs that they have. Required as it is; it determines
-// the stored rows.
+/// The rows of material of an order, each only if its part has a weight.
+// Kept K-149: the gear and the variable pulley have hubs but get no row for them. Required as it is; it determines the
+// stored rows.
 enum class OrderMaterials { disc, discAndHub, bar };
 
 struct ProductType {
@@ -94,30 +94,30 @@ struct ProductType {
 
     // Screen.
     std::string_view measuresCaption;             ///< of the shape's frame
-    std::string_view storedMeasuresCaption = {};  ///< of a gear's frame once the proposal has been read back
+    std::string_view storedMeasuresCaption = {};  ///< of a gear's frame once the proposal has been stored and loaded
     std::string_view rimCaption = "Llanta";       ///< of the width over all rims
     TotalWidth totalWidth = TotalWidth::ownRules;
-    bool chainList = false;        ///< a chain is chosen, and its values are looked up
-    bool gapTyped = false;         ///< the chain's gap X can be typed over
+    bool chainList = false;        ///< a chain is chosen and its values are looked up
+    bool gapTyped = false;         ///< the chain's gap X can be overwritten
     bool widthsFromChain = false;  ///< total width, rim and b1 stay locked when a stored proposal is changed
 
     // Costs.
     bool hubVoid = false;       ///< the totals write 0 to the hub's fields
-    bool cutFromPlate = false;  ///< the disc is cut from plate also up to the one-piece limit
+    bool cutFromPlate = false;  ///< the disc is cut from plate even up to the one-piece limit
 
     // The stored row and the order.
     ChainColumns chainColumns = ChainColumns::null;
-    bool secondHubLoaded = false;  ///< a load puts the stored second hub on the form
+    bool secondHubLoaded = false;  ///< a load fills in the stored second hub
     OrderDescription description = OrderDescription::none;
     std::string_view firstWords = {};       ///< of the description
     std::string_view wordsAfterChain = {};  ///< of the description, where it names the chain
     OrderMaterials materials = OrderMaterials::disc;
 
-    /// One hub or two, alike or not.
+    /// One hub or two, equal or not.
     constexpr bool hasHub() const { return hubs != Hubs::noWheel && hubs != Hubs::none; }
 };
 
-/// Stands for a type outside the list, -1 (none chosen) among them: drawn as a piece with one hub, no hub priced.
+/// Used for a type outside the list, including -1 (none chosen): drawn as a piece with one hub; no hub is priced.
 inline constexpr ProductType unknownProductType{};
 
 inline constexpr std::array<ProductType, 15> productTypes{{
@@ -336,7 +336,7 @@ static_assert(
     }(),
     "each row bears the number of its place");
 
-// The groups in which types are treated alike. A type outside the list belongs to none.
+// Groups of types that are treated alike. A type outside the list belongs to none.
 
 /// 4, 5, 6, 7, 12, 14: a chain is chosen, and its values are loaded and saved.
 constexpr bool hasChainList(int type) {
@@ -366,7 +366,7 @@ constexpr bool isRack(int type) {
 constexpr bool isTwoHubs(int type) {
     return productType(type).hubs >= Hubs::twoAlike;
 }
-/// 1, 6, 7, 9, 14: a disc with no hub, for which no hub is cut.
+/// 1, 6, 7, 9, 14: a disc without a hub, for which no hub is cut.
 constexpr bool isDiscWithoutHub(int type) {
     return productType(type).hubs == Hubs::none;
 }

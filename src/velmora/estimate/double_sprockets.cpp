@@ -11,7 +11,7 @@ namespace velmora::estimate {
 
 namespace {
 
-/// A field of Text1 and the column of PDM that fills it.
+/// A field of Text1 and its column of PDM.
 struct Measure {
     int field;
     const char* column;
@@ -23,7 +23,7 @@ constexpr std::array measuresBeforeHeight{
     Measure{17, "PDM_a"},   Measure{5, "PDM_b1"},
 };
 
-/// A field of a sketch and the field of Text1 that it repeats.
+/// A field of a sketch and the field of Text1 that it shows.
 struct Repeated {
     int sketch;
     int field;
@@ -195,8 +195,8 @@ void DoubleSprockets::hubDiameterChanged() {
 }
 
 void DoubleSprockets::msCalcularDobleVariable() {
-    // Chosen C-007: it acts for the variable products alone, the pulley once its second hub is known; on any other type
-    // it would write its total over theirs.
+    // Chosen C-007: runs only for the variable products, for the pulley once its second hub is known; for any other
+    // type it would overwrite the total.
     if (f_.bCargandoPropuesta || !f_.secondHubIsKnown()) {
         return;
     }
@@ -212,8 +212,8 @@ void DoubleSprockets::msCalcularDobleVariable() {
     f_.Text1(measure::totalWidth).setText(f_.txtDCV(variableSketch::totalWidth).text());
 }
 
-// Differs D-005: the figures of the variable sketch are those of the fields beside them, in a load too, where the
-// calculation that writes them is off; they would be another proposal's under a drawing to scale.
+// Differs D-005: the figures of the variable sketch follow the fields beside them also during a load, when the
+// calculation that writes them is off; otherwise they would be another proposal's.
 void DoubleSprockets::repeatOnVariableSketch() {
     if (f_.product().shape == data::ProductShape::variable) {
         repeat(f_, onVariableSketch, f_.txtDCV);

@@ -20,7 +20,7 @@ void show(bool visible, std::initializer_list<screen::Control*> controls) {
     }
 }
 
-/// What the toothing of a multiple product takes from its table and nobody types.
+/// Fields of a multiple product that are taken from its table and cannot be typed.
 constexpr std::array fromTable{0, 8, 2, 4, 15, 6, 17, 9};
 
 }  // namespace
@@ -172,7 +172,7 @@ void Presentation::msVerDoble(bool b) {
     f_.Text1(measure::firstRim).setEnabled(false);
 }
 
-// Types 4, 5, 12 and 13 do not come through here: the total width stays seen or hidden as the last type left it.
+// Not called for types 4, 5, 12 and 13: the total width stays visible or hidden as the previous type left it.
 void Presentation::msVerCubo(bool b) {
     show(b, {&f_.fraCubo, &f_.Label1(label::hubDiameter), &f_.Label1(label::totalWidth), &f_.Label1(label::hubWidth),
              &f_.Text1(measure::hubDiameter), &f_.Text1(measure::totalWidth), &f_.Text1(measure::hubWidth)});

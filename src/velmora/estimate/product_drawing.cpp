@@ -26,7 +26,7 @@ void putWheel(WheelMeasures& wheel, const data::ProductType& type, const Product
     wheel.keyway = m.keyway;
 }
 
-/// As a piece with one rim has them; one for a type that nobody knows.
+/// The hubs of a piece with one rim; one for an unknown type.
 Hubs hubsOfOneRim(const data::ProductType& type) {
     switch (type.hubs) {
         case data::Hubs::none:
@@ -178,7 +178,7 @@ Labels labelsOfRack(const data::ProductType& /*type*/, const ProductMeasures& m)
     return labels;
 }
 
-/// How a shape is drawn, and the texts of the drawing.
+/// The drawing of a shape and its texts.
 struct Picture {
     data::ProductShape shape;
     screen::Drawing (*draw)(const data::ProductType&, const ProductMeasures&);
