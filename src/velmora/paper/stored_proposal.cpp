@@ -1,6 +1,6 @@
 #include "velmora/paper/stored_proposal.h"
 
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 #include "velmora/estimate/stored_fields.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
@@ -109,7 +109,7 @@ estimate::ProductMeasures readMeasures(const Recordset& row, int type) {
     estimate::ProductMeasures m;
     m.pitch = number(row[columnOf(measure::pitch)]);
     m.module = number(row[columnOf(&FieldMap::txtModulo)]);
-    if (data::isRack(type)) {
+    if (data::productType(type).shape == data::ProductShape::rack) {
         m.toothHeight = number(row[columnOf(measure::rackToothHeight)]);
         m.height = number(row[columnOf(measure::rackHeight)]);
         m.length = number(row[columnOf(measure::rackLength)]);
@@ -126,10 +126,10 @@ estimate::ProductMeasures readMeasures(const Recordset& row, int type) {
     m.hubWidth = number(row[columnOf(measure::hubWidth)]);
     m.rim = number(row[columnOf(measure::rim)]);
     m.totalWidth = number(row[columnOf(measure::totalWidth)]);
-    if (data::isVariable(type)) {
+    if (data::productType(type).shape == data::ProductShape::variable) {
         m.secondHub = number(row[columnOf(measure::secondHubDiameter)]);
         m.secondHubWidth = number(row[columnOf(measure::secondHubWidth)]);
-    } else if (data::hasChainList(type)) {
+    } else if (data::productType(type).chainList) {
         m.chainRim = number(row[columnOf(measure::firstRim)]);
         m.gap = number(row[columnOf(measure::gap)]);
         m.coreHeight = number(row[columnOf(doubleSketch::hubHeight)]);
@@ -182,7 +182,7 @@ std::optional<StoredProposal> readProposal(sql::Connection& connection, std::int
     p.supplier = text(row[columnOf(&FieldMap::txtCPro)]);
     p.chain = text(row[column::chainName]);
     p.measures = readMeasures(row, p.type);
-    if (!data::isRack(p.type)) {
+    if (data::productType(p.type).shape != data::ProductShape::rack) {
         p.chainWidth = number(row[columnOf(measure::chainWidth)]);
         p.roller = number(row[columnOf(measure::roller)]);
         p.toothHeight = number(row[columnOf(measure::height)]);
@@ -190,8 +190,8 @@ std::optional<StoredProposal> readProposal(sql::Connection& connection, std::int
         p.tool = text(row[columnOf(&FieldMap::cboHerramienta)]);
         p.coupling = row[columnOf(&FieldMap::chkAcopla)].toBool();
     }
-    p.disc = readDisc(connection, row, data::isRack(p.type));
-    if (data::isRack(p.type)) {
+    p.disc = readDisc(connection, row, data::productType(p.type).shape == data::ProductShape::rack);
+    if (data::productType(p.type).shape == data::ProductShape::rack) {
         p.disc.cut = cutWithin(p.disc);
     } else {
         p.hub = readHub(connection, row);

@@ -98,13 +98,14 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     }
     f_.cboTipoPre.setListIndex(type);
     putState(row);
-    if (data::hasChainList(type)) {
+    const data::ProductType& product = data::productType(type);
+    if (product.chainList) {
         const sql::Value& chain = row[columnOf(&FieldMap::cboDobles)];
         f_.cboDobles.setListIndex(chain.isNull() ? 0 : chain.toLong());
         rooms_.geometry.Text1_LostFocus(measure::teeth);
     }
     putMeasures(row);
-    if (data::hasChainList(type) && !data::isDoubleDisc(type)) {
+    if (product.chainList && !(product.shape == data::ProductShape::twoRims && !product.hasHub())) {
         rooms_.geometry.Text1_LostFocus(measure::hubWidth);
     }
     put(row, measure::keyway);
