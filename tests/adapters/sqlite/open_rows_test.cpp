@@ -11,7 +11,7 @@
 #include <sys/resource.h>
 
 #include "velmora/adapters/sqlite/database.h"
-#include "velmora/adapters/sqlite/dialect.h"
+#include "velmora/adapters/sqlite/emitters/translation.h"
 #include "velmora/adapters/sqlite/link_pool.h"
 
 #include "raw_database.h"

@@ -1,7 +1,7 @@
 #include "workshop.h"
 
-#include "velmora/adapters/sqlite/conversions.h"
 #include "velmora/adapters/sqlite/database.h"
+#include "velmora/adapters/tsql/conversions.h"
 #include "velmora/platform/runtime/numbers.h"
 
 namespace velmora::test {
@@ -129,7 +129,7 @@ std::string shown(const sql::Value& value) {
         return digits.find_first_of(".e") == std::string::npos ? digits + ".0" : digits;
     }
     if (const auto* date = std::get_if<runtime::Date>(&value.raw())) {
-        return sqlite::storedDate(*date);
+        return tsql::isoText(*date);
     }
     if (const auto* bytes = std::get_if<sql::Bytes>(&value.raw())) {
         std::string text = "0x";

@@ -5,6 +5,7 @@
 #include <sqlite3.h>
 #include <unicode/ucol.h>
 
+#include "velmora/adapters/sqlite/emitters/storage.h"
 #include "velmora/adapters/sqlite/errors.h"
 
 namespace velmora::sqlite {

@@ -8,9 +8,6 @@ struct sqlite3;
 
 namespace velmora::sqlite {
 
-/// As the statements and the tables name it.
-inline constexpr std::string_view collationName = "Modern_Spanish_CI_AS";
-
 /// Compares two texts; below, equal to or above zero.
 class SpanishOrder {
   public:
@@ -26,7 +23,7 @@ class SpanishOrder {
     std::unique_ptr<Collator> collator_;
 };
 
-/// Makes the collation known to a connection of the engine. Errors: DbError.
+/// Makes the collation known by its name (collationName) to a connection of the engine. Errors: DbError.
 void registerCollation(sqlite3* database);
 
 }  // namespace velmora::sqlite

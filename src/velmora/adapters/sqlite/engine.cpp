@@ -5,10 +5,12 @@
 
 #include <sqlite3.h>
 
+#include "velmora/adapters/sqlite/emitters/quoting.h"
+#include "velmora/adapters/sqlite/emitters/storage.h"
 #include "velmora/adapters/sqlite/errors.h"
-#include "velmora/adapters/sqlite/quoting.h"
 #include "velmora/adapters/sqlite/row_source.h"
-#include "velmora/adapters/sqlite/tokenizer.h"
+#include "velmora/adapters/tsql/refusals.h"
+#include "velmora/adapters/tsql/tokenizer.h"
 
 namespace velmora::sqlite {
 
@@ -307,22 +309,22 @@ void Engine::rollback() {
 
 // Tables.
 
-std::string Engine::schemaOf(const TableName& name) {
-    if (!name.schema.empty() && foldName(name.schema) != "DBO") {
-        throwMissingTable(name.schema + "." + name.name);
+std::string Engine::schemaOf(const tsql::TableName& name) {
+    if (!name.schema.empty() && tsql::foldName(name.schema) != "DBO") {
+        tsql::throwMissingTable(name.schema + "." + name.name);
     }
-    const std::string catalog = foldName(name.catalog);
-    if (catalog.empty() || catalog == foldName(options_.catalog)) {
+    const std::string catalog = tsql::foldName(name.catalog);
+    if (catalog.empty() || catalog == tsql::foldName(options_.catalog)) {
         return std::string(mainSchema);
     }
-    if (catalog != "DOC" + foldName(options_.catalog)) {
-        throwMissingTable(name.catalog + ".dbo." + name.name);
+    if (catalog != "DOC" + tsql::foldName(options_.catalog)) {
+        tsql::throwMissingTable(name.catalog + ".dbo." + name.name);
     }
     findDocuments(name);
     return std::string(documentsSchema);
 }
 
-void Engine::findDocuments(const TableName& name) {
+void Engine::findDocuments(const tsql::TableName& name) {
     if (!documentsFile_.empty()) {
         return;
     }
@@ -330,7 +332,7 @@ void Engine::findDocuments(const TableName& name) {
     if (path_ != inMemory) {
         file = besideWithPrefix(path_);
         if (options_.readOnly && !std::filesystem::exists(file)) {
-            throwMissingTable(name.catalog + ".dbo." + name.name);
+            tsql::throwMissingTable(name.catalog + ".dbo." + name.name);
         }
         if (!options_.readOnly) {
             // On a link of its own: the journal of a file cannot be chosen inside a transaction.
@@ -341,27 +343,27 @@ void Engine::findDocuments(const TableName& name) {
     documentsFile_ = std::move(file);
 }
 
-const std::string& Engine::storedName(const std::string& schema, const TableName& name) {
+const std::string& Engine::storedName(const std::string& schema, const tsql::TableName& name) {
     auto& known = names_[schema];
     if (known.empty()) {
         const auto all =
             link()->prepare("SELECT name FROM \"" + schema + "\".sqlite_schema WHERE type IN ('table', 'view')");
         while (all->step()) {
-            std::string declared = all->value(0, Kind::text).toText();
-            std::string folded = foldName(declared);
+            std::string declared = all->value(0, tsql::Kind::text).toText();
+            std::string folded = tsql::foldName(declared);
             if (folded.substr(0, 7) != "SQLITE_") {
                 known.emplace(std::move(folded), std::move(declared));
             }
         }
     }
-    const auto found = known.find(foldName(name.name));
+    const auto found = known.find(tsql::foldName(name.name));
     if (found == known.end()) {
-        throwMissingTable(name.catalog.empty() ? name.name : name.catalog + ".dbo." + name.name);
+        tsql::throwMissingTable(name.catalog.empty() ? name.name : name.catalog + ".dbo." + name.name);
     }
     return found->second;
 }
 
-std::shared_ptr<const Table> Engine::table(const TableName& name) {
+std::shared_ptr<const Table> Engine::table(const tsql::TableName& name) {
     const std::string schema = schemaOf(name);
     const std::string& stored = storedName(schema, name);
     auto& known = tables_[schema + "." + stored];
@@ -379,8 +381,8 @@ std::shared_ptr<const Table> Engine::readTable(const std::string& schema, const 
                                          quotedText(name) + ", " + quotedText(schema) + ")");
     while (columns->step()) {
         TableColumn column;
-        column.name = columns->value(0, Kind::text).toText();
-        const std::string declaration = columns->value(1, Kind::text).toText();
+        column.name = columns->value(0, tsql::Kind::text).toText();
+        const std::string declaration = columns->value(1, tsql::Kind::text).toText();
         column.type = declaredType(declaration);
         column.identity = declaration == "INTEGER" && columns->whole(3) > 0;
         column.key = columns->whole(3) > 0;

@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "velmora/adapters/sqlite/catalog.h"
 #include "velmora/adapters/sqlite/database.h"
+#include "velmora/adapters/sqlite/emitters/catalog.h"
 #include "velmora/adapters/sqlite/link_pool.h"
 #include "velmora/adapters/sqlite/open_rows.h"
 #include "velmora/adapters/sqlite/snapshot_watch.h"
@@ -45,8 +45,8 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     /// was stored.
     void updateBinary(const Origin& origin, std::size_t column, const sql::Value& key, const sql::Bytes& content);
 
-    std::string schemaOf(const TableName& name) override;
-    std::shared_ptr<const Table> table(const TableName& name) override;
+    std::string schemaOf(const tsql::TableName& name) override;
+    std::shared_ptr<const Table> table(const tsql::TableName& name) override;
 
   private:
     const std::shared_ptr<Link>& link();
@@ -58,8 +58,8 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     void runChange(const CachedStatement& cached);
     void runSchemaChange(const Translation& translation);
     void forget();
-    void findDocuments(const TableName& name);
-    const std::string& storedName(const std::string& schema, const TableName& name);
+    void findDocuments(const tsql::TableName& name);
+    const std::string& storedName(const std::string& schema, const tsql::TableName& name);
     std::shared_ptr<const Table> readTable(const std::string& schema, const std::string& name);
 
     Options options_;

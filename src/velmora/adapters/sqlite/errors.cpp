@@ -6,6 +6,8 @@
 
 #include <sqlite3.h>
 
+#include "velmora/adapters/tsql/refusals.h"
+
 namespace velmora::sqlite {
 
 namespace {
@@ -13,7 +15,7 @@ namespace {
 using sql::DbError;
 namespace provider = sql::provider;
 
-[[noreturn]] void raise(long number, std::string description, std::string_view state, int native = 0) {
+[[noreturn]] void raise(long number, std::string description, std::string_view state, int native) {
     throw DbError(number, std::move(description), {.sqlState = std::string(state), .nativeCode = native});
 }
 
@@ -78,29 +80,6 @@ constexpr Failure failures[] = {
 
 }  // namespace
 
-void throwSyntax(std::string description) {
-    raise(provider::syntax, std::move(description) + ".", "42000");
-}
-
-void throwMissingTable(std::string_view table) {
-    raise(provider::missingTable, "La tabla '" + std::string(table) + "' no existe.", "42S02");
-}
-
-void throwConversion(std::string description) {
-    raise(provider::conversion, std::move(description) + ".", "22018");
-}
-
-void throwTruncation(std::string_view column, std::size_t limit) {
-    raise(provider::truncation,
-          "El texto no cabe en la columna '" + std::string(column) + "', que admite " + std::to_string(limit) +
-              " caracteres.",
-          "22001");
-}
-
-void throwConstraint(std::string description) {
-    raise(provider::constraint, std::move(description) + ".", "23000");
-}
-
 void throwEngineError(sqlite3* database, int code) {
     const std::string message = database ? sqlite3_errmsg(database) : sqlite3_errstr(code);
     const int extended = database && sqlite3_errcode(database) == code ? sqlite3_extended_errcode(database) : code;
@@ -122,7 +101,7 @@ void throwEngineError(sqlite3* database, int code) {
     }
     // Another process dropped it after the statement had been prepared.
     if (message.starts_with("no such table: ")) {
-        throwMissingTable(afterDot(subject(message)));
+        tsql::throwMissingTable(afterDot(subject(message)));
     }
     raise(provider::syntax, "La base de datos rechaza la instrucción: " + message, "42000", extended);
 }

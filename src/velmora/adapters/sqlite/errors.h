@@ -1,7 +1,7 @@
 #pragma once
-// What goes wrong in the engine, as errors of the data provider with a Spanish description.
+// What goes wrong in the engine, as errors of the data provider with a Spanish description; what is refused before
+// it gets there: tsql/refusals.h.
 
-#include <string>
 #include <string_view>
 
 #include "velmora/platform/sql/db_error.h"
@@ -9,14 +9,6 @@
 struct sqlite3;
 
 namespace velmora::sqlite {
-
-/// A statement that the dialect does not know or that is not well formed. The statement itself is added by whoever
-/// runs it.
-[[noreturn]] void throwSyntax(std::string description);
-[[noreturn]] void throwMissingTable(std::string_view table);
-[[noreturn]] void throwConversion(std::string description);
-[[noreturn]] void throwTruncation(std::string_view column, std::size_t limit);
-[[noreturn]] void throwConstraint(std::string description);
 
 /// The last error of the engine, whose result code was `code`.
 [[noreturn]] void throwEngineError(sqlite3* database, int code);

@@ -8,9 +8,9 @@
 
 #include <sqlite3.h>
 
-#include "velmora/adapters/sqlite/conversions.h"
 #include "velmora/adapters/sqlite/errors.h"
-#include "velmora/adapters/sqlite/pattern.h"
+#include "velmora/adapters/tsql/conversions.h"
+#include "velmora/adapters/tsql/pattern.h"
 #include "velmora/platform/runtime/text.h"
 
 namespace velmora::sqlite {
@@ -42,7 +42,7 @@ class Call {
     std::int64_t whole(int i) const { return sqlite3_value_int64(arguments_[i]); }
     double number(int i) const { return sqlite3_value_double(arguments_[i]); }
     bool isZero(int i) const { return sqlite3_value_double(arguments_[i]) == 0; }
-    std::optional<Date> date(int i) const { return dateFromStored(text(i)); }
+    std::optional<Date> date(int i) const { return tsql::dateFromIso(text(i)); }
 
     void give(std::string_view text) const {
         sqlite3_result_text64(context_, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
@@ -73,11 +73,11 @@ class Call {
 };
 
 void getdate(const Call& call) {
-    call.give(storedDate((*call.state<Clock>())()));
+    call.give(tsql::isoText((*call.state<Clock>())()));
 }
 
 void whole(const Call& call) {
-    if (const auto value = wholeFromText(call.text(0))) {
+    if (const auto value = tsql::wholeFromText(call.text(0))) {
         call.give(*value);
     } else {
         call.refuseConversion("int");
@@ -85,7 +85,7 @@ void whole(const Call& call) {
 }
 
 void number(const Call& call) {
-    if (const auto value = numberFromText(call.text(0))) {
+    if (const auto value = tsql::numberFromText(call.text(0))) {
         call.give(*value);
     } else {
         call.refuseConversion("float");
@@ -93,8 +93,8 @@ void number(const Call& call) {
 }
 
 void date(const Call& call) {
-    if (const auto value = dateFromText(call.text(0))) {
-        call.give(storedDate(*value));
+    if (const auto value = tsql::dateFromText(call.text(0))) {
+        call.give(tsql::isoText(*value));
     } else {
         call.refuseConversion("datetime");
     }
@@ -102,7 +102,7 @@ void date(const Call& call) {
 
 void bit(const Call& call) {
     const std::string folded = runtime::UCase(runtime::Trim(call.text(0)));
-    if (const auto value = wholeFromText(folded)) {
+    if (const auto value = tsql::wholeFromText(folded)) {
         call.give(std::int64_t{*value != 0});
     } else if (folded == "TRUE" || folded == "FALSE") {
         call.give(std::int64_t{folded == "TRUE"});
@@ -112,16 +112,16 @@ void bit(const Call& call) {
 }
 
 void textOfReal(const Call& call) {
-    call.give(textFromReal(call.number(0)));
+    call.give(tsql::textFromReal(call.number(0)));
 }
 
 void textOfDecimal(const Call& call) {
-    call.give(textFromDecimal(call.number(0), static_cast<int>(call.whole(1))));
+    call.give(tsql::textFromDecimal(call.number(0), static_cast<int>(call.whole(1))));
 }
 
 void textOfDate(const Call& call) {
     const auto value = call.date(0);
-    const auto text = value ? textFromDate(*value, call.whole(1)) : std::nullopt;
+    const auto text = value ? tsql::textFromDate(*value, call.whole(1)) : std::nullopt;
     if (text) {
         call.give(*text);
     } else {
@@ -130,7 +130,7 @@ void textOfDate(const Call& call) {
 }
 
 void round(const Call& call) {
-    call.give(roundedTo(call.number(0), call.whole(1)));
+    call.give(tsql::roundedTo(call.number(0), call.whole(1)));
 }
 
 /// A divisor, which is not zero.
@@ -195,7 +195,7 @@ void lower(const Call& call) {
 
 void like(const Call& call) {
     const std::string_view escape = call.count() > 2 ? call.text(2) : std::string_view();
-    call.give(std::int64_t{matchesPattern(call.text(0), call.text(1), escape)});
+    call.give(std::int64_t{tsql::matchesPattern(call.text(0), call.text(1), escape)});
 }
 
 std::chrono::year_month_day calendarOf(const Date& date) {
@@ -271,7 +271,7 @@ void dateadd(const Call& call) {
     if (year < 1753 || year > 9999) {
         return call.refuse("Fecha no válida en DATEADD.", SQLITE_MISMATCH);
     }
-    call.give(storedDate(result));
+    call.give(tsql::isoText(result));
 }
 
 struct Function {

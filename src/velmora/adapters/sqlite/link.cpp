@@ -5,9 +5,9 @@
 #include <sqlite3.h>
 
 #include "velmora/adapters/sqlite/collation.h"
+#include "velmora/adapters/sqlite/emitters/quoting.h"
 #include "velmora/adapters/sqlite/errors.h"
 #include "velmora/adapters/sqlite/functions.h"
-#include "velmora/adapters/sqlite/quoting.h"
 
 namespace velmora::sqlite {
 
@@ -68,7 +68,7 @@ void Link::configure(const std::string& path) {
 
 bool Link::isWriteAhead(std::string_view schema) {
     const auto mode = prepare("PRAGMA " + std::string(schema) + ".journal_mode");
-    return mode->step() && mode->value(0, Kind::text).toText() == "wal";
+    return mode->step() && mode->value(0, tsql::Kind::text).toText() == "wal";
 }
 
 /// What the file has grown to behind a reader is cut off when it is written from its start again.

@@ -112,7 +112,7 @@ bool RowReader::step() {
 }
 
 sql::Row RowReader::current() const {
-    const std::vector<Type>& types = cached_->translation.types;
+    const std::vector<tsql::Type>& types = cached_->translation.types;
     sql::Row row;
     row.reserve(types.size());
     for (std::size_t i = 0; i < types.size(); ++i) {

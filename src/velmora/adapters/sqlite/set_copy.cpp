@@ -4,8 +4,8 @@
 
 #include <sqlite3.h>
 
+#include "velmora/adapters/sqlite/emitters/quoting.h"
 #include "velmora/adapters/sqlite/errors.h"
-#include "velmora/adapters/sqlite/quoting.h"
 
 namespace velmora::sqlite {
 

@@ -2,8 +2,8 @@
 
 #include <sqlite3.h>
 
-#include "velmora/adapters/sqlite/conversions.h"
 #include "velmora/adapters/sqlite/errors.h"
+#include "velmora/adapters/tsql/conversions.h"
 
 namespace velmora::sqlite {
 
@@ -79,15 +79,15 @@ void Statement::reset() {
     sqlite3_reset(handle_.get());
 }
 
-sql::Value Statement::value(int column, Kind kind) const {
+sql::Value Statement::value(int column, tsql::Kind kind) const {
     sqlite3_stmt* row = handle_.get();
     switch (sqlite3_column_type(row, column)) {
         case SQLITE_INTEGER: {
             const std::int64_t whole = sqlite3_column_int64(row, column);
-            if (kind == Kind::bit) {
+            if (kind == tsql::Kind::bit) {
                 return whole != 0;
             }
-            if (kind == Kind::real || kind == Kind::decimal) {
+            if (kind == tsql::Kind::real || kind == tsql::Kind::decimal) {
                 return static_cast<double>(whole);
             }
             return whole;
@@ -96,8 +96,8 @@ sql::Value Statement::value(int column, Kind kind) const {
             return sqlite3_column_double(row, column);
         case SQLITE_TEXT: {
             std::string text = textOf(row, column);
-            if (kind == Kind::date) {
-                if (const auto date = dateFromStored(text)) {
+            if (kind == tsql::Kind::date) {
+                if (const auto date = tsql::dateFromIso(text)) {
                     return *date;
                 }
             }

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string_view>
 
-#include "velmora/adapters/sqlite/types.h"
+#include "velmora/adapters/tsql/types.h"
 #include "velmora/platform/sql/value.h"
 
 struct sqlite3;
@@ -31,7 +31,7 @@ class Statement {
     void reset();
 
     /// A column of the row on which the statement stands.
-    sql::Value value(int column, Kind kind) const;
+    sql::Value value(int column, tsql::Kind kind) const;
     std::int64_t whole(int column) const;
     int columnCount() const;
 

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "velmora/adapters/sqlite/dialect.h"
+#include "velmora/adapters/sqlite/emitters/translation.h"
 
 namespace velmora::sqlite {
 

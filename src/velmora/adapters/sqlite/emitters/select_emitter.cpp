@@ -1,0 +1,206 @@
+// Selects, their sources and their order.
+
+#include <utility>
+
+#include "velmora/adapters/sqlite/emitters/casts.h"
+#include "velmora/adapters/sqlite/emitters/emitter.h"
+#include "velmora/adapters/sqlite/emitters/quoting.h"
+#include "velmora/adapters/sqlite/emitters/storage.h"
+#include "velmora/adapters/tsql/conversions.h"
+#include "velmora/adapters/tsql/refusals.h"
+#include "velmora/adapters/tsql/tokenizer.h"
+
+namespace velmora::sqlite {
+
+using namespace tsql;
+
+namespace {
+
+std::string_view joinText(Join join) {
+    switch (join) {
+        case Join::first:
+            return " FROM ";
+        case Join::comma:
+        case Join::cross:
+            return " CROSS JOIN ";
+        case Join::inner:
+            return " JOIN ";
+        case Join::left:
+            return " LEFT JOIN ";
+        case Join::right:
+            return " RIGHT JOIN ";
+        case Join::full:
+            break;
+    }
+    return " FULL JOIN ";
+}
+
+/// The 1-based place of the item that an ORDER BY means by this name; 0 when no item is given it as its alias.
+std::size_t aliasPosition(const Select& select, const Scope& scope, std::string_view folded) {
+    std::size_t position = 0;
+    for (const Item& item : select.items) {
+        if (item.value->form != Form::star) {
+            ++position;
+            if (!item.alias.empty() && foldName(item.alias) == folded) {
+                return position;
+            }
+            continue;
+        }
+        const std::string owner = foldName(item.value->qualifier);
+        for (const Source& source : scope.sources) {
+            position += owner.empty() || foldName(source.alias) == owner ? source.columns.size() : 0;
+        }
+    }
+    return 0;
+}
+
+}  // namespace
+
+std::string Emitter::fromClause(const std::vector<FromItem>& items, Scope& scope) {
+    std::string sql;
+    for (const FromItem& item : items) {
+        sql += joinText(item.join);
+        if (item.select) {
+            EmittedSelect inner = select(*item.select, scope.outer, true);
+            scope.sources.push_back({.alias = item.alias, .columns = std::move(inner.outputs)});
+            sql += "(" + inner.sql + ")";
+        } else {
+            const auto table = catalog_.table(item.table);
+            scope.sources.push_back(tableSource(*table, item.alias.empty() ? table->name : item.alias));
+            sql += quotedTable(*table);
+        }
+        sql += " AS " + quotedName(scope.sources.back().alias);
+        if (item.on) {
+            sql += " ON " + condition(*item.on, scope);
+        }
+    }
+    return sql;
+}
+
+std::vector<Output> Emitter::addItems(const Select& select, const Scope& scope, bool named,
+                                      const std::vector<const TableColumn*>* targets, std::string& sql) {
+    std::vector<Output> outputs;
+    const auto add = [&](Emitted value, const std::string& name) {
+        if (targets) {
+            if (outputs.size() >= targets->size()) {
+                throwSyntax("La lista de valores es más larga que la de columnas");
+            }
+            value = fitted(std::move(value), *(*targets)[outputs.size()]);
+        }
+        sql += (outputs.empty() ? " " : ", ") + (select.distinct ? collated(value) : value.sql);
+        if (named) {
+            if (name.empty()) {
+                throwSyntax("Una columna de la subconsulta de FROM no tiene nombre");
+            }
+            sql += " AS " + quotedName(name);
+        }
+        outputs.push_back({name, value.type});
+    };
+    for (const Item& item : select.items) {
+        if (item.value->form != Form::star) {
+            // Chosen C-202: a column that is worked out and has no alias has no name, as the server answers it.
+            const bool unnamed = item.alias.empty() && item.value->form == Form::column;
+            add(value(*item.value, scope), unnamed ? item.value->text : item.alias);
+            continue;
+        }
+        const std::string owner = foldName(item.value->qualifier);
+        bool found = false;
+        for (const Source& source : scope.sources) {
+            if (!owner.empty() && foldName(source.alias) != owner) {
+                continue;
+            }
+            found = true;
+            for (const Output& column : source.columns) {
+                add(reference(source, column), column.name);
+            }
+        }
+        if (!found) {
+            refuseColumn(item.value->qualifier.empty() ? "*" : item.value->qualifier + ".*");
+        }
+    }
+    return outputs;
+}
+
+std::string Emitter::orderBy(const Select& select, const Scope& scope, const std::vector<Output>& outputs) {
+    std::string sql;
+    for (const OrderItem& item : select.orderBy) {
+        sql += sql.empty() ? " ORDER BY " : ", ";
+        const Expression& key = *item.value;
+        std::size_t position = 0;
+        if (key.form == Form::whole) {
+            position = static_cast<std::size_t>(wholeFromText(key.text).value_or(0));
+            if (position == 0 || position > outputs.size()) {
+                throwSyntax("ORDER BY " + key.text + " no es una columna de la lista");
+            }
+        } else if (key.form == Form::column && key.qualifier.empty()) {
+            position = aliasPosition(select, scope, foldName(key.text));
+        }
+        if (position == 0) {
+            sql += collated(value(key, scope));
+        } else {
+            sql += std::to_string(position);
+            if (outputs[position - 1].type.kind == Kind::text) {
+                sql += " COLLATE " + std::string(collationName);
+            }
+        }
+        sql += item.descending ? " DESC" : "";
+    }
+    return sql;
+}
+
+std::optional<Origin> Emitter::origin(const Select& select) {
+    const bool plain = select.from.size() == 1 && !select.from.front().select && !select.distinct &&
+                       select.groupBy.empty() && !select.having;
+    if (!plain) {
+        return std::nullopt;
+    }
+    const auto table = catalog_.table(select.from.front().table);
+    Origin result{.table = quotedTable(*table), .columns = {}};
+    bool found = false;
+    const auto add = [&](const TableColumn* column) {
+        if (column != nullptr && column->key && !found) {
+            found = true;
+            result.key = result.columns.size();
+        }
+        result.columns.push_back(column != nullptr ? quotedName(column->name) : std::string());
+    };
+    for (const Item& item : select.items) {
+        if (item.value->form != Form::star) {
+            add(item.value->form == Form::column ? table->column(item.value->text) : nullptr);
+            continue;
+        }
+        for (const TableColumn& column : table->columns) {
+            add(&column);
+        }
+    }
+    return found ? std::optional(std::move(result)) : std::nullopt;
+}
+
+EmittedSelect Emitter::select(const Select& select, const Scope* outer, bool named,
+                              const std::vector<const TableColumn*>* targets) {
+    Scope scope;
+    scope.outer = outer;
+    const std::string from = fromClause(select.from, scope);
+    EmittedSelect result;
+    result.sql = select.distinct ? "SELECT DISTINCT" : "SELECT";
+    result.outputs = addItems(select, scope, named, targets, result.sql);
+    result.sql += from;
+    if (select.where) {
+        result.sql += " WHERE " + condition(*select.where, scope);
+    }
+    for (std::size_t i = 0; i < select.groupBy.size(); ++i) {
+        result.sql += (i == 0 ? " GROUP BY " : ", ") + collated(value(*select.groupBy[i], scope));
+    }
+    if (select.having) {
+        result.sql += " HAVING " + condition(*select.having, scope);
+    }
+    result.orderAt = result.sql.size();
+    result.sql += orderBy(select, scope, result.outputs);
+    if (select.top) {
+        result.sql += " LIMIT " + select.top->text;
+        result.orderAt = std::string::npos;
+    }
+    return result;
+}
+
+}  // namespace velmora::sqlite

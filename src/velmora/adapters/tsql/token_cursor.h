@@ -1,0 +1,76 @@
+#pragma once
+// The words of a statement one behind the other, as the parsers take them.
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "velmora/adapters/tsql/syntax_tree.h"
+#include "velmora/adapters/tsql/tokenizer.h"
+
+namespace velmora::tsql {
+
+/// Beyond this the engine's own limits and the stack would decide.
+inline constexpr std::size_t deepestNesting = 200;
+
+[[noreturn]] void throwTooDeep();
+[[noreturn]] void throwUnknown(std::string_view construct);
+
+/// What is written without its brackets or quotes.
+std::string nameIn(const Token& token);
+
+class TokenCursor {
+  public:
+    explicit TokenCursor(std::string_view text);
+
+    /// The token so many places ahead; the `end` when there are not that many.
+    const Token& current(std::size_t ahead = 0) const;
+    /// Behind the first token.
+    const Token& previous() const { return tokens_[at_ - 1]; }
+    /// The keyword or name in capitals so many places ahead; empty for any other token.
+    std::string_view word(std::size_t ahead = 0) const;
+    bool isSymbol(std::string_view symbol, std::size_t ahead = 0) const;
+    /// A name that is no keyword, or one in brackets.
+    bool atName() const;
+    /// A word that begins a statement.
+    bool atStatement() const;
+
+    void advance(std::size_t count = 1) { at_ += count; }
+    const Token& take() { return tokens_[at_++]; }
+    bool accept(std::string_view keyword);
+    bool acceptSymbol(std::string_view symbol);
+    void expect(std::string_view keyword);
+    void expectSymbol(std::string_view symbol);
+    std::string name(std::string_view what = "un nombre");
+    std::size_t wholeNumber();
+    TableName tableName();
+
+    [[noreturn]] void unexpected(std::string_view wanted = {}) const;
+
+  private:
+    friend class Nesting;
+
+    std::vector<Token> tokens_;
+    std::vector<std::string> folded_;
+    std::size_t at_ = 0;
+    std::size_t nesting_ = 0;
+};
+
+/// Guards the stack against parentheses within parentheses.
+class Nesting {
+  public:
+    explicit Nesting(TokenCursor& cursor) : cursor_(cursor) {
+        if (++cursor_.nesting_ > deepestNesting) {
+            throwTooDeep();
+        }
+    }
+    ~Nesting() { --cursor_.nesting_; }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+
+  private:
+    TokenCursor& cursor_;
+};
+
+}  // namespace velmora::tsql

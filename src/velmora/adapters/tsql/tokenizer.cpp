@@ -1,0 +1,212 @@
+#include "velmora/adapters/tsql/tokenizer.h"
+
+#include <algorithm>
+
+#include "velmora/adapters/tsql/refusals.h"
+#include "velmora/platform/runtime/text.h"
+
+namespace velmora::tsql {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+bool isHexDigit(char c) {
+    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
+}
+
+bool startsName(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool continuesName(char c) {
+    return startsName(c) || isDigit(c) || c == '$' || c == '#';
+}
+
+class Scanner {
+  public:
+    explicit Scanner(std::string_view text) : text_(text) {}
+
+    std::vector<Token> all() {
+        std::vector<Token> tokens;
+        tokens.reserve(text_.size() / 4 + 2);
+        do {
+            skipBlanksAndComments();
+            tokens.push_back(next());
+        } while (tokens.back().kind != TokenKind::end);
+        return tokens;
+    }
+
+  private:
+    char peek(std::size_t ahead = 0) const { return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0'; }
+
+    Token since(std::size_t start, TokenKind kind, std::string value = {}) const {
+        return Token{kind, text_.substr(start, at_ - start), std::move(value)};
+    }
+
+    void skipBlanksAndComments() {
+        for (;;) {
+            while (at_ < text_.size() && isBlank(text_[at_])) {
+                ++at_;
+            }
+            if (peek() == '-' && peek(1) == '-') {
+                at_ = std::min(text_.find('\n', at_), text_.size());
+            } else if (peek() == '/' && peek(1) == '*') {
+                const auto end = text_.find("*/", at_ + 2);
+                if (end == std::string_view::npos) {
+                    throwSyntax("Comentario sin cerrar");
+                }
+                at_ = end + 2;
+            } else {
+                return;
+            }
+        }
+    }
+
+    Token next() {
+        const std::size_t start = at_;
+        if (at_ == text_.size()) {
+            return since(start, TokenKind::end);
+        }
+        const char c = peek();
+        if ((c == 'N' || c == 'n') && peek(1) == '\'') {
+            ++at_;
+            return quoted(start, '\'', TokenKind::text);
+        }
+        switch (c) {
+            case '\'':
+                return quoted(start, '\'', TokenKind::text);
+            case '"':
+                return quoted(start, '"', TokenKind::quotedName);
+            case '[':
+                return quoted(start, ']', TokenKind::quotedName);
+            default:
+                break;
+        }
+        if (startsName(c)) {
+            return word(start);
+        }
+        if (isDigit(c) || (c == '.' && isDigit(peek(1)))) {
+            return number(start);
+        }
+        return symbol(start);
+    }
+
+    Token word(std::size_t start) {
+        while (continuesName(peek())) {
+            ++at_;
+        }
+        return since(start, TokenKind::word);
+    }
+
+    Token quoted(std::size_t start, char close, TokenKind kind) {
+        std::string value;
+        for (++at_; at_ < text_.size(); ++at_) {
+            const char c = text_[at_];
+            if (c == '\0') {
+                throwSyntax("Carácter nulo dentro de un texto");
+            }
+            if (c == close) {
+                ++at_;
+                if (peek() != close) {
+                    return since(start, kind, std::move(value));
+                }
+            }
+            value += c;
+        }
+        throwSyntax(kind == TokenKind::text ? "Texto sin comilla de cierre"
+                                            : "Nombre entre comillas o corchetes sin cerrar");
+    }
+
+    Token number(std::size_t start) {
+        if (peek() == '0' && (peek(1) == 'x' || peek(1) == 'X')) {
+            return binary(start);
+        }
+        TokenKind kind = TokenKind::whole;
+        const auto digits = [&] {
+            while (isDigit(peek())) {
+                ++at_;
+            }
+        };
+        digits();
+        if (peek() == '.') {
+            kind = TokenKind::decimal;
+            ++at_;
+            digits();
+        }
+        if (peek() == 'e' || peek() == 'E') {
+            const std::size_t sign = peek(1) == '+' || peek(1) == '-' ? 1 : 0;
+            if (isDigit(peek(1 + sign))) {
+                kind = TokenKind::real;
+                at_ += 1 + sign;
+                digits();
+            }
+        }
+        if (continuesName(peek()) || peek() == '.') {
+            throwSyntax("Número mal escrito cerca de '" + std::string(text_.substr(start, at_ - start + 1)) + "'");
+        }
+        return since(start, kind);
+    }
+
+    Token binary(std::size_t start) {
+        at_ += 2;
+        const std::size_t first = at_;
+        while (isHexDigit(peek())) {
+            ++at_;
+        }
+        if (continuesName(peek())) {
+            throwSyntax("Valor binario mal escrito");
+        }
+        std::string digits(text_.substr(first, at_ - first));
+        if (digits.size() % 2 == 1) {
+            digits.insert(digits.begin(), '0');
+        }
+        return since(start, TokenKind::binary, std::move(digits));
+    }
+
+    Token symbol(std::size_t start) {
+        static constexpr std::string_view pairs[] = {"<=", ">=", "<>", "!="};
+        static constexpr std::string_view singles = "=<>+-*/%(),.;";
+        const std::string_view two = text_.substr(at_, 2);
+        if (std::find(std::begin(pairs), std::end(pairs), two) != std::end(pairs)) {
+            at_ += 2;
+        } else if (peek() != '\0' && singles.find(peek()) != std::string_view::npos) {
+            ++at_;
+        } else if (peek() == '@' || peek() == '?') {
+            throwSyntax("No se admiten variables ni parámetros ('" + std::string(1, peek()) + "')");
+        } else {
+            throwSyntax("Signo no admitido: '" + std::string(1, peek()) + "'");
+        }
+        return since(start, TokenKind::symbol);
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+}  // namespace
+
+std::vector<Token> tokenize(std::string_view statement) {
+    return Scanner(statement).all();
+}
+
+std::string foldName(std::string_view name) {
+    const bool ascii =
+        std::all_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    if (!ascii) {
+        return runtime::UCase(name);
+    }
+    std::string folded(name);
+    for (char& c : folded) {
+        if (c >= 'a' && c <= 'z') {
+            c = static_cast<char>(c - ('a' - 'A'));
+        }
+    }
+    return folded;
+}
+
+}  // namespace velmora::tsql
