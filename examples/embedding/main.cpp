@@ -15,7 +15,9 @@
 int main() {
     using namespace velmora;
     const system::SystemClock clock;
-    const auto database = sqlite::openDatabase(":memory:");
+    sql::Engines engines;
+    sqlite::registerIn(engines);
+    const auto database = engines.open("sqlite::memory:");
     data::createDatabase(*database);
     data::fillDemo(*database, clock.now());
     adapters::StandInSession session(*database);

@@ -297,4 +297,13 @@ TEST(Database, CatalogueHasTheNameItWasGiven) {
     EXPECT_THROW(connection->execute("select * from OTRA.dbo.T"), sql::DbError);
 }
 
+TEST_F(DatabaseFile, IsOpenedByTheEnginesName) {
+    sql::Engines engines;
+    sqlite::registerIn(engines, {.catalog = "TALLER"});
+    engines.open("sqlite:" + path())->execute("CREATE TABLE T (a int)");
+    EXPECT_NO_THROW(sqlite::openDatabase(path())->execute("select a from T"));
+    EXPECT_EQ(engines.open("sqlite::memory:")->currentCatalog(), "TALLER");
+    EXPECT_EQ(errorOf([&] { engines.open("sqlite:" + path("no/hay/taller.db")); }).number(), sql::provider::failure);
+}
+
 }  // namespace velmora::test

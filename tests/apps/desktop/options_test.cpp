@@ -29,6 +29,11 @@ TEST(DesktopOptions, EachWindowHasItsName) {
     EXPECT_EQ(one.database, "taller.db");
 }
 
+TEST(DesktopOptions, ADatabaseIsAFileOrAServersNotBoth) {
+    EXPECT_EQ(std::get<Options>(read({"--dsn", "Server=taller"})).server, "Server=taller");
+    EXPECT_TRUE(std::holds_alternative<int>(read({"--dsn", "Server=taller", "--db", "taller.db"})));
+}
+
 TEST(DesktopOptions, WhatNoWindowIsCalledIsRefused) {
     for (const char* wrong : {"clientes", "propuesta", "propuesta=", "propuesta=0", "propuesta=12x", ""}) {
         const auto result = read({"--open", wrong});

@@ -125,8 +125,14 @@ TEST_F(Drive, AWrongCommandLineIsStatusTwo) {
                                 "--data /nowhere/rows.sql", "/nowhere/script.drive", "--db /nowhere/taller.db"}) {
         EXPECT_EQ(run(options, "echo here").status, 2) << options;
     }
-    EXPECT_NE(run("--dsn x", "").output.find("--dsn"), std::string::npos);
     EXPECT_EQ(run("--help", "").status, 0);
+}
+
+TEST_F(Drive, AServerWithoutAnEngineForItIsRefusedWithTheKnownEngines) {
+    const Outcome refused = run("--dsn \"Server=taller;PWD=secreto\"", "echo here");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.output,
+              "velmora-drive: --dsn: No hay ningún motor de datos 'odbc'. Motores conocidos: sqlite.\n");
 }
 
 }  // namespace

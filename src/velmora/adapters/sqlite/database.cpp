@@ -28,4 +28,9 @@ std::unique_ptr<sql::Connection> openDatabase(const std::string& path, Options o
     return std::make_unique<Database>(path, std::move(options));
 }
 
+void registerIn(sql::Engines& engines, Options options) {
+    engines.add("sqlite",
+                [options = std::move(options)](const std::string& path) { return openDatabase(path, options); });
+}
+
 }  // namespace velmora::sqlite

@@ -8,6 +8,7 @@
 
 #include "velmora/platform/runtime/date.h"
 #include "velmora/platform/sql/connection.h"
+#include "velmora/platform/sql/engines.h"
 
 namespace velmora::sqlite {
 
@@ -36,5 +37,8 @@ struct Options {
 /// that are left are copied at once. Errors: DbError (provider::failure) for a file that is no database or cannot be
 /// opened.
 std::unique_ptr<sql::Connection> openDatabase(const std::string& path, Options options = {});
+
+/// Registers the engine as "sqlite": "sqlite:PATH" opens the database at that path with these options.
+void registerIn(sql::Engines& engines, Options options = {});
 
 }  // namespace velmora::sqlite

@@ -8,6 +8,7 @@
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/window_pictures.h"
 #include "velmora/apps/desktop/workshop.h"
+#include "velmora/apps/engines/known_engines.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 
 namespace {
@@ -57,7 +58,9 @@ std::string databaseOf(const desktop::Options& options) {
 
 int run(const desktop::Options& options, qt::QtScreen& screen) {
     const system::SystemClock clock;
-    const auto workshop = desktop::openWorkshop(databaseOf(options), clock);
+    const sql::Engines engines = engines::knownEngines(clock);
+    const auto workshop = options.server.empty() ? desktop::openWorkshop(engines, databaseOf(options), clock)
+                                                 : desktop::openServer(engines, options.server);
     qt::QtServices services;
     components::ComponentFactory components;
     stand_ins::registerStandIns(components, screen, services, clock);

@@ -46,8 +46,12 @@ std::variant<Options, int> readOptions(int argc, const char* const* argv) {
     Options options;
     std::string open;
     CLI::App app{"VELMORA: propuestas de piñones especiales", "velmora"};
-    app.add_option("--db", options.database, "Base de datos; sin ella, la de la carpeta de datos del usuario")
-        ->type_name("FICHERO");
+    auto* file =
+        app.add_option("--db", options.database, "Base de datos; sin ella, la de la carpeta de datos del usuario")
+            ->type_name("FICHERO");
+    app.add_option("--dsn", options.server, "Cadena de conexión de un servidor SQL Server")
+        ->type_name("TEXTO")
+        ->excludes(file);
     app.add_option("--open", open, "Ventana que se abre: propuestas, seguimiento, parametros, propuesta=N")
         ->type_name("VENTANA")
         ->check([](const std::string& text) {

@@ -11,6 +11,7 @@ enum class Opening { start, proposals, tracking, parameters, proposal };
 
 struct Options {
     std::string database;  ///< empty: the one in the user's data folder; for pictures, one in memory
+    std::string server;    ///< connection string; empty: an embedded database
     Opening opening = Opening::start;
     std::int32_t proposal = 0;  ///< for Opening::proposal
     std::string pictures;       ///< folder for pictures of the windows; empty: no pictures

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "velmora/adapters/sqlite/database.h"
+#include "velmora/apps/engines/known_engines.h"
 #include "velmora/data/indexes.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
@@ -38,12 +38,13 @@ void makeFolder(const std::string& path) {
     }
 }
 
-void checkOurs(sql::Connection& connection) {
+/// The message calls the database by its subject.
+void checkOurs(sql::Connection& connection, const std::string& subject) {
     try {
         connection.execute("SELECT top 1 DPI_Id FROM DPI");
     } catch (const sql::DbError& e) {
         if (e.number() == sql::provider::missingTable) {
-            throw NoWorkshop("El fichero es una base de datos, pero no de VELMORA: no tiene la tabla DPI.");
+            throw NoWorkshop(subject + " es una base de datos, pero no de VELMORA: no tiene la tabla DPI.");
         }
         throw;
     }
@@ -55,17 +56,15 @@ void checkWritable(sql::Connection& connection) {
     connection.rollbackTrans();
 }
 
-std::unique_ptr<Workshop> open(const std::string& path, const system::Clock& clock) {
+std::unique_ptr<Workshop> open(const sql::Engines& engines, const std::string& path, const system::Clock& clock) {
     const bool fresh = isNew(path);
     makeFolder(path);
-    sqlite::Options engine;
-    engine.clock = [&clock] { return clock.now(); };
-    auto workshop = std::make_unique<Workshop>(sqlite::openDatabase(path, std::move(engine)));
+    auto workshop = std::make_unique<Workshop>(engines.open(engines::fileSource(path)));
     if (fresh) {
         data::createDatabase(workshop->connection());
         data::fillDemo(workshop->connection(), clock.now());
     }
-    checkOurs(workshop->connection());
+    checkOurs(workshop->connection(), "El fichero");
     checkWritable(workshop->connection());
     if (!fresh) {
         data::addMissingIndexes(workshop->connection());
@@ -75,13 +74,25 @@ std::unique_ptr<Workshop> open(const std::string& path, const system::Clock& clo
 
 }  // namespace
 
-std::unique_ptr<Workshop> openWorkshop(const std::string& path, const system::Clock& clock) {
+std::unique_ptr<Workshop> openWorkshop(const sql::Engines& engines, const std::string& path,
+                                       const system::Clock& clock) {
     try {
-        return open(path, clock);
+        return open(engines, path, clock);
     } catch (const NoWorkshop& e) {
         throw NoWorkshop(std::string(e.what()) + "\n\n" + path);
     } catch (const sql::DbError& e) {
         throw NoWorkshop("No se puede abrir la base de datos:\n" + path + "\n\n" + e.description());
+    }
+}
+
+std::unique_ptr<Workshop> openServer(const sql::Engines& engines, const std::string& connectionString) {
+    try {
+        auto workshop = std::make_unique<Workshop>(engines.open(engines::serverSource(connectionString)));
+        checkOurs(workshop->connection(), "El origen de datos");
+        checkWritable(workshop->connection());
+        return workshop;
+    } catch (const sql::DbError& e) {
+        throw NoWorkshop("No se puede abrir la base de datos del servidor:\n" + e.description());
     }
 }
 

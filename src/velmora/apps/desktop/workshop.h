@@ -7,6 +7,7 @@
 
 #include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/platform/sql/connection.h"
+#include "velmora/platform/sql/engines.h"
 #include "velmora/platform/system/system.h"
 
 namespace velmora::desktop {
@@ -30,10 +31,15 @@ class Workshop {
     adapters::StandInSession session_;
 };
 
-/// Opens the database with this path. A missing one is created, including its folder, and filled with the demonstration
-/// rows; ":memory:" lives as long as the workshop. The clock must outlive it. Errors: NoWorkshop for a file that is not
-/// a database, belongs to another program, is locked, or cannot be written.
-std::unique_ptr<Workshop> openWorkshop(const std::string& path, const system::Clock& clock);
+/// Opens the embedded database with this path. A missing one is created, including its folder, and filled with the
+/// demonstration rows; ":memory:" lives as long as the workshop. Errors: NoWorkshop for a file that is not a database,
+/// belongs to another program, is locked, or cannot be written.
+std::unique_ptr<Workshop> openWorkshop(const sql::Engines& engines, const std::string& path,
+                                       const system::Clock& clock);
+
+/// Opens a server's database, which has our tables already. Errors: NoWorkshop when the program has no engine for
+/// servers, the server cannot be reached, or the database is not ours or cannot be written.
+std::unique_ptr<Workshop> openServer(const sql::Engines& engines, const std::string& connectionString);
 
 /// Path of the database in the user's data folder.
 std::string defaultDatabase();

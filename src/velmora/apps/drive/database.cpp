@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "velmora/adapters/sqlite/database.h"
+#include "velmora/apps/engines/known_engines.h"
 #include "velmora/data/indexes.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
@@ -47,6 +47,11 @@ void runFile(sql::Connection& connection, const std::string& path) {
     }
 }
 
+std::string sourceOf(const Options& options) {
+    return options.dsn ? engines::serverSource(*options.dsn)
+                       : engines::fileSource(options.database.value_or(":memory:"));
+}
+
 void fill(sql::Connection& connection, const Options& options, const system::Clock& clock) {
     const bool isNew = !hasTables(connection);
     const std::string rows = options.data.value_or(std::string(isNew ? demo : none));
@@ -69,17 +74,13 @@ void fill(sql::Connection& connection, const Options& options, const system::Clo
 }  // namespace
 
 std::unique_ptr<sql::Connection> openDatabase(const Options& options, const system::Clock& clock) {
-    if (options.dsn) {
-        throw NoDatabase("this build has no adapter for data sources: --dsn cannot be used");
-    }
     try {
-        sqlite::Options engine;
-        engine.clock = [&clock] { return clock.now(); };
-        auto connection = sqlite::openDatabase(options.database.value_or(":memory:"), std::move(engine));
+        auto connection = engines::knownEngines(clock).open(sourceOf(options));
         fill(*connection, options, clock);
         return connection;
     } catch (const sql::DbError& e) {
-        throw NoDatabase(e.description() + (e.details().statement.empty() ? "" : "\n" + e.details().statement));
+        throw NoDatabase((options.dsn ? "--dsn: " : "") + e.description() +
+                         (e.details().statement.empty() ? "" : "\n" + e.details().statement));
     }
 }
 

@@ -17,7 +17,9 @@ class OptionLine {
     OptionLine() {
         auto* database = app.add_option("--db", options.database, "Embedded database, created when it does not exist")
                              ->type_name("FILE");
-        app.add_option("--dsn", options.dsn, "Data source of a SQL Server")->type_name("TEXT")->excludes(database);
+        app.add_option("--dsn", options.dsn, "Connection string of a SQL Server")
+            ->type_name("TEXT")
+            ->excludes(database);
         app.add_option("--data", options.data, "Rows of a new database: demo (default), none, or a file of statements")
             ->type_name("demo|none|FILE.sql");
         app.add_option("--now", now_, "Stops the clock, the database's too")->type_name("\"YYYY-MM-DD HH:MM:SS\"");

@@ -11,7 +11,7 @@ namespace velmora::drive {
 
 struct Options {
     std::optional<std::string> database;  ///< path of an embedded database; nullopt: one in memory
-    std::optional<std::string> dsn;       ///< data source of a server
+    std::optional<std::string> dsn;       ///< connection string of a server
     /// demo, none or the path of a file of statements; nullopt: demo for a new database
     std::optional<std::string> data;
     std::optional<runtime::Date> now;  ///< time at which the clock is stopped; nullopt: it runs

@@ -1,0 +1,21 @@
+#include "velmora/apps/engines/known_engines.h"
+
+#include "velmora/adapters/sqlite/database.h"
+
+namespace velmora::engines {
+
+sql::Engines knownEngines(const system::Clock& clock) {
+    sql::Engines engines;
+    sqlite::registerIn(engines, {.clock = [&clock] { return clock.now(); }});
+    return engines;
+}
+
+std::string fileSource(const std::string& path) {
+    return "sqlite:" + path;
+}
+
+std::string serverSource(const std::string& connectionString) {
+    return "odbc:" + connectionString;
+}
+
+}  // namespace velmora::engines

@@ -1,0 +1,19 @@
+#pragma once
+// The engines that the programs are built with.
+
+#include <string>
+
+#include "velmora/platform/sql/engines.h"
+#include "velmora/platform/system/system.h"
+
+namespace velmora::engines {
+
+/// Every engine by its name. The clock answers getdate() of an embedded one; it must outlive what the engines open.
+sql::Engines knownEngines(const system::Clock& clock);
+
+/// The embedded database at this path, or ":memory:", for Engines::open.
+std::string fileSource(const std::string& path);
+/// A connection string of a server, for Engines::open.
+std::string serverSource(const std::string& connectionString);
+
+}  // namespace velmora::engines
