@@ -2,7 +2,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
-#include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/session/row_writing.h"
 
 namespace velmora::labour {
 
@@ -42,9 +42,18 @@ bool LineSaving::save(std::int32_t nIdDpi, const sql::Recordset& shown) {
 }
 
 void LineSaving::write(std::int32_t nIdDpi, const sql::Recordset& shown) {
+    const auto addFields = [&](session::FieldList& campos) { add(nIdDpi, campos); };
+    // Chosen C-101: a refusal, which the session reports as a text, is raised as an error, and the line stays open with
+    // everything typed.
+    if (shown.isOpen()) {
+        session::updateRow(session_, "MoDpi", " where MoDpi_Id=" + shown["modpi_id"].toText(), addFields);
+    } else {
+        session::insertRow(session_, "MoDpi", addFields);
+    }
+}
+
+void LineSaving::add(std::int32_t nIdDpi, session::FieldList& campos) const {
     const double hours = runtime::CDbl(f_.txtLinea(minutes).text()) * secondsOfAMinute / secondsOfAnHour;
-    session_.Tabla("MoDpi");
-    session::FieldList& campos = session_.Campos();
     campos.Add("MoDpi_Dpi", Tipo::wholeNumber, nIdDpi);
     campos.Add("MoDpi_Ope", Tipo::wholeNumber, runtime::Left(f_.cboOperPvp.text(), 3));
     campos.Add("MoDpi_Maq", Tipo::wholeNumber, f_.txtLinea(machine));
@@ -52,20 +61,6 @@ void LineSaving::write(std::int32_t nIdDpi, const sql::Recordset& shown) {
     campos.Add("MoDpi_Pvp", Tipo::number, f_.txtLinea(hourPrice));
     campos.Add("MoDpi_Importe", Tipo::number, f_.txtLinea(amount));
     campos.Add("MoDpi_Tiempo", Tipo::number, hours, fourDecimals);
-    std::string error;
-    bool correcto = false;
-    if (shown.isOpen()) {
-        session_.Donde(" where MoDpi_Id=" + shown["modpi_id"].toText());
-        session_.Actualizar(error, correcto);
-    } else {
-        session_.Donde(" ");
-        session_.Insertar(error, correcto);
-    }
-    if (!correcto) {
-        // Chosen C-101: the session reports a refusal as a text; it is raised as an error, and the line stays open with
-        // everything typed.
-        throw sql::DbError(sql::provider::failure, error);
-    }
 }
 
 }  // namespace velmora::labour

@@ -26,6 +26,7 @@ class LineSaving {
 
   private:
     void write(std::int32_t nIdDpi, const sql::Recordset& shown);
+    void add(std::int32_t nIdDpi, session::FieldList& campos) const;
     bool refuse(const char* message, Line field);
 
     LineFields& f_;

@@ -7,6 +7,7 @@
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/platform/sql/in_transaction.h"
 #include "velmora/proposal/field_names.h"
 
@@ -129,13 +130,11 @@ void Duplicating::FnDuplicarPropuesta(std::int32_t nIdOrigen) {
             return;
         }
     } catch (...) {
-        session_.Campos().clear();
         original.putBack();
         throw;
     }
     // Differs D-100: the first error ends the copy, a failed commit included, and number and date are the original's
     // again; otherwise the form would show a number that the next save overwrites.
-    session_.Campos().clear();
     original.putBack();
     f_.form.setTag("E");
     screen_.show({.text = "Error en la grabacion del registro:\r\n" + trap.error()->description()});
@@ -149,20 +148,17 @@ void Duplicating::loadCopy(const Original& original) {
 }
 
 void Duplicating::copyProposal(const sql::Recordset& row) {
-    session_.Tabla("DPI");
-    session_.Modo(0);
-    for (std::size_t i = 0; i < row.columns().size(); ++i) {
-        const std::string& column = row.columns()[i].name;
-        if (std::ranges::find(notCopied, runtime::UCase(column)) == notCopied.end()) {
-            addCopied(session_.Campos(), column, row[i]);
+    const auto addFields = [&row](session::FieldList& campos) {
+        for (std::size_t i = 0; i < row.columns().size(); ++i) {
+            const std::string& column = row.columns()[i].name;
+            if (std::ranges::find(notCopied, runtime::UCase(column)) == notCopied.end()) {
+                addCopied(campos, column, row[i]);
+            }
         }
-    }
-    session_.Donde(" ");
-    std::string error;
-    bool correcto = false;
-    session_.Insertar(error, correcto);
-    if (!correcto) {
-        throw runtime::RuntimeError(refusedInsert, error);
+    };
+    const session::RowWrite written = session::tryInsertRow(session_, "DPI", addFields);
+    if (!written.stored) {
+        throw runtime::RuntimeError(refusedInsert, written.error);
     }
 }
 

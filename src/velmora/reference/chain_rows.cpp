@@ -4,9 +4,10 @@
 #include <string>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/platform/session/shown_row.h"
 #include "velmora/platform/sql/in_transaction.h"
-#include "velmora/reference/row_writing.h"
+#include "velmora/reference/refusal.h"
 #include "velmora/reference/value_forms.h"
 
 namespace velmora::reference {
@@ -124,11 +125,9 @@ void ChainRows::save() {
 }
 
 std::optional<std::string> ChainRows::insert() {
-    const FieldsOfOneWrite fields(session_);
     std::string id;
     sql::inTransaction(session_.Connection(), [&] {
-        addFields();
-        insertRow(session_, " ");
+        session::insertRow(session_, "PDM", [this](session::FieldList& campos) { addFields(campos); });
         id = session_.Connection().execute("Select max(PDM_ID) from PDM")[0].toText();
         return true;
     });
@@ -136,30 +135,28 @@ std::optional<std::string> ChainRows::insert() {
 }
 
 std::optional<std::string> ChainRows::update() {
-    const FieldsOfOneWrite fields(session_);
     // Chosen C-163: without a current row the write is refused with the error of a set without a row.
     const std::string id = (*rs_)["PDM_ID"].toText();
     const session::ShownRow shown(*rs_, "Select * from PDM where PDM_ID = " + id);
     // Differs D-166: the row is read again in the transaction of its write: a row that another user has deleted is not
     // written, a changed one only after a confirmation.
-    const Written written = session::writeChecked(session_.Connection(), screen_,
-                                                  {.look = [&] { return shown.state(session_.Connection()); },
-                                                   .write =
-                                                       [&] {
-                                                           addFields();
-                                                           updateRow(session_, " Where PDM_ID = " + id);
-                                                           return true;
-                                                       },
-                                                   .question = changedByAnother});
+    const Written written =
+        session::writeChecked(session_.Connection(), screen_,
+                              {.look = [&] { return shown.state(session_.Connection()); },
+                               .write =
+                                   [&] {
+                                       session::updateRow(session_, "PDM", " Where PDM_ID = " + id,
+                                                          [this](session::FieldList& campos) { addFields(campos); });
+                                       return true;
+                                   },
+                               .question = changedByAnother});
     if (written == Written::closed) {
         refuse(screen_, goneWords);
     }
     return written == Written::yes ? std::optional(id) : std::nullopt;
 }
 
-void ChainRows::addFields() {
-    session_.Tabla("PDM");
-    session::FieldList& campos = session_.Campos();
+void ChainRows::addFields(session::FieldList& campos) const {
     campos.Add("PDM_Tipo", Tipo::number, f_.cboDobles.listIndex());
     campos.Add(
         "PDM_Titulo", Tipo::text,

@@ -28,7 +28,7 @@ class ChainRows {
     void show();
     void shapeGrid();
     void rs_MoveComplete();
-    void addFields();
+    void addFields(session::FieldList& campos) const;
     /// The key of the new row; nullopt when nothing was written and the user has been informed. Errors: of the write.
     std::optional<std::string> insert();
     std::optional<std::string> update();

@@ -2,7 +2,7 @@
 
 #include "velmora/data/chains.h"
 #include "velmora/platform/runtime/numbers.h"
-#include "velmora/reference/row_writing.h"
+#include "velmora/reference/refusal.h"
 #include "velmora/reference/value_forms.h"
 #include "velmora/reference/value_rules.h"
 

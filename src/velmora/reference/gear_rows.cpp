@@ -6,8 +6,9 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/platform/sql/in_transaction.h"
-#include "velmora/reference/row_writing.h"
+#include "velmora/reference/refusal.h"
 #include "velmora/reference/value_forms.h"
 
 namespace velmora::reference {
@@ -106,13 +107,11 @@ bool GearRows::save() {
         return false;
     }
     nIdEngranaje = 0;
-    const FieldsOfOneWrite fields(session_);
     std::int32_t id = 0;
     runtime::ErrorTrap trap;
     trap([&] {
         sql::inTransaction(session_.Connection(), [&] {
-            addFields();
-            insertRow(session_, " ");
+            session::insertRow(session_, "ENG", [this](session::FieldList& campos) { addFields(campos); });
             id = session_.Connection().execute("Select max(ENG_ID) from ENG")[0].toLong();
             return true;
         });
@@ -124,9 +123,7 @@ bool GearRows::save() {
     return !trap.failed();
 }
 
-void GearRows::addFields() {
-    session_.Tabla("ENG");
-    session::FieldList& campos = session_.Campos();
+void GearRows::addFields(session::FieldList& campos) const {
     campos.Add("ENG_Tipo", Tipo::number, f_.cboDobles.listIndex());
     for (const Stored& stored : columnsBeforeC) {
         campos.Add(stored.column, Tipo::number, f_.Text1(stored.field));

@@ -32,7 +32,7 @@ class GearRows {
     bool save();
 
   private:
-    void addFields();
+    void addFields(session::FieldList& campos) const;
     bool isStillTheOne(const session::ShownRow& shown);
 
     GearFields& f_;

@@ -6,8 +6,9 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/session/checked_write.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/platform/sql/in_transaction.h"
-#include "velmora/reference/row_writing.h"
+#include "velmora/reference/refusal.h"
 
 namespace velmora::reference {
 
@@ -69,7 +70,6 @@ void MaterialSaving::save() {
 
 // The list is read before the commit: an error up to then leaves the entry untouched.
 std::optional<sql::Recordset> MaterialSaving::insert() {
-    const FieldsOfOneWrite fields(session_);
     std::optional<sql::Recordset> rows;
     sql::inTransaction(session_.Connection(), [&] {
         write("");
@@ -89,7 +89,6 @@ std::optional<sql::Recordset> MaterialSaving::update() {
     }
     // Differs D-162: the material is read again in the transaction of its write: one that another user has deleted, or
     // that a proposal has come to use, stays as it is; for a changed one the user is asked.
-    const FieldsOfOneWrite fields(session_);
     std::optional<sql::Recordset> rows;
     std::string reason;
     const session::ShownRow shown = list_.currentRow();
@@ -127,18 +126,15 @@ bool MaterialSaving::isInUse(const std::string& id) {
 }
 
 void MaterialSaving::write(const std::string& id) {
-    session_.Tabla("PARDPI");
-    session_.Modo(0);
-    addFields();
+    const auto fields = [this](session::FieldList& campos) { addFields(campos); };
     if (f_.bNuevo) {
-        insertRow(session_, "");
+        session::insertRow(session_, "PARDPI", fields);
     } else {
-        updateRow(session_, " WHERE PARDPI_Id = " + id);
+        session::updateRow(session_, "PARDPI", " WHERE PARDPI_Id = " + id, fields);
     }
 }
 
-void MaterialSaving::addFields() {
-    session::FieldList& campos = session_.Campos();
+void MaterialSaving::addFields(session::FieldList& campos) const {
     const auto flag = [](bool value) { return value ? 1 : 0; };
     const bool rack = f_.Check4.checked();
     campos.Add("PARDPI_NOM", Tipo::text, f_.Text1(materialName));

@@ -33,7 +33,7 @@ class MaterialSaving {
     bool mayDelete(const std::string& number);
     void removeCurrent(const std::string& number);
     void write(const std::string& id);
-    void addFields();
+    void addFields(session::FieldList& campos) const;
     void tellFailure(const runtime::RuntimeError& error);
 
     MaterialFields& f_;

@@ -4,7 +4,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
-#include "velmora/reference/row_writing.h"
+#include "velmora/reference/refusal.h"
 
 namespace velmora::reference {
 

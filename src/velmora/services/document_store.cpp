@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/platform/sql/in_transaction.h"
 #include "velmora/services/document_files.h"
 #include "velmora/services/shell_execute.h"
@@ -62,8 +63,6 @@ bool DocumentStore::msAnadirFichero(const std::string& path, const DocumentOwner
 
 /// The key of the new row; noRow when there is none and the user has been informed.
 std::int32_t DocumentStore::addRow(const std::string& path, const DocumentOwner& owner) {
-    session_.Tabla(sPrefijo_ + "Dex");
-    session_.Modo(0);
     std::int32_t id = noRow;
     bool ownerGone = false;
     // Differs D-182: when the key cannot be read, the transaction is rolled back instead of staying open.
@@ -94,20 +93,18 @@ bool DocumentStore::isGone(const DocumentOwner& owner) {
 }
 
 bool DocumentStore::insertRow(const std::string& path, const DocumentOwner& owner) {
-    session::FieldList& campos = session_.Campos();
-    campos.Add("Dex_Doc", Tipo::expression, "Null");
-    campos.Add("Dex_Fic", Tipo::text, nameOfFile(path));
-    campos.Add("Dex_FicDes", Tipo::text, extensionOfFile(path));
-    campos.Add("Dex_Idexp", Tipo::wholeNumber, owner.nIdExp);
-    campos.Add("Dex_IdAct", Tipo::wholeNumber, int{owner.nIdAct});
-    campos.Add("Dex_IdUsu", Tipo::wholeNumber, session_.IdUsuario());
-    campos.Add("Dex_Estado", Tipo::wholeNumber, 1);
-    campos.Add("Dex_Importe", Tipo::wholeNumber, 0);
-    campos.Add("Dex_Fecha", Tipo::expression, "getdate()");
-    std::string error;
-    bool correcto = false;
-    session_.Insertar(error, correcto);
-    return correcto;
+    const auto addFields = [&](session::FieldList& campos) {
+        campos.Add("Dex_Doc", Tipo::expression, "Null");
+        campos.Add("Dex_Fic", Tipo::text, nameOfFile(path));
+        campos.Add("Dex_FicDes", Tipo::text, extensionOfFile(path));
+        campos.Add("Dex_Idexp", Tipo::wholeNumber, owner.nIdExp);
+        campos.Add("Dex_IdAct", Tipo::wholeNumber, int{owner.nIdAct});
+        campos.Add("Dex_IdUsu", Tipo::wholeNumber, session_.IdUsuario());
+        campos.Add("Dex_Estado", Tipo::wholeNumber, 1);
+        campos.Add("Dex_Importe", Tipo::wholeNumber, 0);
+        campos.Add("Dex_Fecha", Tipo::expression, "getdate()");
+    };
+    return session::tryInsertRow(session_, sPrefijo_ + "Dex", addFields).stored;
 }
 
 bool DocumentStore::SaveFileToDB(const std::string& path, std::int32_t id) {

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "velmora/data/product_types.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/tracking/order_description.h"
 
 namespace velmora::tracking {
@@ -208,11 +209,9 @@ class MaterialRow {
     }
 
     void insert() {
-        std::string sMsg;
-        bool ok = false;
-        session_.Insertar(sMsg, ok);
-        if (!ok) {
-            raise(materialRefused, "Error Añadiendo Material del piñon:\r\n" + sMsg);
+        const session::RowWrite written = session::insertAddedFields(session_);
+        if (!written.stored) {
+            raise(materialRefused, "Error Añadiendo Material del piñon:\r\n" + written.error);
         }
     }
 

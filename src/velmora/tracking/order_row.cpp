@@ -3,6 +3,7 @@
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/tracking/credit_gate.h"
 #include "velmora/tracking/order_description.h"
 
@@ -23,6 +24,12 @@ void requireConnection(session::Session& session) {
     std::string reason;
     if (!session.ComprobarConexion(session.Connection(), reason)) {
         raise(connectionLost, "La conexión con la Base de Datos se perdió");
+    }
+}
+
+void require(const session::RowWrite& write) {
+    if (!write.stored) {
+        raise(writeRefused, write.error);
     }
 }
 
@@ -101,12 +108,7 @@ void insertOrder(session::Session& session, const TrackingFields& fields, const 
     campos.Add("ORDEN_DES", Tipo::text, runtime::Left(sDes, descriptionLength));
 
     requireConnection(session);
-    std::string sMsg;
-    bool ok = false;
-    session.Insertar(sMsg, ok);
-    if (!ok) {
-        raise(writeRefused, sMsg);
-    }
+    require(session::insertAddedFields(session));
 }
 
 void markProposal(session::Session& session, const TrackingFields& fields, const sql::Recordset& proposal,
@@ -121,12 +123,7 @@ void markProposal(session::Session& session, const TrackingFields& fields, const
     campos.Add("DPI_RefCli", Tipo::text, txtPesu(customerReference));
 
     requireConnection(session);
-    std::string sMsg;
-    bool ok = false;
-    session.Actualizar(sMsg, ok);
-    if (!ok) {
-        raise(writeRefused, sMsg);
-    }
+    require(session::updateAddedFields(session));
 }
 
 std::int32_t orderIdOf(sql::Connection& connection, std::int32_t number) {

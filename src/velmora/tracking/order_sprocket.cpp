@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "velmora/data/product_types.h"
+#include "velmora/platform/session/row_writing.h"
 
 namespace velmora::tracking {
 
@@ -51,13 +52,11 @@ void addSprocketData(session::Session& session, const sql::Recordset& proposal, 
     for (const CopiedColumn& each : copiedColumns) {
         campos.Add(each.column, Tipo::number, proposal[each.from]);
     }
-    std::string sMsg;
-    bool ok = false;
-    session.Insertar(sMsg, ok);
-    if (!ok) {
+    const session::RowWrite written = session::insertAddedFields(session);
+    if (!written.stored) {
         // Kept K-147: the text speaks of material, although the row is that of the sprocket. Required as it is; it is
         // the source of the error.
-        raise(sprocketRefused, "Error en la grabacion del registro de material en la orden\r\n" + sMsg);
+        raise(sprocketRefused, "Error en la grabacion del registro de material en la orden\r\n" + written.error);
     }
     // Kept K-148: the new row is assumed to have the highest id; another client may have inserted a row between the two
     // statements. Required as it is; the statements are compared to the letter.

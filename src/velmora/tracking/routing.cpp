@@ -4,6 +4,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/tracking/order_description.h"
 
 namespace velmora::tracking {
@@ -32,10 +33,7 @@ bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrde
     campos.Add("RUT_Maq", Tipo::wholeNumber, maq);
     campos.Add("RUT_Estimado", Tipo::number, estimado);
     campos.Add("RUT_Mpos", Tipo::wholeNumber, queue);
-    std::string error;
-    bool ok = false;
-    session.Insertar(error, ok);
-    return ok;
+    return session::insertAddedFields(session).stored;
 }
 
 void addRoute(session::Session& session, const sql::Recordset& proposal, const WorkOrder& order,
