@@ -1,3 +1,15 @@
+# Whether a header of the room is compiled alone as it is: its source includes it before anything else.
+function(velmora_comes_first header result)
+  set(${result} FALSE PARENT_SCOPE)
+  string(REGEX REPLACE "\\.h$" ".cpp" source "${PROJECT_SOURCE_DIR}/src/${header}")
+  if(NOT VELMORA_PRECOMPILE AND EXISTS "${source}")
+    file(STRINGS "${source}" first LIMIT_COUNT 1 ENCODING UTF-8 REGEX "^[ \t]*#[ \t]*include")
+    if(first STREQUAL "#include \"${header}\"")
+      set(${result} TRUE PARENT_SCOPE)
+    endif()
+  endif()
+endfunction()
+
 # velmora_headers_alone(): compiles every header of every room as a file of its own, with the room's include paths only,
 # so that a header that relies on earlier includes fails.
 function(velmora_headers_alone)
@@ -8,6 +20,10 @@ function(velmora_headers_alone)
     file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/src/velmora/${folder}/*.h")
     set(sources "")
     foreach(header IN LISTS headers)
+      velmora_comes_first("${header}" first)
+      if(first)
+        continue()
+      endif()
       string(MAKE_C_IDENTIFIER "${header}" identifier)
       set(source "${PROJECT_BINARY_DIR}/headers/${room}/${identifier}.cpp")
       file(CONFIGURE OUTPUT "${source}" CONTENT "#include \"@header@\"\n" @ONLY)
