@@ -5,6 +5,7 @@
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/session/row_writing.h"
 #include "velmora/proposal/field_names.h"
 
 namespace velmora::proposal {
@@ -163,18 +164,14 @@ session::RowState Saving::look(bool isNew) {
 }
 
 bool Saving::writeRow(bool isNew, std::string& error) {
-    bool correcto = false;
-    if (isNew) {
-        session_.Donde(" ");
-        session_.Insertar(error, correcto);
-        if (correcto) {
-            newRow_ = readBackNewRow();
-        }
-    } else {
-        session_.Donde(" Where DPI_Id = " + f_.proposal.number());
-        session_.Actualizar(error, correcto);
+    session_.Donde(isNew ? " " : " Where DPI_Id = " + f_.proposal.number());
+    const session::RowWrite written =
+        isNew ? session::insertAddedFields(session_) : session::updateAddedFields(session_);
+    error = written.error;
+    if (written.stored && isNew) {
+        newRow_ = readBackNewRow();
     }
-    return correcto;
+    return written.stored;
 }
 
 Saving::NewRow Saving::readBackNewRow() {
