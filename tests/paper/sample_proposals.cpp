@@ -6,7 +6,7 @@
 
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
-#include "velmora/data/product_numbers.h"
+#include "velmora/data/product_types.h"
 #include "velmora/platform/runtime/numbers.h"
 
 namespace velmora::support {

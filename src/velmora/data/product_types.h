@@ -120,7 +120,7 @@ struct ProductType {
 /// Used for a type outside the list, including -1 (none chosen): drawn as a piece with one hub; no hub is priced.
 inline constexpr ProductType unknownProductType{};
 
-inline constexpr std::array<ProductType, 15> productTypes{{
+inline constexpr auto productTypes = std::to_array<ProductType>({
     {.number = plainSprocket,
      .name = "Piñon Especial",
      .shape = ProductShape::oneRim,
@@ -305,7 +305,7 @@ inline constexpr std::array<ProductType, 15> productTypes{{
      .chainColumns = ChainColumns::chainWithTypedGap,
      .description = OrderDescription::none,
      .materials = OrderMaterials::disc},
-}};
+});
 
 /// The row of a stored type; nullptr outside 0 to 14.
 constexpr const ProductType* findProductType(int type) {
@@ -335,49 +335,5 @@ static_assert(
         return true;
     }(),
     "each row bears the number of its place");
-
-// Groups of types that are treated alike. A type outside the list belongs to none.
-
-/// 4, 5, 6, 7, 12, 14: a chain is chosen, and its values are loaded and saved.
-constexpr bool hasChainList(int type) {
-    return productType(type).chainList;
-}
-/// 4, 5, 6, 7: double and two-chain products.
-constexpr bool isDouble(int type) {
-    return productType(type).shape == ProductShape::twoRims;
-}
-/// 12, 14.
-constexpr bool isTriple(int type) {
-    return productType(type).shape == ProductShape::threeRims;
-}
-/// 8, 9: a module in place of the pitch.
-constexpr bool isGear(int type) {
-    return productType(type).toothing == Toothing::gear;
-}
-/// 10, 11.
-constexpr bool isVariable(int type) {
-    return productType(type).shape == ProductShape::variable;
-}
-/// 13.
-constexpr bool isRack(int type) {
-    return productType(type).shape == ProductShape::rack;
-}
-/// 2, 3, 10, 11: the total width is the rim and two hubs.
-constexpr bool isTwoHubs(int type) {
-    return productType(type).hubs >= Hubs::twoAlike;
-}
-/// 1, 6, 7, 9, 14: a disc without a hub, for which no hub is cut.
-constexpr bool isDiscWithoutHub(int type) {
-    return productType(type).hubs == Hubs::none;
-}
-/// 0, 2, 3, 4, 5, 8, 10, 11, 12.
-constexpr bool hasHub(int type) {
-    return productType(type).hubs >= Hubs::one;
-}
-/// All but 3 and 11.
-constexpr bool hasTeeth(int type) {
-    const ProductType* row = findProductType(type);
-    return row && row->toothing != Toothing::smooth;
-}
 
 }  // namespace velmora::data

@@ -4,7 +4,6 @@
 
 #include <functional>
 
-#include "velmora/data/product_numbers.h"
 #include "velmora/data/product_types.h"
 #include "velmora/estimate/drawings.h"
 #include "velmora/estimate/shown_proposal.h"

@@ -66,11 +66,11 @@ void SprocketGeometry::msRecalcularMedidas() {
     // rule with the current widths.
     f_.Text3(caption::totalWidth).setText("Ancho total " + f_.Text1(measure::totalWidth).text());
     writeHubWidth();
-    rooms_.costing.msCalcularGrueso();
+    peers_.costing.msCalcularGrueso();
     writeRimCaption();
     writeHubWidth();
-    rooms_.costing.msCalcularDisco();
-    rooms_.costing.msCalcularCubo();
+    peers_.costing.msCalcularDisco();
+    peers_.costing.msCalcularCubo();
     // The calls above may have changed the fields: captions and hub width are written from the current values.
     writeRimCaption();
     writeHubWidth();
@@ -78,9 +78,9 @@ void SprocketGeometry::msRecalcularMedidas() {
 
 void SprocketGeometry::writeHubAndTotalWidth() {
     double dp = number(f_.Text1(measure::pitchDiameter));
-    put(f_.Text1(measure::hubDiameter), rooms_.constants.FnDmCubo(dp));
+    put(f_.Text1(measure::hubDiameter), peers_.constants.FnDmCubo(dp));
     dp = number(f_.Text1(measure::pitchDiameter));
-    put(f_.Text1(measure::totalWidth), rooms_.constants.FnAnchoTotal(dp));
+    put(f_.Text1(measure::totalWidth), peers_.constants.FnAnchoTotal(dp));
 }
 
 void SprocketGeometry::writeRimCaption() {
@@ -104,7 +104,7 @@ void SprocketGeometry::Text1_LostFocus(int Index) {
     if (type.chainList) {
         leaveWithChainList(Index);
     } else if (type.shape == data::ProductShape::rack) {
-        rooms_.rack.Text1_LostFocus(Index);
+        peers_.rack.Text1_LostFocus(Index);
     } else if (type.toothing != data::Toothing::gear) {
         leavePlain(Index);
     }
@@ -126,13 +126,13 @@ void SprocketGeometry::leavePlain(int Index) {
             leaveRoller();
             break;
         case rim:
-            rooms_.costing.msCalcularDisco();
-            rooms_.costing.msCalcularCubo();
+            peers_.costing.msCalcularDisco();
+            peers_.costing.msCalcularCubo();
             writeTotalWidth(Index);
             break;
         case hubWidth:
-            rooms_.costing.msCalcularDisco();
-            rooms_.costing.msCalcularCubo();
+            peers_.costing.msCalcularDisco();
+            peers_.costing.msCalcularCubo();
             tail(writeTotalWidth(Index));
             break;
         case secondHubWidth:
@@ -143,7 +143,7 @@ void SprocketGeometry::leavePlain(int Index) {
         default:
             break;
     }
-    rooms_.totals.msMostrarFormula();
+    peers_.totals.msMostrarFormula();
 }
 
 void SprocketGeometry::leaveTeeth() {
@@ -161,9 +161,9 @@ void SprocketGeometry::leaveRoller() {
         return;
     }
     if (number(f_.Text1(measure::exterior)) > onePieceLimit) {
-        rooms_.materials.msCargarMaterialesConCubo();
+        peers_.materials.msCargarMaterialesConCubo();
     } else {
-        rooms_.materials.msCargarMaterialesSinCubo();
+        peers_.materials.msCargarMaterialesSinCubo();
     }
 }
 
@@ -196,7 +196,7 @@ double SprocketGeometry::writeTotalWidth(int Index) {
 
 void SprocketGeometry::tail(double total) {
     if (f_.secondHubIsKnown()) {
-        rooms_.doubles.msCalcularDobleVariable();
+        peers_.doubles.msCalcularDobleVariable();
     } else if (number(f_.Text1(measure::exterior)) <= onePieceLimit) {
         f_.Text4(cut::discWidth).setText(Format(total + 3, "0.00"));
     }
@@ -206,12 +206,12 @@ void SprocketGeometry::leaveWithChainList(int Index) {
     f_.Label1(label::firstRim).setVisible(true);
     f_.Text1(measure::firstRim).setVisible(true);
     f_.fraPDM.setVisible(true);
-    if (!rooms_.doubles.Text1_LostFocus(Index)) {
+    if (!peers_.doubles.Text1_LostFocus(Index)) {
         return;
     }
     if (Index != bore) {
-        rooms_.costing.msCalcularDisco();
-        rooms_.costing.msCalcularCubo();
+        peers_.costing.msCalcularDisco();
+        peers_.costing.msCalcularCubo();
     }
 }
 
@@ -225,12 +225,12 @@ void SprocketGeometry::Text1_Change(int Index) {
             }
             f_.Text3(follows.caption).setText(follows.prefix + value);
             if (Index == 15) {
-                rooms_.costing.msMostrarProcesoCubo();
+                peers_.costing.msMostrarProcesoCubo();
             }
-            rooms_.doubles.msCalcularDobleVariable();
+            peers_.doubles.msCalcularDobleVariable();
         }
     }
-    rooms_.doubles.variableMeasureChanged(Index);
+    peers_.doubles.variableMeasureChanged(Index);
     f_.invalidateSketches();
 }
 
@@ -243,7 +243,7 @@ void SprocketGeometry::Text3_Change(int Index) {
     if (Index == 3) {
         f_.Text3(caption::hubWidthCopy).setText(f_.Text3(caption::hubWidth).text());
     } else if (Index == 4) {
-        rooms_.costing.msCalcularGrueso();
+        peers_.costing.msCalcularGrueso();
     }
 }
 

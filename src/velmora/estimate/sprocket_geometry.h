@@ -15,7 +15,7 @@ namespace velmora::estimate {
 
 class SprocketGeometry {
   public:
-    struct Rooms {
+    struct Collaborators {
         DimensionConstants& constants;
         DiscAndHubCosting& costing;
         MaterialLists& materials;
@@ -24,8 +24,8 @@ class SprocketGeometry {
         Totals& totals;
     };
 
-    SprocketGeometry(FieldMap& fields, Rooms rooms, screen::Screen& screen, session::KestraUtil& util)
-        : f_(fields), rooms_(rooms), screen_(screen), oUtil_(util) {}
+    SprocketGeometry(FieldMap& fields, Collaborators peers, screen::Screen& screen, session::KestraUtil& util)
+        : f_(fields), peers_(peers), screen_(screen), oUtil_(util) {}
 
     /// Refreshes the list of similar proposals: runs after the roller's field was left, for every type.
     std::function<void()> onToothingEntered;
@@ -51,7 +51,7 @@ class SprocketGeometry {
     void writeHubWidth();
 
     FieldMap& f_;
-    Rooms rooms_;
+    Collaborators peers_;
     screen::Screen& screen_;
     session::KestraUtil& oUtil_;
 };

@@ -26,7 +26,7 @@ void Deleting::msEliminar() {
     if (written == session::Written::closed) {
         refuse();
     } else if (written == session::Written::yes) {
-        rooms_.stored.remember({});
+        peers_.stored.remember({});
         startAnew();
     }
 }
@@ -37,7 +37,7 @@ session::Written Deleting::remove(const std::string& number) {
     const screen::Disabled disabled(f_.form);
     return session::writeChecked(
         session_.Connection(), screen_,
-        {.look = [&] { return rooms_.stored.look(number, rooms_.stored.ownColumns()); },
+        {.look = [&] { return peers_.stored.look(number, peers_.stored.ownColumns()); },
          .write =
              [&] {
                  // Kept K-112: the labour lines stay in their table. Required as it is; numbers are never used again,
@@ -50,7 +50,7 @@ session::Written Deleting::remove(const std::string& number) {
 }
 
 void Deleting::refuse() {
-    const labour::ProposalStanding& standing = rooms_.stored.standing();
+    const labour::ProposalStanding& standing = peers_.stored.standing();
     if (standing.state == labour::ProposalStanding::accepted) {
         tellAccepted();
     } else {
@@ -65,11 +65,11 @@ void Deleting::tellAccepted() {
 // Differs D-064: the list of chains is enabled again, which read-only display had disabled.
 void Deleting::startAnew() {
     msLimpiarCampos();
-    rooms_.materials.cboMatDisco_Click();
-    rooms_.materials.cboMatCubo_Click();
-    rooms_.history.msHistorico(false);
-    rooms_.buttons.cmdCambios_Click();
-    rooms_.newProposal.begin();
+    peers_.materials.cboMatDisco_Click();
+    peers_.materials.cboMatCubo_Click();
+    peers_.history.msHistorico(false);
+    peers_.buttons.cmdCambios_Click();
+    peers_.newProposal.begin();
     f_.cboDobles.setEnabled(true);
     f_.cboTipoPre.setEnabled(true);
     f_.cboTipoPre.setFocus();

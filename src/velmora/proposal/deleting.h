@@ -15,7 +15,7 @@ namespace velmora::proposal {
 
 class Deleting {
   public:
-    struct Rooms {
+    struct Collaborators {
         estimate::MaterialLists& materials;
         History& history;
         Buttons& buttons;
@@ -23,8 +23,8 @@ class Deleting {
         StoredProposal& stored;
     };
 
-    Deleting(estimate::FieldMap& fields, Rooms rooms, session::Session& session, screen::Screen& screen)
-        : f_(fields), rooms_(rooms), session_(session), screen_(screen) {}
+    Deleting(estimate::FieldMap& fields, Collaborators peers, session::Session& session, screen::Screen& screen)
+        : f_(fields), peers_(peers), session_(session), screen_(screen) {}
 
     /// Clears the fields to an empty proposal; set by the form.
     std::function<void()> msLimpiarCampos;
@@ -44,7 +44,7 @@ class Deleting {
     void startAnew();
 
     estimate::FieldMap& f_;
-    Rooms rooms_;
+    Collaborators peers_;
     session::Session& session_;
     screen::Screen& screen_;
     bool heldBack_ = false;

@@ -12,7 +12,7 @@ constexpr int orderColumn = 3;
 }  // namespace
 
 void HistoryGrid::dbgDPI_ButtonClick(int column) {
-    const sql::Recordset& rows = rooms_.history.rsDpi();
+    const sql::Recordset& rows = peers_.history.rsDpi();
     if (!rows.isOpen() || !rows.hasRows()) {
         return;
     }
@@ -24,18 +24,18 @@ void HistoryGrid::dbgDPI_ButtonClick(int column) {
 }
 
 void HistoryGrid::openProposal() {
-    const sql::Value id = rooms_.history.rsDpi()["dpi_id"];
+    const sql::Value id = peers_.history.rsDpi()["dpi_id"];
     const screen::Answer answer =
         desk_.screen.show({.text = "Realmente desea cargar los datos del presupuesto nº " + id.toText(),
                            .icon = screen::Icon::exclamation,
                            .buttons = screen::Buttons::yesNo});
-    if (answer == screen::Answer::yes && rooms_.loading.msCargarPresupuesto(id.toLong(), false)) {
+    if (answer == screen::Answer::yes && peers_.loading.msCargarPresupuesto(id.toLong(), false)) {
         f_.cboFiltroHistorico.setFocus();
     }
 }
 
 void HistoryGrid::openOrder() {
-    showWorkOrder(rooms_.history.rsDpi()["DPI_Orden"], session_, desk_);
+    showWorkOrder(peers_.history.rsDpi()["DPI_Orden"], session_, desk_);
 }
 
 }  // namespace velmora::proposal

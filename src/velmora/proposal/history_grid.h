@@ -10,13 +10,13 @@ namespace velmora::proposal {
 
 class HistoryGrid {
   public:
-    struct Rooms {
+    struct Collaborators {
         History& history;
         Loading& loading;
     };
 
-    HistoryGrid(estimate::FieldMap& fields, Rooms rooms, session::Session& session, platform::Desk& desk)
-        : f_(fields), rooms_(rooms), session_(session), desk_(desk) {}
+    HistoryGrid(estimate::FieldMap& fields, Collaborators peers, session::Session& session, platform::Desk& desk)
+        : f_(fields), peers_(peers), session_(session), desk_(desk) {}
 
     /// The button of the number asks and loads the proposal read-only; that of the order passes its number to the
     /// host's order component. Errors: 429 when that component is missing; its own; the database's.
@@ -27,7 +27,7 @@ class HistoryGrid {
     void openOrder();
 
     estimate::FieldMap& f_;
-    Rooms rooms_;
+    Collaborators peers_;
     session::Session& session_;
     platform::Desk& desk_;
 };

@@ -10,17 +10,17 @@ void LabourStep::cmdManoObra_Click() {
     const bool saved = keepLines();
     // Differs D-102: a proposal that was accepted or deleted meanwhile gets no sum: a message is shown, and the form
     // keeps what was typed.
-    if (saved && wasPending && !rooms_.saving.mayBeWritten()) {
+    if (saved && wasPending && !peers_.saving.mayBeWritten()) {
         return;
     }
     // Kept K-106: this loads the saved proposal again, which discards what was typed since the last save.
-    rooms_.buttons.cmdCambios_Click();
+    peers_.buttons.cmdCambios_Click();
     // Chosen C-102: after a refused save the rest is skipped, so that the refusal is shown once.
     if (!saved || f_.proposal.isNew()) {
         return;
     }
     const bool acceptedOnTheWay = wasPending && f_.proposal.isAccepted();
-    if (!acceptedOnTheWay || rooms_.saving.mayBeWritten()) {
+    if (!acceptedOnTheWay || peers_.saving.mayBeWritten()) {
         takeOverSum();
     }
 }
@@ -35,7 +35,7 @@ bool LabourStep::keepLines() {
         }
         form.bModificable = false;
     }
-    if (f_.proposal.isNew() && !rooms_.saving.msGrabar(true)) {
+    if (f_.proposal.isNew() && !peers_.saving.msGrabar(true)) {
         return false;
     }
     form.nIdDpi = f_.proposal.key();
@@ -52,13 +52,13 @@ void LabourStep::takeOverSum() {
     // form differs from that of any other entry. Required as it is; it determines stored prices.
     for (const int field :
          {money::labour, money::material, money::subcontracted, money::sundries, money::sawCharge, money::piece}) {
-        rooms_.totals.msRecalcularImportes(field);
+        peers_.totals.msRecalcularImportes(field);
     }
-    rooms_.saving.msGrabar(true);
-    if (rooms_.saving.wasHeldBack()) {
+    peers_.saving.msGrabar(true);
+    if (peers_.saving.wasHeldBack()) {
         return;
     }
-    rooms_.buttons.cmdCambios_Click();
+    peers_.buttons.cmdCambios_Click();
     if (f_.txtPesu(money::subcontracted).isEnabled()) {
         f_.txtPesu(money::subcontracted).setFocus();
     }

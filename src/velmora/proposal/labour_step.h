@@ -12,14 +12,14 @@ namespace velmora::proposal {
 
 class LabourStep {
   public:
-    struct Rooms {
+    struct Collaborators {
         estimate::Totals& totals;
         Saving& saving;
         Buttons& buttons;
     };
 
-    LabourStep(estimate::FieldMap& fields, Rooms rooms, session::Session& session, platform::Desk& desk)
-        : f_(fields), rooms_(rooms), session_(session), desk_(desk) {}
+    LabourStep(estimate::FieldMap& fields, Collaborators peers, session::Session& session, platform::Desk& desk)
+        : f_(fields), peers_(peers), session_(session), desk_(desk) {}
 
     /// Returns when the labour form is closed. Errors: the database's.
     void cmdManoObra_Click();
@@ -29,7 +29,7 @@ class LabourStep {
     void takeOverSum();
 
     estimate::FieldMap& f_;
-    Rooms rooms_;
+    Collaborators peers_;
     session::Session& session_;
     platform::Desk& desk_;
 };

@@ -62,7 +62,7 @@ bool Loading::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
         }
         finish();
         if (!row.eof()) {
-            rooms_.stored.remember(row);
+            peers_.stored.remember(row);
         }
         return true;
     } catch (...) {
@@ -102,17 +102,17 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     if (product.chainList) {
         const sql::Value& chain = row[columnOf(&FieldMap::cboDobles)];
         f_.cboDobles.setListIndex(chain.isNull() ? 0 : chain.toLong());
-        rooms_.geometry.Text1_LostFocus(measure::teeth);
+        peers_.geometry.Text1_LostFocus(measure::teeth);
     }
     putMeasures(row);
     if (product.chainList && !(product.shape == data::ProductShape::twoRims && !product.hasHub())) {
-        rooms_.geometry.Text1_LostFocus(measure::hubWidth);
+        peers_.geometry.Text1_LostFocus(measure::hubWidth);
     }
     put(row, measure::keyway);
     put(row, measure::setScrews);
     putCuts(row);
     putAmounts(row);
-    rooms_.presentation.msPresentarEngranaje();
+    peers_.presentation.msPresentarEngranaje();
     if (!putByType(row)) {
         return false;
     }
@@ -122,7 +122,7 @@ bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     setButtons();
     letStoredWidthsStand(row);
     f_.Text3(caption::totalOfTwoHubs).setText(f_.Text1(measure::totalWidth).text());
-    rooms_.history.msHistorico(false);
+    peers_.history.msHistorico(false);
     f_.form.setEnabled(false);
     putAgain(row);
     showWhatFollows();
@@ -171,18 +171,18 @@ void Loading::closeForEditing() {
 
 bool Loading::chooseMaterials(const sql::Recordset& row) {
     if (f_.product().shape == data::ProductShape::rack) {
-        rooms_.materials.msCargarMaterialesCre();
+        peers_.materials.msCargarMaterialesCre();
         return choose(row, &FieldMap::cboMatCre) ||
                refuse("Error, no se encuentra el indice del material para la cremallera");
     }
     if (isOnePiece(row)) {
-        rooms_.materials.msCargarMaterialesSinCubo();
+        peers_.materials.msCargarMaterialesSinCubo();
     } else {
-        rooms_.materials.msCargarMaterialesConCubo();
+        peers_.materials.msCargarMaterialesConCubo();
     }
     bool found = choose(row, &FieldMap::cboMatDisco);
     if (!found && isOnePiece(row)) {
-        rooms_.materials.msCargarMaterialesConCubo();
+        peers_.materials.msCargarMaterialesConCubo();
         found = choose(row, &FieldMap::cboMatDisco);
     }
     if (!found) {
@@ -275,13 +275,13 @@ bool Loading::putByType(const sql::Recordset& row) {
             put(row, measure::rim);
             put(row, measure::hubWidth);
         }
-        rooms_.geometry.Text1_LostFocus(measure::gap);
+        peers_.geometry.Text1_LostFocus(measure::gap);
     } else if (type.secondHubLoaded) {
         // Kept K-017: only the sprocket's second hub is loaded; the pulley's fields stay as they were and count as
         // unknown until the user changes one of them.
         put(row, measure::secondHubDiameter);
         put(row, measure::secondHubWidth);
-        rooms_.geometry.Text1_LostFocus(measure::gap);
+        peers_.geometry.Text1_LostFocus(measure::gap);
     } else if (type.shape == data::ProductShape::rack) {
         putRack(row);
     }
@@ -292,22 +292,22 @@ void Loading::putRack(const sql::Recordset& row) {
     put(row, measure::rackModule);
     put(row, measure::rackPitch);
     put(row, measure::rackToothHeight);
-    rooms_.geometry.Text1_LostFocus(measure::rackModule);
+    peers_.geometry.Text1_LostFocus(measure::rackModule);
     // Differs D-007: pitch and tooth height stand as stored, where leaving the module works them out from it.
     putMasked(row, measure::rackPitch, "#,##0.00");
     putMasked(row, measure::rackToothHeight, "#,##0.00");
     for (const measure::Index field : {measure::rackHeight, measure::rackLength, measure::rackWidth}) {
         put(row, field);
-        rooms_.geometry.Text1_LostFocus(field);
+        peers_.geometry.Text1_LostFocus(field);
     }
     put(row, cut::barLength);
     put(row, cut::barWidth);
     put(row, cut::barThickness);
     put(row, cut::barWeight);
     put(row, money::barPrice);
-    rooms_.totals.txtPesu_LostFocus(money::barPrice);
+    peers_.totals.txtPesu_LostFocus(money::barPrice);
     put(row, money::barAmount);
-    rooms_.totals.txtPesu_LostFocus(money::barAmount);
+    peers_.totals.txtPesu_LostFocus(money::barAmount);
     putRackCut(row);
 }
 
@@ -329,15 +329,15 @@ void Loading::letStoredWidthsStand(const sql::Recordset& row) {
     for (const measure::Index field : {measure::rim, measure::hubWidth, measure::hubDiameter, measure::totalWidth}) {
         put(row, field);
     }
-    rooms_.doubles.repeatOnMultipleSketches();
+    peers_.doubles.repeatOnMultipleSketches();
 }
 
 /// The figures that follow others, once these stand: those of the variable sketch, and the approximate weight.
 void Loading::showWhatFollows() {
-    rooms_.doubles.repeatOnVariableSketch();
+    peers_.doubles.repeatOnVariableSketch();
     // Differs D-013: the weight and the words of another piece do not stay; types 0 and 10 have told their own.
     if (f_.type() != data::plainSprocket && f_.type() != data::variableSprocket) {
-        rooms_.totals.clearFormula();
+        peers_.totals.clearFormula();
     }
 }
 
@@ -366,7 +366,7 @@ void Loading::putAgain(const sql::Recordset& row) {
 
 void Loading::finish() {
     if (f_.type() == data::plainSprocket) {
-        rooms_.totals.msMostrarFormula();
+        peers_.totals.msMostrarFormula();
     }
     f_.bCargandoPropuesta = false;
     // Kept K-061: a complete load has disabled the form, so that the remarks do not take the focus; if it were enabled,

@@ -18,7 +18,7 @@ class FormMemory;
 
 class Loading {
   public:
-    struct Rooms {
+    struct Collaborators {
         estimate::MaterialLists& materials;
         estimate::Presentation& presentation;
         estimate::SprocketGeometry& geometry;
@@ -28,9 +28,9 @@ class Loading {
         StoredProposal& stored;
     };
 
-    Loading(estimate::FieldMap& fields, FormControls& controls, Rooms rooms, session::Session& session,
+    Loading(estimate::FieldMap& fields, FormControls& controls, Collaborators peers, session::Session& session,
             screen::Screen& screen)
-        : f_(fields), controls_(controls), rooms_(rooms), session_(session), screen_(screen) {}
+        : f_(fields), controls_(controls), peers_(peers), session_(session), screen_(screen) {}
 
     /// Puts the proposal on the form, open for editing or read-only. True when it ran to its end, also for a number
     /// that no row has; false when a material is not in its list (a message told so), or a multiple product has no
@@ -65,7 +65,7 @@ class Loading {
 
     estimate::FieldMap& f_;
     FormControls& controls_;
-    Rooms rooms_;
+    Collaborators peers_;
     session::Session& session_;
     screen::Screen& screen_;
     std::string refusal_;  ///< the words of a load that a material ends; empty otherwise

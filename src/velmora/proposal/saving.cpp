@@ -78,11 +78,11 @@ void Saving::reload() {
     const std::string number = f_.proposal.number();
     const auto rememberRow = [&] {
         runtime::ErrorTrap trap;
-        trap([&] { rooms_.stored.remember(rooms_.stored.read(number)); });
+        trap([&] { peers_.stored.remember(peers_.stored.read(number)); });
     };
-    rooms_.stored.remember({});
+    peers_.stored.remember({});
     try {
-        if (!rooms_.loading.msCargarPresupuesto(f_.proposal.key(), true)) {
+        if (!peers_.loading.msCargarPresupuesto(f_.proposal.key(), true)) {
             rememberRow();
         }
     } catch (...) {
@@ -108,7 +108,7 @@ bool Saving::isComplete() {
 }
 
 bool Saving::mayBeWritten() {
-    const labour::ProposalStanding& standing = rooms_.stored.readStanding(f_.proposal.number());
+    const labour::ProposalStanding& standing = peers_.stored.readStanding(f_.proposal.number());
     if (standing.state == labour::ProposalStanding::pending) {
         return true;
     }
@@ -141,7 +141,7 @@ session::Written Saving::write(bool isNew, std::string& error) {
     heldBack_ = written == session::Written::closed || written == session::Written::declined;
     if (written == session::Written::closed) {
         // Chosen C-065: the words of a refused update, and as its reason those of a second acceptance.
-        error = rooms_.stored.standing().words();
+        error = peers_.stored.standing().words();
     } else if (written == session::Written::yes && newRow_) {
         put(*newRow_);
     }
@@ -160,7 +160,7 @@ session::RowState Saving::look(bool isNew) {
     for (const session::Field& field : campos.fields()) {
         columns.push_back(field.nombre);
     }
-    return rooms_.stored.look(f_.proposal.number(), columns);
+    return peers_.stored.look(f_.proposal.number(), columns);
 }
 
 bool Saving::writeRow(bool isNew, std::string& error) {

@@ -13,13 +13,13 @@ namespace velmora::proposal {
 
 class Saving {
   public:
-    struct Rooms {
+    struct Collaborators {
         Loading& loading;
         StoredProposal& stored;
     };
 
-    Saving(estimate::FieldMap& fields, Rooms rooms, session::Session& session, screen::Screen& screen)
-        : f_(fields), rooms_(rooms), session_(session), screen_(screen) {}
+    Saving(estimate::FieldMap& fields, Collaborators peers, session::Session& session, screen::Screen& screen)
+        : f_(fields), peers_(peers), session_(session), screen_(screen) {}
 
     /// Stores the proposal: a new row when txtPesu(3) holds no number. True when it was stored. Tells the user of
     /// what is missing, of a refusal, and, unless bSilencio, of success. A stored row is looked at first: one that
@@ -53,7 +53,7 @@ class Saving {
     void refuse(bool isNew, const std::string& error);
 
     estimate::FieldMap& f_;
-    Rooms rooms_;
+    Collaborators peers_;
     session::Session& session_;
     screen::Screen& screen_;
     std::optional<NewRow> newRow_;  ///< of the write that runs; put on the form once it is there for good
