@@ -147,7 +147,7 @@ void addTime(Took& took, const Work& work) {
 
 void ExportOfALongList(benchmark::State& state) {
     const auto rows = static_cast<std::size_t>(state.range(0));
-    const TemporaryFolder folder;
+    const support::TemporaryFolder folder;
     const std::string ours = folder.file("ours.xlsx");
     const std::string bare = folder.file("bare.xlsx");
     const std::string scratch = folder.file("");

@@ -8,6 +8,8 @@
 
 #include "velmora/platform/desk.h"
 
+#include "support/no_services.h"
+
 namespace velmora::bench {
 
 /// Answers every question with yes. A critical message ends the benchmark, because a refused operation would be a fast
@@ -26,13 +28,6 @@ class QuietScreen final : public screen::Screen {
     void processEvents() override {}
 };
 
-class QuietServices final : public system::Services {
-  public:
-    std::string temporaryFolder() const override { return {}; }
-    std::optional<std::string> openFileDialog(const system::OpenFileRequest&) override { return std::nullopt; }
-    int openWithAssociatedProgram(std::string_view) override { return 0; }
-};
-
 class QuietDesk {
   public:
     platform::Desk& desk() { return desk_; }
@@ -40,7 +35,7 @@ class QuietDesk {
   private:
     QuietScreen screen_;
     components::ComponentFactory components_;
-    QuietServices services_;
+    support::NoServices services_;
     system::SystemClock clock_;
     platform::Desk desk_{screen_, components_, services_, clock_};
 };

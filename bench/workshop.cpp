@@ -1,10 +1,7 @@
 #include "workshop.h"
 
 #include <chrono>
-#include <filesystem>
 #include <stdexcept>
-
-#include <unistd.h>
 
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/connection.h"
@@ -20,16 +17,6 @@ double seconds(Clock::duration duration) {
 }
 
 }  // namespace
-
-TemporaryFolder::TemporaryFolder()
-    : path_((std::filesystem::temp_directory_path() / ("velmora_bench_" + std::to_string(::getpid()))).string()) {
-    std::filesystem::create_directories(path_);
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
 
 Workshop::Workshop(const std::function<void(sql::Connection&)>& furnish) {
     data::createDatabase(*connection_);

@@ -14,22 +14,9 @@
 
 #include "quiet_desk.h"
 #include "statement_recorder.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::bench {
-
-/// A folder that is removed with its owner.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::string file(const char* name) const { return path_ + "/" + name; }
-
-  private:
-    std::string path_;
-};
 
 /// The demonstration workshop; `furnish` adds to its rows before the form opens.
 class Workshop {
@@ -46,7 +33,7 @@ class Workshop {
     std::int32_t openProposal();
 
   private:
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     StatementRecorder recorder_;
     std::unique_ptr<sql::Connection> connection_ = sqlite::openDatabase(databaseFile());
     adapters::StandInSession session_{*connection_};

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "bench.h"
+#include "labour_form.h"
 
 namespace velmora::labour {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <gmock/gmock.h>
 
-#include "bench.h"
+#include "labour_form.h"
 
 namespace velmora::labour {
 namespace {
@@ -199,16 +199,14 @@ TEST_F(LineWritingTest, WhatTheDatabaseRefusesLeavesNoTransactionOpen) {
 }
 
 TEST(LineWritingBrokenTest, WhatIsNoRunTimeErrorIsRolledBackToo) {
-    auto connection = std::make_unique<support::BrokenConnection>(support::makeWorkshopDatabase());
-    support::BrokenConnection& database = *connection;
-    support::ProposalWorkshop shop(std::move(connection));
-    database.execute("INSERT INTO DPI (DPI_Tipo) VALUES (0)");
+    support::ProposalWorkshop shop;
+    shop.database->execute("INSERT INTO DPI (DPI_Tipo) VALUES (0)");
     LineWriting writing(shop.session, shop.screen);
     EXPECT_THROW(writing.run({.nIdDpi = 1, .question = ""}, [] { throw std::runtime_error("broken"); }),
                  std::runtime_error);
-    database.broken = "Select DPI_FAcepta";
+    shop.faults.breakOn("Select DPI_FAcepta");
     EXPECT_THROW(writing.run({.nIdDpi = 1, .question = ""}, [] {}), std::runtime_error);
-    EXPECT_NO_THROW(database.beginTrans()) << "no transaction was left behind";
+    EXPECT_NO_THROW(shop.database->beginTrans()) << "no transaction was left behind";
 }
 
 }  // namespace

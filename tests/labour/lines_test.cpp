@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "bench.h"
+#include "labour_form.h"
 #include "support/scripted_connection.h"
 
 namespace velmora::labour {

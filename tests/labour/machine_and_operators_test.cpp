@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "bench.h"
+#include "labour_form.h"
 
 namespace velmora::labour {
 namespace {

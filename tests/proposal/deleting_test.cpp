@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "labour/staff.h"
 #include "support/proposal_workshop.h"
+#include "support/staff.h"
 
 namespace velmora::proposal {
 namespace {
@@ -250,16 +250,14 @@ TEST_F(DeletingMeanwhileTest, TheButtonLeavesTheFormOpenWithWhatWasTyped) {
 }
 
 TEST(DeletingBrokenTest, WhatIsNoRunTimeErrorIsRolledBackToo) {
-    auto connection = std::make_unique<support::BrokenConnection>(support::makeWorkshopDatabase());
-    support::BrokenConnection& database = *connection;
-    support::ProposalWorkshop shop(std::move(connection));
+    support::ProposalWorkshop shop;
     shop.saveNewProposal();
-    database.broken = "delete from dpi";
+    shop.faults.breakOn("delete from dpi");
     shop.screen.queue(screen::Answer::yes);
     EXPECT_THROW(shop.key(screen::Key::f9), std::runtime_error);
     EXPECT_TRUE(shop.form().enabled());
     EXPECT_EQ(shop.text("txtPesu(3)"), "1");
-    EXPECT_NO_THROW(database.beginTrans()) << "no transaction was left behind";
+    EXPECT_NO_THROW(shop.database->beginTrans()) << "no transaction was left behind";
 }
 
 /// Every control that is not enabled, by its name.

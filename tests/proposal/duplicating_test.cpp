@@ -2,8 +2,8 @@
 
 #include "velmora/platform/runtime/text.h"
 
-#include "labour/staff.h"
 #include "support/proposal_workshop.h"
+#include "support/staff.h"
 
 namespace velmora::proposal {
 namespace {
@@ -272,20 +272,18 @@ TEST_F(DuplicatingTest, ACopyThatDoesNotLoadLeavesTheOriginalOnTheForm) {
 
 TEST(DuplicatingBrokenTest, WhatIsNoRunTimeErrorIsRolledBackToo) {
     for (const char* broken : {"INSERT INTO DPI", "SELECT DPI_Fecha", "FROM moDPI"}) {
-        auto connection = std::make_unique<support::BrokenConnection>(support::makeWorkshopDatabase());
-        support::BrokenConnection& database = *connection;
-        support::ProposalWorkshop shop(std::move(connection));
+        support::ProposalWorkshop shop;
         shop.saveNewProposal();
         const auto fields = shop.texts();
-        database.broken = broken;
+        shop.faults.breakOn(broken);
         shop.screen.queue(screen::Answer::yes);
         EXPECT_THROW(shop.key(screen::Key::f6), std::runtime_error);
-        database.broken.clear();
+        shop.faults.restore();
         EXPECT_EQ(shop.texts(), fields);
         EXPECT_FALSE(shop.fields().bCargandoPropuesta);
         EXPECT_TRUE(shop.session.Campos().fields().empty());
         EXPECT_EQ(shop.query("select count(*) from DPI"), "1");
-        EXPECT_NO_THROW(database.beginTrans()) << "no transaction was left behind";
+        EXPECT_NO_THROW(shop.database->beginTrans()) << "no transaction was left behind";
     }
 }
 

@@ -3,8 +3,8 @@
 #include "velmora/labour/frm_mano_obra.h"
 #include "velmora/platform/runtime/numbers.h"
 
-#include "labour/staff.h"
 #include "support/proposal_workshop.h"
+#include "support/staff.h"
 
 namespace velmora::proposal {
 namespace {

@@ -286,11 +286,9 @@ TEST_F(StoredProposalTest, AnOrderThatStaysUnmarkedHindersOneSaveForThreeSeconds
 
 TEST(SaveBrokenTest, WhatIsNoRunTimeErrorIsRolledBackToo) {
     for (const char* broken : {"Select * from DPI", "UPDATE DPI"}) {
-        auto connection = std::make_unique<support::BrokenConnection>(support::makeWorkshopDatabase());
-        support::BrokenConnection& database = *connection;
-        ProposalWorkshop shop(std::move(connection));
+        ProposalWorkshop shop;
         shop.saveNewProposal();
-        database.broken = broken;
+        shop.faults.breakOn(broken);
         const auto typed = shop.texts();
         EXPECT_THROW(shop.key(Key::f5), std::runtime_error);
         EXPECT_EQ(shop.texts(), typed);
@@ -298,7 +296,7 @@ TEST(SaveBrokenTest, WhatIsNoRunTimeErrorIsRolledBackToo) {
         const auto& f = shop.fields();
         EXPECT_FALSE(f.bCargandoPropuesta || f.bCargandoDisco || f.bCargandoCubo);
         EXPECT_TRUE(shop.session.Campos().fields().empty());
-        EXPECT_NO_THROW(database.beginTrans()) << "no transaction was left behind";
+        EXPECT_NO_THROW(shop.database->beginTrans()) << "no transaction was left behind";
     }
 }
 

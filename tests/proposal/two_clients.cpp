@@ -21,7 +21,9 @@
 #include "velmora/proposal/frm_bercial_pinones.h"
 #include "velmora/tracking/frm_seguimiento.h"
 
+#include "support/no_services.h"
 #include "support/proposal_workshop.h"
+#include "support/temporary_folder.h"
 #include "support/two_processes.h"
 
 namespace velmora::proposal {
@@ -60,13 +62,6 @@ class YesScreen final : public screen::Screen {
     void processEvents() override {}
 };
 
-class NoServices final : public system::Services {
-  public:
-    std::string temporaryFolder() const override { return {}; }
-    std::optional<std::string> openFileDialog(const system::OpenFileRequest&) override { return {}; }
-    int openWithAssociatedProgram(std::string_view) override { return 0; }
-};
-
 /// A client of the database file: what a running program holds.
 class Client {
   public:
@@ -92,7 +87,7 @@ class Client {
     adapters::StandInSession session;
     YesScreen screen;
     components::ComponentFactory components;
-    NoServices services;
+    support::NoServices services;
     system::SystemClock clock;
     platform::Desk desk{screen, components, services, clock};
 };
@@ -280,7 +275,7 @@ Tally remove(const std::string& path, Meeting& meeting, int turns) {
 using Other = Tally (*)(const std::string&, Meeting&, int);
 
 bool against(Other other, int turns, bool oneAlone) {
-    const support::FolderForAll folder;
+    const support::TemporaryFolder folder{support::TemporaryFolder::inMemory()};
     const std::string path = folder.file("taller.db");
     fill(path, turns);
     Meeting meeting(2);

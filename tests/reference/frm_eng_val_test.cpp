@@ -1,6 +1,6 @@
 #include "velmora/reference/frm_eng_val.h"
 
-#include "reference/bench.h"
+#include "reference/reference_form.h"
 
 namespace velmora::reference {
 namespace {

@@ -1,6 +1,6 @@
 #include "velmora/reference/frm_materias.h"
 
-#include "reference/bench.h"
+#include "reference/reference_form.h"
 
 namespace velmora::reference {
 namespace {

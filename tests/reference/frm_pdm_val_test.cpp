@@ -2,7 +2,7 @@
 
 #include "velmora/data/chains.h"
 
-#include "reference/bench.h"
+#include "reference/reference_form.h"
 
 namespace velmora::reference {
 namespace {

@@ -101,95 +101,95 @@ TEST(DocumentFilesTest, ANameTooLongForAFileSystemIsCutBeforeItsExtension) {
 }
 
 TEST(DocumentFilesTest, EveryFittedNameCanBeWrittenAndReadBack) {
-    const Folder folder;
+    const support::TemporaryFolder folder;
     for (const std::string& stored : {std::string("a\nb.pdf"), std::string(300, 'x') + ".dwg", std::string("\x01"),
                                       std::string("\x1B[31mrojo.pdf")}) {
-        const std::string path = folder / safeFileName(stored);
+        const std::string path = folder.file(safeFileName(stored));
         writeFile(path, bytes("x"));
         EXPECT_EQ(contentOf(path), "x");
     }
 }
 
 TEST(DocumentFilesTest, OneFileIsKnownUnderEveryPathToIt) {
-    const Folder folder;
-    const std::string file = write(folder / "taller.db", "x");
-    fs::create_directory(folder / "sub");
-    fs::create_symlink("taller.db", folder / "enlace");
-    fs::create_symlink("enlace", folder / "doble");
-    fs::create_hard_link(file, folder / "duro");
-    write(folder / "copia.db", "x");
+    const support::TemporaryFolder folder;
+    const std::string file = write(folder.file("taller.db"), "x");
+    fs::create_directory(folder.file("sub"));
+    fs::create_symlink("taller.db", folder.file("enlace"));
+    fs::create_symlink("enlace", folder.file("doble"));
+    fs::create_hard_link(file, folder.file("duro"));
+    write(folder.file("copia.db"), "x");
     for (const char* same : {"taller.db", "sub/../taller.db", ".//taller.db", "enlace", "doble", "duro"}) {
-        EXPECT_TRUE(isSameFile(folder / same, file)) << same;
+        EXPECT_TRUE(isSameFile(folder.file(same), file)) << same;
     }
     for (const char* other : {"copia.db", "falta.db", "sub"}) {
-        EXPECT_FALSE(isSameFile(folder / other, file)) << other;
+        EXPECT_FALSE(isSameFile(folder.file(other), file)) << other;
     }
     EXPECT_FALSE(isSameFile("", file));
-    EXPECT_FALSE(isSameFile(folder / "falta.db", folder / "falta.db")) << "what is not there is no file";
+    EXPECT_FALSE(isSameFile(folder.file("falta.db"), folder.file("falta.db"))) << "what is not there is no file";
 }
 
 TEST(DocumentFilesTest, AFileIsReadAndWrittenByteForByte) {
-    const Folder folder;
+    const support::TemporaryFolder folder;
     std::string every;
     for (int i = 0; i < 256; ++i) {
         every += static_cast<char>(i);
     }
-    writeFile(folder / "señal.bin", bytes(every));
-    EXPECT_EQ(contentOf(folder / "señal.bin"), every);
-    EXPECT_EQ(readFile(folder / "señal.bin"), bytes(every));
-    writeFile(folder / "señal.bin", bytes("x"));
-    EXPECT_EQ(contentOf(folder / "señal.bin"), "x") << "an earlier copy is replaced whole";
-    writeFile(folder / "vacio", {});
-    EXPECT_EQ(contentOf(folder / "vacio"), "");
-    EXPECT_EQ(readFile(folder / "vacio"), sql::Bytes{});
+    writeFile(folder.file("señal.bin"), bytes(every));
+    EXPECT_EQ(contentOf(folder.file("señal.bin")), every);
+    EXPECT_EQ(readFile(folder.file("señal.bin")), bytes(every));
+    writeFile(folder.file("señal.bin"), bytes("x"));
+    EXPECT_EQ(contentOf(folder.file("señal.bin")), "x") << "an earlier copy is replaced whole";
+    writeFile(folder.file("vacio"), {});
+    EXPECT_EQ(contentOf(folder.file("vacio")), "");
+    EXPECT_EQ(readFile(folder.file("vacio")), sql::Bytes{});
 }
 
 TEST(DocumentFilesTest, WhatCannotBeReadIsNamed) {
-    const Folder folder;
-    EXPECT_EQ(errorOf([&] { readFile(folder / "falta.pdf"); }),
-              "3002 No se puede leer el fichero " + (folder / "falta.pdf"));
-    fs::create_directory(folder / "carpeta");
-    EXPECT_EQ(errorOf([&] { readFile(folder / "carpeta"); }),
-              "3002 No se puede leer el fichero " + (folder / "carpeta"));
+    const support::TemporaryFolder folder;
+    EXPECT_EQ(errorOf([&] { readFile(folder.file("falta.pdf")); }),
+              "3002 No se puede leer el fichero " + folder.file("falta.pdf"));
+    fs::create_directory(folder.file("carpeta"));
+    EXPECT_EQ(errorOf([&] { readFile(folder.file("carpeta")); }),
+              "3002 No se puede leer el fichero " + folder.file("carpeta"));
     EXPECT_FALSE(errorOf([] { readFile(""); }).empty());
 }
 
 TEST(DocumentFilesTest, WhatCannotBeWrittenIsNamedAndLeavesNothing) {
-    const Folder folder;
-    EXPECT_EQ(errorOf([&] { writeFile(folder / "no/hay.pdf", bytes("x")); }),
-              "3004 No se puede escribir el fichero " + (folder / "no/hay.pdf"));
-    fs::create_directory(folder / "carpeta");
-    EXPECT_FALSE(errorOf([&] { writeFile(folder / "carpeta", bytes("x")); }).empty());
-    EXPECT_TRUE(fs::is_directory(folder / "carpeta"));
+    const support::TemporaryFolder folder;
+    EXPECT_EQ(errorOf([&] { writeFile(folder.file("no/hay.pdf"), bytes("x")); }),
+              "3004 No se puede escribir el fichero " + folder.file("no/hay.pdf"));
+    fs::create_directory(folder.file("carpeta"));
+    EXPECT_FALSE(errorOf([&] { writeFile(folder.file("carpeta"), bytes("x")); }).empty());
+    EXPECT_TRUE(fs::is_directory(folder.file("carpeta")));
     const FullDisk full(100000);
-    EXPECT_EQ(errorOf([&] { writeFile(folder / "grande.pdf", sql::Bytes(300000)); }),
-              "3004 No se puede escribir el fichero " + (folder / "grande.pdf"));
-    EXPECT_FALSE(exists(folder / "grande.pdf")) << "half a document is none";
+    EXPECT_EQ(errorOf([&] { writeFile(folder.file("grande.pdf"), sql::Bytes(300000)); }),
+              "3004 No se puede escribir el fichero " + folder.file("grande.pdf"));
+    EXPECT_FALSE(exists(folder.file("grande.pdf"))) << "half a document is none";
 }
 
 TEST(DocumentFilesTest, ALinkInTheWayIsReplacedAndNotFollowed) {
-    const Folder folder;
-    write(folder / "ajeno.txt", "ajeno");
-    fs::create_symlink(folder / "ajeno.txt", folder / "pieza.pdf");
-    writeFile(folder / "pieza.pdf", bytes("pieza"));
-    EXPECT_EQ(contentOf(folder / "ajeno.txt"), "ajeno");
-    EXPECT_EQ(contentOf(folder / "pieza.pdf"), "pieza");
-    EXPECT_FALSE(fs::is_symlink(folder / "pieza.pdf"));
+    const support::TemporaryFolder folder;
+    write(folder.file("ajeno.txt"), "ajeno");
+    fs::create_symlink(folder.file("ajeno.txt"), folder.file("pieza.pdf"));
+    writeFile(folder.file("pieza.pdf"), bytes("pieza"));
+    EXPECT_EQ(contentOf(folder.file("ajeno.txt")), "ajeno");
+    EXPECT_EQ(contentOf(folder.file("pieza.pdf")), "pieza");
+    EXPECT_FALSE(fs::is_symlink(folder.file("pieza.pdf")));
 }
 
 TEST(DocumentFilesTest, AFileClosedToWritingIsNotDeleted) {
-    const Folder folder;
-    write(folder / "abierto.pdf", "x");
-    write(folder / "cerrado.pdf", "x");
-    fs::permissions(folder / "cerrado.pdf", fs::perms::owner_read);
+    const support::TemporaryFolder folder;
+    write(folder.file("abierto.pdf"), "x");
+    write(folder.file("cerrado.pdf"), "x");
+    fs::permissions(folder.file("cerrado.pdf"), fs::perms::owner_read);
     for (const char* name : {"abierto.pdf", "cerrado.pdf", "falta.pdf"}) {
-        EXPECT_NO_THROW(deleteFile(folder / name));
+        EXPECT_NO_THROW(deleteFile(folder.file(name)));
     }
-    EXPECT_FALSE(exists(folder / "abierto.pdf"));
-    EXPECT_TRUE(exists(folder / "cerrado.pdf"));
-    fs::create_directory(folder / "carpeta");
-    deleteFile(folder / "carpeta");
-    EXPECT_TRUE(exists(folder / "carpeta"));
+    EXPECT_FALSE(exists(folder.file("abierto.pdf")));
+    EXPECT_TRUE(exists(folder.file("cerrado.pdf")));
+    fs::create_directory(folder.file("carpeta"));
+    deleteFile(folder.file("carpeta"));
+    EXPECT_TRUE(exists(folder.file("carpeta")));
 }
 
 }  // namespace

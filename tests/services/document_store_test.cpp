@@ -22,7 +22,7 @@ class DocumentStoreTest : public ServicesTest {
         database->execute("INSERT INTO DOCTALLER.dbo.dex (Dex_Id,Dex_IdExp,Dex_IdAct,Dex_Fic,Dex_Doc) VALUES (" +
                           std::to_string(id) + ",7,-8,N'" + name + "'," + content + ")");
     }
-    std::string source(std::string_view content = "%PDF-1.7") { return write(desktop / "pieza.pdf", content); }
+    std::string source(std::string_view content = "%PDF-1.7") { return write(desktop.file("pieza.pdf"), content); }
 
     DocumentStore store{session, desk};
 };
@@ -88,7 +88,7 @@ TEST_F(DocumentStoreTest, APathWithoutASeparatorIsTheName) {
 }
 
 TEST_F(DocumentStoreTest, ANameWithAnApostropheIsStored) {
-    const std::string path = write(desktop / "cadena 2'.pdf", "x");
+    const std::string path = write(desktop.file("cadena 2'.pdf"), "x");
     EXPECT_TRUE(store.msAnadirFichero(path, proposal7));
     EXPECT_EQ(query("select Dex_Fic from DOCTALLER.dbo.dex"), "cadena 2'.pdf");
 }
@@ -101,7 +101,7 @@ TEST_F(DocumentStoreTest, TheKeyIsReadInTheTransactionOfTheInsert) {
 }
 
 TEST_F(DocumentStoreTest, AFileThatCannotBeReadLeavesTheRowWithoutContent) {
-    const std::string path = desktop / "falta.pdf";
+    const std::string path = desktop.file("falta.pdf");
     EXPECT_FALSE(store.msAnadirFichero(path, proposal7));
     EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex where Dex_Doc is null"), "1");
     EXPECT_THAT(screen.messageTexts(),
@@ -134,7 +134,7 @@ class OwnFilesTest : public DocumentStoreTest {
         EXPECT_EQ(files_->execute("select count(*) from DOCTALLER.dbo.dex")[0].toLong(), 0) << path;
     }
 
-    std::string main = desktop / "taller.db";
+    std::string main = desktop.file("taller.db");
     std::unique_ptr<sql::Connection> files_ =
         sqlite::openDatabase(main, {.clock = [] { return morning; }, .catalog = "TALLER"});
     adapters::StandInSession sessionOnFiles{*files_, 7};
@@ -144,21 +144,21 @@ class OwnFilesTest : public DocumentStoreTest {
 TEST_F(OwnFilesTest, TheDatabasesOwnFilesAreNotAttached) {
     for (const char* name :
          {"taller.db", "taller.db-wal", "taller.db-shm", "DOCtaller.db", "DOCtaller.db-wal", "DOCtaller.db-shm"}) {
-        ASSERT_TRUE(exists(desktop / name)) << name;
-        expectRefused(desktop / name, desktop / name);
+        ASSERT_TRUE(exists(desktop.file(name))) << name;
+        expectRefused(desktop.file(name), desktop.file(name));
     }
     EXPECT_EQ(screen.messages.back().icon, screen::Icon::critical);
 }
 
 TEST_F(OwnFilesTest, NorUnderAnotherPathThatLeadsToThem) {
-    fs::create_directory(desktop / "sub");
-    fs::create_directory_symlink(desktop.withSeparator(), temporary / "carpeta");
-    fs::create_symlink(main, desktop / "enlace.pdf");
-    fs::create_hard_link(desktop / "DOCtaller.db", desktop / "duro.pdf");
-    expectRefused(desktop / "sub/../taller.db", main);
-    expectRefused(desktop / "enlace.pdf", main);
-    expectRefused(desktop / "duro.pdf", desktop / "DOCtaller.db");
-    expectRefused(temporary / "carpeta/DOCtaller.db-wal", desktop / "DOCtaller.db-wal");
+    fs::create_directory(desktop.file("sub"));
+    fs::create_directory_symlink(desktop.withSeparator(), temporary.file("carpeta"));
+    fs::create_symlink(main, desktop.file("enlace.pdf"));
+    fs::create_hard_link(desktop.file("DOCtaller.db"), desktop.file("duro.pdf"));
+    expectRefused(desktop.file("sub/../taller.db"), main);
+    expectRefused(desktop.file("enlace.pdf"), main);
+    expectRefused(desktop.file("duro.pdf"), desktop.file("DOCtaller.db"));
+    expectRefused(temporary.file("carpeta/DOCtaller.db-wal"), desktop.file("DOCtaller.db-wal"));
     const fs::path before = fs::current_path();
     fs::current_path(desktop.withSeparator());
     expectRefused("taller.db", main);
@@ -166,7 +166,7 @@ TEST_F(OwnFilesTest, NorUnderAnotherPathThatLeadsToThem) {
 }
 
 TEST_F(OwnFilesTest, AnyOtherFileBesideThemIs) {
-    const std::string copy = write(desktop / "taller.db.copia", "x");
+    const std::string copy = write(desktop.file("taller.db.copia"), "x");
     EXPECT_TRUE(onFiles.msAnadirFichero(copy, proposal7));
     EXPECT_FALSE(exists(copy));
     EXPECT_THAT(screen.messages, IsEmpty());
@@ -174,17 +174,17 @@ TEST_F(OwnFilesTest, AnyOtherFileBesideThemIs) {
 }
 
 TEST_F(OwnFilesTest, ADatabaseOpenedThroughALinkKnowsItsFilesAndTheirLogs) {
-    fs::create_directory(temporary / "datos");
-    fs::create_symlink(desktop / "taller.db", temporary / "datos/enlace.db");
-    const auto linked = sqlite::openDatabase(temporary / "datos/enlace.db", {.catalog = "TALLER"});
+    fs::create_directory(temporary.file("datos"));
+    fs::create_symlink(desktop.file("taller.db"), temporary.file("datos/enlace.db"));
+    const auto linked = sqlite::openDatabase(temporary.file("datos/enlace.db"), {.catalog = "TALLER"});
     linked->execute("select count(*) from DPI");
     adapters::StandInSession other(*linked, 7);
     DocumentStore throughLink(other, desk);
-    EXPECT_TRUE(throughLink.msAnadirFichero(desktop / "taller.db-wal", proposal7));
+    EXPECT_TRUE(throughLink.msAnadirFichero(desktop.file("taller.db-wal"), proposal7));
     EXPECT_TRUE(throughLink.msAnadirFichero(main, proposal7));
     EXPECT_EQ(screen.messages.size(), 2U);
     EXPECT_TRUE(exists(main));
-    EXPECT_TRUE(exists(desktop / "taller.db-wal"));
+    EXPECT_TRUE(exists(desktop.file("taller.db-wal")));
 }
 
 TEST_F(DocumentStoreTest, ADatabaseInMemoryHasNoFiles) {
@@ -250,11 +250,11 @@ TEST_F(DocumentStoreTest, ADocumentIsWrittenToTheTemporaryFolderAndOpened) {
     put(1, "plano ñ.pdf", "0x255044462d");
     store.LoadFileFromDB(1);
     EXPECT_THAT(connection.log(), ElementsAre("select Dex_Doc,Dex_Fic from DOCTALLER.dbo.Dex where Dex_Id= 1"));
-    EXPECT_EQ(contentOf(temporary / "plano ñ.pdf"), "%PDF-") << "it stays behind";
-    EXPECT_THAT(services.opened, ElementsAre(temporary / "plano ñ.pdf"));
+    EXPECT_EQ(contentOf(temporary.file("plano ñ.pdf")), "%PDF-") << "it stays behind";
+    EXPECT_THAT(services.opened, ElementsAre(temporary.file("plano ñ.pdf")));
     database->execute("update DOCTALLER.dbo.dex set Dex_Doc = 0x41");
     store.LoadFileFromDB(1);
-    EXPECT_EQ(contentOf(temporary / "plano ñ.pdf"), "A") << "the next view of the name overwrites it";
+    EXPECT_EQ(contentOf(temporary.file("plano ñ.pdf")), "A") << "the next view of the name overwrites it";
     EXPECT_THAT(screen.messages, IsEmpty());
 }
 
@@ -264,7 +264,7 @@ TEST_F(DocumentStoreTest, WithoutARowOrContentNothingHappens) {
     store.LoadFileFromDB(2);
     EXPECT_THAT(screen.messages, IsEmpty());
     EXPECT_THAT(services.opened, IsEmpty());
-    EXPECT_FALSE(exists(temporary / "vacio.pdf"));
+    EXPECT_FALSE(exists(temporary.file("vacio.pdf")));
 }
 
 TEST_F(DocumentStoreTest, AStoredNameStaysInTheTemporaryFolder) {
@@ -272,10 +272,10 @@ TEST_F(DocumentStoreTest, AStoredNameStaysInTheTemporaryFolder) {
     put(2, "/etc/fuera.txt", "0x42");
     put(3, "..", "0x43");
     store.LoadFileFromDB(1);
-    EXPECT_EQ(contentOf(temporary / "fuera.txt"), "A");
-    EXPECT_FALSE(exists(temporary / "../fuera.txt"));
+    EXPECT_EQ(contentOf(temporary.file("fuera.txt")), "A");
+    EXPECT_FALSE(exists(temporary.file("../fuera.txt")));
     store.LoadFileFromDB(2);
-    EXPECT_EQ(contentOf(temporary / "fuera.txt"), "B");
+    EXPECT_EQ(contentOf(temporary.file("fuera.txt")), "B");
     EXPECT_THAT(screen.messages, IsEmpty());
     store.LoadFileFromDB(3);
     EXPECT_THAT(screen.messageTexts(), ElementsAre("El nombre del documento no es un nombre de fichero"));
@@ -289,7 +289,8 @@ TEST_F(DocumentStoreTest, ADocumentWhoseNameNoFileSystemTakesIsViewed) {
     store.LoadFileFromDB(1);
     store.LoadFileFromDB(2);
     EXPECT_THAT(screen.messages, IsEmpty());
-    EXPECT_THAT(services.opened, ElementsAre(temporary / (std::string(251, 'p') + ".pdf"), temporary / "plano 2.pdf"));
+    EXPECT_THAT(services.opened,
+                ElementsAre(temporary / (std::string(251, 'p') + ".pdf"), temporary.file("plano 2.pdf")));
     EXPECT_EQ(contentOf(services.opened[0]), "A");
     EXPECT_EQ(contentOf(services.opened[1]), "B");
     EXPECT_EQ(query("select Dex_Fic from DOCTALLER.dbo.dex where Dex_Id = 2"), "plano\n2.pdf")
@@ -304,7 +305,7 @@ TEST_F(DocumentStoreTest, WithoutATemporaryFolderNothingIsWrittenAndWordsSaySo) 
     store.LoadFileFromDB(1);
     fs::current_path(before);
     EXPECT_THAT(screen.messageTexts(), ElementsAre("No hay carpeta temporal en la que escribir plano.pdf"));
-    EXPECT_FALSE(exists(desktop / "plano.pdf")) << "the current folder is not the temporary one";
+    EXPECT_FALSE(exists(desktop.file("plano.pdf"))) << "the current folder is not the temporary one";
     EXPECT_THAT(services.opened, IsEmpty());
     try {
         store.temporaryPath("a.pdf");
@@ -320,18 +321,18 @@ TEST_F(DocumentStoreTest, AFailureToViewIsShown) {
     store.LoadFileFromDB(1);
     connection.refuse("select Dex_Doc");
     store.LoadFileFromDB(1);
-    services.folder = temporary / "no hay/";
+    services.folder = temporary.file("no hay/");
     store.LoadFileFromDB(1);
     EXPECT_THAT(screen.messageTexts(),
                 ElementsAre("No application is associated with this file type.", "Rechazada",
-                            "No se puede escribir el fichero " + (temporary / "no hay/plano.pdf")));
+                            "No se puede escribir el fichero " + (temporary.file("no hay/plano.pdf"))));
 }
 
 TEST_F(DocumentStoreTest, AnEmptyFileIsStoredAndViewedEmpty) {
     EXPECT_TRUE(store.msAnadirFichero(source(""), proposal7));
     EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex where Dex_Doc is null"), "0");
     store.LoadFileFromDB(1);
-    EXPECT_EQ(contentOf(temporary / "pieza.pdf"), "");
+    EXPECT_EQ(contentOf(temporary.file("pieza.pdf")), "");
 }
 
 TEST_F(DocumentStoreTest, FiftyMegabytesGoInAndComeOutByteForByte) {
@@ -342,9 +343,9 @@ TEST_F(DocumentStoreTest, FiftyMegabytesGoInAndComeOutByteForByte) {
         each = static_cast<char>(state >> 24u);
     }
     EXPECT_TRUE(store.msAnadirFichero(source(content), proposal7));
-    EXPECT_FALSE(exists(desktop / "pieza.pdf"));
+    EXPECT_FALSE(exists(desktop.file("pieza.pdf")));
     store.LoadFileFromDB(1);
-    EXPECT_TRUE(contentOf(temporary / "pieza.pdf") == content);
+    EXPECT_TRUE(contentOf(temporary.file("pieza.pdf")) == content);
 }
 
 TEST_F(DocumentStoreTest, ADocumentIsDeletedByItsKey) {
@@ -431,7 +432,7 @@ TEST_F(DocumentStoreTest, AFaultOfTheProgramInTheMidstOfAWriteIsRolledBack) {
         EXPECT_THROW(deed(), std::logic_error) << statement;
         EXPECT_EQ(connection.log().back(), "ROLLBACK") << statement;
         EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex"), "1") << statement;
-        EXPECT_TRUE(exists(desktop / "pieza.pdf")) << statement;
+        EXPECT_TRUE(exists(desktop.file("pieza.pdf"))) << statement;
     }
 }
 

@@ -47,7 +47,7 @@ class FrmDocTest : public ServicesTest {
     void menu(const char* key) { form.Toolbar1.onMenuClick(key); }
     void button(int index) { form.Toolbar1.onButtonClick(index); }
     void add(const std::string& name, std::string_view content = "x") {
-        services.files.push_back(write(desktop / name, content));
+        services.files.push_back(write(desktop.file(name), content));
         menu("FICHERO");
     }
     std::vector<std::string> names() {
@@ -94,7 +94,7 @@ TEST_F(FrmDocTest, FilesFromDiskAreListedTheNewestFirst) {
     ASSERT_EQ(services.requests.size(), 2U);
     EXPECT_EQ(services.requests[0].title, "Selección de Fichero");
     EXPECT_EQ(services.requests[0].filter, "Todos (*.*)|*.*");
-    EXPECT_FALSE(exists(desktop / "primero.pdf"));
+    EXPECT_FALSE(exists(desktop.file("primero.pdf")));
     EXPECT_EQ(query("select Dex_IdExp from DOCTALLER.dbo.dex"), "7");
     EXPECT_EQ(query("select Dex_IdAct from DOCTALLER.dbo.dex"), "-8");
     EXPECT_EQ(form.tag(), "");
@@ -108,7 +108,7 @@ TEST_F(FrmDocTest, ADialogThatIsLeftStoresNothing) {
 }
 
 TEST_F(FrmDocTest, AFileWhoseContentFailsMarksTheFormAndIsListed) {
-    services.files.push_back(desktop / "falta.pdf");
+    services.files.push_back(desktop.file("falta.pdf"));
     menu("FICHERO");
     EXPECT_EQ(form.tag(), "E");
     EXPECT_THAT(names(), ElementsAre("falta.pdf"));
@@ -118,10 +118,10 @@ TEST_F(FrmDocTest, TheDocumentUnderTheCursorIsViewed) {
     add("primero.pdf", "uno");
     add("segundo.pdf", "dos");
     button(3);
-    EXPECT_EQ(contentOf(temporary / "segundo.pdf"), "dos");
+    EXPECT_EQ(contentOf(temporary.file("segundo.pdf")), "dos");
     form.dbgPlanos.moveToRow(1);
     button(3);
-    EXPECT_EQ(contentOf(temporary / "primero.pdf"), "uno");
+    EXPECT_EQ(contentOf(temporary.file("primero.pdf")), "uno");
     EXPECT_EQ(services.opened.size(), 2U);
 }
 
@@ -173,17 +173,17 @@ TEST_F(FrmDocTest, AProposalThatIsGoneGetsNoDocument) {
     database->execute("delete from DPI");
     add("plano.pdf", "uno");
     EXPECT_THAT(names(), IsEmpty());
-    EXPECT_EQ(contentOf(desktop / "plano.pdf"), "uno");
+    EXPECT_EQ(contentOf(desktop.file("plano.pdf")), "uno");
     EXPECT_EQ(form.tag(), "");
     EXPECT_EQ(screen.messages.size(), 1U);
 }
 
 TEST_F(FrmDocTest, AScanIsStoredUnderTheMinuteAndItsFileIsGone) {
     menu("ESCANER");
-    EXPECT_THAT(paper.paths, ElementsAre(temporary / "DOC202601151007.pdf"));
+    EXPECT_THAT(paper.paths, ElementsAre(temporary.file("DOC202601151007.pdf")));
     EXPECT_THAT(names(), ElementsAre("DOC202601151007.pdf"));
     EXPECT_EQ(value("select Dex_Doc from DOCTALLER.dbo.dex"), sql::Value(bytes("%PDF scan")));
-    EXPECT_FALSE(exists(temporary / "DOC202601151007.pdf"));
+    EXPECT_FALSE(exists(temporary.file("DOC202601151007.pdf")));
     EXPECT_THAT(screen.messages, IsEmpty());
 }
 
@@ -226,14 +226,14 @@ TEST_F(FrmDocTest, AScanIsDeletedEvenWhenItsContentDidNotReachTheDatabase) {
     faults.failAt(6);
     menu("ESCANER");
     EXPECT_EQ(query("select count(*) from DOCTALLER.dbo.dex where Dex_Doc is null"), "1");
-    EXPECT_FALSE(exists(temporary / "DOC202601151007.pdf"));
+    EXPECT_FALSE(exists(temporary.file("DOC202601151007.pdf")));
     EXPECT_EQ(form.tag(), "E");
 }
 
 TEST_F(FrmDocTest, AFileFromDiskWhoseContentFailedStaysWhereAScanDoesNot) {
     faults.failAt(6);
     add("plano.pdf", "uno");
-    EXPECT_EQ(contentOf(desktop / "plano.pdf"), "uno");
+    EXPECT_EQ(contentOf(desktop.file("plano.pdf")), "uno");
 }
 
 TEST_F(FrmDocTest, WithoutTheScannersComponentNothingIsStored) {

@@ -1,10 +1,7 @@
 #include "support/proposal_workshop.h"
 
-#include <atomic>
 #include <stdexcept>
 #include <utility>
-
-#include <unistd.h>
 
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
@@ -14,18 +11,6 @@ namespace velmora::support {
 namespace {
 
 const runtime::Date morning = runtime::Date::of(2026, 1, 15, 10, 0, 0);
-
-class StoppedClock final : public system::Clock {
-  public:
-    runtime::Date now() const override { return morning; }
-};
-
-class NoServices final : public system::Services {
-  public:
-    std::string temporaryFolder() const override { return {}; }
-    std::optional<std::string> openFileDialog(const system::OpenFileRequest&) override { return {}; }
-    int openWithAssociatedProgram(std::string_view) override { return 0; }
-};
 
 constexpr const char* rows[] = {
     "INSERT INTO materiales (mat_id,mat_pcs) VALUES (1,0.05)",
@@ -81,51 +66,6 @@ void WorkshopScreen::processEvents() {
     }
 }
 
-sql::Recordset BrokenConnection::execute(std::string_view statement) {
-    if (!broken.empty() && statement.find(broken) != std::string_view::npos) {
-        throw std::runtime_error("broken");
-    }
-    return target_->execute(statement);
-}
-
-void FaultyConnection::failAt(int operation) {
-    operations_ = 0;
-    failing_ = operation;
-}
-
-void FaultyConnection::pass() {
-    if (operations_++ == failing_) {
-        throw sql::DbError(sql::provider::failure, "Fallo provocado");
-    }
-}
-
-sql::Recordset FaultyConnection::execute(std::string_view statement) {
-    pass();
-    return ForwardingConnection::execute(statement);
-}
-
-void FaultyConnection::beginTrans() {
-    pass();
-    ForwardingConnection::beginTrans();
-}
-
-void FaultyConnection::commitTrans() {
-    pass();
-    ForwardingConnection::commitTrans();
-}
-
-TemporaryFolder::TemporaryFolder() {
-    static std::atomic<int> made = 0;
-    path_ = std::filesystem::temp_directory_path() /
-            ("velmora-proposal-" + std::to_string(::getpid()) + "-" + std::to_string(made++));
-    std::filesystem::create_directories(path_);
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
 std::unique_ptr<sql::Connection> openWorkshopDatabase(const std::string& path, bool readOnly) {
     sqlite::Options options;
     options.clock = [] { return morning; };
@@ -146,13 +86,7 @@ std::unique_ptr<sql::Connection> makeWorkshopDatabase(const std::string& path) {
 }
 
 ProposalWorkshop::ProposalWorkshop(std::unique_ptr<sql::Connection> opened)
-    : database(std::move(opened)),
-      faults(*database),
-      connection(faults),
-      session(connection),
-      services(std::make_unique<NoServices>()),
-      clock(std::make_unique<StoppedClock>()),
-      desk{screen, components, *services, *clock} {}
+    : database(std::move(opened)), faults(*database), connection(faults), session(connection) {}
 
 ProposalWorkshop::~ProposalWorkshop() = default;
 

@@ -2,7 +2,6 @@
 // A small workshop for the tests of the main form: a database, a session and a scripted screen, and a user who works
 // on the form as people do.
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -16,7 +15,11 @@
 #include "velmora/proposal/frm_bercial_pinones.h"
 
 #include "support/fake_screen.h"
+#include "support/faulty_connection.h"
+#include "support/no_services.h"
 #include "support/recording_connection.h"
+#include "support/stopped_clock.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::support {
 
@@ -31,57 +34,6 @@ class WorkshopScreen final : public ScriptedScreen {
 
     screen::Answer show(const screen::MessageBox& box) override;
     void processEvents() override;
-};
-
-/// Refuses one operation of a connection, counted from 0: statements, begins and commits alike.
-class FaultyConnection final : public sql::ForwardingConnection {
-  public:
-    using ForwardingConnection::ForwardingConnection;
-
-    void failAt(int operation);
-    void count() { failAt(-1); }
-    int operations() const { return operations_; }
-
-    sql::Recordset execute(std::string_view statement) override;
-    void beginTrans() override;
-    void commitTrans() override;
-
-  private:
-    void pass();
-
-    int operations_ = 0;
-    int failing_ = -1;
-};
-
-/// Owns an engine's connection, and throws what is no run-time error at statements that hold a text.
-class BrokenConnection final : public sql::Connection {
-  public:
-    explicit BrokenConnection(std::unique_ptr<sql::Connection> target) : target_(std::move(target)) {}
-
-    std::string broken;  ///< empty: nothing is
-
-    sql::Recordset execute(std::string_view statement) override;
-    void beginTrans() override { target_->beginTrans(); }
-    void commitTrans() override { target_->commitTrans(); }
-    void rollbackTrans() override { target_->rollbackTrans(); }
-    std::string currentCatalog() const override { return target_->currentCatalog(); }
-    bool isAlive() override { return target_->isAlive(); }
-
-  private:
-    std::unique_ptr<sql::Connection> target_;
-};
-
-/// A folder that goes with the test.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-
-  private:
-    std::filesystem::path path_;
 };
 
 /// The database with its rows: materials 1 (disc) to 5, customers 1001 to 1003, a double chain with 17 teeth. The
@@ -148,9 +100,9 @@ class ProposalWorkshop {
     adapters::StandInSession session;
     WorkshopScreen screen;
     components::ComponentFactory components;
-    std::unique_ptr<system::Services> services;
-    std::unique_ptr<system::Clock> clock;
-    platform::Desk desk;
+    NoServices services;
+    StoppedClock clock;
+    platform::Desk desk{screen, components, services, clock};
 
   private:
     std::unique_ptr<proposal::frmBercialPiñones> form_;

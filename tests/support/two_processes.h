@@ -5,7 +5,6 @@
 #include <atomic>
 #include <chrono>
 #include <exception>
-#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <new>
@@ -115,29 +114,5 @@ std::vector<std::optional<Told>> runTogether(Meeting& meeting, const std::vector
     }
     return all;
 }
-
-/// A folder that goes with the test, in memory where the system has a place for that.
-class FolderForAll {
-  public:
-    FolderForAll() {
-        const std::filesystem::path inMemory = "/dev/shm";
-        std::string path =
-            ((std::filesystem::is_directory(inMemory) ? inMemory : std::filesystem::temp_directory_path()) /
-             "velmora-clients-XXXXXX")
-                .string();
-        if (::mkdtemp(path.data()) == nullptr) {
-            throw std::runtime_error("no folder " + path);
-        }
-        path_ = path;
-    }
-    ~FolderForAll() { std::filesystem::remove_all(path_); }
-    FolderForAll(const FolderForAll&) = delete;
-    FolderForAll& operator=(const FolderForAll&) = delete;
-
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-
-  private:
-    std::filesystem::path path_;
-};
 
 }  // namespace velmora::support

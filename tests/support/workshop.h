@@ -14,7 +14,9 @@
 #include "velmora/proposal/frm_bercial_pinones.h"
 
 #include "support/fake_screen.h"
+#include "support/no_services.h"
 #include "support/recording_connection.h"
+#include "support/stopped_clock.h"
 
 namespace velmora::support {
 
@@ -33,18 +35,6 @@ namespace velmora::support {
 ///
 /// Calculos: the hub 0.6, the total width 0.4 of any pitch diameter up to 1000. One customer, 1001.
 const std::vector<std::string>& workshopRows();
-
-class Nothing final : public system::Services {
-  public:
-    std::string temporaryFolder() const override { return {}; }
-    std::optional<std::string> openFileDialog(const system::OpenFileRequest&) override { return std::nullopt; }
-    int openWithAssociatedProgram(std::string_view) override { return 0; }
-};
-
-class StandingClock final : public system::Clock {
-  public:
-    runtime::Date now() const override { return runtime::Date::of(2026, 1, 15, 10); }
-};
 
 class Workshop : public ::testing::Test {
   protected:
@@ -70,13 +60,13 @@ class Workshop : public ::testing::Test {
     /// 12,7 with this roller and 17 teeth: exterior below 120.
     void enterSmallSprocket() { enterToothing("12,7", "7,75", "17", "7,75"); }
 
-    StandingClock clock;
+    StoppedClock clock;
     std::unique_ptr<sql::Connection> database;
     RecordingConnection connection;
     adapters::StandInSession session;
     ScriptedScreen screen;
     components::ComponentFactory components;
-    Nothing services;
+    NoServices services;
     platform::Desk desk{screen, components, services, clock};
 
   private:

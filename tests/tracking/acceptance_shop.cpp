@@ -1,9 +1,5 @@
 #include "acceptance_shop.h"
 
-#include <stdexcept>
-#include <thread>
-#include <utility>
-
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
 
@@ -115,84 +111,6 @@ void AnsweringScreen::processEvents() {
     if (onYield) {
         onYield();
     }
-}
-
-void StoppedClock::pause(std::chrono::milliseconds length) const {
-    pauses.push_back(length);
-    if (onPause) {
-        onPause();
-    }
-    if (pace != 0) {
-        std::this_thread::sleep_for(length / pace);
-    }
-}
-
-void FaultPoints::restore() {
-    log_.clear();
-    refused_.clear();
-    lostAt_ = lostAfter_ = brokenAt_ = -1;
-    lost_ = false;
-}
-
-void FaultPoints::pass(std::string_view what) {
-    const int operation = static_cast<int>(log_.size());
-    log_.emplace_back(what);
-    if (operation == lostAt_) {
-        lose();
-    }
-    if (operation == brokenAt_) {
-        throw std::runtime_error("No es un error del lenguaje");
-    }
-    if (lost_) {
-        throw sql::DbError(sql::provider::failure, "Se perdió la conexión");
-    }
-    if (const auto refusal = refused_.find(operation); refusal != refused_.end()) {
-        throw sql::DbError(refusal->second, "Fallo provocado");
-    }
-}
-
-void FaultPoints::passed() {
-    if (static_cast<int>(log_.size()) == lostAfter_ + 1) {
-        lose();
-    }
-}
-
-void FaultPoints::lose() {
-    lost_ = true;
-    if (std::exchange(open_, false)) {
-        ForwardingConnection::rollbackTrans();
-    }
-}
-
-sql::Recordset FaultPoints::execute(std::string_view statement) {
-    pass(statement);
-    if (before_.second && statement.find(before_.first) != std::string_view::npos) {
-        std::exchange(before_, {}).second();
-    }
-    sql::Recordset answer = ForwardingConnection::execute(statement);
-    passed();
-    return answer;
-}
-
-void FaultPoints::beginTrans() {
-    pass("BEGIN");
-    ForwardingConnection::beginTrans();
-    open_ = true;
-    passed();
-}
-
-void FaultPoints::commitTrans() {
-    pass("COMMIT");
-    ForwardingConnection::commitTrans();
-    open_ = false;
-    passed();
-}
-
-void FaultPoints::rollbackTrans() {
-    pass("ROLLBACK");
-    ForwardingConnection::rollbackTrans();
-    open_ = false;
-    passed();
 }
 
 std::unique_ptr<sql::Connection> openShopDatabase(const std::string& path, std::chrono::milliseconds busyTimeout) {

@@ -3,7 +3,6 @@
 // is filled as the form fills it, and a user who answers what is asked.
 
 #include <chrono>
-#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -15,6 +14,10 @@
 #include "velmora/platform/desk.h"
 #include "velmora/tracking/acceptance.h"
 #include "velmora/tracking/detail.h"
+
+#include "support/faulty_connection.h"
+#include "support/no_services.h"
+#include "support/stopped_clock.h"
 
 namespace velmora::tracking {
 
@@ -38,65 +41,6 @@ class AnsweringScreen final : public screen::Screen {
     std::optional<std::size_t> search(const screen::SearchWindow&) override { return std::nullopt; }
     void setPointer(screen::Pointer pointer) override;
     void processEvents() override;
-};
-
-/// Counts what reaches a connection, from 0: statements, begins, commits, rollbacks; keeps their log; refuses some, or
-/// is lost at one: from there on everything fails and an open transaction is undone, as a server does.
-class FaultPoints final : public sql::ForwardingConnection {
-  public:
-    explicit FaultPoints(sql::Connection& target) : ForwardingConnection(target) {}
-
-    void refuse(int operation, long number = sql::provider::failure) { refused_[operation] = number; }
-    void loseAt(int operation) { lostAt_ = operation; }
-    /// The operation itself still goes through.
-    void loseAfter(int operation) { lostAfter_ = operation; }
-    /// Fails there as no database does: by an exception that is no run-time error.
-    void breakAt(int operation) { brokenAt_ = operation; }
-    /// Runs right before the next statement that holds the text.
-    void before(std::string text, std::function<void()> deed) { before_ = {std::move(text), std::move(deed)}; }
-    /// Works again, and counts anew.
-    void restore();
-    const std::vector<std::string>& log() const { return log_; }
-    bool transactionOpen() const { return open_; }
-
-    sql::Recordset execute(std::string_view statement) override;
-    void beginTrans() override;
-    void commitTrans() override;
-    void rollbackTrans() override;
-    bool isAlive() override { return !lost_ && ForwardingConnection::isAlive(); }
-
-  private:
-    void pass(std::string_view what);
-    void passed();
-    void lose();
-
-    std::vector<std::string> log_;
-    std::map<int, long> refused_;
-    std::pair<std::string, std::function<void()>> before_;
-    int lostAt_ = -1;
-    int lostAfter_ = -1;
-    int brokenAt_ = -1;
-    bool lost_ = false;
-    bool open_ = false;
-};
-
-class StoppedClock final : public system::Clock {
-  public:
-    runtime::Date time = runtime::Date::of(2026, 1, 15, 10);
-    runtime::Date now() const override { return time; }
-
-    /// Every pause that was asked for. None of them lasts unless `pace` is set: then so many times shorter than asked.
-    mutable std::vector<std::chrono::milliseconds> pauses;
-    std::function<void()> onPause;
-    int pace = 0;
-    void pause(std::chrono::milliseconds length) const override;
-};
-
-class NoServices final : public system::Services {
-  public:
-    std::string temporaryFolder() const override { return {}; }
-    std::optional<std::string> openFileDialog(const system::OpenFileRequest&) override { return {}; }
-    int openWithAssociatedProgram(std::string_view) override { return 0; }
 };
 
 /// A new database with articles and customers.
@@ -151,12 +95,12 @@ class AcceptanceShop {
     std::string count(const std::string& table) { return query("select count(*) from " + table); }
 
     std::unique_ptr<sql::Connection> database;
-    FaultPoints connection;
+    support::FaultyConnection connection;
     adapters::StandInSession session;
     AnsweringScreen screen;
     components::ComponentFactory components;
-    NoServices services;
-    StoppedClock clock;
+    support::NoServices services;
+    support::StoppedClock clock;
     platform::Desk desk{screen, components, services, clock};
     session::KestraUtil oUtil{screen, connection};
     screen::Form form{"frmSeguimiento"};

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "bench.h"
+#include "tracking_form.h"
 
 namespace velmora::tracking {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include "bench.h"
+#include "tracking_form.h"
 
 namespace velmora::tracking {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "velmora/data/product_types.h"
 
-#include "bench.h"
+#include "tracking_form.h"
 
 namespace velmora::tracking {
 namespace {

@@ -16,6 +16,7 @@
 #include "velmora/tracking/frm_seguimiento.h"
 
 #include "acceptance_shop.h"
+#include "support/temporary_folder.h"
 #include "support/two_processes.h"
 
 namespace velmora::tracking {
@@ -155,7 +156,7 @@ void fill(const std::string& path, int proposals) {
 
 /// `leftovers`: number of orders of each proposal that exist before the race.
 bool run(const Race& options, int proposals, int leftovers) {
-    const support::FolderForAll folder;
+    const support::TemporaryFolder folder{support::TemporaryFolder::inMemory()};
     const std::string path = folder.file("taller.db");
     fill(path, proposals);
     Meeting meeting(2);
@@ -427,7 +428,7 @@ class Writer {
 };
 
 bool scrolledList(int turns) {
-    const support::FolderForAll folder;
+    const support::TemporaryFolder folder{support::TemporaryFolder::inMemory()};
     const std::string path = folder.file("taller.db");
     {
         const auto database = makeShopDatabase(path);

@@ -5,7 +5,8 @@
 
 #include "velmora/platform/runtime/errors.h"
 
-#include "adapters/documents/folder.h"
+#include "support/fake_services.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::documents {
 namespace {
@@ -26,8 +27,8 @@ TEST(FileName, IsOneThatEveryFileSystemTakes) {
 }
 
 TEST(TemporaryPath, WithoutAFolderIsAnErrorThatNamesTheFile) {
-    const support::Folder folder;
-    support::FolderServices services(folder);
+    const support::TemporaryFolder folder;
+    support::FakeServices services(folder);
     EXPECT_EQ(temporaryPath(services, "a.pdf"), services.folder + "a.pdf");
     services.folder.clear();
     try {
@@ -40,12 +41,12 @@ TEST(TemporaryPath, WithoutAFolderIsAnErrorThatNamesTheFile) {
 }
 
 TEST(OpenDocument, AFileThatNoProgramOpensIsAnErrorThatTellsWhereItLies) {
-    const support::Folder folder;
-    support::FolderServices services(folder);
+    const support::TemporaryFolder folder;
+    support::FakeServices services(folder);
     openDocument(services, "/tmp/a.pdf");
     EXPECT_EQ(services.opened, std::vector<std::string>{"/tmp/a.pdf"});
     for (const int refusal : {0, 2, 31, 32}) {
-        services.answer = refusal;
+        services.openingCode = refusal;
         try {
             openDocument(services, "/tmp/a.pdf");
             FAIL() << refusal;
@@ -57,7 +58,7 @@ TEST(OpenDocument, AFileThatNoProgramOpensIsAnErrorThatTellsWhereItLies) {
 }
 
 TEST(NewFile, LeavesWhatStoodThereUntilItIsWhole) {
-    const support::Folder folder;
+    const support::TemporaryFolder folder;
     const std::string path = folder.path() / "a.txt";
     std::ofstream(path) << "old";
     {
@@ -76,7 +77,7 @@ TEST(NewFile, LeavesWhatStoodThereUntilItIsWhole) {
 }
 
 TEST(NewFile, ALinkInTheWayIsNotFollowed) {
-    const support::Folder folder;
+    const support::TemporaryFolder folder;
     const std::string foreign = folder.path() / "ajeno.txt";
     const std::string path = folder.path() / "a.txt";
     std::ofstream(foreign) << "ajeno";
@@ -94,7 +95,7 @@ TEST(NewFile, ALinkInTheWayIsNotFollowed) {
 }
 
 TEST(NewFile, WhyItCannotBeMadeIsSaidInTheUsersLanguage) {
-    const support::Folder folder;
+    const support::TemporaryFolder folder;
     std::ofstream(folder.path() / "fichero") << "x";
     const std::pair<std::string, std::string> cases[] = {
         {folder.path() / "falta/a.txt", "La carpeta no existe."},
@@ -114,7 +115,7 @@ TEST(NewFile, WhyItCannotBeMadeIsSaidInTheUsersLanguage) {
 }
 
 TEST(NewFile, ThatCannotTakeItsNameIsAnErrorThatNamesIt) {
-    const support::Folder folder;
+    const support::TemporaryFolder folder;
     const std::string path = folder.path() / "a.txt";
     std::filesystem::create_directories(path + "/inside");
     NewFile file(path);
@@ -129,7 +130,7 @@ TEST(NewFile, ThatCannotTakeItsNameIsAnErrorThatNamesIt) {
 }
 
 TEST(WriteFile, WhatCannotBeWrittenWholeIsNoFile) {
-    const support::Folder folder;
+    const support::TemporaryFolder folder;
     const std::string path = folder.path() / "a.txt";
     EXPECT_THROW(writeFile(path,
                            [](QIODevice& out) {

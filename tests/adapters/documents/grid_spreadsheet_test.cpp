@@ -11,8 +11,11 @@
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 
-#include "adapters/documents/folder.h"
+#include "support/command_output.h"
 #include "support/fake_screen.h"
+#include "support/fake_services.h"
+#include "support/stopped_clock.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::documents {
 namespace {
@@ -137,8 +140,8 @@ class GridSpreadsheetTest : public ::testing::Test {
         return all;
     }
 
-    support::Folder folder;
-    support::FolderServices services{folder};
+    support::TemporaryFolder folder;
+    support::FakeServices services{folder};
     support::StoppedClock clock;
     WatchedScreen screen;
     screen::Form form{"frm"};

@@ -9,7 +9,7 @@
 #include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/adapters/sqlite/database.h"
 
-#include "adapters/documents/folder.h"
+#include "support/stopped_clock.h"
 
 namespace velmora::support {
 
@@ -24,7 +24,7 @@ class PaperWorkshop {
     /// labour with such figures; its number.
     std::int32_t withGreatFigures(int type);
 
-    StoppedClock clock;
+    support::StoppedClock clock;
     std::unique_ptr<sql::Connection> database;
     adapters::StandInSession session;
 };

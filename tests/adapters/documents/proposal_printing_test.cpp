@@ -19,6 +19,9 @@
 
 #include "adapters/documents/paper_workshop.h"
 #include "paper/sample_proposals.h"
+#include "support/command_output.h"
+#include "support/fake_services.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::documents {
 namespace {
@@ -162,8 +165,8 @@ class ProposalPrintingTest : public ::testing::Test {
     }
 
     support::PaperWorkshop workshop;
-    support::Folder folder;
-    support::FolderServices services{folder};
+    support::TemporaryFolder folder;
+    support::FakeServices services{folder};
     ProposalPrinting component{services, std::make_shared<painting::Graphics>()};
 };
 
@@ -368,7 +371,7 @@ TEST_F(ProposalPrintingTest, WhatIsWrongIsToldAndNothingIsWritten) {
                               "Propuesta_000001.pdf\n\nHay una carpeta con ese nombre.");
     EXPECT_EQ(folder.files(), std::vector<std::string>{"Propuesta_000001.pdf"});
     EXPECT_TRUE(services.opened.empty());
-    services.answer = 31;
+    services.openingCode = 31;
     EXPECT_THAT(refusal(2), HasSubstr("Propuesta_000002.pdf"));
 }
 

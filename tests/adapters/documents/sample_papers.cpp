@@ -7,6 +7,8 @@
 #include "velmora/adapters/documents/proposal_printing.h"
 
 #include "adapters/documents/paper_workshop.h"
+#include "support/fake_services.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
@@ -32,8 +34,8 @@ class Printer {
 
   private:
     support::PaperWorkshop& workshop_;
-    support::Folder unused_;
-    support::FolderServices services_{unused_};
+    support::TemporaryFolder unused_;
+    support::FakeServices services_{unused_};
     std::shared_ptr<painting::Graphics> graphics_ = std::make_shared<painting::Graphics>();
 };
 

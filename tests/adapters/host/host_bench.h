@@ -14,15 +14,9 @@
 #include "velmora/platform/screen/data_grid.h"
 
 #include "support/fake_screen.h"
+#include "support/no_services.h"
 
 namespace velmora::host {
-
-class NoServices final : public system::Services {
-  public:
-    std::string temporaryFolder() const override { return {}; }
-    std::optional<std::string> openFileDialog(const system::OpenFileRequest&) override { return {}; }
-    int openWithAssociatedProgram(std::string_view) override { return 0; }
-};
 
 class HostTest : public ::testing::Test {
   protected:
@@ -74,7 +68,7 @@ class HostTest : public ::testing::Test {
     std::unique_ptr<sql::Connection> database = sqlite::openDatabase(":memory:");
     adapters::StandInSession session{*database};
     support::ScriptedScreen screen;
-    NoServices services;
+    support::NoServices services;
     system::SystemClock clock;
     components::ComponentFactory components;
 };

@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "support/temporary_folder.h"
+
 namespace velmora::machine {
 namespace {
 
@@ -19,15 +21,9 @@ class TemporaryFolderOfOwn {
         if (const char* before = ::getenv("TMPDIR")) {
             before_ = before;
         }
-        std::string pattern = (fs::temp_directory_path() / "velmora-machine-XXXXXX").string();
-        path_ = fs::canonical(::mkdtemp(pattern.data()));
         use(path_);
     }
-    ~TemporaryFolderOfOwn() {
-        before_ ? ::setenv("TMPDIR", before_->c_str(), 1) : ::unsetenv("TMPDIR");
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
+    ~TemporaryFolderOfOwn() { before_ ? ::setenv("TMPDIR", before_->c_str(), 1) : ::unsetenv("TMPDIR"); }
     TemporaryFolderOfOwn(const TemporaryFolderOfOwn&) = delete;
     TemporaryFolderOfOwn& operator=(const TemporaryFolderOfOwn&) = delete;
 
@@ -37,7 +33,8 @@ class TemporaryFolderOfOwn {
 
   private:
     std::optional<std::string> before_;
-    fs::path path_;
+    support::TemporaryFolder folder_;
+    fs::path path_ = fs::canonical(folder_.path());
 };
 
 mode_t modeOf(const fs::path& path) {

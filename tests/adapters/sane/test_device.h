@@ -5,7 +5,7 @@
 #include <fstream>
 #include <string>
 
-#include "adapters/documents/folder.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::support {
 
@@ -28,8 +28,8 @@ class TestDevice {
 
   private:
     /// The library looks up its folder once in a process.
-    static const Folder& folder() {
-        static const Folder one;
+    static const TemporaryFolder& folder() {
+        static const TemporaryFolder one;
         return one;
     }
 };

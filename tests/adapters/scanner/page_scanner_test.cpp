@@ -8,7 +8,9 @@
 #include "velmora/adapters/scanner/scan_process.h"
 
 #include "adapters/sane/test_device.h"
+#include "support/command_output.h"
 #include "support/fake_screen.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::scanner {
 namespace {
@@ -53,7 +55,7 @@ class PageScannerTest : public ::testing::Test {
     std::string info() { return support::outputOf("LC_ALL=C pdfinfo '" + path + "'"); }
 
     support::TestDevice device;
-    support::Folder folder;
+    support::TemporaryFolder folder;
     std::string path = folder.path() / "DOC202601151000.pdf";
     CancellingScreen screen;
     std::shared_ptr<painting::Graphics> graphics = std::make_shared<painting::Graphics>();

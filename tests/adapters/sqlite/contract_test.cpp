@@ -3,7 +3,7 @@
 #include "velmora/adapters/sqlite/database.h"
 
 #include "connection_contract.h"
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::test {
 
@@ -19,7 +19,7 @@ class InAFile final : public DatabaseUnderTest {
     std::unique_ptr<sql::Connection> connect() override { return sqlite::openDatabase(folder_.file("taller.db")); }
 
   private:
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
 };
 
 /// Where no memory can be shared between clients, there is no write-ahead logging.
@@ -30,7 +30,7 @@ class WithoutWriteAheadLog final : public DatabaseUnderTest {
     }
 
   private:
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
 };
 
 template <typename Database>

@@ -11,7 +11,7 @@
 
 #include "velmora/adapters/sqlite/errors.h"
 
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 #include "workshop.h"
 
 namespace velmora::test {
@@ -42,7 +42,7 @@ class DatabaseFile : public testing::Test {
         return {0, ""};
     }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
 };
 
 }  // namespace

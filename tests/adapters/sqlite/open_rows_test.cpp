@@ -15,7 +15,7 @@
 #include "velmora/adapters/sqlite/link_pool.h"
 
 #include "raw_database.h"
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::test {
 
@@ -94,7 +94,7 @@ class OpenRowsTest : public testing::Test {
         writer_->execute("delete from T where k < 100");
     }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     const sqlite::Options options_{.clock = [] { return runtime::Date::of(2026, 1, 15); },
                                    .busyTimeout = std::chrono::milliseconds(50)};
     std::unique_ptr<sql::Connection> writer_ = sqlite::openDatabase(path(), options_);

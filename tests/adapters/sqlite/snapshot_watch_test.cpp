@@ -14,7 +14,7 @@
 
 #include "raw_database.h"
 #include "support/foreign_saves.h"
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::test {
 
@@ -61,7 +61,7 @@ class OpenSets : public testing::Test {
         }
     }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
 };
 
 /// Bytes that the program holds; 0 under a sanitizer, which has an allocator of its own.

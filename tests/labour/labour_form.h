@@ -7,8 +7,8 @@
 
 #include "velmora/labour/frm_mano_obra.h"
 
-#include "staff.h"
 #include "support/proposal_workshop.h"
+#include "support/staff.h"
 
 namespace velmora::labour {
 
