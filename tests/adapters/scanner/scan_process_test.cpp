@@ -9,7 +9,7 @@
 
 #include "velmora/platform/runtime/errors.h"
 
-#include "adapters/documents/folder.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::scanner {
 namespace {
@@ -66,8 +66,8 @@ class ScanProcessTest : public ::testing::Test {
         return page;
     }
 
-    support::Folder folder;
-    support::Folder temporary;
+    support::TemporaryFolder folder;
+    support::TemporaryFolder temporary;
     Watch watch;
 };
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/documents/folder.h"
+#include "support/temporary_folder.h"
 
 namespace velmora::scanner {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 
 TEST(ScanProgram, LiesBesideTheProgramsOrWhereAnInstallationHasIt) {
-    const support::Folder folder;
+    const support::TemporaryFolder folder;
     const fs::path programs = folder.path() / "bin";
     const fs::path beside = programs / "velmora-scan";
     const fs::path installed = folder.path() / "libexec" / "velmora" / "velmora-scan";
