@@ -1,20 +1,18 @@
 #include "velmora/estimate/cut_prices.h"
 
-#include "velmora/platform/runtime/numbers.h"
-
-#include "support/workshop.h"
+#include "fields_alone.h"
 
 namespace velmora::support {
 namespace {
 
 using estimate::CutPrices;
 
-class CutPricesTest : public Workshop {
+class CutPricesTest : public SessionAlone {
   protected:
     CutPrices prices{session};
 };
 
-TEST_F(CutPricesTest, GivesTheRateOfTheMaterialOfTheArticle) {
+TEST_F(CutPricesTest, GivesTheRateOfTheMaterial) {
     prices.msCargarPreciosCorte();
     EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05);
     EXPECT_EQ(prices.FnPrecioCorte("2"), 0.02);
@@ -25,7 +23,7 @@ TEST_F(CutPricesTest, GivesTheRateOfTheMaterialOfTheArticle) {
 TEST_F(CutPricesTest, AnIdWithNoRowCostsTheDefault) {
     prices.msCargarPreciosCorte();
     EXPECT_EQ(prices.FnPrecioCorte("099"), 0.01);
-    EXPECT_EQ(prices.FnPrecioCorte("007"), 0.01) << "its article has no material";
+    EXPECT_EQ(prices.FnPrecioCorte("007"), 0.01);
 }
 
 TEST_F(CutPricesTest, ARateOfZeroCostsTheDefault) {
@@ -45,16 +43,16 @@ TEST_F(CutPricesTest, RatesThatWereNeverLoadedCostTheDefault) {
 }
 
 TEST_F(CutPricesTest, NoMaterialAtAllCostsTheDefault) {
-    execute("DELETE FROM materiales");
+    answerMaterials(database, {});
     prices.msCargarPreciosCorte();
     EXPECT_EQ(prices.FnPrecioCorte("001"), 0.01);
 }
 
 TEST_F(CutPricesTest, AMaterialAddedLaterCostsTheDefaultUntilTheRatesAreLoadedAgain) {
     prices.msCargarPreciosCorte();
-    execute(
-        "INSERT INTO PARDPI (PARDPI_NOM, PARDPI_ART, PARDPI_HIERRO, PARDPI_DISCO, PARDPI_MATP, PARDPI_CRE) VALUES "
-        "('Nuevo', 1, 0, 1, 'Acero', 0)");
+    materials.push_back(material(1));
+    materials.back().id = 9;
+    answerMaterials(database, materials);
     EXPECT_EQ(prices.FnPrecioCorte("009"), 0.01);
     prices.msCargarPreciosCorte();
     EXPECT_EQ(prices.FnPrecioCorte("009"), 0.05);
@@ -62,7 +60,8 @@ TEST_F(CutPricesTest, AMaterialAddedLaterCostsTheDefaultUntilTheRatesAreLoadedAg
 
 TEST_F(CutPricesTest, AChangedRateCountsOnlyAfterTheNextLoad) {
     prices.msCargarPreciosCorte();
-    execute("UPDATE materiales SET mat_pcs = 0.5 WHERE mat_id = 1");
+    material(1).rate = 0.5;
+    answerMaterials(database, materials);
     EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05);
 }
 
@@ -78,21 +77,6 @@ TEST_F(CutPricesTest, AsksTheDatabaseOnceAndThenNoMore) {
         prices.FnPrecioCorte(id);
     }
     EXPECT_TRUE(connection.log().empty());
-}
-
-TEST_F(CutPricesTest, MoreMaterialsThanAnEngineReadsAtOnceStayAsTheyWereLoaded) {
-    connection.beginTrans();
-    for (int i = 0; i < 700; ++i) {
-        execute(
-            "INSERT INTO PARDPI (PARDPI_NOM, PARDPI_ART, PARDPI_HIERRO, PARDPI_DISCO, PARDPI_MATP, PARDPI_CRE) VALUES "
-            "('Otro', 2, 0, 1, 'Acero', 0)");
-    }
-    connection.commitTrans();
-    prices.msCargarPreciosCorte();
-    execute("UPDATE materiales SET mat_pcs = 0.5");
-    EXPECT_EQ(prices.FnPrecioCorte("708"), 0.02);
-    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05);
-    EXPECT_EQ(prices.FnPrecioCorte("709"), 0.01);
 }
 
 TEST_F(CutPricesTest, AFailingLoadReachesTheCaller) {

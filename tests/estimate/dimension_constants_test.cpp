@@ -1,22 +1,21 @@
 #include "velmora/estimate/dimension_constants.h"
 
-#include "support/workshop.h"
+#include "fields_alone.h"
 
 namespace velmora::support {
 namespace {
 
 using estimate::DimensionConstants;
 
-class DimensionConstantsTest : public Workshop {
+class DimensionConstantsTest : public FieldsAlone {
   protected:
-    /// Only these ranges: type, lower and upper bound, factor, as they stand in a statement.
-    void ranges(std::initializer_list<const char*> rows) {
-        execute("DELETE FROM Calculos");
-        for (const std::string row : rows) {
-            execute(
-                "INSERT INTO Calculos (Calculos_Tipo, Calculos_Valor1, Calculos_Valor2, Calculos_Constante) VALUES (" +
-                row + ")");
-        }
+    DimensionConstantsTest() { factors({{0.6}}, {{0.4}}); }
+
+    /// What the range of each rule that holds the pitch diameter says; without rows there is none.
+    void factors(std::vector<sql::Row> ofHub, std::vector<sql::Row> ofWidth) {
+        const std::string statement = "SELECT top 1 Calculos_Constante from Calculos where Calculos_Tipo = ";
+        database.answerAllThatBegin(statement + "1 ", {"Calculos_Constante"}, std::move(ofHub));
+        database.answerAllThatBegin(statement + "2 ", {"Calculos_Constante"}, std::move(ofWidth));
     }
     double hub(double dp) {
         const double result = constants().FnDmCubo(dp);
@@ -48,35 +47,15 @@ TEST_F(DimensionConstantsTest, TotalWidthIsAMultipleOfFiveByTheFactorOfItsRange)
 }
 
 TEST_F(DimensionConstantsTest, NoRangeCountsAsFactorOne) {
-    ranges({});
+    factors({}, {});
     EXPECT_EQ(hub(101.3), 105);
     EXPECT_EQ(hubCaption(), "DP x 1");
     EXPECT_EQ(width(101.3), 105);
     EXPECT_EQ(widthCaption(), "DP x 1");
 }
 
-TEST_F(DimensionConstantsTest, BothBoundsOfARangeBelongToIt) {
-    ranges({"1, 100.5, 200.5, 0.5"});
-    EXPECT_EQ(hub(100.5), 50);
-    EXPECT_EQ(hub(200.5), 100);
-    EXPECT_EQ(hub(100.49), 100);
-    EXPECT_EQ(hub(200.51), 205);
-}
-
-TEST_F(DimensionConstantsTest, OfTwoRangesThatShareABoundTheLowerOneWins) {
-    ranges({"1, 100, 200, 0.9", "1, 50, 100, 0.5"});
-    EXPECT_EQ(hub(100), 50);
-    EXPECT_EQ(hubCaption(), "DP x 0,5");
-}
-
-TEST_F(DimensionConstantsTest, EachRuleReadsItsOwnRanges) {
-    ranges({"1, 0, 1000, 0.5", "2, 0, 1000, 0.25", "3, 0, 1000, 9"});
-    EXPECT_EQ(hub(100), 50);
-    EXPECT_EQ(width(100), 25);
-}
-
 TEST_F(DimensionConstantsTest, AFactorOfZeroGivesTheWholePitchDiameter) {
-    ranges({"1, 0, 1000, 0", "2, 0, 1000, 0"});
+    factors({{0}}, {{0}});
     EXPECT_EQ(hub(101.7), 102);
     EXPECT_EQ(left, 101.7);
     EXPECT_EQ(width(102.5), 102) << "half to even";
@@ -84,23 +63,14 @@ TEST_F(DimensionConstantsTest, AFactorOfZeroGivesTheWholePitchDiameter) {
 }
 
 TEST_F(DimensionConstantsTest, AFactorOfZeroReadsDashesAtTheWidthOnly) {
-    ranges({"1, 0, 1000, 0", "2, 0, 1000, 0"});
+    factors({{0}}, {{0}});
     hub(100);
     width(100);
     EXPECT_EQ(hubCaption(), "DP x 0");
     EXPECT_EQ(widthCaption(), "---");
 }
 
-TEST_F(DimensionConstantsTest, TheTwoCaptionsOfAFactorOfZeroAreNotAlike) {
-    ranges({"1, 0, 1000, 0", "2, 0, 1000, 0"});
-    hub(100);
-    width(100);
-    EXPECT_NE(hubCaption(), widthCaption());
-}
-
 TEST_F(DimensionConstantsTest, StatementsHoldADecimalPointAndTheShortestExactDigits) {
-    fields();
-    connection.clear();
     hub(101.3);
     width(0.1 + 0.2);
     EXPECT_EQ(
@@ -114,10 +84,9 @@ TEST_F(DimensionConstantsTest, StatementsHoldADecimalPointAndTheShortestExactDig
 }
 
 TEST_F(DimensionConstantsTest, ARefusedQueryAndAMissingConstantReachTheCaller) {
-    fields();
     connection.refuse("Calculos_Tipo = 1");
     EXPECT_THROW(hub(100), sql::DbError);
-    ranges({"1, 0, 1000, NULL"});
+    factors({{sql::Value()}}, {});
     EXPECT_THROW(hub(100), runtime::RuntimeError);
 }
 

@@ -4,7 +4,7 @@
 
 #include "velmora/data/product_types.h"
 
-#include "support/workshop.h"
+#include "wired_fields.h"
 
 namespace velmora::support {
 namespace {
@@ -15,22 +15,23 @@ using ::testing::IsEmpty;
 constexpr std::array multiples{4, 5, 6, 7, 12, 14};
 
 /// Chain 3 with 21 teeth: B2 20, gap 4, A 45, exterior 136. Also with 17,5.
-class DoubleSprocketsTest : public Workshop {
+class DoubleSprocketsTest : public WiredFields {
   protected:
     DoubleSprocketsTest() {
-        for (const char* teeth : {"21", "17.5"}) {
-            execute(std::string("INSERT INTO PDM (PDM_Tipo,PDM_Titulo,PDM_Z,PDM_Paso,PDM_AC,PDM_Rodillo,PDM_b1,PDM_b2,"
-                                "PDM_X,PDM_H1,PDM_De,PDM_Dp,PDM_Df,PDM_Dm,PDM_D2,PDM_A) VALUES (3,N'',") +
-                    teeth + ",19.05,11.68,12.07,8,20,4,2.5,136,127.82,115.75,90,20,45)");
+        const std::vector<std::string> columns{"PDM_Paso", "PDM_AC", "PDM_Rodillo", "PDM_b1", "PDM_b2",
+                                               "PDM_X",    "PDM_H1", "PDM_De",      "PDM_Dp", "PDM_Df",
+                                               "PDM_Dm",   "PDM_D2", "PDM_A"};
+        database.answerAllThatBegin("Select * from PDM where ", columns);
+        for (const char* teeth : {"21.00", "17.50"}) {
+            database.answer(std::string("Select * from PDM where PDm_tipo = 3 AND PDm_z=") + teeth, columns,
+                            {{19.05, 11.68, 12.07, 8, 20, 4, 2.5, 136, 127.82, 115.75, 90, 20, 45}});
         }
-        connection.clear();
     }
     const std::string& text(int i) { return fields().Text1(i).text(); }
     const std::string& pdm(int i) { return fields().txtPDM(i).text(); }
     const std::string& triple(int i) { return fields().txtTriple(i).text(); }
 
-    /// On the form of now: a test may have closed the one before.
-    estimate::DoubleSprockets& doubles() { return doubles_.emplace(fields(), session, screen); }
+    estimate::DoubleSprockets& doubles() { return parts().doubles; }
     void lookUp(int type, std::string_view teeth = "21") {
         chooseType(type);
         fields().cboDobles.setListIndex(3);
@@ -38,9 +39,6 @@ class DoubleSprocketsTest : public Workshop {
         enter(fields().Text1(1), teeth);
         leave();
     }
-
-  private:
-    std::optional<estimate::DoubleSprockets> doubles_;
 };
 
 // --- The look-up ---------------------------------------------------------------------------------------------------
@@ -296,7 +294,7 @@ TEST_F(DoubleSprocketsTest, TheSprocketsSecondHubIsAlwaysKnown) {
 
 TEST_F(DoubleSprocketsTest, TheVariableSketchRepeatsTheFieldsBesideIt) {
     for (const int type : {10, 11}) {
-        closeForm();
+        openAnew();
         chooseType(type);
         fields().bCargandoPropuesta = true;
         const std::vector<std::pair<int, const char*>> beside{{17, "72,5"}, {10, "30"}, {9, "20"},  {14, "22,5"},
@@ -311,7 +309,7 @@ TEST_F(DoubleSprocketsTest, TheVariableSketchRepeatsTheFieldsBesideIt) {
 
 TEST_F(DoubleSprocketsTest, OtherTypesLeaveTheVariableSketch) {
     for (const int type : {0, 2, 4, 12, 13}) {
-        closeForm();
+        openAnew();
         chooseType(type);
         for (const int i : {9, 10, 14, 15, 16, 17, 18}) {
             fields().Text1(i).setText("5");

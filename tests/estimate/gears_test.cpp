@@ -4,7 +4,7 @@
 
 #include "velmora/platform/sql/db_error.h"
 
-#include "support/workshop.h"
+#include "wired_fields.h"
 
 namespace velmora::support {
 namespace {
@@ -13,27 +13,19 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// Gear 1: module 4, 40 teeth, exterior 168. Gear 2: module 2, 20 teeth, exterior 44. Gear 3, a disc of module 4.
-class GearsTest : public Workshop {
+class GearsTest : public WiredFields {
   protected:
     GearsTest() {
-        for (const char* values :
-             {"0,4,40,12.57,160,150,168,95,24,9,65,40,25", "0,2,20,6.28,40,35,44,20,10,4.5,30,20,10",
-              "1,4,40,12.57,160,150,168,0,24,9,0,40,0"}) {
-            execute(std::string("INSERT INTO ENG (ENG_Tipo,ENG_Modulo,ENG_Z,ENG_Paso,ENG_Dp,ENG_Di,ENG_De,ENG_Dm,"
-                                "ENG_D1,ENG_H,ENG_A,ENG_B,ENG_C) VALUES (") +
-                    values + ")");
-        }
-        connection.clear();
+        const std::vector<std::string> columns{"ENG_Modulo", "ENG_Z",  "ENG_Paso", "ENG_Dp", "ENG_Di", "ENG_De",
+                                               "ENG_Dm",     "ENG_D1", "ENG_H",    "ENG_A",  "ENG_B",  "ENG_C"};
+        const std::string statement = "Select * from eng where eng_id=";
+        database.answerAllThatBegin(statement, columns);
+        database.answer(statement + "1", columns, {{4, 40, 12.57, 160, 150, 168, 95, 24, 9, 65, 40, 25}});
+        database.answer(statement + "2", columns, {{2, 20, 6.28, 40, 35, 44, 20, 10, 4.5, 30, 20, 10}});
+        database.answer(statement + "3", columns, {{4, 40, 12.57, 160, 150, 168, 0, 24, 9, 0, 40, 0}});
     }
-    void takeOver(std::int32_t id) {
-        presentation.emplace(fields());
-        materials.emplace(fields(), session, screen);
-        estimate::Gears(fields(), *presentation, *materials, session).takeOver(id);
-    }
+    void takeOver(std::int32_t id) { parts().gears.takeOver(id); }
     const std::string& text(int i) { return fields().Text1(i).text(); }
-
-    std::optional<estimate::Presentation> presentation;
-    std::optional<estimate::MaterialLists> materials;
 };
 
 TEST_F(GearsTest, ARowFillsTheCommonMeasures) {
@@ -73,7 +65,6 @@ TEST_F(GearsTest, TheModuleTakesThePlaceOfChainWidthAndRoller) {
 
 TEST_F(GearsTest, TheDiscsRowAndPricesFollowTheNewSizes) {
     chooseType(8);
-    form();
     connection.clear();
     takeOver(1);
     EXPECT_THAT(
@@ -100,11 +91,10 @@ TEST_F(GearsTest, ASmallGearIsOneRound) {
 TEST_F(GearsTest, ASmallGearLeavesTheHubOfALargeOneThatWasChosenBefore) {
     chooseType(8);
     takeOver(1);
-    const std::string hub = fields().txtPesu(25).text();
-    EXPECT_NE(hub, "0");
+    EXPECT_EQ(fields().txtPesu(25).text(), "4,78");
     takeOver(2);
     EXPECT_EQ(fields().Text4(2).text(), "100");
-    EXPECT_EQ(fields().txtPesu(25).text(), hub);
+    EXPECT_EQ(fields().txtPesu(25).text(), "4,78");
     EXPECT_TRUE(fields().fraCubo.enabled());
 }
 

@@ -1,11 +1,8 @@
 #pragma once
-// A small workshop with known rows, and the real main form standing in it: embedded database in memory, stand-in
-// session, scripted screen, a clock that stands still.
+// The main form on a database in memory with known rows: stand-in session, scripted screen, a clock that stands still.
 
 #include <memory>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -20,7 +17,7 @@
 
 namespace velmora::support {
 
-/// The rows, one statement each.
+/// The main form with these materials:
 ///
 /// | PARDPI | name         | disc | iron | formula, factor | cost, sale | rate |
 /// |--------|--------------|------|------|-----------------|------------|------|
@@ -34,31 +31,22 @@ namespace velmora::support {
 /// | 8      | Pletina      | -    | no   | 1, 7.85         | 1, 2       | 0.05 |
 ///
 /// Calculos: the hub 0.6, the total width 0.4 of any pitch diameter up to 1000. One customer, 1001.
-const std::vector<std::string>& workshopRows();
-
-class Workshop : public ::testing::Test {
+class MainForm : public ::testing::Test {
   protected:
-    Workshop();
+    MainForm();
 
     /// Runs one statement on the database; what the forms read later follows it.
     sql::Recordset execute(std::string_view statement) { return connection.execute(statement); }
     /// The main form as jShow makes it, made when it is first asked for.
     proposal::frmBercialPiñones& form();
     estimate::FieldMap& fields() { return form().fields(); }
-    /// Lets go of the form; the next call of form() makes another.
-    void closeForm() { form_.reset(); }
 
     /// What a user does.
     void enter(screen::TextBox& box, std::string_view text);
     void leave() { form().leaveFocus(); }
     void chooseType(int type) { fields().cboTipoPre.setListIndex(type); }
-    /// Pitch, chain width, teeth and roller in this order, and out of the last field.
-    void enterToothing(std::string_view pitch, std::string_view chainWidth, std::string_view teeth,
-                       std::string_view roller);
-    /// 12,7 with this roller and 38 teeth: exterior above 120.
-    void enterLargeSprocket() { enterToothing("12,7", "7,75", "38", "7,75"); }
-    /// 12,7 with this roller and 17 teeth: exterior below 120.
-    void enterSmallSprocket() { enterToothing("12,7", "7,75", "17", "7,75"); }
+    /// A toothing whose exterior is above 120, and out of its last field.
+    void enterLargeSprocket();
 
     StoppedClock clock;
     std::unique_ptr<sql::Connection> database;
@@ -71,28 +59,6 @@ class Workshop : public ::testing::Test {
 
   private:
     std::unique_ptr<proposal::frmBercialPiñones> form_;
-};
-
-/// Counts how often a control's text is written anew while it lives.
-class TextChanges final : public screen::FormObserver {
-  public:
-    TextChanges(screen::Form& form, const screen::Control& watched) : form_(form), watched_(watched) {
-        form_.addObserver(*this);
-    }
-    ~TextChanges() override { form_.removeObserver(*this); }
-    TextChanges(const TextChanges&) = delete;
-    TextChanges& operator=(const TextChanges&) = delete;
-
-    void controlChanged(screen::Control& control, screen::Property property) override;
-    void formChanged() override {}
-    void focusMoved(screen::Control*) override {}
-
-    /// Every text that was written, in order.
-    std::vector<std::string> texts;
-
-  private:
-    screen::Form& form_;
-    const screen::Control& watched_;
 };
 
 }  // namespace velmora::support

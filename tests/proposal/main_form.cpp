@@ -1,4 +1,7 @@
-#include "support/workshop.h"
+#include "main_form.h"
+
+#include <string>
+#include <vector>
 
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
@@ -21,9 +24,7 @@ std::string article(const std::string& values) {
            values + ", 1, 0)";
 }
 
-}  // namespace
-
-const std::vector<std::string>& workshopRows() {
+const std::vector<std::string>& mainFormRows() {
     static const std::vector<std::string> rows{
         "INSERT INTO materiales (mat_id, mat_pcs) VALUES (1, 0.05)",
         "INSERT INTO materiales (mat_id, mat_pcs) VALUES (2, 0.02)",
@@ -58,42 +59,37 @@ const std::vector<std::string>& workshopRows() {
     return rows;
 }
 
-Workshop::Workshop()
+}  // namespace
+
+MainForm::MainForm()
     : database(sqlite::openDatabase(":memory:", {.clock = [this] { return clock.now(); }})),
       connection(*database),
       session(connection) {
     data::createDatabase(connection);
-    for (const std::string& statement : workshopRows()) {
+    for (const std::string& statement : mainFormRows()) {
         connection.execute(statement);
     }
     connection.clear();
 }
 
-proposal::frmBercialPiñones& Workshop::form() {
+proposal::frmBercialPiñones& MainForm::form() {
     if (!form_) {
         form_ = std::make_unique<proposal::frmBercialPiñones>(session, desk);
     }
     return *form_;
 }
 
-void Workshop::enter(screen::TextBox& box, std::string_view text) {
+void MainForm::enter(screen::TextBox& box, std::string_view text) {
     ASSERT_TRUE(form().moveFocus(box, screen::Form::Insist::yes)) << box.fullName() << " takes no focus";
     box.setText(text);
 }
 
-void Workshop::enterToothing(std::string_view pitch, std::string_view chainWidth, std::string_view teeth,
-                             std::string_view roller) {
-    enter(fields().Text1(0), pitch);
-    enter(fields().Text1(8), chainWidth);
-    enter(fields().Text1(1), teeth);
-    enter(fields().Text1(2), roller);
+void MainForm::enterLargeSprocket() {
+    enter(fields().Text1(0), "12,7");
+    enter(fields().Text1(8), "7,75");
+    enter(fields().Text1(1), "38");
+    enter(fields().Text1(2), "7,75");
     leave();
-}
-
-void TextChanges::controlChanged(screen::Control& control, screen::Property property) {
-    if (&control == &watched_ && property == screen::Property::text) {
-        texts.push_back(dynamic_cast<screen::TextBox&>(control).text());
-    }
 }
 
 }  // namespace velmora::support
