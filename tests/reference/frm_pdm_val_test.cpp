@@ -196,11 +196,9 @@ TEST_F(DoublesFormTest, LeavingB2GivesTheGapAndLeavingThePitchDiameterTheRoot) {
     beginFirstRow();
     set(chainB1, "9");
     leave();
-    const std::string before = text(chainX);
     set(chainB2, "26,5");
     leave();
     EXPECT_EQ(text(chainX), "17,50");
-    EXPECT_NE(text(chainX), before);
     set(chainRoller, "10,16");
     set(chainDp, "80");
     leave();
@@ -366,8 +364,7 @@ TEST_F(DoublesFormTest, APitchOfThreeDecimalsIsShownUsedAndStoredWithTwo) {
     press(fields().cmdNuevo);
     set(chainTeeth, "10");
     leave();
-    EXPECT_EQ(text(chainDp), "30,83") << "from 9,53";
-    EXPECT_NE(text(chainDp), "30,82") << "which 9,525 would give";
+    EXPECT_EQ(text(chainDp), "30,83") << "from 9,53; 9,525 would give 30,82";
     press(fields().cmdNuevo);
     fields().dbgRs.moveToRow(0);
     press(fields().cmdGrabar);

@@ -273,8 +273,15 @@ TEST(Redondear, AgreesWithFormat) {
 }
 
 TEST(Redondear, GivesWhatRoundDoesNot) {
-    EXPECT_NE(Redondear(1.005, 2), Round(1.005, 2));
-    EXPECT_NE(Redondear(0.125, 2), Round(0.125, 2));
+    struct Row {
+        double value;
+        double away;  ///< the half goes away from zero
+        double even;  ///< the half goes to the even neighbour
+    };
+    for (const Row& row : {Row{1.005, 1.01, 1}, Row{0.125, 0.13, 0.12}}) {
+        EXPECT_EQ(Redondear(row.value, 2), row.away) << row.value;
+        EXPECT_EQ(Round(row.value, 2), row.even) << row.value;
+    }
 }
 
 TEST(Numbers, TextOfFifteenDigitsSurvivesTheWayThere) {
