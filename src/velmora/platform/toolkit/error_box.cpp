@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -21,7 +22,7 @@ std::string hexadecimal(std::uint32_t bits) {
 }
 
 std::string numberText(long number) {
-    const std::string decimal = runtime::CStr(std::int64_t{number});
+    std::string decimal = runtime::CStr(std::int64_t{number});
     if (number >= 0) {
         return decimal;
     }
@@ -33,7 +34,7 @@ std::string numberText(long number) {
 screen::MessageBox errorBox(std::exception_ptr error) {
     screen::MessageBox box{.text = {}, .icon = screen::Icon::critical, .title = std::string(programTitle)};
     try {
-        std::rethrow_exception(error);
+        std::rethrow_exception(std::move(error));
     } catch (const runtime::RuntimeError& e) {
         box.text = "Error " + numberText(e.number()) + "\n\n" + e.description();
     } catch (const std::exception& e) {

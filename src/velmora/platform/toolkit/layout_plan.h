@@ -26,7 +26,9 @@ enum class Alignment {
 
 struct PlanCell;
 
-struct LayoutPlan {
+/// `Cell` is PlanCell. A template, because clang takes `cells = {}` only once the type of a cell is complete.
+template <class Cell>
+struct PlanOfCells {
     enum class Kind {
         nothing,
         control,  ///< of the field `node`
@@ -43,13 +45,15 @@ struct LayoutPlan {
     const screen::Layout* node = nullptr;
     bool horizontal = false;              ///< for a box
     Spacing spacing = Spacing::parts;     ///< between the cells of a box or the lines of a grid
-    std::vector<PlanCell> cells = {};     ///< of a box, grid or group; the pages of a shared place
+    std::vector<Cell> cells = {};         ///< of a box, grid or group; the pages of a shared place
     std::vector<int> columnStretch = {};  ///< for a grid, by column: share of the remaining width
     std::vector<int> rowStretch = {};     ///< for a grid, by row: share of the remaining height
     /// A page of a shared place: whether its frame, or the label of its caption, is shown depends on the place and not
     /// on its own visibility.
     bool shownByTurn = false;
 };
+
+using LayoutPlan = PlanOfCells<PlanCell>;
 
 struct PlanCell {
     LayoutPlan part;

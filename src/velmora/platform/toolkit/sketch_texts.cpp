@@ -29,7 +29,7 @@ LabelTexts labelTextsOf(const screen::Sketch& sketch) {
 
 std::string shownText(const screen::Dimension& dimension, const LabelTexts& labels) {
     const auto label = labels.find(dimension.label);
-    const std::string value = label == labels.end() ? std::string() : label->second;
+    std::string value = label == labels.end() ? std::string() : label->second;
     if (dimension.caption.empty() || beginsWithLetter(value)) {
         return value;
     }
