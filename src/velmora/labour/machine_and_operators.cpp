@@ -91,9 +91,9 @@ void MachineAndOperators::listOperators(std::int32_t idMachine) {
     }
 }
 
-void MachineAndOperators::add(const std::string& name, std::string entry) {
+void MachineAndOperators::add(const std::string& name, const std::string& entry) {
     f_.cboOperarios.addItem(name);
-    f_.cboOperPvp.addItem(std::move(entry));
+    f_.cboOperPvp.addItem(entry);
 }
 
 void MachineAndOperators::replace(std::int32_t idOperator, const std::string& entry) {

@@ -36,7 +36,7 @@ class MachineAndOperators {
     void clearLine();
     void workOutAmount();
     void listOperators(std::int32_t idMachine);
-    void add(const std::string& name, std::string entry);
+    void add(const std::string& name, const std::string& entry);
     void replace(std::int32_t idOperator, const std::string& entry);
 
     LineFields& f_;

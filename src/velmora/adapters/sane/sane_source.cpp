@@ -21,7 +21,7 @@ constexpr long deviceError = 57;
 // Chosen C-217: pages are scanned in colour at 200 dots per inch: text and stamps are legible, and a page is smaller
 // than a megabyte.
 constexpr double wantedResolution = 200;
-constexpr std::size_t chunk = 64 * 1024;
+constexpr std::size_t chunk = std::size_t{64} * 1024;
 constexpr std::size_t mostSamples = std::size_t{1} << 30;
 
 struct StatusText {

@@ -19,7 +19,7 @@ constexpr std::string_view programName = "velmora-scan";
 constexpr std::string_view version = "1";
 constexpr std::string_view unknownFraction = "-";
 constexpr char separator = '\t';
-constexpr std::size_t longestLine = 64 * 1024;  // bytes
+constexpr std::size_t longestLine = std::size_t{64} * 1024;  // bytes
 constexpr double mostSamples = 3.0 * (std::size_t{1} << 30);
 
 [[noreturn]] void refuse() {

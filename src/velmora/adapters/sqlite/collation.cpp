@@ -70,7 +70,7 @@ void registerCollation(sqlite3* database) {
     if (code != SQLITE_OK) {
         throwEngineError(database, code);
     }
-    order.release();  // the engine deletes it with the connection
+    static_cast<void>(order.release());  // the engine deletes it with the connection
 }
 
 }  // namespace velmora::sqlite

@@ -27,7 +27,7 @@ inline constexpr std::string_view documentsSchema = "documents";
 
 /// Bytes that the write-ahead file reaches while nobody reads an older state of the database: it is written from its
 /// start again once so much of it is in the database itself.
-inline constexpr std::uint64_t writeAheadSize = 1024 * 1024;
+inline constexpr std::uint64_t writeAheadSize = std::uint64_t{1024} * 1024;
 
 /// Used by one thread at a time: whoever holds it has it for himself.
 class Link {

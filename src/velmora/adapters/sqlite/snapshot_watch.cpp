@@ -33,7 +33,7 @@ void SnapshotWatch::add(const std::shared_ptr<OpenRows>& set) {
     changed_.notify_one();
 }
 
-void SnapshotWatch::run(std::stop_token stop) {
+void SnapshotWatch::run(const std::stop_token& stop) {
     while (!stop.stop_requested()) {
         {
             std::unique_lock lock(mutex_);

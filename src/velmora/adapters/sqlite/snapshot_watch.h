@@ -27,7 +27,7 @@ class SnapshotWatch {
     void add(const std::shared_ptr<OpenRows>& set);
 
   private:
-    void run(std::stop_token stop);
+    void run(const std::stop_token& stop);
     std::vector<std::shared_ptr<OpenRows>> held();
 
     std::mutex mutex_;

@@ -14,7 +14,7 @@
 namespace velmora::sqlite {
 
 /// Texts longer than this carry a document's content and are not run twice.
-inline constexpr std::size_t longestCachedText = 16 * 1024;
+inline constexpr std::size_t longestCachedText = std::size_t{16} * 1024;
 
 /// A translated statement. Once made it is not changed: sets on other threads read by it.
 struct CachedStatement {

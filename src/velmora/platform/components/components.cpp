@@ -4,6 +4,7 @@
 
 namespace velmora::components {
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a few names, once when the program starts
 void ComponentFactory::add(std::string progId, Maker maker) {
     makers_[runtime::UCase(progId)] = std::move(maker);
 }

@@ -38,10 +38,10 @@ std::string nameIn(std::string_view source) {
 }  // namespace
 
 void Engines::add(std::string name, Open open) {
-    const auto [place, isNew] = engines_.try_emplace(std::move(name), std::move(open));
-    if (!isNew) {
-        throw std::logic_error("engine registered twice: " + place->first);
+    if (engines_.contains(name)) {
+        throw std::logic_error("engine registered twice: " + name);
     }
+    engines_[std::move(name)] = std::move(open);
 }
 
 std::vector<std::string> Engines::names() const {
