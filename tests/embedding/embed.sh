@@ -8,8 +8,9 @@ rm -rf "$work"
 mkdir -p "$work"
 case $from in
 tree)
-    # With the flags of the release build, so that a compiler cache has the rooms already.
-    set -- "-DVELMORA_TREE=$sources" -DVELMORA_WERROR=ON ;;
+    # All rooms are compiled anew, so without optimisation: that they build inside of another project is what counts.
+    set -- "-DVELMORA_TREE=$sources" -DVELMORA_WERROR=ON -DVELMORA_PRECOMPILE=ON \
+        -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 ;;
 install)
     cmake --install "$build" --prefix "$work/installed" >"$work/install.log"
     # The headers must be the installed ones: nothing below the sources may be named.
@@ -17,9 +18,9 @@ install)
         echo "the package names the folder of the sources" >&2
         exit 1
     fi
-    set -- "-DCMAKE_PREFIX_PATH=$work/installed" ;;
+    set -- "-DCMAKE_PREFIX_PATH=$work/installed" -DCMAKE_BUILD_TYPE=Release ;;
 esac
-cmake -S "$sources/examples/embedding" -B "$work/build" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@" >"$work/configure.log"
+cmake -S "$sources/examples/embedding" -B "$work/build" -G Ninja "$@" >"$work/configure.log"
 cmake --build "$work/build" --target embedding >"$work/build.log" || { cat "$work/build.log" >&2; exit 1; }
 program=$(find "$work/build" -name embedding -type f -perm -u+x)
 "$program" | tee "$work/out"
