@@ -12,7 +12,8 @@ namespace velmora::sqlite {
 namespace {
 
 constexpr std::size_t rowsOfAStep = 256;
-constexpr int pagesOfAStep = 512;
+/// Some milliseconds. Smaller steps fall behind a busy writer: between two of them a reader of the list takes its turn.
+constexpr int pagesOfAStep = 4096;
 
 /// The columns of the table of rows: "c0, c1, …".
 std::string columnNames(std::size_t count) {
