@@ -1,6 +1,7 @@
 #include "velmora/estimate/field_map.h"
 
 #include "velmora/estimate/field_names.h"
+#include "velmora/estimate/price.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 
@@ -51,7 +52,7 @@ void put(TextBox& box, const sql::Value& value) {
 }
 
 double round2(double value) {
-    return runtime::Redondear(value, 2);
+    return cents(value);
 }
 
 std::string entryKey(const ComboBox& list) {
