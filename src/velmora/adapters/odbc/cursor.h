@@ -1,0 +1,55 @@
+#pragma once
+// A statement that has been sent, and the rows that it answers, forward only.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "velmora/adapters/odbc/handles.h"
+#include "velmora/platform/sql/recordset.h"
+
+namespace velmora::odbc {
+
+/// What a column's type becomes.
+enum class Kind { bit, whole, number, text, date, binary };
+
+struct CursorColumn {
+    std::string name;
+    Kind kind = Kind::text;
+    bool identity = false;  ///< numbered by the server
+};
+
+/// Everything that the driver says goes out as DbError with the statement.
+class Cursor {
+  public:
+    /// Sends the statement. A statement without rows has run to its end afterwards.
+    Cursor(SQLHANDLE connection, std::string statement);
+
+    /// Empty for a statement that answers no rows.
+    const std::vector<CursorColumn>& columns() const { return columns_; }
+
+    /// The next row; false behind the last one, with the statement run to its end.
+    bool next(sql::Row& row);
+
+    /// Rows that a statement without an answer has changed; -1 when the driver cannot tell.
+    long changedRows() const { return changedRows_; }
+
+  private:
+    void describe();
+    void finish();
+    sql::Value value(SQLUSMALLINT column, Kind kind);
+    sql::Value text(SQLUSMALLINT column);
+    sql::Value bytes(SQLUSMALLINT column);
+    void require(SQLRETURN answer) const;
+
+    std::string statement_;
+    StatementHandle handle_;
+    std::vector<CursorColumn> columns_;
+    long changedRows_ = -1;
+};
+
+/// Runs an UPDATE whose one parameter is a binary content, sent whole. The number of rows that it changed. Errors:
+/// DbError.
+long updateBinary(SQLHANDLE connection, const std::string& statement, const sql::Bytes& content);
+
+}  // namespace velmora::odbc

@@ -1,0 +1,57 @@
+#pragma once
+// One connection to the server.
+
+#include <string>
+#include <string_view>
+
+#include "velmora/adapters/odbc/cursor.h"
+#include "velmora/adapters/odbc/database.h"
+
+namespace velmora::odbc {
+
+/// What the server at the other end understands beyond plain statements.
+enum class Server {
+    tsql,   ///< session settings, transactions with an application lock
+    other,  ///< plain transactions: drivers for tests
+};
+
+/// For one thread at a time.
+class Link {
+  public:
+    /// Connects and makes the session's settings. Errors: see openDatabase.
+    Link(const std::string& connectionText, const Options& options);
+    ~Link();
+    Link(const Link&) = delete;
+    Link& operator=(const Link&) = delete;
+
+    SQLHANDLE handle() const { return handle_.get(); }
+    Server server() const { return server_; }
+    std::string catalog() const;
+
+    /// Sends a statement. Errors: DbError.
+    Cursor send(std::string_view statement);
+    /// Sends a statement and answers the first column of its first row; null when there is none. Errors: DbError.
+    sql::Value ask(std::string_view statement);
+    /// Runs what uses this connection and takes note when it ends with the loss of it.
+    template <typename Work>
+    auto watch(const Work& work) {
+        try {
+            return work();
+        } catch (const sql::DbError& error) {
+            noteLoss(error);
+            throw;
+        }
+    }
+
+    bool isLost() const { return lost_; }
+
+  private:
+    void connect(const std::string& connectionText, const Options& options);
+    void noteLoss(const sql::DbError& error);
+
+    ConnectionHandle handle_;
+    Server server_ = Server::other;
+    bool lost_ = false;
+};
+
+}  // namespace velmora::odbc

@@ -1,0 +1,158 @@
+#include "velmora/adapters/odbc/row_spool.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "velmora/adapters/odbc/row_bytes.h"
+#include "velmora/platform/sql/db_error.h"
+
+namespace velmora::odbc {
+
+namespace {
+
+/// A block ends at so many rows, or bytes.
+constexpr std::size_t blockRows = 128;
+constexpr std::size_t blockBytes = 1024 * 1024;
+/// Blocks beyond so many bytes go to the file.
+constexpr std::size_t mostInMemory = 8 * 1024 * 1024;
+
+std::size_t sizeOf(const sql::Row& row) {
+    std::size_t bytes = row.size() * sizeof(sql::Value);
+    for (const sql::Value& value : row) {
+        if (const auto* text = std::get_if<std::string>(&value.raw())) {
+            bytes += text->size();
+        } else if (const auto* content = std::get_if<sql::Bytes>(&value.raw())) {
+            bytes += content->size();
+        }
+    }
+    return bytes;
+}
+
+[[noreturn]] void failOnFile() {
+    throw sql::DbError(sql::provider::failure,
+                       "No se pueden guardar las filas de la lista en un archivo temporal. ¿Está lleno el disco?");
+}
+
+}  // namespace
+
+bool seek(std::FILE* file, std::int64_t offset) {
+#ifdef _WIN32
+    return _fseeki64(file, offset, SEEK_SET) == 0;
+#else
+    return fseeko(file, static_cast<off_t>(offset), SEEK_SET) == 0;
+#endif
+}
+
+void RowSpool::Close::operator()(std::FILE* file) const {
+    std::fclose(file);
+}
+
+RowSpool::~RowSpool() = default;
+
+void RowSpool::add(sql::Row row) {
+    {
+        const std::lock_guard lock(mutex_);
+        tailBytes_ += sizeOf(row);
+        tail_.push_back(std::move(row));
+        ++count_;
+        if (tail_.size() == blockRows || tailBytes_ > blockBytes) {
+            closeBlock();
+        }
+    }
+    changed_.notify_all();
+}
+
+void RowSpool::closeBlock() {
+    Rows rows = std::exchange(tail_, {});
+    const std::size_t bytes = std::exchange(tailBytes_, 0);
+    Block block{.first = count_ - rows.size(), .rows = {}};
+    if (inMemory_ + bytes <= mostInMemory) {
+        inMemory_ += bytes;
+        block.rows = std::make_shared<const Rows>(std::move(rows));
+    } else {
+        write(block, rows);
+    }
+    blocks_.push_back(std::move(block));
+}
+
+void RowSpool::write(Block& block, const Rows& rows) {
+    if (!file_) {
+        file_.reset(std::tmpfile());
+    }
+    const std::string bytes = toBytes(rows);
+    block.offset = fileEnd_;
+    block.bytes = bytes.size();
+    if (!file_ || !seek(file_.get(), fileEnd_) ||
+        std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size() || std::fflush(file_.get()) != 0) {
+        failOnFile();
+    }
+    fileEnd_ += static_cast<std::int64_t>(bytes.size());
+}
+
+void RowSpool::finish() {
+    {
+        const std::lock_guard lock(mutex_);
+        complete_ = true;
+    }
+    changed_.notify_all();
+}
+
+void RowSpool::fail(std::exception_ptr error) {
+    {
+        const std::lock_guard lock(mutex_);
+        error_ = std::move(error);
+    }
+    changed_.notify_all();
+}
+
+bool RowSpool::waitFor(std::size_t position) {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [&] { return position < count_ || complete_ || error_; });
+    if (position < count_) {
+        return true;
+    }
+    if (error_) {
+        std::rethrow_exception(error_);
+    }
+    return false;
+}
+
+std::size_t RowSpool::waitForAll() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [&] { return complete_ || error_; });
+    if (error_) {
+        std::rethrow_exception(error_);
+    }
+    return count_;
+}
+
+const sql::Row& RowSpool::row(std::size_t position) {
+    if (current_ && position >= currentFirst_ && position - currentFirst_ < current_->size()) {
+        return (*current_)[position - currentFirst_];
+    }
+    const std::lock_guard lock(mutex_);
+    const std::size_t tailFirst = count_ - tail_.size();
+    if (position >= tailFirst) {
+        row_ = tail_[position - tailFirst];
+        return row_;
+    }
+    const auto behind = std::ranges::upper_bound(blocks_, position, {}, &Block::first);
+    const Block& block = *std::prev(behind);
+    current_ = rowsOf(block);
+    currentFirst_ = block.first;
+    return (*current_)[position - currentFirst_];
+}
+
+std::shared_ptr<const RowSpool::Rows> RowSpool::rowsOf(const Block& block) {
+    if (block.rows) {
+        return block.rows;
+    }
+    std::string bytes(block.bytes, '\0');
+    if (!seek(file_.get(), block.offset) || std::fread(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) {
+        failOnFile();
+    }
+    return std::make_shared<const Rows>(fromBytes(bytes));
+}
+
+}  // namespace velmora::odbc

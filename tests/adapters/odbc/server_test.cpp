@@ -1,0 +1,73 @@
+// What the adapter promises of a server beyond the contract of every engine.
+
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "velmora/adapters/odbc/connection_text.h"
+#include "velmora/adapters/odbc/database.h"
+#include "velmora/platform/sql/db_error.h"
+
+#include "server_under_test.h"
+
+namespace velmora::odbc {
+namespace {
+
+using sql::Value;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class OdbcServer : public ::testing::Test {
+  protected:
+    OdbcServer() {
+        test::dropTestTables(text_);
+        connection_ = openDatabase(text_);
+    }
+
+    sql::Recordset execute(std::string_view statement) { return connection_->execute(statement); }
+    Value scalar(std::string_view statement) { return execute(statement)[std::size_t{0}]; }
+
+    std::string text_ = readConnectionText(*test::testServer());
+    std::unique_ptr<sql::Connection> connection_;
+};
+
+TEST_F(OdbcServer, ALongTextComesWhole) {
+    execute("CREATE TABLE T_A (t ntext, v nvarchar(4000))");
+    std::string text;
+    while (text.size() < 300'000) {
+        text += "Piñón nº " + std::to_string(text.size()) + " a 5 €; ";
+    }
+    execute("insert into T_A (t, v) values (N'" + text + "', N'ñ€')");
+    const sql::Recordset row = execute("select * from T_A");
+    EXPECT_TRUE(row["t"] == Value(text));
+    EXPECT_EQ(row["v"], Value("ñ€"));
+}
+
+TEST_F(OdbcServer, ALoginOfAnotherLanguageReadsDatesDayFirst) {
+    connection_ = openDatabase(text_, {.loginStatement = "SET DATEFORMAT mdy"});
+    execute("CREATE TABLE T_A (d datetime)");
+    execute("insert into T_A (d) values ('10/01/2026')");
+    EXPECT_EQ(scalar("select d from T_A"), Value(runtime::Date::of(2026, 1, 10)));
+    EXPECT_EQ(scalar("select count(*) from T_A where d BETWEEN '10/01/2026 00:00:00' and '10/01/2026 23:59:59'"),
+              Value(1));
+    // A set that is being read ahead has a connection of its own; so have the statements behind it.
+    for (int i = 0; i < 12; ++i) {
+        execute("insert into T_A (d) select d from T_A");
+    }
+    const sql::Recordset first = execute("select d from T_A");
+    const sql::Recordset second = execute("select d from T_A");
+    EXPECT_EQ(scalar("select count(*) from T_A where d = '10/01/2026'"), Value(4096));
+}
+
+TEST_F(OdbcServer, AnUnknownUserIsToldWithoutThePassword) {
+    try {
+        openDatabase(withValue(withValue(text_, "PWD", "geheim"), "UID", "nadie"));
+        FAIL();
+    } catch (const sql::DbError& error) {
+        EXPECT_EQ(error.number(), sql::provider::failure);
+        EXPECT_THAT(error.description(), Not(HasSubstr("geheim")));
+    }
+}
+
+}  // namespace
+}  // namespace velmora::odbc
