@@ -4,11 +4,14 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "velmora/apps/engines/known_engines.h"
 #include "velmora/data/indexes.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
+
+#include "stopped_server_clock.h"
 
 namespace velmora::drive {
 
@@ -52,6 +55,28 @@ std::string sourceOf(const Options& options) {
                        : engines::fileSource(options.database.value_or(":memory:"));
 }
 
+void fillRows(sql::Connection& connection, const std::string& rows, const system::Clock& clock) {
+    if (rows == demo) {
+        data::fillDemo(connection, clock.now());
+    } else if (rows != none) {
+        runFile(connection, rows);
+    }
+}
+
+/// A server's database is the host's: it gets tables only when it has none at all and rows are asked for, and never an
+/// index.
+void fillServer(sql::Connection& connection, const Options& options, const system::Clock& clock) {
+    const std::string rows = options.data.value_or(std::string(none));
+    const bool isEmpty = !connection.execute("SELECT top 1 TABLE_NAME FROM INFORMATION_SCHEMA.TABLES").hasRows();
+    if (!isEmpty && rows == demo) {
+        throw NoDatabase("the demonstration rows go into a database without tables only");
+    }
+    if (isEmpty && rows != none) {
+        data::createDatabase(connection);
+    }
+    fillRows(connection, rows, clock);
+}
+
 void fill(sql::Connection& connection, const Options& options, const system::Clock& clock) {
     const bool isNew = !hasTables(connection);
     const std::string rows = options.data.value_or(std::string(isNew ? demo : none));
@@ -64,11 +89,7 @@ void fill(sql::Connection& connection, const Options& options, const system::Clo
     } else {
         data::addMissingIndexes(connection);
     }
-    if (rows == demo) {
-        data::fillDemo(connection, clock.now());
-    } else if (rows != none) {
-        runFile(connection, rows);
-    }
+    fillRows(connection, rows, clock);
 }
 
 }  // namespace
@@ -76,7 +97,10 @@ void fill(sql::Connection& connection, const Options& options, const system::Clo
 std::unique_ptr<sql::Connection> openDatabase(const Options& options, const system::Clock& clock) {
     try {
         auto connection = engines::knownEngines(clock).open(sourceOf(options));
-        fill(*connection, options, clock);
+        if (options.dsn && options.now) {
+            connection = std::make_unique<StoppedServerClock>(std::move(connection), *options.now);
+        }
+        options.dsn ? fillServer(*connection, options, clock) : fill(*connection, options, clock);
         return connection;
     } catch (const sql::DbError& e) {
         throw NoDatabase((options.dsn ? "--dsn: " : "") + e.description() +

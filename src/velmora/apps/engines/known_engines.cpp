@@ -1,5 +1,6 @@
 #include "velmora/apps/engines/known_engines.h"
 
+#include "velmora/adapters/odbc/database.h"
 #include "velmora/adapters/sqlite/database.h"
 
 namespace velmora::engines {
@@ -7,6 +8,7 @@ namespace velmora::engines {
 sql::Engines knownEngines(const system::Clock& clock) {
     sql::Engines engines;
     sqlite::registerIn(engines, {.clock = [&clock] { return clock.now(); }});
+    odbc::registerIn(engines);
     return engines;
 }
 
