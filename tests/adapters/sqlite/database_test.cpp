@@ -11,8 +11,8 @@
 
 #include "velmora/adapters/sqlite/errors.h"
 
+#include "sample_database.h"
 #include "support/temporary_folder.h"
-#include "workshop.h"
 
 namespace velmora::test {
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "workshop.h"
+#include "sample_database.h"
 
 namespace velmora::test {
 
@@ -265,7 +265,7 @@ class Statements : public testing::Test {
 
     std::string answer(const std::string& text) { return shown(connection->execute(text)); }
 
-    std::unique_ptr<sql::Connection> connection = openWorkshop();
+    std::unique_ptr<sql::Connection> connection = openSampleDatabase();
 };
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include "velmora/adapters/tsql/refusals.h"
 #include "velmora/adapters/tsql/tokenizer.h"
 
-#include "../workshop.h"
+#include "../sample_database.h"
 
 namespace velmora::test {
 
@@ -67,7 +67,7 @@ Kind kindOf(const std::string& expression) {
 }
 
 std::string valueOf(const std::string& expression) {
-    return shown(openWorkshop()->execute("select " + expression));
+    return shown(openSampleDatabase()->execute("select " + expression));
 }
 
 }  // namespace
@@ -214,7 +214,7 @@ TEST(Dialect, RefusesValuesThatDoNotFitTheirColumn) {
 }
 
 TEST(Dialect, IntegerColumnsDropDecimalsAndNumericRoundsThem) {
-    const auto connection = openWorkshop();
+    const auto connection = openSampleDatabase();
     connection->execute("CREATE TABLE T (i int, n numeric(18, 0), m numeric(10, 2), f float, t nvarchar(20), b bit)");
     connection->execute("insert into T (i, n, m, f, t, b) values (2.7, 2.7, 2.345, 3, 12.5, 7)");
     EXPECT_EQ(shown(connection->execute("select * from T")), "2|3|2.35|3.0|12.5|true");
@@ -257,7 +257,7 @@ TEST(Dialect, Functions) {
 }
 
 TEST(Dialect, GroupsAndDistinctFollowTheCollation) {
-    const auto connection = openWorkshop();
+    const auto connection = openSampleDatabase();
     connection->execute("CREATE TABLE T (t nvarchar(20), i int)");
     connection->execute("insert into T values ('Eje', 1), ('EJE ', 2), (N'Ejé', 4)");
     EXPECT_EQ(shown(connection->execute("select sum(i) from T group by t order by 1")), "3/4");
@@ -269,14 +269,14 @@ TEST(Dialect, GroupsAndDistinctFollowTheCollation) {
 }
 
 TEST(Dialect, AnAliasGoesBeforeAColumnInAnOrdering) {
-    const auto connection = openWorkshop();
+    const auto connection = openSampleDatabase();
     EXPECT_EQ(shown(connection->execute("select -CLI_ID as CLI_COD from CLI order by CLI_COD")), "-2/-1");
     EXPECT_EQ(shown(connection->execute("select CLI_ID, CLI.* from CLI order by CLI_COD desc")).substr(0, 8),
               "2|2|1002");
 }
 
 TEST(Dialect, IndexesBelongToTheirTable) {
-    const auto connection = openWorkshop();
+    const auto connection = openSampleDatabase();
     connection->execute("CREATE NONCLUSTERED INDEX [IX] ON [dbo].[CLI] ([CLI_NOM] DESC, CLI_COD) ON [PRIMARY]");
     connection->execute("CREATE UNIQUE INDEX IX ON ART (ART_COD)");
     EXPECT_THROW(connection->execute("insert into ART (ART_ID, ART_COD) values (9, 'r-f114 ')"), sql::DbError);
@@ -287,7 +287,7 @@ TEST(Dialect, IndexesBelongToTheirTable) {
 }
 
 TEST(Dialect, ATableIsDroppedAndMadeAnew) {
-    const auto connection = openWorkshop();
+    const auto connection = openSampleDatabase();
     EXPECT_EQ(connection->execute("select * from PRO").columns().size(), 1u);
     connection->execute("DROP TABLE PRO");
     EXPECT_THROW(connection->execute("select * from PRO"), sql::DbError);
@@ -307,7 +307,7 @@ TEST(Dialect, AColumnWorkedOutHasNoNameUnlessGiven) {
 }
 
 TEST(Dialect, AKeyAddedLaterRefusesDuplicates) {
-    const auto connection = openWorkshop();
+    const auto connection = openSampleDatabase();
     connection->execute("CREATE TABLE T (a int NOT NULL)");
     connection->execute("insert into T values (1), (1)");
     EXPECT_THROW(connection->execute("ALTER TABLE T WITH NOCHECK ADD CONSTRAINT PK_T PRIMARY KEY CLUSTERED (a)"),
@@ -319,7 +319,7 @@ TEST(Dialect, AKeyAddedLaterRefusesDuplicates) {
 }
 
 TEST(Dialect, AGivenKeyIsTakenAndNumberingGoesOnBehindIt) {
-    const auto connection = openWorkshop();
+    const auto connection = openSampleDatabase();
     connection->execute("SET IDENTITY_INSERT PDM ON");
     connection->execute("insert into PDM (PDM_ID, PDM_Tipo) values (40, 1)");
     connection->execute("SET IDENTITY_INSERT PDM OFF");

@@ -1,5 +1,5 @@
 #pragma once
-// A small workshop in memory: the tables that the program's statements reach, and a few rows.
+// A database in memory: the tables that the program's statements reach, and a few rows.
 
 #include <memory>
 #include <string>
@@ -9,7 +9,7 @@
 namespace velmora::test {
 
 /// Now is 15 January 2026, 10:00.
-std::unique_ptr<sql::Connection> openWorkshop();
+std::unique_ptr<sql::Connection> openSampleDatabase();
 
 /// All rows as text: values by "|", rows by "/"; texts as they are, numbers in shortest digits (a float with whole
 /// value keeps ".0"), bits as "true" and "false", dates as 2026-01-15 10:00:00, null as NULL, bytes as 0x….

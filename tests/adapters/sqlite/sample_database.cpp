@@ -1,4 +1,4 @@
-#include "workshop.h"
+#include "sample_database.h"
 
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/adapters/tsql/conversions.h"
@@ -144,7 +144,7 @@ std::string shown(const sql::Value& value) {
 
 }  // namespace
 
-std::unique_ptr<sql::Connection> openWorkshop() {
+std::unique_ptr<sql::Connection> openSampleDatabase() {
     auto connection = sqlite::openDatabase(":memory:", {.clock = [] { return runtime::Date::of(2026, 1, 15, 10); }});
     for (const char* statement : tables) {
         connection->execute(statement);
