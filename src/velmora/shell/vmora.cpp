@@ -70,7 +70,7 @@ void VMORA::jPrintPropuesta(std::int32_t&, bool&) {}
 void VMORA::jShowSeguimiento() {
     session::Session& session = currentSession();
     msActualizarPARDPI(session.Connection(), desk_.screen);
-    tracking::frmSeguimiento form(session, desk_);
+    tracking::frmSeguimiento form(session, desk_, gVMORA->listOrder);
     form.setTag("e");
     desk_.screen.showModal(form);
 }

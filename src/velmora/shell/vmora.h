@@ -6,6 +6,7 @@
 
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/session.h"
+#include "velmora/tracking/proposal_list.h"
 
 namespace velmora::shell {
 
@@ -20,7 +21,7 @@ class VMORA {
     VMORA& operator=(const VMORA&) = delete;
 
     /// The host's open session, kept by reference; never opened or closed here.
-    void MyBd(session::Session* session) { given_->MyBd = session; }
+    void MyBd(session::Session* session) { *given_ = {.MyBd = session}; }
     /// Error 91 when not set.
     session::Session& MyBd() const;
 
@@ -37,6 +38,8 @@ class VMORA {
     /// State of an instance; outlives the instance while gVMORA holds it.
     struct Given {
         session::Session* MyBd = nullptr;
+        /// Of the session's connection.
+        std::shared_ptr<tracking::ListOrder> listOrder = std::make_shared<tracking::ListOrder>();
     };
 
   private:

@@ -1,5 +1,7 @@
 #include "velmora/tracking/frm_seguimiento.h"
 
+#include <utility>
+
 #include "velmora/data/fixed_lists.h"
 #include "velmora/data/product_types.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -23,12 +25,12 @@ bool isDate(int Index) {
 
 }  // namespace
 
-frmSeguimiento::frmSeguimiento(session::Session& session, platform::Desk& desk)
+frmSeguimiento::frmSeguimiento(session::Session& session, platform::Desk& desk, std::shared_ptr<ListOrder> order)
     : Form("frmSeguimiento"),
       session_(session),
       desk_(desk),
       oUtil_(desk.screen, session.Connection()),
-      list_(f_, session),
+      list_(f_, session, std::move(order)),
       detail_(f_, oUtil_, desk.screen),
       opening_(f_, session, desk, [this] { reload(); }),
       acceptance_(f_, session, oUtil_, desk, [this] { reload(); }) {

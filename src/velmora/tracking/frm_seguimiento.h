@@ -3,6 +3,7 @@
 // proposal, its work order and the spreadsheet export.
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "velmora/platform/desk.h"
@@ -18,8 +19,9 @@ namespace velmora::tracking {
 
 class frmSeguimiento : public screen::Form {
   public:
-    /// Creates the form with an empty list. Errors: the database's.
-    frmSeguimiento(session::Session& session, platform::Desk& desk);
+    /// Creates the form with an empty list. Forms on the same connection share `order`. Errors: the database's.
+    frmSeguimiento(session::Session& session, platform::Desk& desk,
+                   std::shared_ptr<ListOrder> order = std::make_shared<ListOrder>());
 
     /// Lists the rows that match the filters, none when the flag is set; or, when `where` is given, the rows of that
     /// condition, regardless of filters and flag. Neither argument is changed. Errors: the database's; 94 when the

@@ -1,7 +1,10 @@
 #include "velmora/tracking/proposal_list.h"
 
-#include <utility>
+#include <string_view>
 #include <vector>
+
+#include "velmora/platform/runtime/text.h"
+#include "velmora/platform/sql/db_error.h"
 
 namespace velmora::tracking {
 
@@ -22,6 +25,11 @@ std::vector<screen::GridColumn> columns() {
     };
 }
 
+constexpr std::string_view order = " Order by DPI_Fecha";
+constexpr std::string_view orderWithTable = " Order by DPI.DPI_Fecha";
+/// The server's number for a column that two columns of the list could be.
+constexpr int ambiguousColumn = 209;
+
 sql::Recordset noRows() {
     return sql::Recordset(sql::rowsInMemory({{"DPI_Id"}, {"DPI_Orden"}}, {}));
 }
@@ -32,7 +40,26 @@ void ProposalList::show(const std::string& condition) {
     // Chosen C-120: the list is emptied before the query runs, so that a refused statement leaves an open, empty list
     // and no button works on rows that no longer match the criteria.
     put(noRows());
-    put(session_.Connection().execute(listStatement(condition)));
+    put(rowsOf(condition));
+}
+
+// Differs D-291: the statement lists DPI_Fecha twice, once in dpi.*; a server that refuses to order by such a column
+// gets the statement once more with the table's name, and at once from then on.
+sql::Recordset ProposalList::rowsOf(const std::string& condition) {
+    const std::string qualified = runtime::Replace(condition, order, orderWithTable);
+    if (order_->needsTable) {
+        return session_.Connection().execute(listStatement(qualified));
+    }
+    try {
+        return session_.Connection().execute(listStatement(condition));
+    } catch (const sql::DbError& error) {
+        if (error.details().nativeCode != ambiguousColumn || qualified == condition) {
+            throw;
+        }
+    }
+    sql::Recordset rows = session_.Connection().execute(listStatement(qualified));
+    order_->needsTable = true;
+    return rows;
 }
 
 void ProposalList::put(sql::Recordset rows) {
