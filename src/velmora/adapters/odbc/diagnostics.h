@@ -30,7 +30,6 @@ bool isLoss(const Diagnostic& diagnostic);
 namespace native {
 inline constexpr int deadlockVictim = 1205;
 inline constexpr int lockTimeout = 1222;
-inline constexpr int ambiguousColumn = 209;
 }  // namespace native
 
 /// The error of the first record that is one. A deadlock's victim is told that it may try again.

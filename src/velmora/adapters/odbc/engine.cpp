@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "velmora/adapters/odbc/connection_text.h"
 #include "velmora/adapters/odbc/diagnostics.h"
 #include "velmora/adapters/tsql/tokenizer.h"
 #include "velmora/platform/runtime/text.h"
@@ -51,6 +52,13 @@ void refuseSecondStatement(const std::string& statement) {
     }
 }
 
+/// The catalogue's name as the connection string spells it, if it names this one: servers find it in any case, and some
+/// tell it in another one.
+std::string spelledAsAsked(const std::string& catalog, const std::string& connectionText) {
+    const std::string asked = valueOf(connectionText, "DATABASE");
+    return runtime::UCase(asked) == runtime::UCase(catalog) ? asked : catalog;
+}
+
 [[noreturn]] void throwNoTransaction() {
     throw sql::DbError(sql::provider::noTransaction, "No hay ninguna transacción abierta.", {.sqlState = "25000"});
 }
@@ -87,7 +95,7 @@ void Engine::reconnect() {
     std::shared_ptr<Link> link = pool->take();
     pool_ = std::move(pool);
     link_ = std::move(link);
-    catalog_ = link_->catalog();
+    catalog_ = spelledAsAsked(link_->catalog(), connectionText_);
     lost_ = inTransaction_ = undoneByServer_ = false;
 }
 

@@ -63,18 +63,19 @@ void fillRows(sql::Connection& connection, const std::string& rows, const system
     }
 }
 
-/// A server's database is the host's: it gets tables only when it has none at all and rows are asked for, and never an
-/// index.
+/// A server's database is the host's: it gets tables and rows only when it has no table at all and they are asked for,
+/// and never an index. A script's own rows must not get into it either.
 void fillServer(sql::Connection& connection, const Options& options, const system::Clock& clock) {
-    const std::string rows = options.data.value_or(std::string(none));
+    if (!options.data) {
+        return;
+    }
     const bool isEmpty = !connection.execute("SELECT top 1 TABLE_NAME FROM INFORMATION_SCHEMA.TABLES").hasRows();
-    if (!isEmpty && rows == demo) {
-        throw NoDatabase("the demonstration rows go into a database without tables only");
-    }
-    if (isEmpty && rows != none) {
+    if (isEmpty) {
         data::createDatabase(connection);
+        fillRows(connection, *options.data, clock);
+    } else if (*options.data != none) {
+        throw NoDatabase("rows go into a server's database without tables only");
     }
-    fillRows(connection, rows, clock);
 }
 
 void fill(sql::Connection& connection, const Options& options, const system::Clock& clock) {
