@@ -34,4 +34,18 @@ TEST(Tokenizer, FoldsNamesBeyondAscii) {
     EXPECT_NE(foldName("OrdPinones"), foldName("OrdPiñones"));
 }
 
+TEST(Tokenizer, TwoSpellingsAreOneNameWhenTheirFoldedFormsAre) {
+    const std::vector<std::string> names = {"",           "d",          "D",          "DPI_Id",     "dpi_ID",
+                                            "DPI_I",      "DPI_Idx",    "OrdPiñones", "ORDPIÑONES", "ordpiñone",
+                                            "OrdPiñoneS", "OrdPinones", "OrdPi",      "ñ",          "Ñ"};
+    for (const std::string& one : names) {
+        for (const std::string& other : names) {
+            EXPECT_EQ(isSameName(one, other), foldName(one) == foldName(other)) << one << " and " << other;
+        }
+    }
+    EXPECT_TRUE(isSameName("dpi_ID", "DPI_Id"));
+    EXPECT_TRUE(isSameName("ordpiñones", "ORDPIÑONES"));
+    EXPECT_FALSE(isSameName("DPI_I", "DPI_Id"));
+}
+
 }  // namespace velmora::tsql

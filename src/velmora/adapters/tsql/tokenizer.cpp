@@ -188,6 +188,14 @@ class Scanner {
     std::size_t at_ = 0;
 };
 
+bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+char foldedAscii(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+
 }  // namespace
 
 std::vector<Token> tokenize(std::string_view statement) {
@@ -195,18 +203,26 @@ std::vector<Token> tokenize(std::string_view statement) {
 }
 
 std::string foldName(std::string_view name) {
-    const bool ascii =
-        std::all_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    if (!ascii) {
+    if (!std::ranges::all_of(name, isAscii)) {
         return runtime::UCase(name);
     }
     std::string folded(name);
-    for (char& c : folded) {
-        if (c >= 'a' && c <= 'z') {
-            c = static_cast<char>(c - ('a' - 'A'));
-        }
-    }
+    std::ranges::transform(folded, folded.begin(), foldedAscii);
     return folded;
+}
+
+bool isSameName(std::string_view one, std::string_view other) {
+    // Up to the first letter beyond ASCII, names are compared without making their folded forms: a statement looks up
+    // each of its names among all columns of its tables.
+    std::size_t at = 0;
+    const std::size_t shorter = std::min(one.size(), other.size());
+    while (at < shorter && isAscii(one[at]) && isAscii(other[at])) {
+        if (foldedAscii(one[at]) != foldedAscii(other[at])) {
+            return false;
+        }
+        ++at;
+    }
+    return at == shorter ? one.size() == other.size() : foldName(one) == foldName(other);
 }
 
 }  // namespace velmora::tsql

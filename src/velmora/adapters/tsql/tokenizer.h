@@ -32,4 +32,7 @@ std::vector<Token> tokenize(std::string_view statement);
 /// The name in capitals by which two spellings of it are one; letters of Latin-1 beyond ASCII included.
 std::string foldName(std::string_view name);
 
+/// True for two spellings of one name: their folded forms are the same.
+bool isSameName(std::string_view one, std::string_view other);
+
 }  // namespace velmora::tsql

@@ -13,15 +13,14 @@ using namespace tsql;
 namespace {
 
 bool isKeyByItself(const KeyDefinition& key, const ColumnDefinition& column) {
-    return key.primary && key.columns.size() == 1 && foldName(key.columns.front()) == foldName(column.name);
+    return key.primary && key.columns.size() == 1 && isSameName(key.columns.front(), column.name);
 }
 
 }  // namespace
 
 const TableColumn* Table::column(std::string_view wanted) const {
-    const std::string folded = foldName(wanted);
-    const auto found = std::find_if(columns.begin(), columns.end(),
-                                    [&](const TableColumn& column) { return foldName(column.name) == folded; });
+    const auto found =
+        std::ranges::find_if(columns, [&](const TableColumn& column) { return isSameName(column.name, wanted); });
     return found == columns.end() ? nullptr : &*found;
 }
 

@@ -52,7 +52,7 @@ Translation schemaChange(std::string step) {
 }
 
 bool isKeyOf(const KeyDefinition& key, const ColumnDefinition& column) {
-    return key.columns.size() == 1 && foldName(key.columns.front()) == foldName(column.name);
+    return key.columns.size() == 1 && isSameName(key.columns.front(), column.name);
 }
 
 }  // namespace
@@ -103,9 +103,8 @@ Translation Emitter::createTable(const CreateTable& create) {
     std::string sql = "CREATE TABLE " + quotedTable(table) + " (";
     for (const ColumnDefinition& column : create.columns) {
         const bool inKey = std::any_of(keys.begin(), keys.end(), [&](const KeyDefinition& key) {
-            return key.primary && std::any_of(key.columns.begin(), key.columns.end(), [&](const std::string& name) {
-                       return foldName(name) == foldName(column.name);
-                   });
+            return key.primary && std::any_of(key.columns.begin(), key.columns.end(),
+                                              [&](const std::string& name) { return isSameName(name, column.name); });
         });
         sql += (&column == create.columns.data() ? "" : ", ") + columnDefinition(column, inKey);
     }

@@ -15,9 +15,9 @@ using namespace tsql;
 
 namespace {
 
-const Output* outputNamed(const std::vector<Output>& outputs, std::string_view folded) {
-    const auto found = std::find_if(outputs.begin(), outputs.end(),
-                                    [&](const Output& output) { return foldName(output.name) == folded; });
+const Output* outputNamed(const std::vector<Output>& outputs, std::string_view name) {
+    const auto found =
+        std::ranges::find_if(outputs, [&](const Output& output) { return isSameName(output.name, name); });
     return found == outputs.end() ? nullptr : &*found;
 }
 
@@ -39,15 +39,14 @@ Emitted reference(const Source& source, const Output& column) {
 }
 
 Emitted columnMeant(const Expression& expression, const Scope& scope) {
-    const std::string folded = foldName(expression.text);
-    const std::string owner = foldName(expression.qualifier);
+    const std::string& owner = expression.qualifier;
     for (const Scope* level = &scope; level; level = level->outer) {
         std::optional<Emitted> found;
         for (const Source& source : level->sources) {
-            if (!owner.empty() && foldName(source.alias) != owner) {
+            if (!owner.empty() && !isSameName(source.alias, owner)) {
                 continue;
             }
-            if (const Output* column = outputNamed(source.columns, folded)) {
+            if (const Output* column = outputNamed(source.columns, expression.text)) {
                 if (found) {
                     throwSyntax("La columna '" + expression.text + "' es ambigua");
                 }
