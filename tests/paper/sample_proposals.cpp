@@ -4,10 +4,11 @@
 #include <map>
 #include <utility>
 
-#include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
 #include "velmora/data/product_types.h"
 #include "velmora/platform/runtime/numbers.h"
+
+#include "support/database_template.h"
 
 namespace velmora::support {
 
@@ -190,17 +191,22 @@ std::string labourOf(std::int32_t proposal) {
            number + ", 2, 201, 16.4, 39.5, 0.2733, 10.8), (" + number + ", 5, 303, 20.25, 42, 0.3375, 14.18)";
 }
 
-}  // namespace
-
-SampleProposals::SampleProposals() : database_(sqlite::openDatabase(":memory:", {})) {
-    data::createDatabase(*database_);
+void fill(sql::Connection& database) {
+    data::createDatabase(database);
     for (const char* statement : references) {
-        database_->execute(statement);
+        database.execute(statement);
     }
     for (const data::ProductType& type : data::productTypes) {
-        database_->execute(insertOf(type.number));
-        database_->execute(labourOf(numberOf(type.number)));
+        database.execute(insertOf(type.number));
+        database.execute(labourOf(SampleProposals::numberOf(type.number)));
     }
+}
+
+}  // namespace
+
+SampleProposals::SampleProposals() {
+    static const DatabaseTemplate samples(fill);
+    database_ = samples.copy();
 }
 
 void SampleProposals::set(std::int32_t proposal, const std::string& assignments) {

@@ -7,6 +7,8 @@
 #include "velmora/data/new_database.h"
 #include "velmora/platform/runtime/numbers.h"
 
+#include "support/database_template.h"
+
 namespace velmora::support {
 
 namespace {
@@ -59,18 +61,21 @@ const std::vector<std::string>& mainFormRows() {
     return rows;
 }
 
+void fillMainForm(sql::Connection& database) {
+    data::createDatabase(database);
+    for (const std::string& statement : mainFormRows()) {
+        database.execute(statement);
+    }
+}
+
+std::unique_ptr<sql::Connection> mainFormDatabase(const system::Clock& clock) {
+    static const DatabaseTemplate filled(fillMainForm);
+    return filled.copy(":memory:", {.clock = [&clock] { return clock.now(); }});
+}
+
 }  // namespace
 
-MainForm::MainForm()
-    : database(sqlite::openDatabase(":memory:", {.clock = [this] { return clock.now(); }})),
-      connection(*database),
-      session(connection) {
-    data::createDatabase(connection);
-    for (const std::string& statement : mainFormRows()) {
-        connection.execute(statement);
-    }
-    connection.clear();
-}
+MainForm::MainForm() : database(mainFormDatabase(clock)), connection(*database), session(connection) {}
 
 proposal::frmBercialPiñones& MainForm::form() {
     if (!form_) {

@@ -16,6 +16,7 @@
 #include "velmora/platform/desk.h"
 #include "velmora/platform/sql/connection.h"
 
+#include "support/database_template.h"
 #include "support/fake_screen.h"
 #include "support/fake_services.h"
 #include "support/faulty_connection.h"
@@ -50,13 +51,22 @@ inline sql::Bytes bytes(std::string_view text) {
 }
 
 /// Proposals 7 and 8 are there, and no documents.
+inline std::unique_ptr<sql::Connection> servicesDatabase() {
+    const sqlite::Options options{.clock = [] { return morning; }, .catalog = "TALLER"};
+    static const support::DatabaseTemplate filled(
+        [](sql::Connection& database) {
+            data::createDatabase(database);
+            for (const char* proposal : {"7", "8"}) {
+                database.execute(std::string("INSERT INTO DPI (DPI_Id,DPI_Tipo) VALUES (") + proposal + ",0)");
+            }
+        },
+        options);
+    return filled.copy(":memory:", options);
+}
+
 class ServicesTest : public ::testing::Test {
   protected:
     ServicesTest() {
-        data::createDatabase(*database);
-        for (const char* proposal : {"7", "8"}) {
-            database->execute(std::string("INSERT INTO DPI (DPI_Id,DPI_Tipo) VALUES (") + proposal + ",0)");
-        }
         faults.refusedCommitUndoes = true;
         faults.countsWritesThroughSets = true;
     }
@@ -71,8 +81,7 @@ class ServicesTest : public ::testing::Test {
     }
     sql::Value value(std::string_view statement) { return database->execute(statement)[std::size_t{0}]; }
 
-    std::unique_ptr<sql::Connection> database =
-        sqlite::openDatabase(":memory:", {.clock = [] { return morning; }, .catalog = "TALLER"});
+    std::unique_ptr<sql::Connection> database = servicesDatabase();
     support::FaultyConnection faults{*database};
     support::RecordingConnection connection{faults};
     adapters::StandInSession session{connection, 7};

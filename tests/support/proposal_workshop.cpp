@@ -6,6 +6,8 @@
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
 
+#include "support/database_template.h"
+
 namespace velmora::support {
 
 namespace {
@@ -46,6 +48,21 @@ constexpr const char* rows[] = {
     "60.6,48,20,45)",
 };
 
+sqlite::Options workshopOptions(bool readOnly = false) {
+    sqlite::Options options;
+    options.clock = [] { return morning; };
+    options.readOnly = readOnly;
+    options.busyTimeout = std::chrono::milliseconds(20);
+    return options;
+}
+
+void fillWorkshop(sql::Connection& database) {
+    data::createDatabase(database);
+    for (const char* row : rows) {
+        database.execute(row);
+    }
+}
+
 }  // namespace
 
 screen::Answer WorkshopScreen::show(const screen::MessageBox& box) {
@@ -67,22 +84,12 @@ void WorkshopScreen::processEvents() {
 }
 
 std::unique_ptr<sql::Connection> openWorkshopDatabase(const std::string& path, bool readOnly) {
-    sqlite::Options options;
-    options.clock = [] { return morning; };
-    options.readOnly = readOnly;
-    options.busyTimeout = std::chrono::milliseconds(20);
-    return sqlite::openDatabase(path, std::move(options));
+    return sqlite::openDatabase(path, workshopOptions(readOnly));
 }
 
 std::unique_ptr<sql::Connection> makeWorkshopDatabase(const std::string& path) {
-    auto database = openWorkshopDatabase(path);
-    data::createDatabase(*database);
-    database->beginTrans();
-    for (const char* row : rows) {
-        database->execute(row);
-    }
-    database->commitTrans();
-    return database;
+    static const DatabaseTemplate workshop(fillWorkshop, workshopOptions());
+    return workshop.copy(path, workshopOptions());
 }
 
 ProposalWorkshop::ProposalWorkshop(std::unique_ptr<sql::Connection> opened)

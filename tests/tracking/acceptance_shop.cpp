@@ -3,6 +3,8 @@
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/data/new_database.h"
 
+#include "support/database_template.h"
+
 namespace velmora::tracking {
 
 namespace {
@@ -74,6 +76,17 @@ const Columns usualProposal{
     {"DPI_Importe", "106.65"},
 };
 
+sqlite::Options shopOptions(std::chrono::milliseconds busyTimeout) {
+    return {.clock = [] { return morning; }, .busyTimeout = busyTimeout};
+}
+
+void fillShop(sql::Connection& database) {
+    data::createDatabase(database);
+    for (const std::string& row : rows) {
+        database.execute(row);
+    }
+}
+
 std::string shown(const sql::Value& value) {
     return value.isNull() ? "NULL" : value.toText();
 }
@@ -114,16 +127,12 @@ void AnsweringScreen::processEvents() {
 }
 
 std::unique_ptr<sql::Connection> openShopDatabase(const std::string& path, std::chrono::milliseconds busyTimeout) {
-    return sqlite::openDatabase(path, {.clock = [] { return morning; }, .busyTimeout = busyTimeout});
+    return sqlite::openDatabase(path, shopOptions(busyTimeout));
 }
 
 std::unique_ptr<sql::Connection> makeShopDatabase(const std::string& path) {
-    auto database = openShopDatabase(path);
-    data::createDatabase(*database);
-    for (const std::string& row : rows) {
-        database->execute(row);
-    }
-    return database;
+    static const support::DatabaseTemplate shop(fillShop);
+    return shop.copy(path, shopOptions(usualBusyTimeout));
 }
 
 std::int32_t addProposal(sql::Connection& connection, const Columns& columns) {

@@ -57,8 +57,9 @@ class AnsweringScreen final : public screen::Screen {
 /// | 18  | S-5   | 5       | yes  |
 std::unique_ptr<sql::Connection> makeShopDatabase(const std::string& path = ":memory:");
 /// One that is there already.
-std::unique_ptr<sql::Connection> openShopDatabase(
-    const std::string& path, std::chrono::milliseconds busyTimeout = std::chrono::milliseconds(5000));
+inline constexpr std::chrono::milliseconds usualBusyTimeout{5000};
+std::unique_ptr<sql::Connection> openShopDatabase(const std::string& path,
+                                                  std::chrono::milliseconds busyTimeout = usualBusyTimeout);
 
 /// Columns and their values as SQL writes them.
 using Columns = std::map<std::string, std::string>;

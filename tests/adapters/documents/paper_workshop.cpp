@@ -3,6 +3,8 @@
 #include "velmora/data/new_database.h"
 #include "velmora/platform/runtime/numbers.h"
 
+#include "support/database_template.h"
+
 namespace velmora::support {
 
 namespace {
@@ -21,28 +23,40 @@ std::string proposalOfType(int type, const std::string& values) {
            runtime::CStr(std::int64_t{type}) + ", 1011, 'MAQUINARIA TRIGOVERDÍN SA', 'PL-36-B', " + values + ")";
 }
 
+void fillWithPapers(sql::Connection& database, runtime::Date now) {
+    data::createDatabase(database);
+    data::fillDemo(database, now);
+    database.execute(
+        proposalOfType(7,
+                       "19, 12.7, 7.75, 8.51, 12, 6, 0, 77.15, 68.64, 83, 0, 7.18, 23.88, 23.88, 0, 1, "
+                       "'ISO 1/2''''', 7.2, 9.48, 16.5, 1, 3, 88, 27, 0, 1.29, 1.65, 6.53, 4.4, 0, 6.53, 20, 0, "
+                       "0, 26.53, 3, 79.59"));
+    database.execute(
+        proposalOfType(10,
+                       "30, 12.7, 7.75, 8.51, 25, 8, 1, 121.5, 112.99, 127, 80, 7, 72, 7.2, 32.4, NULL, NULL, 60, "
+                       "NULL, 32.4, 1, 3, 132, 10, 0, 1.07, 1.65, 8.37, 6.6, 0, 8.37, 20, 0, 0, 28.37, 2, 56.74"));
+    database.execute(
+        proposalOfType(11,
+                       "21, 12.7, 7.92, 7.92, 25, 8, 0, 85.21, 77.29, 78, 55, 0.35, 70, 6, 34, NULL, NULL, 45, "
+                       "NULL, 30, 1, 3, 83, 77, 0, 3.27, 1.5, 8.65, 3.74, 0, 8.65, 13.16, 30, 1.5, 53.31, 2, "
+                       "106.62"));
+    database.execute(
+        proposalOfType(14,
+                       "19, 12.7, 7.75, 8.51, 12, 6, 0, 77.15, 68.64, 83, 0, 7.18, 35.04, 35.04, 0, 1, "
+                       "'ISO 1/2''''', 7.2, 6.72, 16.5, 1, 3, 88, 38, 0, 1.81, 1.65, 7.39, 4.4, 0, 7.39, 20, 0, "
+                       "0, 27.39, 4, 109.56"));
+}
+
+std::unique_ptr<sql::Connection> paperDatabase(const system::Clock& clock) {
+    static const runtime::Date made = clock.now();
+    static const DatabaseTemplate filled([](sql::Connection& database) { fillWithPapers(database, made); },
+                                         {.clock = [] { return made; }});
+    return filled.copy(":memory:", {.clock = [&clock] { return clock.now(); }});
+}
+
 }  // namespace
 
-PaperWorkshop::PaperWorkshop()
-    : database(sqlite::openDatabase(":memory:", {.clock = [this] { return clock.now(); }})), session(*database) {
-    data::createDatabase(*database);
-    data::fillDemo(*database, clock.now());
-    execute(proposalOfType(7,
-                           "19, 12.7, 7.75, 8.51, 12, 6, 0, 77.15, 68.64, 83, 0, 7.18, 23.88, 23.88, 0, 1, "
-                           "'ISO 1/2''''', 7.2, 9.48, 16.5, 1, 3, 88, 27, 0, 1.29, 1.65, 6.53, 4.4, 0, 6.53, 20, 0, "
-                           "0, 26.53, 3, 79.59"));
-    execute(proposalOfType(10,
-                           "30, 12.7, 7.75, 8.51, 25, 8, 1, 121.5, 112.99, 127, 80, 7, 72, 7.2, 32.4, NULL, NULL, 60, "
-                           "NULL, 32.4, 1, 3, 132, 10, 0, 1.07, 1.65, 8.37, 6.6, 0, 8.37, 20, 0, 0, 28.37, 2, 56.74"));
-    execute(proposalOfType(11,
-                           "21, 12.7, 7.92, 7.92, 25, 8, 0, 85.21, 77.29, 78, 55, 0.35, 70, 6, 34, NULL, NULL, 45, "
-                           "NULL, 30, 1, 3, 83, 77, 0, 3.27, 1.5, 8.65, 3.74, 0, 8.65, 13.16, 30, 1.5, 53.31, 2, "
-                           "106.62"));
-    execute(proposalOfType(14,
-                           "19, 12.7, 7.75, 8.51, 12, 6, 0, 77.15, 68.64, 83, 0, 7.18, 35.04, 35.04, 0, 1, "
-                           "'ISO 1/2''''', 7.2, 6.72, 16.5, 1, 3, 88, 38, 0, 1.81, 1.65, 7.39, 4.4, 0, 7.39, 20, 0, "
-                           "0, 27.39, 4, 109.56"));
-}
+PaperWorkshop::PaperWorkshop() : database(paperDatabase(clock)), session(*database) {}
 
 std::int32_t PaperWorkshop::latestOfType(int type) {
     return execute("SELECT max(DPI_Id) FROM DPI where DPI_Tipo=" + runtime::CStr(std::int64_t{type}))[0].toLong();

@@ -8,22 +8,24 @@
 #include <gmock/gmock.h>
 
 #include "velmora/adapters/session/stand_in_session.h"
-#include "velmora/adapters/sqlite/database.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/screen/data_grid.h"
 
+#include "support/database_template.h"
 #include "support/fake_screen.h"
 #include "support/no_services.h"
 
 namespace velmora::host {
 
+inline std::unique_ptr<sql::Connection> hostDatabase() {
+    static const support::DatabaseTemplate empty(data::createDatabase);
+    return empty.copy();
+}
+
 class HostTest : public ::testing::Test {
   protected:
-    HostTest() {
-        data::createDatabase(*database);
-        stand_ins::registerStandIns(components, screen, services, clock);
-    }
+    HostTest() { stand_ins::registerStandIns(components, screen, services, clock); }
 
     void store(std::initializer_list<const char*> statements) {
         for (const char* statement : statements) {
@@ -65,7 +67,7 @@ class HostTest : public ::testing::Test {
         }
     }
 
-    std::unique_ptr<sql::Connection> database = sqlite::openDatabase(":memory:");
+    std::unique_ptr<sql::Connection> database = hostDatabase();
     adapters::StandInSession session{*database};
     support::ScriptedScreen screen;
     support::NoServices services;

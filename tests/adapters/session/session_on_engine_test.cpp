@@ -5,6 +5,8 @@
 #include "velmora/data/new_database.h"
 #include "velmora/platform/runtime/dates.h"
 
+#include "support/database_template.h"
+
 namespace velmora::adapters {
 namespace {
 
@@ -12,12 +14,16 @@ using session::Tipo;
 
 class SessionOnEngine : public ::testing::Test {
   protected:
-    std::unique_ptr<sql::Connection> connection = sqlite::openDatabase(":memory:");
+    static std::unique_ptr<sql::Connection> emptyDatabase() {
+        static const support::DatabaseTemplate empty(data::createDatabase);
+        return empty.copy();
+    }
+
+    std::unique_ptr<sql::Connection> connection = emptyDatabase();
     StandInSession session{*connection};
     std::string error;
     bool correcto = false;
 
-    void SetUp() override { data::createDatabase(*connection); }
     sql::Recordset rows() { return connection->execute("select * from DPI"); }
 };
 

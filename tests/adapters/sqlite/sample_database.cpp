@@ -4,6 +4,8 @@
 #include "velmora/adapters/tsql/conversions.h"
 #include "velmora/platform/runtime/numbers.h"
 
+#include "support/database_template.h"
+
 namespace velmora::test {
 
 namespace {
@@ -117,6 +119,15 @@ constexpr const char* rows[] = {
     "VALUES (Null,N'plano.pdf',N'pdf',1,9,1,1,0,getdate())",
 };
 
+void fill(sql::Connection& connection) {
+    for (const char* statement : tables) {
+        connection.execute(statement);
+    }
+    for (const char* statement : rows) {
+        connection.execute(statement);
+    }
+}
+
 std::string shown(const sql::Value& value) {
     if (value.isNull()) {
         return "NULL";
@@ -145,14 +156,9 @@ std::string shown(const sql::Value& value) {
 }  // namespace
 
 std::unique_ptr<sql::Connection> openSampleDatabase() {
-    auto connection = sqlite::openDatabase(":memory:", {.clock = [] { return runtime::Date::of(2026, 1, 15, 10); }});
-    for (const char* statement : tables) {
-        connection->execute(statement);
-    }
-    for (const char* statement : rows) {
-        connection->execute(statement);
-    }
-    return connection;
+    const sqlite::Options options{.clock = [] { return runtime::Date::of(2026, 1, 15, 10); }};
+    static const support::DatabaseTemplate sample(fill, options);
+    return sample.copy(":memory:", options);
 }
 
 std::string shown(sql::Recordset set) {
