@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <set>
+#include <string>
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
@@ -48,14 +50,13 @@ std::int32_t keyOf(const sql::Recordset& proposal) {
 /// True when a column of the row in the database differs from the displayed row. The displayed row may lack columns
 /// added since.
 bool differs(const sql::Recordset& now, const sql::Recordset& shown) {
-    const auto isShown = [&](const sql::Column& column) {
-        return std::ranges::any_of(shown.columns(), [&](const sql::Column& other) {
-            return runtime::UCase(other.name) == runtime::UCase(column.name);
-        });
-    };
+    std::set<std::string> shownNames;  // in capitals
+    for (const sql::Column& column : shown.columns()) {
+        shownNames.insert(runtime::UCase(column.name));
+    }
     for (std::size_t i = 0; i < now.columns().size(); ++i) {
         const sql::Column& column = now.columns()[i];
-        if (isShown(column) && now[i] != shown[column.name]) {
+        if (shownNames.contains(runtime::UCase(column.name)) && now[i] != shown[column.name]) {
             return true;
         }
     }
