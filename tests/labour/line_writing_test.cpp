@@ -201,7 +201,7 @@ TEST_F(LineWritingTest, WhatTheDatabaseRefusesLeavesNoTransactionOpen) {
 TEST(LineWritingBrokenTest, WhatIsNoRunTimeErrorIsRolledBackToo) {
     support::ProposalWorkshop shop;
     shop.database->execute("INSERT INTO DPI (DPI_Tipo) VALUES (0)");
-    LineWriting writing(shop.session, shop.screen);
+    LineWriting writing(shop.session, shop.screen, shop.clock);
     EXPECT_THROW(writing.run({.nIdDpi = 1, .question = ""}, [] { throw std::runtime_error("broken"); }),
                  std::runtime_error);
     shop.faults.breakOn("Select DPI_FAcepta");

@@ -25,7 +25,7 @@ frmManoObra::frmManoObra(session::Session& session, platform::Desk& desk)
       oUtil_(desk.screen, session.Connection()),
       machines_(f_, session, oUtil_),
       lines_(f_, machines_, session),
-      writing_(session, desk.screen),
+      writing_(session, desk.screen, desk.clock),
       saving_(f_, writing_, session, desk.screen) {
     oUtil_.ColorFoco(screen::colors::yellow);
     oUtil_.ColorNormal(screen::colors::white);

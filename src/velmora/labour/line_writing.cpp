@@ -22,7 +22,7 @@ bool LineWriting::run(const Target& target, const std::function<void()>& write) 
     Written written = Written::refused;
     try {
         written =
-            session::writeChecked(session_.Connection(), screen_,
+            session::writeChecked(session_.Connection(), screen_, clock_,
                                   {.look = [&] { return look(target); },
                                    .write =
                                        [&] {

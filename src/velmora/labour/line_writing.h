@@ -8,12 +8,14 @@
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/session/checked_write.h"
 #include "velmora/platform/session/session.h"
+#include "velmora/platform/system/system.h"
 
 namespace velmora::labour {
 
 class LineWriting {
   public:
-    LineWriting(session::Session& session, screen::Screen& screen) : session_(session), screen_(screen) {}
+    LineWriting(session::Session& session, screen::Screen& screen, const system::Clock& clock)
+        : session_(session), screen_(screen), clock_(clock) {}
 
     struct Target {
         std::int32_t nIdDpi = 0;  ///< DPI_ID of the proposal
@@ -31,6 +33,7 @@ class LineWriting {
 
     session::Session& session_;
     screen::Screen& screen_;
+    const system::Clock& clock_;
     std::string reason_;  ///< why the last check did not allow the write
 };
 

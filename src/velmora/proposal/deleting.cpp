@@ -36,7 +36,7 @@ void Deleting::msEliminar() {
 session::Written Deleting::remove(const std::string& number) {
     const screen::Disabled disabled(f_.form);
     return session::writeChecked(
-        session_.Connection(), screen_,
+        session_.Connection(), screen_, clock_,
         {.look = [&] { return peers_.stored.look(number, peers_.stored.ownColumns()); },
          .write =
              [&] {

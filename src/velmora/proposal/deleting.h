@@ -7,6 +7,7 @@
 #include "velmora/estimate/material_lists.h"
 #include "velmora/estimate/new_proposal.h"
 #include "velmora/platform/session/checked_write.h"
+#include "velmora/platform/system/system.h"
 #include "velmora/proposal/buttons.h"
 #include "velmora/proposal/history.h"
 #include "velmora/proposal/stored_proposal.h"
@@ -23,8 +24,9 @@ class Deleting {
         StoredProposal& stored;
     };
 
-    Deleting(estimate::FieldMap& fields, Collaborators peers, session::Session& session, screen::Screen& screen)
-        : f_(fields), peers_(peers), session_(session), screen_(screen) {}
+    Deleting(estimate::FieldMap& fields, Collaborators peers, session::Session& session, screen::Screen& screen,
+             const system::Clock& clock)
+        : f_(fields), peers_(peers), session_(session), screen_(screen), clock_(clock) {}
 
     /// Clears the fields to an empty proposal; set by the form.
     std::function<void()> msLimpiarCampos;
@@ -47,6 +49,7 @@ class Deleting {
     Collaborators peers_;
     session::Session& session_;
     screen::Screen& screen_;
+    const system::Clock& clock_;
     bool heldBack_ = false;
 };
 

@@ -50,12 +50,12 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       stored_(session),
       loading_(f_, controls_, {materials_, presentation_, geometry_, doubles_, totals_, history_, stored_}, session,
                desk.screen),
-      saving_(f_, {loading_, stored_}, session, desk.screen),
+      saving_(f_, {loading_, stored_}, session, desk.screen, desk.clock),
       buttons_(f_, controls_, presentation_, loading_),
       labour_(f_, {totals_, saving_, buttons_}, session, desk),
       gearStep_(f_, gears_, session, desk),
       duplicating_(f_, loading_, session, desk.screen, oUtil_),
-      deleting_(f_, {materials_, history_, buttons_, newProposal_, stored_}, session, desk.screen),
+      deleting_(f_, {materials_, history_, buttons_, newProposal_, stored_}, session, desk.screen, desk.clock),
       historyGrid_(f_, {history_, loading_}, session, desk),
       sideWindows_(f_, session, desk) {
     // Chosen C-010: after construction, before any event is wired, the fields hold the values of an empty proposal.

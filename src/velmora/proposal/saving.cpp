@@ -125,7 +125,7 @@ session::Written Saving::write(bool isNew, std::string& error) {
     newRow_.reset();
     session::Written written = session::Written::refused;
     try {
-        written = session::writeChecked(session_.Connection(), screen_,
+        written = session::writeChecked(session_.Connection(), screen_, clock_,
                                         {.look = [&] { return look(isNew); },
                                          .write = [&] { return writeRow(isNew, error); },
                                          .question = "El presupuesto nº " + f_.proposal.number() +

@@ -6,6 +6,7 @@
 
 #include "velmora/estimate/field_map.h"
 #include "velmora/platform/session/checked_write.h"
+#include "velmora/platform/system/system.h"
 #include "velmora/proposal/loading.h"
 #include "velmora/proposal/stored_proposal.h"
 
@@ -18,8 +19,9 @@ class Saving {
         StoredProposal& stored;
     };
 
-    Saving(estimate::FieldMap& fields, Collaborators peers, session::Session& session, screen::Screen& screen)
-        : f_(fields), peers_(peers), session_(session), screen_(screen) {}
+    Saving(estimate::FieldMap& fields, Collaborators peers, session::Session& session, screen::Screen& screen,
+           const system::Clock& clock)
+        : f_(fields), peers_(peers), session_(session), screen_(screen), clock_(clock) {}
 
     /// Stores the proposal: a new row when txtPesu(3) holds no number. True when it was stored. Tells the user of
     /// what is missing, of a refusal, and, unless bSilencio, of success. A stored row is looked at first: one that
@@ -56,6 +58,7 @@ class Saving {
     Collaborators peers_;
     session::Session& session_;
     screen::Screen& screen_;
+    const system::Clock& clock_;
     std::optional<NewRow> newRow_;  ///< of the write that runs; put on the form once it is there for good
     bool heldBack_ = false;
     int calls_ = 0;

@@ -77,12 +77,13 @@ bool StoredProposal::isBeingAccepted(const std::string& number) {
         return false;
     }
     const std::string order = own[0].toText();
-    const auto now = std::chrono::steady_clock::now();
     if (order != unmarkedOrder_) {
         unmarkedOrder_ = order;
-        seenSince_ = now;
+        waited_ = std::chrono::milliseconds(0);
+    } else {
+        waited_ += session::pauseInUse;
     }
-    return now - seenSince_ < patience;
+    return waited_ < patience;
 }
 
 }  // namespace velmora::proposal

@@ -44,7 +44,7 @@ class StoredProposal {
     sql::Recordset shown_;
     labour::ProposalStanding standing_;
     std::string unmarkedOrder_;
-    std::chrono::steady_clock::time_point seenSince_;
+    std::chrono::milliseconds waited_{0};
 };
 
 }  // namespace velmora::proposal

@@ -58,8 +58,9 @@ double numberOrZero(const sql::Value& value) {
 
 }  // namespace
 
-ChainRows::ChainRows(ChainFields& fields, NewRowButton& newRow, session::Session& session, screen::Screen& screen)
-    : f_(fields), newRow_(newRow), session_(session), screen_(screen) {
+ChainRows::ChainRows(ChainFields& fields, NewRowButton& newRow, session::Session& session, screen::Screen& screen,
+                     const system::Clock& clock)
+    : f_(fields), newRow_(newRow), session_(session), screen_(screen), clock_(clock) {
     rs_.onMoveComplete = [this] { rs_MoveComplete(); };
 }
 
@@ -141,7 +142,7 @@ std::optional<std::string> ChainRows::update() {
     // Differs D-166: the row is read again in the transaction of its write: a row that another user has deleted is not
     // written, a changed one only after a confirmation.
     const Written written =
-        session::writeChecked(session_.Connection(), screen_,
+        session::writeChecked(session_.Connection(), screen_, clock_,
                               {.look = [&] { return shown.state(session_.Connection()); },
                                .write =
                                    [&] {

@@ -7,6 +7,7 @@
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/session/session.h"
 #include "velmora/platform/sql/recordset.h"
+#include "velmora/platform/system/system.h"
 #include "velmora/reference/chain_fields.h"
 #include "velmora/reference/new_row_button.h"
 
@@ -14,7 +15,8 @@ namespace velmora::reference {
 
 class ChainRows {
   public:
-    ChainRows(ChainFields& fields, NewRowButton& newRow, session::Session& session, screen::Screen& screen);
+    ChainRows(ChainFields& fields, NewRowButton& newRow, session::Session& session, screen::Screen& screen,
+              const system::Clock& clock);
 
     /// Lists the rows of the selected chain. False when it has none. Errors: the database's.
     bool load();
@@ -37,6 +39,7 @@ class ChainRows {
     NewRowButton& newRow_;
     session::Session& session_;
     screen::Screen& screen_;
+    const system::Clock& clock_;
     sql::ListenedRecordset rs_;
 };
 

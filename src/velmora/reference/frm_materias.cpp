@@ -11,7 +11,7 @@ frmMaterias::frmMaterias(session::Session& session, platform::Desk& desk)
       oUtil_(desk.screen, session.Connection()),
       list_(f_, session),
       article_(f_, session, desk.screen, oUtil_),
-      saving_(f_, list_, session, desk.screen) {
+      saving_(f_, list_, session, desk.screen, desk.clock) {
     oUtil_.ColorFoco(screen::colors::yellow);
     oUtil_.ColorNormal(screen::colors::white);
     setCaption("Asignación Articulos <-> Material");

@@ -17,7 +17,7 @@ frmPDMVal::frmPDMVal(session::Session& session, platform::Desk& desk)
       desk_(desk),
       oUtil_(desk.screen, session.Connection()),
       newRow_(f_.cmdNuevo, f_.Frame1, f_.Text1),
-      rows_(f_, newRow_, session, desk.screen) {
+      rows_(f_, newRow_, session, desk.screen, desk.clock) {
     setCaption("Mantenimiento de valores para piñones / discos dobles");
     arrange();
     wire();

@@ -107,7 +107,7 @@ std::optional<sql::Recordset> MaterialSaving::update() {
         rows = list_.open();
         return true;
     };
-    const Written written = session::writeChecked(session_.Connection(), screen_,
+    const Written written = session::writeChecked(session_.Connection(), screen_, clock_,
                                                   {.look = look, .write = writeOver, .question = changedByAnother});
     if (written == Written::closed) {
         refuse(screen_, reason, cancelled);
@@ -201,7 +201,7 @@ void MaterialSaving::removeCurrent(const std::string& number) {
         session_.Connection().execute("DELETE FROM PARDPI WHERE PARDPI_Id = " + number);
         return true;
     };
-    const Written written = session::writeChecked(session_.Connection(), screen_,
+    const Written written = session::writeChecked(session_.Connection(), screen_, clock_,
                                                   {.look = look, .write = deleteIt, .question = changedAndDeleted});
     if (written == Written::closed) {
         refuse(screen_, gone ? goneWords(number) : usedAndNotDeleted);

@@ -7,6 +7,7 @@
 
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/session/session.h"
+#include "velmora/platform/system/system.h"
 #include "velmora/reference/material_fields.h"
 #include "velmora/reference/material_list.h"
 
@@ -14,8 +15,9 @@ namespace velmora::reference {
 
 class MaterialSaving {
   public:
-    MaterialSaving(MaterialFields& fields, MaterialList& list, session::Session& session, screen::Screen& screen)
-        : f_(fields), list_(list), session_(session), screen_(screen) {}
+    MaterialSaving(MaterialFields& fields, MaterialList& list, session::Session& session, screen::Screen& screen,
+                   const system::Clock& clock)
+        : f_(fields), list_(list), session_(session), screen_(screen), clock_(clock) {}
 
     /// Writes the typed values: as a new material while one is being added, otherwise over the current material. A
     /// refusal is shown and leaves the table and the fields as they were.
@@ -40,6 +42,7 @@ class MaterialSaving {
     MaterialList& list_;
     session::Session& session_;
     screen::Screen& screen_;
+    const system::Clock& clock_;
 };
 
 }  // namespace velmora::reference

@@ -162,7 +162,7 @@ void DocumentStore::remove(const ShownDocument& document) {
     // Differs D-170: the document is read again in the transaction of its delete: another user may have deleted or
     // renamed it while the list or the question was open.
     const auto written = session::writeChecked(
-        session_.Connection(), desk_.screen,
+        session_.Connection(), desk_.screen, desk_.clock,
         {.look = [&] { return document.row.state(session_.Connection()); },
          .write =
              [&] {

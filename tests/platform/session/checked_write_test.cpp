@@ -1,5 +1,6 @@
 #include "velmora/platform/session/checked_write.h"
 
+#include <chrono>
 #include <deque>
 #include <stdexcept>
 
@@ -9,6 +10,7 @@
 #include "support/fake_screen.h"
 #include "support/recording_connection.h"
 #include "support/scripted_connection.h"
+#include "support/stopped_clock.h"
 
 namespace velmora::session {
 namespace {
@@ -16,6 +18,7 @@ namespace {
 using screen::Answer;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using namespace std::chrono_literals;
 
 class WatchingScreen final : public support::ScriptedScreen {
   public:
@@ -35,7 +38,7 @@ class CheckedWriteTest : public ::testing::Test {
   protected:
     /// Each read finds the next state; the last one is repeated.
     Written write(std::deque<RowState> states) {
-        return writeChecked(connection, screen,
+        return writeChecked(connection, screen, clock,
                             {.look =
                                  [this, states]() mutable {
                                      connection.execute("look");
@@ -56,6 +59,7 @@ class CheckedWriteTest : public ::testing::Test {
     support::ScriptedConnection engine;
     support::RecordingConnection connection{engine};
     WatchingScreen screen{connection};
+    support::StoppedClock clock;
     bool accepts = true;
 };
 
@@ -105,6 +109,7 @@ TEST_F(CheckedWriteTest, ARowInUseIsWaitedForWithNoTransactionOpenWhileTheWindow
     EXPECT_THAT(connection.log(), ElementsAre("BEGIN", "look", "ROLLBACK", "BEGIN", "look", "ROLLBACK", "BEGIN", "look",
                                               "write", "COMMIT"));
     EXPECT_EQ(screen.yields, 2);
+    EXPECT_THAT(clock.pauses, ElementsAre(50ms, 50ms));
     EXPECT_THAT(screen.pointers, ElementsAre(screen::Pointer::hourglass, screen::Pointer::normal));
 }
 
@@ -116,11 +121,11 @@ TEST_F(CheckedWriteTest, TheUserIsAskedOnceHoweverOftenTheRowChanges) {
 
 TEST_F(CheckedWriteTest, WhateverAStepThrowsLeavesNothingOpen) {
     const CheckedWrite steps{.look = []() -> RowState { throw std::bad_alloc(); }, .write = {}, .question = {}};
-    EXPECT_THROW(writeChecked(connection, screen, steps), std::bad_alloc);
+    EXPECT_THROW(writeChecked(connection, screen, clock, steps), std::bad_alloc);
     const CheckedWrite failing{.look = [] { return RowState::asShown; },
                                .write = []() -> bool { throw std::runtime_error("no"); },
                                .question = {}};
-    EXPECT_THROW(writeChecked(connection, screen, failing), std::runtime_error);
+    EXPECT_THROW(writeChecked(connection, screen, clock, failing), std::runtime_error);
     EXPECT_THAT(connection.log(), ElementsAre("BEGIN", "ROLLBACK", "BEGIN", "ROLLBACK"));
 }
 

@@ -1,8 +1,6 @@
 #include "velmora/platform/session/checked_write.h"
 
-#include <chrono>
 #include <memory>
-#include <thread>
 
 #include "velmora/platform/screen/busy.h"
 #include "velmora/platform/sql/in_transaction.h"
@@ -11,7 +9,6 @@ namespace velmora::session {
 
 namespace {
 
-constexpr std::chrono::milliseconds step{50};
 constexpr int no = 2;  ///< the default button, so that an accidental Enter does not overwrite another user's change
 
 bool isConfirmed(screen::Screen& screen, const std::string& question) {
@@ -23,7 +20,8 @@ bool isConfirmed(screen::Screen& screen, const std::string& question) {
 
 }  // namespace
 
-Written writeChecked(sql::Connection& connection, screen::Screen& screen, const CheckedWrite& steps) {
+Written writeChecked(sql::Connection& connection, screen::Screen& screen, const system::Clock& clock,
+                     const CheckedWrite& steps) {
     bool confirmed = false;
     std::unique_ptr<screen::Hourglass> waiting;
     for (;;) {
@@ -48,7 +46,7 @@ Written writeChecked(sql::Connection& connection, screen::Screen& screen, const 
                     waiting = std::make_unique<screen::Hourglass>(screen);
                 }
                 screen.processEvents();
-                std::this_thread::sleep_for(step);
+                clock.pause(pauseInUse);
                 break;
             case RowState::changed:
                 waiting.reset();

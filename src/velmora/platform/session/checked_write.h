@@ -1,13 +1,18 @@
 #pragma once
 // Optimistic locking: a row is written only after it was read again by its key inside the same transaction.
 
+#include <chrono>
 #include <functional>
 #include <string>
 
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/sql/connection.h"
+#include "velmora/platform/system/system.h"
 
 namespace velmora::session {
+
+/// Between two reads of a row in use.
+inline constexpr std::chrono::milliseconds pauseInUse{50};
 
 /// State in the database of the row about to be written.
 enum class RowState {
@@ -30,10 +35,11 @@ enum class Written {
     declined,  ///< the user answered No
 };
 
-/// Runs `look` and `write` in one transaction. The user is asked at most once; a row in use is polled in steps of at
-/// most 100 ms in which the toolkit's events run. No transaction is open during either, so that no other client has to
-/// wait, and the row is read again afterwards. Errors: those of the two steps and of the database; nothing has been
-/// written then.
-Written writeChecked(sql::Connection& connection, screen::Screen& screen, const CheckedWrite& steps);
+/// Runs `look` and `write` in one transaction. The user is asked at most once; a row in use is polled every
+/// `pauseInUse` of the clock, in which the toolkit's events run. No transaction is open during either, so that no other
+/// client has to wait, and the row is read again afterwards. Errors: those of the two steps and of the database;
+/// nothing has been written then.
+Written writeChecked(sql::Connection& connection, screen::Screen& screen, const system::Clock& clock,
+                     const CheckedWrite& steps);
 
 }  // namespace velmora::session
