@@ -83,7 +83,6 @@ TEST_F(DuplicatingTest, ATextThatReadsLikeANumberStaysAText) {
     shop.database->execute("update DPI set DPI_RefCli=N'00123', DPI_ProTex=N'1,5' where DPI_Id=1");
     duplicate();
     EXPECT_EQ(ofCopy("DPI_RefCli"), "00123");
-    EXPECT_NE(ofCopy("DPI_RefCli"), "123");
     EXPECT_EQ(ofCopy("DPI_ProTex"), "1,5");
 }
 
@@ -98,7 +97,6 @@ TEST_F(DuplicatingTest, NumbersAreCopiedWithTwoDecimals) {
     shop.database->execute("update DPI set DPI_Pas=9.525 where DPI_Id=1");
     duplicate();
     EXPECT_EQ(ofCopy("DPI_Pas"), "9,53");
-    EXPECT_NE(ofCopy("DPI_Pas"), "9,525");
 }
 
 TEST_F(DuplicatingTest, ALineOfTheMachinesOwnOperatorTakesTodaysRate) {
@@ -132,7 +130,6 @@ TEST_F(DuplicatingTest, ThePriceOfAnAssignmentIsNotAsked) {
     store(1, 11);  // Ana is assigned to the saw at 33
     duplicate();
     EXPECT_EQ(ofLine("MoDpi_Pvp"), "20");
-    EXPECT_NE(ofLine("MoDpi_Pvp"), "33");
 }
 
 TEST_F(DuplicatingTest, TheLabourOfTheCopyWaitsForTheLabourForm) {
@@ -140,7 +137,6 @@ TEST_F(DuplicatingTest, TheLabourOfTheCopyWaitsForTheLabourForm) {
     shop.database->execute("update DPI set DPI_ImpMO=15.17 where DPI_Id=1");
     duplicate();
     EXPECT_EQ(ofCopy("DPI_ImpMO"), "15,17");
-    EXPECT_NE(ofCopy("DPI_ImpMO"), "22,75");
     shop.screen.queueModal([](screen::Form&) {});
     shop.key(screen::Key::f1);
     EXPECT_EQ(ofCopy("DPI_ImpMO"), "22,75");

@@ -233,7 +233,8 @@ TEST_F(MainFormTest, TheRemarksDoNotTurnWhiteAsOtherFieldsDo) {
     workshop.set("txtObservaciones", "x");
     workshop.set("txtPesu(2)", "x");
     workshop.leave();
-    EXPECT_NE(workshop.control("txtObservaciones").backColor(), workshop.control("txtPesu(2)").backColor());
+    EXPECT_EQ(workshop.control("txtObservaciones").backColor(), screen::colors::yellow);
+    EXPECT_EQ(workshop.control("txtPesu(2)").backColor(), screen::colors::white);
 }
 
 TEST_F(MainFormTest, SavingIsStoppedByTheSwitchThatNothingSets) {

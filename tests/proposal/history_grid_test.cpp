@@ -167,7 +167,7 @@ TEST_F(HistoryGridTest, ALoadThatEndsEarlyLeavesTheFocusWhereItWas) {
     shop.screen.queue(screen::Answer::yes);
     pressCell(0);
     EXPECT_EQ(shop.screen.messages.back().text, "Error, no se encuentra el indice del material para el disco");
-    EXPECT_NE(shop.focused(), "cboFiltroHistorico");
+    EXPECT_EQ(shop.focused(), "txtPesu(2)");
 }
 
 TEST_F(HistoryGridTest, TheOrdersButtonHandsTheNumberToTheOrderModule) {

@@ -87,7 +87,6 @@ TEST_F(LabourStepTest, WhatWasTypedSinceTheLastSaveIsLost) {
     shop.set("txtPesu(2)", "REF-9");
     oneLine("10", "90");
     EXPECT_EQ(shop.text("txtPesu(2)"), "");
-    EXPECT_NE(shop.text("txtPesu(2)"), "REF-9");
 }
 
 TEST_F(LabourStepTest, TheSawChargeIsSpreadOverTheUnits) {
@@ -98,8 +97,8 @@ TEST_F(LabourStepTest, TheSawChargeIsSpreadOverTheUnits) {
     shop.key(screen::Key::f5);
     const double whole = runtime::CDbl(shop.text("txtPesu(10)"));
     oneLine("10", "90");
-    EXPECT_DOUBLE_EQ(runtime::CDbl(shop.text("txtPesu(10)")), runtime::Redondear(whole + 45 - 6 + 2, 2));
-    EXPECT_NE(runtime::CDbl(shop.text("txtPesu(10)")), runtime::Redondear(whole + 45, 2));
+    EXPECT_DOUBLE_EQ(runtime::CDbl(shop.text("txtPesu(10)")), runtime::Redondear(whole + 45 - 6 + 2, 2))
+        << "6 a piece before, 6 for three pieces now";
 }
 
 TEST_F(LabourStepTest, TheStatementsStandInTheirOrder) {

@@ -390,7 +390,6 @@ TEST_F(SavingTest, AChangedRowIsToldWithoutOne) {
     workshop.screen.messages.clear();
     workshop.key(Key::f5);
     ASSERT_THAT(messages(), ElementsAre("Datos Grabados satisfactoriamente"));
-    EXPECT_NE(workshop.screen.messages[0].icon, screen::Icon::information);
     EXPECT_EQ(workshop.screen.messages[0].icon, screen::Icon::none);
 }
 
@@ -441,7 +440,7 @@ TEST_F(SavingTest, AfterADeleteTheNextKeyIsNotTheHighestPlusOne) {
     EXPECT_EQ(workshop.query("select max(DPI_Id)+1 from DPI"), "2");
     workshop.openAnew();
     workshop.saveNewProposal();
-    EXPECT_NE(workshop.text("txtPesu(3)"), "2");
+    EXPECT_EQ(workshop.text("txtPesu(3)"), "3");
 }
 
 TEST_F(SavingTest, ALineOfCostIsAProductUnderTheMaskOrZero) {

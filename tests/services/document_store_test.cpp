@@ -61,12 +61,6 @@ TEST_F(DocumentStoreTest, AFileMovesIntoTheDatabaseStatementByStatement) {
     EXPECT_THAT(screen.messages, IsEmpty()) << "and says nothing";
 }
 
-TEST_F(DocumentStoreTest, APickedFileDoesNotStayOnDiskAsACopyWould) {
-    const std::string path = source();
-    store.msAnadirFichero(path, proposal7);
-    EXPECT_NE(contentOf(path), "%PDF-1.7");
-}
-
 TEST_F(DocumentStoreTest, AFileClosedToWritingIsStoredAndStaysWithoutAMessage) {
     const std::string path = source();
     fs::permissions(path, fs::perms::owner_read);

@@ -48,22 +48,13 @@ TEST_F(CreditGateTest, AsksOneStatementToTheLetter) {
 TEST_F(CreditGateTest, ACodeThatNobodyHasIsExceeded) {
     EXPECT_TRUE(exceeded(9999, 0));
     EXPECT_TRUE(exceeded(9999, 100));
-}
-
-TEST_F(CreditGateTest, ACodeThatNobodyHasIsNotLetThroughForOwingNothing) {
-    EXPECT_FALSE(exceeded(1001, 0)) << "a customer who owes nothing is";
-    EXPECT_NE(exceeded(9999, 0), exceeded(1001, 0));
+    EXPECT_FALSE(exceeded(1001, 0)) << "a customer who owes nothing is let through";
 }
 
 TEST_F(CreditGateTest, ATotalBelowAtAndAboveTheLimit) {
     EXPECT_FALSE(exceeded(1002, 999.99));
     EXPECT_TRUE(exceeded(1002, 1000)) << "at the limit";
     EXPECT_TRUE(exceeded(1002, 1000.01));
-}
-
-TEST_F(CreditGateTest, ATotalAtTheLimitIsNotStillWithinIt) {
-    EXPECT_NE(exceeded(1002, 1000), exceeded(1002, 999.99));
-    EXPECT_EQ(exceeded(1002, 1000), exceeded(1002, 1000.01));
 }
 
 TEST_F(CreditGateTest, ANullLimitOfAControlledCustomerAlwaysBlocks) {
@@ -114,11 +105,8 @@ TEST_F(CreditGateTest, EachSumIsRoundedToCentsByItself) {
 
 TEST_F(CreditGateTest, ADebtThatIsNullLeavesTheAmountOut) {
     EXPECT_FALSE(answered({}, 1000.0, 1, 5000)) << "0 stands against the limit";
+    EXPECT_TRUE(answered(0.0, 1000.0, 1, 5000)) << "a debt of zero leaves it in";
     EXPECT_TRUE(answered({}, {}, 1, 5000)) << "0 against 0";
-}
-
-TEST_F(CreditGateTest, ADebtThatIsNullIsNotADebtOfZero) {
-    EXPECT_NE(answered({}, 1000.0, 1, 5000), answered(0.0, 1000.0, 1, 5000));
 }
 
 TEST_F(CreditGateTest, AnyValueButZeroAndNullIsControl) {
