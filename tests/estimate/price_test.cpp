@@ -123,6 +123,13 @@ TEST(PriceTest, APieceIsTheSumOfItsParts) {
         << "the parts are not rounded, only their sum";
 }
 
+TEST(PriceTest, TheCutInABarsAmountIsWhatItsMaterialInWholeCentsLeaves) {
+    EXPECT_DOUBLE_EQ(cutInBarLine(25, 10, 2), 5);
+    EXPECT_DOUBLE_EQ(cutInBarLine(20, 10, 2), 0);
+    EXPECT_DOUBLE_EQ(cutInBarLine(3.5, 1.5, 1.67), 0.99) << "the material, 2,505, is 2,51";
+    EXPECT_DOUBLE_EQ(cutInBarLine(10, 10, 2), -10) << "an amount typed below its material";
+}
+
 TEST(PriceTest, ALotIsThePieceByThePieces) {
     EXPECT_EQ(lotPrice(17.5, 3), 52.5);
     EXPECT_EQ(lotPrice(17.5, 0), 0);

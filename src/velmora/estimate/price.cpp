@@ -34,6 +34,10 @@ double barLine(const StockLine& line) {
     return line.cut + line.weight * line.price;
 }
 
+double cutInBarLine(double amount, double weight, double price) {
+    return amount - cents(weight * price);
+}
+
 double materialOf(double discAmount, double hubAmount) {
     return cents(discAmount + hubAmount);
 }

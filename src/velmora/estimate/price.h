@@ -17,8 +17,8 @@ double sawCut(double diameter, double rate);
 /// The cuts of a piece's hubs (€): the cut of one, in whole cents, as often as there are hubs (1 or 2).
 double hubsSawCut(double diameter, double rate, int hubs);
 
-/// The cut of a rack's bar (€): along the larger of its length and its thickness (mm) by rate (€/mm). Not rounded: the
-/// mask of its field shows whole cents, and a changed material is priced with what is behind them.
+/// The cut of a rack's bar (€): along the larger of its length and its thickness (mm) by rate (€/mm). Not rounded: its
+/// field shows whole cents, but a newly chosen material is priced with the unrounded value.
 double barSawCut(double length, double thickness, double rate);
 
 // --- A line of stock -----------------------------------------------------------------------------------------------
@@ -30,14 +30,14 @@ struct StockLine {
     double cut;     ///< €
 };
 
-// The amount of a disc's or a hub's line has two roundings. They differ, by a cent, where the cut has thousandths: the
-// disc's does as it is typed or stored, the hub's is always worked out in whole cents. The event decides:
+// The amount of a disc's or a hub's line has two roundings. They differ by a cent when the cut has thousandths: a
+// disc's may have them when it was typed or stored, a hub's is always calculated in whole cents. The event decides:
 //
 //   changed: its price, its weight, the disc's cut         rounded twice
 //   changed: a size of the cut piece, the chosen material  rounded once
-//   clicked twice: the disc's weight                       the disc's line, rounded twice
-//   clicked twice: a size of disc or hub                   the disc's line, rounded once
-//   clicked twice: the hub's weight or inner diameter      the hub's line, rounded once
+//   double click on: the disc's weight                     the disc's line, rounded twice
+//   double click on: a size of disc or hub                 the disc's line, rounded once
+//   double click on: the hub's weight or inner diameter    the hub's line, rounded once
 
 /// Material in whole cents, then the cut, then whole cents: round(round(weight x price) + cut).
 double lineRoundedTwice(const StockLine& line);
@@ -48,6 +48,10 @@ double lineRoundedOnce(const StockLine& line);
 /// A rack's bar when a size, its weight, its price or its cut is changed: not rounded; the mask of its field shows
 /// whole cents. The cut is then read from its field, in whole cents, where the choice of a material takes it unrounded.
 double barLine(const StockLine& line);
+
+/// The cut (€) in the stored amount of a rack's bar: what is left without the material in whole cents. No column stores
+/// the cut itself.
+double cutInBarLine(double amount, double weight, double price);
 
 // --- Piece and lot -------------------------------------------------------------------------------------------------
 

@@ -36,18 +36,19 @@ constexpr std::array barSizes{measure::rackHeight, measure::rackLength, measure:
 }  // namespace
 
 void Rack::Text1_LostFocus(int Index) {
-    if (Index == 19) {
+    if (Index == measure::rackModule) {
         const double module = number(f_.Text1(measure::rackModule));
         f_.Text1(measure::rackPitch).setText(Format(module * shopPi, measureMask));
         f_.Text1(measure::rackToothHeight).setText(Format(module * toothHeightFactor, measureMask));
-    } else if (Index == 22 && !(number(f_.Text1(measure::rackToothHeight)) < number(f_.Text1(measure::rackHeight)))) {
+    } else if (Index == measure::rackHeight &&
+               !(number(f_.Text1(measure::rackToothHeight)) < number(f_.Text1(measure::rackHeight)))) {
         screen_.show(
             {.text = "Atención, el valor de H no puede ser igual o inferior al de h", .icon = screen::Icon::critical});
         return;
     }
     msCalcularCremallera();
-    // Differs D-010: a size that is left has its cut worked out anew, as its weight; it would be priced with the cut of
-    // the size before.
+    // Differs D-010: leaving a size recalculates the cut, as it does the weight; otherwise the bar would be priced with
+    // the cut of the previous size.
     if (std::ranges::find(barSizes, Index) != barSizes.end()) {
         totals_.writeRackCut();
     }

@@ -76,15 +76,15 @@ bool Loading::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
 
 void Loading::giveUp(const FormMemory& before) {
     before.restore();
-    // The totals of what stands on the form again are worked out as before.
+    // The form shows the proposal before the load again, with its totals enabled.
     f_.bCargandoPropuesta = false;
     if (!refusal_.empty()) {
         screen_.show({.text = refusal_});
     }
 }
 
-// The handlers called on the way work out fields anew; what they write over is assigned a second time, so that the
-// stored figures stand at the end.
+// The event handlers called during a load recalculate fields. What they overwrite is put a second time, so that the
+// form ends with the stored values.
 bool Loading::putOnForm(const sql::Recordset& row, bool bEditable) {
     if (bEditable) {
         openForEditing();
@@ -213,7 +213,7 @@ bool Loading::refuse(const char* message) {
 }
 
 void Loading::putState(const sql::Recordset& row) {
-    // What was typed belongs to the proposal before, but for the load after one's own save.
+    // What was typed belongs to the proposal shown before, except in the load that follows a save.
     if (!f_.bCargandoDisco) {
         f_.typed.forget();
     }
@@ -248,7 +248,7 @@ void Loading::putCuts(const sql::Recordset& row) {
 
 void Loading::putAmounts(const sql::Recordset& row) {
     for (const money::Index field : amounts) {
-        // Differs D-175: a name that the row lacks is empty, where its null would keep the form shut.
+        // Differs D-175: a null name is shown as empty; raising error 94 for it would make the proposal unreadable.
         if (field == money::customerName && row[columnOf(field)].isNull()) {
             f_.txtPesu(field).setText("");
         } else {
@@ -311,17 +311,17 @@ void Loading::putRack(const sql::Recordset& row) {
     putRackCut(row);
 }
 
-// Differs D-009: no column holds the cut of a rack: it is what the stored amount leaves beside weight and price, where
-// the rack before would leave its own.
+// Differs D-009: the cut of a rack, which no column stores, is calculated from the stored amount; otherwise the cut of
+// the rack shown before would stay.
 void Loading::putRackCut(const sql::Recordset& row) {
-    const double material =
-        estimate::round2(row[columnOf(cut::barWeight)].toDouble() * row[columnOf(money::barPrice)].toDouble());
-    f_.txtPesu(money::barCut)
-        .setText(runtime::Format(row[columnOf(money::barAmount)].toDouble() - material, estimate::amountMask));
+    const double cut =
+        estimate::cutInBarLine(row[columnOf(money::barAmount)].toDouble(), row[columnOf(cut::barWeight)].toDouble(),
+                               row[columnOf(money::barPrice)].toDouble());
+    f_.txtPesu(money::barCut).setText(runtime::Format(cut, estimate::amountMask));
 }
 
-// Differs D-006: the widths of a multiple product and their copies on its sketches are the row's, not those that the
-// handlers on the way have worked out; saved again, it would be stored as another piece.
+// Differs D-006: the widths of a multiple product and their copies on its sketches are the stored ones, not those that
+// the event handlers have calculated; otherwise the next save would store different widths.
 void Loading::letStoredWidthsStand(const sql::Recordset& row) {
     if (!f_.product().chainList) {
         return;
@@ -332,10 +332,11 @@ void Loading::letStoredWidthsStand(const sql::Recordset& row) {
     peers_.doubles.repeatOnMultipleSketches();
 }
 
-/// The figures that follow others, once these stand: those of the variable sketch, and the approximate weight.
+/// Fields that depend on others, put last: those of the variable sketch, and the approximate weight.
 void Loading::showWhatFollows() {
     peers_.doubles.repeatOnVariableSketch();
-    // Differs D-013: the weight and the words of another piece do not stay; types 0 and 10 have told their own.
+    // Differs D-013: the weight and formula of the piece shown before are cleared; these two types have written their
+    // own.
     if (f_.type() != data::plainSprocket && f_.type() != data::variableSprocket) {
         peers_.totals.clearFormula();
     }
