@@ -8,7 +8,7 @@
 namespace velmora::data {
 namespace {
 
-// Widths of what people type and of what one table hands to another.
+// Widths of texts that more than one column has, in UTF-16 units.
 constexpr int nameWidth = 100;
 constexpr int referenceWidth = 100;
 constexpr int orderNumberWidth = 60;

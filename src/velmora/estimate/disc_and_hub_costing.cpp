@@ -16,7 +16,7 @@ constexpr double sawAllowance = 3;        ///< mm added to a width that is sawn
 constexpr double diameterAllowance = 5;   ///< mm added to a diameter that is turned
 constexpr double hubWeightAllowance = 2;  ///< mm added to a hub's length for its weight only
 
-/// A workshop without a material for it never opens the set.
+/// True when a material is chosen. The set stays closed while the list of materials is empty.
 bool holdsRecord(const sql::Recordset& material) {
     return material.isOpen() && material.hasRows();
 }
@@ -82,8 +82,8 @@ void DiscAndHubCosting::msCalcularGrueso() {
         trap([&] { put(f_.Text4(cut::discWidth), number(f_.Text1(measure::totalWidth)) + sawAllowance); });
         return;
     }
-    // Differs D-001: this runs on a key stroke in the widths; a field that is empty for a moment leaves the sizes as
-    // they were and counts as no rim, instead of an error box between two keys.
+    // Differs D-001: this runs at each key in the widths; a field that is empty between two keys leaves the sizes as
+    // they were and counts as no rim, instead of raising an error.
     trap([&] { msCalcularCubo(); });
     std::int32_t n = 0;
     trap([&] { n = runtime::CLng(numberOrZero(f_.Text1(measure::rim))); });
@@ -115,7 +115,8 @@ void DiscAndHubCosting::discAndHub(const TextBox& hubLength) {
         priceHub();
     }
     put(f_.Text4(cut::hubDiameter), FnMultiplo(number(f_.Text1(measure::hubDiameter)) + diameterAllowance, 5));
-    // The length is first brought to a multiple of 5 and then written as it is: both changes are seen by the weight.
+    // The length is written twice, rounded up to a multiple of 5 and then unrounded: each write recalculates the
+    // weight.
     put(f_.Text4(cut::hubLength), FnMultiplo(number(hubLength) + sawAllowance, 5));
     put(f_.Text4(cut::hubLength), number(hubLength) + sawAllowance);
     f_.lblCuboProceso.setVisible(false);
@@ -151,8 +152,8 @@ void DiscAndHubCosting::msMostrarProcesoCubo() {
     showProcess(f_.lblDiscoProceso);
 }
 
-// Differs D-012: a piece without an exterior is not said to be one round: neither caption is seen before a measure is
-// there, from the making of the form on.
+// Differs D-012: both captions stay hidden without an exterior diameter, also on the empty form, which would otherwise
+// be called a one-piece round.
 void DiscAndHubCosting::showProcess(Label& caption) const {
     const double exterior = numberOrZero(f_.Text1(measure::exterior));
     caption.setForeColor(screen::colors::blue);

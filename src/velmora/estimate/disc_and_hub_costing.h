@@ -18,25 +18,25 @@ class DiscAndHubCosting {
         msMostrarProcesoCubo();
     }
 
-    /// Cut sizes of the disc. Nothing while a save runs. Error 13 when a measure is no number.
+    /// Calculates the cut sizes of the disc. Does nothing during a save. Error 13 when a measure is no number.
     void msCalcularDisco();
-    /// Cut sizes, prices and amount of the hub, or the one-piece case. Error 13 likewise.
+    /// Calculates sizes, prices and amount of the hub, or zeros for a one-piece round. Error 13 likewise.
     void msCalcularCubo();
-    /// Commercial thickness of the disc from the rim. No error leaves it.
+    /// Calculates the commercial thickness of the disc from the rim. Raises no error.
     void msCalcularGrueso();
-    /// The cut cost of the disc. No error leaves it. Nothing calls it at present.
+    /// Calculates the cut cost of the disc. Raises no error. Not called at present.
     void msCorteDisco();
-    /// Captions that tell a one-piece round: blue, hidden above the one-piece limit and without an exterior.
+    /// Shows the captions of a one-piece round, blue; hides them above the one-piece limit and without an exterior.
     void msMostrarProcesoCubo();
 
     void rsMatDisco_MoveComplete();
     void rsMatCubo_MoveComplete();
 
     void Text4_Change(int Index);
-    /// The second event of Text4, with other groups of indexes.
+    /// Recalculates as Text4_Change does, but with other groups of indexes.
     void Text4_DblClick(int Index);
     void Text4_KeyPress(int Index, screen::KeyPress& key) { oUtil_.TeclaCampo(f_.Text4(Index), key, false); }
-    /// Zero for what is no number, and the mask.
+    /// When the focus leaves a field: 0 for a text that is no number, the mask, and the amounts of a rack's bar.
     void Text4_LostFocus(int Index);
 
   private:

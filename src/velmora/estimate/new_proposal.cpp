@@ -49,7 +49,7 @@ constexpr std::array parts{
          .belongsTo = hasBar},
 };
 
-/// Switches the totals off while it lives, and gives back what it found.
+/// Suppresses the totals during its lifetime if `wanted`; the destructor restores the state before.
 class TotalsOff {
   public:
     TotalsOff(FieldMap& fields, bool wanted) : off_(fields.bCargandoPropuesta), before_(off_) {
@@ -64,13 +64,13 @@ class TotalsOff {
     bool before_;
 };
 
-/// The row chosen for a part; none while its list has nothing to show.
+/// The row chosen for a part; nullptr while its list is empty.
 const sql::Recordset* materialOf(const FieldMap& f, const Part& part) {
     const sql::Recordset& material = *(f.*part.material);
     return material.isOpen() && material.hasRows() ? &material : nullptr;
 }
 
-/// Writes `to` where `from` stands and the user has not typed.
+/// Writes `to` into a field that holds `from` and was not typed by the user.
 void replace(const FieldMap& f, TextBox& box, const std::string& from, const std::string& to) {
     if (box.text() == from && !f.typed.contain(box)) {
         box.setText(to);
@@ -92,13 +92,13 @@ void NewProposal::typeChosen() {
     }
 }
 
-// Differs D-011: the material that a list shows is a material with its price. Most types never open its row again, and
-// quoted it at 0,00.
+// Differs D-011: the material that a list shows gets its price. For most types its row is not moved to again, so that
+// the material would be priced at 0,00.
 void NewProposal::showPrices() {
     for (const Part& part : parts) {
         const sql::Recordset* material = materialOf(f_, part);
         if (material != nullptr && part.belongsTo(f_.product())) {
-            // Without a weight there is nothing to sum, and the totals stay as they were written.
+            // Without a weight the prices do not change the totals, which keep their text.
             const TotalsOff off(f_, !weighs(part.weight));
             replace(f_, f_.txtPesu(part.cost), emptyPrice, (*material)["art_pco"].toText());
             replace(f_, f_.txtPesu(part.sale), emptyPrice, (*material)["art_pve"].toText());

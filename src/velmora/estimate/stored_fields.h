@@ -75,17 +75,17 @@ struct Ticked {
     CheckBox FieldMap::*box;
 };
 
-/// Null, which an update writes over what another type has left there.
+/// Null: an update clears what was stored for another type.
 struct NoValue {};
 
-/// Where on the form a stored value stands.
+/// What a stored value is read from.
 using FieldSource =
     std::variant<TextField, CutText, InnerOfTube, ArticleOf, EntryIndex, EntryKey, EntryText, Ticked, NoValue>;
 
 enum class Load {
-    inItsStep,  ///< a step of `proposal::Loading` puts it, in the place of the sequence that its handlers ask for
-    plainly,    ///< in the loop over what no handler waits for; a text that is null leaves a list as it stands
-    never,      ///< it follows others: a load has nothing to put
+    inItsStep,  ///< put by a step of `proposal::Loading`: its event handlers depend on the order of the steps
+    plainly,    ///< put in a loop: no event handler depends on the order; a null text leaves a list unchanged
+    never,      ///< not put: the value follows from other fields
 };
 
 enum class Write {
@@ -128,7 +128,7 @@ std::string_view columnOf(Material material);
 /// Whether a box of the form, in no array, is stored as a text: a new proposal begins with it empty, not with a zero.
 bool isFreeText(const FieldMap& f, const TextBox& box);
 
-/// The columns that no field of the form fills alone.
+/// Columns without a field of the form of their own.
 namespace column {
 inline constexpr std::string_view chainName = "DPI_PDM_Texto";  ///< the text of cboDobles, beside its position
 inline constexpr std::string_view number = "DPI_Id";
@@ -140,9 +140,9 @@ inline constexpr std::string_view customerOrderDate = "DPI_FPedCliente";
 inline constexpr std::string_view delivery = "DPI_FechaEntrega";
 }  // namespace column
 
-/// What the server gives a new row.
+/// Assigned by the server to a new row.
 inline constexpr std::array columnsOfTheServer{column::number, column::created};
-/// What is written while a proposal is tracked and accepted.
+/// Written while a proposal is tracked and accepted, never by a save.
 inline constexpr std::array columnsOfTheOrder{column::accepted, column::order, column::customerOrder,
                                               column::customerOrderDate, column::delivery};
 

@@ -33,7 +33,7 @@ constexpr std::array maskedOnLeaving{screen::IndexRange{money::created, money::s
 
 }  // namespace
 
-/// The sums that a change of a field of txtPesu, or of a bar's field of Text4, makes necessary; none for the others.
+/// The recalculation after a change of a field of txtPesu, or of a bar's field of Text4; nullptr when none is needed.
 Totals::Sums Totals::sumsAfter(int index) {
     struct Row {
         int from;
@@ -62,8 +62,8 @@ void Totals::msRecalcularImportes(int Index) {
         return;
     }
     ErrorTrap trap;
-    // Chosen C-002: a product without hub has no hub's cut to work out either; working it out would write "0,00"
-    // where "0" has just been written, and the two changes would chase each other for ever.
+    // Chosen C-002: for a product without hub the hub's cut is not calculated either: it would write "0,00" over the
+    // "0" just written, and the change events of the two would call each other endlessly.
     if (f_.product().hubVoid) {
         voidHub(trap);
     } else {
@@ -241,7 +241,7 @@ void Totals::msMostrarFormula() {
                               " x " + CStr(ll) + ") x " + CStr(z) + ")] = " + CStr(b);
     f_.txtPesu(money::approximateWeight).setToolTip(words);
     f_.lblFormulaPeso.setCaption(words);
-    // Chosen C-003: the stock pieces' own weights are not worked out again here: nothing shows or keeps them.
+    // Chosen C-003: the weights of the stock pieces are not calculated here: they would be neither shown nor stored.
     f_.txtPesu(money::approximateWeight).setText(Format(a - b, amountMask));
 }
 

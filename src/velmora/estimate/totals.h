@@ -1,5 +1,5 @@
 #pragma once
-// From amounts to the price of a piece and of the lot, and the approximate weight in words. Euros, two decimals.
+// Calculates the price of a piece and of the lot from the amounts, and the approximate weight. Euros, two decimals.
 
 #include "velmora/estimate/cut_prices.h"
 #include "velmora/estimate/field_map.h"
@@ -13,26 +13,26 @@ class Totals {
     Totals(FieldMap& fields, CutPrices& cutPrices, const Weights& weights, session::KestraUtil& util)
         : f_(fields), cutPrices_(cutPrices), weights_(weights), oUtil_(util) {}
 
-    /// Sums anew after the field of that index of txtPesu has changed (50 to 53: of Text4). Does nothing while a
-    /// proposal is being loaded. No error leaves it: a sum that cannot be made leaves its field as it was.
+    /// Recalculates the sums that depend on the field of that index of txtPesu (cut::barLength to cut::barWeight: of
+    /// Text4). Does nothing during a load. Raises no error: a sum that cannot be calculated leaves its field as it was.
     void msRecalcularImportes(int Index);
 
-    /// The approximate weight of the finished piece, in txtPesu(17) and in words beside it.
+    /// Writes the approximate weight of the finished piece, and its formula into the label beside it. Raises no error.
     void msMostrarFormula();
-    /// No approximate weight: "0,00" and no words.
+    /// Writes "0,00" as the approximate weight and clears its formula.
     void clearFormula();
 
     void txtPesu_Change(int Index);
     void txtPesu_KeyPress(int Index, screen::KeyPress& key);
-    /// What leaving a field of txtPesu does but the customer's look-up: the mask, and zero for what is no number.
+    /// When the focus leaves a field of txtPesu: 0 for a text that is no number, and the mask.
     void txtPesu_LostFocus(int Index);
 
-    /// The saw's cut of the hub's material (€), two cuts for a piece with two hubs; from Text4(2). Error 13 when
-    /// that is no number.
+    /// The saw's cut of the hub's material (€), two cuts for a piece with two equal hubs. Error 13 when the hub's
+    /// diameter is no number.
     double hubCut();
-    /// The saw's cut of a rack's bar (€), along the larger of Text4(50) and (52). Error 13 when one is no number.
+    /// The saw's cut of a rack's bar (€, not rounded). Error 13 when its length or thickness is no number.
     double rackCut();
-    /// Writes it into txtPesu(55); nothing without a material. No error leaves it.
+    /// Writes rackCut() into its field; does nothing without a material. Raises no error.
     void writeRackCut();
 
   private:

@@ -68,7 +68,7 @@ class Loading {
     Collaborators peers_;
     session::Session& session_;
     screen::Screen& screen_;
-    std::string refusal_;  ///< the words of a load that a material ends; empty otherwise
+    std::string refusal_;  ///< the message when a material is missing from its list; empty otherwise
 };
 
 }  // namespace velmora::proposal

@@ -16,8 +16,8 @@ namespace {
 
 constexpr const char* lineBreak = "\r\n";
 
-/// While it lives, a save runs: nothing is worked out anew and the form takes no entry. However it ends, the form
-/// comes back.
+/// Suppresses recalculations and disables the form for the duration of a save; the destructor ends both, also after an
+/// error.
 class Guarded {
   public:
     explicit Guarded(estimate::FieldMap& f) : f_(f) { set(true); }
@@ -72,8 +72,8 @@ bool Saving::msGrabar(bool bSilencio) {
     return stored;
 }
 
-/// Reads the proposal back. Where that fails, what was typed stays on the form, and it is held against the row as it
-/// was stored just now.
+/// Reads the proposal back. When that fails, the form keeps what was typed, and the next save is compared with the row
+/// just stored.
 void Saving::reload() {
     const std::string number = f_.proposal.number();
     const auto rememberRow = [&] {
@@ -116,11 +116,11 @@ bool Saving::mayBeWritten() {
     return false;
 }
 
-// Differs D-062: a stored row is looked at inside the transaction, before it is written: one that was accepted or
-// deleted since it came on the form is not written any more, and one that another user has changed only when this one
-// says so. All that was typed stays.
-// Differs D-002: an error on the way, in the fields as in the transaction, ends as a refused write with its text, and
-// all that was typed stays on a form that can be used.
+// Differs D-062: a stored row is checked inside the transaction, before it is written: one accepted or deleted since it
+// was loaded is not written, one changed by another user only after this user's consent. The form keeps what was
+// typed.
+// Differs D-002: an error, in the fields or in the transaction, ends as a refused write with its text; the form stays
+// usable and keeps what was typed.
 session::Written Saving::write(bool isNew, std::string& error) {
     newRow_.reset();
     session::Written written = session::Written::refused;
@@ -140,7 +140,7 @@ session::Written Saving::write(bool isNew, std::string& error) {
     session_.Campos().clear();
     heldBack_ = written == session::Written::closed || written == session::Written::declined;
     if (written == session::Written::closed) {
-        // Chosen C-065: the words of a refused update, and as its reason those of a second acceptance.
+        // Chosen C-065: the message of a refused update, with that of a second acceptance as its reason.
         error = peers_.stored.standing().words();
     } else if (written == session::Written::yes && newRow_) {
         put(*newRow_);
@@ -148,7 +148,7 @@ session::Written Saving::write(bool isNew, std::string& error) {
     return written;
 }
 
-/// The fields are made up first: what of the row has changed is asked of the columns that this save writes.
+/// Collects the fields first: only the columns that this save writes are checked for changes by others.
 session::RowState Saving::look(bool isNew) {
     session::FieldList& campos = session_.Campos();
     campos.clear();
@@ -184,8 +184,8 @@ Saving::NewRow Saving::readBackNewRow() {
             .discCut = runtime::Format(row["DPI_CosteCorteDisco"].toDouble(), estimate::amountMask)};
 }
 
-// Once the row is there for good: the number of a row that was rolled back would turn the next save into an update
-// of nothing.
+// Called after the commit: the number of a row that was rolled back would turn the next save into an update of a row
+// that does not exist.
 void Saving::put(const NewRow& row) {
     f_.txtPesu(money::proposal).setText(row.number);
     f_.txtPesu(money::created).setText(row.date);

@@ -23,17 +23,17 @@ class Saving {
            const system::Clock& clock)
         : f_(fields), peers_(peers), session_(session), screen_(screen), clock_(clock) {}
 
-    /// Stores the proposal: a new row when txtPesu(3) holds no number. True when it was stored. Tells the user of
-    /// what is missing, of a refusal, and, unless bSilencio, of success. A stored row is looked at first: one that
-    /// was accepted or deleted meanwhile is not written, which is told, and one that another user has changed only
-    /// when the user says so. A write that is refused leaves the form as it stood.
+    /// Stores the proposal: a new row when the form shows no number. True when it was stored. Messages tell what is
+    /// missing, a refusal, and, unless bSilencio, success. Before an update the stored row is checked: one accepted or
+    /// deleted meanwhile is refused, one changed by another user is overwritten only after a question. A refused write
+    /// leaves the form as it was.
     bool msGrabar(bool bSilencio);
 
-    /// True when the last msGrabar wrote nothing for what another user had done to the row.
+    /// True when the last msGrabar wrote nothing because another user had changed, accepted or deleted the row.
     bool wasHeldBack() const { return heldBack_; }
 
-    /// Reads whether the proposal on the form may still be written. False when it was accepted or deleted meanwhile,
-    /// which is told as a save tells it. Errors: the database's.
+    /// Reads whether the proposal on the form may still be written. False, after the message of a save, when it was
+    /// accepted or deleted meanwhile. Errors: the database's.
     bool mayBeWritten();
 
   private:
@@ -59,7 +59,7 @@ class Saving {
     session::Session& session_;
     screen::Screen& screen_;
     const system::Clock& clock_;
-    std::optional<NewRow> newRow_;  ///< of the write that runs; put on the form once it is there for good
+    std::optional<NewRow> newRow_;  ///< of the running write; put on the form after its commit
     bool heldBack_ = false;
     int calls_ = 0;
 };

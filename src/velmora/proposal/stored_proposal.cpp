@@ -20,11 +20,11 @@ bool belongsToOrder(const std::string& column) {
                                [&](std::string_view each) { return runtime::UCase(each) == runtime::UCase(column); });
 }
 
-/// How long an order that the proposal does not bear yet is taken for an acceptance at work. One that stays longer was
-/// left by a failure and hinders nobody.
+/// Back-off while another client has committed an order but not yet marked the proposal. An order unmarked for longer
+/// was left by a failure and is ignored.
 constexpr std::chrono::seconds patience{3};
 
-/// An order that is being made right now is among so many latest numbers.
+/// The order of an acceptance in progress is searched among so many of the highest numbers.
 constexpr std::int64_t latestNumbers = 100;
 
 }  // namespace

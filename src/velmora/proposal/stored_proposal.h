@@ -1,6 +1,6 @@
 #pragma once
-// The stored row of the proposal on the form: what was read when it came on the form, held against what stands there
-// when it is to be written.
+// The row of the proposal on the form as it was when loaded, to be compared with the stored row before a write, so that
+// changes by other users are not overwritten unnoticed.
 
 #include <chrono>
 #include <string>
@@ -22,16 +22,16 @@ class StoredProposal {
     /// The row that the form shows from now on; a closed set when it shows none.
     void remember(sql::Recordset row) { shown_ = std::move(row); }
 
-    /// Looks at the proposal, inside the transaction of its write. It has changed when one of the columns that the
-    /// write concerns no longer holds what the form shows; a number other than that of the row on the form has nothing
-    /// to be held against. Errors: the database's.
+    /// Checks the stored row, inside the transaction of its write: `changed` when one of the columns to be written no
+    /// longer holds the value that was loaded; never for a number other than that of the row on the form. Errors: the
+    /// database's.
     session::RowState look(const std::string& number, const std::vector<std::string>& columns);
 
     /// The columns of the row on the form but those that belong to its order: acceptance, the customer's order and its
     /// dates, which are written while the proposal is tracked. None when no row is on the form.
     std::vector<std::string> ownColumns() const;
 
-    /// What the last look found, or readStanding.
+    /// The result of the last look or readStanding.
     const labour::ProposalStanding& standing() const { return standing_; }
 
     /// Reads how the proposal stands, outside any transaction. Errors: the database's.

@@ -1,5 +1,5 @@
 #pragma once
-// A proposal on paper: what stands in for VELMORAIMP.VMORAIMP.
+// A proposal on paper: the stand-in for VELMORAIMP.VMORAIMP.
 
 #include <memory>
 
@@ -13,15 +13,16 @@ namespace velmora::documents {
 /// them.
 class ProposalPrinting final : public components::Printing {
   public:
-    /// `graphics` may be shared: it outlives the component, so that an application made for it is made once.
+    /// `graphics` may be shared with other components, so that the toolkit's application is created once.
     ProposalPrinting(system::Services& services, std::shared_ptr<painting::Graphics> graphics)
         : services_(services), graphics_(std::move(graphics)) {}
 
     void setMyBd(session::Session& session) override { session_ = &session; }
 
     /// The customer's sheet, "Propuesta_000123.pdf", and the shop's, "HojaCorte_000123.pdf", each in a file of its own;
-    /// for an order the shop's alone. Nothing takes its name before all are drawn. Errors: 91 without a session, 5 for
-    /// a number that no proposal has, 75 and 76 for a file that cannot be written or opened, those of the database.
+    /// for an order the shop's alone. No file gets its final name before all are drawn. Errors: 91 without a session,
+    /// 5 for a number that no proposal has, 75 and 76 for a file that cannot be written or opened, those of the
+    /// database.
     void jPrintPropuesta(std::int32_t nIdDpi, bool bOrden) override;
 
   private:

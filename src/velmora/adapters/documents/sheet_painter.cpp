@@ -30,8 +30,8 @@ using paper::Sheet;
 using paper::Sketch;
 using paper::Table;
 
-// Everything is laid out in pixels of the screen, 96 an inch, so that sketches look as they do there; the paper has
-// many more, and the painter is scaled.
+// The layout is in screen pixels, 96 an inch, so that sketches look as on the screen; the painter is scaled to the
+// resolution of the paper.
 constexpr int screenDots = 96;
 constexpr int paperDots = 1200;
 constexpr double pixelsOfMillimetre = screenDots / 25.4;
@@ -50,7 +50,7 @@ constexpr double cellPadding = 5;
 constexpr double firstOfTwo = 0.6;    ///< the share of the first of two columns
 constexpr double captionOfTwo = 112;  ///< pixels
 constexpr double captionShare = 0.6;  ///< of the column, in three and more
-constexpr qsizetype wholeWord = 16;   ///< a table's word of so many letters, or fewer, is not broken
+constexpr qsizetype wholeWord = 16;   ///< letters; a table's word up to this length is not broken
 
 constexpr QRgb ink = painting::colours::text;
 constexpr QRgb faint = painting::colours::faintText;
@@ -72,18 +72,18 @@ struct Fonts {
         QFont font = painting::baseFont();
         font.setPixelSize(pixels);
         font.setWeight(weight);
-        // Hinted widths belong to a screen; on paper letters would stand unevenly.
+        // Hinting fits widths to the screen's pixels; on paper letters would be spaced unevenly.
         font.setHintingPreference(QFont::PreferNoHinting);
         return font;
     }
 };
 
-/// A strip of a page: what stands side by side and is not divided.
+/// A horizontal strip of a page, never divided between two pages.
 struct Strip {
     double height = 0;
     std::function<void(QPainter&, const QRectF&)> draw;
     bool keepWithNext = false;
-    /// Stands again above this strip when a page begins with it.
+    /// Repeated above this strip when it is the first of a page.
     std::shared_ptr<const Strip> head = nullptr;
 };
 
@@ -91,10 +91,10 @@ Strip space(double height) {
     return {.height = height, .draw = [](QPainter&, const QRectF&) {}};
 }
 
-/// Turns blocks into strips, which draw with its fonts as long as it lives.
+/// Turns blocks into strips. These refer to its fonts: it must outlive them.
 class Composer {
   public:
-    /// `roominess` from 0, the least height of each sketch, to 1, the height it would rather have.
+    /// `roominess`: from 0, each sketch in its least height, to 1, in its preferred height.
     Composer(const Fonts& fonts, double roominess) : fonts_(fonts), roominess_(roominess) {}
 
     std::vector<Strip> compose(const Sheet& sheet) {
@@ -211,7 +211,7 @@ void Composer::addFields(const Fields& fields) {
     }
 }
 
-/// Captions give way to the numbers beside them, as far as their words stay whole.
+/// Captions are narrowed for wide numbers beside them, as far as no word is broken.
 Composer::FieldColumn Composer::fieldColumn(const Fields& fields, std::size_t column, std::size_t columns,
                                             std::size_t rows) const {
     const double room = width - columnGap * static_cast<double>(columns - 1);
@@ -260,7 +260,7 @@ void Composer::add(const Sketch& sketch) {
                        }});
 }
 
-/// What a cell needs: a number as a whole, a text its words but for the very long ones.
+/// The least width of a cell: of a number unbroken, of a text its widest word of at most `wholeWord` letters.
 double leastWidth(const QString& text, bool number, const QFont& font) {
     double widest = 0;
     for (const QString& line : paragraphsOf(text)) {
@@ -292,8 +292,8 @@ std::vector<ColumnRoom> roomsOf(const Table& table, const QFont& body, const QFo
     return rooms;
 }
 
-/// Smaller letters only where the columns' numbers leave no other way.
-// Differs D-274: a number stands on one line, where it was broken into two of which each reads like another number.
+/// Reduces the font only when the numbers do not fit otherwise.
+// Differs D-274: a number is kept on one line; broken into two, each part would read like another number.
 Composer::TableShape Composer::shapeOf(const Table& table) const {
     for (int smaller = 0;; ++smaller) {
         TableShape shape{
@@ -357,7 +357,7 @@ void Composer::add(const Table& table) {
     for (std::size_t i = 0; i < table.rows.size(); ++i) {
         Strip row = tableRow(table, table.rows[i], shape.widths, shape.body, false);
         row.head = again;
-        // The total never stands alone on a page.
+        // The total must not be alone on a page.
         row.keepWithNext = !table.total.empty() && i + 1 == table.rows.size();
         strips_.push_back(std::move(row));
     }
@@ -386,7 +386,7 @@ void Composer::addRunningText(const std::string& text, const QFont& font, QRgb c
     }
 }
 
-/// The last figure is the greatest and would have two shares.
+/// The last figure has the largest font and twice the share of width.
 Composer::FigureShape Composer::shapeOf(const Figures& figures) const {
     for (int smaller = 0;; ++smaller) {
         FigureShape shape{
@@ -433,7 +433,7 @@ struct Placed {
 };
 using Page = std::vector<Placed>;
 
-/// Strips on pages, which refer to them.
+/// Distributes strips over pages. The pages refer to the strips.
 class Pagination {
   public:
     Pagination(const std::vector<Strip>& strips, double furtherTop) : furtherTop_(furtherTop) {
@@ -451,7 +451,7 @@ class Pagination {
     const std::vector<Page>& pages() const { return pages_; }
 
   private:
-    /// What the strip and those that it is kept with take.
+    /// The height of the strip and of those that must follow it on the same page.
     static double keptHeight(const std::vector<Strip>& strips, std::size_t from) {
         double height = strips[from].height;
         for (std::size_t i = from; strips[i].keepWithNext && i + 1 < strips.size(); ++i) {
@@ -469,7 +469,7 @@ class Pagination {
     double y_ = top;
 };
 
-/// A sheet on its pages.
+/// A sheet distributed over its pages; owns what the pages refer to.
 struct LaidOut {
     std::unique_ptr<Composer> composer;
     std::vector<Strip> strips;
@@ -483,7 +483,7 @@ LaidOut layOut(const Sheet& sheet, const Fonts& fonts, double roominess) {
     return result;
 }
 
-/// With smaller sketches where that saves a page.
+/// Lays a sheet out, with smaller sketches where that saves a page.
 LaidOut layOut(const Sheet& sheet, const Fonts& fonts) {
     LaidOut best = layOut(sheet, fonts, 1);
     for (const double roominess : {0.75, 0.5, 0.25, 0.0}) {

@@ -7,9 +7,9 @@ class QIODevice;
 
 namespace velmora::documents {
 
-/// Writes a document that bears the sheet's title. Columns give way to their numbers, and where there is no room left
-/// for them letters become smaller: no number is broken. Needs the toolkit's application (painting::Graphics). False
-/// when the device takes no more.
+/// Writes a document that bears the sheet's title. Columns are widened to fit their numbers; where the page is too
+/// narrow for them the font is reduced: no number is broken. Needs the toolkit's application (painting::Graphics).
+/// False when writing to the device fails.
 bool paintSheet(const paper::Sheet& sheet, QIODevice& out);
 
 }  // namespace velmora::documents

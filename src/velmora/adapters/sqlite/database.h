@@ -1,5 +1,5 @@
 #pragma once
-// The embedded engine behind a data connection: one file, and a second one beside it for the documents.
+// Opens the embedded engine as a data connection: one file, and a second one beside it for the documents.
 
 #include <chrono>
 #include <functional>
@@ -29,13 +29,12 @@ struct Options {
 /// ("taller.db": "DOCtaller.db"), joined by the first statement that names it; of a database in memory it is in
 /// memory too.
 ///
-/// A set that does not end with its first rows holds the state of the database from its opening on, on a connection of
-/// its own. When the write-ahead file grows behind it by more than half a MiB, a thread of the connection copies the
-/// set's rows, or the database's pages when the rows are many, into the engine's temporary storage, and the file can
-/// start anew; so the program need not do anything, and temporary storage may have to take as much as the database's
-/// file has. Where there is no write-ahead logging, and before a change inside a transaction or in memory, the rows
-/// that are left are copied at once. Errors: DbError (provider::failure) for a file that is no database or cannot be
-/// opened.
+/// A set that does not end with its first rows keeps the state of the database of its opening, on a connection of its
+/// own, which keeps the write-ahead file from being reused. When that has grown by more than half a MiB meanwhile, a
+/// background thread copies the set's rows, or the database's pages when the rows are many, into the engine's temporary
+/// storage, which may need as much room as the database's file. Without write-ahead logging, and before a change
+/// inside a transaction or in memory, the rows not read yet are copied at once. Errors: DbError (provider::failure) for
+/// a file that is no database or cannot be opened.
 std::unique_ptr<sql::Connection> openDatabase(const std::string& path, Options options = {});
 
 /// Registers the engine as "sqlite": "sqlite:PATH" opens the database at that path with these options.

@@ -80,7 +80,7 @@ std::vector<std::string> Engine::files() {
         return files;
     }
     std::error_code ignored;
-    // The logs lie beside the file itself, not beside a link to it.
+    // The write-ahead files lie beside the database itself, not beside a symbolic link to it.
     const std::string main = sqlite3_db_filename(link()->handle(), mainSchema.data());
     const std::string documents = std::filesystem::weakly_canonical(besideWithPrefix(path_), ignored).string();
     for (const std::string& file : {main, documents}) {
@@ -123,7 +123,7 @@ std::unique_ptr<sql::RowSource> Engine::openRows(std::string_view text) {
 
 std::shared_ptr<CachedStatement> Engine::statementOf(std::string_view text) {
     if (auto known = cache_.find(text)) {
-        // A statement that a link has prepared finds out by itself that the tables have changed.
+        // The engine itself prepares a statement anew when the tables have changed.
         if (link()->hasPrepared(*known) || link()->schemaVersion() == known->schemaVersion) {
             return known;
         }
@@ -136,7 +136,7 @@ std::shared_ptr<CachedStatement> Engine::statementOf(std::string_view text) {
             throw;
         }
     }
-    // Another process may have made the table or the column since we looked.
+    // Another process may have created the table or the column since it was looked up.
     forget();
     return translated(text);
 }
@@ -155,7 +155,7 @@ std::shared_ptr<CachedStatement> Engine::translated(std::string_view text) {
 
 std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> cached) {
     for (;;) {
-        // Rows that are read again must tell the time of the first reading.
+        // getdate() must answer the same time in rows that are read again.
         const bool asksTheTime = cached->translation.steps.front().find("getdate()") != std::string::npos;
         auto reader =
             std::make_unique<RowReader>(link(), cached, asksTheTime ? std::optional(options_.clock()) : std::nullopt);
@@ -164,7 +164,7 @@ std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> 
             auto others = reader->end() ? nullptr : keepOpen(std::move(reader));
             return std::make_unique<Rows>(shared_from_this(), std::move(cached), std::move(first), std::move(others));
         }
-        // The tables are no longer what they were when `*` was written out.
+        // The tables have changed since `*` was expanded.
         forget();
         cached = translated(std::string(cached->text));
     }
@@ -189,9 +189,9 @@ std::shared_ptr<OpenRows> Engine::keepOpen(std::unique_ptr<RowReader> reader) {
     return others;
 }
 
-/// Sets that are read on the link of all statements must have their rows before one of these changes anything.
-/// Chosen C-215: a set opened inside a transaction keeps its rows to its requery also when the transaction is undone:
-/// it shows what was the case when it was opened.
+/// Copies the rows left of the sets that are read on the link of all statements, before one of these changes data.
+/// Chosen C-215: a set opened inside a transaction keeps its rows until its requery, also when the transaction is
+/// rolled back: it shows the state of its opening.
 void Engine::settleSets() {
     for (const std::weak_ptr<OpenRows>& known : std::exchange(onLink_, {})) {
         if (const auto others = known.lock()) {
@@ -254,7 +254,7 @@ void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::V
     const auto change = forKey("UPDATE " + origin.table + " SET " + name + " = ?2");
     change->bind(2, content);
     change->step();
-    // Differs D-184: whoever deletes the file afterwards must know that the database has all of it.
+    // Differs D-184: the stored length is compared, because callers delete the file afterwards.
     const auto stored = forKey("SELECT length(" + name + ") FROM " + origin.table);
     if (!stored->step()) {
         throw sql::DbError(sql::provider::rowGone, "La fila que se iba a actualizar ya no existe.");
@@ -283,7 +283,7 @@ void Engine::commit() {
     settleSets();
     inTransaction_ = false;
     if (!link_->isInTransaction()) {
-        // A full disk, for one, makes the engine undo everything on the spot.
+        // The engine rolls back by itself after some errors, such as a full disk.
         throw sql::DbError(sql::provider::failure, "La transacción se deshizo por un error anterior.",
                            {.sqlState = "40000"});
     }
@@ -335,7 +335,7 @@ void Engine::findDocuments(const tsql::TableName& name) {
             tsql::throwMissingTable(name.catalog + ".dbo." + name.name);
         }
         if (!options_.readOnly) {
-            // On a link of its own: the journal of a file cannot be chosen inside a transaction.
+            // On a link of its own: the journal mode of a file cannot be changed inside a transaction.
             const Link other(file, options_);
         }
     }

@@ -50,7 +50,7 @@ constexpr Failure failures[] = {
     {SQLITE_PERM, provider::failure, "42000", "Sin permiso sobre la base de datos."},
 };
 
-/// Check constraints carry the name of what they hold: "conversion:COLUMN", "longitud:COLUMN".
+/// Check constraints are named after what they check: "conversion:COLUMN", "longitud:COLUMN".
 [[noreturn]] void raiseCheck(std::string_view constraint, int code) {
     constexpr std::string_view length = "longitud:";
     const std::string column(constraint.substr(std::min(constraint.find(':') + 1, constraint.size())));
@@ -87,7 +87,7 @@ void throwEngineError(sqlite3* database, int code) {
     if (primary == SQLITE_CONSTRAINT) {
         raiseConstraint(message, extended);
     }
-    // The functions of the dialect tell what they refuse by these two codes.
+    // The functions of the dialect (functions.cpp) refuse values with these two codes.
     if (primary == SQLITE_MISMATCH) {
         raise(provider::conversion, message, "22018", extended);
     }

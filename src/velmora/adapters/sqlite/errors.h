@@ -1,6 +1,6 @@
 #pragma once
-// What goes wrong in the engine, as errors of the data provider with a Spanish description; what is refused before
-// it gets there: tsql/refusals.h.
+// Errors of the engine as errors of the data provider, with a Spanish description. For refusals before a statement
+// reaches the engine see tsql/refusals.h.
 
 #include <string_view>
 

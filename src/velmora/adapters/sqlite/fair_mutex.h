@@ -1,5 +1,5 @@
 #pragma once
-// A mutex that is given in the order in which it was asked for.
+// A mutex that threads acquire in the order of their requests.
 
 #include <condition_variable>
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace velmora::sqlite {
 
-/// Two threads that take it again and again take turns; with a plain mutex, one of them may starve.
+/// Two threads that lock it in a loop alternate; with std::mutex, one of them may starve.
 class FairMutex {
   public:
     void lock() {

@@ -19,7 +19,7 @@ namespace {
 
 using runtime::Date;
 
-/// One call of a function: its arguments and its answer. Null answers stay null unless something is given.
+/// One call of an SQL function: its arguments and its result, which is null unless one is given.
 class Call {
   public:
     Call(sqlite3_context* context, int count, sqlite3_value** arguments)
@@ -51,7 +51,7 @@ class Call {
     void give(double value) const { sqlite3_result_double(context_, value); }
     void giveArgument(int i) const { sqlite3_result_value(context_, arguments_[i]); }
 
-    /// The codes by which errors.cpp knows what kind of refusal it is.
+    /// `code` tells errors.cpp the kind of refusal: SQLITE_MISMATCH or SQLITE_TOOBIG.
     void refuse(const std::string& description, int code) const {
         sqlite3_result_error(context_, description.c_str(), static_cast<int>(description.size()));
         sqlite3_result_error_code(context_, code);
@@ -133,7 +133,7 @@ void round(const Call& call) {
     call.give(tsql::roundedTo(call.number(0), call.whole(1)));
 }
 
-/// A divisor, which is not zero.
+/// Argument: a divisor. The result is the argument; zero is refused.
 void divisor(const Call& call) {
     if (call.isZero(0)) {
         call.refuse("División por cero.", SQLITE_MISMATCH);
@@ -142,7 +142,7 @@ void divisor(const Call& call) {
     }
 }
 
-/// A text, its limit, and the column for which it is.
+/// Arguments: a text, its limit in UTF-16 units, the name of its column. A longer text is refused.
 void fit(const Call& call) {
     if (runtime::Len(call.text(0)) > static_cast<std::size_t>(call.whole(1))) {
         call.refuse("El texto no cabe en la columna '" + std::string(call.text(2)) + "', que admite " +
@@ -233,7 +233,7 @@ void datediff(const Call& call) {
     }
 }
 
-/// Months are added by the calendar: the last day of the month stands in for one that it does not have.
+/// Adds calendar months; a day that the resulting month lacks becomes its last day.
 Date monthsLater(const Date& date, std::int64_t count) {
     using namespace std::chrono;
     const auto day = floor<days>(date.at);
@@ -338,7 +338,7 @@ void registerFunctions(sqlite3* database, const Clock& clock) {
               sqlite3_create_function_v2(database, function.name, function.arguments, flags | SQLITE_DETERMINISTIC,
                                          const_cast<Function*>(&function), runFunction, nullptr, nullptr, nullptr));
     }
-    // The engine deletes the clock with the connection, also when it refuses the function.
+    // The engine deletes the clock with the connection, and also when the registration fails.
     check(database, sqlite3_create_function_v2(database, "getdate", 0, flags, new Clock(clock), runGetdate, nullptr,
                                                nullptr, [](void* held) { delete static_cast<Clock*>(held); }));
 }

@@ -62,7 +62,7 @@ void Link::configure(const std::string& path) {
         limitWriteAhead(mainSchema);
     }
     run("PRAGMA synchronous = FULL");
-    run("PRAGMA schema_version");  // reads the file: what is no database is told now
+    run("PRAGMA schema_version");  // reads the file, so that one that is no database is refused on opening
     keepsSnapshots_ = path != inMemory && isWriteAhead(mainSchema);
 }
 
@@ -71,7 +71,7 @@ bool Link::isWriteAhead(std::string_view schema) {
     return mode->step() && mode->value(0, tsql::Kind::text).toText() == "wal";
 }
 
-/// What the file has grown to behind a reader is cut off when it is written from its start again.
+/// A file that has grown while a reader held an older state is truncated to this size when it is reused.
 void Link::limitWriteAhead(std::string_view schema) {
     run("PRAGMA " + std::string(schema) + ".journal_size_limit = " + std::to_string(writeAheadSize));
 }
@@ -162,7 +162,7 @@ void Link::leaveSnapshot() {
 }
 
 void Link::moveWriteAheadIntoDatabase() {
-    // Whoever does it already, does it for all: no error matters.
+    // Errors are ignored: another connection that is copying the file already does the same.
     sqlite3_wal_checkpoint_v2(handle(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 

@@ -25,11 +25,11 @@ inline constexpr std::string_view inMemory = ":memory:";
 inline constexpr std::string_view mainSchema = "main";
 inline constexpr std::string_view documentsSchema = "documents";
 
-/// Bytes that the write-ahead file reaches while nobody reads an older state of the database: it is written from its
-/// start again once so much of it is in the database itself.
+/// Size in bytes at which the write-ahead file is copied into the database and reused from its start. It grows beyond
+/// that only while a reader holds an older state of the database.
 inline constexpr std::uint64_t writeAheadSize = std::uint64_t{1024} * 1024;
 
-/// Used by one thread at a time: whoever holds it has it for himself.
+/// Not thread-safe: used by one thread at a time.
 class Link {
   public:
     /// Opens the database, with write-ahead logging where the place allows it. Errors: DbError.
@@ -40,37 +40,37 @@ class Link {
 
     /// Chosen C-208: an empty database of its own for rows that are kept, in the engine's temporary storage: memory
     /// first, and beyond some 2 MiB a file that has no name from the moment it is made (SQLITE_TMPDIR, TMPDIR,
-    /// /var/tmp, /tmp). It goes with the link. Errors: DbError.
+    /// /var/tmp, /tmp). It is deleted with the link. Errors: DbError.
     static std::shared_ptr<Link> temporary(const Options& options);
 
-    /// Makes the documents' file known to this link; nothing when it is already. Errors: DbError.
+    /// Attaches the documents' file; does nothing when it is attached already. Errors: DbError.
     void attachDocuments(const std::string& file);
 
     void run(const std::string& sql);
     bool isAlive();
-    /// True in a snapshot too. The engine may end either by itself, when a statement cannot read or the disk is full.
+    /// True in a snapshot too. The engine may end either by itself, after a read error or when the disk is full.
     bool isInTransaction() const;
     std::unique_ptr<Statement> prepare(std::string_view sql);
 
-    /// Another number after every change of the tables, whoever made it. Errors: DbError.
+    /// A number that changes with every change of the tables, by any process. Errors: DbError.
     std::int64_t schemaVersion();
 
     /// True when take() need not prepare it.
     bool hasPrepared(const CachedStatement& cached) const { return idleById_.contains(cached.id); }
-    /// The statement prepared, perhaps by an earlier user of it, who gave it back.
+    /// The prepared statement: one that was given back, or a new one. Errors: DbError.
     std::unique_ptr<Statement> take(const CachedStatement& cached);
     void giveBack(const CachedStatement& cached, std::unique_ptr<Statement> statement);
 
-    /// True when a reader neither hinders writers nor is hindered by them, and sees one state until he ends.
+    /// True with write-ahead logging: readers and writers do not block each other, and a reader sees one state.
     bool keepsSnapshots() const { return keepsSnapshots_; }
-    /// While a statement is being read: all that this link reads stays in that statement's state until
-    /// leaveSnapshot(), and the write-ahead files of what it has read so far grow behind it.
+    /// To be called while a statement is being read: until leaveSnapshot() this link reads the state of the database
+    /// that the statement reads, and the write-ahead files of what it has read so far are not truncated.
     void enterSnapshot();
-    /// Nothing without a snapshot. No statement may be in the middle of its rows. Errors: DbError.
+    /// Does nothing without a snapshot. No statement may be between two rows. Errors: DbError.
     void leaveSnapshot();
     bool isInSnapshot() const { return inSnapshot_; }
-    /// So that the files can be written from their start again; as much as other readers let it, nobody waits. Outside
-    /// a snapshot.
+    /// Copies the write-ahead files into the databases as far as other readers allow, without waiting, so that the
+    /// files can be reused from their start. Only outside a snapshot. Raises no error.
     void moveWriteAheadIntoDatabase();
     /// The schemas that a snapshot holds.
     std::vector<std::string> heldSchemas() const;
@@ -105,7 +105,7 @@ class Link {
 };
 
 /// Chosen C-209: getdate() answers one and the same moment in all rows of a set, also in those read again: the moment
-/// of its opening. Statements that run on this link while the object lives are told it.
+/// of its opening. During its lifetime getdate() answers this moment on the link.
 class FixedMoment {
   public:
     FixedMoment(Link& link, const std::optional<runtime::Date>& moment) : link_(link) { link_.moment_ = moment; }

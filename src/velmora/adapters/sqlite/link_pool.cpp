@@ -6,7 +6,7 @@ namespace velmora::sqlite {
 
 namespace {
 
-/// Links kept open for the next set; what is beyond is closed.
+/// Idle links kept open for later sets; others are closed when they are given back.
 constexpr std::size_t mostIdleLinks = 3;
 
 }  // namespace
@@ -30,7 +30,7 @@ void LinkPool::giveBack(std::unique_ptr<Link> link) {
     try {
         link->leaveSnapshot();
     } catch (const sql::DbError&) {
-        return;  // a link that cannot end its reading is closed
+        return;  // a link that cannot end its snapshot is closed
     }
     const std::lock_guard lock(mutex_);
     if (idle_.size() < mostIdleLinks) {

@@ -14,8 +14,8 @@ class LinkPool : public std::enable_shared_from_this<LinkPool> {
   public:
     LinkPool(std::string path, Options options) : path_(std::move(path)), options_(std::move(options)) {}
 
-    /// A link that nobody holds; opened when there is none. Who lets go of it gives it back, from any thread: it leaves
-    /// its snapshot then and serves somebody else. Errors: DbError.
+    /// An idle link, or a new one. Releasing the last pointer, on any thread, ends the link's snapshot and returns it
+    /// to the pool. Errors: DbError.
     std::shared_ptr<Link> take();
 
   private:

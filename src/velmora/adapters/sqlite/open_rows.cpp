@@ -12,16 +12,16 @@ namespace velmora::sqlite {
 
 namespace {
 
-/// Bytes of a write-ahead file at which a set that holds it is taken off the database. It comes to writeAheadSize and
-/// a transaction more without that.
+/// Size in bytes of a write-ahead file at which a set that holds it is detached. Without such a set the file does not
+/// exceed writeAheadSize by more than one transaction.
 constexpr std::uintmax_t toleratedSize = writeAheadSize * 3 / 2;
 
-/// Rows are copied rather than the database's pages up to this many, and beyond it while they are few beside the pages:
-/// a row takes about as long as a page.
+/// Up to this many rows are copied rather than the database's pages; beyond it, up to one row for pagesForARow pages: a
+/// row takes about as long to copy as a page.
 constexpr std::size_t fewRows = 4096;
 constexpr std::size_t pagesForARow = 4;
 
-/// A reader who wants more of them lets the copy go on in between.
+/// Rows read under the mutex at a time; between two such turns the thread that copies may run.
 constexpr std::size_t rowsOfATurn = 64;
 
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
@@ -70,7 +70,7 @@ std::size_t OpenRows::count() {
     return reader_->count();
 }
 
-/// False when the engine has ended by itself what kept the state: what the link reads now would be another one.
+/// False when the engine has ended the transaction by itself: the link would now read a newer state.
 bool OpenRows::stillHolds() {
     if (reader_ && inTransaction_ && !reader_->link()->isInTransaction()) {
         lose({sql::provider::failure, "Las filas se han perdido por un error de lectura o escritura anterior."});
@@ -123,7 +123,7 @@ bool OpenRows::hinders() {
     return std::ranges::any_of(writeAhead_, [](WriteAhead& file) {
         const std::uintmax_t size = sizeOf(file.path);
         const bool grown = size > std::max(file.tolerated, file.triedInVain);
-        // A file that was large already may have been cut off since.
+        // A file that was large already may have been truncated since.
         file.tolerated = std::min(file.tolerated, std::max(toleratedSize, size));
         return grown;
     });
@@ -191,7 +191,7 @@ void OpenRows::beginCopy() {
     }
 }
 
-/// The set is read from the copy, and what it held of the database is free again.
+/// From now on the set is read from the copy; the database is released.
 void OpenRows::finishCopy() {
     reader_ = copy_->reader();
     inTransaction_ = false;

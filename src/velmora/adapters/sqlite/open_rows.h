@@ -15,9 +15,9 @@
 
 namespace velmora::sqlite {
 
-/// Answers the rows of the moment at which the set was opened, for as long as it is open. They are read from the
-/// database while it can be held in that state, and from a copy afterwards. One thread reads; another one may take the
-/// set off the database meanwhile, and neither waits for the other longer than some milliseconds.
+/// Reads the rows as they were when the set was opened, for as long as it is open: from the database while its
+/// connection holds that state, from a copy afterwards. One thread reads; another one may make the copy meanwhile
+/// ("detach"), and neither waits for the other longer than some milliseconds.
 class OpenRows {
   public:
     OpenRows(std::unique_ptr<RowReader> reader, Options options);
@@ -25,33 +25,33 @@ class OpenRows {
     OpenRows(const OpenRows&) = delete;
     OpenRows& operator=(const OpenRows&) = delete;
 
-    // For the set.
+    // Called by the set.
 
     struct Part {
         std::vector<sql::Row> rows;
         std::optional<std::size_t> end;  ///< RowReader::end
     };
-    /// RowReader::read. Once the state is lost, an error of reading having ended it, every call is answered with an
-    /// error.
+    /// As RowReader::read. Once an error has ended the transaction that held the state, every call raises an error
+    /// instead of reading a newer state.
     Part read(std::size_t from, std::size_t most);
-    /// RowReader::count.
+    /// As RowReader::count.
     std::size_t count();
-    /// Lets go of everything; nothing may be asked afterwards.
+    /// Releases everything. No other operation may be called afterwards.
     void close();
 
-    // For who must change what the rows are read from.
+    // Called before a statement changes the tables that the rows are read from.
 
-    /// Keeps the rows that are left in a copy and lets go of the database. When the copy cannot be made, the rows are
-    /// lost and their readers are told the error: rather that than other rows.
+    /// Copies the rows not read yet and releases the database. When the copy cannot be made, later reads raise its
+    /// error: they must not return rows of a newer state.
     void detach();
 
-    // For who watches the write-ahead files.
+    // Called by SnapshotWatch.
 
     /// False when the set is closed or read from a copy.
     bool isHeld();
     /// True when a write-ahead file grows because this set holds an older state of the database.
     bool hinders();
-    /// A step towards a copy, of some milliseconds; false when there is none to be done now. A copy that cannot be made
+    /// One step of the copy, of some milliseconds; false when there is none to do now. A copy that cannot be made
     /// leaves the set as it was; the next attempt is made when the write-ahead file has doubled.
     bool detachStep();
 

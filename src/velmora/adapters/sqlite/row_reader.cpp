@@ -8,7 +8,7 @@ namespace velmora::sqlite {
 
 namespace {
 
-/// From so many rows on, running another statement that leaves them out takes less than stepping over them.
+/// To skip at least so many rows, running the statement with an OFFSET is quicker than stepping over them.
 constexpr std::size_t rowsWorthPassingOver = 1024;
 
 }  // namespace
@@ -84,7 +84,7 @@ void RowReader::start() {
     begun_ = next_ = 0;
 }
 
-/// Starts behind so many rows, which the engine passes over without working out their columns.
+/// Starts after so many rows, which the engine skips without evaluating their columns.
 void RowReader::startBehind(std::size_t rows) {
     stop();
     statement_ = link_->prepare(cached_->translation.laterRowsStatement);
@@ -103,7 +103,7 @@ bool RowReader::step() {
         ++next_;
         return true;
     }
-    // Behind rows that were passed over, nothing at all does not tell where the set ends.
+    // Without a row after the skipped ones, the set may have ended anywhere among these.
     if (begun_ == 0 || next_ > begun_) {
         end_ = next_;
     }

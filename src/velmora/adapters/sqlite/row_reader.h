@@ -13,12 +13,12 @@
 
 namespace velmora::sqlite {
 
-/// A position before the one read last makes it run the statement again: its rows and their order are those of before
-/// only while the link sees the same state of the database. Errors of all operations: DbError with the statement's
+/// Reading a position before the last one read runs the statement again; rows and order are the same only while the
+/// link sees the same state of the database. Errors of all operations: DbError with the statement's
 /// text.
 class RowReader {
   public:
-    /// getdate() answers the moment in every row.
+    /// `moment`: what getdate() answers in every row; none for the clock.
     RowReader(std::shared_ptr<Link> link, std::shared_ptr<const CachedStatement> statement,
               std::optional<runtime::Date> moment);
     ~RowReader();
@@ -33,7 +33,7 @@ class RowReader {
     std::size_t count();
     /// True when the engine found the tables changed since the statement had been translated.
     bool wasPreparedAnew() const { return preparedAnew_; }
-    /// Lets go of what the reading holds of the database; a later read() starts again.
+    /// Resets the statement, which releases the database; a later read() runs it again.
     void stop();
 
     const std::shared_ptr<Link>& link() const { return link_; }

@@ -74,15 +74,15 @@ void Rows::updateBinary(std::size_t position, std::size_t column, sql::Bytes con
     window_[position - first_][column] = std::move(content);
 }
 
-/// Moves the window so that it holds the position, with rows before it for who walks back; false when the set ends
-/// before.
+/// Moves the window so that it holds the position and some rows before it, for moves backwards; false when the set
+/// ends before the position.
 bool Rows::fetch(std::size_t position) {
     if (!others_) {
         return false;
     }
     const bool back = position < first_;
     const std::size_t before = back ? windowRows / 2 : windowRows / 4;
-    // The first window begins with the first row: a set that fits in is held whole and lets go of the database.
+    // The first window begins with the first row: a set that fits in is held whole and releases the database.
     const std::size_t wanted = position < windowRows ? 0 : position - before;
     const std::size_t behind = first_ + window_.size();
     // Rows that the window has already stay in it; the reading goes on behind them.

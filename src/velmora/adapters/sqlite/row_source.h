@@ -20,7 +20,7 @@ inline constexpr std::size_t windowRows = 512;
 /// Rows read on opening: more than a screen shows. A set that is not larger holds nothing of the database.
 inline constexpr std::size_t openingRows = 32;
 
-/// A set: a window of its rows in memory, the others where OpenRows finds them.
+/// A result set: a window of its rows in memory, the others read through OpenRows.
 class Rows final : public sql::RowSource {
   public:
     /// `first` are the set's first rows; without `others` they are all.
@@ -49,7 +49,7 @@ class Rows final : public sql::RowSource {
     std::vector<sql::Row> window_;
     std::size_t first_ = 0;             ///< the position of the window's first row
     std::optional<std::size_t> count_;  ///< once known
-    /// What was written through the set, by position and column: a row read again is as it was before.
+    /// Values written through the set, by position and column: a row read again still has the value before.
     std::map<std::size_t, std::map<std::size_t, sql::Bytes>> written_;
 };
 

@@ -12,7 +12,7 @@ namespace velmora::sqlite {
 namespace {
 
 constexpr std::size_t rowsOfAStep = 256;
-/// Some milliseconds. Smaller steps fall behind a busy writer: between two of them a reader of the list takes its turn.
+/// Takes some milliseconds. Smaller steps fall behind a busy writer, since between two steps a reader has its turn.
 constexpr int pagesOfAStep = 4096;
 
 /// The columns of the table of rows: "c0, c1, …".
@@ -32,7 +32,7 @@ std::string parameters(std::size_t count) {
     return marks;
 }
 
-/// Reads the table of rows as `original` reads what it was made of.
+/// The statement that reads the copied rows in place of `original`.
 std::shared_ptr<const CachedStatement> readingCopyOf(const CachedStatement& original) {
     const std::string select = "SELECT " + columnNames(original.translation.types.size()) + " FROM kept";
     auto made = std::make_shared<CachedStatement>();

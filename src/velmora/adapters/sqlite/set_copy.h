@@ -15,13 +15,13 @@ namespace velmora::sqlite {
 
 enum class CopyProgress { goingOn, complete, tooManyRows };
 
-/// A copy being made. Its owner sees to it that nobody else uses the source's link during a step, and that the source
-/// keeps its state between two of them.
+/// A copy being made. The caller must ensure that nobody else uses the source's link during a step, and that the source
+/// keeps its state between two steps.
 class SetCopy {
   public:
     virtual ~SetCopy() = default;
 
-    /// A piece of work of some milliseconds. Errors: DbError, the disk being full for one; the copy is of no use then.
+    /// A part of the work, of some milliseconds. Errors: DbError, as for a full disk; the copy is unusable then.
     virtual CopyProgress step() = 0;
     /// The set, read from the finished copy.
     virtual std::unique_ptr<RowReader> reader() const = 0;
@@ -48,7 +48,7 @@ class RowCopy final : public SetCopy {
 };
 
 /// The pages of all that the source's snapshot holds: the same statement reads the same rows from them, in the same
-/// order. Takes as long as the database is large, however many rows the set has.
+/// order. The time it takes depends on the size of the database, not on the number of rows.
 class PageCopy final : public SetCopy {
   public:
     PageCopy(const RowReader& source, const Options& options);

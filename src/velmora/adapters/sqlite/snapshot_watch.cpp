@@ -7,7 +7,7 @@ namespace velmora::sqlite {
 
 namespace {
 
-/// Between two looks at the files. A busy writer adds some hundred KiB meanwhile.
+/// Time between two polls of the files. A busy writer adds some hundred KiB in it.
 constexpr std::chrono::milliseconds interval{50};
 
 }  // namespace
@@ -26,7 +26,7 @@ void SnapshotWatch::add(const std::shared_ptr<OpenRows>& set) {
         try {
             thread_ = std::jthread([this](const std::stop_token& stop) { run(stop); });
         } catch (const std::system_error&) {
-            // The system gives no more threads. The set is right all the same, only the file grows until it is closed.
+            // No thread is available. Sets remain correct; the file grows until they are closed.
             sets_.clear();
         }
     }

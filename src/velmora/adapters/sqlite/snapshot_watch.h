@@ -1,5 +1,5 @@
 #pragma once
-// Sees to it that open sets do not make the write-ahead files grow.
+// Keeps open sets from making the write-ahead files grow.
 
 #include <chrono>
 #include <condition_variable>
@@ -13,9 +13,9 @@
 namespace velmora::sqlite {
 
 /// A set that holds an older state of a database keeps its write-ahead file from being written from the start again.
-/// While there are such sets, a thread looks at the size of the files; when one has grown behind a set, it takes the
-/// set off the database. The program need not do anything for it: it may wait for its user. Without such sets the
-/// thread sleeps.
+/// While there are such sets, a thread polls the size of the files; when one has grown because of a set, it copies the
+/// set (OpenRows::detachStep). It needs no call of the program, which may be waiting for its user. Without such sets
+/// the thread sleeps.
 class SnapshotWatch {
   public:
     SnapshotWatch() = default;
@@ -23,7 +23,7 @@ class SnapshotWatch {
     SnapshotWatch(const SnapshotWatch&) = delete;
     SnapshotWatch& operator=(const SnapshotWatch&) = delete;
 
-    /// From any thread; forgets the set by itself when that is closed.
+    /// May be called on any thread. A set that is closed is removed by the watch itself.
     void add(const std::shared_ptr<OpenRows>& set);
 
   private:

@@ -15,7 +15,7 @@ namespace velmora::sqlite {
 
 class Statement {
   public:
-    /// `kept` tells the engine that the statement will be run again and again. Errors: DbError.
+    /// `kept`: the statement will be run many times (a hint to the engine). Errors: DbError.
     Statement(sqlite3* database, std::string_view sql, bool kept);
 
     /// Gives its 1-based parameter a value.
@@ -27,7 +27,7 @@ class Statement {
     void bindRow(int firstParameter, const Statement& row);
     /// To the next row; false behind the last one. Errors: DbError, and the statement is at its start again.
     bool step();
-    /// Back to the start; lets go of what it holds of the database.
+    /// Back to the start; releases the locks and the state of the database that it holds.
     void reset();
 
     /// A column of the row on which the statement stands.
@@ -35,7 +35,7 @@ class Statement {
     std::int64_t whole(int column) const;
     int columnCount() const;
 
-    /// How often the engine had to prepare it anew since a table was changed by somebody else.
+    /// How often the engine has prepared it anew by itself, after a change of the tables.
     int timesPreparedAnew() const;
 
   private:

@@ -29,7 +29,7 @@ struct CachedStatement {
     static std::uint64_t nextId();
 };
 
-/// Keeps the statements used last. Whoever runs one shares it: it may leave the cache meanwhile.
+/// Keeps the `bound` statements used last. A running statement is shared: it may be evicted meanwhile.
 class StatementCache {
   public:
     explicit StatementCache(std::size_t bound) : bound_(bound) {}

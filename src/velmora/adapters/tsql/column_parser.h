@@ -13,10 +13,10 @@ ColumnDefinition parseColumn(TokenCursor& cursor);
 bool atKey(const TokenCursor& cursor);
 KeyDefinition parseKey(TokenCursor& cursor);
 
-/// CLUSTERED or NONCLUSTERED, which say nothing here.
+/// Skips CLUSTERED or NONCLUSTERED, which have no effect.
 void skipClustering(TokenCursor& cursor);
 
-/// ON [PRIMARY], TEXTIMAGE_ON [PRIMARY]: where the server puts the pages; one file is all there is here.
+/// Skips ON [PRIMARY] and TEXTIMAGE_ON [PRIMARY], which name file groups of the server.
 void skipFileGroups(TokenCursor& cursor);
 
 }  // namespace velmora::tsql

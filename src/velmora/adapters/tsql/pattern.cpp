@@ -82,7 +82,7 @@ bool matchesPattern(std::string_view text, std::string_view pattern, std::string
     const std::u32string characters = runtime::toCodePoints(runtime::UCase(text));
     const std::vector<Piece> pieces =
         piecesOf(runtime::toCodePoints(runtime::UCase(pattern)), runtime::toCodePoints(runtime::UCase(escape)));
-    // Walks on greedily and goes back to the last run only, which is enough and never takes exponential time.
+    // Greedy; backtracks to the last `%` only, which is sufficient and never takes exponential time.
     constexpr std::size_t none = static_cast<std::size_t>(-1);
     std::size_t at = 0, piece = 0, runPiece = none, runAt = 0;
     while (at < characters.size()) {

@@ -5,8 +5,8 @@
 
 namespace velmora::tsql {
 
-/// True when the text is of the pattern: `%` any run, `_` one character, `[a-f]` one of them, `[^a-f]` one of no
-/// such; the character behind `escape` stands for itself. Case makes no difference, accents do.
+/// True when the whole text matches: `%` any run, `_` one character, `[a-f]` one of a range, `[^a-f]` one outside it;
+/// the character after `escape` stands for itself. Case is ignored, accents are not.
 bool matchesPattern(std::string_view text, std::string_view pattern, std::string_view escape = {});
 
 }  // namespace velmora::tsql

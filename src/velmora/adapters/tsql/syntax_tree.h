@@ -57,7 +57,7 @@ struct Expression {
     Type type;
     std::size_t height = 1;
 
-    /// A condition answers yes or no and is no value; the language keeps the two apart.
+    /// True for a condition, which T-SQL does not accept where it wants a value.
     bool isCondition() const { return form >= Form::comparison && form <= Form::like; }
 };
 

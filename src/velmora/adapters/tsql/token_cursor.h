@@ -1,5 +1,5 @@
 #pragma once
-// The words of a statement one behind the other, as the parsers take them.
+// The tokens of a statement, read one after the other by the parsers.
 
 #include <cstddef>
 #include <string>
@@ -11,13 +11,13 @@
 
 namespace velmora::tsql {
 
-/// Beyond this the engine's own limits and the stack would decide.
+/// Expressions nested deeper are refused, before the engine's limits or the stack are reached.
 inline constexpr std::size_t deepestNesting = 200;
 
 [[noreturn]] void throwTooDeep();
 [[noreturn]] void throwUnknown(std::string_view construct);
 
-/// What is written without its brackets or quotes.
+/// The name that a token stands for, without brackets or quotes.
 std::string nameIn(const Token& token);
 
 class TokenCursor {

@@ -14,7 +14,7 @@ enum class Kind {
     binary,   ///< a blob
     text,     ///< UTF-8
     bit,      ///< 0 or 1
-    whole,    ///< int and its sisters, and numeric without decimals
+    whole,    ///< int, bigint, smallint, tinyint, and numeric without decimals
     decimal,  ///< numeric with decimals, money
     real,     ///< float
     date,     ///< datetime

@@ -1,5 +1,5 @@
 #pragma once
-// Expressions of one type where another is wanted.
+// Conversions of expressions between the types of the dialect.
 
 #include <string>
 #include <string_view>
@@ -15,7 +15,7 @@ std::string_view nameOf(tsql::Kind kind);
 /// The higher of two kinds, to which both are converted where they meet. Errors: provider::syntax when there is none.
 tsql::Kind common(tsql::Kind a, tsql::Kind b);
 
-/// With the collation's name behind it where a text does not bring it along.
+/// The expression, with COLLATE added to a text that is no stored column.
 std::string collated(const Emitted& value);
 
 /// The digits of a literal as a number of this type. Errors: provider::conversion for a text that is none.

@@ -28,11 +28,11 @@ struct Table {
     const TableColumn* column(std::string_view name) const;
 };
 
-/// The table as its definition tells it, for what follows in the same statement. Errors: provider::syntax when two
+/// The table that a definition describes, for later parts of the same statement. Errors: provider::syntax when two
 /// columns have one name.
 Table definedTable(std::string schema, const tsql::CreateTable& create);
 
-/// Finds tables by name. The dialect asks only this, so it can be tried without a database.
+/// Finds tables by name. Translation depends on this interface only, so it can be tested without a database.
 class Catalog {
   public:
     virtual ~Catalog() = default;

@@ -1,4 +1,4 @@
-// What is true or not: comparisons, ranges, lists, patterns.
+// Conditions: comparisons, ranges, lists, patterns.
 
 #include <array>
 

@@ -134,7 +134,7 @@ Emitted sum(const Arguments& a) {
     type.name.clear();
     std::string sql = "sum(" + a[0].sql + ")";
     if (type.kind == Kind::decimal && type.scale >= 0) {
-        // The server adds decimals exactly; sums of their doubles are put right at their last place.
+        // The server adds decimals exactly; here a sum of doubles is rounded to the type's decimals.
         sql = "vm_round(" + sql + ", " + std::to_string(type.scale) + ")";
     }
     type.kind = std::max(type.kind, Kind::whole);

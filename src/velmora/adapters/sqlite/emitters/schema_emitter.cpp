@@ -60,7 +60,7 @@ bool isKeyOf(const KeyDefinition& key, const ColumnDefinition& column) {
 std::string Emitter::columnDefinition(const ColumnDefinition& definition, bool key) {
     const std::string column = quotedName(definition.name);
     if (definition.identity) {
-        // A key of the engine's own, which it never gives out a second time.
+        // With AUTOINCREMENT the engine never assigns a key a second time.
         return column + " INTEGER PRIMARY KEY AUTOINCREMENT";
     }
     std::string sql = column + " " + definition.type.name;

@@ -98,7 +98,7 @@ std::vector<Output> Emitter::addItems(const Select& select, const Scope& scope, 
     };
     for (const Item& item : select.items) {
         if (item.value->form != Form::star) {
-            // Chosen C-202: a column that is worked out and has no alias has no name, as the server answers it.
+            // Chosen C-202: a calculated column without an alias has no name, as on the server.
             const bool unnamed = item.alias.empty() && item.value->form == Form::column;
             add(value(*item.value, scope), unnamed ? item.value->text : item.alias);
             continue;

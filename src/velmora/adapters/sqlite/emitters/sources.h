@@ -1,5 +1,5 @@
 #pragma once
-// The tables and sub-selects that a statement reads, as their columns are reached.
+// The tables and sub-selects that a statement reads, and how their columns are referred to.
 
 #include <string>
 #include <string_view>
@@ -16,7 +16,7 @@ struct Output {
     tsql::Type type;
 };
 
-/// One table or sub-select of a FROM, as its columns are reached.
+/// One table or sub-select of a FROM.
 struct Source {
     std::string alias;
     std::vector<Output> columns{};

@@ -1,6 +1,6 @@
 #pragma once
 // How the engine stores what T-SQL columns hold: money and numbers with decimals as doubles, dates as text,
-// YYYY-MM-DD HH:MM:SS, all else as its like.
+// YYYY-MM-DD HH:MM:SS, all other types as the engine's type of the same kind.
 // Chosen C-207: dates are kept to the second, thousandths are dropped.
 
 #include <string>

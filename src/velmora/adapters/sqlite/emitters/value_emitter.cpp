@@ -1,4 +1,4 @@
-// What is worked out: literals, columns, arithmetic, CASE, conversions.
+// Values: literals, columns, arithmetic, CASE, conversions.
 
 #include <algorithm>
 #include <optional>
@@ -15,7 +15,7 @@ using namespace tsql;
 
 namespace {
 
-/// A numeric without decimals divides like any numeric; an int drops what is left over.
+/// True for int types and bit, whose division truncates; a numeric without decimals divides like any numeric.
 bool dividesWhole(const Type& type) {
     return (type.kind == Kind::whole || type.kind == Kind::bit) && type.scale != 0;
 }
