@@ -23,7 +23,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr const char* success = "Datos Grabados satisfactoriamente";
-constexpr const char* question =
+constexpr const char* overwriteQuestion =
     "El presupuesto nº 1 ha sido modificado por otro usuario desde que se cargó.\r\n¿Desea grabar encima de sus "
     "cambios?";
 constexpr const char* accepted =
@@ -102,14 +102,14 @@ TEST_F(StoredProposalTest, TheChangeOfAnotherUserIsWrittenOverOnYesAlone) {
     meanwhile("update DPI set DPI_RefCli=N'de otro'");
     const auto typed = shop.texts();
     shop.screen.queue(Answer::no);
-    EXPECT_THAT(save(), ElementsAre(question));
+    EXPECT_THAT(save(), ElementsAre(overwriteQuestion));
     EXPECT_EQ(shop.texts(), typed);
     EXPECT_EQ(shop.query("select DPI_RefCli from DPI"), "de otro");
     EXPECT_EQ(shop.query("select DPI_Unidades from DPI"), "3");
     expectUsable();
 
     shop.screen.queue(Answer::yes);
-    EXPECT_THAT(save(), ElementsAre(question, success));
+    EXPECT_THAT(save(), ElementsAre(overwriteQuestion, success));
     EXPECT_EQ(shop.query("select DPI_RefCli from DPI"), "");
     EXPECT_EQ(shop.query("select DPI_Unidades from DPI"), "5");
 
@@ -123,13 +123,14 @@ TEST_F(StoredProposalTest, TheLookComesFirstInTheTransactionAndTheQuestionHoldsN
     const auto second = support::openWorkshopDatabase(folder.file("taller.db"));
     second->execute("update DPI set DPI_RefCli=N'de otro'");
     other.screen.whileOpen = [&](const screen::MessageBox& box) {
-        if (box.text == question) {
+        if (box.text == overwriteQuestion) {
             EXPECT_NO_THROW(second->execute("update DPI set DPI_ProTex=N'mientras lee'"));
         }
     };
     other.screen.queue(Answer::yes);
     other.key(Key::f5);
-    EXPECT_THAT(other.screen.messageTexts(), ElementsAre(question, success)) << "asked once, whatever comes then";
+    EXPECT_THAT(other.screen.messageTexts(), ElementsAre(overwriteQuestion, success))
+        << "asked once, whatever comes then";
     const auto& log = other.connection.log();
     ASSERT_GT(log.size(), 8u);
     EXPECT_THAT(std::vector(log.begin(), log.begin() + 6),
@@ -145,12 +146,12 @@ TEST_F(StoredProposalTest, OneThatIsAcceptedOrGoneWhileTheUserReadsIsStillRefuse
     for (const Case& each : {Case{toAccepted, accepted}, Case{"delete from DPI", gone}}) {
         meanwhile("update DPI set DPI_RefCli=N'de otro'");
         shop.screen.whileOpen = [&](const screen::MessageBox& box) {
-            if (box.text == question) {
+            if (box.text == overwriteQuestion) {
                 meanwhile(each.deed);
             }
         };
         shop.screen.queue(Answer::yes);
-        EXPECT_THAT(save(), ElementsAre(question, each.words));
+        EXPECT_THAT(save(), ElementsAre(overwriteQuestion, each.words));
         shop.screen.whileOpen = {};
         meanwhile("update DPI set DPI_FAcepta=null, DPI_Orden=null");
     }
@@ -178,7 +179,7 @@ TEST_F(StoredProposalTest, EachColumnThatTheSaveWritesCounts) {
         const bool isText = texts.contains(column);
         meanwhile("update DPI set " + column + "=" + (isText ? "N'otro'" : "isnull(" + column + ",0)+1"));
         shop.screen.queue(Answer::yes);
-        EXPECT_THAT(save(), ElementsAre(question, success)) << column;
+        EXPECT_THAT(save(), ElementsAre(overwriteQuestion, success)) << column;
     }
 }
 
@@ -217,7 +218,7 @@ TEST_F(StoredProposalTest, AnotherUsersSaveOfTheSameProposalIsAChangeOnlyForTheO
     first.screen.messages.clear();
     first.screen.queue(Answer::no);
     first.key(Key::f5);
-    EXPECT_THAT(first.screen.messageTexts(), ElementsAre(question));
+    EXPECT_THAT(first.screen.messageTexts(), ElementsAre(overwriteQuestion));
     second.screen.messages.clear();
     second.key(Key::f5);
     EXPECT_THAT(second.screen.messageTexts(), ElementsAre(success));
@@ -235,11 +236,11 @@ TEST_F(StoredProposalTest, AnOwnSaveThatCouldNotBeReadBackIsNoChangeAndAnothersA
     shop.screen.queue(Answer::yes);
     meanwhile("delete from PARDPI where PARDPI_ID=2");
     const char* missing = "Error, no se encuentra el ndice del material para el cubo";
-    EXPECT_THAT(save(), ElementsAre(question, success, missing));
+    EXPECT_THAT(save(), ElementsAre(overwriteQuestion, success, missing));
     EXPECT_THAT(save(), ElementsAre(success, missing)) << "nobody else has written since";
     meanwhile("update DPI set DPI_RefCli=N'de otro'");
     shop.screen.queue(Answer::no);
-    EXPECT_THAT(save(), ElementsAre(question));
+    EXPECT_THAT(save(), ElementsAre(overwriteQuestion));
 }
 
 TEST_F(StoredProposalTest, ALookThatFailsEndsAsARefusedUpdate) {
