@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "velmora/tracking/order_row.h"
 
 #include "acceptance_run.h"
 
