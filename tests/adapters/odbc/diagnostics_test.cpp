@@ -47,6 +47,12 @@ TEST(Diagnostics, ADeadlocksVictimIsToldToTryAgain) {
                 ::testing::HasSubstr("Vuelva a intentarlo"));
 }
 
+TEST(Diagnostics, AMissingRightIsToldBeforeTheServersWords) {
+    EXPECT_EQ(
+        errorOf({{.state = "42000", .native = 229, .text = "The SELECT permission was denied"}}, "x").description(),
+        "El usuario de la base de datos no tiene permiso.\nThe SELECT permission was denied");
+}
+
 TEST(Utf16, TextComesBackAndWhatIsNoneIsReplaced) {
     for (const std::string text : {"", "Piñón €", "\U0001F529 tornillo", "\xEF\xBF\xBD"}) {
         EXPECT_EQ(toUtf8(toUtf16(text)), text);

@@ -34,8 +34,10 @@ class Drive : public ::testing::Test {
 
     /// Runs the program with these command line options, with the script on its standard input.
     Outcome run(const std::string& options, const std::string& script) const {
-        const std::string command =
-            std::string(VELMORA_DRIVE) + " " + options + " < " + write("in.drive", script) + " 2>&1";
+        return outcomeOf(std::string(VELMORA_DRIVE) + " " + options + " < " + write("in.drive", script) + " 2>&1");
+    }
+
+    static Outcome outcomeOf(const std::string& command) {
         Outcome result;
         FILE* pipe = popen(command.c_str(), "r");
         if (pipe == nullptr) {
@@ -133,6 +135,24 @@ TEST_F(Drive, AServerThatCannotBeOpenedIsRefusedWithTheReasonAndWithoutThePasswo
     EXPECT_EQ(refused.status, 2);
     EXPECT_THAT(refused.output, testing::StartsWith("velmora-drive: --dsn: No se puede cargar el controlador ODBC."));
     EXPECT_THAT(refused.output, testing::Not(testing::HasSubstr("secreto")));
+}
+
+TEST_F(Drive, ThePasswordIsNotInTheListOfProcesses) {
+    // The program reads its script from a pipe that stays empty for a while, and is looked at meanwhile.
+    for (const std::string option : {"--dsn ", "--dsn="}) {
+        const std::string text = option + "\"DRIVER=SQLite3;Database=" + path("servidor.db") + ";PWD=secreto\"";
+        const std::string command = "sleep 3 | " + std::string(VELMORA_DRIVE) + " " + text +
+                                    " & sleep 1; tr '\\0' ' ' < /proc/$!/cmdline; wait";
+        EXPECT_THAT(outcomeOf(command).output,
+                    testing::AllOf(testing::HasSubstr("velmora-drive --dsn"), testing::HasSubstr("*****"),
+                                   testing::Not(testing::HasSubstr("secreto"))));
+    }
+}
+
+TEST_F(Drive, AServersConnectionStringMayStandInAFile) {
+    const std::string file = write("servidor.dsn", "DRIVER=SQLite3;Database=" + path("servidor.db") + "\n");
+    EXPECT_EQ(run("--dsn " + file, "query \"select 1 as uno\"").output, "uno\n1\n");
+    EXPECT_THAT(run("--dsn " + path("otro.dsn"), "").output, testing::HasSubstr("otro.dsn"));
 }
 
 }  // namespace

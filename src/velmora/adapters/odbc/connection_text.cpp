@@ -61,10 +61,6 @@ std::string unbraced(std::string_view value) {
     return runtime::Replace(value.substr(1, value.size() - 2), "}}", "}");
 }
 
-bool isPassword(const Part& part) {
-    return std::ranges::find(passwordKeywords, part.keyword) != passwordKeywords.end();
-}
-
 }  // namespace
 
 std::string readConnectionText(const std::string& textOrFile) {
@@ -103,18 +99,6 @@ std::string withValue(std::string_view connectionText, std::string_view keyword,
         }
     }
     return changed;
-}
-
-std::string withoutPassword(std::string_view connectionText) {
-    std::string shown;
-    std::size_t from = 0;
-    for (const Part& part : partsOf(connectionText)) {
-        if (isPassword(part)) {
-            shown.append(connectionText.substr(from, part.begin - from)).append(struckOut);
-            from = part.end;
-        }
-    }
-    return shown.append(connectionText.substr(from));
 }
 
 std::string withoutPasswordOf(std::string_view connectionText, std::string words) {

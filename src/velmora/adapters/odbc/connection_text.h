@@ -17,9 +17,6 @@ std::string valueOf(std::string_view connectionText, std::string_view keyword);
 /// The connection string with another value of a keyword that it has; unchanged when it has none.
 std::string withValue(std::string_view connectionText, std::string_view keyword, std::string_view value);
 
-/// The connection string with "***" in the place of the password: what may be shown.
-std::string withoutPassword(std::string_view connectionText);
-
 /// `words` with every occurrence of the connection string's password struck out.
 std::string withoutPasswordOf(std::string_view connectionText, std::string words);
 

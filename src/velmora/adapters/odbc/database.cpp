@@ -9,7 +9,7 @@ namespace velmora::odbc {
 
 namespace {
 
-class Database final : public sql::Connection {
+class Database final : public ServerConnection {
   public:
     Database(std::string connectionText, Options options)
         : engine_(std::make_shared<Engine>(std::move(connectionText), std::move(options))) {}
@@ -20,6 +20,8 @@ class Database final : public sql::Connection {
     void rollbackTrans() override { engine_->rollback(); }
     std::string currentCatalog() const override { return engine_->catalog(); }
     bool isAlive() override { return engine_->isAlive(); }
+    bool takeLoss() override { return engine_->takeLoss(); }
+    void reconnect() override { engine_->reconnect(); }
 
   private:
     std::shared_ptr<Engine> engine_;
@@ -27,7 +29,7 @@ class Database final : public sql::Connection {
 
 }  // namespace
 
-std::unique_ptr<sql::Connection> openDatabase(const std::string& connectionText, Options options) {
+std::unique_ptr<ServerConnection> openDatabase(const std::string& connectionText, Options options) {
     return std::make_unique<Database>(readConnectionText(connectionText), std::move(options));
 }
 

@@ -19,6 +19,16 @@ struct Options {
     std::string loginStatement = {};
 };
 
+/// A connection that can be made anew once it is lost.
+class ServerConnection : public sql::Connection {
+  public:
+    /// True once after an operation has met the loss of the connection, with no transaction to be ended by its owner.
+    virtual bool takeLoss() = 0;
+    /// Connects anew with the same connection string and settings. What was open in a transaction is undone; sets keep
+    /// their rows. Errors: see openDatabase; the connection is lost as before.
+    virtual void reconnect() = 0;
+};
+
 /// Opens a data source by its connection string ("DRIVER=…;SERVER=…;DATABASE=…;UID=…;PWD=…"), or by the name of a file
 /// that holds one.
 ///
@@ -32,7 +42,7 @@ struct Options {
 ///
 /// Errors: DbError, its words without the password: provider::failure when the driver is missing, the server does not
 /// answer, or the login, the database or a right is refused.
-std::unique_ptr<sql::Connection> openDatabase(const std::string& connectionText, Options options = {});
+std::unique_ptr<ServerConnection> openDatabase(const std::string& connectionText, Options options = {});
 
 /// Registers the engine as "odbc": "odbc:CONNECTION STRING" or "odbc:FILE", with these options.
 void registerIn(sql::Engines& engines, Options options = {});

@@ -35,6 +35,9 @@ constexpr std::array nativeNumbers{
     NativeNumber{8134, sql::provider::conversion},    NativeNumber{8152, sql::provider::truncation},
 };
 
+/// Numbers of the server for a right that the login lacks: on an object, on a column, on a kind of statement.
+constexpr std::array missingRights{229, 230, 262, 297, 300};
+
 struct StateNumber {
     std::string_view prefix;  ///< of SQLSTATE
     long number;
@@ -68,6 +71,9 @@ bool isWarning(const Diagnostic& diagnostic) {
 std::string wordsOf(const Diagnostic& diagnostic) {
     if (diagnostic.native == native::deadlockVictim) {
         return "Otro usuario trabajaba con los mismos datos y el servidor ha deshecho lo de este. Vuelva a intentarlo.";
+    }
+    if (std::ranges::find(missingRights, diagnostic.native) != missingRights.end()) {
+        return "El usuario de la base de datos no tiene permiso.\n" + diagnostic.text;
     }
     return diagnostic.text.empty() ? "Error del servidor sin descripción." : diagnostic.text;
 }
@@ -111,12 +117,12 @@ long providerNumber(const Diagnostic& diagnostic) {
     return byState == stateNumbers.end() ? sql::provider::failure : byState->number;
 }
 
-bool isLoss(const Diagnostic& diagnostic) {
-    return diagnostic.state.starts_with("08");
+bool isLoss(std::string_view state) {
+    return state.starts_with("08");
 }
 
 sql::DbError errorOf(const std::vector<Diagnostic>& diagnostics, std::string_view statement) {
-    const auto loss = std::ranges::find_if(diagnostics, isLoss);
+    const auto loss = std::ranges::find_if(diagnostics, isLoss, &Diagnostic::state);
     auto told = loss != diagnostics.end() ? loss : std::ranges::find_if_not(diagnostics, isWarning);
     if (told == diagnostics.end()) {
         told = diagnostics.begin();

@@ -23,8 +23,8 @@ std::vector<Diagnostic> diagnosticsOf(SQLSMALLINT kind, SQLHANDLE handle);
 /// that is lost and whatever is not known is provider::failure.
 long providerNumber(const Diagnostic& diagnostic);
 
-/// True when the connection is no longer there.
-bool isLoss(const Diagnostic& diagnostic);
+/// True for the SQLSTATE of a connection that is no longer there.
+bool isLoss(std::string_view state);
 
 /// Numbers of the server that the adapter itself reacts to.
 namespace native {

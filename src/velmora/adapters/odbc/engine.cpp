@@ -33,6 +33,19 @@ std::string beginWithLock(std::chrono::milliseconds patience) {
 constexpr std::string_view beginPlain = "BEGIN TRANSACTION";
 constexpr std::string_view commitStatement = "COMMIT TRANSACTION";
 constexpr std::string_view rollbackStatement = "ROLLBACK TRANSACTION";
+constexpr std::string_view rollbackIfOpen = "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION";
+
+/// The answer of sp_getapplock. When it fails, the transaction that has been begun before it is undone.
+sql::Value askForLock(Link& link, std::chrono::milliseconds patience) {
+    try {
+        return link.ask(beginWithLock(patience));
+    } catch (const sql::DbError&) {
+        if (!link.isLost()) {
+            link.send(rollbackIfOpen);
+        }
+        throw;
+    }
+}
 
 /// A server would run a second statement too. What the tokenizer does not know is left to the server.
 void refuseSecondStatement(const std::string& statement) {
@@ -96,7 +109,25 @@ void Engine::reconnect() {
     pool_ = std::move(pool);
     link_ = std::move(link);
     catalog_ = spelledAsAsked(link_->catalog(), connectionText_);
-    lost_ = inTransaction_ = undoneByServer_ = false;
+    lost_ = lossToTell_ = inTransaction_ = undoneByServer_ = false;
+}
+
+void Engine::noteLoss() {
+    lost_ = lossToTell_ = true;
+}
+
+bool Engine::takeLoss() {
+    return !inTransaction_ && std::exchange(lossToTell_, false);
+}
+
+void Engine::mustBeUsable(std::string_view statement) {
+    if (lost_) {
+        noteLoss();
+        throwLost(statement);
+    }
+    if (undoneByServer_) {
+        throwUndone();
+    }
 }
 
 Link& Engine::link() {
@@ -111,8 +142,9 @@ auto Engine::onLink(const Work& work) {
     try {
         return work(link());
     } catch (const sql::DbError& error) {
-        lost_ = lost_ || error.details().sqlState.starts_with("08");
-        if (inTransaction_ && !lost_) {
+        if (isLoss(error.details().sqlState)) {
+            noteLoss();
+        } else if (inTransaction_) {
             lookAtTransaction();
         }
         throw;
@@ -128,7 +160,9 @@ void Engine::lookAtTransaction() {
     try {
         undoneByServer_ = link_->ask("SELECT @@TRANCOUNT").toLong() == 0;
     } catch (const runtime::RuntimeError&) {
-        lost_ = link_->isLost();
+        if (link_->isLost()) {
+            noteLoss();
+        }
         undoneByServer_ = true;
     }
 }
@@ -142,12 +176,7 @@ sql::Recordset Engine::execute(std::string_view statement) {
 }
 
 std::unique_ptr<sql::RowSource> Engine::openRows(const std::string& statement) {
-    if (lost_) {
-        throwLost(statement);
-    }
-    if (undoneByServer_) {
-        throwUndone();
-    }
+    mustBeUsable(statement);
     refuseSecondStatement(statement);
     return onLink([&](Link& link) -> std::unique_ptr<sql::RowSource> {
         Cursor cursor = link.send(statement);
@@ -183,6 +212,7 @@ std::unique_ptr<sql::RowSource> Engine::openRows(const std::string& statement) {
 
 bool Engine::isAlive() {
     if (lost_) {
+        noteLoss();
         return false;
     }
     try {
@@ -199,18 +229,16 @@ void Engine::begin() {
     if (inTransaction_) {
         throw sql::DbError(sql::provider::transactionOpen, "Ya hay una transacción abierta.", {.sqlState = "25001"});
     }
-    if (lost_) {
-        throwLost("");
-    }
+    mustBeUsable("");
     if (link().server() != Server::tsql) {
         onLink([](Link& link) { link.send(beginPlain); });
         inTransaction_ = true;
         return;
     }
-    const sql::Value answer = onLink([&](Link& link) { return link.ask(beginWithLock(options_.lockTimeout)); });
+    const sql::Value answer = onLink([&](Link& link) { return askForLock(link, options_.lockTimeout); });
     const int granted = answer.isNull() ? lockDeadlock : answer.toLong();
     if (granted < lockGranted) {
-        onLink([](Link& link) { link.send(rollbackStatement); });
+        onLink([](Link& link) { link.send(rollbackIfOpen); });
         throw sql::DbError(sql::provider::timeout, "Otro usuario está grabando y no termina. Vuelva a intentarlo.",
                            {.sqlState = "HYT00", .nativeCode = native::lockTimeout});
     }
@@ -223,6 +251,7 @@ void Engine::commit() {
     }
     inTransaction_ = false;
     if (lost_) {
+        noteLoss();
         throwLost(commitStatement);
     }
     if (std::exchange(undoneByServer_, false)) {
@@ -237,6 +266,7 @@ void Engine::rollback() {
     }
     inTransaction_ = false;
     if (lost_) {
+        noteLoss();
         throwLost(rollbackStatement);
     }
     if (std::exchange(undoneByServer_, false)) {
@@ -249,9 +279,7 @@ void Engine::rollback() {
 
 std::optional<BinaryTarget> Engine::binaryTarget(std::string_view statement, const std::vector<CursorColumn>& columns,
                                                  std::size_t column) {
-    if (lost_) {
-        throwLost(statement);
-    }
+    mustBeUsable(statement);
     return onLink([&](Link& link) {
         return link.watch([&] { return binaryTargetOf(link.handle(), statement, columns, column); });
     });
@@ -259,12 +287,7 @@ std::optional<BinaryTarget> Engine::binaryTarget(std::string_view statement, con
 
 void Engine::updateBinary(const BinaryTarget& target, const sql::Value& key, const sql::Bytes& content,
                           std::string_view statement) {
-    if (lost_) {
-        throwLost(statement);
-    }
-    if (undoneByServer_) {
-        throwUndone();
-    }
+    mustBeUsable(statement);
     const std::string literal =
         key.isText() ? "N'" + runtime::Replace(key.toText(), "'", "''") + "'" : std::to_string(key.toLong());
     const std::string where = " WHERE " + target.key + " = " + literal;

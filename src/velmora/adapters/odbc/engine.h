@@ -31,6 +31,8 @@ class Engine : public std::enable_shared_from_this<Engine> {
     void rollback();
     const std::string& catalog() const { return catalog_; }
     bool isAlive();
+    /// See ServerConnection.
+    bool takeLoss();
     void reconnect();
 
     // For result sets.
@@ -43,6 +45,9 @@ class Engine : public std::enable_shared_from_this<Engine> {
                       std::string_view statement);
 
   private:
+    /// Errors: provider::failure when the connection is lost, or the server has undone the transaction.
+    void mustBeUsable(std::string_view statement);
+    void noteLoss();
     Link& link();
     /// Runs `work` on the connection, inside the transaction that the caller believes in.
     template <typename Work>
@@ -55,6 +60,7 @@ class Engine : public std::enable_shared_from_this<Engine> {
     std::shared_ptr<Link> link_;  ///< none when a set has taken it along
     std::string catalog_;
     bool lost_ = false;
+    bool lossToTell_ = false;  ///< see takeLoss
     bool inTransaction_ = false;
     bool undoneByServer_ = false;  ///< the transaction has ended on the server although nobody ended it here
 };

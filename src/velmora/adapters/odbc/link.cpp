@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdint>
 
-#include "velmora/adapters/odbc/connection_text.h"
 #include "velmora/adapters/odbc/diagnostics.h"
+#include "velmora/adapters/odbc/refusal.h"
 #include "velmora/adapters/odbc/utf16.h"
 
 namespace velmora::odbc {
@@ -22,54 +22,6 @@ SQLPOINTER asPointer(std::uintptr_t value) {
     // The interface passes whole numbers as pointers.
     // NOLINTNEXTLINE(performance-no-int-to-ptr)
     return reinterpret_cast<SQLPOINTER>(value);
-}
-
-/// A reason why a connection is refused, by what the driver or the server says, and the words for it.
-struct Refusal {
-    int native;              ///< the server's number; 0: any
-    std::string_view state;  ///< SQLSTATE; empty: any
-    std::string_view words;
-};
-
-/// The first row that fits counts.
-constexpr std::array refusals{
-    Refusal{4060, "", "La base de datos no existe o el usuario no puede abrirla."},
-    Refusal{911, "", "La base de datos no existe."},
-    Refusal{916, "", "El usuario no tiene permiso para abrir la base de datos."},
-    Refusal{18456, "", "El servidor no acepta el usuario o la contraseña."},
-    Refusal{0, "28000", "El servidor no acepta el usuario o la contraseña."},
-    Refusal{0, "IM002", "No hay ningún controlador ni origen de datos ODBC con ese nombre."},
-    Refusal{0, "IM003", "No se puede cargar el controlador ODBC."},
-    Refusal{0, "HYT00", "El servidor no responde."},
-    Refusal{0, "08", "No se puede conectar con el servidor."},
-    Refusal{0, "01000", "No se puede cargar el controlador ODBC."},
-};
-
-/// Everything that driver and server said, without the password.
-std::string wordsOf(const std::vector<Diagnostic>& diagnostics, const std::string& connectionText) {
-    std::string words;
-    for (const Diagnostic& each : diagnostics) {
-        words += (words.empty() ? "" : "; ") + each.text;
-    }
-    return withoutPasswordOf(connectionText, words);
-}
-
-/// What to tell of a connection that was refused. Drivers put a general reason before or behind the server's own.
-sql::DbError refusalOf(const std::vector<Diagnostic>& diagnostics, const std::string& connectionText) {
-    std::string_view reason = "No se puede abrir la conexión.";
-    sql::DbError::Details details = errorOf(diagnostics, "").details();
-    for (const Refusal& row : refusals) {
-        const auto fits = [&](const Diagnostic& d) {
-            return (row.native == 0 || d.native == row.native) && d.state.starts_with(row.state);
-        };
-        const auto found = std::ranges::find_if(diagnostics, fits);
-        if (found != diagnostics.end()) {
-            reason = row.words;
-            details = {.sqlState = found->state, .nativeCode = found->native};
-            break;
-        }
-    }
-    return {sql::provider::failure, std::string(reason) + " (" + wordsOf(diagnostics, connectionText) + ")", details};
 }
 
 std::u16string infoOf(SQLHANDLE connection, SQLUSMALLINT what) {
@@ -140,7 +92,7 @@ sql::Value Link::ask(std::string_view statement) {
 }
 
 void Link::noteLoss(const sql::DbError& error) {
-    lost_ = lost_ || error.details().sqlState.starts_with("08");
+    lost_ = lost_ || isLoss(error.details().sqlState);
 }
 
 }  // namespace velmora::odbc

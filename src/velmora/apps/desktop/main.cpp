@@ -8,6 +8,7 @@
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/window_pictures.h"
 #include "velmora/apps/desktop/workshop.h"
+#include "velmora/apps/engines/hidden_value.h"
 #include "velmora/apps/engines/known_engines.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 
@@ -78,6 +79,7 @@ int run(const desktop::Options& options, qt::QtScreen& screen) {
 
 int main(int argc, char** argv) {
     const auto read = desktop::readOptions(argc, argv);
+    engines::hideValue("--dsn", argc, argv);
     if (const int* status = std::get_if<int>(&read)) {
         return *status;
     }

@@ -1,6 +1,8 @@
 #include <exception>
 #include <iostream>
 
+#include "velmora/apps/engines/hidden_value.h"
+
 #include "database.h"
 #include "options.h"
 #include "script_run.h"
@@ -15,6 +17,7 @@ constexpr int defect = 4;
 int main(int argc, char** argv) {
     using namespace velmora;
     const auto options = drive::readOptions(argc, argv);
+    engines::hideValue("--dsn", argc, argv);
     if (const int* status = std::get_if<int>(&options)) {
         return *status;
     }
