@@ -56,13 +56,6 @@ sqlite::Options workshopOptions(bool readOnly = false) {
     return options;
 }
 
-void fillWorkshop(sql::Connection& database) {
-    data::createDatabase(database);
-    for (const char* row : rows) {
-        database.execute(row);
-    }
-}
-
 }  // namespace
 
 screen::Answer WorkshopScreen::show(const screen::MessageBox& box) {
@@ -85,6 +78,13 @@ void WorkshopScreen::processEvents() {
 
 std::unique_ptr<sql::Connection> openWorkshopDatabase(const std::string& path, bool readOnly) {
     return sqlite::openDatabase(path, workshopOptions(readOnly));
+}
+
+void fillWorkshop(sql::Connection& database) {
+    data::createDatabase(database);
+    for (const char* row : rows) {
+        database.execute(row);
+    }
 }
 
 std::unique_ptr<sql::Connection> makeWorkshopDatabase(const std::string& path) {

@@ -39,6 +39,8 @@ class WorkshopScreen final : public ScriptedScreen {
 /// The database with its rows: materials 1 (disc) to 5, customers 1001 to 1003, a double chain with 17 teeth. The
 /// clock stands at 15/01/2026 10:00.
 std::unique_ptr<sql::Connection> makeWorkshopDatabase(const std::string& path = ":memory:");
+/// Makes the tables and the rows in an empty database of any engine.
+void fillWorkshop(sql::Connection& database);
 /// One that is there already.
 std::unique_ptr<sql::Connection> openWorkshopDatabase(const std::string& path, bool readOnly = false);
 

@@ -65,7 +65,18 @@ TEST_F(OdbcServer, AnUnknownUserIsToldWithoutThePassword) {
         FAIL();
     } catch (const sql::DbError& error) {
         EXPECT_EQ(error.number(), sql::provider::failure);
+        EXPECT_THAT(error.description(), HasSubstr("El servidor no acepta el usuario o la contraseña"));
         EXPECT_THAT(error.description(), Not(HasSubstr("geheim")));
+    }
+}
+
+TEST_F(OdbcServer, AMissingDatabaseIsTold) {
+    try {
+        openDatabase(withValue(text_, "DATABASE", "NO_HAY_TAL"));
+        FAIL();
+    } catch (const sql::DbError& error) {
+        EXPECT_EQ(error.number(), sql::provider::failure);
+        EXPECT_THAT(error.description(), HasSubstr("La base de datos no existe"));
     }
 }
 

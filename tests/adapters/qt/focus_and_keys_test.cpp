@@ -77,6 +77,28 @@ TEST_F(FocusAndKeys, AControlDisabledWithTheFocusGivesItOn) {
     });
 }
 
+TEST_F(FocusAndKeys, TheEndOfAnActionIsToldBehindItsBoxesAndErrors) {
+    std::vector<std::string> log;
+    form.id(0).onChange = [&] {
+        log.emplace_back("begins");
+        screen_->show({.text = "Aviso"});
+        log.emplace_back("fails");
+        runtime::raise(runtime::typeMismatch);
+    };
+    play(form, [&] {
+        screen_->onActionEnded([&] { log.emplace_back("ended"); });
+        for (const char* box : {"box", "error"}) {
+            whenBoxOpens([&log, box](QWidget& shown) {
+                log.emplace_back(box);
+                QTest::keyClick(&shown, Qt::Key_Return);
+            });
+        }
+        type("7");
+        EXPECT_THAT(log, ElementsAre("begins", "box", "fails", "error", "ended"));
+        screen_->onActionEnded({});
+    });
+}
+
 TEST_F(FocusAndKeys, TypingReplacesASelectedTextKeyByKeyThroughTheModel) {
     std::vector<std::string> texts;
     form.id(0).onChange = [&] { texts.push_back(form.id(0).text()); };

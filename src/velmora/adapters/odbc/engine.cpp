@@ -81,11 +81,6 @@ std::string spelledAsAsked(const std::string& catalog, const std::string& connec
                        {.sqlState = "40000"});
 }
 
-[[noreturn]] void throwLost(std::string_view statement) {
-    throw sql::DbError(sql::provider::failure, "La conexión con la base de datos se perdió.",
-                       {.sqlState = "08003", .statement = std::string(statement)});
-}
-
 }  // namespace
 
 Engine::Engine(std::string connectionText, Options options)
@@ -123,7 +118,7 @@ bool Engine::takeLoss() {
 void Engine::mustBeUsable(std::string_view statement) {
     if (lost_) {
         noteLoss();
-        throwLost(statement);
+        throw lossOf(statement);
     }
     if (undoneByServer_) {
         throwUndone();
@@ -252,7 +247,7 @@ void Engine::commit() {
     inTransaction_ = false;
     if (lost_) {
         noteLoss();
-        throwLost(commitStatement);
+        throw lossOf(commitStatement);
     }
     if (std::exchange(undoneByServer_, false)) {
         throwUndone();
@@ -267,7 +262,7 @@ void Engine::rollback() {
     inTransaction_ = false;
     if (lost_) {
         noteLoss();
-        throwLost(rollbackStatement);
+        throw lossOf(rollbackStatement);
     }
     if (std::exchange(undoneByServer_, false)) {
         return;

@@ -18,6 +18,9 @@ constexpr std::u16string_view tsqlServer = u"Microsoft SQL Server";
 // read as 1 October without an error.
 constexpr std::string_view sessionSettings = "SET DATEFORMAT dmy";
 
+constexpr std::string_view generalError = "HY000";
+constexpr std::string_view probeStatement = "SELECT 1";
+
 SQLPOINTER asPointer(std::uintptr_t value) {
     // The interface passes whole numbers as pointers.
     // NOLINTNEXTLINE(performance-no-int-to-ptr)
@@ -91,8 +94,28 @@ sql::Value Link::ask(std::string_view statement) {
     });
 }
 
-void Link::noteLoss(const sql::DbError& error) {
-    lost_ = lost_ || isLoss(error.details().sqlState);
+/// A driver may report the first failure of a broken line without a state or a number of its own: then the next
+/// statement tells.
+bool Link::meansLoss(const sql::DbError& error) const {
+    const sql::DbError::Details& details = error.details();
+    if (isLoss(details.sqlState)) {
+        return true;
+    }
+    if (server_ != Server::tsql || details.sqlState != generalError || details.nativeCode != 0) {
+        return false;
+    }
+    try {
+        const Cursor probe(handle_.get(), std::string(probeStatement));
+        return false;
+    } catch (const sql::DbError& second) {
+        return isLoss(second.details().sqlState);
+    }
+}
+
+sql::DbError lossOf(std::string_view statement) {
+    return {sql::provider::failure,
+            "La conexión con la base de datos se perdió.",
+            {.sqlState = "08S01", .statement = std::string(statement)}};
 }
 
 }  // namespace velmora::odbc

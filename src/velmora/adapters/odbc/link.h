@@ -15,6 +15,9 @@ enum class Server {
     other,  ///< plain transactions: drivers for tests
 };
 
+/// The error of an operation on a connection that is lost: provider::failure, SQLSTATE 08S01.
+sql::DbError lossOf(std::string_view statement);
+
 /// For one thread at a time.
 class Link {
   public:
@@ -32,13 +35,17 @@ class Link {
     Cursor send(std::string_view statement);
     /// Sends a statement and answers the first column of its first row; null when there is none. Errors: DbError.
     sql::Value ask(std::string_view statement);
-    /// Runs what uses this connection and takes note when it ends with the loss of it.
+    /// Runs what uses this connection. When it ends with the loss of the connection, that is the error, in one form for
+    /// all drivers (see lossOf).
     template <typename Work>
     auto watch(const Work& work) {
         try {
             return work();
         } catch (const sql::DbError& error) {
-            noteLoss(error);
+            if (meansLoss(error)) {
+                lost_ = true;
+                throw lossOf(error.details().statement);
+            }
             throw;
         }
     }
@@ -47,7 +54,7 @@ class Link {
 
   private:
     void connect(const std::string& connectionText, const Options& options);
-    void noteLoss(const sql::DbError& error);
+    bool meansLoss(const sql::DbError& error) const;
 
     ConnectionHandle handle_;
     Server server_ = Server::other;

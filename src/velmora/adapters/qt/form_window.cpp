@@ -183,7 +183,12 @@ void FormWindow::showError(std::exception_ptr error) {
 }
 
 void FormWindow::feed(const std::function<void()>& action) {
+    ++actionsUnderWay_;
     actions_.run(action);
+    --actionsUnderWay_;
+    if (actionsUnderWay_ == 0) {
+        screen_.actionEnded();
+    }
 }
 
 bool FormWindow::bringFocus(screen::Control& control) {

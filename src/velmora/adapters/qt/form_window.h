@@ -77,6 +77,7 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
     ControlView* focused_ = nullptr;
     QEventLoop* loop_ = nullptr;
     bool syncing_ = false;
+    int actionsUnderWay_ = 0;
 };
 
 }  // namespace velmora::qt

@@ -124,6 +124,15 @@ std::unique_ptr<screen::Progress> QtScreen::progress(std::string_view title) {
     return std::make_unique<ProgressWindow>(toQt(title), topWidget());
 }
 
+void QtScreen::actionEnded() {
+    if (!actionEnded_ || tellingEnd_) {
+        return;
+    }
+    tellingEnd_ = true;
+    actionEnded_();
+    tellingEnd_ = false;
+}
+
 void QtScreen::showError(std::exception_ptr error) {
     show(toolkit::errorBox(error));
 }

@@ -2,6 +2,8 @@
 // The desktop as the logic's screen: real windows for any form, rendered from its model and its Layout.
 
 #include <exception>
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "velmora/platform/screen/screen.h"
@@ -26,6 +28,11 @@ class QtScreen : public screen::Screen {
     void processEvents() override;
     std::unique_ptr<screen::Progress> progress(std::string_view title) override;
 
+    /// Runs after every action of the user on a form, once its errors have been shown and no other action on the same
+    /// form is under way.
+    void onActionEnded(std::function<void()> listener) { actionEnded_ = std::move(listener); }
+    void actionEnded();
+
     /// Shows the box of an error that no handler has caught.
     void showError(std::exception_ptr error);
     /// Number of boxes and search windows shown so far; used to detect whether an action has opened one.
@@ -38,6 +45,8 @@ class QtScreen : public screen::Screen {
     std::vector<FormWindow*> windows_;
     int boxesShown_ = 0;
     bool hourglass_ = false;
+    std::function<void()> actionEnded_;
+    bool tellingEnd_ = false;
 };
 
 }  // namespace velmora::qt

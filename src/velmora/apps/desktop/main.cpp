@@ -5,6 +5,7 @@
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
 #include "velmora/apps/desktop/options.h"
+#include "velmora/apps/desktop/reconnection.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/window_pictures.h"
 #include "velmora/apps/desktop/workshop.h"
@@ -62,6 +63,10 @@ int run(const desktop::Options& options, qt::QtScreen& screen) {
     const sql::Engines engines = engines::knownEngines(clock);
     const auto workshop = options.server.empty() ? desktop::openWorkshop(engines, databaseOf(options), clock)
                                                  : desktop::openServer(engines, options.server);
+    if (auto* server = dynamic_cast<odbc::ServerConnection*>(&workshop->connection())) {
+        // Forms, whose actions these are, live within this function, as the connection does.
+        screen.onActionEnded([server, &screen] { desktop::offerToReconnect(*server, screen); });
+    }
     qt::QtServices services;
     components::ComponentFactory components;
     stand_ins::registerStandIns(components, screen, services, clock);
