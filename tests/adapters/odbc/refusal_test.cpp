@@ -25,7 +25,7 @@ TEST(Refusal, EachReasonHasItsWordsWhateverElseTheDriverSays) {
         {"no answer", {{"HYT00", 0, "Login timeout expired"}}, "El servidor no está en marcha o no responde"},
         {"wrong login", {{"28000", 18456, "Login failed for user 'a'."}}, "El servidor no acepta el usuario"},
         {"wrong login, old state", {{"42000", 18456, "Login failed"}, general}, "El servidor no acepta el usuario"},
-        {"no such user", {{"42000", 33557097, "role does not exist"}, general}, "El servidor no acepta el usuario"},
+        {"no such user", {{"42000", 33557097, "role does not exist"}, general}, "El servidor no admite la conexión"},
         {"no such database", {{"08004", 911, "database does not exist"}, general}, "La base de datos no existe"},
         {"database closed to the login",
          {{"42000", 4060, "Cannot open database"}, {"28000", 18456, "Login failed"}},

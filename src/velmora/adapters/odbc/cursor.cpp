@@ -12,7 +12,7 @@ namespace velmora::odbc {
 namespace {
 
 /// Bytes fetched at a time of a column whose length is not known beforehand.
-constexpr std::size_t pieceSize = 64 * 1024;
+constexpr std::size_t pieceSize = std::size_t{64} * 1024;
 constexpr std::size_t longestName = 256;
 
 /// Types that the server has beyond those of ODBC, as its drivers number them.

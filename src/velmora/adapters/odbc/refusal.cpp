@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::string_view noSuchDatabase = "La base de datos no existe o el usuario no tiene permiso para abrirla.";
 constexpr std::string_view wrongLogin = "El servidor no acepta el usuario o la contraseña.";
+constexpr std::string_view notAdmitted =
+    "El servidor no admite la conexión: compruebe el usuario, la contraseña y sus permisos.";
 constexpr std::string_view noSuchServer = "No hay ningún servidor con ese nombre.";
 constexpr std::string_view noAnswer = "El servidor no está en marcha o no responde.";
 constexpr std::string_view noDriver = "No hay ningún controlador ni origen de datos ODBC con ese nombre.";
@@ -38,9 +40,9 @@ constexpr std::array signs{
     Sign{0, "IM002", noDriver},
     Sign{0, "IM", badDriver},
     Sign{0, "HYT", noAnswer},
-    // A server that refuses in a statement's terms has not accepted who connects.
-    Sign{0, "42", wrongLogin},
-    Sign{0, "37", wrongLogin},
+    // A server that refuses in a statement's terms, without a number: it was reached, and the database is there.
+    Sign{0, "42", notAdmitted},
+    Sign{0, "37", notAdmitted},
     Sign{0, "08", noAnswer},
     Sign{0, "01000", badDriver},
 };

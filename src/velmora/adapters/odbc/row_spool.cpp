@@ -13,9 +13,9 @@ namespace {
 
 /// A block ends at so many rows, or bytes.
 constexpr std::size_t blockRows = 128;
-constexpr std::size_t blockBytes = 1024 * 1024;
+constexpr std::size_t blockBytes = std::size_t{1024} * 1024;
 /// Blocks beyond so many bytes go to the file.
-constexpr std::size_t mostInMemory = 8 * 1024 * 1024;
+constexpr std::size_t mostInMemory = std::size_t{8} * 1024 * 1024;
 
 std::size_t sizeOf(const sql::Row& row) {
     std::size_t bytes = row.size() * sizeof(sql::Value);

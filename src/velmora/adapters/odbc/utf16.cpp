@@ -46,7 +46,7 @@ std::string toUtf8(std::u16string_view text) {
         const char32_t unit = text[i];
         if (isHigh(unit) && i + 1 < text.size() && isLow(text[i + 1])) {
             ++i;
-            points += firstOfTwoUnits + ((unit - highSurrogates) << 10U) + (char32_t{text[i]} - lowSurrogates);
+            points.push_back(firstOfTwoUnits + ((unit - highSurrogates) << 10U) + (char32_t{text[i]} - lowSurrogates));
         } else {
             points += isHigh(unit) || isLow(unit) ? replacement : unit;
         }
