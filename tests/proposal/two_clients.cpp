@@ -1,10 +1,12 @@
-// Two processes on one database file: one accepts a proposal while the other saves or deletes it. Nothing is written
+// Two processes on one database: one accepts a proposal while the other saves or deletes it. Nothing is written
 // into a proposal once it has an order, no order is left without its proposal, and who comes second is told and loses
 // nothing.
 //
-//   proposal_clients STORY [TURNS]      the stories stand at the end; 500 turns unless told
+//   proposal_clients STORY [TURNS] [--server]      the stories stand at the end; 500 turns unless told
+//
+// --server: on the server that VELMORA_TEST_DSN names, all of whose tables are dropped; else on a file.
 
-#include <charconv>
+#include <array>
 #include <chrono>
 #include <functional>
 #include <iostream>
@@ -17,21 +19,23 @@
 #include <sqlite3.h>
 
 #include "velmora/adapters/session/stand_in_session.h"
-#include "velmora/adapters/sqlite/database.h"
 #include "velmora/proposal/frm_bercial_pinones.h"
 #include "velmora/tracking/frm_seguimiento.h"
 
 #include "support/no_services.h"
 #include "support/proposal_workshop.h"
-#include "support/temporary_folder.h"
+#include "support/story_database.h"
 #include "support/two_processes.h"
 
 namespace velmora::proposal {
 namespace {
 
 using support::Meeting;
+using support::StoryDatabase;
 
 constexpr const char* typedUnits = "5";
+/// How long a client waits for the other's writes.
+constexpr std::chrono::seconds patient(30);
 
 /// How a client has fared.
 struct Tally {
@@ -62,11 +66,10 @@ class YesScreen final : public screen::Screen {
     void processEvents() override {}
 };
 
-/// A client of the database file: what a running program holds.
+/// A client of the database: what a running program holds.
 class Client {
   public:
-    explicit Client(const std::string& path)
-        : database(sqlite::openDatabase(path, {.busyTimeout = std::chrono::seconds(30)})), session(*database) {}
+    explicit Client(const StoryDatabase& shared) : database(shared.open(patient)), session(*database) {}
 
     /// What was said last; the text of the error that the deed ended in, if it did.
     std::string lastWords(const std::function<void()>& deed) {
@@ -96,7 +99,7 @@ class Client {
 
 /// Refuses, whoever asks, what must not happen: a save, a deletion of a proposal that has an order. A client that tries
 /// reads "late".
-void refuseWhatIsLate(const std::string& path) {
+void refuseWhatIsLateInFile(const std::string& path) {
     constexpr const char* hasOrder =
         " WHEN OLD.DPI_FAcepta IS NOT NULL OR EXISTS (SELECT 1 FROM ORDEN WHERE ORDEN_IdDPI = OLD.DPI_Id) "
         "BEGIN SELECT RAISE(ABORT, 'late'); END;";
@@ -110,10 +113,28 @@ void refuseWhatIsLate(const std::string& path) {
     sqlite3_close(file);
 }
 
+/// The same on a server, whose triggers run once for a statement, after it.
+void refuseWhatIsLateOnServer(sql::Connection& connection) {
+    constexpr const char* hasOrder =
+        "EXISTS (SELECT 1 FROM deleted WHERE DPI_FAcepta IS NOT NULL OR DPI_Id IN (SELECT ORDEN_IdDPI FROM ORDEN)) "
+        "RAISERROR (N'late', 16, 1)";
+    connection.execute(std::string("CREATE TRIGGER late_save ON DPI AFTER UPDATE AS IF UPDATE(DPI_Unidades) AND ") +
+                       hasOrder);
+    connection.execute(std::string("CREATE TRIGGER late_deletion ON DPI AFTER DELETE AS IF ") + hasOrder);
+}
+
+void refuseWhatIsLate(const StoryDatabase& database, sql::Connection& connection) {
+    if (const auto path = database.file()) {
+        refuseWhatIsLateInFile(*path);
+    } else {
+        refuseWhatIsLateOnServer(connection);
+    }
+}
+
 /// Proposals of three pieces, 1 to `count`, all alike.
-void fill(const std::string& path, int count) {
-    support::makeWorkshopDatabase(path);
-    Client client(path);
+void fill(const StoryDatabase& database, int count) {
+    support::fillWorkshop(*database.open());
+    Client client(database);
     frmBercialPiñones form(client.session, client.desk);
     auto& f = form.fields();
     const std::pair<estimate::TextBox&, const char*> entries[] = {
@@ -140,7 +161,7 @@ void fill(const std::string& path, int count) {
         client.database->execute("INSERT INTO DPI (" + columns + ") select " + columns + " from DPI where DPI_Id = 1");
     }
     client.database->commitTrans();
-    refuseWhatIsLate(path);
+    refuseWhatIsLate(database, *client.database);
 }
 
 // --- The clients -----------------------------------------------------------------------------------------------------
@@ -169,8 +190,8 @@ bool isAccepted(const std::string& words) {
     return words.starts_with("Presupuesto Aceptado");
 }
 
-Tally accept(const std::string& path, Meeting& meeting, int turns) {
-    Client client(path);
+Tally accept(const StoryDatabase& database, Meeting& meeting, int turns) {
+    Client client(database);
     tracking::frmSeguimiento form(client.session, client.desk);
     auto& fields = form.fields();
     return play(meeting, turns,
@@ -204,8 +225,8 @@ void staggered(std::int32_t proposal) {
     std::this_thread::sleep_for(std::chrono::microseconds(proposal % 10 * 150));
 }
 
-Tally save(const std::string& path, Meeting& meeting, int turns) {
-    Client client(path);
+Tally save(const StoryDatabase& database, Meeting& meeting, int turns) {
+    Client client(database);
     frmBercialPiñones form(client.session, client.desk);
     estimate::TextBox& units = form.fields().txtPesu(11);
     std::int32_t current = 0;
@@ -237,8 +258,8 @@ Tally save(const std::string& path, Meeting& meeting, int turns) {
              }});
 }
 
-Tally remove(const std::string& path, Meeting& meeting, int turns) {
-    Client client(path);
+Tally remove(const StoryDatabase& database, Meeting& meeting, int turns) {
+    Client client(database);
     frmBercialPiñones form(client.session, client.desk);
     auto& f = form.fields();
     std::int32_t current = 0;
@@ -272,16 +293,14 @@ Tally remove(const std::string& path, Meeting& meeting, int turns) {
 
 // --- The stories -----------------------------------------------------------------------------------------------------
 
-using Other = Tally (*)(const std::string&, Meeting&, int);
+using Other = Tally (*)(const StoryDatabase&, Meeting&, int);
 
-bool against(Other other, int turns, bool oneAlone) {
-    const support::TemporaryFolder folder{support::TemporaryFolder::inMemory()};
-    const std::string path = folder.file("taller.db");
-    fill(path, turns);
+bool against(const StoryDatabase& database, Other other, int turns, bool oneAlone) {
+    fill(database, turns);
     Meeting meeting(2);
     const auto begun = std::chrono::steady_clock::now();
     const auto told = support::runTogether<Tally>(
-        meeting, {[&] { return accept(path, meeting, turns); }, [&] { return other(path, meeting, turns); }});
+        meeting, {[&] { return accept(database, meeting, turns); }, [&] { return other(database, meeting, turns); }});
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begun;
     if (!told[0] || !told[1]) {
         return false;
@@ -294,12 +313,25 @@ bool against(Other other, int turns, bool oneAlone) {
     return each && one && told[0]->wrong == 0 && told[1]->wrong == 0;
 }
 
-bool play(std::string_view story, int turns) {
-    if (story == "save_against_accept") {
-        return against(save, turns, false);
-    }
-    if (story == "delete_against_accept") {
-        return against(remove, turns, true);
+struct Story {
+    std::string_view name;
+    Other other;
+    bool oneAlone;  ///< if one of the two has done it, the other has not
+};
+
+constexpr std::array stories{
+    Story{"save_against_accept", save, false},
+    Story{"delete_against_accept", remove, true},
+};
+constexpr int longForm = 500;
+
+bool play(const support::StoryArguments& arguments) {
+    for (const Story& story : stories) {
+        if (story.name == arguments.story) {
+            std::cout << "-- " << story.name << '\n';
+            return against(StoryDatabase(arguments.where), story.other,
+                           arguments.turns > 0 ? arguments.turns : longForm, story.oneAlone);
+        }
     }
     std::cerr << "no such story\n";
     return false;
@@ -309,10 +341,9 @@ bool play(std::string_view story, int turns) {
 }  // namespace velmora::proposal
 
 int main(int argc, char** argv) {
-    int turns = 500;
-    if (argc > 2) {
-        const std::string_view text(argv[2]);
-        std::from_chars(text.data(), text.data() + text.size(), turns);
+    const auto arguments = velmora::support::readStoryArguments(argc, argv);
+    if (arguments && !velmora::support::canPlay(*arguments)) {
+        return velmora::support::noServerStatus;
     }
-    return argc > 1 && velmora::proposal::play(argv[1], turns) ? 0 : 1;
+    return arguments && velmora::proposal::play(*arguments) ? 0 : 1;
 }

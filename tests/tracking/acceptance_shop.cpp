@@ -80,13 +80,6 @@ sqlite::Options shopOptions(std::chrono::milliseconds busyTimeout) {
     return {.clock = [] { return morning; }, .busyTimeout = busyTimeout};
 }
 
-void fillShop(sql::Connection& database) {
-    data::createDatabase(database);
-    for (const std::string& row : rows) {
-        database.execute(row);
-    }
-}
-
 std::string shown(const sql::Value& value) {
     return value.isNull() ? "NULL" : value.toText();
 }
@@ -123,6 +116,13 @@ void AnsweringScreen::processEvents() {
     ++yields;
     if (onYield) {
         onYield();
+    }
+}
+
+void fillShop(sql::Connection& database) {
+    data::createDatabase(database);
+    for (const std::string& row : rows) {
+        database.execute(row);
     }
 }
 

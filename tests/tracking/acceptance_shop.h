@@ -56,6 +56,8 @@ class AnsweringScreen final : public screen::Screen {
 /// | 17  | S-0   | 0       | yes  |
 /// | 18  | S-5   | 5       | yes  |
 std::unique_ptr<sql::Connection> makeShopDatabase(const std::string& path = ":memory:");
+/// The same in an empty database of any engine.
+void fillShop(sql::Connection& database);
 /// One that is there already.
 inline constexpr std::chrono::milliseconds usualBusyTimeout{5000};
 std::unique_ptr<sql::Connection> openShopDatabase(const std::string& path,

@@ -1,7 +1,9 @@
-// Two processes on one database file: one proposal, one new order; no order number is ever given twice; what is
+// Two processes on one database: one proposal, one new order; no order number is ever given twice; what is
 // accepted is what was shown.
 //
-//   two_clients STORY [TURNS]      the stories stand at the end, with the turns of their long form
+//   two_clients STORY [TURNS] [--server]      the stories stand at the end, with the turns of their long form
+//
+// --server: on the server that VELMORA_TEST_DSN names, all of whose tables are dropped; else on a file.
 
 #include <array>
 #include <charconv>
@@ -16,13 +18,14 @@
 #include "velmora/tracking/frm_seguimiento.h"
 
 #include "acceptance_shop.h"
-#include "support/temporary_folder.h"
+#include "support/story_database.h"
 #include "support/two_processes.h"
 
 namespace velmora::tracking {
 namespace {
 
 using support::Meeting;
+using support::StoryDatabase;
 
 /// Long timeout with which a client waits for the other's writes.
 constexpr std::chrono::seconds patient(30);
@@ -69,8 +72,8 @@ struct Figure {
 };
 
 /// Prints each figure; true when all are as expected.
-bool hold(const std::string& path, const std::vector<Figure>& figures) {
-    AcceptanceShop shop(openShopDatabase(path));
+bool hold(const StoryDatabase& database, const std::vector<Figure>& figures) {
+    AcceptanceShop shop(database.open());
     bool good = true;
     for (const Figure& figure : figures) {
         const std::string expected = std::to_string(figure.expected);
@@ -117,8 +120,8 @@ std::vector<sql::Row> staleRows(AcceptanceShop& shop, std::vector<sql::Column>& 
     return all;
 }
 
-Tally race(const std::string& path, Meeting& meeting, const Race& race, bool isFirst) {
-    AcceptanceShop shop(openShopDatabase(path, patient));
+Tally race(const StoryDatabase& database, Meeting& meeting, const Race& race, bool isFirst) {
+    AcceptanceShop shop(database.open(patient));
     shop.clock.pace = race.pace;
     shop.fields.txtCriterio(numberFrom).setText("1");
     std::vector<sql::Column> columns;
@@ -144,64 +147,63 @@ Tally race(const std::string& path, Meeting& meeting, const Race& race, bool isF
     return tally;
 }
 
-void fill(const std::string& path, int proposals) {
-    const auto database = makeShopDatabase(path);
-    database->beginTrans();
+void fill(const StoryDatabase& database, int proposals) {
+    const auto connection = database.open();
+    fillShop(*connection);
+    connection->beginTrans();
     for (int made = 0; made < proposals; ++made) {
-        const std::int32_t number = addProposal(*database);
-        addLabour(*database, number, 10, "0.25");
+        const std::int32_t number = addProposal(*connection);
+        addLabour(*connection, number, 10, "0.25");
     }
-    database->commitTrans();
+    connection->commitTrans();
 }
 
 /// `leftovers`: number of orders of each proposal that exist before the race.
-bool run(const Race& options, int proposals, int leftovers) {
-    const support::TemporaryFolder folder{support::TemporaryFolder::inMemory()};
-    const std::string path = folder.file("taller.db");
-    fill(path, proposals);
+bool run(const StoryDatabase& database, const Race& options, int proposals, int leftovers) {
+    fill(database, proposals);
     Meeting meeting(2);
-    const Tally total = sumOf(meeting, {[&] { return race(path, meeting, options, true); },
-                                        [&] { return race(path, meeting, options, false); }});
+    const Tally total = sumOf(meeting, {[&] { return race(database, meeting, options, true); },
+                                        [&] { return race(database, meeting, options, false); }});
     const int orders = proposals * (1 + leftovers);
     const bool holds =
-        hold(path, {
-                       {"orders", "select count(*) from ORDEN", orders},
-                       {"numbers given", "select count(distinct ORDEN_NUM) from ORDEN", orders},
-                       {"highest number", "select max(ORDEN_NUM) from ORDEN", orders},
-                       {"proposals with an order", "select count(distinct ORDEN_IdDPI) from ORDEN", proposals},
-                       {"proposals that know their order",
-                        "select count(*) from DPI inner join ORDEN on DPI_Orden = ORDEN_NUM where "
-                        "ORDEN_IdDPI = DPI_Id and not DPI_FAcepta is null",
-                        proposals},
-                       {"sprockets", "select count(distinct Opi_OrdId) from OrdPiñones", proposals},
-                       {"materials", "select count(*) from Mat", 2 * proposals},
-                       {"route rows", "select count(*) from RUT", 3 * proposals},
-                   });
+        hold(database, {
+                           {"orders", "select count(*) from ORDEN", orders},
+                           {"numbers given", "select count(distinct ORDEN_NUM) from ORDEN", orders},
+                           {"highest number", "select max(ORDEN_NUM) from ORDEN", orders},
+                           {"proposals with an order", "select count(distinct ORDEN_IdDPI) from ORDEN", proposals},
+                           {"proposals that know their order",
+                            "select count(*) from DPI inner join ORDEN on DPI_Orden = ORDEN_NUM where "
+                            "ORDEN_IdDPI = DPI_Id and not DPI_FAcepta is null",
+                            proposals},
+                           {"sprockets", "select count(distinct Opi_OrdId) from OrdPiñones", proposals},
+                           {"materials", "select count(*) from Mat", 2 * proposals},
+                           {"route rows", "select count(*) from RUT", 3 * proposals},
+                       });
     return holds && total.wrong == 0 && total.accepted == proposals && total.told == proposals;
 }
 
-bool sameProposal(int turns) {
-    return run({}, turns, 0);
+bool sameProposal(const StoryDatabase& database, int turns) {
+    return run(database, {}, turns, 0);
 }
 
 /// Both find the order of an earlier failure and wait equally long for it.
-bool leftoverOrder(int turns) {
+bool leftoverOrder(const StoryDatabase& database, int turns) {
     const Race options{.pace = 10, .leave = [](AcceptanceShop& shop, std::int32_t proposal) {
                            shop.change("INSERT INTO ORDEN (ORDEN_NUM,ORDEN_IdDPI) select isnull(max(ORDEN_NUM),0)+1," +
                                        std::to_string(proposal) + " from ORDEN");
                        }};
-    return run(options, turns, 1);
+    return run(database, options, turns, 1);
 }
 
 /// The mark of the first client's own order has just failed: it does not wait, the other does.
-bool ownLeftoverOrder(int turns) {
+bool ownLeftoverOrder(const StoryDatabase& database, int turns) {
     const Race options{.pace = 10, .leave = [](AcceptanceShop& shop, std::int32_t) {
                            shop.connection.before("UPDATE DPI", [] {
                                throw sql::DbError(sql::provider::timeout, "La marca no se pudo escribir");
                            });
                            shop.accept();
                        }};
-    return run(options, turns, 1);
+    return run(database, options, turns, 1);
 }
 
 // --- A list is scrolled while the other writes -----------------------------------------------------------------------
@@ -249,8 +251,8 @@ void addTelling(sql::Connection& connection) {
 /// A user of the real form: looks at a row of the list, clicks it, scrolls, accepts it.
 class Reader {
   public:
-    Reader(const std::string& path, Meeting& meeting, std::int32_t& seen)
-        : shop_(openShopDatabase(path, patient)), form_(shop_.session, shop_.desk), meeting_(meeting), seen_(seen) {
+    Reader(const StoryDatabase& database, Meeting& meeting, std::int32_t& seen)
+        : shop_(database.open(patient)), form_(shop_.session, shop_.desk), meeting_(meeting), seen_(seen) {
         shop_.clock.pace = 10;
     }
 
@@ -361,8 +363,8 @@ class Reader {
 /// The other client, who writes around the proposal that the reader has seen, and to it.
 class Writer {
   public:
-    Writer(const std::string& path, Meeting& meeting, const std::int32_t& seen)
-        : shop_(openShopDatabase(path, patient)), meeting_(meeting), seen_(seen) {
+    Writer(const StoryDatabase& database, Meeting& meeting, const std::int32_t& seen)
+        : shop_(database.open(patient)), meeting_(meeting), seen_(seen) {
         shop_.clock.pace = 10;
         shop_.fields.txtCriterio(numberFrom).setText("1");
     }
@@ -427,21 +429,20 @@ class Writer {
     const std::int32_t& seen_;
 };
 
-bool scrolledList(int turns) {
-    const support::TemporaryFolder folder{support::TemporaryFolder::inMemory()};
-    const std::string path = folder.file("taller.db");
+bool scrolledList(const StoryDatabase& database, int turns) {
     {
-        const auto database = makeShopDatabase(path);
+        const auto connection = database.open();
+        fillShop(*connection);
         for (int made = 0; made < firstProposals + 2 * turns; ++made) {
-            addTelling(*database);
+            addTelling(*connection);
         }
     }
     Meeting meeting(2);
     support::Shared<std::int32_t> seen;
-    const Tally total = sumOf(meeting, {[&] { return Reader(path, meeting, *seen).work(turns); },
-                                        [&] { return Writer(path, meeting, *seen).work(turns); }});
+    const Tally total = sumOf(meeting, {[&] { return Reader(database, meeting, *seen).work(turns); },
+                                        [&] { return Writer(database, meeting, *seen).work(turns); }});
     const bool holds = hold(
-        path,
+        database,
         {
             {"orders", "select count(*) from ORDEN", total.accepted},
             {"numbers given", "select count(distinct ORDEN_NUM) from ORDEN", total.accepted},
@@ -466,7 +467,7 @@ bool scrolledList(int turns) {
 
 struct Story {
     std::string_view name;
-    bool (*play)(int turns);
+    bool (*play)(const StoryDatabase& database, int turns);
     int turns;  ///< of the long form
 };
 
@@ -477,11 +478,11 @@ constexpr std::array stories{
     Story{"scrolled_list", scrolledList, 500},
 };
 
-bool play(std::string_view name, int turns) {
+bool play(const support::StoryArguments& arguments) {
     for (const Story& story : stories) {
-        if (story.name == name) {
-            std::cout << "-- " << name << '\n';
-            return story.play(turns > 0 ? turns : story.turns);
+        if (story.name == arguments.story) {
+            std::cout << "-- " << story.name << '\n';
+            return story.play(StoryDatabase(arguments.where), arguments.turns > 0 ? arguments.turns : story.turns);
         }
     }
     std::cerr << "no such story\n";
@@ -492,10 +493,9 @@ bool play(std::string_view name, int turns) {
 }  // namespace velmora::tracking
 
 int main(int argc, char** argv) {
-    int turns = 0;
-    if (argc > 2) {
-        const std::string_view text(argv[2]);
-        std::from_chars(text.data(), text.data() + text.size(), turns);
+    const auto arguments = velmora::support::readStoryArguments(argc, argv);
+    if (arguments && !velmora::support::canPlay(*arguments)) {
+        return velmora::support::noServerStatus;
     }
-    return argc > 1 && velmora::tracking::play(argv[1], turns) ? 0 : 1;
+    return arguments && velmora::tracking::play(*arguments) ? 0 : 1;
 }
