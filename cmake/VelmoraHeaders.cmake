@@ -1,8 +1,9 @@
-# Whether a header of the room is compiled alone as it is: its source includes it before anything else.
+# Whether a header of the room is compiled alone as it is: its source includes it before anything else. Where several
+# sources are compiled as one, only the first of them would show it.
 function(velmora_comes_first header result)
   set(${result} FALSE PARENT_SCOPE)
   string(REGEX REPLACE "\\.h$" ".cpp" source "${PROJECT_SOURCE_DIR}/src/${header}")
-  if(NOT VELMORA_PRECOMPILE AND EXISTS "${source}")
+  if(NOT CMAKE_UNITY_BUILD AND EXISTS "${source}")
     file(STRINGS "${source}" first LIMIT_COUNT 1 ENCODING UTF-8 REGEX "^[ \t]*#[ \t]*include")
     if(first STREQUAL "#include \"${header}\"")
       set(${result} TRUE PARENT_SCOPE)

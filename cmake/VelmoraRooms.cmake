@@ -12,6 +12,10 @@ target_compile_options(velmora_flags INTERFACE ${VELMORA_WARNINGS})
 # False positive before g++ 13: optimised "literal" + std::string is reported as an overlapping copy.
 target_compile_options(velmora_flags INTERFACE
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
+# Several sources are compiled as one file, which for this warning makes headers of all but one of them.
+if(CMAKE_UNITY_BUILD)
+  target_compile_options(velmora_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
 if(VELMORA_WERROR)
   target_compile_options(velmora_flags INTERFACE -Werror)
 endif()
@@ -34,38 +38,6 @@ check_linker_flag(CXX "-fuse-ld=lld" VELMORA_LLD)
 if(VELMORA_LLD)
   target_link_options(velmora_flags INTERFACE "-fuse-ld=lld")
 endif()
-
-# The precompiled headers of the rooms: the standard library, and the desktop toolkit besides for the rooms that link it.
-set(VELMORA_STANDARD_HEADERS
-  <algorithm> <array> <charconv> <chrono> <cmath> <cstdint> <exception> <filesystem> <functional> <limits> <map>
-  <memory> <optional> <set> <span> <stdexcept> <string> <string_view> <tuple> <unordered_map> <utility> <variant>
-  <vector>)
-set(VELMORA_TOOLKIT_HEADERS
-  <QAbstractItemModel> <QApplication> <QComboBox> <QDialog> <QHeaderView> <QKeyEvent> <QLabel> <QLineEdit> <QPainter>
-  <QPushButton> <QString> <QStyledItemDelegate> <QTableView> <QTimer> <QVBoxLayout> <QWidget>)
-
-# velmora_precompile(<target> <links>): the target shares the precompiled header of its family, made at first use.
-function(velmora_precompile target)
-  if(NOT VELMORA_PRECOMPILE)
-    return()
-  endif()
-  set(family standard)
-  if("${ARGN}" MATCHES "Qt6::Widgets|velmora_qt")
-    set(family toolkit)
-  endif()
-  if(NOT TARGET velmora_${family}_headers)
-    file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/precompiled.cpp" CONTENT "// Holds a precompiled header.\n")
-    add_library(velmora_${family}_headers OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
-    target_link_libraries(velmora_${family}_headers PRIVATE velmora_flags)
-    target_precompile_headers(velmora_${family}_headers PRIVATE ${VELMORA_STANDARD_HEADERS})
-    if(family STREQUAL "toolkit")
-      find_package(Qt6 REQUIRED COMPONENTS Widgets)
-      target_link_libraries(velmora_toolkit_headers PRIVATE Qt6::Widgets)
-      target_precompile_headers(velmora_toolkit_headers PRIVATE ${VELMORA_TOOLKIT_HEADERS})
-    endif()
-  endif()
-  target_precompile_headers(${target} REUSE_FROM velmora_${family}_headers)
-endfunction()
 
 # The table of the picture: for each folder below src/velmora the rooms that it links.
 function(velmora_note_links folder)
@@ -95,7 +67,6 @@ function(velmora_room name)
   target_include_directories(${target} PUBLIC
     "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
   target_link_libraries(${target} PUBLIC ${room_LINKS} PRIVATE ${room_PRIVATE_LINKS} $<BUILD_INTERFACE:velmora_flags>)
-  velmora_precompile(${target} ${room_LINKS} ${room_PRIVATE_LINKS})
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} VELMORA_FOLDER "${room_FOLDER}")
   if(TARGET velmora_picture)
     add_dependencies(${target} velmora_picture)

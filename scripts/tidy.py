@@ -34,14 +34,20 @@ def units(build, wanted):
     """The .cpp files below the wanted folders of src/velmora, in parts of UNIT_SIZE that need the same flags."""
     seen, alike = set(), {}
     for entry in json.loads((build / "compile_commands.json").read_text(encoding="utf-8")):
-        file = Path(entry["directory"], entry["file"]).resolve()
-        if file in seen or not any(file.is_relative_to(SOURCES / folder) for folder in wanted):
-            continue
-        seen.add(file)
-        alike.setdefault(tuple(clang_flags(entry["command"])), []).append(file)
+        for file in sources(Path(entry["directory"], entry["file"]).resolve()):
+            if file not in seen and any(file.is_relative_to(SOURCES / folder) for folder in wanted):
+                seen.add(file)
+                alike.setdefault(tuple(clang_flags(entry["command"])), []).append(file)
     for flags, files in alike.items():
         for start in range(0, len(files), UNIT_SIZE):
             yield files[start : start + UNIT_SIZE], flags
+
+
+def sources(compiled):
+    """The file itself, or the sources that it includes where the build compiles several as one."""
+    if compiled.parent.name != "Unity":
+        return [compiled]
+    return [Path(line) for line in re.findall(r'^#include "(.+\.cpp)"$', compiled.read_text(encoding="utf-8"), re.M)]
 
 
 def clang_flags(command):

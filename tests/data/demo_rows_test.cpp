@@ -13,15 +13,15 @@
 namespace velmora::data {
 namespace {
 
-const runtime::Date now = runtime::Date::of(2026, 1, 15, 10, 0, 0);
+const runtime::Date demoNow = runtime::Date::of(2026, 1, 15, 10, 0, 0);
 
 /// One workshop for all tests: they only read it.
 class DemoRows : public ::testing::Test {
   protected:
     static void SetUpTestSuite() {
-        connection = sqlite::openDatabase(":memory:", {.clock = [] { return now; }});
+        connection = sqlite::openDatabase(":memory:", {.clock = [] { return demoNow; }});
         createDatabase(*connection);
-        fillDemo(*connection, now);
+        fillDemo(*connection, demoNow);
     }
     static void TearDownTestSuite() { connection.reset(); }
 

@@ -11,12 +11,12 @@
 namespace velmora::data {
 namespace {
 
-const runtime::Date now = runtime::Date::of(2026, 1, 15, 10, 0, 0);
+const runtime::Date madeAt = runtime::Date::of(2026, 1, 15, 10, 0, 0);
 
 class NewDatabaseOnEngine : public ::testing::Test {
   protected:
     std::unique_ptr<sql::Connection> connection =
-        sqlite::openDatabase(":memory:", {.clock = [] { return now; }, .catalog = "TALLER"});
+        sqlite::openDatabase(":memory:", {.clock = [] { return madeAt; }, .catalog = "TALLER"});
 
     void SetUp() override { createDatabase(*connection); }
 

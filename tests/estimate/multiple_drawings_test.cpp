@@ -274,7 +274,7 @@ TEST(VariableDrawingsTest, WhateverAFieldHoldsThePictureIsAPiece) {
 }
 
 /// Where the letters of a dimension come to lie on the smallest canvas, as wide as "Cubo 16,51".
-Box lettersOf(const Dimension& dimension, double pixel) {
+Box lettersOfMultiple(const Dimension& dimension, double pixel) {
     const auto [from, to] = lineOf(dimension);
     const double along = length(dimension);
     const Point direction{(to.x - from.x) / along, (to.y - from.y) / along};
@@ -300,15 +300,15 @@ TEST(MultipleDrawingsTest, LabelsKeepClearOfEachOtherAndOfTheMetal) {
         for (const MultipleMeasures& measures : {ordinaryDouble(), large, MultipleMeasures{}}) {
             SCOPED_TRACE(withHub ? "hub" : "disc");
             SCOPED_TRACE(measures.exterior.value_or(0));
-            expectLegible(drawMultiple(Rims::two, withHub, measures), lettersOf);
-            expectLegible(drawMultiple(Rims::three, withHub, measures), lettersOf);
+            expectLegible(drawMultiple(Rims::two, withHub, measures), lettersOfMultiple);
+            expectLegible(drawMultiple(Rims::three, withHub, measures), lettersOfMultiple);
         }
     }
 }
 
 TEST(VariableDrawingsTest, LabelsKeepClearOfEachOtherAndOfTheMetal) {
-    expectLegible(drawVariable(ordinaryVariable()), lettersOf);
-    expectLegible(drawVariable({}), lettersOf);
+    expectLegible(drawVariable(ordinaryVariable()), lettersOfMultiple);
+    expectLegible(drawVariable({}), lettersOfMultiple);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ using runtime::UCase;
 using session::Tipo;
 using ::testing::ElementsAreArray;
 
-long errorOf(const std::function<void()>& action) {
+long errorNumberOf(const std::function<void()>& action) {
     runtime::ErrorTrap trap;
     trap(action);
     return trap.failed() ? trap.error()->number() : 0;
@@ -101,7 +101,7 @@ TEST(StoredFields, EveryBoxIsOnTheFormAndIsStoredInOneColumn) {
     std::set<const TextBox*> seen;
     for (const StoredField& field : storedFields()) {
         if (const std::optional<TextField> box = boxOf(field.source)) {
-            EXPECT_EQ(errorOf([&] { seen.insert(&box->in(fields)); }), 0) << field.column;
+            EXPECT_EQ(errorNumberOf([&] { seen.insert(&box->in(fields)); }), 0) << field.column;
             EXPECT_EQ(columnOf(*box), field.column);
         }
     }
@@ -127,9 +127,9 @@ TEST(StoredFields, AFieldIsFoundByItsName) {
 }
 
 TEST(StoredFields, AFieldThatIsNotStoredIsAnError) {
-    EXPECT_EQ(errorOf([] { columnOf(measure::rackBody); }), runtime::invalidProcedureCall);
-    EXPECT_EQ(errorOf([] { columnOf(&FieldMap::cboFiltroHistorico); }), runtime::invalidProcedureCall);
-    EXPECT_EQ(errorOf([] { columnOf(&FieldMap::chkFormulas); }), runtime::invalidProcedureCall);
+    EXPECT_EQ(errorNumberOf([] { columnOf(measure::rackBody); }), runtime::invalidProcedureCall);
+    EXPECT_EQ(errorNumberOf([] { columnOf(&FieldMap::cboFiltroHistorico); }), runtime::invalidProcedureCall);
+    EXPECT_EQ(errorNumberOf([] { columnOf(&FieldMap::chkFormulas); }), runtime::invalidProcedureCall);
 }
 
 TEST(StoredFields, OnlyATextInABoxOfItsOwnIsFree) {
@@ -149,7 +149,7 @@ class PutPlainlyTest : public ::testing::Test {
     /// The number of the error, 0 when the value was put.
     long put(const FieldSource& source, const sql::Value& value) {
         const StoredField field{"", Tipo::text, source, nullptr, Load::plainly};
-        return errorOf([&] { putPlainly(field, fields, value); });
+        return errorNumberOf([&] { putPlainly(field, fields, value); });
     }
     screen::Form form{"form"};
     FieldMap fields{form};

@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::size_t longestInput = 4096;
 
-void run(const std::string& input) {
+void replay(const std::string& input) {
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
 }
 
@@ -101,13 +101,13 @@ int main(int argc, char** argv) {
         std::fputs("the corpus is empty\n", stderr);
         return 1;
     }
-    std::ranges::for_each(corpus, run);
+    std::ranges::for_each(corpus, replay);
     const std::string_view count = argv[2];
     long mutations = 0;
     std::from_chars(count.data(), count.data() + count.size(), mutations);
     Mutator mutator(corpus);
     for (; mutations > 0; --mutations) {
-        run(mutator.next());
+        replay(mutator.next());
     }
     return 0;
 }

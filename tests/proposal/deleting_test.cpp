@@ -210,11 +210,11 @@ TEST_F(DeletingMeanwhileTest, OneThatIsGoneIsNotSaidToBeDeleted) {
 }
 
 TEST_F(DeletingMeanwhileTest, TheWorkOfAnotherUserIsDeletedOnASecondYesAlone) {
-    const char* question =
+    const char* changedQuestion =
         "El presupuesto nº 1 ha sido modificado por otro usuario desde que se cargó.\r\n¿Desea eliminarlo de todos "
         "modos?";
     shop.database->execute("update DPI set DPI_Unidades=50");
-    EXPECT_THAT(refused({screen::Answer::no}), ElementsAre(question));
+    EXPECT_THAT(refused({screen::Answer::no}), ElementsAre(changedQuestion));
     EXPECT_EQ(shop.query("select count(*) from DPI"), "1");
     shop.screen.queue(screen::Answer::yes);
     shop.screen.queue(screen::Answer::yes);

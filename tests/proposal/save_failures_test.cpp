@@ -20,18 +20,18 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 /// The handle of the database that was opened first, for what only the engine itself can be told.
-sqlite3* opened = nullptr;
+sqlite3* openedFirst = nullptr;
 
 int remember(sqlite3* database, const char**, const void*) {
-    opened = opened == nullptr ? database : opened;
+    openedFirst = openedFirst == nullptr ? database : openedFirst;
     return SQLITE_OK;
 }
 
-/// While it lives, `opened` waits for a database.
+/// While it lives, `openedFirst` waits for a database.
 struct Watch {
     Watch() { EXPECT_EQ(sqlite3_auto_extension(reinterpret_cast<void (*)()>(&remember)), SQLITE_OK); }
     ~Watch() {
-        opened = nullptr;
+        openedFirst = nullptr;
         sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(&remember));
     }
     Watch(const Watch&) = delete;
@@ -130,7 +130,7 @@ TEST(SaveFailuresTest, AFullDiskIsRefusedWithItsReason) {
     TemporaryFolder folder;
     const Watch watch;
     ProposalWorkshop workshop(support::makeWorkshopDatabase(folder.file("taller.db")));
-    sqlite3* const database = opened;
+    sqlite3* const database = openedFirst;
     ASSERT_EQ(sqlite3_exec(database, "PRAGMA max_page_count = 1", nullptr, nullptr, nullptr), SQLITE_OK);
     enter(workshop);
     workshop.set("txtObservaciones", std::string(3900, 'x'));

@@ -238,7 +238,7 @@ TEST_F(GearFormTest, ClosingWithoutChoosingLeavesTheChosenGearAsItWas) {
 
 // --- Two users ----------------------------------------------------------------------------------------------------
 
-constexpr const char* gone = "Este engranaje ya no existe: otro usuario lo ha eliminado.";
+constexpr const char* gearGone = "Este engranaje ya no existe: otro usuario lo ha eliminado.";
 constexpr const char* takeAllTheSame =
     "Otro usuario ha cambiado este engranaje desde que se mostró.\r\n¿Desea elegirlo con sus valores de ahora?";
 
@@ -263,7 +263,7 @@ class GearsOfTwoUsersTest : public TwoUsersTest<frmENGVal> {
 TEST_F(GearsOfTwoUsersTest, AGearThatIsGoneIsNotChosenAndLeavesTheList) {
     another->execute("delete from ENG where ENG_Id=2");
     choose();
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(gone));
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(gearGone));
     EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::critical);
     EXPECT_EQ(nIdEngranaje, 0);
     EXPECT_FALSE(form().isUnloaded());

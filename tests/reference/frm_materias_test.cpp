@@ -14,7 +14,7 @@ using ::testing::StartsWith;
 constexpr const char* list =
     "SELECT PARDPI.*,ART.ART_COD,ART.ART_DES,ART.ART_ID FROM PARDPI LEFT JOIN ART ON PARDPI_ART = ART_ID order by "
     "PARDPI_id ";
-constexpr const char* saved = "Datos Gabados satisfactoriamente";
+constexpr const char* materialSaved = "Datos Gabados satisfactoriamente";
 constexpr const char* question =
     "Desea Burcar por Codigo de Articulo.\r\nSi contesta NO, la busqueda será por Nombre de articulo";
 
@@ -403,7 +403,7 @@ TEST_F(MaterialsFormTest, ANewMaterialBecomesTheCurrentOneAndTheLast) {
                             "INSERT INTO PARDPI (PARDPI_NOM,PARDPI_ART,PARDPI_MATP,PARDPI_HIERRO,PARDPI_DISCO,"
                             "PARDPI_CRE) VALUES (N'Pletina nueva',N'14',N'Acero F-114',1,0,1)",
                             list, "COMMIT"));
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(saved));
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(materialSaved));
     EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::none);
     EXPECT_EQ(text(materialId), "6");
     EXPECT_EQ(text(materialName), "Pletina nueva");
@@ -497,7 +497,7 @@ TEST_F(MaterialsFormTest, AFailureAtAnyStepOfANewMaterialLeavesTableAndEntry) {
     }
     press(fields().cmdGuardar);
     EXPECT_EQ(materials(), "6");
-    EXPECT_EQ(last(), saved);
+    EXPECT_EQ(last(), materialSaved);
 }
 
 TEST_F(MaterialsFormTest, WithNoMaterialAtAllThereIsNoneToChange) {
@@ -510,7 +510,7 @@ TEST_F(MaterialsFormTest, WithNoMaterialAtAllThereIsNoneToChange) {
     EXPECT_EQ(materials(), "0");
     typeNew("Primero", "R-F114");
     press(fields().cmdGuardar);
-    EXPECT_EQ(last(), saved);
+    EXPECT_EQ(last(), materialSaved);
     EXPECT_EQ(text(materialName), "Primero");
 }
 
@@ -630,8 +630,8 @@ TEST_F(MaterialsFormTest, ANumberThatTheListDoesNotHoldDeletesNothing) {
 
 // --- Two users ----------------------------------------------------------------------------------------------------
 
-constexpr const char* gone = "El material nº 2 ya no existe: otro usuario lo ha eliminado.";
-constexpr const char* writeOver =
+constexpr const char* materialGone = "El material nº 2 ya no existe: otro usuario lo ha eliminado.";
+constexpr const char* writeOverMaterial =
     "Otro usuario ha cambiado este material desde que se mostró.\r\n¿Desea grabar encima de sus cambios?";
 constexpr const char* deleteAllTheSame =
     "Otro usuario ha cambiado este material desde que se mostró.\r\n¿Desea eliminarlo de todos modos?";
@@ -661,7 +661,7 @@ TEST_F(MaterialsOfTwoUsersTest, AMaterialThatIsGoneIsNotSavedAndTheEntryStays) {
     show("Otro nombre");
     another->execute("delete from PARDPI where PARDPI_ID=2");
     press(fields().cmdGuardar);
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(std::string(gone) + "\r\nNo se ha grabado nada."));
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(std::string(materialGone) + "\r\nNo se ha grabado nada."));
     EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::critical);
     EXPECT_EQ(shop.screen.messages[0].title, "Accion Cancelada");
     EXPECT_EQ(text(materialId), "2");
@@ -675,7 +675,7 @@ TEST_F(MaterialsOfTwoUsersTest, AMaterialThatAnotherChangedIsWrittenOverAfterAYe
     another->execute("update PARDPI set PARDPI_MATP=N'Suyo' where PARDPI_ID=2");
     shop.screen.queue(Answer::yes);
     press(fields().cmdGuardar);
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, saved));
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOverMaterial, materialSaved));
     EXPECT_EQ(shop.screen.messages[0].icon, screen::Icon::exclamation);
     EXPECT_EQ(shop.screen.messages[0].buttons, screen::Buttons::yesNo);
     EXPECT_EQ(shop.screen.messages[0].defaultButton, 2);
@@ -690,7 +690,7 @@ TEST_F(MaterialsOfTwoUsersTest, OnNoTheOthersChangeAndTheOwnEntryStay) {
     press(fields().cmdGuardar);
     EXPECT_EQ(nameOf("2"), "Suyo");
     EXPECT_EQ(text(materialName), "Mio");
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver));
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOverMaterial));
     expectNoLock();
 }
 
@@ -700,7 +700,7 @@ TEST_F(MaterialsOfTwoUsersTest, WhileTheQuestionStandsTheOtherUserCanWrite) {
     whileAsked("update PARDPI set PARDPI_NOM=N'Suyo otra vez' where PARDPI_ID=2");
     shop.screen.queue(Answer::yes);
     press(fields().cmdGuardar);
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, saved)) << "asked once";
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOverMaterial, materialSaved)) << "asked once";
     EXPECT_EQ(nameOf("2"), "Mio");
 }
 
@@ -710,7 +710,8 @@ TEST_F(MaterialsOfTwoUsersTest, AMaterialThatGoesWhileTheQuestionStandsIsNotSave
     whileAsked("delete from PARDPI where PARDPI_ID=2");
     shop.screen.queue(Answer::yes);
     press(fields().cmdGuardar);
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, std::string(gone) + "\r\nNo se ha grabado nada."));
+    EXPECT_THAT(shop.screen.messageTexts(),
+                ElementsAre(writeOverMaterial, std::string(materialGone) + "\r\nNo se ha grabado nada."));
     EXPECT_EQ(text(materialName), "Mio");
 }
 
@@ -720,7 +721,7 @@ TEST_F(MaterialsOfTwoUsersTest, AMaterialThatAProposalTakesWhileTheQuestionStand
     whileAsked(proposalWithMaterialTwo);
     shop.screen.queue(Answer::yes);
     press(fields().cmdGuardar);
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOver, inUseNotChanged));
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(writeOverMaterial, inUseNotChanged));
     EXPECT_EQ(nameOf("2"), "Suyo");
     EXPECT_EQ(text(materialName), "Mio");
     expectNoLock();
@@ -741,7 +742,7 @@ TEST_F(MaterialsOfTwoUsersTest, ADeleteOfAMaterialThatIsGoneIsToldAndTheListRead
     another->execute("delete from PARDPI where PARDPI_ID=2");
     shop.screen.queue(Answer::yes);
     press(fields().cmdBorrar);
-    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(confirm, gone));
+    EXPECT_THAT(shop.screen.messageTexts(), ElementsAre(confirm, materialGone));
     EXPECT_THAT(shop.connection.logged("DELETE"), IsEmpty());
     EXPECT_EQ(fields().dbgFco.rowCount(), 4u);
     EXPECT_EQ(text(materialId), "1");
@@ -771,7 +772,7 @@ TEST_F(MaterialsOfTwoUsersTest, RowsThatCameAndWentDoNotTurnASaveOnToTheirNeighb
     another->execute("delete from PARDPI where PARDPI_ID=1");
     another->execute("insert into PARDPI (PARDPI_NOM,PARDPI_ART) values (N'De otro',11)");
     press(fields().cmdGuardar);
-    EXPECT_EQ(last(), saved);
+    EXPECT_EQ(last(), materialSaved);
     EXPECT_EQ(nameOf("2"), "Mio");
     EXPECT_EQ(nameOf("3"), "Tubo E355");
     EXPECT_EQ(nameOf("6"), "De otro");

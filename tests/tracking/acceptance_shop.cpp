@@ -22,7 +22,7 @@ std::string customer(const std::string& values) {
            values + ")";
 }
 
-const std::string rows[] = {
+const std::string shopRows[] = {
     article("11,N'R-114',N'Redondo F-114',2,6.165,0.95,1.4,1,1"),
     article("12,N'R-140',N'Redondo F-1140',2,6.2,1.02,1.5,2,1"),
     article("13,N'T-355',N'Tubo E355',4,6.165,1.45,2.1,2,1"),
@@ -121,7 +121,7 @@ void AnsweringScreen::processEvents() {
 
 void fillShop(sql::Connection& database) {
     data::createDatabase(database);
-    for (const std::string& row : rows) {
+    for (const std::string& row : shopRows) {
         database.execute(row);
     }
 }

@@ -12,16 +12,17 @@ namespace {
 constexpr const char* none = nullptr;
 
 /// A field of Text1 and its column of ENG; "0" for a measure that gears lack.
-struct Measure {
+struct GearMeasure {
     int field;
     const char* column;
 };
 
 /// In the order of the writes, each of which recalculates.
-constexpr std::array measures{
-    Measure{1, "eng_z"},  Measure{0, "eng_paso"}, Measure{8, none},      Measure{2, none},      Measure{7, "eng_d1"},
-    Measure{3, "eng_dp"}, Measure{4, "eng_di"},   Measure{15, "eng_de"}, Measure{16, "eng_dm"}, Measure{6, "eng_h"},
-    Measure{11, none},    Measure{17, "eng_a"},   Measure{9, "eng_b"},   Measure{5, none},      Measure{10, "eng_c"},
+constexpr std::array measuresOfGear{
+    GearMeasure{1, "eng_z"},   GearMeasure{0, "eng_paso"}, GearMeasure{8, none},     GearMeasure{2, none},
+    GearMeasure{7, "eng_d1"},  GearMeasure{3, "eng_dp"},   GearMeasure{4, "eng_di"}, GearMeasure{15, "eng_de"},
+    GearMeasure{16, "eng_dm"}, GearMeasure{6, "eng_h"},    GearMeasure{11, none},    GearMeasure{17, "eng_a"},
+    GearMeasure{9, "eng_b"},   GearMeasure{5, none},       GearMeasure{10, "eng_c"},
 };
 
 }  // namespace
@@ -32,7 +33,7 @@ void Gears::takeOver(std::int32_t nIdEngranaje) {
     if (row.eof()) {
         return;
     }
-    for (const Measure& measure : measures) {
+    for (const GearMeasure& measure : measuresOfGear) {
         if (measure.column == none) {
             f_.Text1(measure.field).setText("0");
         } else {

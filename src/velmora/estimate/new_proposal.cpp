@@ -31,7 +31,7 @@ constexpr bool hasBar(const data::ProductType& type) {
     return type.shape == data::ProductShape::rack;
 }
 
-constexpr std::array parts{
+constexpr std::array partsToReset{
     Part{.material = &FieldMap::rsMatDisco,
          .weight = cut::discWeight,
          .cost = money::discCost,
@@ -95,7 +95,7 @@ void NewProposal::typeChosen() {
 // Differs D-011: the material that a list shows gets its price. For most types its row is not moved to again, so that
 // the material would be priced at 0,00.
 void NewProposal::showPrices() {
-    for (const Part& part : parts) {
+    for (const Part& part : partsToReset) {
         const sql::Recordset* material = materialOf(f_, part);
         if (material != nullptr && part.belongsTo(f_.product())) {
             // Without a weight the prices do not change the totals, which keep their text.
@@ -107,7 +107,7 @@ void NewProposal::showPrices() {
 }
 
 void NewProposal::withdrawPrices() {
-    for (const Part& part : parts) {
+    for (const Part& part : partsToReset) {
         const sql::Recordset* material = materialOf(f_, part);
         if (material != nullptr && !part.belongsTo(f_.product()) && !weighs(part.weight)) {
             const TotalsOff off(f_, true);

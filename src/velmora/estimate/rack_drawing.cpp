@@ -39,7 +39,7 @@ constexpr double fewestPitchesShown = 4;
 constexpr double mostPitchesShown = 60;
 
 /// A rack that can be made.
-struct Rack {
+struct SolidRack {
     double pitch = 0;
     double toothHeight = 0;
     double height = 0;
@@ -66,9 +66,9 @@ double plausibleModule(const RackMeasures& measures) {
     return given(measures.height, ordinary::height).value_or(ordinary::module);
 }
 
-Rack plausibleRack(const RackMeasures& measures) {
+SolidRack plausibleRack(const RackMeasures& measures) {
     const double module = plausibleModule(measures);
-    Rack rack;
+    SolidRack rack;
     rack.pitch = within(module, measures.pitch, 10 * module).value_or(parts::pi * module);
     rack.toothHeight = within(0.3 * module, measures.toothHeight, 5 * module).value_or(ordinary::toothHeight * module);
     rack.height = within(1.1 * rack.toothHeight, measures.height, 1000 * rack.toothHeight)
@@ -79,7 +79,7 @@ Rack plausibleRack(const RackMeasures& measures) {
 }
 
 /// The upper edge over a length, from left to right: gaps and teeth with straight flanks.
-std::vector<Point> toothedEdge(const Rack& rack) {
+std::vector<Point> toothedEdge(const SolidRack& rack) {
     // The corners of a tooth of the basic profile, as fractions of the pitch from the middle of a gap to the next.
     constexpr double foot = 0.105;
     constexpr double tip = 0.366;
@@ -156,7 +156,7 @@ void drawBar(Drawing& drawing, const std::vector<Point>& edge, double left, doub
     }
 }
 
-void drawSide(Drawing& drawing, const Rack& rack, double row) {
+void drawSide(Drawing& drawing, const SolidRack& rack, double row) {
     const double length = rack.shownLength();
     const bool broken = length < rack.length;
     if (rack.hasTeethToTellApart()) {
@@ -170,14 +170,14 @@ void drawSide(Drawing& drawing, const Rack& rack, double row) {
     parts::line(drawing, {-reach, pitchLine}, {length + reach, pitchLine}, Pen::centre);
 }
 
-void drawEnd(Drawing& drawing, const Rack& rack, double left) {
+void drawEnd(Drawing& drawing, const SolidRack& rack, double left) {
     const double right = left + rack.shownWidth();
     drawBar(drawing, {{left, rack.height}, {right, rack.height}}, left, right, rack.shownWidth() < rack.width);
     parts::line(drawing, {left, rack.body()}, {right, rack.body()}, Pen::thin);
 }
 
 // Chosen C-341: "H grosor" repeats the height on the end view, as its field repeats the field of the height.
-void drawDimensions(Drawing& drawing, const Rack& rack, double end, double row) {
+void drawDimensions(Drawing& drawing, const SolidRack& rack, double end, double row) {
     const double length = rack.shownLength();
     const double right = end + rack.shownWidth();
     const double away = parts::firstRow * row;
@@ -193,7 +193,7 @@ void drawDimensions(Drawing& drawing, const Rack& rack, double end, double row) 
 }  // namespace
 
 screen::Drawing drawRack(const RackMeasures& measures) {
-    const Rack rack = plausibleRack(measures);
+    const SolidRack rack = plausibleRack(measures);
     const double between = parts::firstRow + parts::viewDistance;
     const double rowsWide = 2 * parts::firstRow + between + 1;
     const double rowsHigh = parts::firstRow + 4;

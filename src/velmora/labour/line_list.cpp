@@ -13,7 +13,7 @@ using runtime::CStr;
 namespace {
 
 /// By position in MoDpi, whose own columns come first; the last three are the names looked up by the statement.
-std::vector<screen::GridColumn> columns() {
+std::vector<screen::GridColumn> listColumns() {
     return {
         {.field = 0, .caption = "MoDpi_Id", .visible = false},
         {.field = 1, .caption = "MoDpi_Dpi", .visible = false},
@@ -46,7 +46,7 @@ void LineList::msCargarLineas(std::int32_t nIdDpi) {
         "from modpi where modpi_dpi=" +
         number);
     f_.DataGrid1.bind(*rsMo_);
-    f_.DataGrid1.setColumns(columns());
+    f_.DataGrid1.setColumns(listColumns());
     msCargarTotal(nIdDpi);
 }
 

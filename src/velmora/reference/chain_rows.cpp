@@ -19,36 +19,36 @@ using session::Written;
 
 namespace {
 
-constexpr const char* changedByAnother =
+constexpr const char* rowChangedByAnother =
     "Otro usuario ha cambiado este registro desde que se mostró.\r\n¿Desea grabar encima de sus cambios?";
-constexpr const char* goneWords = "Este registro ya no existe: otro usuario lo ha eliminado.\r\nNo se ha grabado nada.";
+constexpr const char* rowIsGone = "Este registro ya no existe: otro usuario lo ha eliminado.\r\nNo se ha grabado nada.";
 
 // Width of the grid's columns in twips.
-constexpr int columnWidth = 850;
+constexpr int chainColumnWidth = 850;
 constexpr int titleWidth = 2600;
 
 /// A field of Text1 and the column it is stored in.
-struct Stored {
+struct ChainColumn {
     int field;
     const char* column;
 };
 
 /// In the order of the write statement.
-constexpr std::array columns{
-    Stored{chainTeeth, "PDM_Z"},
-    Stored{chainDe, "PDM_De"},
-    Stored{chainDp, "PDM_Dp"},
-    Stored{chainDf, "PDM_Df"},
-    Stored{chainDm, "PDM_Dm"},
-    Stored{chainD2, "PDM_D2"},
-    Stored{chainA, "PDM_A"},
-    Stored{chainB1, "PDM_B1"},
-    Stored{chainB2, "PDM_B2"},
-    Stored{chainX, "PDM_X"},
-    Stored{chainPitch, "PDM_Paso"},
-    Stored{chainInnerWidth, "PDM_AC"},
-    Stored{chainRoller, "PDM_Rodillo"},
-    Stored{chainH1, "PDM_H1"},
+constexpr std::array chainColumns{
+    ChainColumn{chainTeeth, "PDM_Z"},
+    ChainColumn{chainDe, "PDM_De"},
+    ChainColumn{chainDp, "PDM_Dp"},
+    ChainColumn{chainDf, "PDM_Df"},
+    ChainColumn{chainDm, "PDM_Dm"},
+    ChainColumn{chainD2, "PDM_D2"},
+    ChainColumn{chainA, "PDM_A"},
+    ChainColumn{chainB1, "PDM_B1"},
+    ChainColumn{chainB2, "PDM_B2"},
+    ChainColumn{chainX, "PDM_X"},
+    ChainColumn{chainPitch, "PDM_Paso"},
+    ChainColumn{chainInnerWidth, "PDM_AC"},
+    ChainColumn{chainRoller, "PDM_Rodillo"},
+    ChainColumn{chainH1, "PDM_H1"},
 };
 
 /// A row written by other programs may contain nulls.
@@ -73,7 +73,7 @@ bool ChainRows::load() {
 }
 
 void ChainRows::shapeGrid() {
-    std::vector<screen::GridColumn> shaped = columnsWithoutPrefix(*rs_, "PDM_", columnWidth);
+    std::vector<screen::GridColumn> shaped = columnsWithoutPrefix(*rs_, "PDM_", chainColumnWidth);
     constexpr std::size_t title = 2;
     for (std::size_t i = 0; i < title; ++i) {
         shaped[i].visible = false;
@@ -95,7 +95,7 @@ void ChainRows::rs_MoveComplete() {
 void ChainRows::show() {
     const sql::Recordset& row = *rs_;
     const auto put = [&](int field, double value) { f_.Text1(field).setText(Format(value, valueMask)); };
-    for (const Stored& stored : columns) {
+    for (const ChainColumn& stored : chainColumns) {
         put(stored.field, numberOrZero(row[stored.column]));
     }
     // Kept K-163: X and Df are computed for display, whatever is stored. X is B2 − b1 here, but the gap between the
@@ -150,9 +150,9 @@ std::optional<std::string> ChainRows::update() {
                                                           [this](session::FieldList& campos) { addFields(campos); });
                                        return true;
                                    },
-                               .question = changedByAnother});
+                               .question = rowChangedByAnother});
     if (written == Written::closed) {
-        refuse(screen_, goneWords);
+        refuse(screen_, rowIsGone);
     }
     return written == Written::yes ? std::optional(id) : std::nullopt;
 }
@@ -162,7 +162,7 @@ void ChainRows::addFields(session::FieldList& campos) const {
     campos.Add(
         "PDM_Titulo", Tipo::text,
         "Piñon " + f_.cboDobles.text() + " Doble Z" + CStr(std::int64_t{runtime::CInt(f_.Text1(chainTeeth).text())}));
-    for (const Stored& stored : columns) {
+    for (const ChainColumn& stored : chainColumns) {
         campos.Add(stored.column, Tipo::number, f_.Text1(stored.field));
     }
 }

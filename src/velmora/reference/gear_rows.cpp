@@ -22,30 +22,36 @@ std::int32_t nIdEngranaje = 0;
 namespace {
 
 /// A field of Text1 and the column it is stored in.
-struct Stored {
+struct GearColumn {
     int field;
     const char* column;
 };
 
 /// The fields that search for rows.
 constexpr std::array filters{
-    Stored{gearModule, " And ENG_Modulo="},  Stored{gearTeeth, " And ENG_z="},
-    Stored{gearHubDiameter, " And ENG_DM="}, Stored{gearBore, " And ENG_D1="},
-    Stored{gearTotalWidth, " And ENG_A="},   Stored{gearFaceWidth, " And ENG_B="},
+    GearColumn{gearModule, " And ENG_Modulo="},  GearColumn{gearTeeth, " And ENG_z="},
+    GearColumn{gearHubDiameter, " And ENG_DM="}, GearColumn{gearBore, " And ENG_D1="},
+    GearColumn{gearTotalWidth, " And ENG_A="},   GearColumn{gearFaceWidth, " And ENG_B="},
 };
 
 constexpr std::array columnsBeforeC{
-    Stored{gearModule, "ENG_Modulo"},    Stored{gearTeeth, "ENG_Z"},          Stored{gearOutsideDiameter, "ENG_De"},
-    Stored{gearPitchDiameter, "ENG_Dp"}, Stored{gearInnerDiameter, "ENG_Di"}, Stored{gearHubDiameter, "ENG_Dm"},
-    Stored{gearBore, "ENG_D1"},          Stored{gearTotalWidth, "ENG_A"},     Stored{gearFaceWidth, "ENG_B"},
+    GearColumn{gearModule, "ENG_Modulo"},
+    GearColumn{gearTeeth, "ENG_Z"},
+    GearColumn{gearOutsideDiameter, "ENG_De"},
+    GearColumn{gearPitchDiameter, "ENG_Dp"},
+    GearColumn{gearInnerDiameter, "ENG_Di"},
+    GearColumn{gearHubDiameter, "ENG_Dm"},
+    GearColumn{gearBore, "ENG_D1"},
+    GearColumn{gearTotalWidth, "ENG_A"},
+    GearColumn{gearFaceWidth, "ENG_B"},
 };
 
-constexpr const char* changedByAnother =
+constexpr const char* gearChangedByAnother =
     "Otro usuario ha cambiado este engranaje desde que se mostró.\r\n¿Desea elegirlo con sus valores de ahora?";
 
 constexpr const char* select = "select * from eng where ENG_Tipo=";
 constexpr const char* noFamily = "-1";
-constexpr int columnWidth = 760;  ///< twips: all fourteen columns fit into the initial window
+constexpr int gearColumnWidth = 760;  ///< twips: all fourteen columns fit into the initial window
 
 }  // namespace
 
@@ -54,7 +60,7 @@ void GearRows::msFiltrarEngranajes(int Index) {
     if (CDbl(text) == 0) {
         return;
     }
-    const auto* filter = std::ranges::find(filters, Index, &Stored::field);
+    const auto* filter = std::ranges::find(filters, Index, &GearColumn::field);
     // Kept K-161: leaving any other field that holds a value, such as the pitch or H, empties the list. Required as it
     // is; it determines the statements.
     const std::string clause = filter == filters.end() ? noFamily
@@ -62,7 +68,7 @@ void GearRows::msFiltrarEngranajes(int Index) {
                                                              runtime::Replace(text, ",", ".");
     rs_ = session_.Connection().execute(select + clause);
     f_.dbgRs.bind(rs_);
-    std::vector<screen::GridColumn> columns = columnsWithoutPrefix(rs_, "ENG_", columnWidth);
+    std::vector<screen::GridColumn> columns = columnsWithoutPrefix(rs_, "ENG_", gearColumnWidth);
     // Chosen C-169: the button is in the first column and shows its value.
     columns.front().button = true;
     f_.dbgRs.setColumns(std::move(columns));
@@ -91,7 +97,7 @@ bool GearRows::isStillTheOne(const session::ShownRow& shown) {
             refuse(screen_, "Este engranaje ya no existe: otro usuario lo ha eliminado.");
             return false;
         case session::RowState::changed:
-            return screen_.show({.text = changedByAnother,
+            return screen_.show({.text = gearChangedByAnother,
                                  .icon = screen::Icon::exclamation,
                                  .buttons = screen::Buttons::yesNo,
                                  .defaultButton = 2}) == screen::Answer::yes;
@@ -125,7 +131,7 @@ bool GearRows::save() {
 
 void GearRows::addFields(session::FieldList& campos) const {
     campos.Add("ENG_Tipo", Tipo::number, f_.cboDobles.listIndex());
-    for (const Stored& stored : columnsBeforeC) {
+    for (const GearColumn& stored : columnsBeforeC) {
         campos.Add(stored.column, Tipo::number, f_.Text1(stored.field));
     }
     campos.Add("ENG_C", Tipo::number, std::max(0.0, CDbl(f_.Text1(gearHubWidth).text())));

@@ -9,7 +9,7 @@ namespace velmora::reference {
 namespace {
 
 /// By position in PARDPI, whose own columns come first; the last three are the article's.
-std::vector<screen::GridColumn> columns() {
+std::vector<screen::GridColumn> listColumns() {
     return {
         {.field = 0, .caption = "Codigo", .width = 900, .right = true},
         {.field = 1, .caption = "Descripcion", .width = 3000},
@@ -43,7 +43,7 @@ sql::Recordset MaterialList::open() {
 void MaterialList::show(sql::Recordset rows) {
     rsAlm_ = std::move(rows);
     f_.dbgFco.bind(*rsAlm_);
-    f_.dbgFco.setColumns(columns());
+    f_.dbgFco.setColumns(listColumns());
 }
 
 void MaterialList::msPintaCajas() {

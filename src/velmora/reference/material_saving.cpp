@@ -18,15 +18,15 @@ using session::Written;
 
 namespace {
 
-constexpr const char* cancelled = "Accion Cancelada";
+constexpr const char* savingCancelled = "Accion Cancelada";
 constexpr const char* usedAndNotChanged = "No es posible modificar un Indice de Material ya utilizado";
 constexpr const char* usedAndNotDeleted = "No es posible eliminar este material al estar utilizado en una propuesta.";
-constexpr const char* changedByAnother =
+constexpr const char* materialChangedByAnother =
     "Otro usuario ha cambiado este material desde que se mostró.\r\n¿Desea grabar encima de sus cambios?";
 constexpr const char* changedAndDeleted =
     "Otro usuario ha cambiado este material desde que se mostró.\r\n¿Desea eliminarlo de todos modos?";
 
-std::string goneWords(const std::string& number) {
+std::string materialIsGone(const std::string& number) {
     return "El material nº " + number + " ya no existe: otro usuario lo ha eliminado.";
 }
 
@@ -84,7 +84,7 @@ std::optional<sql::Recordset> MaterialSaving::update() {
     // it is; it determines the row written.
     const std::string id = list_.currentId();
     if (isInUse(id)) {
-        refuse(screen_, usedAndNotChanged, cancelled);
+        refuse(screen_, usedAndNotChanged, savingCancelled);
         return std::nullopt;
     }
     // Differs D-162: the material is read again in the transaction of its write: one that another user has deleted, or
@@ -95,7 +95,7 @@ std::optional<sql::Recordset> MaterialSaving::update() {
     const auto look = [&] {
         const RowState state = shown.state(session_.Connection());
         if (state == RowState::closed) {
-            reason = goneWords(id) + lineBreak + "No se ha grabado nada.";
+            reason = materialIsGone(id) + lineBreak + "No se ha grabado nada.";
             return state;
         }
         const bool inUse = isInUse(id);
@@ -107,10 +107,11 @@ std::optional<sql::Recordset> MaterialSaving::update() {
         rows = list_.open();
         return true;
     };
-    const Written written = session::writeChecked(session_.Connection(), screen_, clock_,
-                                                  {.look = look, .write = writeOver, .question = changedByAnother});
+    const Written written =
+        session::writeChecked(session_.Connection(), screen_, clock_,
+                              {.look = look, .write = writeOver, .question = materialChangedByAnother});
     if (written == Written::closed) {
-        refuse(screen_, reason, cancelled);
+        refuse(screen_, reason, savingCancelled);
     }
     return rows;
 }
@@ -167,7 +168,7 @@ void MaterialSaving::remove() {
 
 bool MaterialSaving::mayDelete(const std::string& number) {
     // Kept K-171: the displayed number is deleted, and its uses are counted by its text unchanged: for "NUEVO" the
-    // database reports an error, so a material being added must first be saved or cancelled.
+    // database reports an error, so a material being added must first be saved or savingCancelled.
     if (isUsedBeforeDeleting(number)) {
         refuse(screen_, usedAndNotDeleted);
         return false;
@@ -204,7 +205,7 @@ void MaterialSaving::removeCurrent(const std::string& number) {
     const Written written = session::writeChecked(session_.Connection(), screen_, clock_,
                                                   {.look = look, .write = deleteIt, .question = changedAndDeleted});
     if (written == Written::closed) {
-        refuse(screen_, gone ? goneWords(number) : usedAndNotDeleted);
+        refuse(screen_, gone ? materialIsGone(number) : usedAndNotDeleted);
     }
     if (written == Written::yes || gone) {
         list_.msCargarParametros();

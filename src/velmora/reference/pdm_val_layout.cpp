@@ -10,13 +10,13 @@ namespace lay = screen::layout;
 
 namespace {
 
-constexpr int valueWidth = 8;  ///< in digits
+constexpr int chainValueWidth = 8;  ///< in digits
 
-Layout entered(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, valueWidth).number();
+Layout chainEntered(std::string caption, screen::TextBox& box) {
+    return lay::field(std::move(caption), box, chainValueWidth).number();
 }
-Layout computed(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, valueWidth).number().as(Role::calculated);
+Layout chainComputed(std::string caption, screen::TextBox& box) {
+    return lay::field(std::move(caption), box, chainValueWidth).number().as(Role::calculated);
 }
 
 void writeFixedCaptions(ChainFields& f) {
@@ -30,22 +30,23 @@ void writeFixedCaptions(ChainFields& f) {
 Layout ofChain(ChainFields& f) {
     return lay::group(
         f.Frame1,
-        lay::column(lay::field("Tipo :", f.cboDobles),
-                    lay::grid(2,                                                                                 //
-                              entered("Paso :", f.Text1(chainPitch)), entered("b1 :", f.Text1(chainB1)),         //
-                              entered("Cadena :", f.Text1(chainInnerWidth)), entered("B2 :", f.Text1(chainB2)),  //
-                              entered("Rodillo :", f.Text1(chainRoller)), computed("X :", f.Text1(chainX)))));
+        lay::column(
+            lay::field("Tipo :", f.cboDobles),
+            lay::grid(2,                                                                                           //
+                      chainEntered("Paso :", f.Text1(chainPitch)), chainEntered("b1 :", f.Text1(chainB1)),         //
+                      chainEntered("Cadena :", f.Text1(chainInnerWidth)), chainEntered("B2 :", f.Text1(chainB2)),  //
+                      chainEntered("Rodillo :", f.Text1(chainRoller)), chainComputed("X :", f.Text1(chainX)))));
 }
 
 Layout ofTeeth(ChainFields& f) {
-    return lay::group(f.Frame2,
-                      lay::column(lay::row(entered("Z :", f.Text1(chainTeeth)), lay::space()),
-                                  lay::grid(3,  //
-                                            entered("De :", f.Text1(chainDe)), entered("Dm :", f.Text1(chainDm)),
-                                            entered("A :", f.Text1(chainA)),  //
-                                            entered("Dp :", f.Text1(chainDp)), entered("D2 :", f.Text1(chainD2)),
-                                            entered("H1 :", f.Text1(chainH1)),  //
-                                            computed("Df :", f.Text1(chainDf)), lay::gap(), lay::gap())));
+    return lay::group(
+        f.Frame2, lay::column(lay::row(chainEntered("Z :", f.Text1(chainTeeth)), lay::space()),
+                              lay::grid(3,  //
+                                        chainEntered("De :", f.Text1(chainDe)), chainEntered("Dm :", f.Text1(chainDm)),
+                                        chainEntered("A :", f.Text1(chainA)),  //
+                                        chainEntered("Dp :", f.Text1(chainDp)), chainEntered("D2 :", f.Text1(chainD2)),
+                                        chainEntered("H1 :", f.Text1(chainH1)),  //
+                                        chainComputed("Df :", f.Text1(chainDf)), lay::gap(), lay::gap())));
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ struct DetailColumn {
     Shown shown = Shown::value;
 };
 
-constexpr std::array columns{
+constexpr std::array detailColumns{
     DetailColumn{customerCode, "DPI_CodCliente"},
     DetailColumn{customerName, "DPI_NomCliente"},
     DetailColumn{customerReference, "DPI_RefCli", Shown::valueOrNothing},
@@ -41,7 +41,7 @@ struct MeasureColumn {
     const char* column;
 };
 
-constexpr std::array measures{
+constexpr std::array measureColumns{
     MeasureColumn{1, "DPI_Z"},   MeasureColumn{0, "DPI_pas"},     MeasureColumn{8, "DPI_ac"},
     MeasureColumn{7, "DPI_Eje"}, MeasureColumn{2, "DPI_rodillo"}, MeasureColumn{3, "DPI_modulo"},
 };
@@ -54,7 +54,7 @@ std::string textOf(const sql::Value& value, Shown shown) {
     return shown == Shown::dateOrNothing ? runtime::Format(value.toDate(), dateMask) : value.toText();
 }
 
-bool isDate(int Index) {
+bool isOrderDate(int Index) {
     return Index == orderDate || Index == deliveryDate;
 }
 
@@ -70,7 +70,7 @@ sql::Recordset copyOfCurrentRow(const sql::Recordset& rows) {
 }  // namespace
 
 bool isEdited(const TrackingFields& fields) {
-    return fields.shown.isOpen() && std::ranges::any_of(columns, [&](const DetailColumn& detail) {
+    return fields.shown.isOpen() && std::ranges::any_of(detailColumns, [&](const DetailColumn& detail) {
                return fields.txtPesu(detail.field).text() != textOf(fields.shown[detail.column], detail.shown);
            });
 }
@@ -83,7 +83,7 @@ void DetailPanel::rsDpi_MoveComplete() {
     // Chosen C-146: a copy of the row is kept when it is shown, so that an acceptance uses exactly the values that the
     // user saw, whatever happens to the list meanwhile.
     const sql::Recordset row = copyOfCurrentRow(*f_.rsDpi);
-    for (const DetailColumn& detail : columns) {
+    for (const DetailColumn& detail : detailColumns) {
         f_.txtPesu(detail.field).setText(textOf(row[detail.column], detail.shown));
     }
     f_.shown = row;
@@ -92,7 +92,7 @@ void DetailPanel::rsDpi_MoveComplete() {
 
 void DetailPanel::showMeasures(const sql::Recordset& row) {
     runtime::ErrorTrap trap;
-    for (const MeasureColumn& measure : measures) {
+    for (const MeasureColumn& measure : measureColumns) {
         // Kept K-124: a measure that the proposal lacks leaves the search field as it was, so the fields may show
         // measures of two proposals. Required as it is; the search by measures uses these fields.
         trap([&] { f_.Text1(measure.field).setText(row[measure.column].toText()); });
@@ -100,7 +100,7 @@ void DetailPanel::showMeasures(const sql::Recordset& row) {
 }
 
 void DetailPanel::txtPesu_KeyPress(int Index, screen::KeyPress& key) {
-    if (isDate(Index)) {
+    if (isOrderDate(Index)) {
         oUtil_.TeclaCampo(f_.txtPesu(Index), key, true);
     } else {
         screen_.processEvents();
@@ -108,7 +108,7 @@ void DetailPanel::txtPesu_KeyPress(int Index, screen::KeyPress& key) {
 }
 
 void DetailPanel::txtPesu_LostFocus(int Index) {
-    if (isDate(Index)) {
+    if (isOrderDate(Index)) {
         // Kept K-125: the panel shows dates with ten characters, so merely passing through the field clears it, and the
         // acceptance then stores no date. Required as it is; it determines stored dates.
         leaveDateField(oUtil_, f_.txtPesu(Index));

@@ -93,7 +93,7 @@ struct Measure {
     const char* clause;
 };
 
-constexpr std::array measures{
+constexpr std::array measureClauses{
     Measure{.field = 1, .clause = " DPI_Z = "},      Measure{.field = 0, .clause = " DPI_Pas = "},
     Measure{.field = 8, .clause = " DPI_ac = "},     Measure{.field = 2, .clause = " DPI_Rodillo = "},
     Measure{.field = 3, .clause = " DPI_Modulo = "}, Measure{.field = 7, .clause = " DPI_Eje = "},
@@ -124,7 +124,7 @@ std::string measuresCondition(const TrackingFields& f) {
     // Kept K-122: the list index is used unchanged, which is one above the stored type: "Todos los tipos" searches type
     // 0, "Piñon Especial" type 1. Required as it is; the statement is compared to the letter.
     std::string text = " WHERE Dpi_Tipo = " + runtime::CStr(std::int64_t{f.cboTipoPre.listIndex()}) + " " + join;
-    for (const Measure& measure : measures) {
+    for (const Measure& measure : measureClauses) {
         const std::string& value = f.Text1(measure.field).text();
         if (runtime::IsNumeric(value) && runtime::CDbl(value) != 0) {
             text += measure.clause + runtime::Replace(value, ",", ".") + " " + join;

@@ -62,7 +62,7 @@ Layout measure(std::string caption, screen::TextBox& box, std::string unit = {})
     return lay::field(std::move(caption), box, measureWidth).number().units(std::move(unit));
 }
 
-Layout measures(TrackingFields& f) {
+Layout measureSearch(TrackingFields& f) {
     return lay::group(f.fraMedidas,
                       lay::column(lay::grid(3,  //
                                             measure("Z", f.Text1(1)), measure("Paso", f.Text1(0), "mm"),
@@ -128,7 +128,7 @@ void passOverWhatIsShown(TrackingFields& f) {
 
 void frmSeguimiento::arrange() {
     writeFixedCaptions(f_);
-    setLayout(lay::column(lay::row(filters(f_), measures(f_), lay::space()), lay::plain(f_.dbgDPI).stretched(),
+    setLayout(lay::column(lay::row(filters(f_), measureSearch(f_), lay::space()), lay::plain(f_.dbgDPI).stretched(),
                           detail(f_), buttons(f_)));
     setTabOrder(orderOfWork(f_));
     passOverWhatIsShown(f_);

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::int16_t yes = -1;  // the language's True
 
-bool isDate(int Index) {
+bool isDateCriterion(int Index) {
     return Index == dateFrom || Index == dateTo;
 }
 
@@ -123,7 +123,7 @@ void frmSeguimiento::Form_KeyDown(screen::KeyDown& key) {
 
 void frmSeguimiento::txtCriterio_GotFocus(int Index) {
     TextBox& box = f_.txtCriterio(Index);
-    if (isDate(Index)) {
+    if (isDateCriterion(Index)) {
         // Only digits can be typed and parsed here, so the slashes are removed.
         box.setText(runtime::Replace(box.text(), "/", ""));
     }
@@ -131,7 +131,7 @@ void frmSeguimiento::txtCriterio_GotFocus(int Index) {
 }
 
 void frmSeguimiento::txtCriterio_LostFocus(int Index) {
-    if (isDate(Index)) {
+    if (isDateCriterion(Index)) {
         leaveDateField(oUtil_, f_.txtCriterio(Index));
     } else {
         oUtil_.SalirCampo(f_.txtCriterio(Index));

@@ -11,7 +11,7 @@ namespace velmora::tracking {
 namespace {
 
 /// The first columns of the statement.
-std::vector<screen::GridColumn> columns() {
+std::vector<screen::GridColumn> listColumns() {
     return {
         {.field = 0, .caption = "Tipo", .width = 1400},
         {.field = 1, .caption = "Presupuesto", .width = 1000, .mask = "000000", .button = true},
@@ -66,7 +66,7 @@ void ProposalList::put(sql::Recordset rows) {
     // Chosen C-121: the grid is bound before the panel is notified: a row that the panel cannot show raises an error,
     // but the list is shown.
     f_.dbgDPI.bind(rows);
-    f_.dbgDPI.setColumns(columns());
+    f_.dbgDPI.setColumns(listColumns());
     f_.dbgDPI.refresh();
     f_.rsDpi = std::move(rows);
 }

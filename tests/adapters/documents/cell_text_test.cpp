@@ -13,7 +13,7 @@ struct Row {
     std::string cell;
 };
 
-const std::string unknown = runtime::toUtf8(char32_t{0xFFFD});
+const std::string replacement = runtime::toUtf8(char32_t{0xFFFD});
 
 TEST(CellTextTest, HoldsWhatTheFormatHasAPlaceFor) {
     const Row rows[] = {
@@ -21,11 +21,11 @@ TEST(CellTextTest, HoldsWhatTheFormatHasAPlaceFor) {
         {"lines and tabs", "uno\r\ndos\rtres\tcuatro", "uno\ndos\ntres\tcuatro"},
         {"rare letters", "€ 漢 😀", "€ 漢 😀"},
         {"controls", "a\x01z\x1F\x0B\x7F.", "a z   ."},
-        {"U+FFFE", "a\xEF\xBF\xBEz", "a" + unknown + "z"},
-        {"U+FFFF", "a\xEF\xBF\xBFz", "a" + unknown + "z"},
-        {"U+1FFFE", "a\xF0\x9F\xBF\xBEz", "a" + unknown + "z"},
-        {"U+FDD0", "a\xEF\xB7\x90z", "a" + unknown + "z"},
-        {"U+FFFD stays", unknown, unknown},
+        {"U+FFFE", "a\xEF\xBF\xBEz", "a" + replacement + "z"},
+        {"U+FFFF", "a\xEF\xBF\xBFz", "a" + replacement + "z"},
+        {"U+1FFFE", "a\xF0\x9F\xBF\xBEz", "a" + replacement + "z"},
+        {"U+FDD0", "a\xEF\xB7\x90z", "a" + replacement + "z"},
+        {"U+FFFD stays", replacement, replacement},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(cellText(row.text), row.cell) << row.what;
@@ -36,7 +36,7 @@ TEST(CellTextTest, HoldsWhatTheFormatHasAPlaceFor) {
 TEST(CellTextTest, HalfOfAPairIsNoCharacter) {
     const std::string cell = cellText("a\xED\xA0\x80z");
     EXPECT_EQ(cell.find("\xED"), std::string::npos);
-    EXPECT_TRUE(cell.starts_with("a" + unknown)) << cell;
+    EXPECT_TRUE(cell.starts_with("a" + replacement)) << cell;
     EXPECT_TRUE(cell.ends_with("z"));
 }
 

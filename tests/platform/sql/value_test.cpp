@@ -12,7 +12,7 @@ namespace {
 using runtime::Date;
 
 template <typename Step>
-std::optional<long> errorOf(Step step) {
+std::optional<long> errorRaisedBy(Step step) {
     try {
         step();
     } catch (const runtime::RuntimeError& error) {
@@ -24,10 +24,10 @@ std::optional<long> errorOf(Step step) {
 TEST(Value, NullIsErrorNinetyFourWhereAValueIsNeeded) {
     const Value null;
     EXPECT_TRUE(null.isNull());
-    EXPECT_EQ(errorOf([&] { null.toDouble(); }), 94);
-    EXPECT_EQ(errorOf([&] { null.toLong(); }), 94);
-    EXPECT_EQ(errorOf([&] { null.toText(); }), 94);
-    EXPECT_EQ(errorOf([&] { null.toDate(); }), 94);
+    EXPECT_EQ(errorRaisedBy([&] { null.toDouble(); }), 94);
+    EXPECT_EQ(errorRaisedBy([&] { null.toLong(); }), 94);
+    EXPECT_EQ(errorRaisedBy([&] { null.toText(); }), 94);
+    EXPECT_EQ(errorRaisedBy([&] { null.toDate(); }), 94);
     EXPECT_FALSE(null.toBool());
 }
 
@@ -52,15 +52,15 @@ TEST(Value, WholeNumbersKeepTheirBounds) {
     EXPECT_EQ(whole.toText(), "38");
     EXPECT_TRUE(whole.toBool());
     EXPECT_EQ(Value(std::int64_t{-2147483648}).toLong(), -2147483647 - 1);
-    EXPECT_EQ(errorOf([] { Value(std::int64_t{2147483648}).toLong(); }), 6);
-    EXPECT_EQ(errorOf([] { Value(std::int64_t{-2147483649}).toLong(); }), 6);
+    EXPECT_EQ(errorRaisedBy([] { Value(std::int64_t{2147483648}).toLong(); }), 6);
+    EXPECT_EQ(errorRaisedBy([] { Value(std::int64_t{-2147483649}).toLong(); }), 6);
 }
 
 TEST(Value, NumbersConvertAsTheLanguageDoes) {
     EXPECT_EQ(Value(12.7).toText(), "12,7");
     EXPECT_EQ(Value(2.5).toLong(), 2);
     EXPECT_EQ(Value(3.5).toLong(), 4);
-    EXPECT_EQ(errorOf([] { Value(1e10).toLong(); }), 6);
+    EXPECT_EQ(errorRaisedBy([] { Value(1e10).toLong(); }), 6);
     EXPECT_EQ(Value(45292.5).toDate(), Date::of(2024, 1, 1, 12));
     EXPECT_FALSE(Value(0.0).toBool());
     EXPECT_TRUE(Value(-0.5).toBool());
@@ -73,10 +73,10 @@ TEST(Value, TextsAreReadByTheLocale) {
     EXPECT_EQ(Value("31/12/2024").toDate(), Date::of(2024, 12, 31));
     EXPECT_TRUE(Value("1").toBool());
     EXPECT_FALSE(Value("0").toBool());
-    EXPECT_EQ(errorOf([] { Value("abc").toDouble(); }), 13);
-    EXPECT_EQ(errorOf([] { Value("").toLong(); }), 13);
-    EXPECT_EQ(errorOf([] { Value("abc").toDate(); }), 13);
-    EXPECT_EQ(errorOf([] { Value("abc").toBool(); }), 13);
+    EXPECT_EQ(errorRaisedBy([] { Value("abc").toDouble(); }), 13);
+    EXPECT_EQ(errorRaisedBy([] { Value("").toLong(); }), 13);
+    EXPECT_EQ(errorRaisedBy([] { Value("abc").toDate(); }), 13);
+    EXPECT_EQ(errorRaisedBy([] { Value("abc").toBool(); }), 13);
 }
 
 TEST(Value, DatesHaveATextAndANumber) {
@@ -90,11 +90,11 @@ TEST(Value, DatesHaveATextAndANumber) {
 
 TEST(Value, BinaryConvertsToNothing) {
     const Value bytes(Bytes{std::byte{1}});
-    EXPECT_EQ(errorOf([&] { bytes.toDouble(); }), 13);
-    EXPECT_EQ(errorOf([&] { bytes.toLong(); }), 13);
-    EXPECT_EQ(errorOf([&] { bytes.toText(); }), 13);
-    EXPECT_EQ(errorOf([&] { bytes.toDate(); }), 13);
-    EXPECT_EQ(errorOf([&] { bytes.toBool(); }), 13);
+    EXPECT_EQ(errorRaisedBy([&] { bytes.toDouble(); }), 13);
+    EXPECT_EQ(errorRaisedBy([&] { bytes.toLong(); }), 13);
+    EXPECT_EQ(errorRaisedBy([&] { bytes.toText(); }), 13);
+    EXPECT_EQ(errorRaisedBy([&] { bytes.toDate(); }), 13);
+    EXPECT_EQ(errorRaisedBy([&] { bytes.toBool(); }), 13);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ PixelSize tenALetter(const std::string& text) {
 }
 const MeasureText measure = tenALetter;
 
-Drawing box(double width, double height) {
+Drawing boxOf(double width, double height) {
     Drawing drawing;
     drawing.shapes.emplace_back(Path{.points = {{0, 0}, {width, 0}, {width, height}, {0, height}}, .closed = true});
     return drawing;
@@ -48,7 +48,7 @@ PixelRect boundsOf(const PlannedPath& path) {
 
 TEST(SketchPlanTest, ThePieceFillsTheCanvasLessItsMarginAndKeepsItsProportions) {
     for (const double size : {0.5, 1.0, 3.0}) {
-        const PixelRect piece = boundsOf(all<PlannedPath>(plan(box(200 * size, 100 * size))).front());
+        const PixelRect piece = boundsOf(all<PlannedPath>(plan(boxOf(200 * size, 100 * size))).front());
         EXPECT_NEAR(piece.width, 400, 2) << size;
         EXPECT_NEAR(piece.height, 200, 2) << size;
         EXPECT_NEAR(piece.centre().x, 210, 1) << size;
@@ -57,17 +57,17 @@ TEST(SketchPlanTest, ThePieceFillsTheCanvasLessItsMarginAndKeepsItsProportions) 
 }
 
 TEST(SketchPlanTest, ATinyPieceIsNotBlownUpWithoutBound) {
-    EXPECT_NEAR(boundsOf(all<PlannedPath>(plan(box(2, 1))).front()).width, 24, 0.1);
+    EXPECT_NEAR(boundsOf(all<PlannedPath>(plan(boxOf(2, 1))).front()).width, 24, 0.1);
 }
 
 TEST(SketchPlanTest, YGoesUp) {
-    Drawing drawing = box(100, 100);
+    Drawing drawing = boxOf(100, 100);
     drawing.shapes.emplace_back(Circle{{50, 90}, 5});
     EXPECT_LT(all<PlannedCircle>(plan(drawing)).front().centre.y, canvas.centre().y);
 }
 
 TEST(SketchPlanTest, ADimensionWhoseLabelIsMissingIsLeftOutAndTakesNoRoom) {
-    Drawing drawing = box(100, 50);
+    Drawing drawing = boxOf(100, 50);
     const PixelRect alone = boundsOf(all<PlannedPath>(plan(drawing)).front());
     drawing.shapes.emplace_back(Dimension{{0, 50}, {100, 50}, 20, 3});
     EXPECT_TRUE(all<PlannedDimension>(plan(drawing)).empty());
@@ -80,7 +80,7 @@ TEST(SketchPlanTest, ADimensionWhoseLabelIsMissingIsLeftOutAndTakesNoRoom) {
 TEST(SketchPlanTest, DimensionsComeLastWhereverTheyStandInTheDrawing) {
     Drawing drawing;
     drawing.shapes.emplace_back(Dimension{{0, 50}, {100, 50}, 20, -1, "b"});
-    drawing.shapes.emplace_back(box(100, 50).shapes.front());
+    drawing.shapes.emplace_back(boxOf(100, 50).shapes.front());
     const SketchPlan planned = plan(drawing);
     ASSERT_EQ(planned.shapes.size(), 2U);
     EXPECT_TRUE(std::holds_alternative<PlannedPath>(planned.shapes[0]));
@@ -88,7 +88,7 @@ TEST(SketchPlanTest, DimensionsComeLastWhereverTheyStandInTheDrawing) {
 }
 
 TEST(SketchPlanTest, ADimensionHasExtensionLinesWhereItStandsOffThePiece) {
-    Drawing drawing = box(100, 50);
+    Drawing drawing = boxOf(100, 50);
     drawing.shapes.emplace_back(Dimension{{0, 50}, {100, 50}, 20, -1, "b"});
     drawing.shapes.emplace_back(Dimension{{0, 0}, {100, 0}, 0, -1, "b"});
     const auto dimensions = all<PlannedDimension>(plan(drawing));
@@ -98,7 +98,7 @@ TEST(SketchPlanTest, ADimensionHasExtensionLinesWhereItStandsOffThePiece) {
 }
 
 TEST(SketchPlanTest, ArrowsPointOutwardsFromWithinOrInwardsFromOutside) {
-    Drawing drawing = box(100, 50);
+    Drawing drawing = boxOf(100, 50);
     drawing.shapes.emplace_back(Dimension{{0, 50}, {100, 50}, 20, -1, "b"});
     drawing.shapes.emplace_back(Dimension{{40, 0}, {42, 0}, -20, -1, "c"});
     const auto dimensions = all<PlannedDimension>(plan(drawing));
@@ -108,7 +108,7 @@ TEST(SketchPlanTest, ArrowsPointOutwardsFromWithinOrInwardsFromOutside) {
 }
 
 TEST(SketchPlanTest, EveryTextStaysOnTheCanvas) {
-    Drawing drawing = box(10, 60);
+    Drawing drawing = boxOf(10, 60);
     drawing.shapes.emplace_back(Dimension{{10, 60}, {10, 0}, 5, 0});
     drawing.shapes.emplace_back(Dimension{{0, 60}, {10, 60}, 5, 1});
     const PixelRect small{.left = 0, .top = 0, .width = 300, .height = 260};

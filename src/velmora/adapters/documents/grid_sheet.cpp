@@ -19,7 +19,7 @@ namespace {
 constexpr int leastPixels = 24;
 // Chosen C-277: a column is at most 80 digits wide, so that a long text does not push the other columns out of view.
 constexpr int mostPixels = 565;
-constexpr int cellPadding = 8;     ///< pixels: both sides and the line between two cells
+constexpr int columnPadding = 8;   ///< pixels: both sides and the line between two cells
 constexpr int filterButton = 20;   ///< pixels, added to each caption
 constexpr double boldness = 1.15;  ///< width of bold letters relative to plain ones
 /// The longest display of a number without a format, whatever its number of digits.
@@ -141,7 +141,7 @@ void GridSheet::beginSheet() {
 void GridSheet::endSheet() {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         const auto at = static_cast<lxw_col_t>(i);
-        const int pixels = std::clamp(columns_[i].room.pixels + cellPadding, leastPixels, mostPixels);
+        const int pixels = std::clamp(columns_[i].room.pixels + columnPadding, leastPixels, mostPixels);
         book_.check(worksheet_set_column_pixels(sheet_, at, at, static_cast<std::uint32_t>(pixels), nullptr));
     }
     if (!columns_.empty()) {

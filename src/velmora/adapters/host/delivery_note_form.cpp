@@ -19,23 +19,17 @@ constexpr std::array noteFields{
     RecordField{.column = "CAC_FECHA", .caption = "Fecha", .width = 12, .mask = "dd/mm/yyyy"},
 };
 
-constexpr const char* measure = "#,##0.00";
-
 std::vector<screen::GridColumn> lineColumns(const std::string& priceMask) {
     return {
         {.field = 0, .caption = "Articulo", .width = 1600},
         {.field = 1, .caption = "Descripción", .width = 3600},
-        {.field = 2, .caption = "Ancho (mm)", .width = 1000, .mask = measure, .right = true},
-        {.field = 3, .caption = "Espesor (mm)", .width = 1000, .mask = measure, .right = true},
-        {.field = 4, .caption = "Ø Ext (mm)", .width = 1000, .mask = measure, .right = true},
-        {.field = 5, .caption = "Ø Int (mm)", .width = 1000, .mask = measure, .right = true},
-        {.field = 6, .caption = "Largo (mm)", .width = 1100, .mask = measure, .right = true},
+        {.field = 2, .caption = "Ancho (mm)", .width = 1000, .mask = measureMask, .right = true},
+        {.field = 3, .caption = "Espesor (mm)", .width = 1000, .mask = measureMask, .right = true},
+        {.field = 4, .caption = "Ø Ext (mm)", .width = 1000, .mask = measureMask, .right = true},
+        {.field = 5, .caption = "Ø Int (mm)", .width = 1000, .mask = measureMask, .right = true},
+        {.field = 6, .caption = "Largo (mm)", .width = 1100, .mask = measureMask, .right = true},
         {.field = 7, .caption = "Precio (€)", .width = 1200, .mask = priceMask, .right = true},
     };
-}
-
-std::string text(std::int32_t number) {
-    return runtime::CStr(std::int64_t{number});
 }
 
 }  // namespace
@@ -62,7 +56,7 @@ void DeliveryNoteForm::arrange() {
 }
 
 bool DeliveryNoteForm::load(std::int32_t id) {
-    const sql::Recordset note = session_.Connection().execute("SELECT * FROM CAC where CAC_ID = " + text(id));
+    const sql::Recordset note = session_.Connection().execute("SELECT * FROM CAC where CAC_ID = " + numberText(id));
     if (!note.hasRows()) {
         return false;
     }
@@ -78,7 +72,7 @@ void DeliveryNoteForm::loadLines(std::int32_t id) {
     dbgLineas_.bind(session_.Connection().execute(
         "SELECT LAC_CODART,(select max(ART_DES) from ART where ART_COD = LAC_CODART) as Descripcion,LAC_ANCHO,"
         "LAC_ESPESOR,LAC_DEXTERIOR,LAC_DINTERIOR,LAC_LARGO,LAC_PRECIO FROM LAC where LAC_IDCAC = " +
-        text(id)));
+        numberText(id)));
     dbgLineas_.setColumns(lineColumns(session::purchasePriceMask(session_)));
 }
 

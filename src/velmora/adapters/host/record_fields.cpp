@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/screen/data_grid.h"
 
 namespace velmora::host {
@@ -19,6 +20,10 @@ bool isNumber(const RecordField& field) {
 }
 
 }  // namespace
+
+std::string numberText(std::int32_t number) {
+    return runtime::CStr(std::int64_t{number});
+}
 
 void showRecord(const Boxes& boxes, std::span<const RecordField> fields, const sql::Recordset& row) {
     for (int i = 0; i < static_cast<int>(fields.size()); ++i) {

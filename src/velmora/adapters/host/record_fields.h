@@ -1,7 +1,9 @@
 #pragma once
 // The columns of one row, shown in read-only text boxes.
 
+#include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "velmora/platform/screen/control_array.h"
@@ -18,6 +20,12 @@ struct RecordField {
     const char* mask = "";
     const char* unit = "";
 };
+
+/// Lengths in mm, in the lists of both forms.
+inline constexpr const char* measureMask = "#,##0.00";
+
+/// A number as it stands in a statement or a caption.
+std::string numberText(std::int32_t number);
 
 using Boxes = screen::ControlArray<screen::TextBox>;
 

@@ -35,10 +35,9 @@ constexpr std::array orderFields{
 };
 
 constexpr int measureWidth = 8;
-constexpr const char* measure = "#,##0.00";
 
 constexpr RecordField measured(const char* column, const char* caption) {
-    return {.column = column, .caption = caption, .width = measureWidth, .mask = measure};
+    return {.column = column, .caption = caption, .width = measureWidth, .mask = measureMask};
 }
 
 constexpr std::array sprocketFields{
@@ -69,15 +68,15 @@ std::vector<screen::GridColumn> materialColumns() {
     return {
         {.field = 0, .caption = "Articulo", .width = 1500},
         {.field = 1, .caption = "Descripción", .width = 3200},
-        {.field = 2, .caption = "Ø Ext", .width = 900, .mask = measure, .right = true},
-        {.field = 3, .caption = "Ø Int", .width = 900, .mask = measure, .right = true},
-        {.field = 4, .caption = "Ancho", .width = 900, .mask = measure, .right = true},
-        {.field = 5, .caption = "Espesor", .width = 900, .mask = measure, .right = true},
-        {.field = 6, .caption = "Largo", .width = 1000, .mask = measure, .right = true},
+        {.field = 2, .caption = "Ø Ext", .width = 900, .mask = measureMask, .right = true},
+        {.field = 3, .caption = "Ø Int", .width = 900, .mask = measureMask, .right = true},
+        {.field = 4, .caption = "Ancho", .width = 900, .mask = measureMask, .right = true},
+        {.field = 5, .caption = "Espesor", .width = 900, .mask = measureMask, .right = true},
+        {.field = 6, .caption = "Largo", .width = 1000, .mask = measureMask, .right = true},
         {.field = 7, .caption = "Piezas", .width = 800, .right = true},
         {.field = 8, .caption = "Cortes", .width = 800, .mask = whole, .right = true},
-        {.field = 9, .caption = "Ø Corte", .width = 900, .mask = measure, .right = true},
-        {.field = 10, .caption = "Largo Corte", .width = 1100, .mask = measure, .right = true},
+        {.field = 9, .caption = "Ø Corte", .width = 900, .mask = measureMask, .right = true},
+        {.field = 10, .caption = "Largo Corte", .width = 1100, .mask = measureMask, .right = true},
     };
 }
 
@@ -89,10 +88,6 @@ std::vector<screen::GridColumn> routeColumns() {
         {.field = 3, .caption = "Horas", .width = 900, .mask = "#,##0.00", .right = true},
         {.field = 4, .caption = "Cola", .width = 700, .right = true},
     };
-}
-
-std::string text(std::int32_t number) {
-    return runtime::CStr(std::int64_t{number});
 }
 
 screen::Layout sprocket(const Boxes& boxes) {
@@ -133,12 +128,12 @@ void WorkOrderForm::arrange() {
 }
 
 bool WorkOrderForm::load(std::int32_t number) {
-    const sql::Recordset order = connection_.execute("SELECT * FROM ORDEN where ORDEN_NUM = " + text(number));
+    const sql::Recordset order = connection_.execute("SELECT * FROM ORDEN where ORDEN_NUM = " + numberText(number));
     if (!order.hasRows()) {
         return false;
     }
     showRecord(txtOrden_, orderFields, order);
-    setCaption("Orden de Trabajo nº " + text(number));
+    setCaption("Orden de Trabajo nº " + numberText(number));
     const std::int32_t id = order["ORDEN_ID"].toLong();
     loadMeasures(id);
     loadMaterial(number);
@@ -147,7 +142,8 @@ bool WorkOrderForm::load(std::int32_t number) {
 }
 
 void WorkOrderForm::loadMeasures(std::int32_t order) {
-    const sql::Recordset measures = connection_.execute("SELECT * FROM OrdPiñones where Opi_OrdId = " + text(order));
+    const sql::Recordset measures =
+        connection_.execute("SELECT * FROM OrdPiñones where Opi_OrdId = " + numberText(order));
     showRecord(txtPiñon_, sprocketFields, measures);
     fraPiñon_.setVisible(measures.hasRows());
 }
@@ -156,7 +152,7 @@ void WorkOrderForm::loadMaterial(std::int32_t number) {
     dbgMaterial_.bind(
         connection_.execute("SELECT Mat_Art,Mat_Des,Mat_Dex,Mat_Din,Mat_Anc,Mat_Esp,Mat_Lar,Mat_Uni,MAT_UdCorte,"
                             "MAT_DmCorte,MAT_LargoCorte FROM Mat where Mat_Ord = " +
-                            text(number)));
+                            numberText(number)));
     dbgMaterial_.setColumns(materialColumns());
 }
 
@@ -164,7 +160,7 @@ void WorkOrderForm::loadRoute(std::int32_t order) {
     dbgRuta_.bind(
         connection_.execute("SELECT RUT_pos,RUT_Maq,MAQ_NOM,RUT_Estimado,RUT_Mpos FROM RUT left join MAQ on RUT_Maq = "
                             "MAQ_ID where RUT_IdOrden = " +
-                            text(order) + " order by RUT_pos"));
+                            numberText(order) + " order by RUT_pos"));
     dbgRuta_.setColumns(routeColumns());
 }
 

@@ -47,7 +47,7 @@ GridView::GridView(ViewHost& host, screen::DataGrid& grid, const screen::Layout&
       table_(new GridTable(layout.lines, box_)),
       count_(new QLabel(box_)),
       model_(new GridModel(
-          grid, [this](std::exception_ptr error) { this->host().reportLater(error); }, this)) {
+          grid, [this](const std::exception_ptr& error) { this->host().reportLater(error); }, this)) {
     auto* column = new QVBoxLayout(box_);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);

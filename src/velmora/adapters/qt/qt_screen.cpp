@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <utility>
 
 #include "velmora/adapters/qt/form_window.h"
 #include "velmora/adapters/qt/message_dialog.h"
@@ -134,7 +135,7 @@ void QtScreen::actionEnded() {
 }
 
 void QtScreen::showError(std::exception_ptr error) {
-    show(toolkit::errorBox(error));
+    show(toolkit::errorBox(std::move(error)));
 }
 
 }  // namespace velmora::qt

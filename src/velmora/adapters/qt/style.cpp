@@ -156,9 +156,8 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
         case SH_ComboBox_Popup:
         case SH_MessageBox_CenterButtons:
         case SH_EtchDisabledText:
+        case SH_DialogButtonLayout:  // affirmative first: Sí, No, Cancelar
             return 0;
-        case SH_DialogButtonLayout:
-            return 0;  // affirmative first: Sí, No, Cancelar
         case SH_UnderlineShortcut:
             return 1;
         default:

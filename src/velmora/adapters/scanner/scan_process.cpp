@@ -11,7 +11,7 @@ namespace {
 
 constexpr long fileNotFound = 53;
 constexpr long deviceError = 57;
-constexpr int pollInterval = 40;  // milliseconds
+constexpr int waitForOutput = 40;  // milliseconds
 
 /// The running process; it never outlives the operation that started it.
 class Running {
@@ -42,7 +42,7 @@ class Running {
 
     /// Its output since the last call, after a short wait; nullopt when it has ended and everything has been read.
     std::optional<QByteArray> read() {
-        process_.waitForReadyRead(pollInterval);
+        process_.waitForReadyRead(waitForOutput);
         QByteArray piece = process_.readAllStandardOutput();
         return piece.isEmpty() && process_.state() == QProcess::NotRunning ? std::nullopt
                                                                            : std::optional(std::move(piece));

@@ -40,12 +40,16 @@ std::string contentOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+[[noreturn]] void refuse(const std::string& path, const std::string& statement, const sql::DbError& error) {
+    throw NoDatabase(path + ": " + error.description() + "\n" + statement);
+}
+
 void runFile(sql::Connection& connection, const std::string& path) {
     for (const std::string& statement : data::statementsOfLines(contentOf(path))) {
         try {
             connection.execute(statement);
         } catch (const sql::DbError& e) {
-            throw NoDatabase(path + ": " + e.description() + "\n" + statement);
+            refuse(path, statement, e);
         }
     }
 }

@@ -26,7 +26,7 @@ bool beginsWithCaption(const Layout& node) {
 }
 
 /// Position of a child in the grid.
-struct Place {
+struct CellPlace {
     int row = 0;
     int column = 0;  ///< the first of its three
     int span = parts;
@@ -44,7 +44,7 @@ class GridPlanner {
     LayoutPlan plan() {
         int index = 0;
         for (const Layout& child : node_.children) {
-            const Place place{
+            const CellPlace place{
                 .row = index / columns_, .column = index % columns_ * parts, .span = columns_ == 1 ? parts + 1 : parts};
             ++index;
             stretch(child, place);
@@ -55,7 +55,7 @@ class GridPlanner {
     }
 
   private:
-    void stretch(const Layout& child, const Place& place) {
+    void stretch(const Layout& child, const CellPlace& place) {
         if (child.kind == Kind::space || growsDownward(child)) {
             grid_.rowStretch[static_cast<std::size_t>(place.row)] = std::max(child.stretch, 1);
         }
@@ -77,7 +77,7 @@ class GridPlanner {
         }
     }
 
-    void add(const Layout& child, const Place& place) {
+    void add(const Layout& child, const CellPlace& place) {
         if (child.kind == Kind::space) {
             return;
         }
@@ -92,7 +92,7 @@ class GridPlanner {
         }
     }
 
-    void addField(const Layout& field, const Place& place) {
+    void addField(const Layout& field, const CellPlace& place) {
         if (!hasCaption(field) && (speaksForItself(field) || growsDownward(field))) {
             put(controlCell(field), place.row, place.column, place.span);
             return;
@@ -110,7 +110,7 @@ class GridPlanner {
     }
 
     // In a row that begins with a captioned field, that caption is aligned with those above and below.
-    void addRow(const Layout& row, const Place& place) {
+    void addRow(const Layout& row, const CellPlace& place) {
         const Layout& first = row.children.front();
         putCaption(first, place);
         LayoutPlan rest{.kind = Part::box, .horizontal = true};
@@ -131,7 +131,7 @@ class GridPlanner {
 
     // Fields that share a place keep the columns of their grid: captions share one cell, controls the next, units the
     // last.
-    void addTurns(const Layout& turns, const Place& place) {
+    void addTurns(const Layout& turns, const CellPlace& place) {
         LayoutPlan captions{.kind = Part::turns, .node = &turns};
         LayoutPlan controls = captions;
         LayoutPlan units = captions;
@@ -151,7 +151,7 @@ class GridPlanner {
         put({.part = std::move(units)}, place.row, place.column + 2, 1);
     }
 
-    void putCaption(const Layout& field, const Place& place) {
+    void putCaption(const Layout& field, const CellPlace& place) {
         PlanCell caption = captionCell(field);
         caption.indented = place.column > 0;
         put(std::move(caption), place.row, place.column, 1);

@@ -5,7 +5,7 @@ namespace velmora::toolkit {
 namespace {
 
 /// The part of a line that remains after clipping, from 0 at its start to 1 at its end.
-struct Part {
+struct Clipped {
     double from = 0;
     double to = 1;
 
@@ -28,7 +28,7 @@ struct Part {
 
 bool meets(const PixelLine& line, const PixelRect& rect) {
     const PixelPoint extent = line.to - line.from;
-    Part inside;
+    Clipped inside;
     inside.cut(line.from.x, extent.x, rect.left, rect.right());
     inside.cut(line.from.y, extent.y, rect.top, rect.bottom());
     return inside.from <= inside.to;

@@ -189,9 +189,10 @@ SketchPlan planSketch(const Drawing& drawing, const LabelTexts& labels, const Pi
 std::vector<PixelLine> hatchLines(const PixelRect& bounds) {
     std::vector<PixelLine> lines;
     const double height = bounds.height;
-    const double first =
-        std::floor((bounds.left - height - bounds.bottom()) / hatchSpacing) * hatchSpacing + bounds.bottom();
-    for (double x = first; x < bounds.right(); x += hatchSpacing) {
+    const double first = std::floor((bounds.left - height - bounds.bottom()) / hatchSpacing);
+    const double last = std::ceil((bounds.right() - bounds.bottom()) / hatchSpacing);
+    for (int i = 0; first + i < last; ++i) {
+        const double x = (first + i) * hatchSpacing + bounds.bottom();
         lines.push_back({{x, bounds.bottom()}, {x + height, bounds.top}});
     }
     return lines;
