@@ -13,11 +13,11 @@ class OnTheServer final : public DatabaseUnderTest {
     std::unique_ptr<sql::Connection> connect() override { return odbc::openDatabase(*testServer()); }
 };
 
-const EngineUnderTest server{.name = "Server", .make = [] { return std::make_unique<OnTheServer>(); }};
+const EngineUnderTest serverUnderTest{.name = "Server", .make = [] { return std::make_unique<OnTheServer>(); }};
 
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(Odbc, ConnectionContract, testing::Values(server), nameOf);
-INSTANTIATE_TEST_SUITE_P(Odbc, SharedDatabaseContract, testing::Values(server), nameOf);
+INSTANTIATE_TEST_SUITE_P(Odbc, ConnectionContract, testing::Values(serverUnderTest), nameOf);
+INSTANTIATE_TEST_SUITE_P(Odbc, SharedDatabaseContract, testing::Values(serverUnderTest), nameOf);
 
 }  // namespace velmora::test

@@ -128,7 +128,7 @@ void fill(sql::Connection& connection) {
     }
 }
 
-std::string shown(const sql::Value& value) {
+std::string shownValue(const sql::Value& value) {
     if (value.isNull()) {
         return "NULL";
     }
@@ -168,7 +168,7 @@ std::string shown(sql::Recordset set) {
             text += "/";
         }
         for (std::size_t i = 0; i < set.columns().size(); ++i) {
-            text += (i == 0 ? "" : "|") + shown(set[i]);
+            text += (i == 0 ? "" : "|") + shownValue(set[i]);
         }
     }
     return text;
