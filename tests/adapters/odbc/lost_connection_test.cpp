@@ -100,6 +100,27 @@ TEST_F(LostConnection, WhatStoodInATransactionIsUndone) {
     transaction.commit();
 }
 
+TEST_F(LostConnection, AListThatIsStillBeingReadTellsIt) {
+    test::dropTestTables(server_);
+    const auto connection = openDatabase(throughTheLine());
+    connection->execute("CREATE TABLE T_A (t nvarchar(4000))");
+    connection->execute("insert into T_A (t) values (N'" + std::string(4000, 'x') + "')");
+    for (int i = 0; i < 13; ++i) {
+        connection->execute("insert into T_A (t) select t from T_A");
+    }
+    sql::Recordset list = connection->execute("select t from T_A");
+    line_.cut();
+    EXPECT_EQ(refusal([&] { list.moveLast(); }), sql::provider::failure);
+    EXPECT_TRUE(connection->takeLoss());
+    line_.mend();
+    connection->reconnect();
+    EXPECT_EQ(refusal([&] { list.moveLast(); }), sql::provider::failure) << "what did not come does not come";
+    EXPECT_FALSE(connection->takeLoss()) << "the connection is another one";
+    EXPECT_TRUE(connection->isAlive());
+    list.requery();
+    EXPECT_EQ(list.recordCount(), 8192u);
+}
+
 TEST_F(LostConnection, TheFormKeepsWhatWasTypedAndSavesItOnceConnectedAgain) {
     test::dropAllTables(server_);
     support::fillWorkshop(*openDatabase(server_));

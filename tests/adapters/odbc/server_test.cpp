@@ -1,6 +1,9 @@
 // What the adapter promises of a server beyond the contract of every engine.
 
+#include <chrono>
+#include <future>
 #include <string>
+#include <thread>
 
 #include <gmock/gmock.h>
 
@@ -68,6 +71,40 @@ TEST_F(OdbcServer, AnUnknownUserIsToldWithoutThePassword) {
         EXPECT_THAT(error.description(), HasSubstr("usuario"));
         EXPECT_THAT(error.description(), Not(HasSubstr("geheim")));
     }
+}
+
+TEST_F(OdbcServer, ADeadlocksVictimIsToldAndMayTryAgain) {
+    execute("CREATE TABLE T_A (i int NOT NULL, n int, CONSTRAINT PK_T_A PRIMARY KEY (i))");
+    execute("insert into T_A (i, n) values (1, 0)");
+    execute("insert into T_A (i, n) values (2, 0)");
+    // Another program, which does not take VELMORA's lock.
+    const auto rival = openDatabase(text_);
+    rival->execute("SET DEADLOCK_PRIORITY HIGH");
+    rival->execute("BEGIN TRANSACTION");
+    rival->execute("update T_A set n = n + 1 where i = 2");
+    connection_->beginTrans();
+    execute("update T_A set n = n + 10 where i = 1");
+    auto rivalsSecond = std::async(std::launch::async, [&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        rival->execute("update T_A set n = n + 1 where i = 1");
+    });
+    try {
+        execute("update T_A set n = n + 10 where i = 2");
+        ADD_FAILURE() << "no deadlock";
+    } catch (const sql::DbError& error) {
+        EXPECT_EQ(error.number(), sql::provider::timeout);
+        EXPECT_THAT(error.description(), HasSubstr("Vuelva a intentarlo"));
+    }
+    EXPECT_THROW(execute("insert into T_A (i, n) values (3, 0)"), sql::DbError) << "not outside of a transaction";
+    connection_->rollbackTrans();
+    rivalsSecond.get();
+    rival->execute("COMMIT TRANSACTION");
+
+    connection_->beginTrans();
+    execute("update T_A set n = n + 10");
+    connection_->commitTrans();
+    EXPECT_EQ(scalar("select min(n) from T_A"), Value(11));
+    EXPECT_EQ(scalar("select count(*) from T_A"), Value(2));
 }
 
 /// A login that may do nothing; it goes with the test.

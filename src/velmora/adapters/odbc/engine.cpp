@@ -111,6 +111,12 @@ void Engine::noteLoss() {
     lost_ = lossToTell_ = true;
 }
 
+void Engine::noteLossIn(const LinkPool& pool) {
+    if (&pool == pool_.get()) {
+        noteLoss();
+    }
+}
+
 bool Engine::takeLoss() {
     return !inTransaction_ && std::exchange(lossToTell_, false);
 }
@@ -200,7 +206,7 @@ std::unique_ptr<sql::RowSource> Engine::openRows(const std::string& statement) {
         } else {
             spool->finish();
         }
-        return std::make_unique<FetchedRows>(shared_from_this(), statement, std::move(columns), std::move(spool),
+        return std::make_unique<FetchedRows>(shared_from_this(), pool_, statement, std::move(columns), std::move(spool),
                                              std::move(readAhead));
     });
 }

@@ -37,6 +37,9 @@ class Engine : public std::enable_shared_from_this<Engine> {
 
     // For result sets.
 
+    /// A set that was opened on this pool's connections has met their loss; nothing once they are others.
+    void noteLossIn(const LinkPool& pool);
+
     /// See binaryTargetOf.
     std::optional<BinaryTarget> binaryTarget(std::string_view statement, const std::vector<CursorColumn>& columns,
                                              std::size_t column);

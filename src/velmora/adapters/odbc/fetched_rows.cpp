@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "velmora/adapters/odbc/diagnostics.h"
 #include "velmora/adapters/odbc/engine.h"
 
 namespace velmora::odbc {
@@ -26,9 +27,11 @@ ReadAhead::ReadAhead(Cursor cursor, std::shared_ptr<Link> link, std::shared_ptr<
           pool->giveBack(std::move(link));
       }) {}
 
-FetchedRows::FetchedRows(std::shared_ptr<Engine> engine, std::string statement, std::vector<CursorColumn> columns,
-                         std::shared_ptr<RowSpool> spool, std::unique_ptr<ReadAhead> readAhead)
+FetchedRows::FetchedRows(std::shared_ptr<Engine> engine, std::shared_ptr<LinkPool> pool, std::string statement,
+                         std::vector<CursorColumn> columns, std::shared_ptr<RowSpool> spool,
+                         std::unique_ptr<ReadAhead> readAhead)
     : engine_(std::move(engine)),
+      pool_(std::move(pool)),
       statement_(std::move(statement)),
       columns_(std::move(columns)),
       spool_(std::move(spool)),
@@ -36,6 +39,27 @@ FetchedRows::FetchedRows(std::shared_ptr<Engine> engine, std::string statement, 
     for (const CursorColumn& column : columns_) {
         names_.push_back({column.name});
     }
+}
+
+/// Rows that are read ahead may stop with the loss of their connection: then the data connection counts as lost.
+template <typename Work>
+auto FetchedRows::watch(const Work& work) {
+    try {
+        return work();
+    } catch (const sql::DbError& error) {
+        if (isLoss(error.details().sqlState)) {
+            engine_->noteLossIn(*pool_);
+        }
+        throw;
+    }
+}
+
+bool FetchedRows::hasRow(std::size_t position) {
+    return watch([&] { return spool_->waitFor(position); });
+}
+
+std::size_t FetchedRows::rowCount() {
+    return watch([&] { return spool_->waitForAll(); });
 }
 
 const sql::Row& FetchedRows::row(std::size_t position) {

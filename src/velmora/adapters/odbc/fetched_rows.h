@@ -31,18 +31,23 @@ class ReadAhead {
 class FetchedRows final : public sql::RowSource {
   public:
     /// `readAhead`: none when the spool has all rows.
-    FetchedRows(std::shared_ptr<Engine> engine, std::string statement, std::vector<CursorColumn> columns,
-                std::shared_ptr<RowSpool> spool, std::unique_ptr<ReadAhead> readAhead);
+    FetchedRows(std::shared_ptr<Engine> engine, std::shared_ptr<LinkPool> pool, std::string statement,
+                std::vector<CursorColumn> columns, std::shared_ptr<RowSpool> spool,
+                std::unique_ptr<ReadAhead> readAhead);
 
     const std::vector<sql::Column>& columns() const override { return names_; }
-    bool hasRow(std::size_t position) override { return spool_->waitFor(position); }
+    bool hasRow(std::size_t position) override;
     const sql::Row& row(std::size_t position) override;
-    std::size_t rowCount() override { return spool_->waitForAll(); }
+    std::size_t rowCount() override;
     std::unique_ptr<sql::RowSource> reopen() const override;
     void updateBinary(std::size_t position, std::size_t column, sql::Bytes content) override;
 
   private:
+    template <typename Work>
+    auto watch(const Work& work);
+
     std::shared_ptr<Engine> engine_;
+    std::shared_ptr<LinkPool> pool_;  ///< the one whose connection the rows came on
     std::string statement_;
     std::vector<CursorColumn> columns_;
     std::vector<sql::Column> names_;

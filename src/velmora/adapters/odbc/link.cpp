@@ -18,13 +18,21 @@ constexpr std::u16string_view tsqlServer = u"Microsoft SQL Server";
 // read as 1 October without an error.
 constexpr std::string_view sessionSettings = "SET DATEFORMAT dmy";
 
-constexpr std::string_view generalError = "HY000";
+/// SQLSTATEs that say no more than that something failed; the second one is a warning's.
+constexpr std::array<std::string_view, 2> generalStates{"HY000", "01000"};
 constexpr std::string_view probeStatement = "SELECT 1";
 
 SQLPOINTER asPointer(std::uintptr_t value) {
     // The interface passes whole numbers as pointers.
     // NOLINTNEXTLINE(performance-no-int-to-ptr)
     return reinterpret_cast<SQLPOINTER>(value);
+}
+
+/// What the driver knows without asking the server.
+bool isDead(SQLHANDLE connection) {
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    return SQL_SUCCEEDED(SQLGetConnectAttrW(connection, SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr)) &&
+           dead == SQL_CD_TRUE;
 }
 
 std::u16string infoOf(SQLHANDLE connection, SQLUSMALLINT what) {
@@ -94,15 +102,18 @@ sql::Value Link::ask(std::string_view statement) {
     });
 }
 
-/// A driver may report the first failure of a broken line without a state or a number of its own: then the next
-/// statement tells.
+/// A driver may report the first failure of a broken line in general terms: then its state tells, or the next
+/// statement.
 bool Link::meansLoss(const sql::DbError& error) const {
-    const sql::DbError::Details& details = error.details();
-    if (isLoss(details.sqlState)) {
+    const std::string& state = error.details().sqlState;
+    if (isLoss(state)) {
         return true;
     }
-    if (server_ != Server::tsql || details.sqlState != generalError || details.nativeCode != 0) {
+    if (server_ != Server::tsql || std::ranges::find(generalStates, state) == generalStates.end()) {
         return false;
+    }
+    if (isDead(handle_.get())) {
+        return true;
     }
     try {
         const Cursor probe(handle_.get(), std::string(probeStatement));
