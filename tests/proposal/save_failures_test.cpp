@@ -128,8 +128,10 @@ TEST(SaveFailuresTest, AFailureAtEachStepOfAChangedRowInTurnLosesNothing) {
 
 TEST(SaveFailuresTest, AFullDiskIsRefusedWithItsReason) {
     TemporaryFolder folder;
+    const std::string path = folder.file("taller.db");
+    { const auto made = support::makeWorkshopDatabase(path); }
     const Watch watch;
-    ProposalWorkshop workshop(support::makeWorkshopDatabase(folder.file("taller.db")));
+    ProposalWorkshop workshop(support::openWorkshopDatabase(path));
     sqlite3* const database = openedFirst;
     ASSERT_EQ(sqlite3_exec(database, "PRAGMA max_page_count = 1", nullptr, nullptr, nullptr), SQLITE_OK);
     enter(workshop);

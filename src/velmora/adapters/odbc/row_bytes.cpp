@@ -1,7 +1,9 @@
 #include "velmora/adapters/odbc/row_bytes.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <type_traits>
 
 namespace velmora::odbc {
@@ -81,10 +83,8 @@ class Reader {
             case Tag::text:
                 return std::string(next(size()));
             case Tag::binary: {
-                const std::string_view content = next(size());
-                sql::Bytes bytes(content.size());
-                std::memcpy(bytes.data(), content.data(), content.size());
-                return bytes;
+                const auto content = std::as_bytes(std::span(next(size())));
+                return sql::Bytes(content.begin(), content.end());
             }
         }
         return {};
