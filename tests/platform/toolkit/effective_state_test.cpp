@@ -46,20 +46,20 @@ TEST_F(EffectiveStateTest, LooksEnabledFollowsTheFramesAndNotTheForm) {
 }
 
 TEST_F(EffectiveStateTest, AControlHiddenByItselfKeepsItsRoomAndOneHiddenWithItsFrameDoesNot) {
-    EXPECT_TRUE(standingOf(box, {}).shown);
+    EXPECT_TRUE(widgetStateOf(box, {}).shown);
     box.setVisible(false);
-    EXPECT_FALSE(standingOf(box, {}).shown);
-    EXPECT_TRUE(standingOf(box, {}).keepsRoom);
+    EXPECT_FALSE(widgetStateOf(box, {}).shown);
+    EXPECT_TRUE(widgetStateOf(box, {}).keepsRoom);
     outer.setVisible(false);
-    EXPECT_FALSE(standingOf(box, {}).keepsRoom);
-    EXPECT_FALSE(standingOf(outer, {}).shown);
-    EXPECT_FALSE(standingOf(outer, {}).keepsRoom) << "a frame";
+    EXPECT_FALSE(widgetStateOf(box, {}).keepsRoom);
+    EXPECT_FALSE(widgetStateOf(outer, {}).shown);
+    EXPECT_FALSE(widgetStateOf(outer, {}).keepsRoom) << "a frame";
 }
 
 TEST_F(EffectiveStateTest, AFrameWhoseWidgetLiesAroundHidesByItself) {
     outer.setVisible(false);
-    EXPECT_TRUE(standingOf(box, {&inner}).shown) << "the inner frame's widget goes with the outer one's";
-    EXPECT_FALSE(standingOf(inner, {}).shown);
+    EXPECT_TRUE(widgetStateOf(box, {&inner}).shown) << "the inner frame's widget goes with the outer one's";
+    EXPECT_FALSE(widgetStateOf(inner, {}).shown);
 }
 
 TEST_F(EffectiveStateTest, AControlStandsInTheFramesAroundItsFrame) {

@@ -7,13 +7,13 @@ namespace velmora::qt {
 
 namespace {
 
-void show(QWidget& widget, const toolkit::Standing& standing) {
+void show(QWidget& widget, const toolkit::WidgetState& state) {
     QSizePolicy policy = widget.sizePolicy();
-    if (policy.retainSizeWhenHidden() != standing.keepsRoom) {
-        policy.setRetainSizeWhenHidden(standing.keepsRoom);
+    if (policy.retainSizeWhenHidden() != state.keepsRoom) {
+        policy.setRetainSizeWhenHidden(state.keepsRoom);
         widget.setSizePolicy(policy);
     }
-    widget.setVisible(standing.shown);
+    widget.setVisible(state.shown);
 }
 
 }  // namespace
@@ -53,11 +53,11 @@ void ControlView::updateVisible() {
     if (shownByOther_) {
         return;
     }
-    const toolkit::Standing standing = toolkit::standingOf(control_, enclosing_);
-    show(widget(), standing);
+    const toolkit::WidgetState state = toolkit::widgetStateOf(control_, enclosing_);
+    show(widget(), state);
     for (const QPointer<QWidget>& companion : companions_) {
         if (companion) {
-            show(*companion, standing);
+            show(*companion, state);
         }
     }
 }

@@ -55,7 +55,7 @@ bool looksEnabled(const Control& control) {
 
 // Chosen C-241: a control hidden on its own keeps its space, so that its neighbours do not move; one hidden with its
 // frame gives the space up.
-Standing standingOf(const Control& control, const std::vector<const Frame*>& enclosing) {
+WidgetState widgetStateOf(const Control& control, const std::vector<const Frame*>& enclosing) {
     bool frameShown = true;
     for (const Frame* frame = control.frame(); frame != nullptr; frame = frame->frame()) {
         if (std::ranges::find(enclosing, frame) != enclosing.end()) {

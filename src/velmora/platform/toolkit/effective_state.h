@@ -13,13 +13,13 @@ namespace velmora::toolkit {
 bool looksEnabled(const screen::Control& control);
 
 /// State of a control's widget.
-struct Standing {
+struct WidgetState {
     bool shown = true;
     bool keepsRoom = false;  ///< when hidden, its neighbours do not move
 };
 
 /// `enclosing`: frames whose widget contains the control's widget and therefore hides it already.
-Standing standingOf(const screen::Control& control, const std::vector<const screen::Frame*>& enclosing);
+WidgetState widgetStateOf(const screen::Control& control, const std::vector<const screen::Frame*>& enclosing);
 
 /// Whether the frame contains the control, directly or through another frame.
 bool standsIn(const screen::Control& control, const screen::Frame& frame);
