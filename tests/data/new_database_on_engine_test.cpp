@@ -83,6 +83,15 @@ TEST_F(NewDatabaseOnEngine, AKeyIsNeverGivenTwice) {
     EXPECT_EQ(run("SELECT MAX(DPI_Id) FROM DPI")[0], sql::Value(3));
 }
 
+TEST_F(NewDatabaseOnEngine, ARolledBackInsertLeavesItsKeyFree) {
+    run("INSERT INTO DPI (DPI_Tipo) VALUES (0)");
+    connection->beginTrans();
+    run("INSERT INTO DPI (DPI_Tipo) VALUES (1)");
+    connection->rollbackTrans();
+    run("INSERT INTO DPI (DPI_Tipo) VALUES (2)");
+    EXPECT_EQ(run("SELECT MAX(DPI_Id) FROM DPI")[0], sql::Value(2));
+}
+
 TEST_F(NewDatabaseOnEngine, AHostKeyIsGivenOnce) {
     run("INSERT INTO ART (ART_ID) VALUES (1)");
     EXPECT_THROW(run("INSERT INTO ART (ART_ID) VALUES (1)"), sql::DbError);

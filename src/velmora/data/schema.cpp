@@ -17,8 +17,9 @@ constexpr int articleTextWidth = 150;
 constexpr int remarksWidth = 4000;
 constexpr int seriesWidth = 10;
 
-// Chosen C-282: a key that the server assigned is never given again, also when the highest row is deleted, as IDENTITY
-// has it: an order that names a deleted proposal must not come to name another.
+// Chosen C-282: the key of a stored row is never given again, also when the highest row is deleted, as IDENTITY has it:
+// an order that names a deleted proposal must not come to name another. The key that a rolled-back insert took may be
+// given again: the embedded engine does so, a server leaves the gap.
 constexpr ColumnDefinition serverKey(std::string_view name) {
     return {.name = name, .type = ColumnType::integer, .null = Null::no, .identity = true};
 }

@@ -5,10 +5,9 @@
 
 #include <sqlite3.h>
 
-#include "velmora/adapters/sqlite/emitters/quoting.h"
-#include "velmora/adapters/sqlite/emitters/storage.h"
 #include "velmora/adapters/sqlite/errors.h"
 #include "velmora/adapters/sqlite/row_source.h"
+#include "velmora/adapters/sqlite/table_reader.h"
 #include "velmora/adapters/tsql/refusals.h"
 #include "velmora/adapters/tsql/tokenizer.h"
 
@@ -368,31 +367,9 @@ std::shared_ptr<const Table> Engine::table(const tsql::TableName& name) {
     const std::string& stored = storedName(schema, name);
     auto& known = tables_[schema + "." + stored];
     if (!known) {
-        known = readTable(schema, stored);
+        known = std::make_shared<const Table>(readTable(*link(), schema, stored));
     }
     return known;
-}
-
-std::shared_ptr<const Table> Engine::readTable(const std::string& schema, const std::string& name) {
-    auto table = std::make_shared<Table>();
-    table->schema = schema;
-    table->name = name;
-    const auto columns = link()->prepare("SELECT name, type, \"notnull\", pk FROM pragma_table_info(" +
-                                         quotedText(name) + ", " + quotedText(schema) + ")");
-    while (columns->step()) {
-        TableColumn column;
-        column.name = columns->value(0, tsql::Kind::text).toText();
-        const std::string declaration = columns->value(1, tsql::Kind::text).toText();
-        column.type = declaredType(declaration);
-        column.identity = declaration == "INTEGER" && columns->whole(3) > 0;
-        column.key = columns->whole(3) > 0;
-        column.notNull = columns->whole(2) != 0;
-        table->columns.push_back(std::move(column));
-    }
-    if (std::ranges::count(table->columns, true, &TableColumn::key) > 1) {
-        std::ranges::for_each(table->columns, [](TableColumn& column) { column.key = false; });
-    }
-    return table;
 }
 
 }  // namespace velmora::sqlite

@@ -60,7 +60,6 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     void forget();
     void findDocuments(const tsql::TableName& name);
     const std::string& storedName(const std::string& schema, const tsql::TableName& name);
-    std::shared_ptr<const Table> readTable(const std::string& schema, const std::string& name);
 
     Options options_;
     std::string path_;

@@ -25,7 +25,7 @@ const TableColumn* Table::column(std::string_view wanted) const {
 }
 
 Table definedTable(std::string schema, const CreateTable& create) {
-    Table table{.schema = std::move(schema), .name = create.table.name, .columns = {}};
+    Table table{.schema = std::move(schema), .name = create.table.name, .columns = {}, .rowOrder = {}};
     for (const ColumnDefinition& column : create.columns) {
         if (table.column(column.name)) {
             throwSyntax("La columna '" + column.name + "' está dos veces");

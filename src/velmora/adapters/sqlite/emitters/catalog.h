@@ -24,6 +24,8 @@ struct Table {
     std::string schema;  ///< the engine's: main, or the attached documents
     std::string name;    ///< as declared
     std::vector<TableColumn> columns;
+    /// The columns by which the rows come when a statement asks for no order; empty for a view.
+    std::vector<std::string> rowOrder{};
 
     const TableColumn* column(std::string_view name) const;
 };

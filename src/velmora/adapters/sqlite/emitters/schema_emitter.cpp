@@ -60,7 +60,8 @@ bool isKeyOf(const KeyDefinition& key, const ColumnDefinition& column) {
 std::string Emitter::columnDefinition(const ColumnDefinition& definition, bool key) {
     const std::string column = quotedName(definition.name);
     if (definition.identity) {
-        // With AUTOINCREMENT the engine never assigns a key a second time.
+        // With AUTOINCREMENT the engine never assigns the key of a committed row a second time; a rollback frees those
+        // that it assigned.
         return column + " INTEGER PRIMARY KEY AUTOINCREMENT";
     }
     std::string sql = column + " " + definition.type.name;

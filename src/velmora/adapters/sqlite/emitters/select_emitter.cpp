@@ -1,5 +1,7 @@
 // Selects, their sources and their order.
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "velmora/adapters/sqlite/emitters/casts.h"
@@ -52,6 +54,34 @@ std::size_t aliasPosition(const Select& select, const Scope& scope, std::string_
         }
     }
     return 0;
+}
+
+constexpr auto aggregates = std::to_array<std::string_view>({"AVG", "COUNT", "MAX", "MIN", "SUM"});
+
+/// True when the expression makes one value of many rows; a select inside it is not looked into.
+bool isOverManyRows(const Expression& expression) {
+    if (expression.form == Form::function && std::ranges::find(aggregates, expression.text) != aggregates.end()) {
+        return true;
+    }
+    return std::ranges::any_of(expression.operands,
+                               [](const ExpressionPtr& operand) { return isOverManyRows(*operand); });
+}
+
+/// True when each row of the select is one of its table, or of its tables joined.
+bool givesRowsOfTables(const Select& select) {
+    return !select.distinct && select.groupBy.empty() && !select.having &&
+           std::ranges::none_of(select.items, [](const Item& item) { return isOverManyRows(*item.value); });
+}
+
+/// The order by the key of the first table, then by those of the others.
+std::string orderByKeys(const Scope& scope) {
+    std::string sql;
+    for (const Source& source : scope.sources) {
+        for (const std::string& column : source.rowOrder) {
+            sql += (sql.empty() ? " ORDER BY " : ", ") + quotedName(source.alias) + "." + quotedName(column);
+        }
+    }
+    return sql;
 }
 
 }  // namespace
@@ -195,7 +225,12 @@ EmittedSelect Emitter::select(const Select& select, const Scope* outer, bool nam
         result.sql += " HAVING " + condition(*select.having, scope);
     }
     result.orderAt = result.sql.size();
-    result.sql += orderBy(select, scope, result.outputs);
+    // Chosen C-218: rows that a statement asks for in no order come by the key of the first table, then by those of the
+    // others, whatever index the engine reads them through: a list must not change when an index is added. A table
+    // without a key gives its rows as they were inserted. Inside another select only a TOP depends on an order.
+    const bool orderMatters = (!outer && !named) || select.top;
+    const bool byKeys = select.orderBy.empty() && orderMatters && givesRowsOfTables(select);
+    result.sql += byKeys ? orderByKeys(scope) : orderBy(select, scope, result.outputs);
     if (select.top) {
         result.sql += " LIMIT " + select.top->text;
         result.orderAt = std::string::npos;

@@ -24,7 +24,7 @@ const Output* outputNamed(const std::vector<Output>& outputs, std::string_view n
 }  // namespace
 
 Source tableSource(const Table& table, std::string alias) {
-    Source source{.alias = std::move(alias), .columns = {}, .stored = true};
+    Source source{.alias = std::move(alias), .columns = {}, .stored = true, .rowOrder = table.rowOrder};
     source.columns.reserve(table.columns.size());
     for (const TableColumn& column : table.columns) {
         source.columns.push_back({column.name, column.type});

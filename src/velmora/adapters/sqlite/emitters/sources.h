@@ -21,6 +21,7 @@ struct Source {
     std::string alias;
     std::vector<Output> columns{};
     bool stored = false;
+    std::vector<std::string> rowOrder{};  ///< of a table: Table::rowOrder
 };
 
 struct Scope {
