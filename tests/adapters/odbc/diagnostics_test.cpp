@@ -47,6 +47,12 @@ TEST(Diagnostics, ADeadlocksVictimIsToldToTryAgain) {
                 ::testing::HasSubstr("Vuelva a intentarlo"));
 }
 
+TEST(Diagnostics, WhoWaitedInVainForARowIsToldToTryAgain) {
+    const sql::DbError error = errorOf({{.state = "42000", .native = 1222, .text = "Lock request time out"}}, "x");
+    EXPECT_EQ(error.number(), sql::provider::timeout);
+    EXPECT_THAT(error.description(), ::testing::HasSubstr("Vuelva a intentarlo"));
+}
+
 TEST(Diagnostics, AMissingRightIsToldBeforeTheServersWords) {
     EXPECT_EQ(
         errorOf({{.state = "42000", .native = 229, .text = "The SELECT permission was denied"}}, "x").description(),

@@ -13,7 +13,7 @@ namespace velmora::odbc {
 struct Options {
     /// How long to wait for a server that does not answer a connection.
     std::chrono::seconds loginTimeout{15};
-    /// How long beginTrans waits for another client's transaction.
+    /// How long beginTrans waits for another client's transaction, and any statement for a row that another one holds.
     std::chrono::milliseconds lockTimeout{5000};
     /// Runs on every connection to a T-SQL server before the adapter's own settings, as the settings of a login do.
     std::string loginStatement = {};
@@ -32,8 +32,9 @@ class ServerConnection : public sql::Connection {
 /// Opens a data source by its connection string ("DRIVER=…;SERVER=…;DATABASE=…;UID=…;PWD=…"), or by the name of a file
 /// that holds one.
 ///
-/// - On a T-SQL server every connection reads dates day first (SET DATEFORMAT dmy), and transactions take an
-///   application lock of the database that ends with them, so that one client at a time reads a highest number.
+/// - On a T-SQL server every connection reads dates day first (SET DATEFORMAT dmy), and ends a statement that waits too
+///   long for a row with provider::timeout; so does a deadlock's victim, whose transaction is undone. Transactions take
+///   an application lock of the database that ends with them, so that one client at a time reads a highest number.
 ///   Clients that write without it, other programs, are held up by the server's own locks alone.
 /// - A set keeps the rows of its statement: those that are not read at once are read ahead by a thread, on a connection
 ///   of their own, into a temporary file, so that an open set holds nothing of the server for longer than that takes.

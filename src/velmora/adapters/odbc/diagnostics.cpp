@@ -72,6 +72,9 @@ std::string wordsOf(const Diagnostic& diagnostic) {
     if (diagnostic.native == native::deadlockVictim) {
         return "Otro usuario trabajaba con los mismos datos y el servidor ha deshecho lo de este. Vuelva a intentarlo.";
     }
+    if (diagnostic.native == native::lockTimeout) {
+        return "Otro usuario está usando los mismos datos y no termina. Vuelva a intentarlo.";
+    }
     if (std::ranges::find(missingRights, diagnostic.native) != missingRights.end()) {
         return "El usuario de la base de datos no tiene permiso.\n" + diagnostic.text;
     }

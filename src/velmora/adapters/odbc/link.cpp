@@ -14,9 +14,13 @@ namespace {
 
 constexpr std::u16string_view tsqlServer = u"Microsoft SQL Server";
 
+/// One statement for one round trip.
 // Differs D-290: statements hold dates day first; with the setting of a login in another language, 10 January would be
 // read as 1 October without an error.
-constexpr std::string_view sessionSettings = "SET DATEFORMAT dmy";
+// Chosen C-342: a server would let a statement wait without end for a row that another client holds.
+std::string sessionSettings(std::chrono::milliseconds lockTimeout) {
+    return "SET DATEFORMAT dmy; SET LOCK_TIMEOUT " + std::to_string(lockTimeout.count());
+}
 
 /// SQLSTATEs that say no more than that something failed; the second one is a warning's.
 constexpr std::array<std::string_view, 2> generalStates{"HY000", "01000"};
@@ -54,7 +58,7 @@ Link::Link(const std::string& connectionText, const Options& options) : handle_(
         if (!options.loginStatement.empty()) {
             send(options.loginStatement);
         }
-        send(sessionSettings);
+        send(sessionSettings(options.lockTimeout));
     }
 }
 
