@@ -26,6 +26,8 @@ std::string columns() {
     return names;
 }
 
+}  // namespace
+
 std::int64_t numberFrom(const char* variable, std::int64_t unlessTold) {
     std::int64_t number = unlessTold;
     if (const char* text = std::getenv(variable)) {
@@ -34,8 +36,6 @@ std::int64_t numberFrom(const char* variable, std::int64_t unlessTold) {
     }
     return number;
 }
-
-}  // namespace
 
 std::int64_t wantedProposals() {
     return numberFrom("VELMORA_BENCH_PROPOSALS", 1'000'000);

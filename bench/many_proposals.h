@@ -7,6 +7,9 @@
 
 namespace velmora::bench {
 
+/// The whole number that an environment variable holds.
+std::int64_t numberFrom(const char* variable, std::int64_t unlessTold);
+
 /// VELMORA_BENCH_PROPOSALS; default one million.
 std::int64_t wantedProposals();
 

@@ -15,8 +15,8 @@ namespace {
 
 /// Rows read on opening in any case: more than a screen shows.
 constexpr std::size_t openingRows = 32;
-/// How much longer a set is read on opening. Most sets end within it, and the connection stays free for the next
-/// statement; a longer one takes it along, and opening another one costs more than this.
+/// How much longer a set is read on opening while there is no other connection for the next statement. Most sets end
+/// within it; a longer one takes the connection along, and opening another one costs more than this.
 constexpr std::chrono::milliseconds openingTime{20};
 
 /// sp_getapplock: below this the lock was not given.
@@ -189,8 +189,10 @@ std::unique_ptr<sql::RowSource> Engine::openRows(const std::string& statement) {
         bool more = true;
         link.watch([&] {
             const auto opened = std::chrono::steady_clock::now();
+            const bool hasSpare = pool_->hasIdle();
             const auto readsOn = [&](std::size_t rows) {
-                return inTransaction_ || rows < openingRows || std::chrono::steady_clock::now() - opened < openingTime;
+                return inTransaction_ || rows < openingRows ||
+                       (!hasSpare && std::chrono::steady_clock::now() - opened < openingTime);
             };
             for (std::size_t rows = 0; more && readsOn(rows); ++rows) {
                 more = cursor.next(row);

@@ -24,6 +24,11 @@ std::shared_ptr<Link> LinkPool::take() {
     return std::make_shared<Link>(connectionText_, options_);
 }
 
+bool LinkPool::hasIdle() {
+    const std::lock_guard lock(mutex_);
+    return !idle_.empty();
+}
+
 void LinkPool::giveBack(std::shared_ptr<Link> link) {
     const std::lock_guard lock(mutex_);
     if (!link->isLost() && idle_.size() < mostIdle) {

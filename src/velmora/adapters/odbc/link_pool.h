@@ -17,6 +17,8 @@ class LinkPool {
 
     /// One that nobody uses, else a new one. Errors: see openDatabase.
     std::shared_ptr<Link> take();
+    /// True when take() need not open a new one.
+    bool hasIdle();
     /// Gives one back; a connection that is lost, or one too many, is closed.
     void giveBack(std::shared_ptr<Link> link);
 
