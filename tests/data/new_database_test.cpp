@@ -1,6 +1,10 @@
 #include "velmora/data/new_database.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,6 +13,7 @@
 
 #include "support/recording_connection.h"
 #include "support/scripted_connection.h"
+#include "support/sql_batches.h"
 
 namespace velmora::data {
 namespace {
@@ -54,6 +59,21 @@ TEST(NewDatabase, IndexesWhatListsSearchBy) {
 
 TEST(NewDatabase, PutsTheDocumentsIntoTheirCatalogue) {
     EXPECT_THAT(newDatabaseStatements("TALLER"), Contains(StartsWith("CREATE TABLE DOCTALLER.dbo.dex (")));
+}
+
+TEST(NewDatabase, TheSchemasDocumentHasTheSameTablesAndKeys) {
+    std::ifstream file(VELMORA_SOURCE_DIR "/docs/schema.sql");
+    ASSERT_TRUE(file);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    std::vector<std::string> told;
+    for (const std::string& batch : support::batchesOf(text)) {
+        told.push_back(support::evenlySpaced(batch));
+    }
+    std::vector<std::string> expected;
+    for (const std::string& statement : tableStatements("VELMORA")) {
+        expected.push_back(support::evenlySpaced(statement));
+    }
+    EXPECT_EQ(told, expected);
 }
 
 TEST(NewDatabase, RunsOneStatementAtATimeInOneTransaction) {

@@ -80,11 +80,16 @@ void runAll(sql::Connection& connection, const std::vector<std::string>& stateme
 
 }  // namespace
 
-std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog) {
+std::vector<std::string> tableStatements(std::string_view sessionCatalog) {
     std::vector<std::string> statements;
     for (const TableDefinition& table : tables()) {
         addStatementsOf(table, sessionCatalog, statements);
     }
+    return statements;
+}
+
+std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog) {
+    std::vector<std::string> statements = tableStatements(sessionCatalog);
     const std::vector<std::string> indexed = indexStatements();
     statements.insert(statements.end(), indexed.begin(), indexed.end());
     return statements;

@@ -10,9 +10,11 @@
 
 namespace velmora::data {
 
-/// The T-SQL that creates all tables, keys and indexes in an empty database, one statement each. The session's
-/// catalogue is the current one; the documents' table goes into the one named "DOC" followed by its name, which must
-/// exist.
+/// The T-SQL that creates all tables and their keys in an empty database, one statement each; docs/schema.sql has the
+/// same statements for the administrator of a server. The session's catalogue is the current one; the documents' table
+/// goes into the one named "DOC" followed by its name, which must exist.
+std::vector<std::string> tableStatements(std::string_view sessionCatalog);
+/// Those, and behind them the indexes.
 std::vector<std::string> newDatabaseStatements(std::string_view sessionCatalog);
 
 /// The rows of the demonstration workshop, one INSERT each; their dates are relative to `now`.
