@@ -159,7 +159,7 @@ sql::Value Cursor::value(SQLUSMALLINT column, Kind kind) {
 
 sql::Value Cursor::text(SQLUSMALLINT column) {
     std::u16string all;
-    std::array<char16_t, 512> few{};
+    std::array<char16_t, 512> few;  // as the driver fills it
     std::u16string piece;
     void* into = few.data();
     std::size_t room = few.size();
@@ -178,7 +178,11 @@ sql::Value Cursor::text(SQLUSMALLINT column) {
         const bool cut = answer == SQL_SUCCESS_WITH_INFO &&
                          (length == SQL_NO_TOTAL || static_cast<std::size_t>(length) / sizeof(char16_t) > held);
         const std::size_t taken = cut ? held : static_cast<std::size_t>(length) / sizeof(char16_t);
-        all.append(static_cast<const char16_t*>(into), taken);
+        const std::u16string_view part(static_cast<const char16_t*>(into), taken);
+        if (!cut && all.empty()) {
+            return toUtf8(part);
+        }
+        all.append(part);
         if (!cut) {
             break;
         }

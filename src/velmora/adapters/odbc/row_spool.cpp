@@ -1,6 +1,7 @@
 #include "velmora/adapters/odbc/row_spool.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 #include <utility>
 
@@ -16,6 +17,8 @@ constexpr std::size_t blockRows = 128;
 constexpr std::size_t blockBytes = std::size_t{1024} * 1024;
 /// Blocks beyond so many bytes go to the file.
 constexpr std::size_t mostInMemory = std::size_t{8} * 1024 * 1024;
+/// Who waits for a row looks so often: waking him at each row would take longer than reading it.
+constexpr std::chrono::milliseconds lookInterval{1};
 
 std::size_t sizeOf(const sql::Row& row) {
     std::size_t bytes = row.size() * sizeof(sql::Value);
@@ -48,30 +51,35 @@ void RowSpool::Close::operator()(std::FILE* file) const {
     std::fclose(file);
 }
 
+RowSpool::RowSpool() : tail_(emptyTail()) {}
+
 RowSpool::~RowSpool() = default;
 
+std::shared_ptr<RowSpool::Rows> RowSpool::emptyTail() {
+    auto tail = std::make_shared<Rows>();
+    tail->reserve(blockRows);  // rows that are being read do not move while others are added
+    return tail;
+}
+
 void RowSpool::add(sql::Row row) {
-    {
-        const std::lock_guard lock(mutex_);
-        tailBytes_ += sizeOf(row);
-        tail_.push_back(std::move(row));
-        ++count_;
-        if (tail_.size() == blockRows || tailBytes_ > blockBytes) {
-            closeBlock();
-        }
+    const std::lock_guard lock(mutex_);
+    tailBytes_ += sizeOf(row);
+    tail_->push_back(std::move(row));
+    ++count_;
+    if (tail_->size() == blockRows || tailBytes_ > blockBytes) {
+        closeBlock();
     }
-    changed_.notify_all();
 }
 
 void RowSpool::closeBlock() {
-    Rows rows = std::exchange(tail_, {});
+    const std::shared_ptr<Rows> rows = std::exchange(tail_, emptyTail());
     const std::size_t bytes = std::exchange(tailBytes_, 0);
-    Block block{.first = count_ - rows.size(), .rows = {}};
+    Block block{.first = count_ - rows->size(), .rows = {}};
     if (inMemory_ + bytes <= mostInMemory) {
         inMemory_ += bytes;
-        block.rows = std::make_shared<const Rows>(std::move(rows));
+        block.rows = rows;
     } else {
-        write(block, rows);
+        write(block, *rows);
     }
     blocks_.push_back(std::move(block));
 }
@@ -107,8 +115,12 @@ void RowSpool::fail(std::exception_ptr error) {
 }
 
 bool RowSpool::waitFor(std::size_t position) {
+    if (isCurrent(position)) {
+        return true;
+    }
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [&] { return position < count_ || complete_ || error_; });
+    while (!changed_.wait_for(lock, lookInterval, [&] { return position < count_ || complete_ || error_; })) {
+    }
     if (position < count_) {
         return true;
     }
@@ -127,21 +139,31 @@ std::size_t RowSpool::waitForAll() {
     return count_;
 }
 
+bool RowSpool::isCurrent(std::size_t position) const {
+    return position >= currentFirst_ && position < currentEnd_;
+}
+
 const sql::Row& RowSpool::row(std::size_t position) {
-    if (current_ && position >= currentFirst_ && position - currentFirst_ < current_->size()) {
-        return (*current_)[position - currentFirst_];
+    if (!isCurrent(position)) {
+        makeCurrent(position);
     }
+    return (*current_)[position - currentFirst_];
+}
+
+void RowSpool::makeCurrent(std::size_t position) {
     const std::lock_guard lock(mutex_);
-    const std::size_t tailFirst = count_ - tail_.size();
+    const std::size_t tailFirst = count_ - tail_->size();
     if (position >= tailFirst) {
-        row_ = tail_[position - tailFirst];
-        return row_;
+        current_ = tail_;
+        currentFirst_ = tailFirst;
+        currentEnd_ = count_;
+        return;
     }
     const auto behind = std::ranges::upper_bound(blocks_, position, {}, &Block::first);
     const Block& block = *std::prev(behind);
     current_ = rowsOf(block);
     currentFirst_ = block.first;
-    return (*current_)[position - currentFirst_];
+    currentEnd_ = block.first + current_->size();
 }
 
 std::shared_ptr<const RowSpool::Rows> RowSpool::rowsOf(const Block& block) {

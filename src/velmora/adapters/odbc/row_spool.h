@@ -19,7 +19,7 @@ namespace velmora::odbc {
 /// still to come.
 class RowSpool {
   public:
-    RowSpool() = default;
+    RowSpool();
     ~RowSpool();
     RowSpool(const RowSpool&) = delete;
     RowSpool& operator=(const RowSpool&) = delete;
@@ -55,14 +55,17 @@ class RowSpool {
         void operator()(std::FILE* file) const;
     };
 
+    static std::shared_ptr<Rows> emptyTail();
     void closeBlock();
     void write(Block& block, const Rows& rows);
     std::shared_ptr<const Rows> rowsOf(const Block& block);
+    bool isCurrent(std::size_t position) const;
+    void makeCurrent(std::size_t position);
 
     std::mutex mutex_;
     std::condition_variable changed_;
     std::vector<Block> blocks_;
-    Rows tail_;  ///< the rows behind the blocks
+    std::shared_ptr<Rows> tail_;  ///< the rows behind the blocks
     std::size_t count_ = 0;
     std::size_t inMemory_ = 0;   ///< bytes of the blocks that are held in memory, about
     std::size_t tailBytes_ = 0;  ///< about
@@ -71,9 +74,11 @@ class RowSpool {
     std::unique_ptr<std::FILE, Close> file_;
     std::int64_t fileEnd_ = 0;
 
-    std::shared_ptr<const Rows> current_;  ///< rows of the block last read from
+    // Of the thread that reads: the rows last read from, a block's or the tail's, and the positions that they have. The
+    // tail gets further rows meanwhile.
+    std::shared_ptr<const Rows> current_;
     std::size_t currentFirst_ = 0;
-    sql::Row row_;  ///< a copy of the tail's row last read
+    std::size_t currentEnd_ = 0;
 };
 
 }  // namespace velmora::odbc

@@ -1,5 +1,6 @@
 #include "velmora/adapters/odbc/utf16.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "velmora/platform/runtime/text.h"
@@ -22,6 +23,10 @@ bool isLow(char32_t unit) {
     return unit >= lowSurrogates && unit < behindSurrogates;
 }
 
+bool isAscii(char16_t unit) {
+    return unit < 0x80;
+}
+
 }  // namespace
 
 std::u16string toUtf16(std::string_view text) {
@@ -40,6 +45,10 @@ std::u16string toUtf16(std::string_view text) {
 }
 
 std::string toUtf8(std::u16string_view text) {
+    // Most texts of a set.
+    if (std::ranges::all_of(text, isAscii)) {
+        return {text.begin(), text.end()};
+    }
     std::u32string points;
     points.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
