@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace velmora::support {
 
@@ -41,6 +42,9 @@ void FaultyConnection::restore() {
 void FaultyConnection::pass(std::string_view what) {
     const int operation = static_cast<int>(log_.size());
     log_.emplace_back(what);
+    if (beforeOperation_.second && operation == beforeOperation_.first) {
+        std::exchange(beforeOperation_, {}).second();
+    }
     if (operation == lostAt_) {
         lose();
     }

@@ -42,6 +42,8 @@ class FaultyConnection final : public sql::ForwardingConnection {
     void breakOn(std::string text) { brokenText_ = std::move(text); }
     /// Runs right before the next statement that holds the text.
     void before(std::string text, std::function<void()> deed) { before_ = {std::move(text), std::move(deed)}; }
+    /// Runs right before this operation.
+    void beforeOperation(int operation, std::function<void()> deed) { beforeOperation_ = {operation, std::move(deed)}; }
     /// Works again, and counts anew.
     void restore();
     bool transactionOpen() const { return open_; }
@@ -62,6 +64,7 @@ class FaultyConnection final : public sql::ForwardingConnection {
     std::vector<std::string> log_;
     std::map<int, long> refused_;
     std::pair<std::string, std::function<void()>> before_;
+    std::pair<int, std::function<void()>> beforeOperation_;
     std::string brokenText_;  ///< empty: none
     int lostAt_ = -1;
     int lostAfter_ = -1;

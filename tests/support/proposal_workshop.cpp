@@ -92,6 +92,18 @@ std::unique_ptr<sql::Connection> makeWorkshopDatabase(const std::string& path) {
     return workshop.copy(path, workshopOptions());
 }
 
+std::vector<std::string> textsOf(const screen::Form& form) {
+    std::vector<std::string> all;
+    for (const screen::Control* each : form.controls()) {
+        if (const auto* box = dynamic_cast<const screen::TextBox*>(each)) {
+            all.push_back(box->fullName() + " = " + box->text());
+        } else if (const auto* list = dynamic_cast<const screen::ComboBox*>(each)) {
+            all.push_back(list->fullName() + " = " + list->text());
+        }
+    }
+    return all;
+}
+
 ProposalWorkshop::ProposalWorkshop(std::unique_ptr<sql::Connection> opened)
     : database(std::move(opened)), faults(*database), connection(faults), session(connection) {}
 
@@ -207,15 +219,7 @@ std::string ProposalWorkshop::focused() {
 }
 
 std::vector<std::string> ProposalWorkshop::texts() {
-    std::vector<std::string> all;
-    for (const screen::Control* each : form().controls()) {
-        if (const auto* box = dynamic_cast<const screen::TextBox*>(each)) {
-            all.push_back(box->fullName() + " = " + box->text());
-        } else if (const auto* list = dynamic_cast<const screen::ComboBox*>(each)) {
-            all.push_back(list->fullName() + " = " + list->text());
-        }
-    }
-    return all;
+    return textsOf(form());
 }
 
 std::string ProposalWorkshop::query(std::string_view sql) {

@@ -44,6 +44,9 @@ void fillWorkshop(sql::Connection& database);
 /// One that is there already.
 std::unique_ptr<sql::Connection> openWorkshopDatabase(const std::string& path, bool readOnly = false);
 
+/// Every text on a form by the name of its control, chosen entries included.
+std::vector<std::string> textsOf(const screen::Form& form);
+
 class ProposalWorkshop {
   public:
     ProposalWorkshop() : ProposalWorkshop(makeWorkshopDatabase()) {}

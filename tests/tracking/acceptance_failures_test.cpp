@@ -13,7 +13,7 @@
 #include "velmora/tracking/order_row.h"
 #include "velmora/tracking/order_sprocket.h"
 
-#include "acceptance_shop.h"
+#include "acceptance_steps.h"
 #include "support/proposal_workshop.h"
 
 namespace velmora::tracking {
@@ -24,111 +24,12 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
-constexpr long noTransaction = sql::provider::noTransaction;
-constexpr long failure = sql::provider::failure;
-const std::string wordsOfFailure = "Error marcando presupuesto:\r\n";
-
-/// What reaches the connection in one acceptance with two cuts and two labour lines, in its order.
-enum Operation : int {
-    debt,
-    begin,
-    highestNumber,
-    lookAgain,
-    otherOrders,
-    charges,
-    earlierArticle,
-    insertOrder,
-    commit,
-    mark,
-    orderId,
-    insertSprocket,
-    sprocketId,
-    discArticle,
-    insertDisc,
-    hubArticle,
-    insertHub,
-    firstPlace,
-    insertFirstCut,
-    secondPlace,
-    insertSecondCut,
-    labourLines,
-    thirdPlace,
-    insertFirstLabour,
-    fourthPlace,
-    insertSecondLabour,
-    lastCommit,
-    rollbackOfFailure,
-};
-constexpr int operations = lastCommit + 1;
-
-bool isRouteInsert(int operation) {
-    return operation == insertFirstCut || operation == insertSecondCut || operation == insertFirstLabour ||
-           operation == insertSecondLabour;
-}
-
-/// What an acceptance has written when it ends just before an operation.
-std::string writtenBefore(int operation) {
-    std::string route;
-    int position = 0;
-    for (const int each : {insertFirstCut, insertSecondCut, insertFirstLabour, insertSecondLabour}) {
-        ++position;
-        route += operation > each ? std::to_string(position) : "";
-    }
-    return std::string("order ") + (operation > commit ? "1" : "0") + ", proposal " +
-           (operation > mark ? "1" : "pending") + ", sprocket " + (operation > insertSprocket ? "1" : "0") +
-           ", materials " +
-           (operation > insertHub    ? "2"
-            : operation > insertDisc ? "1"
-                                     : "0") +
-           ", route " + (route.empty() ? "-" : route);
-}
-
-/// The same as the database has it.
-std::string written(AcceptanceShop& shop) {
-    const std::string order = shop.query("select DPI_Orden from DPI where not DPI_FAcepta is null");
-    std::string route = shop.query("select RUT_pos from RUT order by RUT_pos");
-    std::erase(route, '\n');
-    return "order " + shop.count("ORDEN") + ", proposal " + (order.empty() ? "pending" : order) + ", sprocket " +
-           shop.count("OrdPiñones") + ", materials " + shop.count("Mat") + ", route " + (route.empty() ? "-" : route);
-}
-
-/// What the user sees besides the questions: the number of an error that nothing traps, or the words of a box.
-std::string seen(const AcceptanceShop& shop) {
-    std::string all;
-    for (const screen::MessageBox& box : shop.screen.messages) {
-        if (box.buttons == screen::Buttons::ok) {
-            all += box.text;
-        }
-    }
-    for (const runtime::RuntimeError& error : shop.errors) {
-        all += "error " + std::to_string(error.number());
-    }
-    return all;
-}
-
-const std::string success = "Presupuesto Aceptado, Orden de trabajo nº 1 generada ";
-
-std::string errorOf(long number) {
-    return "error " + std::to_string(number);
-}
-
-/// One proposal with two labour lines, chosen in the list.
-struct Prepared : AcceptanceShop {
-    explicit Prepared(std::unique_ptr<sql::Connection> opened = makeShopDatabase())
-        : AcceptanceShop(std::move(opened)), proposal(addProposal()) {
-        addLabour(proposal, 10, "0.25");
-        addLabour(proposal, 12, "0.5");
-        choose(proposal);
-    }
-    std::int32_t proposal;
-};
-
 void print(const char* fault, int operation, const std::string& name, AcceptanceShop& shop) {
     std::string user = seen(shop);
     for (std::size_t at = 0; (at = user.find("\r\n", at)) != std::string::npos;) {
         user.replace(at, 2, " / ");
     }
-    std::cout << fault << " " << operation << " [" << name.substr(0, 40) << "]: " << written(shop)
+    std::cout << fault << " " << operation << " [" << name.substr(0, 40) << "]: " << written(*shop.database)
               << (shop.connection.transactionOpen() ? ", transaction open" : "") << "; user: " << user << "\n";
 }
 
@@ -137,7 +38,7 @@ std::vector<std::string> undisturbed() {
     Prepared shop;
     shop.accept();
     EXPECT_EQ(seen(shop), success);
-    EXPECT_EQ(written(shop), writtenBefore(operations));
+    EXPECT_EQ(written(*shop.database), writtenBefore(operations));
     return shop.connection.log();
 }
 
@@ -157,7 +58,7 @@ TEST_F(AcceptanceFailuresTest, TheOperationsAreTheseAndNoOthers) {
         {otherOrders, "Select max("},
         {charges, "Select CLI_Gtos"},
         {earlierArticle, "Select top 1"},
-        {insertOrder, "INSERT INTO O"},
+        {insertOrderRow, "INSERT INTO O"},
         {commit, "COMMIT"},
         {mark, "UPDATE DPI"},
         {insertSprocket, "INSERT INTO OrdPi"},
@@ -182,12 +83,12 @@ TEST_F(AcceptanceFailuresTest, ARefusalAtEachOperationLeavesWhatTheTableTells) {
         EXPECT_FALSE(shop.connection.transactionOpen());
         if (operation < lookAgain) {
             EXPECT_EQ(seen(shop), errorOf(failure));
-            EXPECT_EQ(written(shop), writtenBefore(0));
+            EXPECT_EQ(written(*shop.database), writtenBefore(0));
         } else if (operation <= commit) {
             EXPECT_EQ(seen(shop),
-                      wordsOfFailure + (operation == insertOrder ? "Error definido por la aplicación o el objeto"
-                                                                 : "Fallo provocado"));
-            EXPECT_EQ(written(shop), writtenBefore(0));
+                      wordsOfFailure + (operation == insertOrderRow ? "Error definido por la aplicación o el objeto"
+                                                                    : "Fallo provocado"));
+            EXPECT_EQ(written(*shop.database), writtenBefore(0));
         } else if (isRouteInsert(operation)) {
             std::string expected = writtenBefore(operations);
             const char skipped = operation == insertFirstCut      ? '1'
@@ -196,10 +97,10 @@ TEST_F(AcceptanceFailuresTest, ARefusalAtEachOperationLeavesWhatTheTableTells) {
                                                                   : '4';
             expected.erase(expected.rfind(skipped), 1);
             EXPECT_EQ(seen(shop), success) << "a refused row of the route stops nothing";
-            EXPECT_EQ(written(shop), expected);
+            EXPECT_EQ(written(*shop.database), expected);
         } else {
             EXPECT_EQ(seen(shop), errorOf(noTransaction)) << "the rollback's, in place of the words";
-            EXPECT_EQ(written(shop), writtenBefore(operation));
+            EXPECT_EQ(written(*shop.database), writtenBefore(operation));
         }
         EXPECT_TRUE(shop.session.Campos().fields().empty());
     }
@@ -217,10 +118,10 @@ TEST_F(AcceptanceFailuresTest, AConnectionLostAtEachOperationLeavesWhatTheTableT
             EXPECT_EQ(seen(shop), errorOf(failure));
         } else {
             EXPECT_EQ(seen(shop),
-                      wordsOfFailure + (operation == insertOrder ? "Error definido por la aplicación o el objeto"
-                                                                 : "Se perdió la conexión"));
+                      wordsOfFailure + (operation == insertOrderRow ? "Error definido por la aplicación o el objeto"
+                                                                    : "Se perdió la conexión"));
         }
-        EXPECT_EQ(written(shop), writtenBefore(operation));
+        EXPECT_EQ(written(*shop.database), writtenBefore(operation));
     }
 }
 
@@ -236,10 +137,11 @@ TEST_F(AcceptanceFailuresTest, AConnectionLostAfterEachOperationLeavesWhatTheTab
         if (next < lookAgain || next > commit) {
             EXPECT_EQ(seen(shop), errorOf(failure));
         } else {
-            EXPECT_EQ(seen(shop), wordsOfFailure + (next == insertOrder ? "Error definido por la aplicación o el objeto"
-                                                                        : "Se perdió la conexión"));
+            EXPECT_EQ(seen(shop),
+                      wordsOfFailure + (next == insertOrderRow ? "Error definido por la aplicación o el objeto"
+                                                               : "Se perdió la conexión"));
         }
-        EXPECT_EQ(written(shop), writtenBefore(next));
+        EXPECT_EQ(written(*shop.database), writtenBefore(next));
     }
 }
 
@@ -260,7 +162,7 @@ TEST_F(AcceptanceFailuresTest, TheTextsAreOnTheErrorAndNotInTheWords) {
 
 TEST_F(AcceptanceFailuresTest, TheReasonOfARefusedOrderIsNotWhatTheUserReads) {
     Prepared shop;
-    shop.connection.refuse(insertOrder);
+    shop.connection.refuse(insertOrderRow);
     shop.accept();
     EXPECT_EQ(seen(shop).find("Fallo provocado"), std::string::npos);
 }
@@ -338,7 +240,7 @@ TEST_F(AcceptanceFailuresTest, BeforeTheCommitTheNumberStaysFreeAndTheSecondTryI
         shop.screen.messages.clear();
         shop.accept();
         EXPECT_EQ(seen(shop), success);
-        EXPECT_EQ(written(shop), writtenBefore(operations));
+        EXPECT_EQ(written(*shop.database), writtenBefore(operations));
     }
 }
 
@@ -346,7 +248,7 @@ TEST_F(AcceptanceFailuresTest, AnOrderThatTheProposalDoesNotKnowOfIsFollowedByAS
     Prepared shop;
     shop.connection.refuse(mark);
     shop.accept();
-    EXPECT_EQ(written(shop), writtenBefore(mark));
+    EXPECT_EQ(written(*shop.database), writtenBefore(mark));
     shop.connection.restore();
     shop.errors.clear();
     shop.screen.messages.clear();
@@ -368,13 +270,13 @@ TEST_F(AcceptanceFailuresTest, AfterTheMarkTheProposalCannotBeTriedAgain) {
         Prepared shop;
         shop.connection.refuse(operation);
         shop.accept();
-        const std::string before = written(shop);
+        const std::string before = written(*shop.database);
         shop.connection.restore();
         shop.errors.clear();
         shop.screen.messages.clear();
         shop.chooseAndAccept(shop.proposal);
         EXPECT_EQ(seen(shop), "");
-        EXPECT_EQ(written(shop), before);
+        EXPECT_EQ(written(*shop.database), before);
     }
 }
 
@@ -431,7 +333,7 @@ TEST_F(AcceptanceFailuresTest, WhatIsNoErrorOfTheLanguageIsRolledBackToo) {
         shop.connection.breakAt(operation);
         EXPECT_THROW(shop.accept(), std::runtime_error);
         EXPECT_FALSE(shop.connection.transactionOpen());
-        EXPECT_EQ(written(shop), writtenBefore(0));
+        EXPECT_EQ(written(*shop.database), writtenBefore(0));
         EXPECT_TRUE(shop.session.Campos().fields().empty());
         shop.connection.restore();
         shop.screen.messages.clear();
@@ -506,7 +408,7 @@ TEST_F(AcceptanceFailuresTest, ARollbackThatIsRefusedGoesUpInPlaceOfTheWords) {
             EXPECT_TRUE(shop.connection.transactionOpen());
         }
         AcceptanceShop later(openShopDatabase(path));
-        EXPECT_EQ(written(later), writtenBefore(0)) << "nothing of it is stored";
+        EXPECT_EQ(written(*later.database), writtenBefore(0)) << "nothing of it is stored";
     }
 }
 
@@ -525,7 +427,7 @@ TEST_F(AcceptanceFailuresTest, AfterTheCommitARefusedRollbackGoesUpAsItIs) {
         shop.connection.refuse(operation + 1, sql::provider::timeout);
         shop.accept();
         EXPECT_EQ(seen(shop), errorOf(sql::provider::timeout));
-        EXPECT_EQ(written(shop), writtenBefore(operation));
+        EXPECT_EQ(written(*shop.database), writtenBefore(operation));
     }
 }
 
@@ -546,7 +448,7 @@ TEST_F(AcceptanceFailuresTest, TheNumberOfNoTransactionMeansSuccessOnlyAfterTheC
         shop.connection.refuse(operation, noTransaction);
         shop.accept();
         EXPECT_THAT(seen(shop), StartsWith(wordsOfFailure));
-        EXPECT_EQ(written(shop), writtenBefore(0));
+        EXPECT_EQ(written(*shop.database), writtenBefore(0));
         EXPECT_FALSE(shop.connection.transactionOpen());
     }
 }
@@ -583,7 +485,7 @@ TEST_F(AcceptanceFailuresTest, AValueThatDoesNotFitTheOrderUndoesIt) {
         shop.fields.txtPesu(field).setText("tres");
         shop.accept();
         EXPECT_EQ(seen(shop), wordsOfFailure + "Error definido por la aplicación o el objeto");
-        EXPECT_EQ(written(shop), writtenBefore(0));
+        EXPECT_EQ(written(*shop.database), writtenBefore(0));
     }
 }
 
@@ -613,7 +515,7 @@ TEST_F(AcceptanceFailuresTest, AMeasureThatIsNullEndsTheMaterials) {
     shop.choose(shop.proposal);
     shop.accept();
     EXPECT_EQ(seen(shop), errorOf(noTransaction));
-    EXPECT_EQ(written(shop), writtenBefore(insertHub));
+    EXPECT_EQ(written(*shop.database), writtenBefore(insertHub));
     EXPECT_TRUE(shop.session.Campos().fields().empty()) << "the columns begun are not left to the next write";
 }
 
@@ -622,7 +524,7 @@ TEST_F(AcceptanceFailuresTest, AnArticleThatIsGoneEndsTheMaterials) {
     shop.change("delete from ART where ART_ID = 11");
     shop.accept();
     EXPECT_EQ(seen(shop), errorOf(noTransaction));
-    EXPECT_EQ(written(shop), writtenBefore(insertDisc));
+    EXPECT_EQ(written(*shop.database), writtenBefore(insertDisc));
 }
 
 TEST_F(AcceptanceFailuresTest, ADatabaseThatAnotherWriterHoldsIsToldAtOnceAndFreeAfterwards) {

@@ -155,6 +155,17 @@ void addLabour(sql::Connection& connection, std::int32_t proposal, int machine, 
         std::to_string(proposal) + ",1," + std::to_string(machine) + ",0,0," + hours + ",0)");
 }
 
+std::string rowsOf(sql::Connection& connection, std::string_view statement) {
+    std::string all;
+    for (sql::Recordset row = connection.execute(statement); !row.eof(); row.moveNext()) {
+        all += all.empty() ? "" : "\n";
+        for (std::size_t column = 0; column < row.columns().size(); ++column) {
+            all += (column == 0 ? "" : "|") + shown(row[column]);
+        }
+    }
+    return all;
+}
+
 AcceptanceShop::AcceptanceShop(std::unique_ptr<sql::Connection> opened)
     : database(std::move(opened)),
       connection(*database),
@@ -185,17 +196,6 @@ void AcceptanceShop::accept() {
     } catch (const runtime::RuntimeError& error) {
         errors.push_back(error);
     }
-}
-
-std::string AcceptanceShop::query(std::string_view statement) {
-    std::string all;
-    for (sql::Recordset row = database->execute(statement); !row.eof(); row.moveNext()) {
-        all += all.empty() ? "" : "\n";
-        for (std::size_t column = 0; column < row.columns().size(); ++column) {
-            all += (column == 0 ? "" : "|") + shown(row[column]);
-        }
-    }
-    return all;
 }
 
 std::vector<std::string> AcceptanceShop::errorTexts() const {

@@ -70,6 +70,9 @@ using Columns = std::map<std::string, std::string>;
 std::int32_t addProposal(sql::Connection& connection, const Columns& columns = {});
 void addLabour(sql::Connection& connection, std::int32_t proposal, int machine, const std::string& hours);
 
+/// The rows of a query: values divided by "|", rows by line breaks; NULL for null.
+std::string rowsOf(sql::Connection& connection, std::string_view statement);
+
 class AcceptanceShop {
   public:
     explicit AcceptanceShop(std::unique_ptr<sql::Connection> opened = makeShopDatabase());
@@ -92,8 +95,8 @@ class AcceptanceShop {
         accept();
     }
 
-    /// The rows of a query: values divided by "|", rows by line breaks; NULL for null.
-    std::string query(std::string_view statement);
+    /// See rowsOf.
+    std::string query(std::string_view statement) { return rowsOf(*database, statement); }
     std::vector<std::string> errorTexts() const;
     std::string count(const std::string& table) { return query("select count(*) from " + table); }
 

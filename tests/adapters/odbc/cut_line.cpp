@@ -1,8 +1,8 @@
 #include "cut_line.h"
 
-#include <array>
 #include <cstddef>
 #include <stdexcept>
+#include <utility>
 
 #include <netdb.h>
 #include <netinet/in.h>
@@ -30,6 +30,37 @@ int connectTo(const std::string& host, const std::string& port) {
         return -1;
     }
     return server;
+}
+
+/// Waits for what comes next; empty when the other side has ended.
+std::string received(int from) {
+    std::string part(65536, '\0');
+    const ssize_t got = recv(from, part.data(), part.size(), 0);
+    part.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return part;
+}
+
+/// False when the other side has ended.
+bool send(const std::string& part, int to) {
+    for (std::size_t sent = 0; sent < part.size();) {
+        const ssize_t more = ::send(to, part.data() + sent, part.size() - sent, MSG_NOSIGNAL);
+        if (more <= 0) {
+            return false;
+        }
+        sent += static_cast<std::size_t>(more);
+    }
+    return true;
+}
+
+/// Statements travel as UTF-16, low byte first: their characters of ASCII.
+std::string readable(const std::string& part) {
+    std::string text;
+    for (std::size_t i = 0; i + 1 < part.size(); ++i) {
+        if (part[i] >= ' ' && part[i] <= '~' && part[i + 1] == '\0') {
+            text += part[i];
+        }
+    }
+    return text;
 }
 
 }  // namespace
@@ -62,7 +93,26 @@ void CutLine::cut() {
 }
 
 void CutLine::mend() {
+    isSilent_ = false;
+    count();
     wakeAndWait(false);
+}
+
+void CutLine::count() {
+    const std::lock_guard lock(mutex_);
+    requests_.clear();
+    cut_.reset();
+}
+
+void CutLine::cutAt(std::size_t request, Moment moment) {
+    count();
+    const std::lock_guard lock(mutex_);
+    cut_ = Cut{request, moment};
+}
+
+std::vector<std::string> CutLine::requests() const {
+    const std::lock_guard lock(mutex_);
+    return requests_;
 }
 
 void CutLine::wakeAndWait(bool isCut) {
@@ -78,7 +128,7 @@ void CutLine::run() {
         std::vector<pollfd> watched{{wake_[0], POLLIN, 0}, {listener_, POLLIN, 0}};
         for (const Pair& pair : pairs_) {
             watched.push_back({pair.client, POLLIN, 0});
-            watched.push_back({pair.server, POLLIN, 0});
+            watched.push_back({isSilent_ ? -1 : pair.server, POLLIN, 0});
         }
         poll(watched.data(), watched.size(), -1);
         if (watched[0].revents != 0) {
@@ -92,9 +142,9 @@ void CutLine::run() {
         }
         std::vector<Pair> alive;
         for (std::size_t i = 0; i < pairs_.size(); ++i) {
-            const Pair& pair = pairs_[i];
-            const bool ended = (watched[2 + 2 * i].revents != 0 && !pass(pair.client, pair.server)) ||
-                               (watched[3 + 2 * i].revents != 0 && !pass(pair.server, pair.client));
+            Pair& pair = pairs_[i];
+            const bool ended = (watched[2 + 2 * i].revents != 0 && !passRequest(pair)) ||
+                               (watched[3 + 2 * i].revents != 0 && !passAnswer(pair));
             if (ended) {
                 close(pair.client);
                 close(pair.server);
@@ -103,6 +153,9 @@ void CutLine::run() {
             }
         }
         pairs_ = std::move(alive);
+        if (isCut_) {
+            closeAll();
+        }
         if (watched[1].revents != 0) {
             accept();
         }
@@ -119,18 +172,44 @@ void CutLine::accept() {
     pairs_.push_back({client, server});
 }
 
-/// False when one side has ended.
-bool CutLine::pass(int from, int to) const {
-    std::array<char, 65536> part{};
-    const ssize_t got = recv(from, part.data(), part.size(), 0);
-    for (ssize_t sent = 0; got > 0 && sent < got;) {
-        const ssize_t more = send(to, part.data() + sent, static_cast<std::size_t>(got - sent), MSG_NOSIGNAL);
-        if (more <= 0) {
+/// False when the client has ended or the line is cut.
+bool CutLine::passRequest(Pair& pair) {
+    const std::string part = received(pair.client);
+    if (part.empty() || isCut_) {
+        return false;
+    }
+    const std::lock_guard lock(mutex_);
+    if (std::exchange(pair.isAnswered, false)) {
+        pair.request = requests_.size();
+        if (isCutHere(pair, Moment::beforeRequest)) {
             return false;
         }
-        sent += more;
+        requests_.emplace_back();
     }
-    return got > 0;
+    if (pair.request < requests_.size()) {
+        requests_[pair.request] += readable(part);
+    }
+    return send(part, pair.server);
+}
+
+/// False when the server has ended or the line is cut.
+bool CutLine::passAnswer(Pair& pair) {
+    const std::string part = received(pair.server);
+    if (part.empty() || isCut_) {
+        return false;
+    }
+    const std::lock_guard lock(mutex_);
+    if (!std::exchange(pair.isAnswered, true) && isCutHere(pair, Moment::beforeAnswer)) {
+        return false;
+    }
+    return send(part, pair.client);
+}
+
+/// Cuts the line when a test wants it here.
+bool CutLine::isCutHere(const Pair& pair, Moment moment) {
+    const bool isHere = cut_ && cut_->request == pair.request && cut_->moment == moment;
+    isCut_ = isCut_ || isHere;
+    return isHere;
 }
 
 void CutLine::closeAll() {

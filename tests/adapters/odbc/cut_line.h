@@ -2,7 +2,10 @@
 // A line to a server that a test can cut.
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
+#include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -24,16 +27,39 @@ class CutLine {
     void cut();
     /// New connections get through again.
     void mend();
+    /// The server falls silent: what comes from it is kept until the line is cut.
+    void silence() { isSilent_ = true; }
+
+    // --- Requests: what a client sends until the server answers it. They are counted over all connections. ---------
+
+    enum class Moment {
+        beforeRequest,  ///< the request does not reach the server
+        beforeAnswer,   ///< the server has done what it was asked, but its answer does not arrive
+    };
+    /// Counts requests anew, from 0.
+    void count();
+    /// Counts anew, and cuts the line by itself at this request.
+    void cutAt(std::size_t request, Moment moment);
+    /// The readable characters of every request that the server has got since the count began.
+    std::vector<std::string> requests() const;
 
   private:
     struct Pair {
         int client;
         int server;
+        std::size_t request = 0;  ///< the last one
+        bool isAnswered = true;
+    };
+    struct Cut {
+        std::size_t request;
+        Moment moment;
     };
 
     void run();
     void accept();
-    bool pass(int from, int to) const;
+    bool passRequest(Pair& pair);
+    bool passAnswer(Pair& pair);
+    bool isCutHere(const Pair& pair, Moment moment);
     void closeAll();
     void wakeAndWait(bool isCut);
 
@@ -46,6 +72,10 @@ class CutLine {
     std::atomic<bool> wantCut_ = false;
     std::atomic<bool> isCut_ = false;
     std::atomic<bool> stop_ = false;
+    std::atomic<bool> isSilent_ = false;
+    mutable std::mutex mutex_;  ///< for the next two
+    std::vector<std::string> requests_;
+    std::optional<Cut> cut_;
     std::thread thread_;
 };
 
