@@ -30,7 +30,7 @@ std::string toldAt(int operation) {
     }
     if (operation < commit) {
         return wordsOfFailure + (operation == insertOrderRow ? "Error definido por la aplicación o el objeto"
-                                                          : "La conexión con la base de datos se perdió.");
+                                                             : "La conexión con la base de datos se perdió.");
     }
     if (operation == commit) {
         return wordsOfFailure +
