@@ -6,7 +6,7 @@ seconds a file instead of six to nine. Two files may use one name in their unnam
 compiler therefore sees an error is read again, in a second unit with the other such files, in the end alone.
 
 BUILD is a configured build folder, whose compile_commands.json has the flags; build/release if not given. --analyze
-runs the static analyzer (clang-analyzer-*) too, which takes far longer. TIDY_JOBS: how many processes; else one a
+runs the static analyzer (clang-analyzer-*) too, for a third more time. TIDY_JOBS: how many processes; else one a
 processor. Exit status: 0 nothing found; 1 findings, which are written to the output; 2 no such build or folder.
 """
 import argparse
