@@ -37,7 +37,6 @@ class Guarded {
 }  // namespace
 
 bool Saving::msGrabar(bool bSilencio) {
-    ++calls_;
     heldBack_ = false;
     if (!f_.txtPesu(money::customerCode).enabled() || f_.proposal.isAccepted()) {
         return false;

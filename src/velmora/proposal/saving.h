@@ -61,7 +61,6 @@ class Saving {
     const system::Clock& clock_;
     std::optional<NewRow> newRow_;  ///< of the running write; put on the form after its commit
     bool heldBack_ = false;
-    int calls_ = 0;
 };
 
 /// A line of cost: the product of two numbers under the mask of amounts, "0,00" when either is none.

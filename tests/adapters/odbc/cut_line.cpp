@@ -93,7 +93,6 @@ void CutLine::cut() {
 }
 
 void CutLine::mend() {
-    isSilent_ = false;
     count();
     wakeAndWait(false);
 }
@@ -128,7 +127,7 @@ void CutLine::run() {
         std::vector<pollfd> watched{{wake_[0], POLLIN, 0}, {listener_, POLLIN, 0}};
         for (const Pair& pair : pairs_) {
             watched.push_back({pair.client, POLLIN, 0});
-            watched.push_back({isSilent_ ? -1 : pair.server, POLLIN, 0});
+            watched.push_back({pair.server, POLLIN, 0});
         }
         poll(watched.data(), watched.size(), -1);
         if (watched[0].revents != 0) {

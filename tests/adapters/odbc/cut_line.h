@@ -27,8 +27,6 @@ class CutLine {
     void cut();
     /// New connections get through again.
     void mend();
-    /// The server falls silent: what comes from it is kept until the line is cut.
-    void silence() { isSilent_ = true; }
 
     // --- Requests: what a client sends until the server answers it. They are counted over all connections. ---------
 
@@ -72,7 +70,6 @@ class CutLine {
     std::atomic<bool> wantCut_ = false;
     std::atomic<bool> isCut_ = false;
     std::atomic<bool> stop_ = false;
-    std::atomic<bool> isSilent_ = false;
     mutable std::mutex mutex_;  ///< for the next two
     std::vector<std::string> requests_;
     std::optional<Cut> cut_;

@@ -98,8 +98,7 @@ struct Write {
     friend void PrintTo(const Write& write, std::ostream* out) { *out << write.name; }
 };
 
-// --- The users
-// ---------------------------------------------------------------------------------------------------------
+// --- The users -------------------------------------------------------------------------------------------------------
 
 void typeNewProposal(Stage& stage) {
     stage.shop.enterToothing();
@@ -271,8 +270,7 @@ void deleteDocument(Stage& stage) {
     };
 }
 
-// --- What they write
-// ---------------------------------------------------------------------------------------------------
+// --- What they write -------------------------------------------------------------------------------------------------
 
 constexpr const char* noProposals = "delete from DPI";
 constexpr const char* oneProposal = "INSERT INTO DPI (DPI_Tipo) VALUES (0)";
@@ -433,8 +431,7 @@ const std::vector<Write>& writes() {
     return all;
 }
 
-// --- The line is cut
-// ---------------------------------------------------------------------------------------------------
+// --- The line is cut -------------------------------------------------------------------------------------------------
 
 class LostWrites : public ::testing::TestWithParam<Write> {
   protected:
