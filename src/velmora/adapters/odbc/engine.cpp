@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t openingRows = 32;
 /// How much longer a set is read on opening while there is no other connection for the next statement. Most sets end
 /// within it; a longer one takes the connection along, and opening another one costs more than this.
-constexpr std::chrono::milliseconds openingTime{20};
+constexpr std::chrono::milliseconds openingTime{2};
 
 /// sp_getapplock: below this the lock was not given.
 constexpr int lockGranted = 0;
