@@ -32,9 +32,11 @@ if(VELMORA_SANITIZE)
   target_compile_options(velmora_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
-# Linking is faster by half with LLVM's linker; any other does.
+# Linking is faster by half with LLVM's linker; any other does. A cross compiler brings its own.
 include(CheckLinkerFlag)
-check_linker_flag(CXX "-fuse-ld=lld" VELMORA_LLD)
+if(NOT CMAKE_CROSSCOMPILING)
+  check_linker_flag(CXX "-fuse-ld=lld" VELMORA_LLD)
+endif()
 if(VELMORA_LLD)
   target_link_options(velmora_flags INTERFACE "-fuse-ld=lld")
 endif()

@@ -1,9 +1,8 @@
 #pragma once
 // A folder for the files of one test.
 
-#include <cstdlib>
 #include <filesystem>
-#include <stdexcept>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -13,11 +12,11 @@ namespace velmora::support {
 class TemporaryFolder {
   public:
     explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
-        std::string pattern = (parent / "velmora-test-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("no folder " + pattern);
-        }
-        path_ = pattern;
+        std::random_device source;
+        do {
+            path_ = parent / ("velmora-test-" + std::to_string(source()));
+        } while (!std::filesystem::create_directory(path_));
+        std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
     }
     ~TemporaryFolder() {
         std::error_code ignored;

@@ -7,6 +7,7 @@
 
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/system/file_path.h"
 
 namespace velmora::services {
 
@@ -17,10 +18,6 @@ namespace {
 enum FileError : long { wrongFileName = 52, cannotRead = 3002, cannotWrite = 3004 };
 
 constexpr bool drivesHaveLetters = fs::path::preferred_separator != fs::path::value_type('/');
-
-fs::path toPath(std::string_view utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 [[noreturn]] void fail(FileError number, const std::string& description) {
     throw runtime::RuntimeError(number, description, "VELMORA.Data");
@@ -129,11 +126,11 @@ std::string safeFileName(std::string_view storedName) {
 
 bool isSameFile(const std::string& path, const std::string& other) {
     std::error_code ignored;
-    return fs::equivalent(toPath(path), toPath(other), ignored);
+    return fs::equivalent(system::filePath(path), system::filePath(other), ignored);
 }
 
 sql::Bytes readFile(const std::string& path) {
-    const fs::path file = toPath(path);
+    const fs::path file = system::filePath(path);
     std::error_code failure;
     if (!fs::is_regular_file(file, failure) || failure) {
         failToRead(path);
@@ -154,7 +151,7 @@ sql::Bytes readFile(const std::string& path) {
 }
 
 void writeFile(const std::string& path, const sql::Bytes& content) {
-    const fs::path file = toPath(path);
+    const fs::path file = system::filePath(path);
     // Differs D-183: a link at the target is replaced, not followed, and an incomplete file is removed. An earlier copy
     // may be read-only.
     removeFileOrLink(file);
@@ -172,7 +169,7 @@ void writeFile(const std::string& path, const sql::Bytes& content) {
 
 void deleteFile(const std::string& path) {
     constexpr fs::perms anybodyWrites = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    const fs::path file = toPath(path);
+    const fs::path file = system::filePath(path);
     std::error_code ignored;
     const fs::file_status status = fs::status(file, ignored);
     // Chosen C-184: a read-only file is not deleted, also on systems where only the folder's permissions decide.

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "support/temporary_folder.h"
+#include "velmora/adapters/machine/trusted_folder.h"
 
 namespace velmora::machine {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <sstream>
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
+
+#include "support/temporary_folder.h"
 
 namespace velmora::script {
 namespace {
@@ -41,42 +41,18 @@ TEST(ScriptServices, KeepATemporaryFolderOfTheirOwnAsLongAsTheyLive) {
     EXPECT_EQ(out.str(), "opened \"hoja.txt\"\n");
 }
 
-TEST(ScriptServices, KeepTheirFolderClosedToOthers) {
-    std::ostringstream out;
-    Journal journal(out);
-    Answers answers;
-    const ScriptServices services(journal, answers);
-    const auto mode = std::filesystem::status(services.temporaryFolder()).permissions();
-    EXPECT_EQ(mode & std::filesystem::perms::mask, std::filesystem::perms::owner_all);
-}
-
 TEST(ScriptServices, LeaveTheFolderThatTheyWereGiven) {
     std::ostringstream out;
     Journal journal(out);
     Answers answers;
-    std::string pattern = (std::filesystem::temp_directory_path() / "velmora-kept-XXXXXX").string();
-    const std::filesystem::path root = mkdtemp(pattern.data());
-    const std::filesystem::path kept = root / "papeles";
+    const support::TemporaryFolder root;
+    const std::filesystem::path kept = root.path() / "papeles";
     {
         ScriptServices services(journal, answers, kept);
         EXPECT_EQ(services.temporaryFolder(), kept.string() + "/");
         std::ofstream(services.temporaryFolder() + "hoja.txt") << "x";
     }
     EXPECT_TRUE(std::filesystem::exists(kept / "hoja.txt"));
-    std::filesystem::remove_all(root);
-}
-
-TEST(ScriptServices, HaveNoTemporaryFolderWhereNoneCanBeMade) {
-    std::ostringstream out;
-    Journal journal(out);
-    Answers answers;
-    const ScriptServices services(journal, answers, "/dev/null/papeles");
-    EXPECT_EQ(services.temporaryFolder(), "");
-    const char* set = ::getenv("TMPDIR");
-    const std::optional<std::string> before = set == nullptr ? std::nullopt : std::optional<std::string>(set);
-    ::setenv("TMPDIR", ".", 1);
-    EXPECT_EQ(ScriptServices(journal, answers).temporaryFolder(), "") << "the current folder is none";
-    before ? ::setenv("TMPDIR", before->c_str(), 1) : ::unsetenv("TMPDIR");
 }
 
 }  // namespace

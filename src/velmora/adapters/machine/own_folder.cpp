@@ -1,11 +1,8 @@
 #include "velmora/adapters/machine/own_folder.h"
 
-#include <string_view>
-#include <system_error>
 #include <utility>
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,7 +15,6 @@ namespace {
 constexpr mode_t ownerAlone = 0700;
 constexpr mode_t allModes = 07777;
 constexpr mode_t writableByOthers = 0022;
-constexpr int mostLinks = 40;
 
 class Descriptor {
   public:
@@ -37,45 +33,6 @@ class Descriptor {
     int number_;
 };
 
-bool mayRenameIn(const struct stat& folder) {
-    return (folder.st_mode & S_IWOTH) != 0 && (folder.st_mode & S_ISVTX) == 0;
-}
-
-/// The path with its symbolic links resolved one by one; nullopt when a link or folder of it is not trusted.
-std::optional<fs::path> trustedWay(const fs::path& path, uid_t user, int links) {
-    fs::path way = path.root_path();
-    const fs::path below = path.relative_path();
-    for (auto part = below.begin(); part != below.end(); ++part) {
-        if (part->empty() || *part == ".") {
-            continue;
-        }
-        const fs::path next = *part == ".." ? way.parent_path() : way / *part;
-        struct stat status {};
-        if (::lstat(next.c_str(), &status) != 0) {
-            return std::nullopt;
-        }
-        if (S_ISLNK(status.st_mode)) {
-            if ((status.st_uid != 0 && status.st_uid != user) || links >= mostLinks) {
-                return std::nullopt;
-            }
-            std::error_code failure;
-            fs::path target = way / fs::read_symlink(next, failure);
-            if (failure) {
-                return std::nullopt;
-            }
-            while (++part != below.end()) {
-                target /= *part;
-            }
-            return trustedWay(target, user, links + 1);
-        }
-        if (!S_ISDIR(status.st_mode) || mayRenameIn(status)) {
-            return std::nullopt;
-        }
-        way = next;
-    }
-    return way;
-}
-
 /// Whether this folder is the user's own and closed to all others; sets mode 0700 if necessary.
 bool isOurs(const fs::path& folder, uid_t user) {
     const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
@@ -91,24 +48,6 @@ bool isOurs(const fs::path& folder, uid_t user) {
 }
 
 }  // namespace
-
-std::optional<fs::path> trustedFolder(const fs::path& path, uid_t user) {
-    return trustedWay(path, user, 0);
-}
-
-std::optional<fs::path> temporaryRoot() {
-    std::error_code failure;
-    const fs::path root = fs::temp_directory_path(failure);
-    if (failure || !root.is_absolute()) {
-        return std::nullopt;
-    }
-    return trustedFolder(root, ::geteuid());
-}
-
-std::optional<fs::path> newFolder(const fs::path& root, const std::string& prefix) {
-    std::string pattern = (root / (prefix + "-XXXXXX")).string();
-    return ::mkdtemp(pattern.data()) == nullptr ? std::nullopt : std::optional<fs::path>(pattern);
-}
 
 OwnFolder::OwnFolder() : OwnFolder(Options{}) {}
 

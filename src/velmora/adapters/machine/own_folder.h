@@ -8,20 +8,9 @@
 
 #include <sys/types.h>
 
+#include "velmora/adapters/machine/temporary_folder.h"
+
 namespace velmora::machine {
-
-/// The folder of this absolute path, as a path without symbolic links. nullopt when it is not a folder, when a link in
-/// the path is owned by anybody but root and the user, or when a part of the path can be renamed by others (writable by
-/// all without the sticky bit).
-std::optional<std::filesystem::path> trustedFolder(const std::filesystem::path& path, uid_t user);
-
-/// The system's folder for temporary files (TMPDIR, TMP, TEMP or TEMPDIR, else /tmp), if it can be trusted. nullopt for
-/// a relative path, which would depend on the current folder.
-std::optional<std::filesystem::path> temporaryRoot();
-
-/// A new folder below `root`, named `prefix` followed by six random letters; mode 0700. nullopt when it cannot be
-/// created.
-std::optional<std::filesystem::path> newFolder(const std::filesystem::path& root, const std::string& prefix);
 
 /// One folder per program and user below the temporary one, created on first use with mode 0700. It is never removed:
 /// other programs may still have its files open when this one ends.

@@ -3,9 +3,10 @@
 #include <chrono>
 #include <system_error>
 
-#include "velmora/adapters/machine/own_folder.h"
+#include "velmora/adapters/machine/temporary_folder.h"
 #include "velmora/adapters/script/ending.h"
 #include "velmora/adapters/script/shown_text.h"
+#include "velmora/platform/system/file_path.h"
 
 namespace velmora::script {
 
@@ -64,7 +65,7 @@ std::string ScriptServices::temporaryFolder() const {
     if (isKept_) {
         std::error_code failure;
         std::filesystem::create_directories(folder_, failure);
-        return failure ? std::string() : folder_.string() + "/";
+        return failure ? std::string() : system::fileText(folder_) + "/";
     }
     if (folder_.empty()) {
         const auto root = machine::temporaryRoot();
@@ -74,7 +75,7 @@ std::string ScriptServices::temporaryFolder() const {
         }
         folder_ = *made;
     }
-    return folder_.string() + "/";
+    return system::fileText(folder_) + "/";
 }
 
 std::optional<std::string> ScriptServices::openFileDialog(const system::OpenFileRequest& request) {
@@ -90,10 +91,10 @@ std::optional<std::string> ScriptServices::openFileDialog(const system::OpenFile
 
 int ScriptServices::openWithAssociatedProgram(std::string_view path) {
     std::error_code failure;
-    if (!std::filesystem::exists(path, failure)) {
+    if (!std::filesystem::exists(system::filePath(path), failure)) {
         return fileNotFound;
     }
-    journal_.line("opened " + inQuotes(std::filesystem::path(path).filename().string()));
+    journal_.line("opened " + inQuotes(system::fileText(system::filePath(path).filename())));
     return opened;
 }
 
