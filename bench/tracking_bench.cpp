@@ -130,15 +130,24 @@ void byNumber(benchmark::State& state) {
     filter(state, [](auto& f) { f.txtCriterio(tracking::numberFrom).setText("300"); });
 }
 
-void byMeasures(benchmark::State& state) {
+/// The search by measures: of the type alone, or with this number of teeth.
+void search(benchmark::State& state, const char* teeth) {
     list(
         state,
-        [](auto& f) {
+        [teeth](auto& f) {
             f.cboTipoPre.setListIndex(0);
             f.Text1.forEach([](screen::TextBox& box) { box.setText("0"); });
-            f.Text1(1).setText("19");
+            f.Text1(1).setText(teeth);
         },
         &tracking::TrackingFields::XPButton4);
+}
+
+void byMeasures(benchmark::State& state) {
+    search(state, "19");
+}
+
+void byTypeAlone(benchmark::State& state) {
+    search(state, "0");
 }
 
 double residentMebibytes() {
@@ -243,6 +252,7 @@ BENCHMARK(sinceTheBeginning)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byNumbers)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byNumber)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byMeasures)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(byTypeAlone)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(walkToTheEnd)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(unreadBesideForeignSaves)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(readBesideForeignSaves)->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -5,6 +5,7 @@
 CREATE INDEX [IX_DPI_Fecha] ON [dbo].[DPI] (DPI_Fecha)
 CREATE INDEX [IX_DPI_Toothing] ON [dbo].[DPI] (DPI_Z, DPI_Pas, DPI_AC, DPI_Rodillo, DPI_Tipo, DPI_Fecha)
 CREATE INDEX [IX_DPI_Type] ON [dbo].[DPI] (DPI_Tipo, DPI_Fecha)
+CREATE INDEX [IX_DPI_TypeKey] ON [dbo].[DPI] (DPI_Tipo)
 CREATE INDEX [IX_DPI_Accepted] ON [dbo].[DPI] (DPI_FAcepta, DPI_Fecha)
 CREATE INDEX [IX_DPI_CustomerDate] ON [dbo].[DPI] (DPI_CodCliente, DPI_Fecha)
 

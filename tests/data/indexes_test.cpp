@@ -77,6 +77,7 @@ TEST(Indexes, CoverTheToothingTheTrackingListAndTheLabour) {
     EXPECT_THAT(indexStatements(), Contains("CREATE INDEX [IX_DPI_Toothing] ON [dbo].[DPI] (DPI_Z, DPI_Pas, DPI_AC, "
                                             "DPI_Rodillo, DPI_Tipo, DPI_Fecha)"));
     EXPECT_THAT(indexStatements(), Contains("CREATE INDEX [IX_DPI_Type] ON [dbo].[DPI] (DPI_Tipo, DPI_Fecha)"));
+    EXPECT_THAT(indexStatements(), Contains("CREATE INDEX [IX_DPI_TypeKey] ON [dbo].[DPI] (DPI_Tipo)"));
     EXPECT_THAT(indexStatements(),
                 Contains("CREATE INDEX [IX_DPI_CustomerDate] ON [dbo].[DPI] (DPI_CodCliente, DPI_Fecha)"));
     EXPECT_THAT(indexStatements(), Contains("CREATE INDEX [IX_MoDpi_Dpi] ON [dbo].[MoDpi] (MoDpi_Dpi)"));

@@ -408,6 +408,7 @@ constexpr auto allIndexes = std::to_array<IndexDefinition>({
     {.name = "IX_DPI_Fecha", .table = "DPI", .columns = "DPI_Fecha"},
     {.name = "IX_DPI_Toothing", .table = "DPI", .columns = "DPI_Z, DPI_Pas, DPI_AC, DPI_Rodillo, DPI_Tipo, DPI_Fecha"},
     {.name = "IX_DPI_Type", .table = "DPI", .columns = "DPI_Tipo, DPI_Fecha"},
+    {.name = "IX_DPI_TypeKey", .table = "DPI", .columns = "DPI_Tipo"},
     {.name = "IX_DPI_Accepted", .table = "DPI", .columns = "DPI_FAcepta, DPI_Fecha"},
     {.name = "IX_DPI_CustomerDate", .table = "DPI", .columns = "DPI_CodCliente, DPI_Fecha"},
     {.name = "IX_MoDpi_Dpi", .table = "MoDpi", .columns = "MoDpi_Dpi"},
