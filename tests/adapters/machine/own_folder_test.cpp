@@ -7,8 +7,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "support/temporary_folder.h"
 #include "velmora/adapters/machine/trusted_folder.h"
+
+#include "support/temporary_folder.h"
 
 namespace velmora::machine {
 namespace {
