@@ -1,0 +1,15 @@
+#pragma once
+// Converts texts between the model (UTF-8) and the system (UTF-16).
+
+#include <string>
+#include <string_view>
+
+namespace velmora::win32 {
+
+std::wstring toWide(std::string_view text);
+/// Half a surrogate pair becomes the replacement character.
+std::string fromWide(std::wstring_view text);
+/// One character, as one or two units.
+std::wstring toWide(char32_t character);
+
+}  // namespace velmora::win32
