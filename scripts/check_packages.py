@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""check_packages.py [ROOT]: holds scripts/packages.txt against the sources and, where dpkg is, against the packages.
+"""check_packages.py [ROOT]: holds the lists of packages against the sources and, where dpkg is, against the packages.
 
 Each package stands beside a file that it brings and a text of ours that needs that file: a package that nothing needs
 any more is refused. Ends with 1 and a line for each finding.
@@ -9,12 +9,12 @@ import subprocess
 import sys
 from pathlib import Path
 
-LIST = "scripts/packages.txt"
+LISTS = ("scripts/packages.txt", "scripts/windows_packages.txt")
 
 
-def rows(root):
+def rows(path):
     """(number of the line, its cells); a line that is a comment, or empty, is none."""
-    lines = (root / LIST).read_text(encoding="utf-8").splitlines()
+    lines = path.read_text(encoding="utf-8").splitlines()
     for number, line in enumerate(lines, 1):
         if line.strip() and not line.startswith("#"):
             yield number, [cell.strip() for cell in line.split("|", 2)]
@@ -48,8 +48,9 @@ def fault(root, cells):
 
 
 def findings(root):
-    faults = ((number, fault(root, cells)) for number, cells in rows(root))
-    return [f"{LIST}:{number}: {what}" for number, what in faults if what]
+    lists = (name for name in LISTS if (root / name).is_file())
+    faults = ((name, number, fault(root, cells)) for name in lists for number, cells in rows(root / name))
+    return [f"{name}:{number}: {what}" for name, number, what in faults if what]
 
 
 if __name__ == "__main__":

@@ -1,9 +1,10 @@
 #!/bin/sh
-# Installs what building and testing need and is not there yet. Asks nothing; says nothing when all is there.
+# install_packages.sh [LIST]: installs what building and testing need (scripts/packages.txt, unless another list is
+# named) and is not there yet. Asks nothing; says nothing when all is there.
 set -eu
 
 # The list tells beside each what needs it.
-packages=$(sed -n 's/^\([a-z0-9][^ |]*\) *|.*/\1/p' "$(dirname "$0")/packages.txt")
+packages=$(sed -n 's/^\([a-z0-9][^ |]*\) *|.*/\1/p' "${1:-$(dirname "$0")/packages.txt}")
 
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then

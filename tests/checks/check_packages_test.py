@@ -11,9 +11,9 @@ SCRIPT = Path(__file__).resolve().parent.parent.parent / "scripts" / "check_pack
 
 
 class Packages(unittest.TestCase):
-    def check(self, row):
+    def check(self, row, name="scripts/packages.txt"):
         with tempfile.TemporaryDirectory() as root:
-            for name, text in {"scripts/packages.txt": f"# a comment\n\n{row}\n", "src/a.cpp": "#include <a.h>\n"}.items():
+            for name, text in {name: f"# a comment\n\n{row}\n", "src/a.cpp": "#include <a.h>\n"}.items():
                 path = Path(root) / name
                 path.parent.mkdir(parents=True, exist_ok=True)
                 path.write_text(text, encoding="utf-8")
@@ -30,6 +30,10 @@ class Packages(unittest.TestCase):
     def test_a_package_that_nothing_needs_is_refused(self):
         expected = "scripts/packages.txt:3: some-package is unused: src does not hold #include <b.h>\n"
         self.assertEqual(self.check("some-package | b.h | src: #include <b.h>"), expected)
+
+    def test_every_list_is_read(self):
+        expected = "scripts/windows_packages.txt:3: some-package is unused: src does not hold #include <b.h>\n"
+        self.assertEqual(self.check("some-package | b.h | src: #include <b.h>", "scripts/windows_packages.txt"), expected)
 
     def test_a_package_without_the_file_is_refused(self):
         expected = "scripts/packages.txt:3: python3 does not bring a.h\n"
