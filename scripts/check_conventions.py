@@ -233,6 +233,78 @@ def check_rounding(house):
             )
 
 
+# Functions whose last bit is not the same on every system; sin and cos, which the required formulas have, differ for few
+# arguments, by less than what the formulas round away.
+_LAST_BIT = re.compile(
+    r"(?<![\w.>:])(?:std\s*::\s*|::\s*)"
+    r"(tan|asin|acos|atan2?|sinh|cosh|tanh|exp2?|expm1|log(?:10|1p|2)?|pow|cbrt|hypot)f?\s*\("
+)
+# What they compute there is drawn and goes into no price.
+DRAWN = {
+    "src/velmora/estimate/drawing_parts.cpp",
+    "src/velmora/platform/toolkit/dimension_texts.cpp",
+    "src/velmora/platform/toolkit/pixel_geometry.h",
+    "src/velmora/platform/toolkit/sketch_plan.cpp",
+}
+
+
+def check_formulas(house):
+    for name in house.sources(SOURCES):
+        if not is_core(name) or name in DRAWN:
+            continue
+        code = code_alone(house.read(name))
+        for found in _LAST_BIT.finditer(code):
+            house.refuse(
+                name,
+                line_of(code, found.start(1)),
+                f"the last bit of {found.group(1)} depends on the system: a formula gives the same on all",
+            )
+
+
+# The rooms outside of the core that are built for Windows too, and the one header that may make a path of a text.
+ON_WINDOWS = tuple(
+    f"src/velmora/{folder}/"
+    for folder in ("adapters/com", "adapters/host", "adapters/machine", "adapters/script", "adapters/session",
+                   "adapters/win32", "apps/component")
+)
+FILE_PATH = "src/velmora/platform/system/file_path.h"
+_PATH = r"\b(?:filesystem|fs)\s*::\s*path\b"
+_PATH_MADE = re.compile(_PATH + r"(?P<name>\s+\w+)?\s*(?P<opening>[({])")
+_PATH_SET = re.compile(_PATH + r"\s+\w+\s*=\s*(?:std\s*::\s*string\b|;|\w+(?:\.c_str\(\))?\s*;)")
+_STREAM_MADE = re.compile(r"\b[io]?fstream\s+\w+\s*[({]\s*(?P<argument>[^,(){};]*)(?P<end>[,(){};])")
+_NARROW = re.compile(r"\.\s*((?:generic_)?string)\s*\(\s*\)")
+
+
+def inside(code, opening):
+    """The text between a bracket and its partner, of either kind."""
+    return argument_at(code.replace("{", "(").replace("}", ")"), opening)
+
+
+def check_paths(house):
+    """On Windows a path made of a narrow text is read in the code page of the machine, not as UTF-8."""
+    what = f"a path is made of a text by system::filePath, and read by system::fileText ({FILE_PATH})"
+    for name in house.sources(SOURCES):
+        if name == FILE_PATH or not (is_core(name) or name.startswith(ON_WINDOWS)):
+            continue
+        code = code_alone(house.read(name))
+        found = [match.start() for match in _PATH_SET.finditer(code)]
+        for made in _PATH_MADE.finditer(code):
+            argument = inside(code, made.start("opening"))
+            # Parameters of a function that returns a path are pairs of type and name.
+            is_function = made["name"] and re.search(r"[\w>&*]\s+\w|[\w>]\s*[&*]\s*\w", argument)
+            if argument and not is_function and not argument.lstrip().startswith("u8"):
+                found.append(made.start())
+        for made in _STREAM_MADE.finditer(code):
+            argument = made["argument"].strip()
+            is_path = re.search(rf"\bpath\s*&?\s+{argument}\b", code[: made.start()]) if argument.isidentifier() else False
+            if not (is_path or argument.endswith("filePath") or made[0].rstrip().endswith(("()", "{}"))):
+                found.append(made.start())
+        if "<filesystem>" in house.read(name):
+            found.extend(match.start(1) for match in _NARROW.finditer(code))
+        for position in sorted(found):
+            house.refuse(name, line_of(code, position), what)
+
+
 def check_files(house):
     for name in house.files:
         if not name.isascii():
@@ -365,6 +437,8 @@ CHECKS = (
     check_questions,
     check_locale,
     check_rounding,
+    check_formulas,
+    check_paths,
     check_files,
     check_register,
     check_version,

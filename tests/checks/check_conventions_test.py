@@ -72,6 +72,45 @@ class Conventions(unittest.TestCase):
                 self.assertSound({"src/velmora/proposal/a.cpp": f"f_.txtPesu(money::{field}).setText(id);\n"})
         self.assertSound({"src/velmora/proposal/a.cpp": "auto a = f_.txtPesu(money::created).text();\n"})
 
+    def test_a_formula_gives_the_same_on_every_system(self):
+        for call in ("std::tan(angle)", "std::pow(a, 2)", "::atan2(a, b)", "std::log10(a)"):
+            with self.subTest(call):
+                formula = f"auto a = {call};\n"
+                self.assertRefused({"src/velmora/estimate/a.cpp": formula}, "depends on the system")
+                self.assertSound({"src/velmora/platform/toolkit/sketch_plan.cpp": formula})
+                self.assertSound({"src/velmora/adapters/sqlite/a.cpp": formula})
+        self.assertSound({"src/velmora/estimate/a.cpp": "auto a = std::sin(b) + std::sqrt(c); // std::tan(b)\n"})
+
+    def test_a_path_on_windows_is_not_made_of_a_narrow_text(self):
+        for made in (
+            "std::filesystem::path file(text);",
+            'fs::path file{"a"};',
+            "auto file = std::filesystem::path(text);",
+            "fs::path file = std::string(text);",
+            "fs::path file = text;",
+            'std::ifstream in("a.txt");',
+            "std::string name;\nstd::ofstream out(name, std::ios::binary);",
+            "std::ofstream out(name.c_str());",
+            "#include <filesystem>\nauto a = file.string();",
+        ):
+            with self.subTest(made):
+                expected = "a path is made of a text by system::filePath"
+                self.assertRefused({"src/velmora/services/a.cpp": made + "\n"}, expected)
+                self.assertRefused({"src/velmora/adapters/com/a.cpp": made + "\n"}, expected)
+                self.assertSound({"src/velmora/platform/system/file_path.h": made + "\n"})
+                self.assertSound({"src/velmora/adapters/qt/a.cpp": made + "\n"})
+        for made in (
+            "const fs::path file = filePath(text);",
+            "fs::path newFolder(const fs::path& root, std::string_view prefix);",
+            "fs::path folder_;\nstd::optional<fs::path> path();",
+            "void f(const fs::path& file) {\n    std::ifstream in(file, std::ios::binary);\n}",
+            "std::ofstream out(system::filePath(name), std::ios::binary);",
+            "std::ifstream in;",
+            "auto a = b.string();",
+        ):
+            with self.subTest(made):
+                self.assertSound({"src/velmora/services/a.cpp": made + "\n"})
+
     def test_an_include_in_a_comment_does_not_count(self):
         self.assertSound({"src/velmora/data/a.h": '// #include "velmora/shell/vmora.h"\n/*\n#include <sqlite3.h>\n*/\n'})
 
