@@ -1,12 +1,10 @@
 #include "velmora/adapters/odbc/engine.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "velmora/adapters/odbc/connection_text.h"
 #include "velmora/adapters/odbc/diagnostics.h"
-#include "velmora/adapters/tsql/tokenizer.h"
+#include "velmora/adapters/tsql/one_statement.h"
 #include "velmora/platform/runtime/text.h"
 
 namespace velmora::odbc {
@@ -44,24 +42,6 @@ sql::Value askForLock(Link& link, std::chrono::milliseconds patience) {
             link.send(rollbackIfOpen);
         }
         throw;
-    }
-}
-
-/// A server would run a second statement too. What the tokenizer does not know is left to the server.
-void refuseSecondStatement(const std::string& statement) {
-    if (statement.find(';') == std::string::npos) {
-        return;
-    }
-    std::vector<tsql::Token> tokens;
-    try {
-        tokens = tsql::tokenize(statement);
-    } catch (const sql::DbError&) {
-        return;
-    }
-    const auto end = std::ranges::find_if(tokens, [](const tsql::Token& token) { return token.written == ";"; });
-    if (end != tokens.end() && std::next(end)->kind != tsql::TokenKind::end) {
-        throw sql::DbError(sql::provider::syntax, "Solo se puede ejecutar una instrucción cada vez.",
-                           {.sqlState = "42000", .statement = statement});
     }
 }
 
@@ -187,7 +167,7 @@ sql::Recordset Engine::execute(std::string_view statement) {
 
 std::unique_ptr<sql::RowSource> Engine::openRows(const std::string& statement) {
     mustBeUsable(statement);
-    refuseSecondStatement(statement);
+    tsql::refuseSecondStatement(statement);
     return onLink([&](Link& link) -> std::unique_ptr<sql::RowSource> {
         Cursor cursor = link.send(statement);
         if (cursor.columns().empty()) {

@@ -7,35 +7,24 @@
 #include <string_view>
 
 #include "velmora/adapters/script/interpreter.h"
-#include "velmora/adapters/script/public_operations.h"
 #include "velmora/adapters/script/script_services.h"
-#include "velmora/apps/script_stage/stage.h"
+#include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 #include "velmora/platform/desk.h"
-#include "velmora/shell/vmora.h"
+
+#include "database.h"
+#include "operations.h"
 
 namespace velmora::drive {
 
 namespace {
 
-using script_stage::Options;
-
-/// An instance of the public class in this program, and the session of the stage.
-class OwnInstance final : public script::PublicClass {
-  public:
-    OwnInstance(platform::Desk& desk, session::Session& session) : vmora_(desk) { vmora_.MyBd(&session); }
-
-    void jShow() override { vmora_.jShow(); }
-    void jShowParametros() override { vmora_.jShowParametros(); }
-    void jShowPropuesta(std::int32_t& nIdDpi) override { vmora_.jShowPropuesta(nIdDpi); }
-    void jPrintPropuesta(std::int32_t& nIdDpi, bool& bOrden) override { vmora_.jPrintPropuesta(nIdDpi, bOrden); }
-    void jShowSeguimiento() override { vmora_.jShowSeguimiento(); }
-    void setExportReport(bool value) override { vmora_.bExportReport(value); }
-    bool exportReport() override { return vmora_.bExportReport(); }
-
-  private:
-    shell::VMORA vmora_;
-};
+std::unique_ptr<system::Clock> clockOf(const Options& options) {
+    if (options.now) {
+        return std::make_unique<script::FixedClock>(*options.now);
+    }
+    return std::make_unique<system::SystemClock>();
+}
 
 std::unique_ptr<script::ScriptServices> servicesOf(const Options& options, script::Journal& journal,
                                                    script::Answers& answers) {
@@ -44,30 +33,30 @@ std::unique_ptr<script::ScriptServices> servicesOf(const Options& options, scrip
 }
 
 script::Status play(const Options& options, std::istream& in) {
-    script_stage::Stage stage(options);
+    const std::unique_ptr<system::Clock> clock = clockOf(options);
+    const std::unique_ptr<sql::Connection> engine = openDatabase(options, *clock);
 
     script::Journal journal(std::cout);
     script::Answers answers;
     script::ScriptScreen screen(journal, answers);
     const std::unique_ptr<script::ScriptServices> services = servicesOf(options, journal, answers);
     components::ComponentFactory components;
-    stand_ins::registerStandIns(components, screen, *services, stage.clock());
-    platform::Desk desk{screen, components, *services, stage.clock()};
+    stand_ins::registerStandIns(components, screen, *services, *clock);
+    platform::Desk desk{screen, components, *services, *clock};
 
+    script::WatchedConnection program(*engine);
     if (options.traceSql) {
-        stage.program().onStatement(
-            [&](std::string_view statement) { journal.line("sql> " + std::string(statement)); });
+        program.onStatement([&](std::string_view statement) { journal.line("sql> " + std::string(statement)); });
     }
-    OwnInstance instance(desk, stage.session());
-    const script::Operations operations = script::operationsOf(instance);
+    adapters::StandInSession session(program);
+    HostOperations host(desk, session);
 
     script::ScriptReader reader(in);
     const auto tell = [&](std::string_view reason) {
         std::cout.flush();
         std::cerr << options.script << ": " << reason << '\n';
     };
-    script::Interpreter interpreter({journal, answers, screen, stage.program(), stage.engine(), operations}, reader,
-                                    tell);
+    script::Interpreter interpreter({journal, answers, screen, program, *engine, host.operations()}, reader, tell);
     return interpreter.run();
 }
 
