@@ -10,11 +10,11 @@
 #include "velmora/adapters/script/answers.h"
 #include "velmora/adapters/script/command.h"
 #include "velmora/adapters/script/ending.h"
+#include "velmora/adapters/script/faults.h"
 #include "velmora/adapters/script/journal.h"
 #include "velmora/adapters/script/script_screen.h"
 #include "velmora/adapters/script/shown_text.h"
 #include "velmora/adapters/script/user.h"
-#include "velmora/adapters/script/watched_connection.h"
 #include "velmora/platform/screen/form.h"
 #include "velmora/platform/sql/connection.h"
 
@@ -36,8 +36,8 @@ class Interpreter {
         Journal& journal;
         Answers& answers;
         ScriptScreen& screen;
-        WatchedConnection& program;  ///< the connection that the program uses
-        sql::Connection& engine;     ///< the same database, for the script's own queries
+        Faults& program;          ///< of the connection that the program uses
+        sql::Connection& engine;  ///< the same database, for the script's own queries
         const Operations& operations;
     };
 

@@ -6,23 +6,21 @@
 #include <string>
 #include <string_view>
 
+#include "velmora/adapters/script/faults.h"
 #include "velmora/platform/sql/connection.h"
 
 namespace velmora::script {
 
 /// Statements that a result set runs again (requery) are watched like the first time.
-class WatchedConnection final : public sql::ForwardingConnection {
+class WatchedConnection final : public sql::ForwardingConnection, public Faults {
   public:
     /// `target` must outlive the connection, and the connection the result sets that it returned.
     explicit WatchedConnection(sql::Connection& target) : ForwardingConnection(target) {}
 
     /// Receives the text of each statement before it runs, also of one that will fail.
     void onStatement(std::function<void(std::string_view)> listener) { listener_ = std::move(listener); }
-    /// The next statement that contains `text` fails once (provider::failure) and is not passed on; a column written
-    /// through a set counts as the statement "update COLUMN". A second call replaces a text that has not matched yet.
-    void refuseNext(std::string text) { refused_ = std::move(text); }
-    /// From now on every operation fails with provider::failure. An open transaction is rolled back, as by a server.
-    void lose();
+    void refuseNext(std::string text) override { refused_ = std::move(text); }
+    void lose() override;
 
     sql::Recordset execute(std::string_view statement) override;
     void beginTrans() override;

@@ -7,24 +7,35 @@
 #include <string_view>
 
 #include "velmora/adapters/script/interpreter.h"
+#include "velmora/adapters/script/public_operations.h"
 #include "velmora/adapters/script/script_services.h"
-#include "velmora/adapters/session/stand_in_session.h"
+#include "velmora/apps/script_stage/stage.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 #include "velmora/platform/desk.h"
-
-#include "database.h"
-#include "operations.h"
+#include "velmora/shell/vmora.h"
 
 namespace velmora::drive {
 
 namespace {
 
-std::unique_ptr<system::Clock> clockOf(const Options& options) {
-    if (options.now) {
-        return std::make_unique<script::FixedClock>(*options.now);
-    }
-    return std::make_unique<system::SystemClock>();
-}
+using script_stage::Options;
+
+/// An instance of the public class in this program, and the session of the stage.
+class OwnInstance final : public script::PublicClass {
+  public:
+    OwnInstance(platform::Desk& desk, session::Session& session) : vmora_(desk) { vmora_.MyBd(&session); }
+
+    void jShow() override { vmora_.jShow(); }
+    void jShowParametros() override { vmora_.jShowParametros(); }
+    void jShowPropuesta(std::int32_t& nIdDpi) override { vmora_.jShowPropuesta(nIdDpi); }
+    void jPrintPropuesta(std::int32_t& nIdDpi, bool& bOrden) override { vmora_.jPrintPropuesta(nIdDpi, bOrden); }
+    void jShowSeguimiento() override { vmora_.jShowSeguimiento(); }
+    void setExportReport(bool value) override { vmora_.bExportReport(value); }
+    bool exportReport() override { return vmora_.bExportReport(); }
+
+  private:
+    shell::VMORA vmora_;
+};
 
 std::unique_ptr<script::ScriptServices> servicesOf(const Options& options, script::Journal& journal,
                                                    script::Answers& answers) {
@@ -33,30 +44,30 @@ std::unique_ptr<script::ScriptServices> servicesOf(const Options& options, scrip
 }
 
 script::Status play(const Options& options, std::istream& in) {
-    const std::unique_ptr<system::Clock> clock = clockOf(options);
-    const std::unique_ptr<sql::Connection> engine = openDatabase(options, *clock);
+    script_stage::Stage stage(options);
 
     script::Journal journal(std::cout);
     script::Answers answers;
     script::ScriptScreen screen(journal, answers);
     const std::unique_ptr<script::ScriptServices> services = servicesOf(options, journal, answers);
     components::ComponentFactory components;
-    stand_ins::registerStandIns(components, screen, *services, *clock);
-    platform::Desk desk{screen, components, *services, *clock};
+    stand_ins::registerStandIns(components, screen, *services, stage.clock());
+    platform::Desk desk{screen, components, *services, stage.clock()};
 
-    script::WatchedConnection program(*engine);
     if (options.traceSql) {
-        program.onStatement([&](std::string_view statement) { journal.line("sql> " + std::string(statement)); });
+        stage.program().onStatement(
+            [&](std::string_view statement) { journal.line("sql> " + std::string(statement)); });
     }
-    adapters::StandInSession session(program);
-    HostOperations host(desk, session);
+    OwnInstance instance(desk, stage.session());
+    const script::Operations operations = script::operationsOf(instance);
 
     script::ScriptReader reader(in);
     const auto tell = [&](std::string_view reason) {
         std::cout.flush();
         std::cerr << options.script << ": " << reason << '\n';
     };
-    script::Interpreter interpreter({journal, answers, screen, program, *engine, host.operations()}, reader, tell);
+    script::Interpreter interpreter({journal, answers, screen, stage.program(), stage.engine(), operations}, reader,
+                                    tell);
     return interpreter.run();
 }
 

@@ -1,9 +1,9 @@
-#include "stopped_server_clock.h"
+#include "velmora/apps/script_stage/stopped_server_clock.h"
 
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/text.h"
 
-namespace velmora::drive {
+namespace velmora::script_stage {
 
 namespace {
 
@@ -33,4 +33,4 @@ std::string withMoment(std::string_view statement, runtime::Date moment) {
     return result;
 }
 
-}  // namespace velmora::drive
+}  // namespace velmora::script_stage

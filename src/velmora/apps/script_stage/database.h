@@ -4,12 +4,11 @@
 #include <memory>
 #include <stdexcept>
 
+#include "velmora/apps/script_stage/options.h"
 #include "velmora/platform/sql/connection.h"
 #include "velmora/platform/system/system.h"
 
-#include "options.h"
-
-namespace velmora::drive {
+namespace velmora::script_stage {
 
 /// Why the database cannot be used; for the person at the command line.
 class NoDatabase : public std::runtime_error {
@@ -21,4 +20,4 @@ class NoDatabase : public std::runtime_error {
 /// requested rows; to one with tables only a file of statements can be added. Errors: NoDatabase.
 std::unique_ptr<sql::Connection> openDatabase(const Options& options, const system::Clock& clock);
 
-}  // namespace velmora::drive
+}  // namespace velmora::script_stage

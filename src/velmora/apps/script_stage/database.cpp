@@ -1,4 +1,4 @@
-#include "database.h"
+#include "velmora/apps/script_stage/database.h"
 
 #include <fstream>
 #include <iterator>
@@ -7,13 +7,12 @@
 #include <utility>
 
 #include "velmora/apps/engines/known_engines.h"
+#include "velmora/apps/script_stage/stopped_server_clock.h"
 #include "velmora/data/indexes.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
 
-#include "stopped_server_clock.h"
-
-namespace velmora::drive {
+namespace velmora::script_stage {
 
 namespace {
 
@@ -113,4 +112,4 @@ std::unique_ptr<sql::Connection> openDatabase(const Options& options, const syst
     }
 }
 
-}  // namespace velmora::drive
+}  // namespace velmora::script_stage

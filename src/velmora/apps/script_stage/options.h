@@ -7,7 +7,7 @@
 
 #include "velmora/platform/runtime/date.h"
 
-namespace velmora::drive {
+namespace velmora::script_stage {
 
 struct Options {
     std::optional<std::string> database;  ///< path of an embedded database; nullopt: one in memory
@@ -25,4 +25,4 @@ struct Options {
 /// asked for, or the line is wrong (reported on the standard error output).
 std::variant<Options, int> readOptions(int argc, char** argv);
 
-}  // namespace velmora::drive
+}  // namespace velmora::script_stage

@@ -8,7 +8,7 @@
 #include "velmora/platform/runtime/date.h"
 #include "velmora/platform/sql/connection.h"
 
-namespace velmora::drive {
+namespace velmora::script_stage {
 
 /// The statement with every getdate() outside of texts replaced by this moment.
 std::string withMoment(std::string_view statement, runtime::Date moment);
@@ -28,4 +28,4 @@ class StoppedServerClock final : public sql::ForwardingConnection {
     runtime::Date moment_;
 };
 
-}  // namespace velmora::drive
+}  // namespace velmora::script_stage

@@ -1,4 +1,4 @@
-#include "options.h"
+#include "velmora/apps/script_stage/options.h"
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
@@ -7,7 +7,7 @@
 #include "velmora/adapters/script/ending.h"
 #include "velmora/adapters/script/script_services.h"
 
-namespace velmora::drive {
+namespace velmora::script_stage {
 
 namespace {
 
@@ -111,4 +111,4 @@ std::variant<Options, int> readOptions(int argc, char** argv) {
     return line.options;
 }
 
-}  // namespace velmora::drive
+}  // namespace velmora::script_stage
