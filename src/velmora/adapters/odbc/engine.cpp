@@ -11,11 +11,8 @@ namespace velmora::odbc {
 
 namespace {
 
-/// Rows read on opening in any case: more than a screen shows.
+/// Rows read on opening: more than a screen shows. A longer set is read on by a thread, with its connection.
 constexpr std::size_t openingRows = 32;
-/// How much longer a set is read on opening while there is no other connection for the next statement. Most sets end
-/// within it; a longer one takes the connection along, and opening another one costs more than this.
-constexpr std::chrono::milliseconds openingTime{2};
 
 /// sp_getapplock: below this the lock was not given.
 constexpr int lockGranted = 0;
@@ -177,13 +174,7 @@ std::unique_ptr<sql::RowSource> Engine::openRows(const std::string& statement) {
         sql::Row row;
         bool more = true;
         link.watch([&] {
-            const auto opened = std::chrono::steady_clock::now();
-            const bool hasSpare = pool_->hasIdle();
-            const auto readsOn = [&](std::size_t rows) {
-                return inTransaction_ || rows < openingRows ||
-                       (!hasSpare && std::chrono::steady_clock::now() - opened < openingTime);
-            };
-            for (std::size_t rows = 0; more && readsOn(rows); ++rows) {
+            for (std::size_t rows = 0; more && (inTransaction_ || rows < openingRows); ++rows) {
                 more = cursor.next(row);
                 if (more) {
                     spool->add(std::move(row));
