@@ -1,5 +1,5 @@
 #pragma once
-// Rows as bytes, for a temporary file of this process.
+// Rows as bytes, in memory or in a temporary file of this process.
 
 #include <string>
 #include <string_view>

@@ -73,29 +73,27 @@ void RowSpool::add(sql::Row row) {
 
 void RowSpool::closeBlock() {
     const std::shared_ptr<Rows> rows = std::exchange(tail_, emptyTail());
-    const std::size_t bytes = std::exchange(tailBytes_, 0);
-    Block block{.first = count_ - rows->size(), .rows = {}};
-    if (inMemory_ + bytes <= mostInMemory) {
-        inMemory_ += bytes;
-        block.rows = rows;
+    tailBytes_ = 0;
+    Block block{.first = count_ - rows->size(), .rows = toBytes(*rows)};
+    if (inMemory_ + block.rows.size() <= mostInMemory) {
+        inMemory_ += block.rows.size();
     } else {
-        write(block, *rows);
+        write(block, std::exchange(block.rows, {}));
     }
     blocks_.push_back(std::move(block));
 }
 
-void RowSpool::write(Block& block, const Rows& rows) {
+void RowSpool::write(Block& block, const std::string& rows) {
     if (!file_) {
         file_.reset(std::tmpfile());
     }
-    const std::string bytes = toBytes(rows);
     block.offset = fileEnd_;
-    block.bytes = bytes.size();
+    block.bytes = rows.size();
     if (!file_ || !seek(file_.get(), fileEnd_) ||
-        std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size() || std::fflush(file_.get()) != 0) {
+        std::fwrite(rows.data(), 1, rows.size(), file_.get()) != rows.size() || std::fflush(file_.get()) != 0) {
         failOnFile();
     }
-    fileEnd_ += static_cast<std::int64_t>(bytes.size());
+    fileEnd_ += static_cast<std::int64_t>(rows.size());
 }
 
 void RowSpool::finish() {
@@ -167,8 +165,8 @@ void RowSpool::makeCurrent(std::size_t position) {
 }
 
 std::shared_ptr<const RowSpool::Rows> RowSpool::rowsOf(const Block& block) {
-    if (block.rows) {
-        return block.rows;
+    if (!block.rows.empty()) {
+        return std::make_shared<const Rows>(fromBytes(block.rows));
     }
     std::string bytes(block.bytes, '\0');
     if (!seek(file_.get(), block.offset) || std::fread(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) {

@@ -8,6 +8,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <vector>
 
 #include "velmora/platform/sql/value.h"
@@ -44,10 +45,11 @@ class RowSpool {
   private:
     using Rows = std::vector<sql::Row>;
 
-    /// Rows that follow each other: held in memory, or at a place of the file.
+    /// Rows that follow each other, as bytes: in memory, or at a place of the file. A few large pieces are released at
+    /// once when the set is closed; the values of a thousand rows are not.
     struct Block {
-        std::size_t first;                 ///< position of its first row
-        std::shared_ptr<const Rows> rows;  ///< none: in the file
+        std::size_t first;  ///< position of its first row
+        std::string rows;   ///< empty: in the file
         std::int64_t offset = 0;
         std::size_t bytes = 0;
     };
@@ -57,7 +59,7 @@ class RowSpool {
 
     static std::shared_ptr<Rows> emptyTail();
     void closeBlock();
-    void write(Block& block, const Rows& rows);
+    void write(Block& block, const std::string& rows);
     std::shared_ptr<const Rows> rowsOf(const Block& block);
     bool isCurrent(std::size_t position) const;
     void makeCurrent(std::size_t position);
@@ -67,7 +69,7 @@ class RowSpool {
     std::vector<Block> blocks_;
     std::shared_ptr<Rows> tail_;  ///< the rows behind the blocks
     std::size_t count_ = 0;
-    std::size_t inMemory_ = 0;   ///< bytes of the blocks that are held in memory, about
+    std::size_t inMemory_ = 0;   ///< bytes of the blocks that are held in memory
     std::size_t tailBytes_ = 0;  ///< about
     bool complete_ = false;
     std::exception_ptr error_;
