@@ -89,6 +89,7 @@ CutLine::~CutLine() {
 }
 
 void CutLine::cut() {
+    isSilent_ = false;
     wakeAndWait(true);
 }
 
@@ -196,6 +197,9 @@ bool CutLine::passAnswer(Pair& pair) {
     const std::string part = received(pair.server);
     if (part.empty() || isCut_) {
         return false;
+    }
+    if (isSilent_) {
+        return true;
     }
     const std::lock_guard lock(mutex_);
     if (!std::exchange(pair.isAnswered, true) && isCutHere(pair, Moment::beforeAnswer)) {

@@ -27,6 +27,8 @@ class CutLine {
     void cut();
     /// New connections get through again.
     void mend();
+    /// The server falls silent: nothing that it answers arrives until the line is cut.
+    void silence() { isSilent_ = true; }
 
     // --- Requests: what a client sends until the server answers it. They are counted over all connections. ---------
 
@@ -69,6 +71,7 @@ class CutLine {
     std::vector<Pair> pairs_;  ///< of the thread
     std::atomic<bool> wantCut_ = false;
     std::atomic<bool> isCut_ = false;
+    std::atomic<bool> isSilent_ = false;
     std::atomic<bool> stop_ = false;
     mutable std::mutex mutex_;  ///< for the next two
     std::vector<std::string> requests_;

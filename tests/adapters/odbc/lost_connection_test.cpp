@@ -1,5 +1,6 @@
 // A server that goes away while programs work on it, and comes back.
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -144,6 +145,19 @@ TEST_F(LostConnection, TheFormKeepsWhatWasTypedAndSavesItOnceConnectedAgain) {
         EXPECT_EQ(shop.query("select count(*) from DPI"), "1");
     }
     test::dropAllTables(server_);
+}
+
+TEST_F(LostConnection, AServerThatFallsSilentCountsAsLostAfterAWhile) {
+    const auto connection = openDatabase(throughTheLine(), {.statementTimeout = std::chrono::seconds(1)});
+    EXPECT_TRUE(connection->isAlive());
+    line_.silence();
+    EXPECT_EQ(refusal([&] { connection->execute("select 1"); }), sql::provider::failure);
+    EXPECT_TRUE(connection->takeLoss());
+    EXPECT_FALSE(connection->isAlive());
+    line_.cut();
+    line_.mend();
+    connection->reconnect();
+    EXPECT_TRUE(connection->isAlive());
 }
 
 TEST_F(LostConnection, AServerThatIsNotThereIsTold) {

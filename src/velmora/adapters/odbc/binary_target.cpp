@@ -84,15 +84,15 @@ std::optional<std::size_t> positionOf(const std::vector<CursorColumn>& columns, 
 
 /// The column of the statement's set that the server numbers. Drivers need not say it of a table of another catalogue;
 /// then the server is asked, if it is one that describes statements.
-std::optional<std::size_t> numberedColumn(SQLHANDLE connection, std::string_view statement,
+std::optional<std::size_t> numberedColumn(Link& link, std::string_view statement,
                                           const std::vector<CursorColumn>& columns) {
     const auto told = std::ranges::find(columns, true, &CursorColumn::identity);
     if (told != columns.end()) {
         return told - columns.begin();
     }
     try {
-        Cursor answer(connection,
-                      "EXEC sp_describe_first_result_set N'" + runtime::Replace(statement, "'", "''") + "'");
+        Cursor answer =
+            link.send("EXEC sp_describe_first_result_set N'" + runtime::Replace(statement, "'", "''") + "'");
         const auto name = positionOf(answer.columns(), "name");
         const auto isNumbered = positionOf(answer.columns(), "is_identity_column");
         std::optional<std::size_t> numbered;
@@ -109,14 +109,14 @@ std::optional<std::size_t> numberedColumn(SQLHANDLE connection, std::string_view
 
 }  // namespace
 
-std::optional<BinaryTarget> binaryTargetOf(SQLHANDLE connection, std::string_view statement,
+std::optional<BinaryTarget> binaryTargetOf(Link& link, std::string_view statement,
                                            const std::vector<CursorColumn>& columns, std::size_t column) {
     const auto table = tableOf(statement);
     if (!table) {
         return std::nullopt;
     }
-    const std::vector<std::string> key = keyOf(connection, *table);
-    const auto keyColumn = key.empty() ? numberedColumn(connection, statement, columns)
+    const std::vector<std::string> key = keyOf(link.handle(), *table);
+    const auto keyColumn = key.empty() ? numberedColumn(link, statement, columns)
                                        : positionOf(columns, key.size() == 1 ? key.front() : std::string_view());
     if (!keyColumn) {
         return std::nullopt;

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "velmora/adapters/odbc/cursor.h"
+#include "velmora/adapters/odbc/link.h"
 
 namespace velmora::odbc {
 
@@ -20,7 +20,7 @@ struct BinaryTarget {
 /// None unless the statement is a plain select from one table whose key of one column is in the set. Asks the server
 /// for the key; where it cannot tell, as for a table of another catalogue, the column that the server numbers counts as
 /// the key. Errors: DbError.
-std::optional<BinaryTarget> binaryTargetOf(SQLHANDLE connection, std::string_view statement,
+std::optional<BinaryTarget> binaryTargetOf(Link& link, std::string_view statement,
                                            const std::vector<CursorColumn>& columns, std::size_t column);
 
 }  // namespace velmora::odbc

@@ -57,7 +57,8 @@ SQLWCHAR* unitsOf(std::u16string& text) {
 
 }  // namespace
 
-Cursor::Cursor(SQLHANDLE connection, std::string statement) : statement_(std::move(statement)), handle_(connection) {
+Cursor::Cursor(SQLHANDLE connection, std::string statement, std::chrono::seconds patience)
+    : statement_(std::move(statement)), handle_(newStatement(connection, patience)) {
     std::u16string text = toUtf16(statement_);
     const SQLRETURN answer = SQLExecDirectW(handle_.get(), unitsOf(text), static_cast<SQLINTEGER>(text.size()));
     if (answer != SQL_NO_DATA) {
@@ -221,8 +222,9 @@ sql::Value Cursor::bytes(SQLUSMALLINT column) {
     return all;
 }
 
-long updateBinary(SQLHANDLE connection, const std::string& statement, const sql::Bytes& content) {
-    const StatementHandle handle(connection);
+long updateBinary(SQLHANDLE connection, const std::string& statement, const sql::Bytes& content,
+                  std::chrono::seconds patience) {
+    const StatementHandle handle = newStatement(connection, patience);
     const auto require = [&](SQLRETURN answer) {
         if (!SQL_SUCCEEDED(answer) && answer != SQL_NO_DATA) {
             throw errorOf(diagnosticsOf(SQL_HANDLE_STMT, handle.get()), statement);

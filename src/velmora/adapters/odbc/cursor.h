@@ -1,6 +1,7 @@
 #pragma once
 // A statement that has been sent, and the rows that it answers, forward only.
 
+#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,8 +23,9 @@ struct CursorColumn {
 /// Everything that the driver says goes out as DbError with the statement.
 class Cursor {
   public:
-    /// Sends the statement. A statement without rows has run to its end afterwards.
-    Cursor(SQLHANDLE connection, std::string statement);
+    /// Sends the statement. A statement without rows has run to its end afterwards. Each wait for the server ends after
+    /// `patience`; 0: never.
+    Cursor(SQLHANDLE connection, std::string statement, std::chrono::seconds patience);
 
     /// Empty for a statement that answers no rows.
     const std::vector<CursorColumn>& columns() const { return columns_; }
@@ -50,6 +52,7 @@ class Cursor {
 
 /// Runs an UPDATE whose one parameter is a binary content, sent whole. The number of rows that it changed. Errors:
 /// DbError.
-long updateBinary(SQLHANDLE connection, const std::string& statement, const sql::Bytes& content);
+long updateBinary(SQLHANDLE connection, const std::string& statement, const sql::Bytes& content,
+                  std::chrono::seconds patience);
 
 }  // namespace velmora::odbc

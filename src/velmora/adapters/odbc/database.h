@@ -15,6 +15,9 @@ struct Options {
     std::chrono::seconds loginTimeout{15};
     /// How long beginTrans waits for another client's transaction, and any statement for a row that another one holds.
     std::chrono::milliseconds lockTimeout{5000};
+    /// How long a statement waits for a server that answers nothing; 0: without end.
+    // Chosen C-343: a server may be gone without a word; longer than any statement of the program takes.
+    std::chrono::seconds statementTimeout{120};
     /// Runs on every connection to a T-SQL server before the adapter's own settings, as the settings of a login do.
     std::string loginStatement = {};
 };

@@ -75,6 +75,9 @@ std::string wordsOf(const Diagnostic& diagnostic) {
     if (diagnostic.native == native::lockTimeout) {
         return "Otro usuario está usando los mismos datos y no termina. Vuelva a intentarlo.";
     }
+    if (isTimeout(diagnostic.state)) {
+        return "El servidor no ha respondido a tiempo. Vuelva a intentarlo.";
+    }
     if (std::ranges::find(missingRights, diagnostic.native) != missingRights.end()) {
         return "El usuario de la base de datos no tiene permiso.\n" + diagnostic.text;
     }
@@ -122,6 +125,10 @@ long providerNumber(const Diagnostic& diagnostic) {
 
 bool isLoss(std::string_view state) {
     return state.starts_with("08");
+}
+
+bool isTimeout(std::string_view state) {
+    return state == "HYT00";
 }
 
 sql::DbError errorOf(const std::vector<Diagnostic>& diagnostics, std::string_view statement) {

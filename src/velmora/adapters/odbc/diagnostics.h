@@ -26,6 +26,9 @@ long providerNumber(const Diagnostic& diagnostic);
 /// True for the SQLSTATE of a connection that is no longer there.
 bool isLoss(std::string_view state);
 
+/// The SQLSTATE of a statement that the server has not answered in time.
+bool isTimeout(std::string_view state);
+
 /// Numbers of the server that the adapter itself reacts to.
 namespace native {
 inline constexpr int deadlockVictim = 1205;

@@ -271,7 +271,7 @@ std::optional<BinaryTarget> Engine::binaryTarget(std::string_view statement, con
                                                  std::size_t column) {
     mustBeUsable(statement);
     return onLink([&](Link& link) {
-        auto target = link.watch([&] { return binaryTargetOf(link.handle(), statement, columns, column); });
+        auto target = link.watch([&] { return binaryTargetOf(link, statement, columns, column); });
         if (!target) {
             // A server that does not tell the key may be one that is no longer there.
             link.ask("SELECT 1");
@@ -288,7 +288,8 @@ void Engine::updateBinary(const BinaryTarget& target, const sql::Value& key, con
     const std::string where = " WHERE " + target.key + " = " + literal;
     onLink([&](Link& link) {
         const std::string update = "UPDATE " + target.table + " SET " + target.column + " = ?" + where;
-        const long changed = link.watch([&] { return odbc::updateBinary(link.handle(), update, content); });
+        const long changed =
+            link.watch([&] { return odbc::updateBinary(link.handle(), update, content, link.patience()); });
         if (changed == 0) {
             throw sql::DbError(sql::provider::rowGone, "La fila que se iba a actualizar ya no existe.",
                                {.statement = std::string(statement)});

@@ -1,7 +1,5 @@
 #include "velmora/adapters/odbc/handles.h"
 
-#include <cstdint>
-
 #include "velmora/platform/sql/db_error.h"
 
 namespace velmora::odbc {
@@ -10,10 +8,7 @@ namespace {
 
 EnvironmentHandle makeEnvironment() {
     EnvironmentHandle made(nullptr);
-    // The interface passes whole numbers as pointers.
-    // NOLINTNEXTLINE(performance-no-int-to-ptr)
-    const auto version = reinterpret_cast<SQLPOINTER>(static_cast<std::uintptr_t>(SQL_OV_ODBC3));
-    SQLSetEnvAttr(made.get(), SQL_ATTR_ODBC_VERSION, version, 0);
+    SQLSetEnvAttr(made.get(), SQL_ATTR_ODBC_VERSION, asPointer(SQL_OV_ODBC3), 0);
     return made;
 }
 
@@ -21,6 +16,19 @@ EnvironmentHandle makeEnvironment() {
 
 void throwNoHandle() {
     throw sql::DbError(sql::provider::failure, "El gestor de controladores ODBC no responde.", {.sqlState = "HY001"});
+}
+
+SQLPOINTER asPointer(std::uintptr_t value) {
+    // The interface passes whole numbers as pointers.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    return reinterpret_cast<SQLPOINTER>(value);
+}
+
+StatementHandle newStatement(SQLHANDLE connection, std::chrono::seconds patience) {
+    StatementHandle made(connection);
+    // A driver without it waits without end, as it would anyway.
+    SQLSetStmtAttr(made.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(static_cast<std::uintptr_t>(patience.count())), 0);
+    return made;
 }
 
 SQLHANDLE environment() {

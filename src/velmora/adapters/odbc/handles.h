@@ -5,6 +5,8 @@
 #include <windows.h>
 #endif
 
+#include <chrono>
+#include <cstdint>
 #include <utility>
 
 #include <sql.h>
@@ -44,6 +46,12 @@ class Handle {
 using EnvironmentHandle = Handle<SQL_HANDLE_ENV>;
 using ConnectionHandle = Handle<SQL_HANDLE_DBC>;
 using StatementHandle = Handle<SQL_HANDLE_STMT>;
+
+/// A statement on a connection, whose waits for the server end after `patience`; 0: never.
+StatementHandle newStatement(SQLHANDLE connection, std::chrono::seconds patience);
+
+/// A whole number where the interface wants a pointer.
+SQLPOINTER asPointer(std::uintptr_t value);
 
 /// The process's environment, made at the first call, ODBC 3 behaviour.
 SQLHANDLE environment();

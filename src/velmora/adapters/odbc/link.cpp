@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
 #include "velmora/adapters/odbc/diagnostics.h"
 #include "velmora/adapters/odbc/refusal.h"
@@ -22,15 +21,10 @@ std::string sessionSettings(std::chrono::milliseconds lockTimeout) {
     return "SET DATEFORMAT dmy; SET LOCK_TIMEOUT " + std::to_string(lockTimeout.count());
 }
 
-/// SQLSTATEs that say no more than that something failed; the second one is a warning's.
-constexpr std::array<std::string_view, 2> generalStates{"HY000", "01000"};
+/// SQLSTATEs that say no more than that something failed; the second one is a warning's, the third one that the server
+/// has not answered in time.
+constexpr std::array<std::string_view, 3> generalStates{"HY000", "01000", "HYT00"};
 constexpr std::string_view probeStatement = "SELECT 1";
-
-SQLPOINTER asPointer(std::uintptr_t value) {
-    // The interface passes whole numbers as pointers.
-    // NOLINTNEXTLINE(performance-no-int-to-ptr)
-    return reinterpret_cast<SQLPOINTER>(value);
-}
 
 /// What the driver knows without asking the server.
 bool isDead(SQLHANDLE connection) {
@@ -51,7 +45,8 @@ std::u16string infoOf(SQLHANDLE connection, SQLUSMALLINT what) {
 
 }  // namespace
 
-Link::Link(const std::string& connectionText, const Options& options) : handle_(environment()) {
+Link::Link(const std::string& connectionText, const Options& options)
+    : handle_(environment()), patience_(options.statementTimeout) {
     connect(connectionText, options);
     if (infoOf(handle_.get(), SQL_DBMS_NAME) == tsqlServer) {
         server_ = Server::tsql;
@@ -89,12 +84,12 @@ std::string Link::catalog() const {
 }
 
 Cursor Link::send(std::string_view statement) {
-    return watch([&] { return Cursor(handle_.get(), std::string(statement)); });
+    return watch([&] { return Cursor(handle_.get(), std::string(statement), patience_); });
 }
 
 sql::Value Link::ask(std::string_view statement) {
     return watch([&] {
-        Cursor answer(handle_.get(), std::string(statement));
+        Cursor answer(handle_.get(), std::string(statement), patience_);
         sql::Row row;
         sql::Row others;
         if (answer.columns().empty() || !answer.next(row)) {
@@ -120,10 +115,10 @@ bool Link::meansLoss(const sql::DbError& error) const {
         return true;
     }
     try {
-        const Cursor probe(handle_.get(), std::string(probeStatement));
+        const Cursor probe(handle_.get(), std::string(probeStatement), patience_);
         return false;
     } catch (const sql::DbError& second) {
-        return isLoss(second.details().sqlState);
+        return isLoss(second.details().sqlState) || isTimeout(second.details().sqlState);
     }
 }
 

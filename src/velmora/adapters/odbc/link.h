@@ -1,6 +1,7 @@
 #pragma once
 // One connection to the server.
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,8 @@ class Link {
     SQLHANDLE handle() const { return handle_.get(); }
     Server server() const { return server_; }
     std::string catalog() const;
+    /// How long a statement waits for the server; 0: without end.
+    std::chrono::seconds patience() const { return patience_; }
 
     /// Sends a statement. Errors: DbError.
     Cursor send(std::string_view statement);
@@ -57,6 +60,7 @@ class Link {
     bool meansLoss(const sql::DbError& error) const;
 
     ConnectionHandle handle_;
+    std::chrono::seconds patience_;
     Server server_ = Server::other;
     bool lost_ = false;
 };

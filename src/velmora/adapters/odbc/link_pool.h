@@ -16,8 +16,8 @@ class LinkPool {
   public:
     LinkPool(std::string connectionText, Options options);
 
-    /// One that nobody uses. While there is none but some are in use, waits briefly for one to come back: most sets have
-    /// been read sooner than another connection is open. Else a new one. Errors: see openDatabase.
+    /// One that nobody uses. While there is none but some are in use, waits briefly for one to come back: most sets
+    /// have been read sooner than another connection is open. Else a new one. Errors: see openDatabase.
     std::shared_ptr<Link> take();
     /// Gives one back that take() gave; a connection that is lost, or one too many, is closed.
     void giveBack(std::shared_ptr<Link> link);
