@@ -5,6 +5,7 @@
 #include "velmora/shell/schema_upgrade.h"
 
 #include "support/fake_screen.h"
+#include "support/faulty_connection.h"
 #include "support/recording_connection.h"
 
 namespace velmora::shell {
@@ -54,6 +55,21 @@ TEST_F(SchemaUpgradeOnEngine, ASecondStartChangesNothing) {
     EXPECT_TRUE(FnActualizarBD(connection, screen));
     EXPECT_EQ(connection.log().size(), 3U);
     EXPECT_TRUE(screen.messages.empty());
+}
+
+TEST_F(SchemaUpgradeOnEngine, WhoIsOvertakenByAnotherProgramSaysNothing) {
+    for (const char* statement : {"ALTER TABLE PARDPI", "ALTER TABLE DPI", "CREATE TABLE [dbo].[ENG]"}) {
+        SCOPED_TRACE(statement);
+        engine = sqlite::openDatabase(":memory:");
+        makeOldDatabase();
+        support::FaultyConnection late(*engine);
+        support::ScriptedScreen ofTheOther;
+        late.before(statement, [&] { EXPECT_TRUE(FnActualizarBD(*engine, ofTheOther)); });
+        EXPECT_TRUE(FnActualizarBD(late, screen));
+        EXPECT_TRUE(screen.messages.empty());
+        EXPECT_TRUE(ofTheOther.messages.empty());
+        engine->execute("select DPI_Extra from DPI");
+    }
 }
 
 TEST_F(SchemaUpgradeOnEngine, AMissingMaterialsTableIsRaised) {

@@ -10,6 +10,7 @@
 #include "velmora/data/schema.h"
 
 #include "support/fake_screen.h"
+#include "support/faulty_connection.h"
 #include "support/recording_connection.h"
 #include "support/scripted_connection.h"
 
@@ -129,6 +130,15 @@ TEST_F(SchemaUpgradeTest, ARefusedColumnIsToldAndTheOthersGoOn) {
     EXPECT_EQ(connection.log().back(), probeEng);
 }
 
+TEST_F(SchemaUpgradeTest, AColumnThatIsRefusedIsToldAlsoWhenTheTableCannotBeLookedAtAgain) {
+    engine.answer(probePardpi, {"PARDPI_ID"});
+    connection.refuse("ALTER TABLE PARDPI");
+    support::FaultyConnection faulty(connection);
+    faulty.failAt(2);
+    msActualizarPARDPI(faulty, screen);
+    expectFailure(failurePardpi);
+}
+
 TEST_F(SchemaUpgradeTest, ARefusedAdditionToTheProposalsIsTold) {
     engine.answer(probeDpi, {"DPI_Id"});
     connection.refuse("ALTER TABLE DPI");
@@ -171,12 +181,12 @@ TEST_F(SchemaUpgradeTest, AnyOtherFailureOfTheGearsProbeIsNothingToDo) {
     EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(SchemaUpgradeTest, ARefusedGearsTableEndsAtOnce) {
+TEST_F(SchemaUpgradeTest, ARefusedGearsTableEndsWithoutItsKey) {
     engine.fail(probeEng, sql::provider::missingTable);
     connection.refuse("CREATE TABLE [dbo].[ENG]");
     EXPECT_FALSE(FnActualizarBD(connection, screen));
     expectFailure(failureEng);
-    EXPECT_EQ(connection.log().back(), data::createEng);
+    EXPECT_THAT(connection.log(), ElementsAre(probePardpi, probeDpi, probeEng, data::createEng, probeEng));
 }
 
 TEST_F(SchemaUpgradeTest, ARefusedKeyLeavesTheTableWithoutItForGood) {

@@ -16,14 +16,9 @@ void showFailure(screen::Screen& screen, std::string_view table) {
                  .icon = screen::Icon::critical});
 }
 
-/// True when the statement ran; a refusal shows the table's message.
-bool runUpgrade(sql::Connection& connection, screen::Screen& screen, std::string_view statement,
-                std::string_view table) {
+bool runs(sql::Connection& connection, std::string_view statement) {
     runtime::ErrorTrap trap;
     trap([&] { connection.execute(statement); });
-    if (trap.failed()) {
-        showFailure(screen, table);
-    }
     return !trap.failed();
 }
 
@@ -42,18 +37,32 @@ std::string missingColumns(const sql::Recordset& probe, const data::TableDefinit
     return list;
 }
 
+// Differs D-301: of several programs that start at the same time on an older database, all but one are refused what
+// another one has done meanwhile. The table is looked at again before a failure is told.
 void addMissingColumns(sql::Connection& connection, screen::Screen& screen, std::string_view probe,
-                       std::string_view table) {
+                       std::string_view name) {
+    const data::TableDefinition& table = *data::findTable(name);
     // The probe's rows are released before the table is altered.
-    const std::string list = missingColumns(connection.execute(probe), *data::findTable(table));
-    if (!list.empty()) {
-        runUpgrade(connection, screen, "ALTER TABLE " + std::string(table) + " ADD " + list, table);
+    const std::string list = missingColumns(connection.execute(probe), table);
+    if (list.empty() || runs(connection, "ALTER TABLE " + std::string(name) + " ADD " + list)) {
+        return;
+    }
+    runtime::ErrorTrap trap;
+    trap([&] {
+        if (!missingColumns(connection.execute(probe), table).empty()) {
+            showFailure(screen, name);
+        }
+    });
+    if (trap.failed()) {
+        showFailure(screen, name);
     }
 }
 
+constexpr std::string_view probeOfGears = "Select top 1 * from ENG";
+
 bool isEngMissing(sql::Connection& connection) {
     runtime::ErrorTrap trap;
-    trap([&] { connection.execute("Select top 1 * from ENG"); });
+    trap([&] { connection.execute(probeOfGears); });
     return trap.failed() && trap.error()->number() == sql::provider::missingTable;
 }
 
@@ -73,10 +82,20 @@ bool FnActualizarBD(sql::Connection& connection, screen::Screen& screen) {
     if (!isEngMissing(connection)) {
         return true;
     }
+    if (!runs(connection, data::createEng)) {
+        if (runs(connection, probeOfGears)) {
+            return true;  // another program has created it, and adds its key
+        }
+        showFailure(screen, "ENG");
+        return false;
+    }
     // Kept K-280: when creating the key fails, the table stays without it; later starts do not try again, because the
     // table exists. Creating only the key could fail on rows inserted since.
-    return runUpgrade(connection, screen, data::createEng, "ENG") &&
-           runUpgrade(connection, screen, data::addKeyOfEng, "ENG");
+    if (!runs(connection, data::addKeyOfEng)) {
+        showFailure(screen, "ENG");
+        return false;
+    }
+    return true;
 }
 
 }  // namespace velmora::shell

@@ -235,7 +235,43 @@ TEST_F(DatabaseFile, AFileThatIsNoDatabaseIsTold) {
 TEST_F(DatabaseFile, AFolderThatIsNotThereIsTold) {
     const sql::DbError error = errorOf([&] { sqlite::openDatabase(path("no/hay/taller.db")); });
     EXPECT_EQ(error.number(), provider::failure);
-    EXPECT_THAT(error.description(), HasSubstr("No se puede abrir"));
+    EXPECT_THAT(error.description(), HasSubstr("o su carpeta no existe"));
+}
+
+TEST_F(DatabaseFile, NothingIsWrittenIntoOneThatWasMovedReplacedOrRemoved) {
+    for (const char* deed : {"moved", "replaced", "removed", "documents moved"}) {
+        SCOPED_TRACE(deed);
+        const support::TemporaryFolder folder;
+        const auto connection = sqlite::openDatabase(folder.file("taller.db"));
+        connection->execute("CREATE TABLE T (a int)");
+        connection->execute("CREATE TABLE DOCVELMORA.dbo.dex (a int)");
+        const auto expectRefusal = [&](const auto& write) {
+            const sql::DbError error = errorOf(write);
+            EXPECT_EQ(error.number(), provider::failure);
+            EXPECT_THAT(error.description(), HasSubstr("se ha movido, borrado o sustituido"));
+        };
+        connection->beginTrans();
+        connection->execute("insert into T values (1)");
+        const std::string file =
+            folder.file(std::string_view(deed).starts_with("documents") ? "DOCtaller.db" : "taller.db");
+        if (std::string_view(deed) == "removed") {
+            std::filesystem::remove(file);
+        } else {
+            std::filesystem::rename(file, file + ".otro");
+        }
+        if (std::string_view(deed) == "replaced") {
+            std::filesystem::copy_file(file + ".otro", file);
+        }
+        expectRefusal([&] { connection->commitTrans(); });
+        expectRefusal([&] { connection->beginTrans(); });
+        expectRefusal([&] { connection->execute("insert into T values (2)"); });
+        expectRefusal([&] { connection->execute("CREATE TABLE U (a int)"); });
+        EXPECT_EQ(connection->execute("select count(*) from T")[0], Value(0)) << "it can still be read";
+        if (std::filesystem::exists(file + ".otro")) {
+            std::filesystem::rename(file + ".otro", file);
+            connection->execute("insert into T values (3)");
+        }
+    }
 }
 
 TEST_F(DatabaseFile, ResultSetsOutliveTheirConnection) {

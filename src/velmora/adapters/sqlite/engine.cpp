@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include "velmora/adapters/sqlite/errors.h"
+#include "velmora/adapters/sqlite/file_content.h"
 #include "velmora/adapters/sqlite/row_source.h"
 #include "velmora/adapters/sqlite/table_reader.h"
 #include "velmora/adapters/tsql/refusals.h"
@@ -24,12 +25,6 @@ runtime::Date localNow() {
     return runtime::Date::of(local.tm_year + 1900, static_cast<unsigned>(local.tm_mon + 1),
                              static_cast<unsigned>(local.tm_mday), local.tm_hour, local.tm_min,
                              std::min(local.tm_sec, 59));
-}
-
-/// Chosen C-205: the documents' file lies beside the first one, with "DOC" in front of its name.
-std::string besideWithPrefix(std::string path) {
-    const auto folder = path.find_last_of("/\\");
-    return path.insert(folder == std::string::npos ? 0 : folder + 1, "DOC");
 }
 
 Options completed(Options options) {
@@ -81,7 +76,7 @@ std::vector<std::string> Engine::files() {
     std::error_code ignored;
     // The write-ahead files lie beside the database itself, not beside a symbolic link to it.
     const std::string main = sqlite3_db_filename(link()->handle(), mainSchema.data());
-    const std::string documents = std::filesystem::weakly_canonical(besideWithPrefix(path_), ignored).string();
+    const std::string documents = std::filesystem::weakly_canonical(documentsFileOf(path_), ignored).string();
     for (const std::string& file : {main, documents}) {
         for (const char* ending : {"", "-wal", "-shm", "-journal"}) {
             files.push_back(file + ending);
@@ -205,6 +200,7 @@ void Engine::runChange(const CachedStatement& cached) {
     }
     settleSets();
     Link& writer = *link();
+    writer.mustLieInPlace();
     auto statement = writer.take(cached);
     while (statement->step()) {
     }
@@ -215,6 +211,7 @@ void Engine::runSchemaChange(const Translation& translation) {
     settleSets();
     forget();
     Link& writer = *link();
+    writer.mustLieInPlace();
     writer.run("SAVEPOINT schema_change");
     try {
         for (const std::string& step : translation.steps) {
@@ -238,6 +235,7 @@ void Engine::forget() {
 void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::Value& key, const sql::Bytes& content) {
     settleSets();
     Link& writer = *link();
+    writer.mustLieInPlace();
     const std::string& name = origin.columns[column];
     const std::string where = " WHERE " + origin.columns[origin.key] + " = ?1";
     const std::string keyText = key.isText() ? key.toText() : std::string();
@@ -271,6 +269,7 @@ void Engine::begin() {
         throw sql::DbError(sql::provider::transactionOpen, "Ya hay una transacción abierta.", {.sqlState = "25001"});
     }
     settleSets();
+    link()->mustLieInPlace();
     link()->run("BEGIN IMMEDIATE");
     inTransaction_ = true;
 }
@@ -287,6 +286,7 @@ void Engine::commit() {
                            {.sqlState = "40000"});
     }
     try {
+        link_->mustLieInPlace();
         link_->run("COMMIT");
     } catch (const sql::DbError&) {
         sqlite3_exec(link_->handle(), "ROLLBACK", nullptr, nullptr, nullptr);
@@ -329,7 +329,7 @@ void Engine::findDocuments(const tsql::TableName& name) {
     }
     std::string file(inMemory);
     if (path_ != inMemory) {
-        file = besideWithPrefix(path_);
+        file = documentsFileOf(path_);
         if (options_.readOnly && !std::filesystem::exists(file)) {
             tsql::throwMissingTable(name.catalog + ".dbo." + name.name);
         }

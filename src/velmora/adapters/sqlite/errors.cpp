@@ -1,6 +1,7 @@
 #include "velmora/adapters/sqlite/errors.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <iterator>
 #include <utility>
 
@@ -50,6 +51,39 @@ constexpr Failure failures[] = {
     {SQLITE_PERM, provider::failure, "42000", "Sin permiso sobre la base de datos."},
 };
 
+/// What the system has said of a failed read or write.
+struct SystemFailure {
+    int number;
+    std::string_view description;
+};
+
+constexpr std::string_view fullDisk = "No queda espacio en el disco de la base de datos.";
+constexpr std::string_view noRight = "El sistema no permite el acceso al fichero de la base de datos o a su carpeta.";
+
+constexpr SystemFailure systemFailures[] = {
+    {ENOSPC, fullDisk},
+    {EDQUOT, fullDisk},
+    {EFBIG, "El fichero de la base de datos ha llegado al tamaño máximo que permite el sistema."},
+    {EACCES, noRight},
+    {EPERM, noRight},
+    {EROFS, "El disco de la base de datos es de solo lectura."},
+    {ENOENT, "El fichero de la base de datos o su carpeta no existe."},
+    {ENOTDIR, "El fichero de la base de datos o su carpeta no existe."},
+    {EIO, "El disco de la base de datos da errores de lectura o escritura."},
+};
+
+/// More than the engine says of these codes: what the system has said.
+std::string_view descriptionOf(const Failure& failure, sqlite3* database) {
+    if (database != nullptr && (failure.primaryCode == SQLITE_IOERR || failure.primaryCode == SQLITE_CANTOPEN)) {
+        const int number = sqlite3_system_errno(database);
+        const auto* known = std::ranges::find(systemFailures, number, &SystemFailure::number);
+        if (known != std::end(systemFailures)) {
+            return known->description;
+        }
+    }
+    return failure.description;
+}
+
 /// Check constraints are named after what they check: "conversion:COLUMN", "longitud:COLUMN".
 [[noreturn]] void raiseCheck(std::string_view constraint, int code) {
     constexpr std::string_view length = "longitud:";
@@ -97,13 +131,21 @@ void throwEngineError(sqlite3* database, int code) {
     const auto known = std::find_if(std::begin(failures), std::end(failures),
                                     [&](const Failure& f) { return f.primaryCode == primary; });
     if (known != std::end(failures)) {
-        raise(known->number, std::string(known->description), known->state, extended);
+        raise(known->number, std::string(descriptionOf(*known, database)), known->state, extended);
     }
     // Another process dropped it after the statement had been prepared.
     if (message.starts_with("no such table: ")) {
         tsql::throwMissingTable(afterDot(subject(message)));
     }
     raise(provider::syntax, "La base de datos rechaza la instrucción: " + message, "42000", extended);
+}
+
+void throwMoved(const std::string& file) {
+    raise(provider::failure,
+          "No se ha grabado nada: el fichero de la base de datos se ha movido, borrado o sustituido mientras estaba "
+          "abierto.\n" +
+              file + "\nDevuélvalo a su sitio, o cierre el programa y ábralo de nuevo.",
+          "HY000", SQLITE_READONLY_DBMOVED);
 }
 
 DbError withStatement(const DbError& error, std::string_view statement) {

@@ -2,6 +2,7 @@
 // Errors of the engine as errors of the data provider, with a Spanish description. For refusals before a statement
 // reaches the engine see tsql/refusals.h.
 
+#include <string>
 #include <string_view>
 
 #include "velmora/platform/sql/db_error.h"
@@ -12,6 +13,9 @@ namespace velmora::sqlite {
 
 /// The last error of the engine, whose result code was `code`.
 [[noreturn]] void throwEngineError(sqlite3* database, int code);
+
+/// The error of a write into a file that no longer lies where it was opened.
+[[noreturn]] void throwMoved(const std::string& file);
 
 /// The same error with the statement that raised it.
 sql::DbError withStatement(const sql::DbError& error, std::string_view statement);

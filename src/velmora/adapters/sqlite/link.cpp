@@ -25,7 +25,8 @@ void Link::Close::operator()(sqlite3* database) const {
 }
 
 Link::Link(const std::string& path, const Options& options) : options_(options) {
-    const int flags = options_.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    const int flags =
+        options_.readOnly ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     sqlite3* opened = nullptr;
     const int code =
         sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
@@ -97,6 +98,16 @@ void Link::run(const std::string& sql) {
 
 bool Link::isAlive() {
     return sqlite3_exec(handle(), "PRAGMA schema_version", nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+void Link::mustLieInPlace() {
+    for (const std::string_view schema : {mainSchema, documentsSchema}) {
+        int moved = 0;
+        if (sqlite3_file_control(handle(), std::string(schema).c_str(), SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
+            moved != 0) {
+            throwMoved(sqlite3_db_filename(handle(), std::string(schema).c_str()));
+        }
+    }
 }
 
 bool Link::isInTransaction() const {

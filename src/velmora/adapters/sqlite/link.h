@@ -48,6 +48,9 @@ class Link {
 
     void run(const std::string& sql);
     bool isAlive();
+    /// Errors: DbError when one of the files has been moved, replaced or removed since it was opened: what is written
+    /// would go where nobody looks for it.
+    void mustLieInPlace();
     /// True in a snapshot too. The engine may end either by itself, after a read error or when the disk is full.
     bool isInTransaction() const;
     std::unique_ptr<Statement> prepare(std::string_view sql);

@@ -67,6 +67,9 @@ int run(const desktop::Options& options, qt::QtScreen& screen) {
         // Forms, whose actions these are, live within this function, as the connection does.
         screen.onActionEnded([server, &screen] { desktop::offerToReconnect(*server, screen); });
     }
+    if (!workshop->notice().empty() && options.pictures.empty()) {
+        screen.show({.text = workshop->notice(), .icon = screen::Icon::exclamation, .title = "VELMORA"});
+    }
     qt::QtServices services;
     components::ComponentFactory components;
     stand_ins::registerStandIns(components, screen, services, clock);

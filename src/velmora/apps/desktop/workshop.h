@@ -4,6 +4,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/platform/sql/connection.h"
@@ -20,20 +21,22 @@ class NoWorkshop : public std::runtime_error {
 
 class Workshop {
   public:
-    explicit Workshop(std::unique_ptr<sql::Connection> connection)
-        : connection_(std::move(connection)), session_(*connection_) {}
+    explicit Workshop(std::unique_ptr<sql::Connection> connection, std::string notice = {})
+        : connection_(std::move(connection)), session_(*connection_), notice_(std::move(notice)) {}
 
     sql::Connection& connection() { return *connection_; }
     adapters::StandInSession& session() { return session_; }
+    /// What the user must be told at the start; empty when there is nothing.
+    const std::string& notice() const { return notice_; }
 
   private:
     std::unique_ptr<sql::Connection> connection_;
     adapters::StandInSession session_;
+    std::string notice_;
 };
 
-/// Opens the embedded database with this path. A missing one is created, including its folder, and filled with the
-/// demonstration rows; ":memory:" lives as long as the workshop. Errors: NoWorkshop for a file that is not a database,
-/// belongs to another program, is locked, or cannot be written.
+/// Opens the embedded database with this path (see workshop_file::open). A new one gets its folder and the
+/// demonstration rows. Errors: NoWorkshop.
 std::unique_ptr<Workshop> openWorkshop(const sql::Engines& engines, const std::string& path,
                                        const system::Clock& clock);
 

@@ -1,6 +1,7 @@
 #include "velmora/apps/script_stage/database.h"
 
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -8,7 +9,7 @@
 
 #include "velmora/apps/engines/known_engines.h"
 #include "velmora/apps/script_stage/stopped_server_clock.h"
-#include "velmora/data/indexes.h"
+#include "velmora/apps/workshop_file/workshop_file.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
 
@@ -18,18 +19,6 @@ namespace {
 
 constexpr std::string_view demo = "demo";
 constexpr std::string_view none = "none";
-
-bool hasTables(sql::Connection& connection) {
-    try {
-        connection.execute("SELECT top 1 DPI_Id FROM DPI");
-        return true;
-    } catch (const sql::DbError& e) {
-        if (e.number() != sql::provider::missingTable) {
-            throw;
-        }
-        return false;
-    }
-}
 
 std::string contentOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -51,11 +40,6 @@ void runFile(sql::Connection& connection, const std::string& path) {
             refuse(path, statement, e);
         }
     }
-}
-
-std::string sourceOf(const Options& options) {
-    return options.dsn ? engines::serverSource(*options.dsn)
-                       : engines::fileSource(options.database.value_or(":memory:"));
 }
 
 void fillRows(sql::Connection& connection, const std::string& rows, const system::Clock& clock) {
@@ -81,31 +65,39 @@ void fillServer(sql::Connection& connection, const Options& options, const syste
     }
 }
 
-void fill(sql::Connection& connection, const Options& options, const system::Clock& clock) {
-    const bool isNew = !hasTables(connection);
-    const std::string rows = options.data.value_or(std::string(isNew ? demo : none));
-    // Chosen C-273: the demonstration rows have fixed keys and are not added to a database that already has rows.
-    if (!isNew && rows == demo) {
-        throw NoDatabase("the demonstration rows go into a new database only");
+std::unique_ptr<sql::Connection> openServer(const Options& options, const system::Clock& clock) {
+    auto connection = engines::knownEngines(clock).open(engines::serverSource(*options.dsn));
+    if (options.now) {
+        connection = std::make_unique<StoppedServerClock>(std::move(connection), *options.now);
     }
-    if (isNew) {
-        data::createDatabase(connection);
-    } else {
-        data::addMissingIndexes(connection);
+    fillServer(*connection, options, clock);
+    return connection;
+}
+
+std::unique_ptr<sql::Connection> openFile(const Options& options, const system::Clock& clock) {
+    auto opened = workshop_file::open(
+        engines::knownEngines(clock), options.database.value_or(":memory:"),
+        [&](sql::Connection& connection) { fillRows(connection, options.data.value_or(std::string(demo)), clock); });
+    if (!opened.notice.empty()) {
+        std::cerr << "velmora-drive: " << opened.notice << '\n';
     }
-    fillRows(connection, rows, clock);
+    if (!opened.isNew && options.data) {
+        // Chosen C-273: the demonstration rows have fixed keys and are not added to a database that already has rows.
+        if (*options.data == demo) {
+            throw NoDatabase("the demonstration rows go into a new database only");
+        }
+        fillRows(*opened.connection, *options.data, clock);
+    }
+    return std::move(opened.connection);
 }
 
 }  // namespace
 
 std::unique_ptr<sql::Connection> openDatabase(const Options& options, const system::Clock& clock) {
     try {
-        auto connection = engines::knownEngines(clock).open(sourceOf(options));
-        if (options.dsn && options.now) {
-            connection = std::make_unique<StoppedServerClock>(std::move(connection), *options.now);
-        }
-        options.dsn ? fillServer(*connection, options, clock) : fill(*connection, options, clock);
-        return connection;
+        return options.dsn ? openServer(options, clock) : openFile(options, clock);
+    } catch (const workshop_file::Refused& e) {
+        throw NoDatabase(e.what());
     } catch (const sql::DbError& e) {
         throw NoDatabase((options.dsn ? "--dsn: " : "") + e.description() +
                          (e.details().statement.empty() ? "" : "\n" + e.details().statement));

@@ -1,0 +1,91 @@
+#include "velmora/adapters/sqlite/file_content.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "velmora/adapters/sqlite/emitters/quoting.h"
+#include "velmora/adapters/sqlite/link.h"
+#include "velmora/adapters/tsql/tokenizer.h"
+#include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/system/file_path.h"
+
+namespace velmora::sqlite {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The engine's name of a file that is only looked at. Without a write-ahead file there is nothing that another
+/// connection could have in progress, and the engine need not make files of its own to find that out.
+std::string lookName(const std::string& path) {
+    std::string name = "file:";
+    for (const char letter : path) {
+        const bool isSpecial = letter == '%' || letter == '?' || letter == '#';
+        name += isSpecial ? (letter == '%' ? "%25" : letter == '?' ? "%3f" : "%23") : std::string(1, letter);
+    }
+    std::error_code failure;
+    return name + (fs::exists(system::filePath(path + "-wal"), failure) ? "?mode=ro" : "?mode=ro&immutable=1");
+}
+
+/// False for a file without a byte in it, and for none.
+bool hasContent(const std::string& path) {
+    std::error_code failure;
+    const fs::path file = system::filePath(path);
+    if (!fs::exists(file, failure)) {
+        return false;
+    }
+    if (!fs::is_regular_file(file, failure)) {
+        throw sql::DbError(sql::provider::failure, "No es un fichero.", {.sqlState = "08001"});
+    }
+    return fs::file_size(file, failure) > 0;
+}
+
+}  // namespace
+
+bool FileContent::hasTable(const std::string& name) const {
+    return std::ranges::any_of(tables,
+                               [&](const std::string& each) { return tsql::foldName(each) == tsql::foldName(name); });
+}
+
+FileContent contentOf(const std::string& path) {
+    std::error_code failure;
+    FileContent content{.exists = fs::exists(system::filePath(path), failure)};
+    if (!hasContent(path)) {
+        return content;
+    }
+    Link link(lookName(path), Options{.readOnly = true});
+    const auto names =
+        link.prepare("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'");
+    while (names->step()) {
+        content.tables.push_back(names->value(0, tsql::Kind::text).toText());
+    }
+    return content;
+}
+
+std::int64_t rowsOf(const std::string& path, const std::string& table) {
+    if (!contentOf(path).hasTable(table)) {
+        return 0;
+    }
+    Link link(lookName(path), Options{.readOnly = true});
+    const auto count = link.prepare("SELECT count(*) FROM " + quotedName(table));
+    count->step();
+    return count->whole(0);
+}
+
+std::string realFile(const std::string& path) {
+    constexpr int mostLinks = 40;
+    fs::path file = system::filePath(path);
+    std::error_code failure;
+    for (int links = 0; links < mostLinks && fs::is_symlink(file, failure); ++links) {
+        file = file.parent_path() / fs::read_symlink(file, failure);
+    }
+    return system::fileText(file);
+}
+
+// Chosen C-205: the documents' file lies beside the first one, with "DOC" in front of its name.
+std::string documentsFileOf(const std::string& path) {
+    const fs::path file = system::filePath(realFile(path));
+    return system::fileText(file.parent_path() / system::filePath("DOC" + system::fileText(file.filename())));
+}
+
+}  // namespace velmora::sqlite

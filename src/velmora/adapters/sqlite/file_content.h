@@ -1,0 +1,31 @@
+#pragma once
+// What a file holds, looked at before the engine opens it: opening sets the journal mode and makes a missing file.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velmora::sqlite {
+
+struct FileContent {
+    bool exists = false;
+    std::vector<std::string> tables = {};  ///< by their declared names
+
+    /// Compared without regard to case.
+    bool hasTable(const std::string& name) const;
+};
+
+/// Reads the file without changing it. A missing file, an empty one and a database that nobody has made tables in have
+/// none. Errors: DbError (provider::failure) for anything but a database, or one that cannot be read.
+FileContent contentOf(const std::string& path);
+
+/// The rows of a table in the file; 0 when there is no such file or table. Errors: see contentOf.
+std::int64_t rowsOf(const std::string& path, const std::string& table);
+
+/// The file that a path leads to: symbolic links are followed, also to a file that does not exist yet.
+std::string realFile(const std::string& path);
+
+/// The file that holds the documents of the database at this path: beside the real one.
+std::string documentsFileOf(const std::string& path);
+
+}  // namespace velmora::sqlite

@@ -1,0 +1,190 @@
+#include "velmora/apps/workshop_file/workshop_file.h"
+
+#include <array>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "velmora/adapters/sqlite/file_content.h"
+#include "velmora/apps/engines/known_engines.h"
+#include "velmora/apps/workshop_file/folder_lock.h"
+#include "velmora/data/indexes.h"
+#include "velmora/data/new_database.h"
+#include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/system/file_path.h"
+
+namespace velmora::workshop_file {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* inMemory = ":memory:";
+constexpr const char* proposals = "DPI";
+constexpr const char* documents = "dex";
+
+/// A database and the files of the engine that may lie beside it.
+constexpr std::array sideFiles{"-wal", "-shm", "-journal"};
+
+fs::path documentsFileOf(const fs::path& file) {
+    return system::filePath(sqlite::documentsFileOf(system::fileText(file)));
+}
+
+/// The names under which a database is made before it is moved into place.
+fs::path unfinished(const fs::path& file) {
+    return file.parent_path() / system::filePath("." + system::fileText(file.filename()) + ".nueva");
+}
+
+void removeSideFiles(const fs::path& file) {
+    for (const char* ending : sideFiles) {
+        fs::path side = file;
+        side += ending;
+        fs::remove(side);
+    }
+}
+
+void removeWhole(const fs::path& file) {
+    removeSideFiles(file);
+    fs::remove(file);
+}
+
+fs::path folderOf(const fs::path& file) {
+    return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+/// The files of one database while they are made, in a folder that is locked.
+class NewFiles {
+  public:
+    NewFiles(const sql::Engines& engines, const fs::path& file)
+        : file_(file), made_(unfinished(file)), engines_(engines) {
+        removeAll();  // what one that was killed has left
+    }
+    ~NewFiles() {
+        try {
+            removeAll();
+        } catch (const std::exception&) {
+            // They are removed at the next start.
+        }
+    }
+    NewFiles(const NewFiles&) = delete;
+    NewFiles& operator=(const NewFiles&) = delete;
+
+    void make(const Fill& fill) {
+        const auto connection = engines_.open(engines::fileSource(system::fileText(made_)));
+        data::createDatabase(*connection);
+        fill(*connection);
+    }
+    void moveDocuments() { move(documentsFileOf(made_), documentsFileOf(file_)); }
+    void moveDatabase() { move(made_, file_); }
+
+  private:
+    void removeAll() const {
+        removeWhole(made_);
+        removeWhole(documentsFileOf(made_));
+    }
+    /// Side files of what lay there before would be applied to the new database.
+    static void move(const fs::path& from, const fs::path& to) {
+        syncFile(from);
+        removeSideFiles(to);
+        fs::rename(from, to);
+    }
+
+    fs::path file_;
+    fs::path made_;
+    const sql::Engines& engines_;
+};
+
+// A new database numbers its proposals from 1 again, so documents of an older one would be attributed to them.
+void refuseForeignDocuments(const fs::path& file) {
+    const fs::path other = documentsFileOf(file);
+    if (sqlite::rowsOf(system::fileText(other), documents) > 0) {
+        throw Refused("Hay documentos adjuntos de otra base de datos:\n" + system::fileText(other) +
+                      "\n\nGuárdelos en otro sitio antes de crear una nueva.");
+    }
+}
+
+/// True for a file with our tables; false for one without any.
+bool isMade(const fs::path& file) {
+    const sqlite::FileContent content = sqlite::contentOf(system::fileText(file));
+    // Differs D-300: nothing of ours is put into a database of another program, and its journal mode stays as it is.
+    if (!content.tables.empty() && !content.hasTable(proposals)) {
+        throw Refused("El fichero es una base de datos, pero no de VELMORA: no tiene la tabla DPI.");
+    }
+    return !content.tables.empty();
+}
+
+bool hasDocuments(const fs::path& file) {
+    return sqlite::contentOf(system::fileText(documentsFileOf(file))).hasTable(documents);
+}
+
+/// Makes what is missing of the two files. The folder is locked and looked at again: another program may have made them
+/// meanwhile.
+Opened make(const sql::Engines& engines, const fs::path& file, const Fill& fill) {
+    const FolderLock lock(folderOf(file));
+    Opened result;
+    NewFiles files(engines, file);
+    if (!isMade(file)) {
+        refuseForeignDocuments(file);
+        files.make(fill);
+        files.moveDocuments();
+        files.moveDatabase();
+        result.isNew = true;
+    } else if (!hasDocuments(file)) {
+        // Chosen C-370: proposals can be priced and accepted without their documents; a user who cannot find them must
+        // know why.
+        files.make([](sql::Connection&) {});
+        files.moveDocuments();
+        result.notice = "No se encuentra el fichero de los documentos adjuntos:\n" +
+                        system::fileText(documentsFileOf(file)) +
+                        "\n\nSe ha creado uno vacío: los documentos de las propuestas no están. Si tiene una copia, "
+                        "cierre el programa y póngala en su sitio.";
+    }
+    lock.sync();
+    return result;
+}
+
+/// Detects a read-only database at the start instead of at the first save. Nothing is written.
+void checkWritable(sql::Connection& connection) {
+    connection.beginTrans();
+    connection.rollbackTrans();
+}
+
+Opened openFile(const sql::Engines& engines, const fs::path& file, const Fill& fill) {
+    Opened result;
+    if (!isMade(file) || !hasDocuments(file)) {
+        result = make(engines, file, fill);
+    }
+    result.connection = engines.open(engines::fileSource(system::fileText(file)));
+    checkWritable(*result.connection);
+    if (!result.isNew) {
+        data::addMissingIndexes(*result.connection);
+    }
+    return result;
+}
+
+Opened openInMemory(const sql::Engines& engines, const Fill& fill) {
+    Opened result{.connection = engines.open(engines::fileSource(inMemory)), .isNew = true};
+    data::createDatabase(*result.connection);
+    fill(*result.connection);
+    return result;
+}
+
+}  // namespace
+
+Opened open(const sql::Engines& engines, const std::string& path, const Fill& fill) {
+    if (path.empty()) {
+        throw Refused("El nombre del fichero de la base de datos está vacío.");
+    }
+    try {
+        return path == inMemory ? openInMemory(engines, fill)
+                                : openFile(engines, system::filePath(sqlite::realFile(path)), fill);
+    } catch (const Refused& e) {
+        throw Refused(std::string(e.what()) + "\n\n" + path);
+    } catch (const sql::DbError& e) {
+        throw Refused("No se puede abrir la base de datos:\n" + path + "\n\n" + e.description());
+    } catch (const std::system_error& e) {
+        throw Refused("No se puede crear la base de datos:\n" + path + "\n\n" + e.code().message());
+    }
+}
+
+}  // namespace velmora::workshop_file
