@@ -103,6 +103,23 @@ TEST_F(VmoraTest, TheSessionOfTheInstanceMadeLastOutlivesIt) {
     EXPECT_EQ(formsShown, 1);
 }
 
+TEST_F(VmoraTest, ASharedSessionLivesAsLongAsItMayBeUsed) {
+    const std::shared_ptr<session::Session> shared(std::shared_ptr<void>(new int), &workshop.session);
+    {
+        VMORA last(workshop.desk);
+        last.MyBd(shared);
+        EXPECT_EQ(shared.use_count(), 2);
+    }
+    EXPECT_EQ(shared.use_count(), 2) << "an older instance may still use it";
+    onForm([&](frmBercialPiñones&) {
+        gVMORA->MyBd.reset();
+        EXPECT_EQ(shared.use_count(), 2) << "the running operation still uses it";
+    });
+    vmora.jShow();
+    EXPECT_EQ(formsShown, 1);
+    EXPECT_EQ(shared.use_count(), 1);
+}
+
 TEST_F(VmoraTest, StartOnAnUpToDateDatabaseRunsThreeChecksAndThenTheFormsOwnStatements) {
     onForm([](frmBercialPiñones&) {});
     vmora.jShow();

@@ -14,16 +14,17 @@ std::shared_ptr<VMORA::Given> gVMORA;
 
 namespace {
 
-session::Session& sessionOf(const VMORA::Given& given) {
-    if (given.MyBd == nullptr) {
+/// Error 91 when it is not set.
+const std::shared_ptr<session::Session>& sessionOf(const VMORA::Given& given) {
+    if (!given.MyBd) {
         runtime::raise(runtime::objectNotSet);
     }
-    return *given.MyBd;
+    return given.MyBd;
 }
 
 /// The session of the instance created last, whichever instance was called and whether or not the last one still
-/// exists.
-session::Session& currentSession() {
+/// exists. The operation shares it: its host may set another one meanwhile.
+std::shared_ptr<session::Session> currentSession() {
     return sessionOf(*gVMORA);
 }
 
@@ -33,22 +34,26 @@ VMORA::VMORA(platform::Desk& desk) : desk_(desk) {
     gVMORA = given_;
 }
 
+void VMORA::MyBd(session::Session* session) {
+    MyBd(std::shared_ptr<session::Session>(std::shared_ptr<void>(), session));
+}
+
 session::Session& VMORA::MyBd() const {
-    return sessionOf(*given_);
+    return *sessionOf(*given_);
 }
 
 void VMORA::jShow() {
-    session::Session& session = currentSession();
-    FnActualizarBD(session.Connection(), desk_.screen);
-    proposal::frmBercialPiñones form(session, desk_);
+    const std::shared_ptr<session::Session> session = currentSession();
+    FnActualizarBD(session->Connection(), desk_.screen);
+    proposal::frmBercialPiñones form(*session, desk_);
     form.setTag("e");
     desk_.screen.showModal(form);
 }
 
 void VMORA::jShowParametros() {
-    session::Session& session = currentSession();
-    msActualizarPARDPI(session.Connection(), desk_.screen);
-    reference::frmMaterias form(session, desk_);
+    const std::shared_ptr<session::Session> session = currentSession();
+    msActualizarPARDPI(session->Connection(), desk_.screen);
+    reference::frmMaterias form(*session, desk_);
     form.setTag("e");
     desk_.screen.showModal(form);
 }
@@ -57,7 +62,8 @@ void VMORA::jShowPropuesta(std::int32_t& nIdDpi) {
     if (nIdDpi <= 0) {
         return;
     }
-    proposal::frmBercialPiñones form(currentSession(), desk_);
+    const std::shared_ptr<session::Session> session = currentSession();
+    proposal::frmBercialPiñones form(*session, desk_);
     form.msCargarPresupuesto(nIdDpi, false);
     form.bConsulta = true;
     form.msCancelarBotones();
@@ -68,9 +74,9 @@ void VMORA::jShowPropuesta(std::int32_t& nIdDpi) {
 void VMORA::jPrintPropuesta(std::int32_t&, bool&) {}
 
 void VMORA::jShowSeguimiento() {
-    session::Session& session = currentSession();
-    msActualizarPARDPI(session.Connection(), desk_.screen);
-    tracking::frmSeguimiento form(session, desk_, gVMORA->listOrder);
+    const std::shared_ptr<session::Session> session = currentSession();
+    msActualizarPARDPI(session->Connection(), desk_.screen);
+    tracking::frmSeguimiento form(*session, desk_, gVMORA->listOrder);
     form.setTag("e");
     desk_.screen.showModal(form);
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 
 #include "velmora/platform/desk.h"
 #include "velmora/platform/session/session.h"
@@ -20,8 +21,10 @@ class VMORA {
     VMORA(const VMORA&) = delete;
     VMORA& operator=(const VMORA&) = delete;
 
-    /// The host's open session, kept by reference; never opened or closed here.
-    void MyBd(session::Session* session) { *given_ = {.MyBd = session}; }
+    /// The host's open session; never opened or closed here. It must outlive every operation; nullptr for none.
+    void MyBd(session::Session* session);
+    /// The same; kept as long as an instance, the last one or a running operation may use it.
+    void MyBd(std::shared_ptr<session::Session> session) { *given_ = {.MyBd = std::move(session)}; }
     /// Error 91 when not set.
     session::Session& MyBd() const;
 
@@ -37,7 +40,7 @@ class VMORA {
 
     /// State of an instance; outlives the instance while gVMORA holds it.
     struct Given {
-        session::Session* MyBd = nullptr;
+        std::shared_ptr<session::Session> MyBd{};
         /// Of the session's connection.
         std::shared_ptr<tracking::ListOrder> listOrder = std::make_shared<tracking::ListOrder>();
     };
@@ -48,7 +51,7 @@ class VMORA {
     bool bExportReport_ = false;
 };
 
-/// The state of the instance created last. Never cleared.
+/// The state of the instance created last. Cleared only by a module that is about to be unloaded.
 extern std::shared_ptr<VMORA::Given> gVMORA;
 
 }  // namespace velmora::shell
