@@ -56,7 +56,7 @@ void GridDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& op
     const QRectF face = QRectF(option.rect).adjusted(3.5, 2.5, -3.5, -3.5);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QColor(theme::border));
-    painter.setBrush(QColor(option.state.testFlag(QStyle::State_MouseOver) ? 0xFFEAF1F8 : theme::window));
+    painter.setBrush(QColor(option.state.testFlag(QStyle::State_MouseOver) ? theme::hover : theme::window));
     painter.drawRoundedRect(face, 2, 2);
     painter.setPen(QColor(theme::text));
     const QString caption = text.isEmpty() ? QStringLiteral("…") : text;

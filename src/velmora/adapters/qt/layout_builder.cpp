@@ -21,21 +21,7 @@ using screen::Layout;
 using toolkit::LayoutPlan;
 using toolkit::PlanCell;
 
-constexpr int captionGap = 2;  ///< pixels between a field and a caption above it
-
-int pixels(toolkit::Spacing spacing) {
-    switch (spacing) {
-        case toolkit::Spacing::caption:
-            return captionGap;
-        case toolkit::Spacing::parts:
-            return theme::unit;
-        case toolkit::Spacing::lines:
-            return theme::rowGap;
-        case toolkit::Spacing::groups:
-            break;
-    }
-    return theme::group;
-}
+using toolkit::window_style::pixels;
 
 Qt::Alignment alignmentOf(toolkit::Alignment alignment) {
     switch (alignment) {

@@ -1,54 +1,27 @@
 #include "velmora/adapters/qt/search_model.h"
 
-#include <algorithm>
-
 #include "velmora/adapters/qt/text.h"
-#include "velmora/platform/runtime/text.h"
 
 namespace velmora::qt {
 
-namespace {
-constexpr std::size_t chunk = 100;  ///< number of matches read at once
-}
-
 SearchModel::SearchModel(const screen::SearchWindow& window, QObject* parent)
-    : QAbstractTableModel(parent), window_(window) {
-    const std::vector<sql::Column>& columns = window.rows.columns();
-    const std::string wanted = runtime::UCase(window.searchColumn);
-    const auto found =
-        std::ranges::find_if(columns, [&](const sql::Column& c) { return runtime::UCase(c.name) == wanted; });
-    if (found != columns.end()) {
-        searched_ = static_cast<std::size_t>(found - columns.begin());
-    }
-    scan();
+    : QAbstractTableModel(parent), window_(window), rows_(window) {
+    readOn();
 }
 
 int SearchModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(matches_.size());
+    return parent.isValid() ? 0 : static_cast<int>(rows_.count());
 }
 
 int SearchModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : 2;
 }
 
-QString SearchModel::shown(std::size_t row, std::size_t column) const {
-    const sql::Row* values = window_.rows.peek(row);
-    if (values == nullptr || column >= values->size() || (*values)[column].isNull()) {
-        return {};
-    }
-    return toQt((*values)[column].toText());
-}
-
 QVariant SearchModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::DisplayRole || failure_) {
+    if (!index.isValid() || role != Qt::DisplayRole) {
         return {};
     }
-    try {
-        return shown(sourceRow(index.row()), static_cast<std::size_t>(index.column()) + 1);
-    } catch (...) {
-        failure_ = std::current_exception();
-        return {};
-    }
+    return toQt(rows_.text(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column())));
 }
 
 QVariant SearchModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -59,47 +32,30 @@ QVariant SearchModel::headerData(int section, Qt::Orientation orientation, int r
 }
 
 bool SearchModel::canFetchMore(const QModelIndex& parent) const {
-    return !parent.isValid() && !complete_;
+    return !parent.isValid() && !rows_.isComplete();
 }
 
 void SearchModel::fetchMore(const QModelIndex&) {
-    scan();
+    readOn();
 }
 
-void SearchModel::scan() {
-    std::vector<std::size_t> found;
-    try {
-        while (!complete_ && found.size() < chunk) {
-            if (window_.rows.peek(scanned_) == nullptr) {
-                complete_ = true;
-                break;
-            }
-            const QString text = shown(scanned_, searched_).normalized(QString::NormalizationForm_C);
-            if (text.contains(filter_, Qt::CaseInsensitive)) {
-                found.push_back(scanned_);
-            }
-            ++scanned_;
-        }
-    } catch (...) {
-        failure_ = std::current_exception();
-        complete_ = true;
-    }
+void SearchModel::readOn() {
+    const std::vector<std::size_t> found = rows_.readOn();
     if (!found.empty()) {
-        const int first = static_cast<int>(matches_.size());
+        const int first = static_cast<int>(rows_.count());
         beginInsertRows({}, first, first + static_cast<int>(found.size()) - 1);
-        matches_.insert(matches_.end(), found.begin(), found.end());
+        rows_.take(found);
         endInsertRows();
     }
 }
 
 void SearchModel::setFilter(const QString& filter) {
     beginResetModel();
-    filter_ = filter.trimmed().normalized(QString::NormalizationForm_C);
-    matches_.clear();
-    scanned_ = 0;
-    complete_ = failure_ != nullptr;
+    rows_.restart([wanted = filter.trimmed().normalized(QString::NormalizationForm_C)](const std::string& text) {
+        return toQt(text).normalized(QString::NormalizationForm_C).contains(wanted, Qt::CaseInsensitive);
+    });
     endResetModel();
-    scan();
+    readOn();
 }
 
 }  // namespace velmora::qt

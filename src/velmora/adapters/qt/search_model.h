@@ -1,12 +1,11 @@
 #pragma once
-// The rows of a search window that match the filter box, read when they are scrolled into view.
+// The rows of a search window that match the filter box, as a table model.
 
 #include <QAbstractTableModel>
 #include <cstddef>
 #include <exception>
-#include <vector>
 
-#include "velmora/platform/screen/screen.h"
+#include "velmora/platform/toolkit/search_rows.h"
 
 namespace velmora::qt {
 
@@ -23,22 +22,16 @@ class SearchModel : public QAbstractTableModel {
 
     /// Only rows whose search column contains this text; compared without case, with accents.
     void setFilter(const QString& filter);
-    std::size_t sourceRow(int row) const { return matches_[static_cast<std::size_t>(row)]; }
-    bool isComplete() const { return complete_; }
+    std::size_t sourceRow(int row) const { return rows_.sourceRow(static_cast<std::size_t>(row)); }
+    bool isComplete() const { return rows_.isComplete(); }
     /// The error that stopped the reading, if any.
-    std::exception_ptr failure() const { return failure_; }
+    std::exception_ptr failure() const { return rows_.failure(); }
 
   private:
-    QString shown(std::size_t row, std::size_t column) const;
-    void scan();
+    void readOn();
 
     const screen::SearchWindow& window_;
-    std::size_t searched_ = 2;
-    QString filter_;
-    std::vector<std::size_t> matches_;
-    std::size_t scanned_ = 0;
-    bool complete_ = false;
-    mutable std::exception_ptr failure_;
+    toolkit::SearchRows rows_;
 };
 
 }  // namespace velmora::qt

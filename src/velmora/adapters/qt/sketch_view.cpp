@@ -46,7 +46,7 @@ void SketchView::labelChanged() {
 
 void SketchView::paint(QPainter& painter, const QRect& canvas) const {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor(0xFFC6CED7));
+    painter.setPen(QColor(theme::groupBorder));
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(QRectF(canvas).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     try {

@@ -78,8 +78,8 @@ void Style::drawButton(const QStyleOption& option, QPainter& painter) const {
     const bool down = option.state & (State_Sunken | State_On);
     const bool hover = enabled && option.state.testFlag(State_MouseOver);
     const QColor fill = !enabled ? QColor(theme::window)
-                        : down   ? QColor(0xFFCFD9E4)
-                                 : QColor(hover ? 0xFFEAF1F8 : 0xFFFFFFFF);
+                        : down   ? QColor(theme::pressed)
+                                 : QColor(hover ? theme::hover : theme::entered);
     drawFrame(painter, option.rect, focusedIn(option), fill);
 }
 
@@ -114,8 +114,8 @@ void Style::drawGroup(const QStyleOptionGroupBox& option, QPainter& painter) con
         painter.drawText(option.rect.adjusted(1, 0, 0, 0), Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic,
                          option.text);
     }
-    painter.setPen(QColor(0xFFC6CED7));
-    painter.setBrush(QColor(0xFFFAFBFC));
+    painter.setPen(QColor(theme::groupBorder));
+    painter.setBrush(QColor(theme::groupGround));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.drawRoundedRect(crisp(option.rect.adjusted(0, titleHeight - titleRoom / 2, 0, 0), 1), radius, radius);
     painter.restore();

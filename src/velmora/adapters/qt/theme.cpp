@@ -28,7 +28,7 @@ QPalette palette() {
         p.setColor(state, QPalette::PlaceholderText, QColor(faintText));
     }
     p.setColor(QPalette::Disabled, QPalette::WindowText, QColor(faintText));
-    p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0xFF8A949E));
+    p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(disabledText));
     return p;
 }
 

@@ -7,29 +7,41 @@
 #include <QFont>
 #include <QWidget>
 
-#include "velmora/adapters/painting/colours.h"
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/layout.h"
+#include "velmora/platform/toolkit/window_style.h"
 
 namespace velmora::qt::theme {
 
-inline constexpr int unit = 6;          ///< the spacing inside a row
-inline constexpr int rowGap = 4;        ///< between the lines of a group
-inline constexpr int group = 2 * unit;  ///< between groups and at the edges
-inline constexpr int gridRow = 24;
+namespace style = toolkit::window_style;
 
-inline constexpr QRgb window = 0xFFF2F4F6;
-inline constexpr QRgb entered = 0xFFFFFFFF;
-inline constexpr QRgb calculated = 0xFFE6ECF3;
-inline constexpr QRgb focus = 0xFFFFFF00;
-inline constexpr QRgb text = painting::colours::text;
-inline constexpr QRgb caption = 0xFF2C353F;
-inline constexpr QRgb faintText = painting::colours::faintText;
-inline constexpr QRgb border = 0xFFA9B3BE;
-inline constexpr QRgb rule = 0xFFDDE2E8;
-inline constexpr QRgb focusBorder = 0xFF14181D;
-inline constexpr QRgb accent = painting::colours::accent;
-inline constexpr QRgb currentRow = 0xFFC9DFF5;
+using style::captionGap;
+using style::gridRow;
+using style::group;
+using style::rowGap;
+using style::unit;
+
+constexpr QRgb opaque(style::Rgb color) {
+    return 0xFF000000U | color;
+}
+
+inline constexpr QRgb window = opaque(style::window);
+inline constexpr QRgb entered = opaque(style::entered);
+inline constexpr QRgb calculated = opaque(style::calculated);
+inline constexpr QRgb focus = opaque(style::focus);
+inline constexpr QRgb text = opaque(style::text);
+inline constexpr QRgb caption = opaque(style::caption);
+inline constexpr QRgb faintText = opaque(style::faintText);
+inline constexpr QRgb disabledText = opaque(style::disabledText);
+inline constexpr QRgb border = opaque(style::border);
+inline constexpr QRgb rule = opaque(style::rule);
+inline constexpr QRgb focusBorder = opaque(style::focusBorder);
+inline constexpr QRgb accent = opaque(style::accent);
+inline constexpr QRgb currentRow = opaque(style::currentRow);
+inline constexpr QRgb hover = opaque(style::hover);
+inline constexpr QRgb pressed = opaque(style::pressed);
+inline constexpr QRgb groupBorder = opaque(style::groupBorder);
+inline constexpr QRgb groupGround = opaque(style::groupGround);
 
 /// Applies style, palette and font to the whole application. Once, before the first window.
 void apply(QApplication& application);
