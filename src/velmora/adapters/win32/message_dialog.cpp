@@ -45,12 +45,14 @@ char32_t upperLetter(WPARAM character) {
 }  // namespace
 
 MessageDialog::MessageDialog(const screen::MessageBox& box, HWND owner)
-    : theme_(dpiOf(owner)), text_(toWide(box.text)), escape_(toolkit::answerOfEscape(box.buttons)) {
+    : theme_(dpiOf(owner)), escape_(toolkit::answerOfEscape(box.buttons)) {
     create(toWide(box.title.empty() ? toolkit::programTitle : box.title), WS_POPUP | WS_CAPTION | WS_SYSMENU,
            WS_EX_DLGMODALFRAME, owner, {});
     if (const wchar_t* name = iconNameOf(box.icon)) {
         icon_ = LoadIconW(nullptr, name);
     }
+    text_ = createControl(L"STATIC", withLineEnds(toWide(box.text)), SS_NOPREFIX | WS_VISIBLE, handle());
+    useFont(text_, theme_.font());
     int number = 0;
     for (const toolkit::Choice& choice : toolkit::choicesOf(box.buttons)) {
         const HWND button =
@@ -72,14 +74,17 @@ void MessageDialog::arrange() {
     HDC dc = GetDC(handle());
     const HGDIOBJ before = SelectObject(dc, theme_.font());
     RECT room{0, 0, theme_.scaled(widestText), 0};
-    DrawTextW(dc, text_.c_str(), -1, &room, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    DrawTextW(dc, textOf(text_).c_str(), -1, &room, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
     SelectObject(dc, before);
     ReleaseDC(handle(), dc);
 
     iconBox_ = {.left = edge, .top = edge, .width = icon, .height = icon};
     const int textLeft = edge + (icon > 0 ? icon + edge : 0);
     const int body = std::max<int>(room.bottom, icon);
-    textBox_ = {.left = textLeft, .top = edge + (body - room.bottom) / 2, .width = room.right, .height = room.bottom};
+    const Box text{
+        .left = textLeft, .top = edge + (body - room.bottom) / 2, .width = room.right, .height = room.bottom};
+
+    moveTo(text_, text);
 
     int buttonWidth = theme_.scaled(leastButton);
     for (const Button& button : buttons_) {
@@ -88,7 +93,7 @@ void MessageDialog::arrange() {
     const int buttonHeight = theme_.fieldHeight(theme_.font()) + theme_.scaled(3);
     const int count = static_cast<int>(buttons_.size());
     const int row = count * buttonWidth + (count - 1) * gap;
-    const int width = std::max({theme_.scaled(leastWidth), textLeft + textBox_.width + edge, row + 2 * edge});
+    const int width = std::max({theme_.scaled(leastWidth), textLeft + text.width + edge, row + 2 * edge});
     const int buttonTop = edge + body + edge + gap;
     int left = width - edge - row;
     for (const Button& button : buttons_) {
@@ -171,7 +176,6 @@ void MessageDialog::paint() {
             DrawIconEx(canvas.dc(), iconBox_.left, iconBox_.top, icon_, iconBox_.width, iconBox_.height, 0, nullptr,
                        DI_NORMAL);
         }
-        canvas.text(textBox_, text_, theme_.font(), style::text, DT_WORDBREAK | DT_NOPREFIX);
     }
     EndPaint(handle(), &job);
 }
@@ -183,6 +187,12 @@ LRESULT MessageDialog::receive(UINT message, WPARAM word, LPARAM value) {
             return 0;
         case WM_ERASEBKGND:
             return 1;
+        case WM_CTLCOLORSTATIC: {
+            HDC dc = reinterpret_cast<HDC>(word);
+            SetTextColor(dc, colorOf(style::text));
+            SetBkColor(dc, colorOf(style::window));
+            return reinterpret_cast<LRESULT>(theme_.brush(style::window));
+        }
         case WM_CTLCOLORBTN:
             return reinterpret_cast<LRESULT>(theme_.brush(style::window));
         case WM_COMMAND:

@@ -19,8 +19,6 @@ class MessageDialog : public NativeWindow {
     /// Shows the box and returns the answer once it has been given.
     screen::Answer ask();
 
-    const std::wstring& text() const { return text_; }
-
   protected:
     LRESULT receive(UINT message, WPARAM word, LPARAM value) override;
 
@@ -40,13 +38,12 @@ class MessageDialog : public NativeWindow {
     void take(screen::Answer answer) { answer_ = answer; }
 
     Theme theme_;
-    std::wstring text_;
+    HWND text_ = nullptr;
     HICON icon_ = nullptr;
     std::vector<Button> buttons_;
     std::size_t first_ = 0;
     screen::Answer escape_;
     Box iconBox_;
-    Box textBox_;
     std::optional<screen::Answer> answer_;
 };
 

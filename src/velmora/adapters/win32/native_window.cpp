@@ -1,16 +1,18 @@
 #include "velmora/adapters/win32/native_window.h"
 
+#include <system_error>
+#include <utility>
+
 #include "velmora/adapters/win32/message_loop.h"
 #include "velmora/adapters/win32/module.h"
+#include "velmora/adapters/win32/text.h"
 
 namespace velmora::win32 {
 
 namespace {
 
-template <typename Window>
-Window* objectOf(HWND window) {
-    return reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-}
+/// The property under which a window holds its interception. Its own data may belong to a window of ours.
+constexpr const wchar_t* interceptionProperty = L"VelmoraInterception";
 
 }  // namespace
 
@@ -20,8 +22,11 @@ NativeWindow::~NativeWindow() {
 
 void NativeWindow::create(const std::wstring& title, DWORD style, DWORD extendedStyle, HWND parent, const Box& box) {
     const CreationScope scope;
-    handle_ = CreateWindowExW(extendedStyle, windowClass(), title.c_str(), style, box.left, box.top, box.width,
-                              box.height, parent, nullptr, ownModule(), this);
+    CreateWindowExW(extendedStyle, windowClass(), title.c_str(), style, box.left, box.top, box.width, box.height,
+                    parent, nullptr, ownModule(), this);
+    if (handle_ == nullptr) {
+        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), "CreateWindowEx");
+    }
 }
 
 void NativeWindow::destroy() {
@@ -42,7 +47,7 @@ LRESULT CALLBACK NativeWindow::procedure(HWND window, UINT message, WPARAM word,
         self->handle_ = window;
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
     }
-    auto* self = objectOf<NativeWindow>(window);
+    auto* self = reinterpret_cast<NativeWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (self == nullptr) {
         return DefWindowProcW(window, message, word, value);
     }
@@ -61,12 +66,16 @@ LRESULT CALLBACK NativeWindow::procedure(HWND window, UINT message, WPARAM word,
 
 HWND createControl(const wchar_t* className, const std::wstring& text, DWORD style, HWND parent) {
     const CreationScope scope;
-    return CreateWindowExW(0, className, text.c_str(), style | WS_CHILD, 0, 0, 0, 0, parent, nullptr, ownModule(),
-                           nullptr);
+    const HWND control = CreateWindowExW(0, className, text.c_str(), style | WS_CHILD, 0, 0, 0, 0, parent, nullptr,
+                                         ownModule(), nullptr);
+    if (control == nullptr) {
+        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), fromWide(className));
+    }
+    return control;
 }
 
 Interception::Interception(HWND window, Handler handler) : window_(window), handler_(std::move(handler)) {
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetPropW(window_, interceptionProperty, this);
     own_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Interception::procedure)));
 }
@@ -74,7 +83,7 @@ Interception::Interception(HWND window, Handler handler) : window_(window), hand
 Interception::~Interception() {
     if (window_ != nullptr) {
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(own_));
-        SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+        RemovePropW(window_, interceptionProperty);
     }
 }
 
@@ -83,13 +92,14 @@ LRESULT Interception::passOn(UINT message, WPARAM word, LPARAM value) const {
 }
 
 LRESULT CALLBACK Interception::procedure(HWND window, UINT message, WPARAM word, LPARAM value) {
-    auto* self = objectOf<Interception>(window);
+    auto* self = static_cast<Interception*>(GetPropW(window, interceptionProperty));
     if (self == nullptr) {
         return DefWindowProcW(window, message, word, value);
     }
     if (message == WM_NCDESTROY) {
         const WNDPROC own = self->own_;
         self->window_ = nullptr;
+        RemovePropW(window, interceptionProperty);
         SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(own));
         return CallWindowProcW(own, window, message, word, value);
     }

@@ -6,18 +6,11 @@
 #include <string>
 
 #include "velmora/adapters/win32/windows_api.h"
+#include "velmora/platform/toolkit/layout_places.h"
 
 namespace velmora::win32 {
 
-/// Position and size in pixels.
-struct Box {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
-
-    friend bool operator==(const Box&, const Box&) = default;
-};
+using Box = toolkit::Area;
 
 /// A window of our own class. Exceptions of `receive` are kept and thrown again by the message loop, since they must
 /// not pass through the system.
@@ -34,6 +27,7 @@ class NativeWindow {
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM word, LPARAM value);
 
   protected:
+    /// Error: std::system_error when the system refuses.
     void create(const std::wstring& title, DWORD style, DWORD extendedStyle, HWND parent, const Box& box);
     void destroy();
     /// Answers a message; the base passes it to the system.
@@ -43,7 +37,7 @@ class NativeWindow {
     HWND handle_ = nullptr;
 };
 
-/// Creates one of the system's controls as a child.
+/// Creates one of the system's controls as a child. Error: std::system_error when the system refuses.
 HWND createControl(const wchar_t* className, const std::wstring& text, DWORD style, HWND parent);
 
 /// Intercepts the messages of a control of the system for the lifetime of this object.

@@ -32,4 +32,15 @@ std::wstring toWide(char32_t character) {
     return {static_cast<wchar_t>(0xD800 + (offset >> 10)), static_cast<wchar_t>(0xDC00 + (offset & 0x3FF))};
 }
 
+std::wstring withLineEnds(std::wstring_view text) {
+    std::wstring result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'\n' && (i == 0 || text[i - 1] != L'\r')) {
+            result += L'\r';
+        }
+        result += text[i];
+    }
+    return result;
+}
+
 }  // namespace velmora::win32

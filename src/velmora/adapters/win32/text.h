@@ -12,4 +12,7 @@ std::string fromWide(std::wstring_view text);
 /// One character, as one or two units.
 std::wstring toWide(char32_t character);
 
+/// Every line ends with carriage return and line feed, as the system's controls want it.
+std::wstring withLineEnds(std::wstring_view text);
+
 }  // namespace velmora::win32

@@ -46,11 +46,14 @@ class Win32Screen : public screen::Screen {
     FormWindow* top() const { return windows_.empty() ? nullptr : windows_.back(); }
     /// The owner of the next modal window; nullptr when there is none.
     HWND__* topWindow() const;
+    /// Shows the hourglass if the logic wants it; false when the pointer is the plain one.
+    bool showBusyPointer() const;
 
   private:
     std::unique_ptr<SmoothLines> smoothLines_;
     std::vector<FormWindow*> windows_;
     int boxesShown_ = 0;
+    bool hourglass_ = false;
     std::function<void()> actionEnded_;
     bool tellingEnd_ = false;
 };

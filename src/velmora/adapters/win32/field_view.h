@@ -1,0 +1,65 @@
+#pragma once
+// A text field of one line or several: text written both by the model and by the user.
+
+#include <string>
+
+#include "velmora/adapters/win32/control_view.h"
+#include "velmora/platform/toolkit/field_ground.h"
+#include "velmora/platform/toolkit/field_typing.h"
+
+namespace velmora::win32 {
+
+/// The ground of a field, as 0xRRGGBB; `behind` where it has none of its own.
+style::Rgb groundColor(const screen::Control& control, screen::Role role, style::Rgb behind);
+
+class FieldView : public ControlView, protected toolkit::TextEditor {
+  public:
+    FieldView(ViewHost& host, screen::TextBox& box, const screen::Layout& layout);
+
+    std::vector<HWND> windows() const override { return {edit_}; }
+    HWND focusTarget() const override { return edit_; }
+    toolkit::Needs needs() const override;
+    bool fillsWidth() const override { return digits_ == 0; }
+    bool fillsHeight() const override { return stretched_; }
+    void draw(Canvas& canvas) override;
+    void useTheme() override;
+
+    void update(screen::Property property) override;
+    void updateAll() override;
+    bool key(const KeyStroke& stroke) override;
+    bool pressed() override;
+    std::optional<LRESULT> message(HWND window, UINT message, WPARAM word, LPARAM value) override;
+    void command(UINT code) override;
+    HBRUSH colors(HDC dc) override;
+    void focusGained() override;
+    void focusLeft() override;
+
+  protected:
+    void insert(char32_t character) override;
+    void erase() override;
+    void breakLine() override;
+    void updateColors() override;
+    void placed() override;
+
+  private:
+    HFONT font() const;
+    screen::Role role() const;
+    /// Copies the model's text to the window.
+    void bringText();
+    void edited();
+    void showScrollBar() const;
+    void paintDisabled() const;
+    Box inner() const;
+
+    screen::TextBox& box_;
+    screen::Role role_;
+    int digits_;
+    int lines_;
+    bool stretched_;
+    bool severalLines_;
+    bool right_;
+    HWND edit_;
+    bool fromModel_ = false;
+};
+
+}  // namespace velmora::win32
