@@ -1,5 +1,6 @@
 #!/bin/bash
-# Installs what is missing, builds the component for Windows, of 64 and of 32 bits, and runs its tests under Wine.
+# Installs what is missing, builds the component for Windows, of 64 and of 32 bits, runs its tests under Wine, and plays
+# the scenarios through it.
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit 1
 
@@ -16,5 +17,16 @@ failed=0
 for preset in "${presets[@]}"; do
     scripts/test_preset.sh "$preset" || failed=1
 done
+
+# The scenarios, played natively and across the component's border.
+echo "== stories"
+rm -f build/stories/stories.log
+scripts/build.sh stories velmora-drive velmora-scan velmora-story-host &&
+    tests/windows/run_stories.py build/stories/bin/velmora-drive build/stories/bin/velmora-story-host.exe.so \
+        build/windows/tests/velmora_stories.dll 2>&1 | tee build/stories/stories.log || failed=1
+
 scripts/test_summary.sh "${presets[@]}"
+echo
+echo "== stories"
+tail -n 1 build/stories/stories.log || failed=1
 exit "$failed"
