@@ -15,18 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The engine's name of a file that is only looked at. Without a write-ahead file there is nothing that another
-/// connection could have in progress, and the engine need not make files of its own to find that out.
-std::string lookName(const std::string& path) {
-    std::string name = "file:";
-    for (const char letter : path) {
-        const bool isSpecial = letter == '%' || letter == '?' || letter == '#';
-        name += isSpecial ? (letter == '%' ? "%25" : letter == '?' ? "%3f" : "%23") : std::string(1, letter);
-    }
-    std::error_code failure;
-    return name + (fs::exists(system::filePath(path + "-wal"), failure) ? "?mode=ro" : "?mode=ro&immutable=1");
-}
-
 /// False for a file without a byte in it, and for none.
 bool hasContent(const std::string& path) {
     std::error_code failure;
@@ -45,6 +33,16 @@ bool hasContent(const std::string& path) {
 bool FileContent::hasTable(const std::string& name) const {
     return std::ranges::any_of(tables,
                                [&](const std::string& each) { return tsql::foldName(each) == tsql::foldName(name); });
+}
+
+std::string lookName(const std::string& path) {
+    std::string name = "file:";
+    for (const char letter : path) {
+        const bool isSpecial = letter == '%' || letter == '?' || letter == '#';
+        name += isSpecial ? (letter == '%' ? "%25" : letter == '?' ? "%3f" : "%23") : std::string(1, letter);
+    }
+    std::error_code failure;
+    return name + (fs::exists(system::filePath(path + "-wal"), failure) ? "?mode=ro" : "?mode=ro&immutable=1");
 }
 
 FileContent contentOf(const std::string& path) {

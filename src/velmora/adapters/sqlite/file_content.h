@@ -19,6 +19,10 @@ struct FileContent {
 /// none. Errors: DbError (provider::failure) for anything but a database, or one that cannot be read.
 FileContent contentOf(const std::string& path);
 
+/// The engine's name of a file that is only looked at. Without a write-ahead file there is nothing that another
+/// connection could have in progress, and the engine need not make files of its own to find that out.
+std::string lookName(const std::string& path);
+
 /// The rows of a table in the file; 0 when there is no such file or table. Errors: see contentOf.
 std::int64_t rowsOf(const std::string& path, const std::string& table);
 

@@ -1,9 +1,12 @@
 #include <QApplication>
 #include <exception>
 #include <iostream>
+#include <optional>
 
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
+#include "velmora/apps/backup/copies.h"
+#include "velmora/apps/desktop/daily_copy.h"
 #include "velmora/apps/desktop/options.h"
 #include "velmora/apps/desktop/reconnection.h"
 #include "velmora/apps/desktop/start_form.h"
@@ -18,19 +21,20 @@ namespace {
 using namespace velmora;
 
 /// Runs without a user, so errors go to the standard error output instead of a message box.
-int makePictures(qt::QtScreen& screen, session::Session& session, platform::Desk& desk, const std::string& folder) {
+void makePictures(qt::QtScreen& screen, session::Session& session, platform::Desk& desk, const std::string& folder) {
     for (const std::string& path : desktop::writePictures(screen, desktop::windowPictures(session, desk), folder)) {
         std::cout << path << '\n';
     }
-    return 0;
 }
 
-void perform(const desktop::Options& options, shell::VMORA& vmora, platform::Desk& desk) {
+/// The copy of the database that is to be put back before the program goes on; none when it ends.
+std::optional<backup::Copy> perform(const desktop::Options& options, shell::VMORA& vmora, platform::Desk& desk,
+                                    backup::Copies* copies) {
     switch (options.opening) {
         case desktop::Opening::start: {
-            desktop::StartForm form(desk, vmora);
+            desktop::StartForm form(desk, vmora, copies);
             desk.screen.showModal(form);
-            break;
+            return form.wanted();
         }
         case desktop::Opening::proposals:
             vmora.jShow();
@@ -47,6 +51,7 @@ void perform(const desktop::Options& options, shell::VMORA& vmora, platform::Des
             break;
         }
     }
+    return std::nullopt;
 }
 
 /// Pictures are made from the demonstration workshop unless a database is given, so that real data do not end up in a
@@ -58,17 +63,19 @@ std::string databaseOf(const desktop::Options& options) {
     return options.pictures.empty() ? desktop::defaultDatabase() : ":memory:";
 }
 
-int run(const desktop::Options& options, qt::QtScreen& screen) {
-    const system::SystemClock clock;
+void tell(qt::QtScreen& screen, const std::string& text, screen::Icon icon) {
+    screen.show({.text = text, .icon = icon, .title = "VELMORA"});
+}
+
+/// Opens the database and performs what the options ask for. The copy that is to be put back, if the user wants one.
+std::optional<backup::Copy> open(const desktop::Options& options, qt::QtScreen& screen, const system::Clock& clock) {
     const sql::Engines engines = engines::knownEngines(clock);
-    const auto workshop = options.server.empty() ? desktop::openWorkshop(engines, databaseOf(options), clock)
+    const std::string database = databaseOf(options);
+    const auto workshop = options.server.empty() ? desktop::openWorkshop(engines, database, clock)
                                                  : desktop::openServer(engines, options.server);
     if (auto* server = dynamic_cast<odbc::ServerConnection*>(&workshop->connection())) {
         // Forms, whose actions these are, live within this function, as the connection does.
         screen.onActionEnded([server, &screen] { desktop::offerToReconnect(*server, screen); });
-    }
-    if (!workshop->notice().empty() && options.pictures.empty()) {
-        screen.show({.text = workshop->notice(), .icon = screen::Icon::exclamation, .title = "VELMORA"});
     }
     qt::QtServices services;
     components::ComponentFactory components;
@@ -77,9 +84,34 @@ int run(const desktop::Options& options, qt::QtScreen& screen) {
     shell::VMORA vmora{desk};
     vmora.MyBd(&workshop->session());
     if (!options.pictures.empty()) {
-        return makePictures(screen, workshop->session(), desk, options.pictures);
+        makePictures(screen, workshop->session(), desk, options.pictures);
+        return std::nullopt;
     }
-    perform(options, vmora, desk);
+    if (!workshop->notice().empty()) {
+        tell(screen, workshop->notice(), screen::Icon::exclamation);
+    }
+    if (!options.server.empty() || database == ":memory:") {
+        return perform(options, vmora, desk, nullptr);
+    }
+    backup::Copies copies(database, clock);
+    desktop::DailyCopy daily(database, clock.now());
+    const auto wanted = perform(options, vmora, desk, &copies);
+    if (const std::string failure = daily.failure(); !failure.empty()) {
+        tell(screen, failure, screen::Icon::exclamation);
+    }
+    return wanted;
+}
+
+int run(const desktop::Options& options, qt::QtScreen& screen) {
+    const system::SystemClock clock;
+    while (const auto copy = open(options, screen, clock)) {
+        try {
+            backup::Copies(databaseOf(options), clock).restore(*copy);
+            tell(screen, "La copia está restaurada.", screen::Icon::information);
+        } catch (const backup::Failed& e) {
+            tell(screen, e.what(), screen::Icon::critical);
+        }
+    }
     return 0;
 }
 

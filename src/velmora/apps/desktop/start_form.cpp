@@ -1,5 +1,6 @@
 #include "velmora/apps/desktop/start_form.h"
 
+#include "velmora/apps/desktop/backup_form.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/version.h"
 
@@ -15,7 +16,8 @@ bool isDigit(char32_t character) {
 
 }  // namespace
 
-StartForm::StartForm(platform::Desk& desk, shell::VMORA& vmora) : Form("frmInicio"), desk_(desk), vmora_(vmora) {
+StartForm::StartForm(platform::Desk& desk, shell::VMORA& vmora, backup::Copies* copies)
+    : Form("frmInicio"), desk_(desk), vmora_(vmora), copies_(copies) {
     setCaption("VELMORA " + platform::version());
     arrange();
     wire();
@@ -32,16 +34,29 @@ void StartForm::arrange() {
     const auto large = [](screen::Button& button) { return lay::plain(button).as(screen::Role::total); };
     setLayout(lay::column(large(cmdPropuestas_), large(cmdSeguimiento_), large(cmdParametros_),
                           lay::row(lay::field("Propuesta nº", txtNumero_, 9).number(), lay::plain(cmdVerPropuesta_),
-                                   lay::space(), lay::plain(cmdSalir_))));
-    setTabOrder({&cmdPropuestas_, &cmdSeguimiento_, &cmdParametros_, &txtNumero_, &cmdVerPropuesta_, &cmdSalir_});
+                                   lay::space(), lay::plain(cmdSalir_)),
+                          lay::row(lay::plain(lblCopias_), lay::space(), lay::plain(cmdCopias_))));
+    cmdCopias_.setCaption("&Copias de seguridad…");
+    cmdCopias_.setVisible(copies_ != nullptr);
+    lblCopias_.setVisible(copies_ != nullptr);
+    showStateOfCopies();
+    setTabOrder(
+        {&cmdPropuestas_, &cmdSeguimiento_, &cmdParametros_, &txtNumero_, &cmdVerPropuesta_, &cmdSalir_, &cmdCopias_});
 }
 
 void StartForm::wire() {
-    cmdPropuestas_.onClick = [this] { vmora_.jShow(); };
-    cmdSeguimiento_.onClick = [this] { vmora_.jShowSeguimiento(); };
-    cmdParametros_.onClick = [this] { vmora_.jShowParametros(); };
+    const auto opens = [this](void (shell::VMORA::*operation)()) {
+        return [this, operation] {
+            (vmora_.*operation)();
+            showStateOfCopies();
+        };
+    };
+    cmdPropuestas_.onClick = opens(&shell::VMORA::jShow);
+    cmdSeguimiento_.onClick = opens(&shell::VMORA::jShowSeguimiento);
+    cmdParametros_.onClick = opens(&shell::VMORA::jShowParametros);
     cmdVerPropuesta_.onClick = [this] { showProposal(); };
     cmdSalir_.onClick = [this] { unload(); };
+    cmdCopias_.onClick = [this] { showCopies(); };
     txtNumero_.onKeyPress = [](screen::KeyPress& key) {
         if (!isDigit(key.character) && key.character != backspace) {
             key.character = 0;
@@ -66,6 +81,23 @@ void StartForm::showProposal() {
     }
     std::int32_t nIdDpi = runtime::CLng(txtNumero_.text());
     vmora_.jShowPropuesta(nIdDpi);
+}
+
+void StartForm::showStateOfCopies() {
+    if (copies_ != nullptr) {
+        lblCopias_.setCaption(shownState(*copies_));
+        lblCopias_.setForeColor(copies_->isOverdue() ? screen::colors::red : screen::colors::black);
+    }
+}
+
+void StartForm::showCopies() {
+    BackupForm form(desk_, *copies_);
+    desk_.screen.showModal(form);
+    showStateOfCopies();
+    if (form.wanted()) {
+        wanted_ = form.wanted();
+        unload();
+    }
 }
 
 }  // namespace velmora::desktop
