@@ -95,7 +95,7 @@ std::optional<backup::Copy> open(const desktop::Options& options, qt::QtScreen& 
     }
     backup::Copies copies(database, clock);
     desktop::DailyCopy daily(database, clock.now());
-    const auto wanted = perform(options, vmora, desk, &copies);
+    auto wanted = perform(options, vmora, desk, &copies);
     if (const std::string failure = daily.failure(); !failure.empty()) {
         tell(screen, failure, screen::Icon::exclamation);
     }
