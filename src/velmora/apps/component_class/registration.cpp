@@ -1,5 +1,6 @@
 #include "velmora/apps/component_class/registration.h"
 
+#include <array>
 #include <string_view>
 #include <vector>
 
@@ -139,14 +140,47 @@ bool isEmpty(const ClassesPlace& place, const std::wstring& key) {
            keys == 0 && values == 0;
 }
 
-void removeIfEmpty(const ClassesPlace& place, const std::wstring& key) {
-    if (isEmpty(place, key)) {
-        RegDeleteKeyW(place.hive, below(place, key).c_str());
+/// What a place may lack before the first class is registered in it.
+constexpr std::array sharedFolders{L"CLSID", L"Interface", L"TypeLib"};
+/// A value of our class: those of them that our registration has made.
+constexpr const wchar_t* madeFolders = L"VELMORA.MadeFolders";
+constexpr wchar_t betweenFolders = L';';
+
+std::wstring missingFolders(const ClassesPlace& place) {
+    std::wstring missing;
+    for (const wchar_t* folder : sharedFolders) {
+        if (!isThere(place, folder)) {
+            missing += folder;
+            missing += betweenFolders;
+        }
+    }
+    return missing;
+}
+
+/// Empty when they were all there.
+std::wstring foldersMade(const ClassesPlace& place) {
+    std::array<wchar_t, 64> made{};
+    auto bytes = static_cast<DWORD>((made.size() - 1) * sizeof(wchar_t));
+    OpenKey opened;
+    if (RegOpenKeyExW(place.hive, below(place, classKey()).c_str(), 0, KEY_READ, opened.out()) != ERROR_SUCCESS ||
+        RegQueryValueExW(opened.get(), madeFolders, nullptr, nullptr, reinterpret_cast<BYTE*>(made.data()), &bytes) !=
+            ERROR_SUCCESS) {
+        return {};
+    }
+    return made.data();
+}
+
+void removeEmpty(const ClassesPlace& place, const std::wstring& folders) {
+    for (const wchar_t* folder : sharedFolders) {
+        if (folders.find(folder) != std::wstring::npos && isEmpty(place, folder)) {
+            RegDeleteKeyW(place.hive, below(place, folder).c_str());
+        }
     }
 }
 
 /// Programs of another size see classes and interfaces of their own, but the same names and libraries.
 LSTATUS removeFrom(const ClassesPlace& place) {
+    const std::wstring made = foldersMade(place);
     LSTATUS first = ERROR_SUCCESS;
     const auto remove = [&](const std::wstring& key) {
         const LSTATUS removed = removeTree(place, key);
@@ -160,18 +194,17 @@ LSTATUS removeFrom(const ClassesPlace& place) {
         remove(progId);
         remove(libraryKey());
     }
+    removeEmpty(place, made);
     return first;
 }
 
-/// A user's place may not have had these before.
-void removeEmptyFolders(const ClassesPlace& place) {
-    for (const wchar_t* folder : {L"CLSID", L"Interface", L"TypeLib"}) {
-        removeIfEmpty(place, folder);
-    }
-}
-
 LSTATUS writeAll(const ClassesPlace& place, const std::wstring& path) {
-    for (const Entry& entry : entriesFor(path)) {
+    std::vector<Entry> entries = entriesFor(path);
+    const std::wstring missing = missingFolders(place);
+    if (!missing.empty()) {
+        entries.insert(entries.begin(), {.key = classKey(), .name = madeFolders, .value = missing});
+    }
+    for (const Entry& entry : entries) {
         const LSTATUS written = write(place, entry);
         if (written != ERROR_SUCCESS) {
             removeFrom(place);
@@ -198,8 +231,7 @@ HRESULT registerClass(const ClassesPlaces& places, const std::wstring& path) noe
         status = writeAll(places.machine, path);
         if (status == ERROR_SUCCESS) {
             removeFrom(places.user);  // it would hide the machine's
-            removeEmptyFolders(places.user);
-        } else if (status == ERROR_ACCESS_DENIED) {
+        } else {
             status = writeAll(places.user, path);
         }
     });
@@ -210,7 +242,6 @@ HRESULT unregisterClass(const ClassesPlaces& places) noexcept {
     LSTATUS status = ERROR_SUCCESS;
     const HRESULT answer = com::guarded(nullptr, [&] {
         const LSTATUS ofUser = removeFrom(places.user);
-        removeEmptyFolders(places.user);
         const LSTATUS ofMachine = removeFrom(places.machine);
         status = ofUser == ERROR_SUCCESS ? ofMachine : ofUser;
     });
