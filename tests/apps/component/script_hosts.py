@@ -107,6 +107,9 @@ def main(dll, bits, objdump, folder):
     wine = Wine(bits)
     check_exports(objdump, dll)
     wine.run("regsvr32", "/s", "/u", windows_path(dll))  # what an earlier run may have left
+    nothing = folder / "nothing.vbs"
+    nothing.write_text("")
+    wine.run("cscript", "//nologo", windows_path(nothing))  # the host registers itself on its first run
     before = registry(wine, folder, "before")
     wine.run("regsvr32", "/s", windows_path(dll))
     try:
