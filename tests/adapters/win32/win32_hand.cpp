@@ -70,7 +70,22 @@ BOOL CALLBACK addBox(HWND window, LPARAM value) {
 
 }  // namespace
 
-Win32Hand::Win32Hand() : screen_(std::make_unique<win32::Win32Screen>(GetModuleHandleW(nullptr))) {
+void doWithoutWindowManager() {
+    if (GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr) {
+        RegSetKeyValueW(HKEY_CURRENT_USER, L"Software\\Wine\\X11 Driver", L"Managed", REG_SZ, L"N",
+                        2 * sizeof(wchar_t));
+    }
+}
+
+namespace {
+[[maybe_unused]] const bool toldAtStart = [] {
+    doWithoutWindowManager();
+    return true;
+}();
+}  // namespace
+
+Win32Hand::Win32Hand() {
+    screen_ = std::make_unique<win32::Win32Screen>(GetModuleHandleW(nullptr));
     theHand = this;
     timer_ = SetTimer(nullptr, 0, lookEvery, &Win32Hand::tick);
 }

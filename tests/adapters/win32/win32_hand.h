@@ -65,6 +65,10 @@ class Win32Hand {
     UINT_PTR timer_ = 0;
 };
 
+/// Under Wine, windows are placed without a window manager: where none runs, it would wait two seconds for each. Holds
+/// from the next program on; does nothing on Windows. A program with a hand calls it as it starts.
+void doWithoutWindowManager();
+
 /// The text that a message box shows, without carriage returns.
 std::string textOfBox(HWND box);
 /// A key to a window, whatever has the keyboard.
