@@ -28,6 +28,9 @@ class TypedFields {
     /// True when the user has changed the text of this field since the last forget().
     bool contain(const screen::TextBox& box) const { return typed_.contains(&box); }
 
+    /// Counts a field as typed, for one that was typed in an earlier run of the program.
+    void add(const screen::TextBox& box) { typed_.insert(&box); }
+
     /// For another proposal on the form: no field counts as typed.
     void forget() { typed_.clear(); }
 

@@ -1,5 +1,8 @@
 #include "velmora/proposal/form_memory.h"
 
+#include <algorithm>
+#include <charconv>
+#include <iterator>
 #include <utility>
 
 namespace velmora::proposal {
@@ -57,6 +60,60 @@ void putBack(sql::ListenedRecordset& listened, const sql::Recordset& rows) {
 
 }  // namespace
 
+namespace {
+
+/// A value without ends of lines.
+std::string inOneLine(const std::string& value) {
+    std::string line;
+    for (const char letter : value) {
+        switch (letter) {
+            case '\\':
+                line += "\\\\";
+                break;
+            case '\n':
+                line += "\\n";
+                break;
+            case '\r':
+                line += "\\r";
+                break;
+            default:
+                line += letter;
+        }
+    }
+    return line;
+}
+
+std::string fromOneLine(std::string_view line) {
+    std::string value;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] != '\\' || i + 1 == line.size()) {
+            value += line[i];
+            continue;
+        }
+        ++i;
+        value += line[i] == 'n' ? '\n' : line[i] == 'r' ? '\r' : line[i];
+    }
+    return value;
+}
+
+std::vector<std::string_view> linesOf(std::string_view text) {
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        lines.push_back(text.substr(0, end));
+        text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+    }
+    return lines;
+}
+
+int wholeNumber(const std::string& text) {
+    int number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+}  // namespace
+
 FormMemory::FormMemory(estimate::FieldMap& fields)
     : f_(fields), typed_(fields.typed), disc_(*fields.rsMatDisco), hub_(*fields.rsMatCubo), rack_(*fields.rsMatCre) {
     controls_.reserve(f_.form.controls().size());
@@ -109,6 +166,90 @@ void FormMemory::putBack(const Shown& shown) {
     }
 }
 
+// Each control is a line of its name, followed by a line for each property: name, "=", value.
+std::string FormMemory::written() const {
+    std::string text;
+    const auto line = [&](std::string_view name, const std::string& value) {
+        text += std::string(name) + "=" + inOneLine(value) + "\n";
+    };
+    for (const Shown& shown : controls_) {
+        text += "[" + shown.control->fullName() + "]\n";
+        line("enabled", shown.enabled ? "1" : "0");
+        line("visible", shown.visible ? "1" : "0");
+        line("checked", shown.checked ? "1" : "0");
+        line("tag", shown.tag);
+        line("toolTip", shown.toolTip);
+        line("backColor", std::to_string(shown.backColor));
+        line("foreColor", std::to_string(shown.foreColor));
+        line("text", shown.text);
+        line("listIndex", std::to_string(shown.listIndex));
+        for (const std::string& item : shown.items) {
+            line("item", item);
+        }
+        const auto* box = dynamic_cast<const screen::TextBox*>(shown.control);
+        if (box != nullptr && typed_.contain(*box)) {
+            line("typed", "1");
+        }
+    }
+    return text;
+}
+
+void FormMemory::read(std::string_view text) {
+    Shown* current = nullptr;
+    typed_.forget();
+    for (const std::string_view line : linesOf(text)) {
+        if (line.starts_with('[') && line.ends_with(']')) {
+            const std::string_view name = line.substr(1, line.size() - 2);
+            const auto found =
+                std::ranges::find_if(controls_, [&](const Shown& shown) { return shown.control->fullName() == name; });
+            current = found == controls_.end() ? nullptr : &*found;
+            if (current != nullptr) {
+                current->items.clear();
+            }
+            continue;
+        }
+        const std::size_t equals = line.find('=');
+        if (current == nullptr || equals == std::string_view::npos) {
+            continue;
+        }
+        if (line.starts_with("typed=")) {
+            if (const auto* box = dynamic_cast<const screen::TextBox*>(current->control)) {
+                typed_.add(*box);
+            }
+            continue;
+        }
+        readProperty(*current, line.substr(0, equals), fromOneLine(line.substr(equals + 1)));
+    }
+    for (Shown& shown : controls_) {
+        if (shown.listIndex < 0 || static_cast<std::size_t>(shown.listIndex) >= shown.items.size()) {
+            shown.listIndex = -1;
+        }
+    }
+}
+
+void FormMemory::readProperty(Shown& shown, std::string_view name, const std::string& value) {
+    struct Property {
+        std::string_view name;
+        void (*take)(Shown&, const std::string&);
+    };
+    static constexpr Property properties[] = {
+        {"enabled", [](Shown& s, const std::string& v) { s.enabled = v == "1"; }},
+        {"visible", [](Shown& s, const std::string& v) { s.visible = v == "1"; }},
+        {"checked", [](Shown& s, const std::string& v) { s.checked = v == "1"; }},
+        {"tag", [](Shown& s, const std::string& v) { s.tag = v; }},
+        {"toolTip", [](Shown& s, const std::string& v) { s.toolTip = v; }},
+        {"backColor", [](Shown& s, const std::string& v) { s.backColor = wholeNumber(v); }},
+        {"foreColor", [](Shown& s, const std::string& v) { s.foreColor = wholeNumber(v); }},
+        {"text", [](Shown& s, const std::string& v) { s.text = v; }},
+        {"listIndex", [](Shown& s, const std::string& v) { s.listIndex = wholeNumber(v); }},
+        {"item", [](Shown& s, const std::string& v) { s.items.push_back(v); }},
+    };
+    const auto* known = std::ranges::find(properties, name, &Property::name);
+    if (known != std::end(properties)) {
+        known->take(shown, value);
+    }
+}
+
 void FormMemory::restore() const {
     proposal::putBack(f_.rsMatDisco, disc_);
     proposal::putBack(f_.rsMatCubo, hub_);
@@ -118,6 +259,23 @@ void FormMemory::restore() const {
     }
     f_.typed = typed_;
     f_.invalidateSketches();
+}
+
+std::string writtenControl(std::string_view control, const std::string& text) {
+    return "[" + std::string(control) + "]\ntext=" + inOneLine(text) + "\n";
+}
+
+std::string writtenText(std::string_view written, std::string_view control) {
+    const std::string heading = "[" + std::string(control) + "]";
+    bool within = false;
+    for (const std::string_view line : linesOf(written)) {
+        if (line.starts_with('[')) {
+            within = line == heading;
+        } else if (within && line.starts_with("text=")) {
+            return fromOneLine(line.substr(5));
+        }
+    }
+    return {};
 }
 
 }  // namespace velmora::proposal

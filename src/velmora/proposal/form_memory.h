@@ -2,6 +2,7 @@
 // A snapshot of the main form that can be restored.
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "velmora/estimate/field_map.h"
@@ -13,6 +14,11 @@ namespace velmora::proposal {
 class FormMemory {
   public:
     explicit FormMemory(estimate::FieldMap& fields);
+
+    /// The snapshot as a text of several lines, for a file; the chosen materials are not in it.
+    std::string written() const;
+    /// Takes over what such a text says of the controls that this form has; the others keep what the snapshot has.
+    void read(std::string_view text);
 
     /// Restores the snapshot without raising events of controls, so nothing is recalculated. Toolkits are notified of
     /// each change.
@@ -34,6 +40,7 @@ class FormMemory {
     };
 
     static Shown shownBy(screen::Control& control);
+    static void readProperty(Shown& shown, std::string_view name, const std::string& value);
     static void putBack(const Shown& shown);
 
     estimate::FieldMap& f_;
@@ -43,5 +50,10 @@ class FormMemory {
     sql::Recordset hub_;
     sql::Recordset rack_;
 };
+
+/// A text as FormMemory writes that of a control.
+std::string writtenControl(std::string_view control, const std::string& text);
+/// The text of one control, by its full name, in what FormMemory has written; empty when it is not there.
+std::string writtenText(std::string_view written, std::string_view control);
 
 }  // namespace velmora::proposal

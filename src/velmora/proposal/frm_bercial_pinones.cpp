@@ -57,7 +57,8 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       duplicating_(f_, loading_, session, desk.screen, oUtil_),
       deleting_(f_, {materials_, history_, buttons_, newProposal_, stored_}, session, desk.screen, desk.clock),
       historyGrid_(f_, {history_, loading_}, session, desk),
-      sideWindows_(f_, session, desk) {
+      sideWindows_(f_, session, desk),
+      draft_(f_, stored_) {
     // Chosen C-010: after construction, before any event is wired, the fields hold the values of an empty proposal.
     msLimpiarCampos();
     arrange();
@@ -65,6 +66,7 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
     wireLists();
     wireButtons();
     Form_Load();
+    draft_.settle();
 }
 
 void frmBercialPiñones::Form_Load() {
@@ -127,6 +129,31 @@ bool frmBercialPiñones::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable
     const bool loaded = loading_.msCargarPresupuesto(nIdDpi, bEditable);
     keepFromWriting();
     return loaded;
+}
+
+Restored frmBercialPiñones::restoreDraft(std::string_view draft) {
+    const std::string number = Draft::numberIn(draft);
+    Restored result = Restored::asItWas;
+    if (!number.empty()) {
+        const bool found = runtime::IsNumeric(number) && !stored_.read(number).eof() &&
+                           msCargarPresupuesto(runtime::CLng(number), true) && !f_.proposal.isAccepted();
+        result = !found                        ? Restored::asNew
+                 : draft_.beganWithThis(draft) ? Restored::asItWas
+                                               : Restored::changedMeanwhile;
+    }
+    if (result == Restored::asNew) {
+        stored_.remember({});
+    }
+    draft_.settle();
+    draft_.restore(draft);
+    if (result == Restored::asNew) {
+        for (const int i : {money::proposal, money::created, money::workOrder, money::accepted}) {
+            f_.txtPesu(i).setText("");
+        }
+        f_.cboTipoPre.setEnabled(true);
+    }
+    history_.msHistorico(false);
+    return result;
 }
 
 // Differs D-065: a read-only form writes nothing, neither to its proposal nor to another one loaded from the history,

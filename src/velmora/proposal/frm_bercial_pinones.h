@@ -3,6 +3,9 @@
 // the wiring of events.
 
 #include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "velmora/estimate/cut_prices.h"
 #include "velmora/estimate/dimension_constants.h"
@@ -21,6 +24,7 @@
 #include "velmora/proposal/buttons.h"
 #include "velmora/proposal/customer_search.h"
 #include "velmora/proposal/deleting.h"
+#include "velmora/proposal/draft.h"
 #include "velmora/proposal/duplicating.h"
 #include "velmora/proposal/form_controls.h"
 #include "velmora/proposal/gear_step.h"
@@ -51,6 +55,12 @@ class frmBercialPiñones : public screen::Form {
     void msBuscarArticulo() { customers_.msBuscarArticulo(); }
     void msBuscarCliente() { customers_.msBuscarCliente(); }
     void msHistorico(bool bSoloTipo) { history_.msHistorico(bSoloTipo); }
+
+    /// What is on the form and not stored yet; none on a form that only shows a proposal. To be asked between the
+    /// user's actions. Errors: none.
+    std::optional<std::string> unsavedDraft() { return bConsulta ? std::nullopt : draft_.unsaved(); }
+    /// Loads the draft's proposal, if it is a stored one, and puts the draft on the form. Errors: the database's.
+    Restored restoreDraft(std::string_view draft);
 
     estimate::FieldMap& fields() { return f_; }
     FormControls& buttonsAndGrid() { return controls_; }
@@ -99,6 +109,7 @@ class frmBercialPiñones : public screen::Form {
     Deleting deleting_;
     HistoryGrid historyGrid_;
     SideWindows sideWindows_;
+    Draft draft_;
 };
 
 }  // namespace velmora::proposal

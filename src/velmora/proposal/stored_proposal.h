@@ -20,7 +20,12 @@ class StoredProposal {
     sql::Recordset read(const std::string& number) const;
 
     /// The row that the form shows from now on; a closed set when it shows none.
-    void remember(sql::Recordset row) { shown_ = std::move(row); }
+    void remember(sql::Recordset row) {
+        shown_ = std::move(row);
+        ++changes_;
+    }
+    /// How often another row, or none, has come to be on the form.
+    int changes() const { return changes_; }
 
     /// Checks the stored row, inside the transaction of its write: `changed` when one of the columns to be written no
     /// longer holds the value that was loaded; never for a number other than that of the row on the form. Errors: the
@@ -42,6 +47,7 @@ class StoredProposal {
 
     session::Session& session_;
     sql::Recordset shown_;
+    int changes_ = 0;
     labour::ProposalStanding standing_;
     std::string unmarkedOrder_;
     std::chrono::milliseconds waited_{0};
