@@ -72,6 +72,7 @@ TEST_F(DraftTest, ANewProposalComesBackAsItWasTypedAndIsStoredAsIfNothingHadHapp
     const std::vector<std::string> typed = shop.texts();
     EXPECT_EQ(recover(), Restored::asItWas);
     EXPECT_THAT(shop.texts(), ElementsAreArray(typed));
+    EXPECT_EQ(shop.control("Text4(0)").backColor(), screen::colors::white);
     EXPECT_TRUE(hasDraft()) << "it is not stored yet";
     EXPECT_EQ(stored(shop), stored(undisturbed));
 }

@@ -97,6 +97,12 @@ void Draft::restore(std::string_view draft) {
     }
     // The rows of the materials have overwritten prices and cuts.
     put();
+    // Another field has the focus now.
+    f_.forEachTextBox([](estimate::TextBox& box) {
+        if (box.backColor() == screen::colors::yellow) {
+            box.setBackColor(screen::colors::white);
+        }
+    });
 }
 
 }  // namespace velmora::proposal

@@ -71,6 +71,14 @@ QWidget* QtScreen::topWidget() const {
     return windows_.empty() ? QApplication::activeWindow() : windows_.back();
 }
 
+std::vector<screen::Form*> QtScreen::forms() const {
+    std::vector<screen::Form*> shown;
+    for (FormWindow* window : windows_) {
+        shown.push_back(&window->form());
+    }
+    return shown;
+}
+
 void QtScreen::showModal(screen::Form& form) {
     const ComesBack below(topWidget());
     FormWindow window(*this, form, below.window());

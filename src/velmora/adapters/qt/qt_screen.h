@@ -40,6 +40,8 @@ class QtScreen : public screen::Screen {
     /// The topmost window; nullptr when no form is shown.
     FormWindow* top() const { return windows_.empty() ? nullptr : windows_.back(); }
     QWidget* topWidget() const;
+    /// The forms that are shown, the topmost last.
+    std::vector<screen::Form*> forms() const;
 
   private:
     std::vector<FormWindow*> windows_;

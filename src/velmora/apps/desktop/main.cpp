@@ -7,6 +7,7 @@
 #include "velmora/adapters/qt/qt_services.h"
 #include "velmora/apps/backup/copies.h"
 #include "velmora/apps/desktop/daily_copy.h"
+#include "velmora/apps/desktop/draft_watch.h"
 #include "velmora/apps/desktop/options.h"
 #include "velmora/apps/desktop/reconnection.h"
 #include "velmora/apps/desktop/start_form.h"
@@ -95,7 +96,12 @@ std::optional<backup::Copy> open(const desktop::Options& options, qt::QtScreen& 
     }
     backup::Copies copies(database, clock);
     desktop::DailyCopy daily(database, clock.now());
+    desktop::Drafts drafts(database);
+    desktop::DraftWatch watch(screen, drafts);
+    screen.onActionEnded([&watch] { watch.actionEnded(); });
+    watch.offerLeft(workshop->session(), desk);
     auto wanted = perform(options, vmora, desk, &copies);
+    screen.onActionEnded({});
     if (const std::string failure = daily.failure(); !failure.empty()) {
         tell(screen, failure, screen::Icon::exclamation);
     }
