@@ -16,8 +16,8 @@ constexpr std::array chosen{&estimate::FieldMap::cboTipoPre,     &estimate::Fiel
                             &estimate::FieldMap::cboMatCubo,     &estimate::FieldMap::cboMatCre};
 
 /// Stands in a draft like a control: what the form showed before anything was typed.
-constexpr const char* beginning = "beginning";
-constexpr const char* end = "[end]\n";
+constexpr const char* nothingTyped = "beginning";
+constexpr const char* lastLine = "[end]\n";
 
 bool isTyped(estimate::FieldMap& fields) {
     bool any = false;
@@ -50,15 +50,15 @@ std::optional<std::string> Draft::unsaved() {
     if (entered() == settled_ || (f_.proposal.isNew() && !isTyped(f_))) {
         return std::nullopt;
     }
-    return FormMemory(f_).written() + writtenControl(beginning, settled_) + end;
+    return FormMemory(f_).written() + writtenControl(nothingTyped, settled_) + lastLine;
 }
 
 bool Draft::isWhole(std::string_view draft) {
-    return draft.ends_with(end);
+    return draft.ends_with(lastLine);
 }
 
 bool Draft::beganWithThis(std::string_view draft) const {
-    return writtenText(draft, beginning) == entered();
+    return writtenText(draft, nothingTyped) == entered();
 }
 
 std::string Draft::numberIn(std::string_view draft) {
