@@ -67,6 +67,26 @@ TEST(SetReading, DefaultMembersAreEnough) {
     EXPECT_EQ(readSet(set->late())->rows, (std::vector<sql::Row>{{3}}));
 }
 
+TEST(SetReading, FieldsMayStayAtTheRowAtWhichTheyWereAskedFor) {
+    int at = 1;
+    const auto set = FakeObject::make();
+    set->on("Fields", DISPATCH_PROPERTYGET, [&](FakeCall& call) {
+        const auto field = FakeObject::make();
+        field->onGet("Name", Variant::text("x"));
+        field->onGet("Value", Variant::longNumber(at));
+        const auto fields = FakeObject::make();
+        fields->onGet("Count", Variant::longNumber(1));
+        fields->onGet("Item", field->variant());
+        return call.answer(fields->variant());
+    });
+    set->on("EOF", DISPATCH_PROPERTYGET, [&](FakeCall& call) { return call.answer(Variant::boolean(at > 3)); });
+    set->on("MoveNext", DISPATCH_METHOD, [&](FakeCall&) {
+        ++at;
+        return S_OK;
+    });
+    EXPECT_EQ(readSet(set->late())->rows, (std::vector<sql::Row>{{1}, {2}, {3}}));
+}
+
 TEST(SetReading, ABlockOfAnotherShapeIsRefused) {
     const auto seen = std::make_shared<SeenCalls>();
     const auto set = fakeSet(seen, {"a"}, {{1}}, SetKind::inBlocks);

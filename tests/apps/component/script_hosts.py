@@ -1,17 +1,24 @@
 #!/usr/bin/env python3
-"""script_hosts.py DLL BITS OBJDUMP FOLDER: velmora.dll in script hosts, from its registration to its removal.
+"""script_hosts.py DLL TYPIST BITS OBJDUMP FOLDER: velmora.dll in script hosts, from its registration to its removal.
 
 The exports are four; registered, the class is created by name and every member called; unregistered, the registry is as
-it was. Prints what differs and exits 1.
+it was. TYPIST, a DLL with the same class and a program as its user, prices the piece of the example, which is compared
+with its text in the document. Prints what differs and exits 1.
 """
 
+import contextlib
 import re
 import subprocess
 import sys
 from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
-WINE = HERE.parent.parent.parent / "scripts" / "wine.sh"
+ROOT = HERE.parent.parent.parent
+WINE = ROOT / "scripts" / "wine.sh"
+EXAMPLE = ROOT / "examples" / "windows" / "price_a_piece.vbs"
+DOCUMENT = ROOT / "docs" / "windows.md"
+
+PRICED = "Proposal 321: 10 pieces at 19.69"
 
 EXPORTS = ["DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"]
 
@@ -51,13 +58,19 @@ class Wine:
     def __init__(self, bits):
         self.start = [str(WINE)] + (["--32"] if bits == "32" else [])
 
+    def start_of(self, arguments):
+        return subprocess.run(self.start + list(arguments), capture_output=True, timeout=120, check=False)
+
     def succeeds(self, *arguments):
-        done = subprocess.run(self.start + list(arguments), capture_output=True, timeout=120, check=False)
-        return done.returncode == 0
+        return self.start_of(arguments).returncode == 0
 
     def run(self, *arguments):
         if not self.succeeds(*arguments):
             raise Failure("fails: " + " ".join(arguments))
+
+    def said(self, *arguments):
+        """What a program has written; its exit status does not tell whether a script has failed."""
+        return self.start_of(arguments).stdout.decode("latin-1")
 
 
 def windows_path(path):
@@ -101,7 +114,29 @@ def check_script(wine, folder):
             raise Failure(f"members.vbs: line {number + 1} is \"{found_line}\", not \"{expected}\"")
 
 
-def main(dll, bits, objdump, folder):
+@contextlib.contextmanager
+def registered(wine, dll):
+    wine.run("regsvr32", "/s", windows_path(dll))
+    try:
+        yield
+    finally:
+        wine.run("regsvr32", "/s", "/u", windows_path(dll))
+
+
+def check_example(wine, folder):
+    """The example prices a piece on recorded rows, and the document shows it as it is."""
+    if f"```vbscript\n{EXAMPLE.read_text(encoding='ascii')}```\n" not in DOCUMENT.read_text(encoding="utf-8"):
+        raise Failure(f"{DOCUMENT.name} does not show {EXAMPLE.name} as it stands")
+    rows = folder / "price_a_piece.rows"
+    rows.write_text((HERE / "price_a_piece.rows").read_text(encoding="utf-8"), encoding="utf-16")
+    host = folder / "host.vbs"
+    host.write_bytes((HERE / "canned_session.vbs").read_bytes() + EXAMPLE.read_bytes())
+    said = wine.said("cscript", "//nologo", windows_path(host), windows_path(rows))
+    if said.strip().replace(",", ".") != PRICED:
+        raise Failure(f"the example says \"{said.strip()}\", not \"{PRICED}\"")
+
+
+def main(dll, typist, bits, objdump, folder):
     folder = Path(folder)
     folder.mkdir(parents=True, exist_ok=True)
     wine = Wine(bits)
@@ -111,16 +146,15 @@ def main(dll, bits, objdump, folder):
     nothing.write_text("")
     wine.run("cscript", "//nologo", windows_path(nothing))  # the host registers itself on its first run
     before = registry(wine, folder, "before")
-    wine.run("regsvr32", "/s", windows_path(dll))
-    try:
+    with registered(wine, dll):
         if registry(wine, folder, "registered") == before:
             raise Failure("registering changed nothing")
         check_script(wine, folder)
-    finally:
-        wine.run("regsvr32", "/s", "/u", windows_path(dll))
     left = differences(before, registry(wine, folder, "after"))
     if left:
         raise Failure("the registry is not as it was:\n" + "\n".join(left))
+    with registered(wine, typist):
+        check_example(wine, folder)
 
 
 if __name__ == "__main__":

@@ -27,7 +27,8 @@ Variant cellOf(const LateObject& fields, std::size_t index) {
 }
 
 /// True when the current row equals the other in all columns but the written one and other binaries.
-bool isThatRow(const LateObject& fields, const sql::Row& shown, std::size_t column) {
+bool isThatRow(const LateObject& set, const sql::Row& shown, std::size_t column) {
+    const LateObject fields = set.getObject("Fields");
     for (std::size_t i = 0; i < shown.size(); ++i) {
         if (i != column && !shown[i].isBytes() && cellOf(fields, i).value() != shown[i]) {
             return false;
@@ -37,9 +38,9 @@ bool isThatRow(const LateObject& fields, const sql::Row& shown, std::size_t colu
 }
 
 /// Moves the set to that row; false when there is none.
-bool moveToRow(const LateObject& set, const LateObject& fields, const sql::Row& shown, std::size_t column) {
+bool moveToRow(const LateObject& set, const sql::Row& shown, std::size_t column) {
     while (!set.get("EOF").value().toBool()) {
-        if (isThatRow(fields, shown, column)) {
+        if (isThatRow(set, shown, column)) {
             return true;
         }
         set.call("MoveNext");
@@ -60,14 +61,12 @@ void writeBinary(const LateObject& connection, const std::string& statement, con
     const LateObject set = LateObject::create("ADODB.Recordset");
     set.call("Open", {Variant::text(statement), Variant::object(connection.dispatch()),
                       Variant::longNumber(openForwardOnly), Variant::longNumber(lockOptimistic)});
-    const LateObject fields = set.getObject("Fields");
-    const LateObject field = itemOf(fields, positionVariant(column));
-    mustBeBinary(field);
-    if (!moveToRow(set, fields, shown, column)) {
+    mustBeBinary(itemOf(set.getObject("Fields"), positionVariant(column)));
+    if (!moveToRow(set, shown, column)) {
         throw sql::DbError(sql::provider::rowGone, "La fila que se iba a actualizar ya no existe.",
                            {.statement = statement});
     }
-    itemOf(fields, positionVariant(column)).put("Value", Variant::of(content));
+    itemOf(set.getObject("Fields"), positionVariant(column)).put("Value", Variant::of(content));
     set.call("Update");
     set.call("Close");
 }
@@ -76,12 +75,11 @@ std::optional<std::size_t> storedLength(const LateObject& set, const sql::Row& s
     if (isClosed(set)) {
         return std::nullopt;
     }
-    const LateObject fields = set.getObject("Fields");
-    if (!moveToRow(set, fields, shown, column)) {
+    if (!moveToRow(set, shown, column)) {
         return std::nullopt;
     }
     // The array itself tells its length: a copy of a large content is not needed.
-    const Variant stored = cellOf(fields, column);
+    const Variant stored = cellOf(set.getObject("Fields"), column);
     if (stored.type() != (VT_ARRAY | VT_UI1)) {
         return std::nullopt;
     }

@@ -79,9 +79,10 @@ void readInBlocks(const LateObject& set, std::size_t fields, std::vector<sql::Ro
     }
 }
 
-void readOneByOne(const LateObject& set, const LateObject& fields, std::size_t count, std::vector<sql::Row>& rows) {
+/// The fields are asked for at each row: those of some sets stay at the row at which they were asked for.
+void readOneByOne(const LateObject& set, std::size_t count, std::vector<sql::Row>& rows) {
     for (; !isAtEnd(set); set.call("MoveNext")) {
-        rows.push_back(currentRow(fields, count));
+        rows.push_back(currentRow(set.getObject("Fields"), count));
     }
 }
 
@@ -123,12 +124,11 @@ std::optional<ReadSet> readSet(const LateObject& set) {
     if (isClosed(set)) {
         return std::nullopt;
     }
-    const LateObject fields = set.getObject("Fields");
-    ReadSet read{.columns = columnsOf(fields), .rows = {}};
+    ReadSet read{.columns = columnsOf(set.getObject("Fields")), .rows = {}};
     if (set.has("GetRows")) {
         readInBlocks(set, read.columns.size(), read.rows);
     } else {
-        readOneByOne(set, fields, read.columns.size(), read.rows);
+        readOneByOne(set, read.columns.size(), read.rows);
     }
     return read;
 }

@@ -232,6 +232,7 @@ HRESULT registerClass(const ClassesPlaces& places, const std::wstring& path) noe
         if (status == ERROR_SUCCESS) {
             removeFrom(places.user);  // it would hide the machine's
         } else {
+            // Chosen C-363: without the right to write the machine's part the class is registered for the user alone.
             status = writeAll(places.user, path);
         }
     });
