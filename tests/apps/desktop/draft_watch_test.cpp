@@ -23,9 +23,9 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-int argumentCount = 1;
-char programName[] = "test";
-char* arguments[] = {programName, nullptr};
+int countOfArguments = 1;
+char nameOfProgram[] = "test";
+char* argumentsOfProgram[] = {nameOfProgram, nullptr};
 
 class DraftWatchTest : public ::testing::Test {
   protected:
@@ -65,7 +65,7 @@ class DraftWatchTest : public ::testing::Test {
         screen.showModal(form);
     }
 
-    QApplication application{argumentCount, arguments};
+    QApplication application{countOfArguments, argumentsOfProgram};
     support::TemporaryFolder folder;
     system::SystemClock clock;
     std::unique_ptr<sql::Connection> database = sqlite::openDatabase(":memory:");
