@@ -265,7 +265,7 @@ def check_formulas(house):
 ON_WINDOWS = tuple(
     f"src/velmora/{folder}/"
     for folder in ("adapters/com", "adapters/host", "adapters/machine", "adapters/script", "adapters/session",
-                   "adapters/win32", "apps/component")
+                   "adapters/win32", "apps/component", "apps/component_class")
 )
 FILE_PATH = "src/velmora/platform/system/file_path.h"
 _PATH = r"\b(?:filesystem|fs)\s*::\s*path\b"

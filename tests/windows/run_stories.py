@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""run_stories.py NATIVE HOST MODULE [SCENARIO…]: plays the scenarios natively and through the component's border.
+"""run_stories.py NATIVE HOST MODULE [--walks N] [SCENARIO…]: plays scenarios natively and through the component's
+border: those that are named, or all and N random walks (tests/apps/random_walks.py), 12 unless told.
 
 NATIVE is velmora-drive, HOST the host under Wine, MODULE the module of the stories. Each scenario is played by both on
 equal files; output, exit status, the reason of an early end, and the papers and spreadsheets must be equal, but for the
 differences listed here. Prints a table: COM calls, statements, seconds of both. Ends with 1 when something differs.
 """
+import argparse
 import concurrent.futures
 import os
 import re
@@ -18,9 +20,14 @@ from pathlib import Path
 from typing import NamedTuple
 
 ROOT = Path(__file__).resolve().parent.parent.parent
+sys.path.insert(0, str(ROOT / "tests" / "apps"))
+import random_walks  # noqa: E402
+
 SCENARIOS = ROOT / "tests" / "scenarios"
 WINE = ROOT / "scripts" / "wine.sh"
 SECONDS = 120
+ACTIONS = 150  # of a walk
+WALKS = 12
 
 # scenario, what stands in the native line, what the border has in its place, why
 DIFFERENCES = []
@@ -158,9 +165,29 @@ def row_of(driver, host, module, scenario):
     return Row(scenario.stem, compare(scenario.name, ours, theirs), ours, theirs)
 
 
+def write_walks(folder, count):
+    """Random walks at a stopped clock, each of which prints its form at the end."""
+    for seed in range(1, count + 1):
+        *actions, close = random_walks.walk(seed, ACTIONS)
+        lines = ['# options: --now "2026-01-15 10:00:00"', *actions, "dump", close]
+        (folder / f"random_walk_{seed:02}.drive").write_text("\n".join(lines) + "\n", encoding="utf-8")
+    return sorted(folder.glob("*.drive"))
+
+
 def main(arguments):
-    driver, host, module = (Path(argument).resolve() for argument in arguments[:3])
-    scenarios = [Path(name).resolve() for name in arguments[3:]] or sorted(SCENARIOS.glob("*.drive"))
+    parser = argparse.ArgumentParser(description=__doc__)
+    for name in ("driver", "host", "module"):
+        parser.add_argument(name, type=Path)
+    parser.add_argument("--walks", type=int, default=WALKS)
+    parser.add_argument("scenarios", type=Path, nargs="*")
+    given = parser.parse_args(arguments)
+    named = [path.resolve() for path in given.scenarios]
+    with tempfile.TemporaryDirectory() as folder:
+        scenarios = named or sorted(SCENARIOS.glob("*.drive")) + write_walks(Path(folder), given.walks)
+        return play_all(given.driver.resolve(), given.host.resolve(), given.module.resolve(), scenarios)
+
+
+def play_all(driver, host, module, scenarios):
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         rows = list(pool.map(lambda scenario: row_of(driver, host, module, scenario), scenarios))
     print(f"{'story':28} {'calls':>7} {'names':>7} {'stmts':>6} {'native s':>9} {'border s':>9}  result")

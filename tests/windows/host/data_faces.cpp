@@ -111,7 +111,7 @@ Object propertiesOf(sql::Connection& connection) {
 }  // namespace
 
 bool isOfTheBorder(std::string_view statement) {
-    return statement == "SET DATEFORMAT dmy" || statement == "SELECT @@TRANCOUNT" ||
+    return statement == "SET DATEFORMAT dmy" || statement == "SELECT 1 AS alive" || statement == "SELECT @@TRANCOUNT" ||
            statement.find("sp_getapplock") != std::string_view::npos;
 }
 

@@ -6,6 +6,7 @@
 // "output" and the counts of the calls as "traffic". Options and exit status are those of velmora-drive.
 
 #include <array>
+#include <cfenv>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -137,6 +138,9 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // Wine starts a program with the older floating-point unit at 53 bits, as Windows does. Libraries of this system,
+    // the database's among them, read numbers with its 64.
+    std::fesetenv(FE_DFL_ENV);
     try {
         return argc <= ownArguments + 1 ? defect : run(argc, argv);
     } catch (const script_stage::NoDatabase& e) {
