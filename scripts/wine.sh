@@ -49,23 +49,36 @@ export WINELOADER="$loader"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 export WINEDEBUG="${WINEDEBUG:--all,err+module}"
 
-# Whether there is a display is decided when the first program of a prefix starts.
+# Whether there is a display is decided when the first program of a prefix starts: there is one for each case.
 prefixes=$here/build/wine
-export WINEPREFIX="$prefixes/$bits${DISPLAY:+-display}"
+plain=$prefixes/$bits
+export WINEPREFIX="$plain${DISPLAY:+-display}"
 
 # The lock is not handed on to Wine, whose server outlives the program for some seconds.
+make_plain() {
+    rm -rf "$plain"
+    if ! env -u DISPLAY WINEPREFIX="$plain" timeout 180 "$loader" wineboot --init >"$plain.log" 2>&1 </dev/null 9>&-; then
+        cat "$plain.log" >&2
+        exit 1
+    fi
+    # The registry is written when the server ends.
+    WINEPREFIX="$plain" timeout 60 "$WINESERVER" -w 9>&-
+    : >"$plain/complete"
+}
+# The files of Wine itself are shared with the other prefix: they are never written.
+make_other() {
+    rm -rf "$WINEPREFIX"
+    cp -al "$plain" "$WINEPREFIX"
+    for hive in "$plain"/*.reg; do
+        cp --remove-destination "$hive" "$WINEPREFIX/"
+    done
+}
 if [ ! -f "$WINEPREFIX/complete" ]; then
     mkdir -p "$prefixes"
-    exec 9>"$WINEPREFIX.lock"
+    exec 9>"$prefixes/lock"
     flock 9
-    if [ ! -f "$WINEPREFIX/complete" ]; then
-        rm -rf "$WINEPREFIX"
-        if ! timeout 120 "$loader" wineboot --init >"$WINEPREFIX.log" 2>&1 </dev/null 9>&-; then
-            cat "$WINEPREFIX.log" >&2
-            exit 1
-        fi
-        : >"$WINEPREFIX/complete"
-    fi
+    [ -f "$plain/complete" ] || make_plain
+    [ -f "$WINEPREFIX/complete" ] || make_other
     exec 9>&-
 fi
 
