@@ -30,9 +30,13 @@ class HostSessionTest : public testing::Test {
         });
         host_->onGet("Connection", connection_.object->variant());
         host_->onGet("Campos", campos_->variant());
-        for (const char* name : {"Tabla", "Modo", "Donde"}) {
+        for (const char* name : {"Tabla", "Modo"}) {
             host_->onPut(name);
         }
+        host_->on("Donde", DISPATCH_PROPERTYPUT, [this](FakeCall& call) {
+            clause_ = call.value(0).toText();
+            return S_OK;
+        });
         host_->on("Insertar", DISPATCH_METHOD, [](FakeCall& call) {
             *call.argument(2).pboolVal = VARIANT_TRUE;
             return S_OK;
@@ -62,6 +66,7 @@ class HostSessionTest : public testing::Test {
     Ref<FakeObject> campos_ = FakeObject::make(seen_);
     HostSession session_{host_->late()};
     std::vector<std::string> added_;
+    std::string clause_;
 };
 
 TEST_F(HostSessionTest, NothingIsReadOrSentBeforeTheFirstUse) {
@@ -87,7 +92,7 @@ TEST_F(HostSessionTest, AnInsertIsHandedOverInItsOrder) {
     EXPECT_THAT(added_, ElementsAre("DPI_Tipo=3:1,2", "DPI_Ref=Piñón:3,2", "DPI_Peso=12,5:2,4", "DPI_Orden= Null :6,2",
                                     "DPI_Activo=Verdadero:0,2", "DPI_Fecha=22/11/2026:5,2"));
     EXPECT_THAT(seen_->calls,
-                ElementsAre("put Tabla(8)", "put Modo(2)", "put Donde(8)", "get Campos", "call Add(8,2,3,2,16395)",
+                ElementsAre("put Tabla(8)", "put Modo(2)", "get Campos", "call Add(8,2,3,2,16395)",
                             "call Add(8,2,8,2,16395)", "call Add(8,2,5,2,16395)", "call Add(8,2,8,2,16395)",
                             "call Add(8,2,11,2,16395)", "call Add(8,2,7,2,16395)", "call Insertar(16392,10,16395)"));
 }
@@ -98,7 +103,9 @@ TEST_F(HostSessionTest, ARefusedUpdateTellsTheHostsReason) {
                               [](session::FieldList& campos) { campos.Add("DPI_Ref", Tipo::text, "x"); });
     EXPECT_FALSE(write.stored);
     EXPECT_EQ(write.error, "La fila no existe");
-    EXPECT_EQ(seen_->calls.back(), "call Actualizar(16392,16395)");
+    EXPECT_THAT(seen_->calls, ElementsAre("put Tabla(8)", "put Modo(2)", "put Donde(8)", "get Campos",
+                                          "call Add(8,2,8,2,16395)", "call Actualizar(16392,16395)"));
+    EXPECT_EQ(clause_, " where DPI_Id = 7");
     EXPECT_TRUE(session_.Campos().fields().empty());
 }
 

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""script_hosts.py DLL TYPIST BITS OBJDUMP FOLDER: velmora.dll in script hosts, from its registration to its removal.
+"""script_hosts.py DLL TYPIST LEAVING BITS OBJDUMP FOLDER: velmora.dll in its hosts, from registration to removal.
 
 The exports are four; registered, the class is created by name and every member called; unregistered, the registry is as
 it was. TYPIST, a DLL with the same class and a program as its user, prices the piece of the example, which is compared
-with its text in the document. Prints what differs and exits 1.
+with its text in the document. LEAVING, a host that ends while it holds an instance, gets no release any more. Prints what
+differs and exits 1.
 """
 
 import contextlib
@@ -136,11 +137,18 @@ def check_example(wine, folder):
         raise Failure(f"the example says \"{said.strip()}\", not \"{PRICED}\"")
 
 
-def main(dll, typist, bits, objdump, folder):
+def check_leaving(wine, leaving, dll):
+    done = wine.start_of([windows_path(leaving), windows_path(dll)])
+    if done.returncode != 0 or done.stdout.split() != [b"left"]:
+        raise Failure(f"a host that leaves: {done.returncode} {done.stdout}")
+
+
+def main(dll, typist, leaving, bits, objdump, folder):
     folder = Path(folder)
     folder.mkdir(parents=True, exist_ok=True)
     wine = Wine(bits)
     check_exports(objdump, dll)
+    check_leaving(wine, leaving, dll)
     wine.run("regsvr32", "/s", "/u", windows_path(dll))  # what an earlier run may have left
     nothing = folder / "nothing.vbs"
     nothing.write_text("")

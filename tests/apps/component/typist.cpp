@@ -2,8 +2,8 @@
 // closes the form.
 
 #include <array>
-#include <memory>
 #include <iostream>
+#include <memory>
 
 #include "velmora/adapters/script/script_screen.h"
 #include "velmora/adapters/script/script_services.h"

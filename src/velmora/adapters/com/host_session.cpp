@@ -69,10 +69,6 @@ void HostSession::Modo(int mode) {
     host_.put("Modo", smallNumber(mode));
 }
 
-void HostSession::Donde(std::string_view clause) {
-    host_.put("Donde", Variant::text(clause));
-}
-
 void HostSession::handOver(const session::FieldList& fields) {
     const LateObject campos = host_.getObject("Campos");
     for (const session::Field& field : fields.fields()) {
@@ -88,6 +84,9 @@ void HostSession::run(Write write, std::string& error, bool& correcto) {
     Variant told = Variant::text("");
     Variant done = Variant::boolean(false);
     try {
+        if (write == Write::update) {
+            host_.put("Donde", Variant::text(where_));
+        }
         handOver(fields);
         if (write == Write::insert) {
             host_.call("Insertar", {Argument::byRef(told), Variant::omitted(), Argument::byRef(done)});

@@ -32,7 +32,8 @@ class HostSession final : public HostedSession {
     void Tabla(std::string_view name) override;
     void Modo(int mode) override;
     session::FieldList& Campos() override { return fields_; }
-    void Donde(std::string_view clause) override;
+    /// Handed over with an update; an insert leaves the host's clause alone.
+    void Donde(std::string_view clause) override { where_ = clause; }
     void Actualizar(std::string& error, bool& correcto) override;
     void Insertar(std::string& error, bool& correcto) override;
 
@@ -48,6 +49,7 @@ class HostSession final : public HostedSession {
     LateObject host_;
     HostConnection connection_;
     session::FieldList fields_;
+    std::string where_;
 };
 
 }  // namespace velmora::com
