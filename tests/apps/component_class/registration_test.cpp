@@ -161,5 +161,49 @@ TEST_F(RegistrationTest, WhatOthersHaveThereStays) {
     EXPECT_EQ(contents(L"User").count("\\CLSID"), 0U);
 }
 
+#ifdef _WIN64
+constexpr const wchar_t* realClass = L"Software\\Classes\\CLSID\\{913F6B81-1338-4D7A-BBAD-9076FC6A2073}";
+
+/// A class key as the DLL of 32 bits has it in the real registry, for as long as this lives.
+class OtherSizesClass {
+  public:
+    OtherSizesClass() {
+        HKEY key = nullptr;
+        EXPECT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, realClass, 0, nullptr, 0, KEY_WRITE | KEY_WOW64_32KEY, nullptr,
+                                  &key, nullptr),
+                  ERROR_SUCCESS);
+        RegCloseKey(key);
+    }
+    ~OtherSizesClass() { RegDeleteKeyExW(HKEY_LOCAL_MACHINE, realClass, KEY_WOW64_32KEY, 0); }
+    OtherSizesClass(const OtherSizesClass&) = delete;
+    OtherSizesClass& operator=(const OtherSizesClass&) = delete;
+};
+
+bool isInRegistry(const wchar_t* key) {
+    HKEY opened = nullptr;
+    const bool found = RegOpenKeyExW(HKEY_LOCAL_MACHINE, key, 0, KEY_READ, &opened) == ERROR_SUCCESS;
+    RegCloseKey(opened);
+    return found;
+}
+
+TEST(RegistrationOfBothSizes, WhatTheOtherSizeNeedsStaysWhileItIsRegistered) {
+    const wchar_t* name = L"Software\\Classes\\VELMORA.VMORA";
+    const wchar_t* library = L"Software\\Classes\\TypeLib\\{F3847173-3256-43F8-9897-9B5C866389E2}\\1.0";
+    const wchar_t* ownLibrary = L"Software\\Classes\\TypeLib\\{F3847173-3256-43F8-9897-9B5C866389E2}\\1.0\\0\\win64";
+    {
+        const OtherSizesClass other;
+        ASSERT_EQ(registerClass(systemPlaces(), path), S_OK);
+        EXPECT_EQ(unregisterClass(systemPlaces()), S_OK);
+        EXPECT_TRUE(isInRegistry(name));
+        EXPECT_TRUE(isInRegistry(library));
+        EXPECT_FALSE(isInRegistry(ownLibrary));
+        EXPECT_FALSE(isInRegistry(realClass));
+    }
+    EXPECT_EQ(unregisterClass(systemPlaces()), S_OK);
+    EXPECT_FALSE(isInRegistry(name));
+    EXPECT_FALSE(isInRegistry(library));
+}
+#endif
+
 }  // namespace
 }  // namespace velmora::component
