@@ -49,10 +49,11 @@ export WINELOADER="$loader"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 export WINEDEBUG="${WINEDEBUG:--all,err+module}"
 
-# Whether there is a display is decided when the first program of a prefix starts: there is one for each case.
+# Whether there is a display is decided when the first program of a prefix starts: there is one for each case,
+# and one with a registry of its own for each VELMORA_WINE_NAME.
 prefixes=$here/build/wine
 plain=$prefixes/$bits
-export WINEPREFIX="$plain${DISPLAY:+-display}"
+export WINEPREFIX="$plain${VELMORA_WINE_NAME:+-$VELMORA_WINE_NAME}${DISPLAY:+-display}"
 
 # The lock is not handed on to Wine, whose server outlives the program for some seconds.
 make_plain() {
@@ -65,7 +66,7 @@ make_plain() {
     WINEPREFIX="$plain" timeout 60 "$WINESERVER" -w 9>&-
     : >"$plain/complete"
 }
-# The files of Wine itself are shared with the other prefix: they are never written.
+# The files of Wine itself are shared with the other prefixes: they are never written.
 make_other() {
     rm -rf "$WINEPREFIX"
     cp -al "$plain" "$WINEPREFIX"

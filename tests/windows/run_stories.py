@@ -20,6 +20,7 @@ from pathlib import Path
 from typing import NamedTuple
 
 ROOT = Path(__file__).resolve().parent.parent.parent
+sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "tests" / "apps"))
 import random_walks  # noqa: E402
 
@@ -114,7 +115,7 @@ def native(driver, scenario):
 def border(host, module, scenario, programs):
     with tempfile.TemporaryDirectory() as folder:
         work = Path(folder)
-        environment = {**os.environ, "VELMORA_PROGRAMS": str(programs)}
+        environment = {**os.environ, "VELMORA_PROGRAMS": str(programs), "VELMORA_WINE_NAME": "stories"}
         command = [WINE, host, f"Z:{module}", work, scenario]
         run, reason, seconds = play(command, scenario, work, environment)
         output = (work / "output").read_bytes() if (work / "output").exists() else b""
