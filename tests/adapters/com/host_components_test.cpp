@@ -165,7 +165,9 @@ TEST_F(HostComponentsTest, TheSpreadsheetReadsRowsAndGridThroughTheirFaces) {
         for (int i = 0; i < columns.get("Count").value().toLong(); ++i) {
             const LateObject column = grid.getObject("Columns", {Variant::longNumber(i)});
             cells.push_back(column.get("Caption").value().toText() + "|" + column.get("Width").value().toText() + "|" +
-                            column.get("Visible").value().toText() + "|" + column.get("NumberFormat").value().toText());
+                            column.get("Visible").value().toText() + "|" + column.get("NumberFormat").value().toText() +
+                            "|" + column.get("Alignment").value().toText() + "|" +
+                            column.get("DataField").value().toText());
         }
         while (!rows.get("EOF").value().toBool()) {
             cells.push_back(rows.getObject("Fields", {Variant::text("dpi_ref")}).get("Value").value().toText());
@@ -179,14 +181,16 @@ TEST_F(HostComponentsTest, TheSpreadsheetReadsRowsAndGridThroughTheirFaces) {
         screen::Form form("frmSeguimiento");
         screen::DataGrid grid(form, "dbgDPI");
         grid.bind(rows);
-        grid.setColumns({{.field = 1, .caption = "Referencia", .width = 1500},
-                         {.field = 0, .caption = "Nº", .width = 900, .mask = "000000", .visible = false}});
+        grid.setColumns(
+            {{.field = 1, .caption = "Referencia", .width = 1500},
+             {.field = 0, .caption = "Nº", .width = 900, .mask = "000000", .right = true, .visible = false}});
         const auto spreadsheet = factory_.create<components::Spreadsheet>("LIMBAR.jLimbar");
         spreadsheet->setTitulo("Registro");
         sql::Recordset clone = rows.clone();
         spreadsheet->GridToExcel(clone, grid);
     }
-    EXPECT_THAT(cells, ElementsAre("Referencia|1500|Verdadero|", "Nº|900|Falso|000000", "uno", "dos"));
+    EXPECT_THAT(cells,
+                ElementsAre("Referencia|1500|Verdadero||0|DPI_Ref", "Nº|900|Falso|000000|1|DPI_Id", "uno", "dos"));
     EXPECT_EQ(rows.position(), 0U);
     EXPECT_THAT(object_->seen().calls, ElementsAre("put sTitulo(8)", "call GridToExcel(16393,9)"));
     // A component may keep the grid longer than the form lives.

@@ -8,6 +8,10 @@ namespace velmora::com {
 
 namespace {
 
+// As the host's grids number it.
+constexpr std::int32_t alignedLeft = 0;
+constexpr std::int32_t alignedRight = 1;
+
 /// One column, as the grid shows it.
 class ColumnFace final : public AutomationObject<ColumnFace> {
   public:
@@ -21,6 +25,7 @@ class ColumnFace final : public AutomationObject<ColumnFace> {
     void width(Call& call) { call.answer(sql::Value(column_.width)); }
     void visible(Call& call) { call.answer(sql::Value(column_.visible)); }
     void numberFormat(Call& call) { call.answer(sql::Value(column_.mask)); }
+    void alignment(Call& call) { call.answer(sql::Value(column_.right ? alignedRight : alignedLeft)); }
 
     screen::GridColumn column_;
     std::string dataField_;
@@ -33,6 +38,7 @@ std::span<const Member<ColumnFace>> ColumnFace::members() {
         Member<ColumnFace>{.name = L"Width", .id = 2, .how = asGet, .run = &ColumnFace::width},
         Member<ColumnFace>{.name = L"Visible", .id = 3, .how = asGet, .run = &ColumnFace::visible},
         Member<ColumnFace>{.name = L"NumberFormat", .id = 4, .how = asGet, .run = &ColumnFace::numberFormat},
+        Member<ColumnFace>{.name = L"Alignment", .id = 5, .how = asGet, .run = &ColumnFace::alignment},
     };
     return table;
 }
