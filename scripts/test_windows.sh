@@ -9,8 +9,15 @@ scripts/install_packages.sh scripts/windows_packages.txt || exit 1
 scripts/install_wine32.sh || exit 1
 # The prefixes are made before anything is timed or runs in parallel. Nothing needs a display.
 unset DISPLAY WAYLAND_DISPLAY
-scripts/wine.sh cmd /c exit 0 || exit 1
-scripts/wine.sh --32 cmd /c exit 0 || exit 1
+for size in "" --32; do
+    # shellcheck disable=SC2086
+    said=$(scripts/wine.sh $size cmd /c 'echo said& exit 7')
+    status=$?
+    if [ "$status" -ne 7 ] || [ "${said%$'\r'}" != said ]; then
+        echo "scripts/wine.sh $size hands on neither output nor exit status: $status, \"$said\"" >&2
+        exit 1
+    fi
+done
 
 presets=(windows windows32)
 failed=0
