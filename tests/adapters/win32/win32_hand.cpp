@@ -86,6 +86,8 @@ namespace {
 
 Win32Hand::Win32Hand() {
     screen_ = std::make_unique<win32::Win32Screen>(GetModuleHandleW(nullptr));
+    // Nothing under it is to be chosen by a mouse that rests there.
+    SetCursorPos(0, 0);
     theHand = this;
     timer_ = SetTimer(nullptr, 0, lookEvery, &Win32Hand::tick);
 }
@@ -126,11 +128,15 @@ void Win32Hand::lookAround() {
             const auto answer = answers_.front();
             answers_.erase(answers_.begin());
             looking_ = false;
+            atBox_ = true;
             answer(window);
+            atBox_ = false;
         } else if (otherBox_) {
             seen_.push_back(window);
             looking_ = false;
+            atBox_ = true;
             otherBox_(window);
+            atBox_ = false;
         }
         looking_ = false;
         return;
@@ -168,7 +174,11 @@ HWND Win32Hand::windowOf(const screen::Control& control) const {
     return windows.empty() ? nullptr : windows.front();
 }
 
+// A box handles its keys in its own loop, once the hand has let go.
 void Win32Hand::pump() {
+    if (atBox_) {
+        return;
+    }
     win32::runPending(win32::Input::dispatched, [this](const MSG& message) {
         return screen_->top() != nullptr && screen_->top()->filter(message);
     });

@@ -62,6 +62,7 @@ class Win32Hand {
     std::function<void()> part_;
     std::vector<HWND> seen_;
     bool looking_ = false;
+    bool atBox_ = false;
     UINT_PTR timer_ = 0;
 };
 

@@ -92,16 +92,17 @@ TEST(ShareOut, RoomLeftGoesToWhatStretchesByItsShare) {
     EXPECT_THAT(shareOut(tracks, 232, 6), ElementsAre(20, 50, 150));
 }
 
-TEST(ShareOut, NothingThatStretchesGetsLessThanItsNaturalSize) {
-    const std::vector<Track> tracks{{.need = {10, 90}, .stretch = 1, .empty = false},
+TEST(ShareOut, NothingThatStretchesGetsLessThanItsLeast) {
+    const std::vector<Track> tracks{{.need = {70, 90}, .stretch = 1, .empty = false},
                                     {.need = {10, 10}, .stretch = 1, .empty = false}};
-    EXPECT_THAT(shareOut(tracks, 120, 0), ElementsAre(90, 30));
+    EXPECT_THAT(shareOut(tracks, 100, 0), ElementsAre(70, 30));
+    EXPECT_THAT(shareOut(tracks, 160, 0), ElementsAre(80, 80));
 }
 
-TEST(ShareOut, BelowTheNaturalSizeAllShrinkByWhatTheyHaveAboveTheLeast) {
+TEST(ShareOut, BelowTheNaturalSizeAllShrinkAlikeButNoneBelowItsLeast) {
     const std::vector<Track> tracks{
         {.need = {50, 50}, .empty = false}, {.need = {10, 50}, .empty = false}, {.need = {30, 50}, .empty = false}};
-    EXPECT_THAT(shareOut(tracks, 120, 0), ElementsAre(50, 30, 40));
+    EXPECT_THAT(shareOut(tracks, 120, 0), ElementsAre(50, 35, 35));
     EXPECT_THAT(shareOut(tracks, 10, 0), ElementsAre(50, 10, 30)) << "never below the least";
 }
 

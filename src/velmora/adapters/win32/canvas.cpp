@@ -40,28 +40,36 @@ void Canvas::fill(const Box& box, style::Rgb color) {
     SetBkMode(dc_, TRANSPARENT);
 }
 
+// Two filled shapes, one in the other: their edges lie between pixels, where a stroke's would depend on rounding.
 void Canvas::frame(const Box& box, style::Rgb color, double width, std::optional<style::Rgb> ground, double radius) {
+    const int stroke = std::max(static_cast<int>(width + 0.5), 1);
+    if (!ground) {
+        fill({.left = box.left, .top = box.top, .width = box.width, .height = stroke}, color);
+        fill({.left = box.left, .top = box.bottom() - stroke, .width = box.width, .height = stroke}, color);
+        fill({.left = box.left, .top = box.top, .width = stroke, .height = box.height}, color);
+        fill({.left = box.right() - stroke, .top = box.top, .width = stroke, .height = box.height}, color);
+        return;
+    }
     Gdiplus::Graphics graphics(dc_);
     graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
     graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
-    const auto inset = static_cast<float>(width / 2);
-    const auto left = static_cast<float>(box.left) + inset;
-    const auto top = static_cast<float>(box.top) + inset;
-    const auto right = static_cast<float>(box.left + box.width) - inset;
-    const auto bottom = static_cast<float>(box.top + box.height) - inset;
-    const auto corner = static_cast<float>(2 * radius);
-    Gdiplus::GraphicsPath path;
-    path.AddArc(left, top, corner, corner, 180, 90);
-    path.AddArc(right - corner, top, corner, corner, 270, 90);
-    path.AddArc(right - corner, bottom - corner, corner, corner, 0, 90);
-    path.AddArc(left, bottom - corner, corner, corner, 90, 90);
-    path.CloseFigure();
-    if (ground) {
-        const Gdiplus::SolidBrush brush(opaque(*ground));
+    const auto fillRounded = [&](int inset, style::Rgb ink) {
+        const auto left = static_cast<float>(box.left + inset);
+        const auto top = static_cast<float>(box.top + inset);
+        const auto right = static_cast<float>(box.right() - inset);
+        const auto bottom = static_cast<float>(box.bottom() - inset);
+        const auto corner = static_cast<float>(2 * std::max(radius - inset, 0.5));
+        Gdiplus::GraphicsPath path;
+        path.AddArc(left, top, corner, corner, 180, 90);
+        path.AddArc(right - corner, top, corner, corner, 270, 90);
+        path.AddArc(right - corner, bottom - corner, corner, corner, 0, 90);
+        path.AddArc(left, bottom - corner, corner, corner, 90, 90);
+        path.CloseFigure();
+        const Gdiplus::SolidBrush brush(opaque(ink));
         graphics.FillPath(&brush, &path);
-    }
-    const Gdiplus::Pen pen(opaque(color), static_cast<float>(width));
-    graphics.DrawPath(&pen, &path);
+    };
+    fillRounded(0, color);
+    fillRounded(stroke, *ground);
 }
 
 void Canvas::chevron(const Box& box, style::Rgb color, double scale) {
@@ -74,8 +82,7 @@ void Canvas::chevron(const Box& box, style::Rgb color, double scale) {
     const auto depth = static_cast<float>(1.75 * scale);
     const Gdiplus::PointF points[] = {{x - half, y - depth}, {x, y + depth}, {x + half, y - depth}};
     Gdiplus::Pen pen(opaque(color), static_cast<float>(1.5 * scale));
-    pen.SetLineCap(Gdiplus::LineCapRound, Gdiplus::LineCapRound, Gdiplus::DashCapRound);
-    pen.SetLineJoin(Gdiplus::LineJoinRound);
+    pen.SetLineJoin(Gdiplus::LineJoinMiter);
     graphics.DrawLines(&pen, points, 3);
 }
 

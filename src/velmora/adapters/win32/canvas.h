@@ -21,7 +21,7 @@ class Canvas {
     HDC dc() const { return dc_; }
 
     void fill(const Box& box, style::Rgb color);
-    /// A frame with rounded corners, its stroke inside the box; with a ground or without.
+    /// A frame, its stroke inside the box; with a ground and rounded corners, or without both.
     void frame(const Box& box, style::Rgb color, double width, std::optional<style::Rgb> ground, double radius);
     /// The mark of a list that opens downward.
     void chevron(const Box& box, style::Rgb color, double scale);

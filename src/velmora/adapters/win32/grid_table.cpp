@@ -26,8 +26,22 @@ GridTable::GridTable(HWND parent, const Theme& theme, CellText text)
           LVS_REPORT | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
           parent)) {
     SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_DOUBLEBUFFER, LVS_EX_DOUBLEBUFFER);
+    headerMessages_ = std::make_unique<Interception>(
+        header(), [this](UINT message, WPARAM word, LPARAM value) { return headerMessage(message, word, value); });
     SendMessageW(list_, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(colorOf(style::entered)));
     useTheme(theme);
+}
+
+// The header is as high as a row.
+std::optional<LRESULT> GridTable::headerMessage(UINT message, WPARAM word, LPARAM value) const {
+    if (message != HDM_LAYOUT) {
+        return std::nullopt;
+    }
+    const LRESULT result = headerMessages_->passOn(message, word, value);
+    const auto& layout = *reinterpret_cast<const HDLAYOUT*>(value);
+    layout.prc->top += rowHeight() - layout.pwpos->cy;
+    layout.pwpos->cy = rowHeight();
+    return result;
 }
 
 HWND GridTable::header() const {

@@ -3,6 +3,7 @@
 // text column.
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -69,6 +70,7 @@ class GridTable {
 
   private:
     void distribute();
+    std::optional<LRESULT> headerMessage(UINT message, WPARAM word, LPARAM value) const;
     HWND header() const;
     int columnWidth(int column) const;
     void drawCell(Canvas& canvas, const Box& box, const Cell& cell) const;
@@ -76,6 +78,7 @@ class GridTable {
     const Theme* theme_;
     CellText text_;
     HWND list_;
+    std::unique_ptr<Interception> headerMessages_;
     std::vector<Column> columns_;
     std::vector<int> widths_;
     int stretching_ = -1;

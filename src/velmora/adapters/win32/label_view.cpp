@@ -1,6 +1,7 @@
 #include "velmora/adapters/win32/label_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "velmora/adapters/win32/text.h"
 
@@ -25,17 +26,17 @@ void LabelView::useTheme() {
 
 // Never narrower again: a caption that changes with the piece must not move the fields.
 void LabelView::widen() {
-    const int text = theme().textWidth(font(), toWide(label_.caption()));
+    const SIZE text = theme().textSize(font(), toWide(label_.caption()));
     const int before = width_;
-    width_ = std::max({width_, text, theme().textWidth(font(), L"0") * digits_});
-    if (width_ != before) {
+    const int linesBefore = std::exchange(height_, static_cast<int>(text.cy));
+    width_ = std::max({width_, static_cast<int>(text.cx), theme().textWidth(font(), L"0") * digits_});
+    if (width_ != before || height_ != linesBefore) {
         host().arrangeLater();
     }
 }
 
 toolkit::Needs LabelView::needs() const {
-    const int height = theme().lineHeight(font());
-    return {.width = {width_, width_}, .height = {height, height}};
+    return {.width = {width_, width_}, .height = {height_, height_}};
 }
 
 void LabelView::draw(Canvas& canvas) {
@@ -44,7 +45,7 @@ void LabelView::draw(Canvas& canvas) {
     }
     const bool plain = label_.foreColor() == screen::colors::black;
     const style::Rgb letters = !looksEnabled() ? style::faintText : plain ? style::caption : rgbOf(label_.foreColor());
-    canvas.text(box(), toWide(label_.caption()), font(), letters, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    canvas.text(box(), toWide(label_.caption()), font(), letters, DT_LEFT | DT_NOPREFIX);
 }
 
 void LabelView::update(screen::Property property) {

@@ -33,6 +33,7 @@ class LabelView : public ControlView {
     int digits_;
     bool title_ = false;
     int width_ = 0;
+    int height_ = 0;
     ControlView* field_ = nullptr;
 };
 

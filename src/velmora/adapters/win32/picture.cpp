@@ -35,10 +35,7 @@ bool writePicture(HWND window, const std::string& path) {
 bool picture(Win32Screen& screen, screen::Form& form, const std::string& path, int dpi, int width, int height) {
     FormWindow window(screen, form, nullptr, dpi);
     window.settle();
-    SIZE size = window.openingSize();
-    if (width > 0 && height > 0) {
-        size = {window.theme().scaled(width), window.theme().scaled(height)};
-    }
+    const SIZE size{window.theme().scaled(width), window.theme().scaled(height)};
     placeOverOwner(window.handle(), size.cx, size.cy);
     ShowWindow(window.handle(), SW_SHOW);
     // Filling lists and stretching columns is done once the messages under way have been handled.

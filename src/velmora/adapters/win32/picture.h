@@ -17,7 +17,8 @@ class Win32Screen;
 bool writePicture(HWND window, const std::string& path);
 
 /// Shows the form at a scale (in dots per inch; 96: 100 %), writes its picture and hides it again. Width and height in
-/// pixels at 100 %; 0: the size in which it opens. False when the file cannot be written.
-bool picture(Win32Screen& screen, screen::Form& form, const std::string& path, int dpi, int width = 0, int height = 0);
+/// pixels at 100 %. False when the file cannot be written.
+bool picture(Win32Screen& screen, screen::Form& form, const std::string& path, int dpi, int width = 1280,
+             int height = 800);
 
 }  // namespace velmora::win32

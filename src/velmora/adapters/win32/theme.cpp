@@ -80,6 +80,13 @@ int Theme::textWidth(HFONT font, std::wstring_view text) const {
     return size.cx;
 }
 
+SIZE Theme::textSize(HFONT font, std::wstring_view text) const {
+    const MeasuringContext context(font);
+    RECT room{};
+    DrawTextW(context.dc(), text.data(), static_cast<int>(text.size()), &room, DT_CALCRECT | DT_NOPREFIX);
+    return {room.right, std::max<LONG>(room.bottom, lineHeight(font))};
+}
+
 int Theme::lineHeight(HFONT font) const {
     const MeasuringContext context(font);
     TEXTMETRICW metrics{};

@@ -45,6 +45,8 @@ class Theme {
 
     int textWidth(HFONT font, std::wstring_view text) const;
     int lineHeight(HFONT font) const;
+    /// Of a text that may have several lines.
+    SIZE textSize(HFONT font, std::wstring_view text) const;
     /// Height of a one-line field, frame included.
     int fieldHeight(HFONT font) const { return lineHeight(font) + scaled(7); }
 

@@ -28,6 +28,7 @@ class ToolbarView::Strip : public NativeWindow {
                 RECT area{};
                 GetClientRect(handle(), &area);
                 FillRect(reinterpret_cast<HDC>(word), &area, view_.theme().brush(view_.surroundings()));
+                view_.drawSeparators(reinterpret_cast<HDC>(word), area.bottom);
                 return 1;
             }
             case WM_CTLCOLORBTN:
@@ -115,6 +116,18 @@ void ToolbarView::update(screen::Property property) {
 void ToolbarView::updateAll() {
     ControlView::updateAll();
     build();
+}
+
+void ToolbarView::drawSeparators(HDC dc, int height) const {
+    int left = 0;
+    for (const HWND button : buttons_) {
+        const int width = buttonWidth(button);
+        if (button == nullptr) {
+            const RECT line{left + width / 2, 0, left + width / 2 + std::max(theme().scaled(1), 1), height};
+            FillRect(dc, &line, theme().brush(style::border));
+        }
+        left += width + theme().scaled(style::unit);
+    }
 }
 
 // The bar itself handles no keys.

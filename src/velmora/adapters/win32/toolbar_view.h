@@ -34,6 +34,7 @@ class ToolbarView : public ControlView {
     void build();
     void openMenu(const screen::Toolbar::Item& item, HWND button);
     int buttonWidth(HWND button) const;
+    void drawSeparators(HDC dc, int height) const;
 
     screen::Toolbar& bar_;
     std::unique_ptr<Strip> strip_;

@@ -1,7 +1,6 @@
 #include "velmora/platform/toolkit/layout_places.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 #include "velmora/platform/toolkit/effective_state.h"
@@ -30,7 +29,7 @@ Need totalOf(const std::vector<Track>& tracks, int spacing) {
     return total;
 }
 
-/// Divides `pool` among the tracks that stretch, none of which gets less than its natural size.
+/// Divides `pool` among the tracks that stretch, none of which gets less than its least.
 void stretchOut(const std::vector<Track>& tracks, int pool, std::vector<int>& sizes) {
     std::vector<std::size_t> open;
     for (std::size_t i = 0; i < tracks.size(); ++i) {
@@ -44,7 +43,7 @@ void stretchOut(const std::vector<Track>& tracks, int pool, std::vector<int>& si
             shares += tracks[i].stretch;
         }
         const auto tooSmall = std::ranges::find_if(
-            open, [&](std::size_t i) { return pool * tracks[i].stretch / shares < tracks[i].need.natural; });
+            open, [&](std::size_t i) { return pool * tracks[i].stretch / shares < tracks[i].need.least; });
         if (tooSmall != open.end()) {
             pool -= sizes[*tooSmall];
             open.erase(tooSmall);
@@ -59,18 +58,24 @@ void stretchOut(const std::vector<Track>& tracks, int pool, std::vector<int>& si
     }
 }
 
-/// Takes `missing` pixels from the tracks in proportion to what each has above its least.
+/// Takes `missing` pixels from the tracks: from each the same, but none goes below its least.
 void shrink(const std::vector<Track>& tracks, int missing, std::vector<int>& sizes) {
-    std::int64_t spare = 0;
-    for (const Track& track : tracks) {
-        spare += track.need.natural - track.need.least;
-    }
-    for (std::size_t i = 0; i < tracks.size() && spare > 0; ++i) {
-        const std::int64_t own = tracks[i].need.natural - tracks[i].need.least;
-        const auto less = static_cast<int>(std::min<std::int64_t>(own, missing * own / spare));
-        sizes[i] -= less;
-        missing -= less;
-        spare -= own;
+    while (missing > 0) {
+        std::vector<std::size_t> open;
+        for (std::size_t i = 0; i < tracks.size(); ++i) {
+            if (sizes[i] > tracks[i].need.least) {
+                open.push_back(i);
+            }
+        }
+        if (open.empty()) {
+            return;
+        }
+        const int share = std::max(missing / static_cast<int>(open.size()), 1);
+        for (const std::size_t i : open) {
+            const int less = std::min({share, sizes[i] - tracks[i].need.least, missing});
+            sizes[i] -= less;
+            missing -= less;
+        }
     }
 }
 
@@ -109,20 +114,20 @@ Area aligned(const Area& cell, Alignment alignment, const Needs& needs, bool fil
 std::vector<int> shareOut(const std::vector<Track>& tracks, int length, int spacing) {
     std::vector<int> sizes;
     sizes.reserve(tracks.size());
-    int natural = 0;
+    int wanted = 0;
     int least = 0;
     int stiff = 0;
     for (const Track& track : tracks) {
-        sizes.push_back(track.need.natural);
-        natural += track.need.natural;
+        sizes.push_back(track.stretch > 0 ? track.need.least : track.need.natural);
+        wanted += sizes.back();
         least += track.need.least;
         stiff += track.stretch > 0 ? 0 : track.need.natural;
     }
     const int room = length - gapsOf(tracks, spacing);
-    if (room >= natural) {
+    if (room >= wanted) {
         stretchOut(tracks, room - stiff, sizes);
     } else {
-        shrink(tracks, natural - std::max(room, least), sizes);
+        shrink(tracks, wanted - std::max(room, least), sizes);
     }
     return sizes;
 }

@@ -85,8 +85,7 @@ class LayoutPlaces {
 
     /// Asks all parts for their needs. Of pages that share a place the largest counts, shown or not.
     Needs measure();
-    /// Gives every part its area; after `measure`. Room beyond the natural size goes to what stretches; below it all
-    /// shrink alike, never below the least.
+    /// Gives every part its area; after `measure`.
     void place(const Area& area);
 
   private:
@@ -108,7 +107,8 @@ struct Track {
     bool empty = true;  ///< takes no spacing
 };
 
-/// Sizes of tracks in `length` pixels with `spacing` between those that are not empty.
+/// Sizes of tracks in `length` pixels with `spacing` between those that are not empty. What does not stretch has its
+/// natural size first; what stretches shares the rest, each with its least at least. With less room all shrink alike.
 std::vector<int> shareOut(const std::vector<Track>& tracks, int length, int spacing);
 
 }  // namespace velmora::toolkit
