@@ -25,6 +25,8 @@ constexpr CLSID printingId{0x5b6a2c10, 0x7d1e, 0x4f0a, {0x9c, 0x31, 0x2a, 0x6e, 
 constexpr CLSID spreadsheetId{0x5b6a2c10, 0x7d1e, 0x4f0a, {0x9c, 0x31, 0x2a, 0x6e, 0x41, 0x53, 0x10, 0x02}};
 constexpr CLSID scannerId{0x5b6a2c10, 0x7d1e, 0x4f0a, {0x9c, 0x31, 0x2a, 0x6e, 0x41, 0x53, 0x10, 0x03}};
 
+constexpr int alignedRight = 1;  ///< Alignment of a column of a grid
+
 /// Error 13 when it is not the very object that the host has handed out.
 void mustBeOwn(const HostDesk& desk, IDispatch* given) {
     if (given != desk.sessionFace) {
@@ -79,6 +81,7 @@ std::vector<screen::GridColumn> columnsOf(IDispatch& grid, const sql::Recordset&
                           .caption = get(*column, "Caption").value().toText(),
                           .width = get(*column, "Width").value().toLong(),
                           .mask = get(*column, "NumberFormat").value().toText(),
+                          .right = get(*column, "Alignment").value().toLong() == alignedRight,
                           .visible = get(*column, "Visible").value().toBool()});
     }
     return result;
