@@ -146,8 +146,44 @@ TEST_F(MainFormTest, TheExitButtonClosesToo) {
 TEST_F(MainFormTest, EnterGoesToTheNextFieldAndIsSwallowed) {
     workshop.set("txtPesu(0)", "1001");
     EXPECT_EQ(workshop.form().keyDown(Key::enter), Key::none);
-    EXPECT_EQ(workshop.focused(), "txtPesu(1)");
+    EXPECT_EQ(workshop.focused(), "txtPesu(2)") << "the name was found";
     EXPECT_EQ(workshop.text("txtPesu(1)"), "TALLERES NORTE SL");
+}
+
+TEST_F(MainFormTest, EnterStopsAtTheNameOfACustomerWithoutOne) {
+    workshop.set("txtPesu(0)", "1003");
+    workshop.key(Key::enter);
+    EXPECT_EQ(workshop.focused(), "txtPesu(1)");
+}
+
+TEST_F(MainFormTest, F4GoesToTheHistoryAndF7ToThePieces) {
+    workshop.set("txtPesu(0)", "1001");
+    workshop.key(Key::f7);
+    EXPECT_EQ(workshop.focused(), "txtPesu(11)");
+    workshop.key(Key::f4);
+    EXPECT_EQ(workshop.focused(), "dbgDPI");
+}
+
+TEST_F(MainFormTest, ANewProposalAfterASaveIsAskedForWithoutAQuestion) {
+    workshop.saveNewProposal();
+    workshop.screen.messages.clear();
+    workshop.form().buttonsAndGrid().cmdNueva.onClick();
+    EXPECT_TRUE(workshop.screen.messages.empty());
+    EXPECT_EQ(workshop.text("txtPesu(3)"), "");
+    EXPECT_EQ(workshop.text("Text1(1)"), "0,00");
+    EXPECT_EQ(workshop.focused(), "txtPesu(0)");
+    workshop.enterToothing();
+    workshop.enterCustomerAndUnits();
+    workshop.key(Key::f5);
+    EXPECT_EQ(workshop.query("select count(*) from DPI"), "2");
+}
+
+TEST_F(MainFormTest, ANewProposalAsksBeforeTypedTextsAreDiscarded) {
+    workshop.set("txtPesu(11)", "7");
+    workshop.screen.cancelsQuestions = true;
+    workshop.form().buttonsAndGrid().cmdNueva.onClick();
+    ASSERT_EQ(workshop.screen.messages.size(), 1U);
+    EXPECT_EQ(workshop.text("txtPesu(11)"), "7");
 }
 
 TEST_F(MainFormTest, EnterPassesOverNumberDatesAndOrder) {

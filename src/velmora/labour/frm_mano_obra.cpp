@@ -39,7 +39,12 @@ void frmManoObra::wire() {
     onActivate = [this] { Form_Activate(); };
     onKeyDown = [this](screen::KeyDown& key) { Form_KeyDown(key); };
     f_.txtLinea.on(&TextBox::onGotFocus, {[this](int i) { oUtil_.EntrarCampo(f_.txtLinea(i)); }});
-    f_.txtLinea.on(&TextBox::onLostFocus, {[this](int i) { machines_.txtLinea_LostFocus(i); }});
+    f_.txtLinea.on(&TextBox::onLostFocus, {[this](int i) {
+        machines_.txtLinea_LostFocus(i);
+        if (i == machine) {
+            passOverFoundOperator();
+        }
+    }});
     f_.txtLinea(machine).onKeyPress = [this](screen::KeyPress& key) {
         oUtil_.TeclaCampo(f_.txtLinea(machine), key, true);
     };
@@ -52,7 +57,10 @@ void frmManoObra::wire() {
     f_.cmdEditarLinea.onClick = [this] { editLine(); };
     f_.cmdEliminarLinea.onClick = [this] { deleteLine(); };
     f_.cmdGrabarLinea.onClick = [this] { saveLine(); };
-    f_.cmdCancelar.onClick = [this] { f_.browse(); };
+    f_.cmdCancelar.onClick = [this] {
+        f_.browse();
+        returnToActions();
+    };
     f_.cmdSalir.onClick = [this] { unload(); };
 }
 
@@ -61,12 +69,32 @@ void frmManoObra::Form_Activate() {
     // updates the current line. Required as it is; it determines what is stored.
     f_.fraAcciones.setEnabled(bModificable);
     f_.fraLinea.setEnabled(bModificable);
+    returnToActions();
+}
+
+// Chosen C-357: the form opens on "Nueva Linea" and returns there after a save, because a line is mostly followed by
+// another; on the list, where nothing may be changed.
+void frmManoObra::returnToActions() {
+    if (f_.cmdNuevaLinea.canTakeFocus()) {
+        f_.cmdNuevaLinea.setFocus();
+    }
+}
+
+// Chosen C-358: a machine that was found has brought its operator and price: Enter goes on to the minutes. Control and
+// Enter stops at both.
+void frmManoObra::passOverFoundOperator() {
+    const bool found = !f_.txtLinea(machineName).text().empty();
+    f_.cboOperarios.setTabStop(!found);
+    f_.txtLinea(hourPrice).setTabStop(!found);
 }
 
 void frmManoObra::Form_KeyDown(screen::KeyDown& key) {
     passUsualKeys(key);
     if (key.key == screen::Key::f2) {
         searchMachine();
+    } else if (key.key == screen::Key::escape) {
+        // Chosen C-359: Esc closes the form, as "&Salir" does.
+        unload();
     }
 }
 
@@ -78,6 +106,7 @@ void frmManoObra::searchMachine() {
     if (id > 0) {
         f_.txtLinea(machine).setText(runtime::CStr(std::int64_t{id}));
         machines_.msCargarMaquina(id);
+        f_.txtLinea(minutes).setFocus();
     }
 }
 
@@ -110,6 +139,7 @@ void frmManoObra::saveLine() {
     f_.browse();
     f_.fraLinea.setCaption(saved);
     msCargarLineas();
+    returnToActions();
 }
 
 void frmManoObra::deleteLine() {

@@ -33,6 +33,8 @@ class frmManoObra : public screen::Form {
     void wire();
     void Form_Activate();
     void Form_KeyDown(screen::KeyDown& key);
+    void returnToActions();
+    void passOverFoundOperator();
     void searchMachine();
     void newLine();
     void editLine();

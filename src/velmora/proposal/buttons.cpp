@@ -17,8 +17,8 @@ void Buttons::msCancelarBotones(bool bConsulta) {
 }
 
 void Buttons::disableWriting() {
-    for (screen::Button* button : {&controls_.XPGrabar, &controls_.cmdCambios, &controls_.cmdManoObra,
-                                   &controls_.cmdDuplicar, &controls_.cmdeliminarrPropuesta}) {
+    for (screen::Button* button : {&controls_.cmdNueva, &controls_.XPGrabar, &controls_.cmdCambios,
+                                   &controls_.cmdManoObra, &controls_.cmdDuplicar, &controls_.cmdeliminarrPropuesta}) {
         button->setEnabled(false);
     }
 }

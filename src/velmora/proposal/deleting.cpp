@@ -26,8 +26,7 @@ void Deleting::msEliminar() {
     if (written == session::Written::closed) {
         refuse();
     } else if (written == session::Written::yes) {
-        peers_.stored.remember({});
-        startAnew();
+        peers_.emptyForm.show();
     }
 }
 
@@ -60,19 +59,6 @@ void Deleting::refuse() {
 
 void Deleting::tellAccepted() {
     screen_.show({.text = "Error, No es posible eliminar un presupuesto aceptado", .icon = screen::Icon::critical});
-}
-
-// Differs D-064: the list of chains is enabled again, which read-only display had disabled.
-void Deleting::startAnew() {
-    msLimpiarCampos();
-    peers_.materials.cboMatDisco_Click();
-    peers_.materials.cboMatCubo_Click();
-    peers_.history.msHistorico(false);
-    peers_.buttons.cmdCambios_Click();
-    peers_.newProposal.begin();
-    f_.cboDobles.setEnabled(true);
-    f_.cboTipoPre.setEnabled(true);
-    f_.cboTipoPre.setFocus();
 }
 
 }  // namespace velmora::proposal

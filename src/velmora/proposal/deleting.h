@@ -1,15 +1,10 @@
 #pragma once
 // Deletes the proposal on the form from the database.
 
-#include <functional>
-
 #include "velmora/estimate/field_map.h"
-#include "velmora/estimate/material_lists.h"
-#include "velmora/estimate/new_proposal.h"
 #include "velmora/platform/session/checked_write.h"
 #include "velmora/platform/system/system.h"
-#include "velmora/proposal/buttons.h"
-#include "velmora/proposal/history.h"
+#include "velmora/proposal/empty_form.h"
 #include "velmora/proposal/stored_proposal.h"
 
 namespace velmora::proposal {
@@ -17,19 +12,13 @@ namespace velmora::proposal {
 class Deleting {
   public:
     struct Collaborators {
-        estimate::MaterialLists& materials;
-        History& history;
-        Buttons& buttons;
-        estimate::NewProposal& newProposal;
+        EmptyForm& emptyForm;
         StoredProposal& stored;
     };
 
     Deleting(estimate::FieldMap& fields, Collaborators peers, session::Session& session, screen::Screen& screen,
              const system::Clock& clock)
         : f_(fields), peers_(peers), session_(session), screen_(screen), clock_(clock) {}
-
-    /// Clears the fields to an empty proposal; set by the form.
-    std::function<void()> msLimpiarCampos;
 
     /// Asks and deletes; the form then shows a new proposal. Does nothing without a number; refuses an accepted one.
     /// The stored row is read first: one accepted or deleted meanwhile is refused with a message, and one that another
@@ -43,7 +32,6 @@ class Deleting {
     session::Written remove(const std::string& number);
     void refuse();
     void tellAccepted();
-    void startAnew();
 
     estimate::FieldMap& f_;
     Collaborators peers_;

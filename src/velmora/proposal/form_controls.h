@@ -14,6 +14,7 @@ struct FormControls {
 
     screen::Form& form;
 
+    Button cmdNueva{form, "cmdNueva"};
     Button XPGrabar{form, "XPGrabar"};
     Button XPImprime{form, "XPImprime"};
     Button XPSalir{form, "XPSalir"};

@@ -109,6 +109,7 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
     f.fraCubo.setCaption("Material del Cubo");
     f.fraMatCre.setCaption("Material de la Cremallera");
 
+    c.cmdNueva.setCaption("&Nueva (Ctrl+N)");
     c.XPGrabar.setCaption("&Grabar (F5)");
     c.XPImprime.setCaption("&Imprimir (F8)");
     c.XPSalir.setCaption("&Salir (ESC)");
@@ -262,7 +263,7 @@ Layout history(estimate::FieldMap& f, FormControls& c) {
 }
 
 Layout buttons(FormControls& c) {
-    return lay::row(lay::plain(c.XPGrabar), lay::plain(c.cmdManoObra), lay::plain(c.XPImprime),
+    return lay::row(lay::plain(c.cmdNueva), lay::plain(c.XPGrabar), lay::plain(c.cmdManoObra), lay::plain(c.XPImprime),
                     lay::plain(c.cmdCambios), lay::plain(c.cmdDuplicar), lay::plain(c.cmdeliminarrPropuesta),
                     lay::plain(c.cmdDoc), lay::plain(c.XPButton1), lay::space(), lay::plain(c.XPSalir));
 }
@@ -278,10 +279,8 @@ std::vector<screen::Control*> orderOfWork(estimate::FieldMap& f, FormControls& c
     };
     addBoxes(f.txtPesu, {0, 1, 2});
     add({&f.cboTipoPre, &f.cmdEng, &f.cboDobles});
-    addBoxes(f.Text1, {0, 1, 8, 2, 3, 4, 15, 6, 9, 10, 14, 5, 11, 16, 18, 17, 19, 22, 24, 25, 7});
-    add({&f.cboHerramienta});
-    addBoxes(f.Text1, {12, 13});
-    add({&f.chkAcopla, &f.cboMatDisco});
+    addBoxes(f.Text1, {0, 1, 8, 2, 3, 4, 15, 6, 10, 14, 5, 11, 16, 18, 17, 19, 22, 24, 25, 7, 12, 13});
+    add({&f.chkAcopla, &f.cboHerramienta, &f.Text1(measure::rim), &f.cboMatDisco});
     addBoxes(f.Text4, {1, 0, 6, 4});
     addBoxes(f.txtPesu, {20, 21, 16, 22});
     add({&f.cboMatCubo});
@@ -290,21 +289,16 @@ std::vector<screen::Control*> orderOfWork(estimate::FieldMap& f, FormControls& c
     add({&f.cboMatCre});
     addBoxes(f.Text4, {50, 51, 52, 53});
     addBoxes(f.txtPesu, {54, 56, 55, 57});
-    add({&f.chkFormulas});
     addBoxes(f.txtPesu, {7, 8, 9, 5, 14, 10, 11, 12});
-    add({&f.txtObservaciones, &f.txtExtra, &f.txtCPro, &f.cboFiltroHistorico, &c.dbgDPI, &c.XPGrabar, &c.cmdManoObra,
-         &c.XPImprime, &c.cmdCambios, &c.cmdDuplicar, &c.cmdeliminarrPropuesta, &c.cmdDoc, &c.XPButton1, &c.XPSalir});
+    add({&f.chkFormulas, &f.txtObservaciones, &f.txtExtra, &f.txtCPro, &f.cboFiltroHistorico, &c.dbgDPI, &c.cmdNueva,
+         &c.XPGrabar, &c.cmdManoObra, &c.XPImprime, &c.cmdCambios, &c.cmdDuplicar, &c.cmdeliminarrPropuesta, &c.cmdDoc,
+         &c.XPButton1, &c.XPSalir});
     // After the buttons of the last line, so that they do not interrupt typing.
     c.cmdHPrecios.forEach([&order](Button& button) { order.push_back(&button); });
     return order;
 }
 
-/// Removes tab stops that are display-only, or that leaving would change.
-void takeOutOfTheWay(estimate::FieldMap& f) {
-    // Chosen C-011: leaving number, dates or order would apply their masks, so they are no tab stops.
-    for (const int i : {3, 4, 6, 13, 17}) {
-        f.txtPesu(i).setTabStop(false);
-    }
+void lockIdentity(estimate::FieldMap& f) {
     // Differs D-066: number, dates and order are locked for typing in every state: a save overwrites, and a deletion
     // deletes, the proposal with the displayed number.
     for (const int i : {3, 4, 6, 13}) {
@@ -324,7 +318,8 @@ void frmBercialPiñones::arrange() {
         lay::row(notes(f_, controls_).stretched(1), history(f_, controls_).stretched(3)).stretched(),
         buttons(controls_)));
     setTabOrder(orderOfWork(f_, controls_));
-    takeOutOfTheWay(f_);
+    tabStops_.followType();
+    lockIdentity(f_);
 }
 
 }  // namespace velmora::proposal

@@ -45,6 +45,7 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       presentation_(f_),
       gears_(f_, presentation_, materials_, session),
       newProposal_(f_, totals_),
+      tabStops_(f_),
       history_(f_, controls_, session, desk.screen),
       customers_(f_, session, desk.screen, oUtil_),
       stored_(session),
@@ -55,7 +56,8 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       labour_(f_, {totals_, saving_, buttons_}, session, desk),
       gearStep_(f_, gears_, session, desk),
       duplicating_(f_, loading_, session, desk.screen, oUtil_),
-      deleting_(f_, {materials_, history_, buttons_, newProposal_, stored_}, session, desk.screen, desk.clock),
+      emptyForm_(f_, {materials_, history_, buttons_, newProposal_, stored_}, desk.screen),
+      deleting_(f_, {emptyForm_, stored_}, session, desk.screen, desk.clock),
       historyGrid_(f_, {history_, loading_}, session, desk),
       sideWindows_(f_, session, desk),
       draft_(f_, stored_) {
@@ -126,8 +128,10 @@ void frmBercialPiñones::Form_Activate() {
 }
 
 bool frmBercialPiñones::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable) {
+    rimDue_ = false;
     const bool loaded = loading_.msCargarPresupuesto(nIdDpi, bEditable);
     keepFromWriting();
+    emptyForm_.noteStored();
     return loaded;
 }
 
@@ -186,11 +190,17 @@ void frmBercialPiñones::wireFields() {
     }});
 
     f_.Text1.on(&TextBox::onChange, {[this](int i) { geometry_.Text1_Change(i); }});
-    f_.Text1.on(&TextBox::onLostFocus, {[this](int i) { geometry_.Text1_LostFocus(i); }});
+    f_.Text1.on(&TextBox::onLostFocus, {[this](int i) {
+        rimDue_ = rimDue_ && i != measure::rim;
+        geometry_.Text1_LostFocus(i);
+    }});
     f_.Text1.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { geometry_.Text1_KeyPress(i, key); }});
     // Chosen C-062: leaving the roller, the last field of the toothing, refreshes the list of similar proposals; pitch
     // and teeth do not.
-    geometry_.onToothingEntered = [this] { history_.msHistorico(false); };
+    geometry_.onToothingEntered = [this] {
+        rimDue_ = true;
+        history_.msHistorico(false);
+    };
 
     f_.Text3.on(&TextBox::onChange, {[this](int i) { geometry_.Text3_Change(i); }});
 
@@ -199,7 +209,12 @@ void frmBercialPiñones::wireFields() {
     f_.Text4.on(&TextBox::onLostFocus, {[this](int i) { costing_.Text4_LostFocus(i); }});
     f_.Text4.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { costing_.Text4_KeyPress(i, key); }});
 
-    f_.txtPesu.on(&TextBox::onChange, {[this](int i) { totals_.txtPesu_Change(i); }});
+    f_.txtPesu.on(&TextBox::onChange, {[this](int i) {
+        totals_.txtPesu_Change(i);
+        if (i == money::customerName) {
+            tabStops_.followCustomerName();
+        }
+    }});
     f_.txtPesu.on(&TextBox::onKeyPress, {[this](int i, screen::KeyPress& key) { totals_.txtPesu_KeyPress(i, key); }});
     f_.txtPesu.on(&TextBox::onLostFocus, {[this](int i) {
         totals_.txtPesu_LostFocus(i);
@@ -223,6 +238,7 @@ void frmBercialPiñones::wireLists() {
     f_.cboTipoPre.onClick = [this] {
         presentation_.cboTipoPre_Click();
         newProposal_.typeChosen();
+        tabStops_.followType();
     };
     f_.cboFiltroHistorico.onClick = [this] { history_.msHistorico(false); };
     f_.cboMatDisco.onClick = [this] { materials_.cboMatDisco_Click(); };
@@ -238,6 +254,7 @@ void frmBercialPiñones::wireLists() {
 void frmBercialPiñones::wireButtons() {
     onActivate = [this] { Form_Activate(); };
     onKeyDown = [this](screen::KeyDown& key) { Form_KeyDown(key); };
+    controls_.cmdNueva.onClick = unlessConsultation([this] { emptyForm_.showOnRequest(); });
     controls_.XPGrabar.onClick = [this] { keyDown(screen::Key::f5); };
     controls_.XPImprime.onClick = [this] { msHojaCorte(f_, controls_, session_, desk_); };
     controls_.XPSalir.onClick = [this] { unload(); };
@@ -256,7 +273,7 @@ void frmBercialPiñones::wireButtons() {
     };
     controls_.cmdDoc.onClick = [this] { sideWindows_.cmdDoc_Click(); };
     controls_.cmdHPrecios.on(&Button::onClick, {[this](int i) { sideWindows_.cmdHPrecios_Click(i); }});
-    deleting_.msLimpiarCampos = [this] { msLimpiarCampos(); };
+    emptyForm_.msLimpiarCampos = [this] { msLimpiarCampos(); };
 }
 
 void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
@@ -279,6 +296,9 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
         case Key::f3:
             history_.msHistorico(true);
             break;
+        case Key::f4:
+            jumpTo(controls_.dbgDPI);
+            break;
         case Key::f5:
             save();
             break;
@@ -286,6 +306,10 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
             if (controls_.cmdDuplicar.isEnabled()) {
                 controls_.cmdDuplicar.onClick();
             }
+            break;
+        case Key::f7:
+            passThroughRim();
+            jumpTo(f_.txtPesu(money::pieces));
             break;
         case Key::f8:
             msHojaCorte(f_, controls_, session_, desk_);
@@ -300,10 +324,27 @@ void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
     }
 }
 
+// Chosen C-369: a jump over the rim passes through it after the toothing was entered, because leaving it calculates the
+// total width and the cuts of the piece: the same row is stored as with Enter from field to field.
+void frmBercialPiñones::passThroughRim() {
+    TextBox& rim = f_.Text1(measure::rim);
+    if (rimDue_ && rim.tabStop()) {
+        moveFocus(rim);
+    }
+    rimDue_ = false;
+}
+
+// Chosen C-356: F4 goes to the history and F7 to the number of pieces, as a click there does.
+void frmBercialPiñones::jumpTo(screen::Control& control) {
+    moveFocus(control);
+}
+
 void frmBercialPiñones::save() {
     if (!bBloqueoGrabar && controls_.XPGrabar.isEnabled()) {
         const screen::Hourglass hourglass(desk_.screen);
-        msGrabar(false);
+        if (msGrabar(false)) {
+            emptyForm_.noteStored();
+        }
     }
 }
 

@@ -26,6 +26,7 @@
 #include "velmora/proposal/deleting.h"
 #include "velmora/proposal/draft.h"
 #include "velmora/proposal/duplicating.h"
+#include "velmora/proposal/empty_form.h"
 #include "velmora/proposal/form_controls.h"
 #include "velmora/proposal/gear_step.h"
 #include "velmora/proposal/history.h"
@@ -35,6 +36,7 @@
 #include "velmora/proposal/saving.h"
 #include "velmora/proposal/side_windows.h"
 #include "velmora/proposal/stored_proposal.h"
+#include "velmora/proposal/tab_stops.h"
 
 namespace velmora::proposal {
 
@@ -74,10 +76,13 @@ class frmBercialPiñones : public screen::Form {
     void wireLists();
     void wireButtons();
     void save();
+    void jumpTo(screen::Control& control);
+    void passThroughRim();
     void remove();
     void keepFromWriting();
     std::function<void()> unlessConsultation(std::function<void()> action);
 
+    bool rimDue_ = false;  ///< the toothing was left, and the rim not yet
     session::Session& session_;
     platform::Desk& desk_;
     estimate::FieldMap f_{*this};
@@ -97,6 +102,7 @@ class frmBercialPiñones : public screen::Form {
     estimate::Presentation presentation_;
     estimate::Gears gears_;
     estimate::NewProposal newProposal_;
+    TabStops tabStops_;
     History history_;
     CustomerSearch customers_;
     StoredProposal stored_;
@@ -106,6 +112,7 @@ class frmBercialPiñones : public screen::Form {
     LabourStep labour_;
     GearStep gearStep_;
     Duplicating duplicating_;
+    EmptyForm emptyForm_;
     Deleting deleting_;
     HistoryGrid historyGrid_;
     SideWindows sideWindows_;

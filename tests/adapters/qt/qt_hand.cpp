@@ -89,7 +89,7 @@ void QtHand::openList(const screen::ComboBox& list) const {
     // The offscreen platform does not make the window active again that a list has just uncovered.
     screen_->top()->activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([&] { return widgetOf(list).hasFocus(); }, 1000));
-    key(Qt::Key_F4);
+    key(Qt::Key_Down, Qt::AltModifier);
     ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 1000));
 }
 

@@ -221,5 +221,20 @@ TEST_F(FocusTest, AControlThatGoesTakesTheFocusWithIt) {
     EXPECT_EQ(form.find("txtPaso"), nullptr);
 }
 
+TEST_F(FocusTest, AControlWhosePlaceAnotherHasIsNoStop) {
+    Frame shown(form, "shown");
+    Frame covered(form, "covered");
+    form.setLayout(layout::column(layout::plain(Text1(0)),
+                                  layout::takeTurns(layout::group(shown, layout::plain(Text1(1))),
+                                                    layout::group(covered, layout::plain(Text1(2)))),
+                                  layout::plain(Text1(3))));
+    form.moveFocus(Text1(1));
+    form.tabForward();
+    EXPECT_EQ(focused(), 3);
+    shown.setVisible(false);
+    form.tabBackward();
+    EXPECT_EQ(focused(), 2);
+}
+
 }  // namespace
 }  // namespace velmora::screen

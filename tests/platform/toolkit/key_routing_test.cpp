@@ -129,5 +129,44 @@ TEST_F(KeyRoutingTest, ErrorsOfTheHandlersPassThrough) {
     EXPECT_THAT(delivered, IsEmpty());
 }
 
+KeyStroke withControl(KeyStroke stroke) {
+    stroke.control = true;
+    return stroke;
+}
+
+TEST_F(KeyRoutingTest, ControlAndEnterStopsAtEveryField) {
+    second.setTabStop(false);
+    EXPECT_TRUE(route(withControl(strokeOf(Key::enter))));
+    EXPECT_EQ(form.activeControl(), &second);
+    EXPECT_TRUE(route(withControl(strokeOf(Key::enter, true))));
+    EXPECT_EQ(form.activeControl(), &first);
+    EXPECT_THAT(seen, IsEmpty());
+}
+
+TEST_F(KeyRoutingTest, ControlAndALetterIsASecondNameWhereACaptionNamesTheKey) {
+    EXPECT_FALSE(route(withControl(strokeTyping(U'S'))));
+    screen::Button save(form, "save");
+    save.setCaption("&Grabar (F5)");
+    EXPECT_TRUE(route(withControl(strokeTyping(U's'))));
+    EXPECT_THAT(seen, ElementsAre(Key::f5));
+}
+
+TEST_F(KeyRoutingTest, ControlAndALetterPressesTheButtonThatNamesIt) {
+    screen::Button anew(form, "anew");
+    anew.setCaption("&Nueva (Ctrl+N)");
+    int pressed = 0;
+    anew.onClick = [&] { ++pressed; };
+    EXPECT_TRUE(route(withControl(strokeTyping(U'n'))));
+    anew.setEnabled(false);
+    EXPECT_FALSE(route(withControl(strokeTyping(U'N'))));
+    EXPECT_EQ(pressed, 1);
+}
+
+TEST_F(KeyRoutingTest, OtherKeysWithControlAreTheWidgets) {
+    EXPECT_FALSE(route(withControl(strokeTyping(U'V'))));
+    EXPECT_THAT(seen, IsEmpty());
+    EXPECT_THAT(delivered, IsEmpty());
+}
+
 }  // namespace
 }  // namespace velmora::toolkit

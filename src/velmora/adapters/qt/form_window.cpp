@@ -49,14 +49,14 @@ void FormWindow::build() {
     views_ = builder.takeViews();
     turns_ = builder.takeTurns();
 
-    auto* scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(content_);
+    scroll_ = new QScrollArea(this);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(content_);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(scroll);
+    whole->addWidget(scroll_);
     connectViews();
 }
 
@@ -173,7 +173,15 @@ void FormWindow::focusMoved(screen::Control* control) {
     moveKeyboard();
     if (next != nullptr) {
         next->focusGained();
+        scrollToFocus();
     }
+}
+
+void FormWindow::scrollToFocus() {
+    constexpr int margin = 2 * theme::group;
+    const QWidget& widget = focused_->widget();
+    const QPoint middle = widget.mapTo(content_, widget.rect().center());
+    scroll_->ensureVisible(middle.x(), middle.y(), widget.width() / 2 + margin, widget.height() / 2 + margin);
 }
 
 // --- Actions of the user --------------------------------------------------------------------------------------

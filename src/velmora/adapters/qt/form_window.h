@@ -16,6 +16,8 @@
 #include "velmora/platform/screen/form.h"
 #include "velmora/platform/toolkit/user_actions.h"
 
+class QScrollArea;
+
 namespace velmora::qt {
 
 class QtScreen;
@@ -58,6 +60,8 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
 
     void build();
     void connectViews();
+    /// Scrolls to the control with the focus, and to its caption where both have room.
+    void scrollToFocus();
     void frameChanged(const screen::Frame& frame, screen::Property property);
     bool handleKey(ControlView* view, const QKeyEvent& event);
     bool handlePress(ControlView& view, QEvent& event);
@@ -67,6 +71,7 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
     screen::Form& form_;
     toolkit::UserActions actions_;
     QWidget* content_ = nullptr;
+    QScrollArea* scroll_ = nullptr;
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unordered_map<const screen::Control*, ControlView*> viewByControl_;
     /// Further views of a label that captions several fields, only one of which is shown at a time.

@@ -35,6 +35,15 @@ bool isShortcut(const QKeyEvent& event) {
     return control != alt || event.modifiers().testFlag(Qt::MetaModifier);
 }
 
+/// The stroke with Control held, whose letter the event's text does not contain; none with Alt or Meta.
+KeyStroke withControl(const QKeyEvent& event, KeyStroke stroke) {
+    if ((event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != Qt::ControlModifier) {
+        return {};
+    }
+    stroke.control = true;
+    return stroke;
+}
+
 char32_t typedCharacter(const QKeyEvent& event) {
     const QList<uint> characters = event.text().toUcs4();
     if (characters.size() != 1 || characters.front() < toolkit::firstPrinting ||
@@ -55,11 +64,14 @@ KeyStroke strokeOf(const QKeyEvent& event) {
     const bool shift = event.modifiers().testFlag(Qt::ShiftModifier) || event.key() == Qt::Key_Backtab;
     for (const auto& [code, key] : namedKeys) {
         if (event.key() == code) {
-            return isShortcut(event) ? KeyStroke{} : toolkit::strokeOf(key, shift);
+            return isShortcut(event) ? withControl(event, toolkit::strokeOf(key, shift))
+                                     : toolkit::strokeOf(key, shift);
         }
     }
     if (isShortcut(event)) {
-        return {};
+        const bool letter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
+        return letter ? withControl(event, toolkit::strokeTyping(static_cast<char32_t>(event.key()), shift))
+                      : KeyStroke{};
     }
     if (event.key() == Qt::Key_Backspace) {
         return toolkit::strokeTyping(toolkit::backspace, shift);

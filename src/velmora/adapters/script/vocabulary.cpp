@@ -33,6 +33,14 @@ toolkit::KeyStroke strokeNamed(std::string_view name) {
                                                                                   {"F7", Key::f7},
                                                                                   {"F8", Key::f8},
                                                                                   {"F9", Key::f9}});
+    constexpr std::string_view control = "CTRL+";
+    if (name.starts_with(control)) {
+        const std::string_view rest = name.substr(control.size());
+        toolkit::KeyStroke stroke =
+            rest.size() == 1 ? toolkit::strokeTyping(static_cast<char32_t>(rest.front())) : strokeNamed(rest);
+        stroke.control = true;
+        return stroke;
+    }
     if (name == "BACKSPACE") {
         return toolkit::strokeTyping(toolkit::backspace);
     }

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/screen/places.h"
 #include "velmora/platform/screen/sketch.h"
 
 namespace velmora::screen {
@@ -93,6 +94,7 @@ void Form::tab(int step, Insist insist) {
     }
 }
 
+// Chosen C-350: a control in a shared place where another child is shown is no stop: the focus would be invisible.
 Control* Form::nextStop(int step) const {
     const int count = static_cast<int>(tabOrder_.size());
     const auto here = std::ranges::find(tabOrder_, active_);
@@ -100,7 +102,7 @@ Control* Form::nextStop(int step) const {
     for (int walked = 1; walked <= count; ++walked) {
         const int at = ((start + step * walked) % count + count) % count;
         Control* candidate = tabOrder_[static_cast<std::size_t>(at)];
-        if (candidate != active_ && candidate->tabStop() && candidate->canTakeFocus()) {
+        if (candidate != active_ && candidate->tabStop() && candidate->canTakeFocus() && isSeen(*candidate)) {
             return candidate;
         }
     }

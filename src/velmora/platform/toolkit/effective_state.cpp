@@ -2,47 +2,13 @@
 
 #include <algorithm>
 
-#include "velmora/platform/screen/sketch.h"
+#include "velmora/platform/screen/places.h"
 
 namespace velmora::toolkit {
 
 using screen::Control;
 using screen::Frame;
 using screen::Layout;
-
-namespace {
-
-bool holds(const Layout& node, const Control& control) {
-    if (node.control == &control || node.captionLabel == &control) {
-        return true;
-    }
-    const auto* sketch = dynamic_cast<const screen::Sketch*>(node.control);
-    return sketch != nullptr && std::ranges::any_of(sketch->labels(), [&](const screen::Sketch::PlacedLabel& label) {
-               return label.box == &control;
-           });
-}
-
-/// Whether a control is in a layout: not at all, in a part that is currently not shown, or in a shown part.
-enum class Place { none, covered, open };
-
-Place placeOf(const Layout& node, const Control& control) {
-    if (holds(node, control)) {
-        return Place::open;
-    }
-    const bool shared = node.kind == Layout::Kind::takeTurns;
-    const std::size_t shown = shared ? shownTurn(node) : 0;
-    Place best = Place::none;
-    for (std::size_t i = 0; i < node.children.size(); ++i) {
-        Place here = placeOf(node.children[i], control);
-        if (here == Place::open && shared && i != shown) {
-            here = Place::covered;
-        }
-        best = std::max(best, here);
-    }
-    return best;
-}
-
-}  // namespace
 
 bool looksEnabled(const Control& control) {
     for (const Control* c = &control; c != nullptr; c = c->frame()) {
@@ -77,22 +43,15 @@ bool standsIn(const Control& control, const Frame& frame) {
 }
 
 bool isVisible(const Layout& node) {
-    switch (node.kind) {
-        case Layout::Kind::field:
-        case Layout::Kind::group:
-            return node.control != nullptr && node.control->isVisible();
-        default:
-            return std::ranges::any_of(node.children, isVisible);
-    }
+    return screen::isVisible(node);
 }
 
 std::size_t shownTurn(const Layout& turns) {
-    const auto first = std::ranges::find_if(turns.children, isVisible);
-    return static_cast<std::size_t>(first - turns.children.begin());
+    return screen::shownTurn(turns);
 }
 
 bool isSeen(const Control& control) {
-    return control.isVisible() && placeOf(control.form().layout(), control) != Place::covered;
+    return screen::isSeen(control);
 }
 
 }  // namespace velmora::toolkit

@@ -1,5 +1,7 @@
 #include "velmora/platform/toolkit/key_routing.h"
 
+#include "velmora/platform/toolkit/control_shortcuts.h"
+
 namespace velmora::toolkit {
 
 namespace {
@@ -11,6 +13,23 @@ void moveByTab(Form& form, bool backward) {
     backward ? form.tabBackward() : form.tabForward();
 }
 
+// Chosen C-352: a key with Control acts only as a second name, as the shortcut of a button, or with Enter as a step to
+// every field; all others, Copy and Paste among them, are left to the widget.
+bool routeWithControl(Form& form, const KeyStroke& stroke, const ControlKeys& control) {
+    if (stroke.key == Key::enter) {
+        moveToEveryField(form, stroke.shift);
+        return true;
+    }
+    if (const auto key = secondNameOf(form, stroke.character)) {
+        return routeKey(form, strokeOf(*key), control);
+    }
+    screen::Button* button = buttonWithShortcut(form, stroke.character);
+    if (button != nullptr) {
+        button->onClick();
+    }
+    return button != nullptr;
+}
+
 }  // namespace
 
 bool routeKey(Form& form, const KeyStroke& stroke, const ControlKeys& control) {
@@ -19,6 +38,9 @@ bool routeKey(Form& form, const KeyStroke& stroke, const ControlKeys& control) {
     }
     if (stroke.key == Key::none) {
         return false;
+    }
+    if (stroke.control) {
+        return routeWithControl(form, stroke, control);
     }
     // Chosen C-244: Tab moves the focus and does not reach the form's KeyDown, as on the host's screens.
     if (stroke.key == Key::tab) {

@@ -16,6 +16,7 @@ struct KeyStroke {
     screen::Key key = screen::Key::none;  ///< none: a key that forms do not see (arrows, shortcuts)
     bool shift = false;
     char32_t character = 0;  ///< 0: the key has no character
+    bool control = false;    ///< Control is held (not AltGr); the form does not see such a key
 };
 
 /// The default character of a key, used when the keyboard layout gives no other: Enter 13, Esc 27, the comma key a

@@ -1,5 +1,7 @@
 #include "velmora/platform/toolkit/user_actions.h"
 
+#include "velmora/platform/toolkit/effective_state.h"
+
 namespace velmora::toolkit {
 
 void UserActions::run(const std::function<void()>& action) {
@@ -32,7 +34,7 @@ void UserActions::guarded(const std::function<void()>& action) {
 void UserActions::settle() {
     ++depth_;
     const screen::Control* active = form_.activeControl();
-    if (active != nullptr && form_.takesInput() && !active->canTakeFocus()) {
+    if (active != nullptr && form_.takesInput() && !(active->canTakeFocus() && isSeen(*active))) {
         guarded([this] { form_.tabForward(); });
     }
     --depth_;
