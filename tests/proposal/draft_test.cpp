@@ -100,8 +100,19 @@ TEST_F(DraftTest, EveryTypeComesBack) {
         shop.choose("cboTipoPre", type);
         shop.set("txtPesu(2)", "Ref. " + std::to_string(type));
         const std::vector<std::string> typed = shop.texts();
+        const auto stops = [&] {
+            std::vector<std::string> names;
+            for (const screen::Control* control : shop.form().controls()) {
+                if (control->tabStop()) {
+                    names.push_back(control->fullName());
+                }
+            }
+            return names;
+        };
+        const std::vector<std::string> stopsBefore = stops();
         ASSERT_EQ(recover(), Restored::asItWas);
         EXPECT_THAT(shop.texts(), ElementsAreArray(typed));
+        EXPECT_THAT(stops(), ElementsAreArray(stopsBefore));
         for (const char* frame : {"Frame2", "fraPDM", "fraTriple", "fraDobleVar", "fraCremallera"}) {
             EXPECT_EQ(shop.visible(frame), shop.form().find(frame)->visible());
         }

@@ -126,6 +126,7 @@ FormMemory::Shown FormMemory::shownBy(screen::Control& control) {
     Shown shown{.control = &control,
                 .enabled = control.enabled(),
                 .visible = control.visible(),
+                .tabStop = control.tabStop(),
                 .tag = control.tag(),
                 .toolTip = control.toolTip(),
                 .backColor = control.backColor(),
@@ -150,6 +151,7 @@ void FormMemory::putBack(const Shown& shown) {
     screen::Control& control = *shown.control;
     control.setEnabled(shown.enabled);
     control.setVisible(shown.visible);
+    control.setTabStop(shown.tabStop);
     control.setTag(shown.tag);
     control.setToolTip(shown.toolTip);
     control.setBackColor(shown.backColor);
@@ -176,6 +178,7 @@ std::string FormMemory::written() const {
         text += "[" + shown.control->fullName() + "]\n";
         line("enabled", shown.enabled ? "1" : "0");
         line("visible", shown.visible ? "1" : "0");
+        line("tabStop", shown.tabStop ? "1" : "0");
         line("checked", shown.checked ? "1" : "0");
         line("tag", shown.tag);
         line("toolTip", shown.toolTip);
@@ -235,6 +238,7 @@ void FormMemory::readProperty(Shown& shown, std::string_view name, const std::st
     static constexpr Property properties[] = {
         {"enabled", [](Shown& s, const std::string& v) { s.enabled = v == "1"; }},
         {"visible", [](Shown& s, const std::string& v) { s.visible = v == "1"; }},
+        {"tabStop", [](Shown& s, const std::string& v) { s.tabStop = v == "1"; }},
         {"checked", [](Shown& s, const std::string& v) { s.checked = v == "1"; }},
         {"tag", [](Shown& s, const std::string& v) { s.tag = v; }},
         {"toolTip", [](Shown& s, const std::string& v) { s.toolTip = v; }},

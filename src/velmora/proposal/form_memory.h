@@ -29,6 +29,7 @@ class FormMemory {
         screen::Control* control;
         bool enabled;
         bool visible;
+        bool tabStop;
         std::string tag;
         std::string toolTip;
         screen::Color backColor;
