@@ -366,8 +366,8 @@ TEST_F(OpeningTest, TheNumbersButtonShowsTheProposalReadOnlyAndListsAnew) {
 }
 
 TEST_F(OpeningTest, OfTheProposalsFormWhatWritesIsOffAndOtherButtonsAreAsTheLoadLeftThem) {
-    const std::set<std::string> writing{"XPGrabar", "cmdCambios", "cmdManoObra", "cmdDuplicar",
-                                        "cmdeliminarrPropuesta"};
+    const std::set<std::string> writing{"cmdNueva",    "XPGrabar",    "cmdCambios",
+                                        "cmdManoObra", "cmdDuplicar", "cmdeliminarrPropuesta"};
     std::vector<std::pair<std::string, bool>> loaded;
     shop.form().msCargarPresupuesto(1, false);
     for (const screen::Control* control : shop.form().controls()) {
