@@ -1,6 +1,6 @@
 #!/bin/bash
-# Installs what is missing, builds the component for Windows, of 64 and of 32 bits, runs its tests under Wine, and plays
-# the scenarios through it.
+# Installs what is missing, builds the component for Windows, of 64 and of 32 bits, runs its tests under Wine, plays the
+# scenarios through it, and writes pictures of its windows to out/windows.
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit 1
 
@@ -32,8 +32,13 @@ scripts/build.sh stories velmora-drive velmora-scan velmora-story-host &&
     tests/windows/run_stories.py build/stories/bin/velmora-drive build/stories/bin/velmora-story-host.exe.so \
         build/windows/tests/velmora_stories.dll 2>&1 | tee build/stories/stories.log || failed=1
 
+# Every form as a person sees it, at both scales.
+echo "== pictures"
+tests/adapters/win32/write_pictures.sh out/windows || failed=1
+
 scripts/test_summary.sh "${presets[@]}"
 echo
 echo "== stories"
 tail -n 1 build/stories/stories.log || failed=1
+echo "$(find out/windows -name '*.png' | wc -l) pictures in out/windows"
 exit "$failed"
