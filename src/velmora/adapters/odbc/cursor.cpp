@@ -82,8 +82,9 @@ void Cursor::require(SQLRETURN answer) const {
 void Cursor::describe() {
     SQLSMALLINT count = 0;
     require(SQLNumResultCols(handle_.get(), &count));
+    std::u16string name(longestName, u'\0');
+    bool hasBinary = false;
     for (SQLUSMALLINT column = 1; column <= static_cast<SQLUSMALLINT>(count); ++column) {
-        std::u16string name(longestName, u'\0');
         SQLSMALLINT length = 0;
         SQLSMALLINT type = 0;
         SQLULEN size = 0;
@@ -91,10 +92,22 @@ void Cursor::describe() {
         SQLSMALLINT nullable = 0;
         require(SQLDescribeColW(handle_.get(), column, unitsOf(name), static_cast<SQLSMALLINT>(name.size()), &length,
                                 &type, &size, &decimals, &nullable));
-        name.resize(std::min(static_cast<std::size_t>(length), name.size() - 1));
+        const std::size_t shown = std::min(static_cast<std::size_t>(length), name.size() - 1);
+        columns_.push_back({.name = toUtf8(std::u16string_view(name).substr(0, shown)), .kind = kindOf(type)});
+        hasBinary = hasBinary || columns_.back().kind == Kind::binary;
+    }
+    if (hasBinary) {
+        findIdentity();
+    }
+}
+
+/// Only a set through which a content can be written needs to know which column the server numbers.
+void Cursor::findIdentity() {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
         SQLLEN identity = SQL_FALSE;
-        SQLColAttributeW(handle_.get(), column, SQL_DESC_AUTO_UNIQUE_VALUE, nullptr, 0, nullptr, &identity);
-        columns_.push_back({.name = toUtf8(name), .kind = kindOf(type), .identity = identity == SQL_TRUE});
+        SQLColAttributeW(handle_.get(), static_cast<SQLUSMALLINT>(i + 1), SQL_DESC_AUTO_UNIQUE_VALUE, nullptr, 0,
+                         nullptr, &identity);
+        columns_[i].identity = identity == SQL_TRUE;
     }
 }
 

@@ -17,7 +17,7 @@ enum class Kind { bit, whole, number, text, date, binary };
 struct CursorColumn {
     std::string name;
     Kind kind = Kind::text;
-    bool identity = false;  ///< numbered by the server
+    bool identity = false;  ///< numbered by the server; told of sets with a binary column only
 };
 
 /// Everything that the driver says goes out as DbError with the statement.
@@ -38,6 +38,7 @@ class Cursor {
 
   private:
     void describe();
+    void findIdentity();
     void finish();
     sql::Value value(SQLUSMALLINT column, Kind kind);
     sql::Value text(SQLUSMALLINT column);
