@@ -112,6 +112,19 @@ TEST_F(CopiesTest, ACopyIsPutBackAndWhatWasThereIsKept) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path() / "copias"), {}), 2 * 3) << "files of copies alone";
 }
 
+TEST_F(CopiesTest, ADatabaseNamedWithoutItsFolderIsCopiedAndPutBackToo) {
+    const fs::path before = fs::current_path();
+    fs::current_path(folder_.path());
+    Copies copies("taller ñ.db", clock_);
+    add(open());
+    const Copy copy = copies.make();
+    add(open());
+    wait(std::chrono::minutes(5));
+    EXPECT_NO_THROW(copies.restore(copy));
+    fs::current_path(before);
+    EXPECT_EQ(rows(open()), "1 1");
+}
+
 TEST_F(CopiesTest, NothingIsPutBackWhileTheDatabaseIsOpen) {
     const auto connection = open();
     add(connection);

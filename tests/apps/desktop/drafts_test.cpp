@@ -90,6 +90,14 @@ TEST_F(DraftsTest, OneThatIsCutOffAndOtherFilesAreNotOffered) {
     EXPECT_THAT(left(), IsEmpty());
 }
 
+TEST_F(DraftsTest, ADatabaseNamedWithoutItsFolderHasThemToo) {
+    crash(draft("38"));
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    EXPECT_EQ(Drafts("taller ñ.db").left().size(), 1u);
+    std::filesystem::current_path(before);
+}
+
 TEST_F(DraftsTest, AFolderThatCannotBeWrittenKeepsNothing) {
     Drafts drafts("/dev/null/taller.db");
     drafts.keep(draft("38"));

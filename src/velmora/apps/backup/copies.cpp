@@ -129,7 +129,7 @@ class Unfinished {
 }  // namespace
 
 Copies::Copies(const std::string& database, const system::Clock& clock)
-    : database_(system::filePath(sqlite::realFile(database))),
+    : database_(fs::absolute(system::filePath(sqlite::realFile(database)))),
       folder_(database_.parent_path() / folderName),
       clock_(clock) {}
 

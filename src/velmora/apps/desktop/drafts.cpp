@@ -42,7 +42,7 @@ std::string contentOf(const fs::path& file) {
 
 }  // namespace
 
-Drafts::Drafts(const std::string& database) : database_(system::filePath(sqlite::realFile(database))) {
+Drafts::Drafts(const std::string& database) : database_(fs::absolute(system::filePath(sqlite::realFile(database)))) {
     file_ = named(std::to_string(std::random_device()()));
     lock_ = ::open(with(file_, ofRunning).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (lock_ >= 0) {
