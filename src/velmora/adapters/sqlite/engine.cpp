@@ -78,7 +78,8 @@ std::vector<std::string> Engine::files() {
     const std::string main = sqlite3_db_filename(link()->handle(), mainSchema.data());
     const std::string documents = std::filesystem::weakly_canonical(documentsFileOf(path_), ignored).string();
     for (const std::string& file : {main, documents}) {
-        for (const char* ending : {"", "-wal", "-shm", "-journal"}) {
+        files.push_back(file);
+        for (const char* ending : sideFileEndings) {
             files.push_back(file + ending);
         }
     }

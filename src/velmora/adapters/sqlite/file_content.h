@@ -1,6 +1,7 @@
 #pragma once
 // What a file holds, looked at before the engine opens it: opening sets the journal mode and makes a missing file.
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -28,6 +29,10 @@ std::int64_t rowsOf(const std::string& path, const std::string& table);
 
 /// The file that a path leads to: symbolic links are followed, also to a file that does not exist yet.
 std::string realFile(const std::string& path);
+
+/// The files of the engine that may lie beside a database, by their endings. They would be applied to another database
+/// that takes its place.
+inline constexpr std::array sideFileEndings{"-wal", "-shm", "-journal"};
 
 /// The file that holds the documents of the database at this path: beside the real one.
 std::string documentsFileOf(const std::string& path);

@@ -81,9 +81,8 @@ void mustBeSound(const fs::path& file) {
     }
 }
 
-/// Files of the engine beside a database; they would be applied to another one that takes its place.
 void removeSideFiles(const fs::path& file) {
-    for (const char* side : {"-wal", "-shm", "-journal"}) {
+    for (const char* side : sqlite::sideFileEndings) {
         fs::path beside = file;
         beside += side;
         std::error_code ignored;

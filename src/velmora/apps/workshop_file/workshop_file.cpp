@@ -1,6 +1,5 @@
 #include "velmora/apps/workshop_file/workshop_file.h"
 
-#include <array>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -23,9 +22,6 @@ constexpr const char* inMemory = ":memory:";
 constexpr const char* proposals = "DPI";
 constexpr const char* documents = "dex";
 
-/// A database and the files of the engine that may lie beside it.
-constexpr std::array sideFiles{"-wal", "-shm", "-journal"};
-
 fs::path documentsFileOf(const fs::path& file) {
     return system::filePath(sqlite::documentsFileOf(system::fileText(file)));
 }
@@ -36,7 +32,7 @@ fs::path unfinished(const fs::path& file) {
 }
 
 void removeSideFiles(const fs::path& file) {
-    for (const char* ending : sideFiles) {
+    for (const char* ending : sqlite::sideFileEndings) {
         fs::path side = file;
         side += ending;
         fs::remove(side);
