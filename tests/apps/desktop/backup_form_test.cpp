@@ -12,6 +12,7 @@
 
 #include "support/fake_screen.h"
 #include "support/no_services.h"
+#include "support/proposal_workshop.h"
 #include "support/stopped_clock.h"
 #include "support/temporary_folder.h"
 
@@ -44,6 +45,8 @@ class BackupFormTest : public ::testing::Test {
     components::ComponentFactory components;
     platform::Desk desk{screen, components, services, clock};
     backup::Copies copies{database, clock};
+    std::unique_ptr<sql::Connection> rows = support::makeWorkshopDatabase();
+    adapters::StandInSession session{*rows};
 };
 
 TEST_F(BackupFormTest, ACopyIsMadeAndListed) {
@@ -81,7 +84,7 @@ TEST_F(BackupFormTest, TheChosenOneIsPutBackAfterAYesOnly) {
 TEST_F(BackupFormTest, TheStartWindowTellsTheLastOneAndHandsOnWhichIsWanted) {
     copies.make();
     shell::VMORA vmora(desk);
-    StartForm start(desk, vmora, &copies);
+    StartForm start(desk, vmora, session, &copies);
     const auto state = [&] { return dynamic_cast<screen::Label&>(*start.find("lblCopias")).caption(); };
     EXPECT_EQ(state(), "Última copia de seguridad: 15/01/2026 10:00");
     clock.time.at += std::chrono::days(8);
@@ -100,7 +103,7 @@ TEST_F(BackupFormTest, TheStartWindowTellsTheLastOneAndHandsOnWhichIsWanted) {
 
 TEST_F(BackupFormTest, AServersCopiesAreItsOwn) {
     shell::VMORA vmora(desk);
-    StartForm start(desk, vmora, nullptr);
+    StartForm start(desk, vmora, session, nullptr);
     EXPECT_FALSE(start.find("cmdCopias")->visible());
     EXPECT_FALSE(start.find("lblCopias")->visible());
 }

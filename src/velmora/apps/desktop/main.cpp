@@ -33,7 +33,7 @@ std::optional<backup::Copy> perform(const desktop::Options& options, shell::VMOR
                                     backup::Copies* copies) {
     switch (options.opening) {
         case desktop::Opening::start: {
-            desktop::StartForm form(desk, vmora, copies);
+            desktop::StartForm form(desk, vmora, vmora.MyBd(), copies);
             desk.screen.showModal(form);
             return form.wanted();
         }

@@ -1,6 +1,7 @@
 #include "velmora/apps/desktop/start_form.h"
 
 #include "velmora/apps/desktop/backup_form.h"
+#include "velmora/apps/desktop/start_menu.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/version.h"
 
@@ -16,8 +17,8 @@ bool isDigit(char32_t character) {
 
 }  // namespace
 
-StartForm::StartForm(platform::Desk& desk, shell::VMORA& vmora, backup::Copies* copies)
-    : Form("frmInicio"), desk_(desk), vmora_(vmora), copies_(copies) {
+StartForm::StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies)
+    : Form("frmInicio"), desk_(desk), vmora_(vmora), session_(session), copies_(copies) {
     setCaption("VELMORA " + platform::version());
     arrange();
     wire();
@@ -32,7 +33,9 @@ void StartForm::arrange() {
     cmdSalir_.setCaption("Sa&lir (ESC)");
     txtNumero_.setToolTip("Número de la propuesta que se quiere consultar");
     const auto large = [](screen::Button& button) { return lay::plain(button).as(screen::Role::total); };
-    setLayout(lay::column(large(cmdPropuestas_), large(cmdSeguimiento_), large(cmdParametros_),
+    barMenu_.setAccessibleName("Menú");
+    barMenu_.setItems(menuItems(*this));
+    setLayout(lay::column(lay::plain(barMenu_), large(cmdPropuestas_), large(cmdSeguimiento_), large(cmdParametros_),
                           lay::row(lay::field("Propuesta nº", txtNumero_, 9).number(), lay::plain(cmdVerPropuesta_),
                                    lay::space(), lay::plain(cmdSalir_)),
                           lay::row(lay::plain(lblCopias_), lay::space(), lay::plain(cmdCopias_))));
@@ -50,6 +53,10 @@ void StartForm::wire() {
             (vmora_.*operation)();
             showStateOfCopies();
         };
+    };
+    barMenu_.onMenuClick = [this](const std::string& key) {
+        performEntry(*this, key);
+        showStateOfCopies();
     };
     cmdPropuestas_.onClick = opens(&shell::VMORA::jShow);
     cmdSeguimiento_.onClick = opens(&shell::VMORA::jShowSeguimiento);

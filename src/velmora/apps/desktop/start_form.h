@@ -1,19 +1,29 @@
 #pragma once
-// The start window of the desktop program: a button for each public operation.
+// The start window of the desktop program: a menu, and a button for each public operation.
 
 #include <optional>
 
 #include "velmora/apps/backup/copies.h"
 #include "velmora/platform/desk.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/session/session.h"
 #include "velmora/shell/vmora.h"
 
 namespace velmora::desktop {
 
 class StartForm : public screen::Form {
   public:
-    /// Desk, public class and copies must outlive the form. Without copies, as on a server, their button is not shown.
-    StartForm(platform::Desk& desk, shell::VMORA& vmora, backup::Copies* copies);
+    /// All must outlive the form; the session is that of the public class. Without copies, as on a server, their button
+    /// is not shown.
+    StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies);
+
+    // --- For the entries of the menu -------------------------------------------------------------------------
+
+    platform::Desk& desk() { return desk_; }
+    shell::VMORA& vmora() { return vmora_; }
+    session::Session& session() { return session_; }
+    bool hasCopies() const { return copies_ != nullptr; }
+    void showCopies();
 
     /// The copy that the user wants put back; the form has been unloaded for it.
     const std::optional<backup::Copy>& wanted() const { return wanted_; }
@@ -22,13 +32,14 @@ class StartForm : public screen::Form {
     void arrange();
     void wire();
     void showProposal();
-    void showCopies();
     void showStateOfCopies();
 
     platform::Desk& desk_;
     shell::VMORA& vmora_;
+    session::Session& session_;
     backup::Copies* copies_;
     std::optional<backup::Copy> wanted_;
+    screen::Toolbar barMenu_{*this, "barMenu"};
     screen::Button cmdPropuestas_{*this, "cmdPropuestas"};
     screen::Button cmdSeguimiento_{*this, "cmdSeguimiento"};
     screen::Button cmdParametros_{*this, "cmdParametros"};

@@ -1,0 +1,70 @@
+#include "velmora/apps/desktop/start_menu.h"
+
+#include "velmora/apps/desktop/start_form.h"
+
+namespace velmora::desktop {
+
+namespace {
+
+Menu fileMenu() {
+    return {"&Archivo",
+            {{.key = "copias",
+              .caption = "&Copias de seguridad…",
+              .perform = [](StartForm& start) { start.showCopies(); },
+              .isOffered = [](const StartForm& start) { return start.hasCopies(); }},
+             {.key = "salir", .caption = "Sa&lir (ESC)", .perform = [](StartForm& start) { start.unload(); }}}};
+}
+
+Menu dataMenu() {
+    return {"&Datos", {{.key = "materiales", .caption = "Parámetros de &materiales…", .perform = [](StartForm& start) {
+                            start.vmora().jShowParametros();
+                        }}}};
+}
+
+Menu settingsMenu() {
+    return {"A&justes", {}};
+}
+
+Menu helpMenu() {
+    return {"Ay&uda", {}};
+}
+
+bool isOffered(const MenuEntry& entry, const StartForm& start) {
+    return !entry.isOffered || entry.isOffered(start);
+}
+
+}  // namespace
+
+const std::vector<Menu>& startMenus() {
+    static const std::vector<Menu> menus{fileMenu(), dataMenu(), settingsMenu(), helpMenu()};
+    return menus;
+}
+
+std::vector<screen::Toolbar::Item> menuItems(const StartForm& start) {
+    std::vector<screen::Toolbar::Item> items;
+    for (const Menu& menu : startMenus()) {
+        screen::Toolbar::Item item{.caption = menu.caption, .menu = {}};
+        for (const MenuEntry& entry : menu.entries) {
+            if (isOffered(entry, start)) {
+                item.menu.push_back({.key = entry.key, .caption = entry.caption});
+            }
+        }
+        if (!item.menu.empty()) {
+            items.push_back(std::move(item));
+        }
+    }
+    return items;
+}
+
+void performEntry(StartForm& start, const std::string& key) {
+    for (const Menu& menu : startMenus()) {
+        for (const MenuEntry& entry : menu.entries) {
+            if (entry.key == key) {
+                entry.perform(start);
+                return;
+            }
+        }
+    }
+}
+
+}  // namespace velmora::desktop
