@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QScreen>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "velmora/adapters/qt/explanations.h"
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/sketch_view.h"
 #include "velmora/adapters/qt/text.h"
@@ -242,6 +244,9 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusIn:
             handleForeignFocus(view, static_cast<QFocusEvent*>(event)->reason());
             return false;
+        case QEvent::ToolTip:
+            return showExplanation(*this, view.control(), static_cast<const QHelpEvent&>(*event),
+                                   static_cast<QWidget&>(*watched));
         case QEvent::ContextMenu:
         case QEvent::Wheel:
         case QEvent::Drop:

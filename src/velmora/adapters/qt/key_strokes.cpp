@@ -11,7 +11,7 @@ using screen::Key;
 
 constexpr char32_t deleteCharacter = 127;
 
-constexpr std::array<std::pair<int, Key>, 14> namedKeys{{
+constexpr std::array<std::pair<int, Key>, 15> namedKeys{{
     {Qt::Key_Return, Key::enter},
     {Qt::Key_Enter, Key::enter},
     {Qt::Key_Escape, Key::escape},
@@ -26,6 +26,7 @@ constexpr std::array<std::pair<int, Key>, 14> namedKeys{{
     {Qt::Key_F7, Key::f7},
     {Qt::Key_F8, Key::f8},
     {Qt::Key_F9, Key::f9},
+    {Qt::Key_F12, Key::f12},
 }};
 
 bool isShortcut(const QKeyEvent& event) {

@@ -1,9 +1,11 @@
 #include "velmora/adapters/qt/text_box_view.h"
 
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <algorithm>
 
+#include "velmora/adapters/qt/explanations.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
 #include "velmora/platform/toolkit/key_routing.h"
@@ -36,6 +38,9 @@ bool TextBoxView::otherEvent(QEvent& event) {
     }
     if (event.type() == QEvent::InputMethod) {
         return committedText(static_cast<QInputMethodEvent&>(event).commitString());
+    }
+    if (event.type() == QEvent::ContextMenu) {
+        return openMenuWithQuestion(host(), box(), static_cast<const QContextMenuEvent&>(event), *edit_);
     }
     return false;
 }

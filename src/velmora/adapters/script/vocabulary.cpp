@@ -32,7 +32,8 @@ toolkit::KeyStroke strokeNamed(std::string_view name) {
                                                                                   {"F6", Key::f6},
                                                                                   {"F7", Key::f7},
                                                                                   {"F8", Key::f8},
-                                                                                  {"F9", Key::f9}});
+                                                                                  {"F9", Key::f9},
+                                                                                  {"F12", Key::f12}});
     constexpr std::string_view control = "CTRL+";
     if (name.starts_with(control)) {
         const std::string_view rest = name.substr(control.size());

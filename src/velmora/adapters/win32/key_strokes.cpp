@@ -13,7 +13,7 @@ using toolkit::RowMove;
 
 constexpr char32_t deleteCharacter = 127;
 
-constexpr std::array<std::pair<WPARAM, Key>, 12> namedKeys{{
+constexpr std::array<std::pair<WPARAM, Key>, 13> namedKeys{{
     {VK_RETURN, Key::enter},
     {VK_ESCAPE, Key::escape},
     {VK_TAB, Key::tab},
@@ -26,6 +26,7 @@ constexpr std::array<std::pair<WPARAM, Key>, 12> namedKeys{{
     {VK_F7, Key::f7},
     {VK_F8, Key::f8},
     {VK_F9, Key::f9},
+    {VK_F12, Key::f12},
 }};
 
 constexpr std::array<std::pair<WPARAM, RowMove>, 6> rowKeys{{

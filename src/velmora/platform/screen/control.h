@@ -3,6 +3,7 @@
 // the user does.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -36,6 +37,8 @@ enum class Property {
     backColor,
     foreColor,
     toolTip,
+    hint,
+    warning,
     tag,
     tabStop,
     items,
@@ -70,6 +73,13 @@ class Control {
     void setTag(std::string_view tag) { assign(tag_, std::string(tag), Property::tag); }
     const std::string& toolTip() const { return toolTip_; }
     void setToolTip(std::string_view text) { assign(toolTip_, std::string(text), Property::toolTip); }
+    /// What may be entered, and what for; shown in the status line while the control has the focus.
+    const std::string& hint() const { return hint_; }
+    void setHint(std::string_view text) { assign(hint_, std::string(text), Property::hint); }
+    /// What is wrong with the present value although it was accepted, such as a material without a price. The field has
+    /// an amber border while the text is not empty; the text is shown with it and, with the focus, in the status line.
+    const std::string& warning() const { return warning_; }
+    void setWarning(std::string_view text) { assign(warning_, std::string(text), Property::warning); }
     Color backColor() const { return backColor_; }
     void setBackColor(Color color) { assign(backColor_, color, Property::backColor); }
     Color foreColor() const { return foreColor_; }
@@ -99,6 +109,12 @@ class Control {
     Event<> onGotFocus;
     Event<> onLostFocus;
 
+    /// For calculated values: how the present value came about, in lines. Evaluated when the user asks for the tool
+    /// tip, which it replaces unless it is empty. Must not change the form.
+    std::function<std::string()> explanation;
+    /// The user asks why the control has its value. The context menu offers it when there is a handler.
+    Event<> onExplain;
+
   protected:
     template <typename T>
     void assign(T& slot, T value, Property property) {
@@ -118,6 +134,8 @@ class Control {
     bool tabStop_ = true;
     std::string tag_;
     std::string toolTip_;
+    std::string hint_;
+    std::string warning_;
     std::string accessibleName_;
     Color backColor_ = colors::white;
     Color foreColor_ = colors::black;

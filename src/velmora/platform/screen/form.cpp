@@ -232,4 +232,10 @@ void Form::notifyForm() {
     }
 }
 
+void Form::notifyStatus() {
+    for (FormObserver* observer : std::vector(observers_)) {
+        observer->statusChanged();
+    }
+}
+
 }  // namespace velmora::screen

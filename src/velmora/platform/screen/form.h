@@ -8,6 +8,7 @@
 
 #include "velmora/platform/screen/control.h"
 #include "velmora/platform/screen/layout.h"
+#include "velmora/platform/screen/status_line.h"
 
 namespace velmora::screen {
 
@@ -18,6 +19,7 @@ class FormObserver {
     virtual void controlChanged(Control& control, Property property) = 0;
     virtual void formChanged() = 0;  ///< caption, enabled or unloaded has changed
     virtual void focusMoved(Control* control) = 0;
+    virtual void statusChanged() {}  ///< a text of the status line has changed
 };
 
 class Form {
@@ -35,6 +37,9 @@ class Form {
     bool enabled() const { return enabled_; }
     /// While the form is disabled, none of its controls takes the focus.
     void setEnabled(bool enabled);
+    /// State of the record, last action, reason of an action without effect.
+    StatusLine& status() { return status_; }
+    const StatusLine& status() const { return status_; }
 
     /// All controls in order of construction.
     const std::vector<Control*>& controls() const { return controls_; }
@@ -105,6 +110,7 @@ class Form {
     void remove(Control& control);
     void notify(Control& control, Property property);
     void notifyForm();
+    void notifyStatus();
     void give(Control* control);
     bool move(const std::function<Control*()>& target, Insist insist);
     void tab(int step, Insist insist);
@@ -122,6 +128,7 @@ class Form {
     Control* redirected_ = nullptr;  ///< control to which a SetFocus inside a LostFocus moved the focus
     bool leaving_ = false;           ///< a LostFocus is running
     std::vector<FormObserver*> observers_;
+    StatusLine status_{[this] { notifyStatus(); }};
 };
 
 }  // namespace velmora::screen

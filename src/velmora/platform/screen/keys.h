@@ -20,6 +20,7 @@ enum class Key {
     f7,
     f8,
     f9,
+    f12,
 };
 
 /// A key that is being handled: by the form first, then by the field. A handler replaces it by setting `key` and

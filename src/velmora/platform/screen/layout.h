@@ -38,6 +38,7 @@ struct Layout {
     int width = 0;                  ///< of a field, in digits; 0: all available width
     int lines = 1;                  ///< number of lines of a text field
     bool right = false;             ///< right-aligned, for numbers
+    int decimals = 0;               ///< a number without the focus is painted with at least as many; its text stays
     Role role = Role::entered;
     int stretch = 0;  ///< share of the remaining space
     bool captionAbove = false;
@@ -45,6 +46,12 @@ struct Layout {
     // Modifiers, chained: field("Z", box, 6).number().asCalculated()
     Layout&& number() && {
         right = true;
+        return std::move(*this);
+    }
+    /// The same, painted with at least so many decimals.
+    Layout&& number(int shownDecimals) && {
+        right = true;
+        decimals = shownDecimals;
         return std::move(*this);
     }
     Layout&& as(Role r) && {

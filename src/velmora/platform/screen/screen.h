@@ -63,6 +63,9 @@ class Screen {
     /// The 0-based row that was chosen; nullopt when the window was closed without a choice.
     virtual std::optional<std::size_t> search(const SearchWindow& window) = 0;
     virtual void setPointer(Pointer pointer) = 0;
+    /// What is under way and takes long, such as waiting for another user's lock: shown in the status line of the
+    /// topmost form at once, until it is told an empty text.
+    virtual void tellWork(std::string_view /*text*/) {}
     /// Runs pending events of the toolkit.
     virtual void processEvents() = 0;
     /// A progress window with a Cancel button; it appears only when the work takes longer than about a second.

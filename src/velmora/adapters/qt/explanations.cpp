@@ -1,0 +1,55 @@
+#include "velmora/adapters/qt/explanations.h"
+
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QToolTip>
+#include <string>
+
+#include "velmora/adapters/qt/text.h"
+
+namespace velmora::qt {
+
+namespace {
+
+/// An error cannot be shown in a tool tip: it is reported after the event, and the plain tool tip is shown.
+std::string explanationOf(ViewHost& host, const screen::Control& control) {
+    try {
+        return control.explanation ? control.explanation() : std::string();
+    } catch (...) {
+        host.reportLater(std::current_exception());
+        return {};
+    }
+}
+
+}  // namespace
+
+bool showExplanation(ViewHost& host, const screen::Control& control, const QHelpEvent& event, QWidget& widget) {
+    const std::string explanation = explanationOf(host, control);
+    if (control.warning().empty() && explanation.empty()) {
+        return false;
+    }
+    const std::string& rest = explanation.empty() ? control.toolTip() : explanation;
+    const std::string between = control.warning().empty() || rest.empty() ? "" : "\n";
+    QToolTip::showText(
+        event.globalPos(),
+        toQt(control.warning() + between + rest).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")),
+        &widget);
+    return true;
+}
+
+bool openMenuWithQuestion(ViewHost& host, screen::Control& control, const QContextMenuEvent& event, QLineEdit& edit) {
+    if (!control.onExplain) {
+        return false;
+    }
+    QMenu* menu = edit.createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("¿Por qué este valor?"), &edit,
+                    [&host, &control] { host.feed([&control] { control.onExplain(); }); });
+    menu->popup(event.globalPos());
+    return true;
+}
+
+}  // namespace velmora::qt
