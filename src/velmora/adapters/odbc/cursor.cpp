@@ -57,8 +57,8 @@ SQLWCHAR* unitsOf(std::u16string& text) {
 
 }  // namespace
 
-Cursor::Cursor(SQLHANDLE connection, std::string statement, std::chrono::seconds patience)
-    : statement_(std::move(statement)), handle_(newStatement(connection, patience)) {
+Cursor::Cursor(StatementStock& statements, std::string statement)
+    : statements_(&statements), statement_(std::move(statement)), handle_(statements.take()) {
     std::u16string text = toUtf16(statement_);
     const SQLRETURN answer = SQLExecDirectW(handle_.get(), unitsOf(text), static_cast<SQLINTEGER>(text.size()));
     if (answer != SQL_NO_DATA) {
@@ -70,6 +70,12 @@ Cursor::Cursor(SQLHANDLE connection, std::string statement, std::chrono::seconds
         SQLRowCount(handle_.get(), &changed);
         changedRows_ = static_cast<long>(changed);
         finish();
+    }
+}
+
+Cursor::~Cursor() {
+    if (ended_ && handle_.get() != nullptr) {
+        statements_->giveBack(std::move(handle_));
     }
 }
 
@@ -116,6 +122,7 @@ void Cursor::finish() {
     for (;;) {
         const SQLRETURN answer = SQLMoreResults(handle_.get());
         if (answer == SQL_NO_DATA) {
+            ended_ = true;
             return;
         }
         require(answer);
@@ -235,9 +242,8 @@ sql::Value Cursor::bytes(SQLUSMALLINT column) {
     return all;
 }
 
-long updateBinary(SQLHANDLE connection, const std::string& statement, const sql::Bytes& content,
-                  std::chrono::seconds patience) {
-    const StatementHandle handle = newStatement(connection, patience);
+long updateBinary(StatementStock& statements, const std::string& statement, const sql::Bytes& content) {
+    const StatementHandle handle = statements.take();
     const auto require = [&](SQLRETURN answer) {
         if (!SQL_SUCCEEDED(answer) && answer != SQL_NO_DATA) {
             throw errorOf(diagnosticsOf(SQL_HANDLE_STMT, handle.get()), statement);

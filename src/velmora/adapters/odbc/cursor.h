@@ -1,7 +1,6 @@
 #pragma once
 // A statement that has been sent, and the rows that it answers, forward only.
 
-#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,9 +22,11 @@ struct CursorColumn {
 /// Everything that the driver says goes out as DbError with the statement.
 class Cursor {
   public:
-    /// Sends the statement. A statement without rows has run to its end afterwards. Each wait for the server ends after
-    /// `patience`; 0: never.
-    Cursor(SQLHANDLE connection, std::string statement, std::chrono::seconds patience);
+    /// Sends the statement. A statement without rows has run to its end afterwards. `statements` must live longer.
+    Cursor(StatementStock& statements, std::string statement);
+    ~Cursor();
+    Cursor(Cursor&&) noexcept = default;
+    Cursor& operator=(Cursor&&) = delete;
 
     /// Empty for a statement that answers no rows.
     const std::vector<CursorColumn>& columns() const { return columns_; }
@@ -45,15 +46,16 @@ class Cursor {
     sql::Value bytes(SQLUSMALLINT column);
     void require(SQLRETURN answer) const;
 
+    StatementStock* statements_;
     std::string statement_;
     StatementHandle handle_;
     std::vector<CursorColumn> columns_;
     long changedRows_ = -1;
+    bool ended_ = false;
 };
 
 /// Runs an UPDATE whose one parameter is a binary content, sent whole. The number of rows that it changed. Errors:
 /// DbError.
-long updateBinary(SQLHANDLE connection, const std::string& statement, const sql::Bytes& content,
-                  std::chrono::seconds patience);
+long updateBinary(StatementStock& statements, const std::string& statement, const sql::Bytes& content);
 
 }  // namespace velmora::odbc

@@ -288,8 +288,7 @@ void Engine::updateBinary(const BinaryTarget& target, const sql::Value& key, con
     const std::string where = " WHERE " + target.key + " = " + literal;
     onLink([&](Link& link) {
         const std::string update = "UPDATE " + target.table + " SET " + target.column + " = ?" + where;
-        const long changed =
-            link.watch([&] { return odbc::updateBinary(link.handle(), update, content, link.patience()); });
+        const long changed = link.watch([&] { return odbc::updateBinary(link.statements(), update, content); });
         if (changed == 0) {
             throw sql::DbError(sql::provider::rowGone, "La fila que se iba a actualizar ya no existe.",
                                {.statement = std::string(statement)});

@@ -24,11 +24,22 @@ SQLPOINTER asPointer(std::uintptr_t value) {
     return reinterpret_cast<SQLPOINTER>(value);
 }
 
-StatementHandle newStatement(SQLHANDLE connection, std::chrono::seconds patience) {
-    StatementHandle made(connection);
+StatementHandle StatementStock::take() {
+    if (idle_) {
+        StatementHandle taken = std::move(*idle_);
+        idle_.reset();
+        return taken;
+    }
+    StatementHandle made(connection_);
     // A driver without it waits without end, as it would anyway.
-    SQLSetStmtAttr(made.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(static_cast<std::uintptr_t>(patience.count())), 0);
+    SQLSetStmtAttr(made.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(static_cast<std::uintptr_t>(patience_.count())), 0);
     return made;
+}
+
+void StatementStock::giveBack(StatementHandle statement) noexcept {
+    if (!idle_ && SQL_SUCCEEDED(SQLFreeStmt(statement.get(), SQL_CLOSE))) {
+        idle_.emplace(std::move(statement));
+    }
 }
 
 SQLHANDLE environment() {

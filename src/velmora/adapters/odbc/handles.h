@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 #include <sql.h>
@@ -47,8 +48,26 @@ using EnvironmentHandle = Handle<SQL_HANDLE_ENV>;
 using ConnectionHandle = Handle<SQL_HANDLE_DBC>;
 using StatementHandle = Handle<SQL_HANDLE_STMT>;
 
-/// A statement on a connection, whose waits for the server end after `patience`; 0: never.
-StatementHandle newStatement(SQLHANDLE connection, std::chrono::seconds patience);
+/// The statements of one connection. One that has run to its end is used again: making one costs the driver as much as
+/// describing a short answer. For the thread that uses the connection.
+class StatementStock {
+  public:
+    /// Each wait of its statements for the server ends after `patience`; 0: never.
+    StatementStock(SQLHANDLE connection, std::chrono::seconds patience)
+        : connection_(connection), patience_(patience) {}
+
+    /// Errors: DbError (provider::failure).
+    StatementHandle take();
+    /// Of a statement that has run to its end, without parameters.
+    void giveBack(StatementHandle statement) noexcept;
+    /// Before the connection ends.
+    void clear() { idle_.reset(); }
+
+  private:
+    SQLHANDLE connection_;
+    std::chrono::seconds patience_;
+    std::optional<StatementHandle> idle_;
+};
 
 /// A whole number where the interface wants a pointer.
 SQLPOINTER asPointer(std::uintptr_t value);

@@ -46,7 +46,7 @@ std::u16string infoOf(SQLHANDLE connection, SQLUSMALLINT what) {
 }  // namespace
 
 Link::Link(const std::string& connectionText, const Options& options)
-    : handle_(environment()), patience_(options.statementTimeout) {
+    : handle_(environment()), statements_(handle_.get(), options.statementTimeout) {
     connect(connectionText, options);
     if (infoOf(handle_.get(), SQL_DBMS_NAME) == tsqlServer) {
         server_ = Server::tsql;
@@ -58,6 +58,7 @@ Link::Link(const std::string& connectionText, const Options& options)
 }
 
 Link::~Link() {
+    statements_.clear();
     SQLDisconnect(handle_.get());
 }
 
@@ -84,12 +85,12 @@ std::string Link::catalog() const {
 }
 
 Cursor Link::send(std::string_view statement) {
-    return watch([&] { return Cursor(handle_.get(), std::string(statement), patience_); });
+    return watch([&] { return Cursor(statements_, std::string(statement)); });
 }
 
 sql::Value Link::ask(std::string_view statement) {
     return watch([&] {
-        Cursor answer(handle_.get(), std::string(statement), patience_);
+        Cursor answer(statements_, std::string(statement));
         sql::Row row;
         sql::Row others;
         if (answer.columns().empty() || !answer.next(row)) {
@@ -103,7 +104,7 @@ sql::Value Link::ask(std::string_view statement) {
 
 /// A driver may report the first failure of a broken line in general terms: then its state tells, or the next
 /// statement.
-bool Link::meansLoss(const sql::DbError& error) const {
+bool Link::meansLoss(const sql::DbError& error) {
     const std::string& state = error.details().sqlState;
     if (isLoss(state)) {
         return true;
@@ -115,7 +116,7 @@ bool Link::meansLoss(const sql::DbError& error) const {
         return true;
     }
     try {
-        const Cursor probe(handle_.get(), std::string(probeStatement), patience_);
+        const Cursor probe(statements_, std::string(probeStatement));
         return false;
     } catch (const sql::DbError& second) {
         return isLoss(second.details().sqlState) || isTimeout(second.details().sqlState);

@@ -1,7 +1,6 @@
 #pragma once
 // One connection to the server.
 
-#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -29,10 +28,9 @@ class Link {
     Link& operator=(const Link&) = delete;
 
     SQLHANDLE handle() const { return handle_.get(); }
+    StatementStock& statements() { return statements_; }
     Server server() const { return server_; }
     std::string catalog() const;
-    /// How long a statement waits for the server; 0: without end.
-    std::chrono::seconds patience() const { return patience_; }
 
     /// Sends a statement. Errors: DbError.
     Cursor send(std::string_view statement);
@@ -57,10 +55,10 @@ class Link {
 
   private:
     void connect(const std::string& connectionText, const Options& options);
-    bool meansLoss(const sql::DbError& error) const;
+    bool meansLoss(const sql::DbError& error);
 
     ConnectionHandle handle_;
-    std::chrono::seconds patience_;
+    StatementStock statements_;
     Server server_ = Server::other;
     bool lost_ = false;
 };

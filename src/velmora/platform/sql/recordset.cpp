@@ -49,18 +49,21 @@ bool sameLetters(char a, char b) {
     return lower(a) == lower(b);
 }
 
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
 }
 
+/// From the back: the columns of a table begin alike.
 bool sameName(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) {
         return false;  // the letters that names are written with keep their length in either case
     }
-    if (std::equal(a.begin(), a.end(), b.begin(), sameLetters)) {
-        return true;
+    for (std::size_t i = a.size(); i-- > 0;) {
+        if (!sameLetters(a[i], b[i])) {
+            return !(isAscii(a[i]) && isAscii(b[i])) && runtime::UCase(a) == runtime::UCase(b);
+        }
     }
-    return !isAscii(a) && runtime::UCase(a) == runtime::UCase(b);
+    return true;
 }
 
 std::string_view withoutBlanks(std::string_view text) {
