@@ -1,18 +1,38 @@
 #include "acceptance_steps.h"
 
+#include <array>
+
 namespace velmora::tracking {
 
-bool isRouteInsert(int operation) {
-    return operation == insertFirstCut || operation == insertSecondCut || operation == insertFirstLabour ||
-           operation == insertSecondLabour;
+namespace {
+
+/// Insert and commit of each row of the route.
+constexpr std::array<std::pair<int, int>, 4> routeRows{{
+    {insertFirstCut, commitFirstCut},
+    {insertSecondCut, commitSecondCut},
+    {insertFirstLabour, commitFirstLabour},
+    {insertSecondLabour, commitSecondLabour},
+}};
+
+}  // namespace
+
+int routePositionOf(int operation) {
+    int position = 0;
+    for (const auto& [insert, commitOfRow] : routeRows) {
+        ++position;
+        if (operation == insert || operation == commitOfRow) {
+            return position;
+        }
+    }
+    return 0;
 }
 
 std::string writtenBefore(int operation) {
     std::string route;
     int position = 0;
-    for (const int each : {insertFirstCut, insertSecondCut, insertFirstLabour, insertSecondLabour}) {
+    for (const auto& [insert, commitOfRow] : routeRows) {
         ++position;
-        route += operation > each ? std::to_string(position) : "";
+        route += operation > commitOfRow ? std::to_string(position) : "";
     }
     return std::string("order ") + (operation > commit ? "1" : "0") + ", proposal " +
            (operation > mark ? "1" : "pending") + ", sprocket " + (operation > insertSprocket ? "1" : "0") +

@@ -33,22 +33,30 @@ enum Operation : int {
     insertDisc,
     hubArticle,
     insertHub,
+    beginFirstCut,
     firstPlace,
     insertFirstCut,
+    commitFirstCut,
+    beginSecondCut,
     secondPlace,
     insertSecondCut,
+    commitSecondCut,
     labourLines,
+    beginFirstLabour,
     thirdPlace,
     insertFirstLabour,
+    commitFirstLabour,
+    beginSecondLabour,
     fourthPlace,
     insertSecondLabour,
+    commitSecondLabour,
     lastCommit,
     rollbackOfFailure,
 };
 inline constexpr int operations = lastCommit + 1;
 
-/// An insert of a row of the route; its refusal stops nothing.
-bool isRouteInsert(int operation);
+/// The position in the route of the row that this operation inserts or commits, whose refusal stops nothing; 0: none.
+int routePositionOf(int operation);
 
 /// What an acceptance has written when it ends just before an operation.
 std::string writtenBefore(int operation);

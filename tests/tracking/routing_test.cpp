@@ -28,9 +28,10 @@ class RoutingTest : public ::testing::Test {
 TEST_F(RoutingTest, ARowIsWrittenColumnByColumn) {
     EXPECT_TRUE(FnAltaRuta(shop.session, 2, 30, 400, 1.256, 11));
     EXPECT_THAT(shop.connection.log(),
-                ElementsAre("select isnull(max(rut_mpos),0)+1 from rut where rut_maq =11",
+                ElementsAre("BEGIN", "select isnull(max(rut_mpos),0)+1 from rut where rut_maq =11",
                             "INSERT INTO RUT (RUT_IdUsu,RUT_pos,RUT_IdOrden,RUT_NumOrden,RUT_Maq,RUT_Estimado,RUT_Mpos)"
-                            " VALUES (7,2,30,400,11,1.26,1)"));
+                            " VALUES (7,2,30,400,11,1.26,1)",
+                            "COMMIT"));
     EXPECT_EQ(shop.query(route), "7|2|30|400|11|1,26|1");
 }
 
@@ -42,16 +43,25 @@ TEST_F(RoutingTest, TheQueueOfAMachineGoesOnFromAnyOrder) {
     EXPECT_EQ(shop.query("select RUT_Mpos from RUT where RUT_Maq = 10"), "1") << "an empty machine";
 }
 
+// Begin, place, row, commit.
 TEST_F(RoutingTest, ARefusedRowGivesFalse) {
-    shop.connection.refuse(1);
-    EXPECT_FALSE(FnAltaRuta(shop.session, 1, 1, 1, 1, 10));
-    EXPECT_EQ(shop.count("RUT"), "0");
-    EXPECT_TRUE(shop.session.Campos().fields().empty());
+    for (const int refused : {2, 3}) {
+        shop.connection.restore();
+        shop.connection.refuse(refused);
+        EXPECT_FALSE(FnAltaRuta(shop.session, 1, 1, 1, 1, 10));
+        EXPECT_EQ(shop.count("RUT"), "0");
+        EXPECT_TRUE(shop.session.Campos().fields().empty());
+        EXPECT_FALSE(shop.connection.transactionOpen());
+    }
 }
 
-TEST_F(RoutingTest, AFailingLookUpGoesUp) {
-    shop.connection.refuse(0);
-    EXPECT_THROW(FnAltaRuta(shop.session, 1, 1, 1, 1, 10), sql::DbError);
+TEST_F(RoutingTest, AFailingBeginOrLookUpGoesUp) {
+    for (const int refused : {0, 1}) {
+        shop.connection.restore();
+        shop.connection.refuse(refused);
+        EXPECT_THROW(FnAltaRuta(shop.session, 1, 1, 1, 1, 10), sql::DbError);
+        EXPECT_FALSE(shop.connection.transactionOpen());
+    }
 }
 
 TEST_F(RoutingTest, NothingToDoIsNoRow) {
@@ -84,7 +94,7 @@ TEST_F(RoutingTest, ARefusedRowLeavesAGapAndTheRouteGoesOn) {
     shop.addLabour(proposal, 10, "1");
     shop.addLabour(proposal, 11, "1");
     shop.addLabour(proposal, 12, "1");
-    shop.connection.refuse(4);  // labour lines, place and row of 10, place and row of 11
+    shop.connection.refuse(7);  // labour lines, four operations of 10, begin, place and row of 11
     add({.number = 5, .id = 4}, "1");
     EXPECT_EQ(shop.query("select RUT_pos,RUT_Maq from RUT order by RUT_pos"), "1|10\n3|12");
 }
@@ -92,7 +102,7 @@ TEST_F(RoutingTest, ARefusedRowLeavesAGapAndTheRouteGoesOn) {
 TEST_F(RoutingTest, ARefusedRowDoesNotMoveTheOthersUp) {
     shop.addLabour(proposal, 10, "1");
     shop.addLabour(proposal, 11, "1");
-    shop.connection.refuse(2);
+    shop.connection.refuse(3);  // the first row
     add({.number = 5, .id = 4}, "1");
     EXPECT_EQ(shop.query("select RUT_pos from RUT"), "2");
 }

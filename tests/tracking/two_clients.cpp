@@ -1,5 +1,5 @@
-// Two processes on one database: one proposal, one new order; no order number is ever given twice; what is
-// accepted is what was shown.
+// Two to four processes on one database: one proposal, one new order; no order number and no place in a machine's queue
+// is ever given twice; what is accepted is what was shown.
 //
 //   two_clients STORY [TURNS] [--server]      the stories stand at the end, with the turns of their long form
 //
@@ -204,6 +204,50 @@ bool ownLeftoverOrder(const StoryDatabase& database, int turns) {
                            shop.accept();
                        }};
     return run(database, options, turns, 1);
+}
+
+// --- Four accept proposals of their own, all for the same machines
+// ------------------------------------------------------
+
+Tally acceptEach(const StoryDatabase& database, Meeting& meeting, int client, int turns) {
+    AcceptanceShop shop(database.open(patient));
+    shop.clock.pace = 10;
+    shop.fields.txtCriterio(numberFrom).setText("1");
+    Tally tally;
+    for (int turn = 0; turn < turns; ++turn) {
+        shop.connection.restore();
+        shop.screen.messages.clear();
+        shop.errors.clear();
+        meeting.meet();
+        shop.chooseAndAccept(client * turns + turn + 1);
+        const std::string words = lastWords(shop);
+        tally.accepted += isAccepted(words) ? 1 : 0;
+        tally.expect(isAccepted(words), words);
+    }
+    return tally;
+}
+
+bool sameMachines(const StoryDatabase& database, int turns) {
+    constexpr int clients = 4;
+    const int proposals = clients * turns;
+    fill(database, proposals);
+    Meeting meeting(clients);
+    std::vector<std::function<Tally()>> work;
+    for (int client = 0; client < clients; ++client) {
+        work.emplace_back([&, client] { return acceptEach(database, meeting, client, turns); });
+    }
+    const Tally total = sumOf(meeting, work);
+    const bool holds =
+        hold(database, {
+                           {"orders", "select count(distinct ORDEN_NUM) from ORDEN", proposals},
+                           {"route rows", "select count(*) from RUT", 3 * proposals},
+                           {"places in the saw's queue", "select count(distinct RUT_Mpos) from RUT where RUT_Maq = 131",
+                            2 * proposals},
+                           {"last place in it", "select max(RUT_Mpos) from RUT where RUT_Maq = 131", 2 * proposals},
+                           {"places in the other machine's queue",
+                            "select count(distinct RUT_Mpos) from RUT where RUT_Maq = 10", proposals},
+                       });
+    return holds && total.wrong == 0 && total.accepted == proposals;
 }
 
 // --- A list is scrolled while the other writes -----------------------------------------------------------------------
@@ -472,9 +516,8 @@ struct Story {
 };
 
 constexpr std::array stories{
-    Story{"same_proposal", sameProposal, 1000},
-    Story{"leftover_order", leftoverOrder, 500},
-    Story{"own_leftover_order", ownLeftoverOrder, 500},
+    Story{"same_proposal", sameProposal, 1000},         Story{"leftover_order", leftoverOrder, 500},
+    Story{"own_leftover_order", ownLeftoverOrder, 500}, Story{"same_machines", sameMachines, 250},
     Story{"scrolled_list", scrolledList, 500},
 };
 

@@ -56,11 +56,11 @@ void addDate(session::FieldList& campos, std::string_view column, const screen::
 /// A repeat order takes the article of the last order with the same reference.
 void addArticle(session::FieldList& campos, sql::Connection& connection, const std::string& reference) {
     if (!reference.empty()) {
-        // Kept K-144: the reference is inserted into the statement as typed; with a quote in it the server refuses the
-        // statement and the acceptance fails. Required as it is; the statement is compared to the letter.
+        // Differs D-511: a quote in the reference is escaped; otherwise it would end the literal, and a reference could
+        // find an article of any order.
         const sql::Recordset earlier = connection.execute(
             "Select top 1 art_cod,art_des from art inner join orden on art_cod = orden_art where orden_ref = '" +
-            runtime::Trim(reference) + "' order by orden_id desc");
+            runtime::Replace(runtime::Trim(reference), "'", "''") + "' order by orden_id desc");
         if (earlier.hasRows()) {
             campos.Add("ORDEN_ART", Tipo::text, earlier[0]);
             campos.Add("ORDEN_ADE", Tipo::text, runtime::Left(joined(earlier[1]), articleLength));

@@ -5,6 +5,8 @@
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/session/row_writing.h"
+#include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/sql/in_transaction.h"
 #include "velmora/tracking/order_description.h"
 
 namespace velmora::tracking {
@@ -16,10 +18,8 @@ namespace {
 constexpr std::int32_t cuttingMachine = 131;
 constexpr double cuttingEstimate = 1;
 
-}  // namespace
-
-bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrden, std::int32_t numOrden,
-                double estimado, std::int32_t maq) {
+bool insertAtEndOfQueue(session::Session& session, std::int16_t pos, std::int32_t idOrden, std::int32_t numOrden,
+                        double estimado, std::int32_t maq) {
     const sql::Recordset place = session.Connection().execute(
         "select isnull(max(rut_mpos),0)+1 from rut where rut_maq =" + runtime::CStr(std::int64_t{maq}));
     const std::int32_t queue = place[0].toLong();
@@ -34,6 +34,26 @@ bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrde
     campos.Add("RUT_Estimado", Tipo::number, estimado);
     campos.Add("RUT_Mpos", Tipo::wholeNumber, queue);
     return session::insertAddedFields(session).stored;
+}
+
+}  // namespace
+
+bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrden, std::int32_t numOrden,
+                double estimado, std::int32_t maq) {
+    // Differs D-510: the place in the machine's queue is read and written in a transaction of its own: two clients that
+    // accept at the same time do not get the same place.
+    bool written = false;
+    try {
+        return sql::inTransaction(session.Connection(), [&] {
+            written = insertAtEndOfQueue(session, pos, idOrden, numOrden, estimado, maq);
+            return written;
+        });
+    } catch (const sql::DbError&) {
+        if (!written) {
+            throw;
+        }
+        return false;  // a refused commit is a refused row
+    }
 }
 
 void addRoute(session::Session& session, const sql::Recordset& proposal, const WorkOrder& order,

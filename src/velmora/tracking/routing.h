@@ -11,7 +11,7 @@
 namespace velmora::tracking {
 
 /// Adds one row to the route, after all that already wait for the machine; `estimado` in hours. True when it was
-/// stored. Errors: those of the look-up.
+/// stored. Runs in a transaction of its own: none may be open. Errors: those of the begin and of the look-up.
 bool FnAltaRuta(session::Session& session, std::int16_t pos, std::int32_t idOrden, std::int32_t numOrden,
                 double estimado, std::int32_t maq);
 
