@@ -1,8 +1,11 @@
 #include "velmora/apps/desktop/options.h"
 
+#include <fstream>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "support/temporary_folder.h"
 
 namespace velmora::desktop {
 namespace {
@@ -32,6 +35,18 @@ TEST(DesktopOptions, EachWindowHasItsName) {
 TEST(DesktopOptions, ADatabaseIsAFileOrAServersNotBoth) {
     EXPECT_EQ(std::get<Options>(read({"--dsn", "Server=taller"})).server, "Server=taller");
     EXPECT_TRUE(std::holds_alternative<int>(read({"--dsn", "Server=taller", "--db", "taller.db"})));
+}
+
+TEST(DesktopOptions, AFileAloneIsTheDatabaseWhenItExists) {
+    const support::TemporaryFolder folder;
+    const std::string file = folder.file("taller del año.db");
+    EXPECT_TRUE(std::holds_alternative<int>(read({file.c_str()})));
+    std::ofstream(file) << "x";
+    EXPECT_EQ(std::get<Options>(read({file.c_str()})).database, file);
+    EXPECT_EQ(std::get<Options>(read({"--open", "seguimiento", file.c_str()})).database, file);
+    EXPECT_TRUE(std::holds_alternative<int>(read({file.c_str(), "--db", "otro.db"})));
+    EXPECT_TRUE(std::holds_alternative<int>(read({file.c_str(), "--dsn", "Server=taller"})));
+    EXPECT_TRUE(std::holds_alternative<int>(read({file.c_str(), file.c_str()})));
 }
 
 TEST(DesktopOptions, WhatNoWindowIsCalledIsRefused) {

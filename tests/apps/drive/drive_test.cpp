@@ -8,6 +8,8 @@
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 
+#include "velmora/platform/version.h"
+
 namespace velmora::drive {
 namespace {
 
@@ -61,6 +63,12 @@ TEST_F(Drive, PlaysTheStandardInputOnADemonstrationWorkshop) {
     EXPECT_TRUE(demo.output.starts_with("n\n")) << demo.output;
     EXPECT_NE(demo.output, "n\n0\n");
     EXPECT_EQ(run("--data demo -", "query \"select count(*) n from CLI where CLI_ID > 0\"").output, demo.output);
+}
+
+TEST_F(Drive, SaysItsVersion) {
+    const Outcome version = run("--version", "");
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.output, "velmora-drive " + platform::version() + "\n");
 }
 
 TEST_F(Drive, ANewDatabaseCanBeEmpty) {

@@ -8,6 +8,7 @@
 #include "velmora/apps/backup/copies.h"
 #include "velmora/apps/desktop/daily_copy.h"
 #include "velmora/apps/desktop/draft_watch.h"
+#include "velmora/apps/desktop/no_display.h"
 #include "velmora/apps/desktop/options.h"
 #include "velmora/apps/desktop/reconnection.h"
 #include "velmora/apps/desktop/start_form.h"
@@ -134,7 +135,9 @@ int main(int argc, char** argv) {
     if (!onScreen) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    std::optional<desktop::DisplayNeeded> displayNeeded(std::in_place);
     QApplication application(argc, argv);
+    displayNeeded.reset();
     QApplication::setApplicationName(QStringLiteral("velmora"));
     qt::QtScreen screen;
     try {

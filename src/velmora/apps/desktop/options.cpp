@@ -3,9 +3,14 @@
 #include <CLI/CLI.hpp>
 #include <array>
 #include <charconv>
+#include <filesystem>
 #include <optional>
 #include <string_view>
+#include <system_error>
 #include <utility>
+
+#include "velmora/platform/system/file_path.h"
+#include "velmora/platform/version.h"
 
 namespace velmora::desktop {
 
@@ -40,18 +45,44 @@ bool readOpening(std::string_view text, Options& options) {
     return proposal.has_value();
 }
 
+/// Empty for a file that is there, otherwise what is wrong.
+std::string existingFile(const std::string& path) {
+    std::error_code failure;
+    return std::filesystem::is_regular_file(system::filePath(path), failure) ? std::string() : "no existe: " + path;
+}
+
+void speakSpanish(CLI::App& app) {
+    constexpr std::array<std::pair<const char*, const char*>, 4> words{
+        {{"Usage", "Uso"}, {"OPTIONS", "OPCIONES"}, {"Positionals", "Fichero"}, {"Excludes", "No con"}}};
+    for (const auto& [english, spanish] : words) {
+        app.get_formatter()->label(english, spanish);
+    }
+    app.option_defaults()->group("Opciones");
+    app.failure_message([](const CLI::App*, const CLI::Error& e) {
+        return std::string("velmora: ") + e.what() + "\nLas opciones: velmora --help\n";
+    });
+}
+
 }  // namespace
 
 std::variant<Options, int> readOptions(int argc, const char* const* argv) {
     Options options;
     std::string open;
     CLI::App app{"VELMORA: propuestas de piñones especiales", "velmora"};
+    speakSpanish(app);
+    app.set_help_flag("-h,--help", "Escribe estas opciones y termina");
+    app.set_version_flag("--version", "velmora " + platform::version(), "Escribe la versión y termina");
     auto* file =
         app.add_option("--db", options.database, "Base de datos; sin ella, la de la carpeta de datos del usuario")
             ->type_name("FICHERO");
-    app.add_option("--dsn", options.server, "Cadena de conexión de un servidor SQL Server")
-        ->type_name("TEXTO")
-        ->excludes(file);
+    auto* server = app.add_option("--dsn", options.server, "Cadena de conexión de un servidor SQL Server")
+                       ->type_name("TEXTO")
+                       ->excludes(file);
+    app.add_option("FICHERO", options.database, "Base de datos que se abre; tiene que existir")
+        ->type_name("")
+        ->excludes(file)
+        ->excludes(server)
+        ->check(existingFile);
     app.add_option("--open", open, "Ventana que se abre: propuestas, seguimiento, parametros, propuesta=N")
         ->type_name("VENTANA")
         ->check([](const std::string& text) {

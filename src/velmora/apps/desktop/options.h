@@ -10,8 +10,10 @@ namespace velmora::desktop {
 enum class Opening { start, proposals, tracking, parameters, proposal };
 
 struct Options {
-    std::string database;  ///< empty: the one in the user's data folder; for pictures, one in memory
-    std::string server;    ///< connection string; empty: an embedded database
+    /// Of --db, or of a line that names an existing file. Empty: the one in the user's data folder; for pictures, one
+    /// in memory.
+    std::string database;
+    std::string server;  ///< connection string; empty: an embedded database
     Opening opening = Opening::start;
     std::int32_t proposal = 0;  ///< for Opening::proposal
     std::string pictures;       ///< folder for pictures of the windows; empty: no pictures

@@ -17,6 +17,7 @@
 #include "velmora/adapters/scan_protocol/messages.h"
 #include "velmora/apps/scan/attendant.h"
 #include "velmora/platform/runtime/errors.h"
+#include "velmora/platform/version.h"
 
 namespace {
 
@@ -77,10 +78,17 @@ void scanPage(scanner::PageSource& source, const std::string& device, const Outp
 }
 
 int answer(const std::vector<std::string>& arguments) {
+    if (arguments.size() == 1 && arguments[0] == "--version") {
+        std::fputs(("velmora-scan " + platform::version() + "\n").c_str(), stdout);
+        return EXIT_SUCCESS;
+    }
     const bool listing = arguments.size() == 1 && arguments[0] == "list";
     const bool scanning = arguments.size() == 2 && arguments[0] == "scan";
     if (!listing && !scanning) {
-        std::fputs("velmora-scan list | velmora-scan scan DEVICE\nEnds when its standard input is closed.\n", stderr);
+        std::fputs(
+            "velmora-scan list | velmora-scan scan DEVICE | velmora-scan --version\nEnds when its standard input is "
+            "closed.\n",
+            stderr);
         return wrongUse;
     }
     const Output output;

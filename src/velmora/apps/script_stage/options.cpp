@@ -6,6 +6,7 @@
 
 #include "velmora/adapters/script/ending.h"
 #include "velmora/adapters/script/script_services.h"
+#include "velmora/platform/version.h"
 
 namespace velmora::script_stage {
 
@@ -100,6 +101,7 @@ void addOptionsOfScript(Options& options) {
 
 std::variant<Options, int> readOptions(int argc, char** argv) {
     OptionLine line;
+    line.app.set_version_flag("--version", "velmora-drive " + platform::version());
     line.app.add_option("SCRIPT", line.options.script, "Script; - or nothing: standard input");
     try {
         line.app.parse(argc, argv);
