@@ -107,5 +107,33 @@ TEST_F(RowWriting, FieldsAddedStepByStepAreWrittenAsTheyStand) {
     EXPECT_THAT(session.calls, ElementsAre("Insertar B A", "Actualizar B A"));
 }
 
+TEST_F(RowWriting, ANumberThatCouldNotBeReadAgainIsRefusedBeforeTheStatement) {
+    const sql::Value tooGreat[] = {1e15, -1e15, 1e308, "1E+308", "1000000000000000", "-1e20"};
+    for (const sql::Value& number : tooGreat) {
+        session.calls.clear();
+        for (const auto& write : {insertAddedFields, updateAddedFields}) {
+            session.campos.Add("A", Tipo::number, 2);
+            session.campos.Add("DPI_DmExt", Tipo::number, number);
+            const RowWrite refused = write(session);
+            EXPECT_FALSE(refused.stored);
+            EXPECT_THAT(refused.error, testing::EndsWith("es demasiado grande para guardarlo en DPI_DmExt."));
+            EXPECT_TRUE(session.campos.fields().empty());
+        }
+        EXPECT_TRUE(session.calls.empty());
+    }
+    EXPECT_THROW(insertRow(session, "T", [](FieldList& campos) { campos.Add("B", Tipo::number, 1e300); }),
+                 sql::DbError);
+}
+
+TEST_F(RowWriting, NumbersBelowTextsAndNullAreForTheSession) {
+    session.campos.Add("A", Tipo::number, 999999999999999.0);
+    session.campos.Add("B", Tipo::number, "-999999999999999");
+    session.campos.Add("C", Tipo::text, "1E+308");
+    session.campos.Add("D", Tipo::number, sql::Value());
+    session.campos.Add("E", Tipo::number, "doce");
+    EXPECT_TRUE(insertAddedFields(session).stored);
+    EXPECT_THAT(session.calls, ElementsAre("Insertar A B C D E"));
+}
+
 }  // namespace
 }  // namespace velmora::session

@@ -1,5 +1,9 @@
 #include "velmora/platform/session/row_writing.h"
 
+#include <cmath>
+#include <optional>
+
+#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/sql/db_error.h"
 
 namespace velmora::session {
@@ -21,9 +25,41 @@ class FieldsOfOneWrite {
 
 using Run = void (Session::*)(std::string& error, bool& correcto);
 
+/// A number's text has 15 digits: below this its whole part comes back as it was, and what is calculated from two such
+/// numbers still has a value.
+constexpr double tooGreat = 1e15;
+
+std::optional<double> numberIn(const Field& field) {
+    if (field.tipo != Tipo::number || field.valor.isNull()) {
+        return std::nullopt;
+    }
+    if (!field.valor.isText()) {
+        return field.valor.toDouble();
+    }
+    const std::string text = field.valor.toText();
+    return runtime::IsNumeric(text) ? std::optional(runtime::CDbl(text)) : std::nullopt;
+}
+
+/// Empty when the row can hold every number and give it back.
+// Differs D-512: a number that could not be read afterwards is refused before it is written.
+std::string refusalOf(const FieldList& campos) {
+    for (const Field& field : campos.fields()) {
+        const std::optional<double> number = numberIn(field);
+        if (number && !(std::abs(*number) < tooGreat)) {
+            return "El valor " + runtime::CStr(*number) + " es demasiado grande para guardarlo en " + field.nombre +
+                   ".";
+        }
+    }
+    return {};
+}
+
 RowWrite run(Session& session, Run statement) {
-    RowWrite write;
-    (session.*statement)(write.error, write.stored);
+    RowWrite write{.error = refusalOf(session.Campos())};
+    if (write.error.empty()) {
+        (session.*statement)(write.error, write.stored);
+    } else {
+        session.Campos().clear();
+    }
     return write;
 }
 

@@ -13,7 +13,8 @@ namespace velmora::session {
 /// Adds the columns of a row, in the order of the statement.
 using AddFields = std::function<void(FieldList& campos)>;
 
-/// What the session answers to a write. Refused by the builder or by the database: not stored, with the reason.
+/// What the session answers to a write. Refused by the builder or by the database, or because a number is 1e15 or
+/// greater: not stored, with the reason.
 struct RowWrite {
     bool stored = false;
     std::string error{};
