@@ -22,18 +22,23 @@ double numberOrZero(const sql::Value& value) {
     return numberOf(value).value_or(0);
 }
 
-/// "38 x 12,7", as it can be searched for; empty where a piece has none.
-std::string toothingOf(const sql::Recordset& row, data::Toothing kind) {
-    const double teeth = numberOrZero(row["DPI_Z"]);
+/// "M2" of what has a module, otherwise the pitch; empty without one.
+std::string sizeOf(const sql::Recordset& row, data::Toothing kind) {
     const double pitch = numberOrZero(row["DPI_Pas"]);
     const double module = numberOrZero(row["Dpi_Modulo"]);
-    const bool byModule = kind == data::Toothing::gear || kind == data::Toothing::rack;
-    const std::string size = byModule && module > 0 ? "M" + runtime::CStr(module)
-                             : pitch > 0            ? runtime::CStr(pitch)
-                                                    : std::string();
+    if (module > 0 && (kind == data::Toothing::gear || kind == data::Toothing::rack)) {
+        return "M" + runtime::CStr(module);
+    }
+    return pitch > 0 ? runtime::CStr(pitch) : std::string();
+}
+
+/// "38 x 12,7", as it can be searched for; empty where a piece has none.
+std::string toothingOf(const sql::Recordset& row, data::Toothing kind) {
     if (kind == data::Toothing::smooth) {
         return {};
     }
+    std::string size = sizeOf(row, kind);
+    const double teeth = numberOrZero(row["DPI_Z"]);
     if (teeth <= 0) {
         return size;
     }
@@ -108,8 +113,8 @@ class Search {
             return wantedA != wantedB ? wantedA : a.number > b.number;
         };
         std::ranges::sort(proposals, before);
-        const auto repeated = std::ranges::unique(proposals, {}, &FoundProposal::number);
-        proposals.erase(repeated.begin(), repeated.end());
+        const auto isSame = [](const FoundProposal& a, const FoundProposal& b) { return a.number == b.number; };
+        proposals.erase(std::unique(proposals.begin(), proposals.end(), isSame), proposals.end());
         if (proposals.size() > mostRows) {
             proposals.resize(mostRows);
             found_.isCut = true;

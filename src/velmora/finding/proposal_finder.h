@@ -25,8 +25,8 @@ struct FoundProposal {
 };
 
 /// How far back the texts of proposals are searched.
-// Chosen C-440: by number, toothing and customer every proposal is found; a text is looked for in the latest ones unless
-// all are asked for, since each has to be read.
+// Chosen C-440: by number, toothing and customer every proposal is found; a text is looked for in the latest ones
+// unless all are asked for, since each has to be read.
 enum class Reach { recent, all };
 
 /// So many of the highest numbers are searched for texts with Reach::recent: as long as a person does not notice it.

@@ -12,6 +12,7 @@
 #include "velmora/apps/desktop/options.h"
 #include "velmora/apps/desktop/reconnection.h"
 #include "velmora/apps/desktop/start_form.h"
+#include "velmora/apps/desktop/start_keys.h"
 #include "velmora/apps/desktop/window_pictures.h"
 #include "velmora/apps/desktop/workshop.h"
 #include "velmora/apps/engines/hidden_value.h"
@@ -30,12 +31,13 @@ void makePictures(qt::QtScreen& screen, session::Session& session, platform::Des
 }
 
 /// The copy of the database that is to be put back before the program goes on; none when it ends.
-std::optional<backup::Copy> perform(const desktop::Options& options, shell::VMORA& vmora, platform::Desk& desk,
-                                    backup::Copies* copies) {
+std::optional<backup::Copy> perform(const desktop::Options& options, shell::VMORA& vmora, qt::QtScreen& screen,
+                                    platform::Desk& desk, backup::Copies* copies) {
     switch (options.opening) {
         case desktop::Opening::start: {
             desktop::StartForm form(desk, vmora, vmora.MyBd(), copies);
-            desk.screen.showModal(form);
+            const desktop::StartKeys keys(screen, form);
+            screen.showModal(form);
             return form.wanted();
         }
         case desktop::Opening::proposals:
@@ -93,7 +95,7 @@ std::optional<backup::Copy> open(const desktop::Options& options, qt::QtScreen& 
         tell(screen, workshop->notice(), screen::Icon::exclamation);
     }
     if (!options.server.empty() || database == ":memory:") {
-        return perform(options, vmora, desk, nullptr);
+        return perform(options, vmora, screen, desk, nullptr);
     }
     backup::Copies copies(database, clock);
     desktop::DailyCopy daily(database, clock.now());
@@ -101,7 +103,7 @@ std::optional<backup::Copy> open(const desktop::Options& options, qt::QtScreen& 
     desktop::DraftWatch watch(screen, drafts);
     screen.onActionEnded([&watch] { watch.actionEnded(); });
     watch.offerLeft(workshop->session(), desk);
-    auto wanted = perform(options, vmora, desk, &copies);
+    auto wanted = perform(options, vmora, screen, desk, &copies);
     screen.onActionEnded({});
     if (const std::string failure = daily.failure(); !failure.empty()) {
         tell(screen, failure, screen::Icon::exclamation);

@@ -1,93 +1,240 @@
 #include "velmora/apps/desktop/start_form.h"
 
+#include <utility>
+
 #include "velmora/apps/desktop/backup_form.h"
 #include "velmora/apps/desktop/start_menu.h"
-#include "velmora/platform/runtime/numbers.h"
+#include "velmora/finding/found_rows.h"
+#include "velmora/finding/proposal_statements.h"
+#include "velmora/platform/components/components.h"
+#include "velmora/platform/screen/busy.h"
 #include "velmora/platform/version.h"
+#include "velmora/proposal/frm_bercial_pinones.h"
+#include "velmora/shell/schema_upgrade.h"
 
 namespace velmora::desktop {
 
 namespace {
 
-constexpr char32_t backspace = 8;
+using proposal::frmBercialPiñones;
+using screen::Key;
 
-bool isDigit(char32_t character) {
-    return character >= U'0' && character <= U'9';
-}
+constexpr int linesOfList = 14;
 
 }  // namespace
 
 StartForm::StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies)
     : Form("frmInicio"), desk_(desk), vmora_(vmora), session_(session), copies_(copies) {
     setCaption("VELMORA " + platform::version());
+    setCaptions();
     arrange();
     wire();
+    dbgPropuestas_.setColumns(finding::foundColumns());
+    search(finding::Reach::recent);
+    showStateOfCopies();
+}
+
+void StartForm::setCaptions() {
+    barMenu_.setAccessibleName("Menú");
+    barMenu_.setItems(menuItems(*this));
+    txtBuscar_.setToolTip(
+        "Número de la propuesta o del cliente, parte de su nombre o de una referencia, o un dentado: 38 x 12,7");
+    dbgPropuestas_.setAccessibleName("Propuestas");
+    cmdTodas_.setCaption("Buscar en &todas");
+    cmdTodas_.setToolTip("Busca el texto también en las propuestas más antiguas");
+    cmdNueva_.setCaption("&Nueva (Ctrl+N)");
+    cmdAbrir_.setCaption("A&brir (Enter)");
+    cmdAbrir_.setToolTip("Abre la propuesta elegida; las flechas eligen otra");
+    cmdImprimir_.setCaption("&Imprimir (F8)");
+    cmdDuplicar_.setCaption("Dupli&car (F6)");
+    cmdDuplicar_.setToolTip("Hace una propuesta nueva, pendiente, con los datos de la elegida");
+    cmdSeguimiento_.setCaption("&Seguimiento (F9)");
+    cmdSalir_.setCaption("Sa&lir (ESC)");
+    cmdCopias_.setCaption("Co&pias de seguridad…");
 }
 
 void StartForm::arrange() {
     namespace lay = screen::layout;
-    cmdPropuestas_.setCaption("&Propuestas");
-    cmdSeguimiento_.setCaption("&Seguimiento");
-    cmdParametros_.setCaption("Parámetros de &materiales");
-    cmdVerPropuesta_.setCaption("&Ver propuesta");
-    cmdSalir_.setCaption("Sa&lir (ESC)");
-    txtNumero_.setToolTip("Número de la propuesta que se quiere consultar");
-    const auto large = [](screen::Button& button) { return lay::plain(button).as(screen::Role::total); };
-    barMenu_.setAccessibleName("Menú");
-    barMenu_.setItems(menuItems(*this));
-    setLayout(lay::column(lay::plain(barMenu_), large(cmdPropuestas_), large(cmdSeguimiento_), large(cmdParametros_),
-                          lay::row(lay::field("Propuesta nº", txtNumero_, 9).number(), lay::plain(cmdVerPropuesta_),
-                                   lay::space(), lay::plain(cmdSalir_)),
-                          lay::row(lay::plain(lblCopias_), lay::space(), lay::plain(cmdCopias_))));
-    cmdCopias_.setCaption("&Copias de seguridad…");
+    setLayout(lay::column(
+        lay::plain(barMenu_), lay::row(lay::field("Buscar (F2)", txtBuscar_).stretched(), lay::plain(cmdTodas_)),
+        lay::plain(dbgPropuestas_).tall(linesOfList).stretched(), lay::plain(lblResultado_),
+        lay::row(lay::plain(cmdNueva_), lay::plain(cmdAbrir_), lay::plain(cmdImprimir_), lay::plain(cmdDuplicar_),
+                 lay::space(), lay::plain(cmdSeguimiento_), lay::plain(cmdSalir_)),
+        lay::row(lay::plain(lblCopias_), lay::space(), lay::plain(cmdCopias_))));
     cmdCopias_.setVisible(copies_ != nullptr);
     lblCopias_.setVisible(copies_ != nullptr);
-    showStateOfCopies();
-    setTabOrder(
-        {&cmdPropuestas_, &cmdSeguimiento_, &cmdParametros_, &txtNumero_, &cmdVerPropuesta_, &cmdSalir_, &cmdCopias_});
+    setTabOrder({&txtBuscar_, &cmdTodas_, &dbgPropuestas_, &cmdNueva_, &cmdAbrir_, &cmdImprimir_, &cmdDuplicar_,
+                 &cmdSeguimiento_, &cmdSalir_, &cmdCopias_});
 }
 
 void StartForm::wire() {
-    const auto opens = [this](void (shell::VMORA::*operation)()) {
-        return [this, operation] {
-            (vmora_.*operation)();
-            showStateOfCopies();
-        };
+    barMenu_.onMenuClick = [this](const std::string& key) { refreshing([&] { performEntry(*this, key); })(); };
+    txtBuscar_.onChange = [this] { search(finding::Reach::recent); };
+    cmdTodas_.onClick = [this] {
+        search(finding::Reach::all);
+        txtBuscar_.setFocus();
     };
-    barMenu_.onMenuClick = [this](const std::string& key) {
-        performEntry(*this, key);
-        showStateOfCopies();
-    };
-    cmdPropuestas_.onClick = opens(&shell::VMORA::jShow);
-    cmdSeguimiento_.onClick = opens(&shell::VMORA::jShowSeguimiento);
-    cmdParametros_.onClick = opens(&shell::VMORA::jShowParametros);
-    cmdVerPropuesta_.onClick = [this] { showProposal(); };
+    cmdNueva_.onClick = refreshing([this] { vmora_.jShow(); });
+    cmdSeguimiento_.onClick = refreshing([this] { vmora_.jShowSeguimiento(); });
+    cmdAbrir_.onClick = refreshing([this] { withCurrent(&StartForm::openProposal); });
+    cmdImprimir_.onClick = refreshing([this] { withCurrent(&StartForm::print); });
+    cmdDuplicar_.onClick = refreshing([this] { withCurrent(&StartForm::duplicate); });
+    dbgPropuestas_.onButtonClick = [this](int) { cmdAbrir_.onClick(); };
     cmdSalir_.onClick = [this] { unload(); };
     cmdCopias_.onClick = [this] { showCopies(); };
-    txtNumero_.onKeyPress = [](screen::KeyPress& key) {
-        if (!isDigit(key.character) && key.character != backspace) {
-            key.character = 0;
-        }
-    };
-    onKeyDown = [this](screen::KeyDown& event) {
-        if (event.key == screen::Key::escape) {
-            event.key = screen::Key::none;
-            unload();
-        } else if (event.key == screen::Key::enter && activeControl() == &txtNumero_) {
-            event.key = screen::Key::none;
-            showProposal();
+    onKeyDown = [this](screen::KeyDown& event) { handleKey(event); };
+}
+
+std::function<void()> StartForm::refreshing(std::function<void()> operation) {
+    return [this, operation = std::move(operation)] {
+        operation();
+        if (!isUnloaded()) {
+            refresh();
+            showStateOfCopies();
+            txtBuscar_.setFocus();
         }
     };
 }
 
-void StartForm::showProposal() {
-    if (!runtime::IsNumeric(txtNumero_.text())) {
-        desk_.screen.show({.text = "Falta el número de la propuesta.", .icon = screen::Icon::exclamation});
-        txtNumero_.setFocus();
+void StartForm::handleKey(screen::KeyDown& event) {
+    const bool atList = activeControl() == &txtBuscar_ || activeControl() == &dbgPropuestas_;
+    switch (event.key) {
+        case Key::padDecimal:
+            event.key = Key::comma;
+            return;
+        case Key::escape:
+            leave();
+            break;
+        case Key::enter:
+            if (!atList) {
+                return;
+            }
+            cmdAbrir_.onClick();
+            break;
+        case Key::f2:
+            txtBuscar_.setFocus();
+            txtBuscar_.selectAll();
+            break;
+        case Key::f5:
+            refresh();
+            break;
+        case Key::f6:
+            cmdDuplicar_.onClick();
+            break;
+        case Key::f8:
+            cmdImprimir_.onClick();
+            break;
+        case Key::f9:
+            cmdSeguimiento_.onClick();
+            break;
+        default:
+            return;
+    }
+    event.key = Key::none;
+}
+
+/// The first Esc empties the search box.
+void StartForm::leave() {
+    if (txtBuscar_.text().empty()) {
+        unload();
+    } else {
+        txtBuscar_.setText("");
+        txtBuscar_.setFocus();
+    }
+}
+
+void StartForm::search(finding::Reach reach) {
+    reach_ = reach;
+    const finding::Wanted wanted = finding::readWanted(txtBuscar_.text());
+    const screen::Hourglass hourglass(desk_.screen);
+    const finding::Found found = finding::findProposals(session_.Connection(), wanted, reach);
+    dbgPropuestas_.bind(finding::foundRows(found));
+    dbgPropuestas_.refresh();
+    lblResultado_.setCaption(finding::foundSentence(found, wanted));
+    cmdTodas_.setEnabled(!found.reachedAll);
+    for (screen::Button* button : {&cmdAbrir_, &cmdImprimir_, &cmdDuplicar_}) {
+        button->setEnabled(!found.proposals.empty());
+    }
+}
+
+void StartForm::refresh() {
+    const std::optional<std::int32_t> number = current();
+    search(reach_);
+    if (number) {
+        goToProposal(*number);
+    }
+}
+
+void StartForm::goToProposal(std::int32_t number) {
+    for (std::size_t row = 0; const sql::Row* values = dbgPropuestas_.recordset().peek(row); ++row) {
+        if (values->front().toLong() == number) {
+            dbgPropuestas_.moveToRow(row);
+            return;
+        }
+    }
+}
+
+std::optional<std::int32_t> StartForm::current() const {
+    const sql::Recordset& rows = dbgPropuestas_.recordset();
+    return rows.isOpen() && rows.position() ? std::optional(rows[0].toLong()) : std::nullopt;
+}
+
+void StartForm::withCurrent(void (StartForm::*operation)(std::int32_t)) {
+    if (const std::optional<std::int32_t> number = current()) {
+        (this->*operation)(*number);
+    }
+}
+
+bool StartForm::isStored(std::int32_t number) {
+    const bool stored = session_.Connection().execute(finding::numberStatement(number)).hasRows();
+    if (!stored) {
+        desk_.screen.show({.text = "La propuesta " + std::to_string(number) + " ya no existe.",
+                           .icon = screen::Icon::exclamation,
+                           .title = caption()});
+    }
+    return stored;
+}
+
+void StartForm::openProposal(std::int32_t number) {
+    if (!isStored(number)) {
         return;
     }
-    std::int32_t nIdDpi = runtime::CLng(txtNumero_.text());
-    vmora_.jShowPropuesta(nIdDpi);
+    shell::FnActualizarBD(session_.Connection(), desk_.screen);
+    frmBercialPiñones form(session_, desk_);
+    form.setTag("e");
+    if (form.msCargarPresupuesto(number, false)) {
+        desk_.screen.showModal(form);
+    }
+}
+
+void StartForm::print(std::int32_t number) {
+    if (!isStored(number)) {
+        return;
+    }
+    const auto printing = desk_.components.create<components::Printing>("VELMORAIMP.VMORAIMP");
+    printing->setMyBd(session_);
+    printing->jPrintPropuesta(number, false);
+}
+
+void StartForm::duplicate(std::int32_t number) {
+    if (!isStored(number)) {
+        return;
+    }
+    shell::FnActualizarBD(session_.Connection(), desk_.screen);
+    frmBercialPiñones form(session_, desk_);
+    form.setTag("e");
+    // Only a form that is open for editing can be copied.
+    if (!form.msCargarPresupuesto(number, true)) {
+        return;
+    }
+    form.buttonsAndGrid().cmdDuplicar.onClick();
+    const std::int32_t copy = form.fields().proposal.key();
+    if (copy != number) {
+        desk_.screen.showModal(form);
+        txtBuscar_.setText("");
+        refresh();
+        goToProposal(copy);
+    }
 }
 
 void StartForm::showStateOfCopies() {

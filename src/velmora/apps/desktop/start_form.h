@@ -1,10 +1,15 @@
 #pragma once
-// The start window of the desktop program: a menu, and a button for each public operation.
+// The start window of the desktop program: a menu, the last proposals with a search box, and what can be done with
+// them.
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 
 #include "velmora/apps/backup/copies.h"
+#include "velmora/finding/proposal_finder.h"
 #include "velmora/platform/desk.h"
+#include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
 #include "velmora/platform/session/session.h"
 #include "velmora/shell/vmora.h"
@@ -14,7 +19,7 @@ namespace velmora::desktop {
 class StartForm : public screen::Form {
   public:
     /// All must outlive the form; the session is that of the public class. Without copies, as on a server, their button
-    /// is not shown.
+    /// is not shown. Errors: those of the database when it is asked for the last proposals.
     StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies);
 
     // --- For the entries of the menu -------------------------------------------------------------------------
@@ -24,30 +29,61 @@ class StartForm : public screen::Form {
     session::Session& session() { return session_; }
     bool hasCopies() const { return copies_ != nullptr; }
     void showCopies();
+    /// Shows a form that is constructed from session and desk.
+    template <typename SomeForm>
+    void open() {
+        SomeForm form(session_, desk_);
+        desk_.screen.showModal(form);
+    }
+    /// Asks the database again; the current proposal stays the current one.
+    void refresh();
+
+    // --- For keys that only a window knows -------------------------------------------------------------------
+
+    screen::TextBox& searchBox() { return txtBuscar_; }
+    screen::DataGrid& list() { return dbgPropuestas_; }
 
     /// The copy that the user wants put back; the form has been unloaded for it.
     const std::optional<backup::Copy>& wanted() const { return wanted_; }
 
   private:
     void arrange();
+    void setCaptions();
     void wire();
-    void showProposal();
+    void handleKey(screen::KeyDown& event);
+    void leave();
+    void search(finding::Reach reach);
+    void goToProposal(std::int32_t number);
+    std::optional<std::int32_t> current() const;
+    void withCurrent(void (StartForm::*operation)(std::int32_t));
+    /// Tells the user when it is gone.
+    bool isStored(std::int32_t number);
+    void openProposal(std::int32_t number);
+    void print(std::int32_t number);
+    void duplicate(std::int32_t number);
     void showStateOfCopies();
+    /// Afterwards the list is up to date and the search box has the focus.
+    std::function<void()> refreshing(std::function<void()> operation);
 
     platform::Desk& desk_;
     shell::VMORA& vmora_;
     session::Session& session_;
     backup::Copies* copies_;
     std::optional<backup::Copy> wanted_;
+    finding::Reach reach_ = finding::Reach::recent;
     screen::Toolbar barMenu_{*this, "barMenu"};
-    screen::Button cmdPropuestas_{*this, "cmdPropuestas"};
+    screen::TextBox txtBuscar_{*this, "txtBuscar"};
+    screen::Button cmdTodas_{*this, "cmdTodas"};
+    screen::DataGrid dbgPropuestas_{*this, "dbgPropuestas"};
+    screen::Label lblResultado_{*this, "lblResultado"};
+    screen::Button cmdNueva_{*this, "cmdNueva"};
+    screen::Button cmdAbrir_{*this, "cmdAbrir"};
+    screen::Button cmdImprimir_{*this, "cmdImprimir"};
+    screen::Button cmdDuplicar_{*this, "cmdDuplicar"};
     screen::Button cmdSeguimiento_{*this, "cmdSeguimiento"};
-    screen::Button cmdParametros_{*this, "cmdParametros"};
-    screen::Button cmdVerPropuesta_{*this, "cmdVerPropuesta"};
-    screen::TextBox txtNumero_{*this, "txtNumero"};
+    screen::Button cmdSalir_{*this, "cmdSalir"};
     screen::Label lblCopias_{*this, "lblCopias"};
     screen::Button cmdCopias_{*this, "cmdCopias"};
-    screen::Button cmdSalir_{*this, "cmdSalir"};
 };
 
 }  // namespace velmora::desktop

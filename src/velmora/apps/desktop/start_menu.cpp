@@ -12,6 +12,9 @@ Menu fileMenu() {
               .caption = "&Copias de seguridad…",
               .perform = [](StartForm& start) { start.showCopies(); },
               .isOffered = [](const StartForm& start) { return start.hasCopies(); }},
+             {.key = "actualizar",
+              .caption = "&Actualizar la lista (F5)",
+              .perform = [](StartForm& start) { start.refresh(); }},
              {.key = "salir", .caption = "Sa&lir (ESC)", .perform = [](StartForm& start) { start.unload(); }}}};
 }
 
