@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "velmora/adapters/script/watched_connection.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 

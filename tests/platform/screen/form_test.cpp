@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "velmora/platform/screen/places.h"
+
 namespace velmora::screen {
 namespace {
 
@@ -62,6 +64,18 @@ TEST(FormTest, AFocusThatActivateGaveIsLeftAlone) {
     form.onActivate = [&] { second.setFocus(); };
     form.activate();
     EXPECT_EQ(form.activeControl(), &second);
+}
+
+TEST(FormTest, TheFieldOfAControlIsFoundInTheLayout) {
+    Form form("f");
+    Frame frame(form, "fraEje");
+    TextBox inside(form, "Text1", 7);
+    TextBox outside(form, "Text1", 8);
+    form.setLayout(layout::group(frame, layout::row(layout::field("Eje", inside, 8).number())));
+    ASSERT_NE(fieldOf(inside, form.layout()), nullptr);
+    EXPECT_EQ(fieldOf(inside, form.layout())->caption, "Eje");
+    EXPECT_EQ(fieldOf(outside, form.layout()), nullptr);
+    EXPECT_EQ(fieldOf(frame, form.layout()), nullptr);
 }
 
 TEST(FormTest, ALayoutPutsFieldsIntoTheFramesOfTheirGroupsAndNamesThemByTheirCaptions) {

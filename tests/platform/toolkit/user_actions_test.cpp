@@ -45,6 +45,17 @@ TEST_F(UserActionsTest, TheKeyboardMovesOnceAfterTheOutermostAction) {
     EXPECT_THAT(log, ElementsAre("inner", "outer", "keyboard"));
 }
 
+TEST_F(UserActionsTest, TheOutermostActionRemovesTheNoteOfTheOneBefore) {
+    actions.run([&] { form.status().tellNote("Falta Z"); });
+    EXPECT_EQ(form.status().note(), "Falta Z");
+    actions.run([&] {
+        EXPECT_EQ(form.status().note(), "");
+        form.status().tellNote("Solo lectura");
+        actions.run([] {});
+    });
+    EXPECT_EQ(form.status().note(), "Solo lectura");
+}
+
 TEST_F(UserActionsTest, AnErrorIsShownAndTheKeyboardMoves) {
     actions.run([] { runtime::raise(runtime::typeMismatch); });
     EXPECT_THAT(log, ElementsAre("error 13", "keyboard"));

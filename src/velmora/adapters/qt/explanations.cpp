@@ -1,8 +1,6 @@
 #include "velmora/adapters/qt/explanations.h"
 
-#include <QContextMenuEvent>
 #include <QHelpEvent>
-#include <QLineEdit>
 #include <QMenu>
 #include <QToolTip>
 #include <string>
@@ -39,17 +37,12 @@ bool showExplanation(ViewHost& host, const screen::Control& control, const QHelp
     return true;
 }
 
-bool openMenuWithQuestion(ViewHost& host, screen::Control& control, const QContextMenuEvent& event, QLineEdit& edit) {
-    if (!control.onExplain) {
-        return false;
+void addQuestion(ViewHost& host, screen::Control& control, QMenu& menu) {
+    if (control.onExplain) {
+        menu.addSeparator();
+        menu.addAction(QStringLiteral("¿Por qué este valor?"), &menu,
+                       [&host, &control] { host.feed([&control] { control.onExplain(); }); });
     }
-    QMenu* menu = edit.createStandardContextMenu();
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addSeparator();
-    menu->addAction(QStringLiteral("¿Por qué este valor?"), &edit,
-                    [&host, &control] { host.feed([&control] { control.onExplain(); }); });
-    menu->popup(event.globalPos());
-    return true;
 }
 
 }  // namespace velmora::qt

@@ -3,9 +3,8 @@
 
 #include "velmora/adapters/qt/control_view.h"
 
-class QContextMenuEvent;
 class QHelpEvent;
-class QLineEdit;
+class QMenu;
 
 namespace velmora::qt {
 
@@ -13,7 +12,7 @@ namespace velmora::qt {
 /// control has neither a warning nor an explanation: the widget then shows its own tool tip.
 bool showExplanation(ViewHost& host, const screen::Control& control, const QHelpEvent& event, QWidget& widget);
 
-/// Opens the field's context menu with the question why it has its value. False when nobody answers that question.
-bool openMenuWithQuestion(ViewHost& host, screen::Control& control, const QContextMenuEvent& event, QLineEdit& edit);
+/// Adds the question why the control has its value to its context menu, if somebody answers it.
+void addQuestion(ViewHost& host, screen::Control& control, QMenu& menu);
 
 }  // namespace velmora::qt

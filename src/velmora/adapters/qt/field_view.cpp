@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/toolkit/raised_flag.h"
 
 namespace velmora::qt {
 
@@ -39,13 +40,36 @@ void FieldView::edited() {
     if (fromModel_) {
         return;
     }
-    const std::string text = typedText();
-    host().feed([&] { box_.setText(text); });
+    host().feed([&] {
+        if (const auto text = textTaken()) {
+            box_.setText(*text);
+        }
+    });
     bringText();
 }
 
+// What reaches the widget by none of the ways that are filtered before, such as assistive technology, is filtered here.
+std::optional<std::string> FieldView::textTaken() {
+    const std::string text = typedText();
+    if (filtered_ || toolkit::isRemoval(box_.text(), text)) {
+        return text;
+    }
+    return toolkit::filterInsertion(box_, {.before = "", .text = text, .after = ""});
+}
+
 void FieldView::type(const KeyStroke& stroke) {
+    const toolkit::RaisedFlag filtered(filtered_);
     toolkit::typeInto(box_, stroke.character, *this);
+}
+
+void FieldView::insertFiltered(const std::string& before, const std::string& text, const std::string& after) {
+    host().feed([&] {
+        if (const auto taken = toolkit::filterInsertion(box_, {before, text, after})) {
+            const toolkit::RaisedFlag filtered(filtered_);
+            box_.clearSelection();
+            replaceSelection(*taken);
+        }
+    });
 }
 
 // Chosen C-245: a mouse press that moves the focus here keeps a selection of the whole text, so that typing replaces

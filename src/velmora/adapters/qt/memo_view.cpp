@@ -92,6 +92,10 @@ void MemoView::insert(char32_t character) {
     edit_->ensureCursorVisible();
 }
 
+void MemoView::replaceSelection(const std::string& text) {
+    edit_->insertPlainText(toQt(text));
+}
+
 void MemoView::breakLine() {
     insert(U'\n');
 }

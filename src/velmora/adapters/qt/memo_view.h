@@ -25,6 +25,7 @@ class MemoView : public FieldView {
     void erase() override;
     void insert(char32_t character) override;
     void breakLine() override;
+    void replaceSelection(const std::string& text) override;
 
   private:
     QPlainTextEdit* edit_;

@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QInputMethodEvent>
+#include <QMenu>
 #include <algorithm>
 
 #include "velmora/adapters/qt/explanations.h"
@@ -21,6 +22,7 @@ TextBoxView::TextBoxView(ViewHost& host, screen::TextBox& box, const screen::Lay
         edit_->setFont(theme::totalFont());
     }
     connect(edit_, &QLineEdit::textChanged, this, [this] { edited(); });
+    edit_->onInsertion([this](const QString& text) { insertWhole(text); });
 }
 
 bool TextBoxView::key(const KeyStroke& stroke) {
@@ -40,7 +42,8 @@ bool TextBoxView::otherEvent(QEvent& event) {
         return committedText(static_cast<QInputMethodEvent&>(event).commitString());
     }
     if (event.type() == QEvent::ContextMenu) {
-        return openMenuWithQuestion(host(), box(), static_cast<const QContextMenuEvent&>(event), *edit_);
+        openMenu(static_cast<const QContextMenuEvent&>(event));
+        return true;
     }
     return false;
 }
@@ -55,13 +58,32 @@ bool TextBoxView::committedText(const QString& text) {
     if (!host().acceptsInput()) {
         return true;
     }
-    for (const char32_t character : text.toStdU32String()) {
+    const std::u32string characters = text.toStdU32String();
+    if (characters.size() > 1 && toolkit::takesNumbersOnly(box())) {
+        insertWhole(text);
+        return true;
+    }
+    for (const char32_t character : characters) {
         host().feed([&] {
             toolkit::routeKey(box().form(), toolkit::strokeTyping(character),
                               [this](const KeyStroke& stroke) { return key(stroke); });
         });
     }
     return true;
+}
+
+void TextBoxView::insertWhole(const QString& text) {
+    const int start = edit_->hasSelectedText() ? edit_->selectionStart() : edit_->cursorPosition();
+    const int end = edit_->hasSelectedText() ? edit_->selectionEnd() : start;
+    const QString present = edit_->text();
+    insertFiltered(fromQt(present.left(start)), fromQt(text), fromQt(present.mid(end)));
+}
+
+void TextBoxView::openMenu(const QContextMenuEvent& event) {
+    QMenu* menu = edit_->makeMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    addQuestion(host(), box(), *menu);
+    menu->popup(event.globalPos());
 }
 
 void TextBoxView::setReadOnly(bool locked) {
@@ -99,5 +121,9 @@ void TextBoxView::insert(char32_t character) {
 }
 
 void TextBoxView::breakLine() {}
+
+void TextBoxView::replaceSelection(const std::string& text) {
+    edit_->insert(toQt(text));
+}
 
 }  // namespace velmora::qt

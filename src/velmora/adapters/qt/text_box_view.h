@@ -23,10 +23,14 @@ class TextBoxView : public FieldView {
     void erase() override;
     void insert(char32_t character) override;
     void breakLine() override;
+    void replaceSelection(const std::string& text) override;
 
   private:
     /// Passes composed text through the filter character by character; false when there is none.
     bool committedText(const QString& text);
+    /// Inserts at the caret or in place of the selection what the field takes of a text.
+    void insertWhole(const QString& text);
+    void openMenu(const QContextMenuEvent& event);
 
     FieldEdit* edit_;
 };

@@ -30,6 +30,7 @@ const std::map<std::string_view, Interpreter::Entry>& Interpreter::table() {
         {"echo", {0, any, &I::echo}},
         {"set", {2, 2, &I::set}},
         {"type", {2, 2, &I::type}},
+        {"paste", {2, 2, &I::paste}},
         {"focus", {1, 1, &I::focus}},
         {"leave", {0, 0, &I::leave}},
         {"dblclick", {1, 1, &I::doubleClick}},

@@ -69,6 +69,7 @@ class Interpreter {
 
     void set(const Command& command);
     void type(const Command& command);
+    void paste(const Command& command);
     void focus(const Command& command);
     void leave(const Command& command);
     void doubleClick(const Command& command);

@@ -29,6 +29,11 @@ void Interpreter::type(const Command& command) {
     must(command, target, [&] { return user_.type(target, command.arguments[1].text); });
 }
 
+void Interpreter::paste(const Command& command) {
+    auto& box = kindOf<TextBox>(control(command.arguments[0].text), "field of text");
+    must(command, box, [&] { return user_.paste(box, command.arguments[1].text); });
+}
+
 void Interpreter::focus(const Command& command) {
     Control& target = control(command.arguments[0].text);
     must(command, target, [&] { return user_.focus(target); });

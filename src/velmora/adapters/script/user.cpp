@@ -49,10 +49,9 @@ class EndOfText final : public toolkit::TextEditor {
     void insert(char32_t character) override { box_.setText(kept() + runtime::toUtf8(character)); }
     void breakLine() override { box_.setText(kept() + "\r\n"); }
     void erase() override { box_.setText(allSelected_ ? std::string() : withoutLast(box_.text())); }
-
-  private:
     std::string kept() const { return allSelected_ ? std::string() : box_.text(); }
 
+  private:
     TextBox& box_;
     bool allSelected_;
 };
@@ -118,6 +117,19 @@ bool User::type(Control& control, std::string_view text) {
     for (const char32_t character : runtime::toCodePoints(withPlainBreaks(text))) {
         stroke(form, toolkit::strokeTyping(character));
     }
+    return true;
+}
+
+bool User::paste(TextBox& box, std::string_view text) {
+    if (!focus(box)) {
+        return false;
+    }
+    journal_.guard([&] {
+        const std::string kept = EndOfText(box).kept();
+        if (const auto taken = toolkit::filterInsertion(box, {.before = kept, .text = text, .after = ""})) {
+            box.setText(kept + *taken);
+        }
+    });
     return true;
 }
 

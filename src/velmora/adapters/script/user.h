@@ -30,6 +30,9 @@ class User {
     /// Key by key, each into the control that has the focus at that moment.
     bool type(screen::Control& control, std::string_view text);
 
+    /// At the end of the field or in place of its selection, through the filter of texts that were not typed.
+    bool paste(screen::TextBox& box, std::string_view text);
+
     bool doubleClick(screen::TextBox& box);
     bool choose(screen::ComboBox& list, int index);
     bool check(screen::CheckBox& box, bool checked);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "velmora/adapters/win32/text.h"
+#include "velmora/platform/toolkit/raised_flag.h"
 
 namespace velmora::win32 {
 
@@ -14,6 +15,21 @@ constexpr int naturalDigits = 24;  ///< of a field without a width of its own
 constexpr int leastDigits = 8;
 constexpr int naturalDigitsOfMemo = 30;
 constexpr int leastDigitsOfMemo = 12;
+
+std::string clipboardText(HWND window) {
+    std::string text;
+    if (OpenClipboard(window) == 0) {
+        return text;
+    }
+    if (HANDLE held = GetClipboardData(CF_UNICODETEXT); held != nullptr) {
+        if (const auto* letters = static_cast<const wchar_t*>(GlobalLock(held)); letters != nullptr) {
+            text = fromWide(letters);
+            GlobalUnlock(held);
+        }
+    }
+    CloseClipboard();
+    return text;
+}
 
 }  // namespace
 
@@ -156,7 +172,14 @@ void FieldView::edited() {
         return;
     }
     const std::string text = fromWide(textOf(edit_));
-    host().feed([&] { box_.setText(text); });
+    host().feed([&] {
+        const auto taken = filtered_ || toolkit::isRemoval(box_.text(), text)
+                               ? std::optional(text)
+                               : toolkit::filterInsertion(box_, {.before = "", .text = text, .after = ""});
+        if (taken) {
+            box_.setText(*taken);
+        }
+    });
     bringText();
     showScrollBar();
 }
@@ -174,8 +197,26 @@ void FieldView::showScrollBar() const {
 }
 
 bool FieldView::key(const KeyStroke& stroke) {
+    const toolkit::RaisedFlag filtered(filtered_);
     toolkit::typeInto(box_, stroke.character, *this);
     return true;
+}
+
+void FieldView::insertFiltered(const std::string& text) {
+    DWORD start = 0;
+    DWORD end = 0;
+    SendMessageW(edit_, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    const std::wstring present = textOf(edit_);
+    const std::string before = fromWide(present.substr(0, start));
+    const std::string after = fromWide(present.substr(end));
+    host().feed([&] {
+        const auto taken = toolkit::filterInsertion(box_, {.before = before, .text = text, .after = after});
+        if (taken) {
+            box_.clearSelection();
+            const toolkit::RaisedFlag filtered(filtered_);
+            SendMessageW(edit_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(toWide(*taken).c_str()));
+        }
+    });
 }
 
 void FieldView::insert(char32_t character) {
@@ -209,6 +250,12 @@ std::optional<LRESULT> FieldView::message(HWND, UINT message, WPARAM word, LPARA
         case WM_CHAR:
             if (word == 1) {  // Control and A
                 SendMessageW(edit_, EM_SETSEL, 0, -1);
+                return 0;
+            }
+            break;
+        case WM_PASTE:
+            if (toolkit::takesNumbersOnly(box_) && !box_.locked()) {
+                insertFiltered(clipboardText(edit_));
                 return 0;
             }
             break;

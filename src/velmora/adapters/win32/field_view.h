@@ -47,6 +47,8 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     /// Copies the model's text to the window.
     void bringText();
     void edited();
+    /// What the field takes of a text that was not typed; it is written in place of the selection.
+    void insertFiltered(const std::string& text);
     void showScrollBar() const;
     void paintDisabled() const;
     Box inner() const;
@@ -60,6 +62,7 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     bool right_;
     HWND edit_;
     bool fromModel_ = false;
+    bool filtered_ = false;  ///< what the window receives now has passed the filter
 };
 
 }  // namespace velmora::win32

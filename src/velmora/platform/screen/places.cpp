@@ -56,6 +56,18 @@ std::size_t shownTurn(const Layout& turns) {
     return static_cast<std::size_t>(first - turns.children.begin());
 }
 
+const Layout* fieldOf(const Control& control, const Layout& layout) {
+    if (layout.kind == Layout::Kind::field && layout.control == &control) {
+        return &layout;
+    }
+    for (const Layout& child : layout.children) {
+        if (const Layout* field = fieldOf(control, child)) {
+            return field;
+        }
+    }
+    return nullptr;
+}
+
 bool isSeen(const Control& control) {
     return control.isVisible() && placeOf(control.form().layout(), control) != Place::covered;
 }

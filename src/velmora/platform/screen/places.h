@@ -14,6 +14,9 @@ bool isVisible(const Layout& node);
 /// visible.
 std::size_t shownTurn(const Layout& turns);
 
+/// The field of a layout that shows the control; nullptr when there is none.
+const Layout* fieldOf(const Control& control, const Layout& layout);
+
 /// Whether the user can see the control: visible itself and through its frames, and not in a shared place where another
 /// child is shown. A control outside the form's layout is seen when it is visible.
 bool isSeen(const Control& control);

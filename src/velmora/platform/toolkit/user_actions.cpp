@@ -5,6 +5,9 @@
 namespace velmora::toolkit {
 
 void UserActions::run(const std::function<void()>& action) {
+    if (depth_ == 0) {
+        form_.status().clearNote();
+    }
     ++depth_;
     guarded(action);
     --depth_;

@@ -18,10 +18,10 @@ class ActionWindow {
     virtual void moveKeyboard() = 0;
 };
 
-/// Runs the user's actions on one form. Actions nest: one can open a box in which the user continues. At the end of the
-/// outermost one, an active control that has been hidden, covered or disabled meanwhile passes the focus on to the next
-/// stop of the tab order, then the keyboard focus follows. Errors of an action and of each follow-up step are shown,
-/// and the program continues.
+/// Runs the user's actions on one form. Actions nest: one can open a box in which the user continues. The outermost one
+/// begins by removing the note of the action before from the status line. At its end, an active control that has been
+/// hidden, covered or disabled meanwhile passes the focus on to the next stop of the tab order, then the keyboard focus
+/// follows. Errors of an action and of each follow-up step are shown, and the program continues.
 class UserActions {
   public:
     /// Form and window must outlive this object.
