@@ -18,14 +18,14 @@ constexpr const char* withTable = " Order by DPI.DPI_Fecha DESC ";
 /// A server that refuses every statement with the text, with this number of its own.
 class RefusingServer final : public support::RecordingConnection {
   public:
-    RefusingServer(sql::Connection& target, std::string text, int number)
-        : RecordingConnection(target), text_(std::move(text)), number_(number) {}
+    RefusingServer(sql::Connection& target, std::string text, int number, std::string state = "42000")
+        : RecordingConnection(target), text_(std::move(text)), number_(number), state_(std::move(state)) {}
 
     sql::Recordset execute(std::string_view statement) override {
         sql::Recordset rows = RecordingConnection::execute(statement);
         if (statement.find(text_) != std::string_view::npos) {
             throw sql::DbError(sql::provider::syntax, "Ambiguous column name 'DPI_Fecha'.",
-                               {.sqlState = "42000", .nativeCode = number_});
+                               {.sqlState = state_, .nativeCode = number_});
         }
         return rows;
     }
@@ -33,6 +33,7 @@ class RefusingServer final : public support::RecordingConnection {
   private:
     std::string text_;
     int number_;
+    std::string state_;
 };
 
 class ProposalListTest : public TrackingTest {
@@ -81,6 +82,23 @@ TEST_F(ProposalListTest, AServerThatRefusesBothFormsIsToldAndAskedInBothAgain) {
     EXPECT_THROW(openOn(server), sql::DbError);
     EXPECT_THAT(server.logged("dpi.* from DPI "), ElementsAre(EndsWith(plain), EndsWith(withTable)));
     EXPECT_FALSE(order_->needsTable);
+}
+
+TEST_F(ProposalListTest, ACancelledQueryLeavesTheListAndThePanelAsTheyWere) {
+    store("DPI_Fecha", "'14/01/2026'");
+    store("DPI_Fecha", "'15/01/2026'");
+    RefusingServer server(shop.connection, "7777", 0, "HY008");
+    openOn(server);
+    listAll();
+    form->fields().dbgDPI.moveToRow(1);
+    form->fields().txtPesu(customerReference).setText("escrito");
+    form->fields().txtCriterio(customerFrom).setText("7777");
+    EXPECT_THROW(form->fields().cmdfiltro.onClick(), sql::DbError);
+    EXPECT_THAT(listed(), ElementsAre("000002", "000001"));
+    EXPECT_EQ((*form->fields().rsDpi)["DPI_Id"].toLong(), 1) << "the same row";
+    EXPECT_EQ(form->fields().txtPesu(customerReference).text(), "escrito");
+    form->fields().dbgDPI.moveToRow(0);
+    EXPECT_NE(form->fields().txtPesu(customerReference).text(), "escrito") << "the panel listens again";
 }
 
 }  // namespace

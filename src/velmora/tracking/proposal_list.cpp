@@ -29,6 +29,8 @@ constexpr std::string_view order = " Order by DPI_Fecha";
 constexpr std::string_view orderWithTable = " Order by DPI.DPI_Fecha";
 /// The server's number for a column that two columns of the list could be.
 constexpr int ambiguousColumn = 209;
+/// The state of an error with which the user's request ends a statement.
+constexpr std::string_view cancelled = "HY008";
 
 sql::Recordset noRows() {
     return sql::Recordset(sql::rowsInMemory({{"DPI_Id"}, {"DPI_Orden"}}, {}));
@@ -39,8 +41,24 @@ sql::Recordset noRows() {
 void ProposalList::show(const std::string& condition) {
     // Chosen C-120: the list is emptied before the query runs, so that a refused statement leaves an open, empty list
     // and no button works on rows that no longer match the criteria.
+    const sql::Recordset before = *f_.rsDpi;
     put(noRows());
-    put(rowsOf(condition));
+    try {
+        put(rowsOf(condition));
+    } catch (const sql::DbError& error) {
+        if (error.details().sqlState == cancelled && before.isOpen()) {
+            putBack(before);
+        }
+        throw;
+    }
+}
+
+// Differs D-513: a query that the user has cancelled leaves the list as it was. The panel, and what was typed in it, is
+// not touched.
+void ProposalList::putBack(const sql::Recordset& before) {
+    const auto listener = std::exchange(f_.rsDpi.onMoveComplete, {});
+    put(before);
+    f_.rsDpi.onMoveComplete = listener;
 }
 
 // Differs D-291: the statement lists DPI_Fecha twice, once in dpi.*; a server that refuses to order by such a column

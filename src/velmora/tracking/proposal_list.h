@@ -22,12 +22,13 @@ class ProposalList {
         : f_(fields), session_(session), order_(std::move(order)) {}
 
     /// Lists the rows of a condition, which begins with its own where. Errors: the database's, after which the list is
-    /// open and empty; the listener's, after which the rows are in the grid.
+    /// open and empty, or as before when the user has cancelled; the listener's, after which the rows are in the grid.
     void show(const std::string& condition);
 
   private:
     sql::Recordset rowsOf(const std::string& condition);
     void put(sql::Recordset rows);
+    void putBack(const sql::Recordset& before);
 
     TrackingFields& f_;
     session::Session& session_;

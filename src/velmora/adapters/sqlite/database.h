@@ -12,6 +12,22 @@
 
 namespace velmora::sqlite {
 
+/// What the user sees of a statement that runs long, and the request to end it.
+class LongRun {
+  public:
+    LongRun() = default;
+    virtual ~LongRun() = default;
+    LongRun(const LongRun&) = delete;
+    LongRun& operator=(const LongRun&) = delete;
+
+    /// Asked again and again until the statement's end. May run events of a toolkit; must not use the connection that
+    /// runs the statement.
+    virtual bool mayGoOn() = 0;
+};
+
+/// The error of a statement that was not allowed to go on.
+inline constexpr long cancelled = static_cast<int>(0x80040E4Eu);
+
 struct Options {
     /// What getdate() answers; the system's local time when none is given.
     std::function<runtime::Date()> clock{};
@@ -22,6 +38,10 @@ struct Options {
     std::chrono::milliseconds busyTimeout{5000};
     /// How many texts the statement cache holds.
     std::size_t cachedStatements = 256;
+    /// Called when the opening of a set has taken `longRunAfter`; what it gives lives until the set is open. Not inside
+    /// a transaction, and not for a database in memory: its statements share one connection. None: nobody is asked.
+    std::function<std::unique_ptr<LongRun>()> longRun{};
+    std::chrono::milliseconds longRunAfter{1000};
 };
 
 /// Opens the database at this path, which is made when it does not exist; ":memory:" lives as long as the

@@ -8,6 +8,7 @@
 #include "velmora/adapters/sqlite/errors.h"
 #include "velmora/adapters/sqlite/file_content.h"
 #include "velmora/adapters/sqlite/row_source.h"
+#include "velmora/adapters/sqlite/run_watch.h"
 #include "velmora/adapters/sqlite/table_reader.h"
 #include "velmora/adapters/tsql/refusals.h"
 #include "velmora/adapters/tsql/tokenizer.h"
@@ -154,7 +155,7 @@ std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> 
         const bool asksTheTime = cached->translation.steps.front().find("getdate()") != std::string::npos;
         auto reader =
             std::make_unique<RowReader>(link(), cached, asksTheTime ? std::optional(options_.clock()) : std::nullopt);
-        auto first = reader->read(0, openingRows);
+        auto first = openingRowsOf(*reader);
         if (!reader->wasPreparedAnew()) {
             auto others = reader->end() ? nullptr : keepOpen(std::move(reader));
             return std::make_unique<Rows>(shared_from_this(), std::move(cached), std::move(first), std::move(others));
@@ -162,6 +163,24 @@ std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> 
         // The tables have changed since `*` was expanded.
         forget();
         cached = translated(std::string(cached->text));
+    }
+}
+
+std::vector<sql::Row> Engine::openingRowsOf(RowReader& reader) {
+    if (!options_.longRun || inTransaction_ || path_ == inMemory) {
+        return reader.read(0, openingRows);
+    }
+    // While the program is asked, other statements run on another link.
+    const std::shared_ptr<Link> running = std::exchange(link_, nullptr);
+    const RunWatch watch(*running, options_);
+    try {
+        auto rows = reader.read(0, openingRows);
+        link_ = running;
+        return rows;
+    } catch (const sql::DbError&) {
+        link_ = running;
+        watch.passOn();
+        throw;
     }
 }
 

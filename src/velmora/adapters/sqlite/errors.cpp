@@ -7,6 +7,7 @@
 
 #include <sqlite3.h>
 
+#include "velmora/adapters/sqlite/database.h"
 #include "velmora/adapters/tsql/refusals.h"
 
 namespace velmora::sqlite {
@@ -48,6 +49,7 @@ constexpr Failure failures[] = {
     {SQLITE_CORRUPT, provider::failure, "HY000", "El fichero de la base de datos está dañado."},
     {SQLITE_IOERR, provider::failure, "HY000", "Error de lectura o escritura en el fichero de la base de datos."},
     {SQLITE_NOMEM, provider::failure, "HY001", "No queda memoria."},
+    {SQLITE_INTERRUPT, cancelled, "HY008", "La consulta se ha cancelado."},
     {SQLITE_PERM, provider::failure, "42000", "Sin permiso sobre la base de datos."},
 };
 

@@ -8,6 +8,7 @@
 #include "velmora/apps/backup/copies.h"
 #include "velmora/apps/desktop/daily_copy.h"
 #include "velmora/apps/desktop/draft_watch.h"
+#include "velmora/apps/desktop/long_statement.h"
 #include "velmora/apps/desktop/no_display.h"
 #include "velmora/apps/desktop/options.h"
 #include "velmora/apps/desktop/reconnection.h"
@@ -73,7 +74,8 @@ void tell(qt::QtScreen& screen, const std::string& text, screen::Icon icon) {
 
 /// Opens the database and performs what the options ask for. The copy that is to be put back, if the user wants one.
 std::optional<backup::Copy> open(const desktop::Options& options, qt::QtScreen& screen, const system::Clock& clock) {
-    const sql::Engines engines = engines::knownEngines(clock);
+    const sql::Engines engines =
+        engines::knownEngines(clock, [] { return std::make_unique<desktop::LongStatement>(); });
     const std::string database = databaseOf(options);
     const auto workshop = options.server.empty() ? desktop::openWorkshop(engines, database, clock)
                                                  : desktop::openServer(engines, options.server);

@@ -1,15 +1,20 @@
 #pragma once
 // The engines that the programs are built with.
 
+#include <functional>
+#include <memory>
 #include <string>
 
+#include "velmora/adapters/sqlite/database.h"
 #include "velmora/platform/sql/engines.h"
 #include "velmora/platform/system/system.h"
 
 namespace velmora::engines {
 
 /// Every engine by its name. The clock answers getdate() of an embedded one; it must outlive what the engines open.
-sql::Engines knownEngines(const system::Clock& clock);
+/// `longRun`: what an embedded one shows of a statement that runs long (sqlite::Options).
+sql::Engines knownEngines(const system::Clock& clock,
+                          const std::function<std::unique_ptr<sqlite::LongRun>()>& longRun = {});
 
 /// The embedded database at this path, or ":memory:", for Engines::open.
 std::string fileSource(const std::string& path);
