@@ -3,7 +3,7 @@ include(CMakePackageConfigHelpers)
 
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/velmora")
 set(package_libraries "")
-foreach(pair "SQLITE:SQLite3" "SQLITE:ICU COMPONENTS uc i18n" "SQLITE:Threads" "ODBC:ODBC" "ODBC:Threads" "QT:Qt6 COMPONENTS Widgets" "DOCUMENTS:Qt6 COMPONENTS Gui" "SCANNER:Threads")
+foreach(pair "SQLITE:SQLite3" "SQLITE:ICU COMPONENTS uc i18n" "SQLITE:Threads" "ODBC:ODBC" "ODBC:Threads" "QT:Qt6 COMPONENTS Widgets" "DOCUMENTS:Qt6 COMPONENTS Gui Svg" "SCANNER:Threads")
   string(REGEX MATCH "^([A-Z]+):(.*)$" matched "${pair}")
   if(VELMORA_${CMAKE_MATCH_1})
     string(APPEND package_libraries "find_dependency(${CMAKE_MATCH_2})\n")

@@ -9,6 +9,11 @@
 #include "velmora/data/product_types.h"
 #include "velmora/estimate/multiple_drawings.h"
 #include "velmora/estimate/rack_drawing.h"
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+#include "velmora/platform/toolkit/sketch_plan.h"
+
+#include "drawing_probe.h"
 
 namespace velmora::estimate {
 namespace {
@@ -96,7 +101,7 @@ TEST_P(ProductDrawing, WithoutMeasuresItIsAPieceWithoutTexts) {
     EXPECT_TRUE(drawingLabels(GetParam(), {}).empty());
 }
 
-TEST_P(ProductDrawing, WhatLeadsOutToATotalWidthBelongsToItsDimension) {
+TEST_P(ProductDrawing, WhatLeadsOutToATotalWidthOrTheBoreBelongsToItsDimension) {
     const screen::Drawing drawing = drawProduct(GetParam(), allMeasures());
     std::set<int> ledOut;
     for (const screen::Shape& shape : drawing.shapes) {
@@ -105,7 +110,52 @@ TEST_P(ProductDrawing, WhatLeadsOutToATotalWidthBelongsToItsDimension) {
             ledOut.insert(path->label);
         }
     }
-    EXPECT_EQ(ledOut, totalLabels(data::productType(GetParam())));
+    std::set<int> expected = totalLabels(data::productType(GetParam()));
+    if (data::productType(GetParam()).shape != data::ProductShape::rack) {
+        expected.insert(boreLabel);
+    }
+    EXPECT_EQ(ledOut, expected);
+}
+
+TEST_P(ProductDrawing, TheBoreOfAWheelIsDimensionedInItsDiameter) {
+    const data::ProductType& type = data::productType(GetParam());
+    const screen::Drawing drawing = drawProduct(GetParam(), allMeasures());
+    const std::map<int, std::string> texts = drawingLabels(GetParam(), allMeasures());
+    if (type.shape == data::ProductShape::rack) {
+        EXPECT_FALSE(texts.contains(boreLabel));
+        return;
+    }
+    EXPECT_DOUBLE_EQ(measured(drawing, boreLabel), *allMeasures().bore);
+    EXPECT_EQ(texts.at(boreLabel), "Ø eje " + runtime::CStr(*allMeasures().bore));
+    ProductMeasures solid = allMeasures();
+    solid.bore.reset();
+    EXPECT_FALSE(drawingLabels(GetParam(), solid).contains(boreLabel));
+}
+
+/// On the least canvases of the customer's paper and of the shop's with one rim or several.
+TEST_P(ProductDrawing, NoTextIsOnAnotherOrOffTheCanvas) {
+    for (const double height : {283.0, 242.0}) {
+        const toolkit::PixelRect canvas{.left = 0, .top = 0, .width = 665, .height = height};
+        const auto plan =
+            toolkit::planSketch(drawProduct(GetParam(), allMeasures()), drawingLabels(GetParam(), allMeasures()),
+                                canvas, [](const std::string& text) {
+                                    const auto letters = static_cast<double>(runtime::toCodePoints(text).size());
+                                    return toolkit::PixelSize{.width = 6.5 * letters, .height = 14};
+                                });
+        std::vector<toolkit::PlacedText> texts;
+        for (const toolkit::PlannedShape& shape : plan.shapes) {
+            if (const auto* dimension = std::get_if<toolkit::PlannedDimension>(&shape); dimension && dimension->text) {
+                texts.push_back(*dimension->text);
+            }
+        }
+        for (std::size_t one = 0; one < texts.size(); ++one) {
+            EXPECT_TRUE(canvas.contains(texts[one].bounds)) << height << ' ' << texts[one].text;
+            for (std::size_t other = one + 1; other < texts.size(); ++other) {
+                EXPECT_FALSE(texts[one].bounds.overlaps(texts[other].bounds))
+                    << height << ' ' << texts[one].text << " and " << texts[other].text;
+            }
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryType, ProductDrawing,

@@ -105,6 +105,34 @@ std::vector<std::string> totalsInSketch(const Sheet& sheet, int type) {
     return totals;
 }
 
+TEST(ProposalSheetsTest, WithoutACompanyThereIsNeitherHeadNorClosing) {
+    EXPECT_FALSE(customerSheet(proposalOf(0)).letterhead);
+    EXPECT_FALSE(customerSheet(proposalOf(0)).closing);
+}
+
+TEST(ProposalSheetsTest, TheValidityIsCountedFromTheProposalsDate) {
+    StoredProposal p = proposalOf(0);
+    p.created = runtime::Date::of(2026, 1, 20, 17, 30);
+    EXPECT_EQ(customerSheet(p, {.validityDays = 15}).closing.value().validity, "Oferta válida hasta 04/02/2026");
+    EXPECT_FALSE(customerSheet(p, {.validityDays = 0}).closing);
+}
+
+TEST(ProposalSheetsTest, WithoutADateOrOnceAcceptedNoValidityIsTold) {
+    StoredProposal p = proposalOf(0);
+    EXPECT_FALSE(customerSheet(p, {.validityDays = 15}).closing);
+    p.created = runtime::Date::of(2026, 1, 20);
+    p.accepted = runtime::Date::of(2026, 1, 22);
+    EXPECT_FALSE(customerSheet(p, {.validityDays = 15}).closing);
+    EXPECT_EQ(customerSheet(p, {.terms = "Portes debidos.", .validityDays = 15}).closing.value().validity, "");
+}
+
+TEST(ProposalSheetsTest, EmptyLinesOfTheCompanyAreLeftOut) {
+    const auto head =
+        customerSheet(proposalOf(0), {.address = "Calle 3\r\n\n  50001 Zaragoza\n", .email = "a@b.invalid"}).letterhead;
+    ASSERT_TRUE(head);
+    EXPECT_THAT(head->lines, ElementsAre("Calle 3", "50001 Zaragoza", "a@b.invalid"));
+}
+
 TEST(ProposalSheetsTest, ADiscNamesNoTotalWidth) {
     for (const int disc : {1, 6, 7, 9, 14}) {
         for (const Sheet& sheet : sheetsOf(proposalOf(disc))) {

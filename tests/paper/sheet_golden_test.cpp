@@ -29,6 +29,8 @@ namespace fs = std::filesystem;
 
 const fs::path folder = fs::path(VELMORA_TEST_DATA) / "paper" / "golden";
 
+const std::string withCompany = "type_00_customer_with_company.txt";
+
 std::string fileName(int type, const std::string& whose) {
     return "type_" + runtime::Format(type, "00") + "_" + whose + ".txt";
 }
@@ -106,8 +108,25 @@ TEST_P(SheetGoldenTest, SaysWhatItSaid) {
 
 INSTANTIATE_TEST_SUITE_P(EachType, SheetGoldenTest, ::testing::Range(0, static_cast<int>(data::productTypes.size())));
 
+TEST(SheetWithCompanyTest, CustomersSheetBearsItTheShopsDoesNot) {
+    support::SampleProposals proposals;
+    proposals.set(support::SampleProposals::numberOf(0), "DPI_FAcepta=null");
+    const Company company{.name = "Talleres Ejemplo, S.L.",
+                          .taxNumber = "B00000000",
+                          .address = "Calle del Torno, 3\n50001 Zaragoza",
+                          .telephone = "976 000 000",
+                          .email = "taller@ejemplo.invalid",
+                          .logo = "not empty",
+                          .terms = "Portes debidos.\nPago a 30 días.",
+                          .validityDays = 30};
+    const auto papers = papersOf(proposals.connection(), support::SampleProposals::numberOf(0), false, company);
+    ASSERT_EQ(papers.size(), 2u);
+    expectGolden(withCompany, support::sheetText(papers[0].sheet));
+    expectGolden(fileName(0, "shop_open"), support::sheetText(papers[1].sheet));
+}
+
 TEST(SheetGoldenFilesTest, EachBelongsToAType) {
-    std::set<std::string> wanted;
+    std::set<std::string> wanted{withCompany, fileName(0, "shop_open")};
     for (const data::ProductType& type : data::productTypes) {
         wanted.insert({fileName(type.number, "customer"), fileName(type.number, "shop")});
     }

@@ -174,11 +174,25 @@ class TextPage {
 
 std::string sheetText(const paper::Sheet& sheet) {
     TextPage page;
+    if (sheet.letterhead) {
+        page.addLine("[Head: " + sheet.letterhead->name + (sheet.letterhead->logo.empty() ? "" : ", logo") + "]");
+        for (const std::string& line : sheet.letterhead->lines) {
+            page.addLine(line);
+        }
+        page.addLine("");
+    }
     page.addLine("=== " + sheet.title);
     page.add(paper::Fields{.title = {}, .fields = sheet.heading, .columns = 2});
     for (const paper::Block& block : sheet.blocks) {
         page.addLine("");
         std::visit([&](const auto& b) { page.add(b); }, block);
+    }
+    if (sheet.closing) {
+        page.addLine("");
+        page.addLine("[Closing: " + sheet.closing->validity + "]");
+        for (const std::string& line : linesOf(sheet.closing->terms)) {
+            page.addLine("> " + line);
+        }
     }
     page.addLine("");
     page.addLine("[Foot: " + sheet.name + "]");

@@ -173,6 +173,18 @@ std::vector<Point> half(const std::vector<Point>& profile, double bottom, double
     return points;
 }
 
+/// Below the view along the axis, where no other dimension is; its text is at the side, because a bore is narrower than
+/// it.
+void dimensionBore(Drawing& drawing, const Wheel& wheel, const Stand& stand) {
+    const double foot = -wheel.root;
+    dimension(drawing, {stand.viewX + wheel.bore, foot}, {stand.viewX - wheel.bore, foot},
+              wheel.exterior - wheel.root + firstRow * stand.row, mark(boreLabel, "", screen::TextPlace::beforeFrom));
+    for (const double side : {1.0, -1.0}) {
+        const double x = stand.viewX + side * wheel.bore;
+        drawing.shapes.emplace_back(Path{.points = {{x, 0}, {x, foot}}, .pen = Pen::dimension, .label = boreLabel});
+    }
+}
+
 }  // namespace
 
 std::optional<double> within(double low, const std::optional<double>& value, double high) {
@@ -188,6 +200,7 @@ Wheel solidWheel(const WheelMeasures& measures) {
 
     Wheel wheel;
     wheel.toothing = measures.toothing;
+    wheel.dimensionsBore = measures.dimensionsBore;
     if (measures.teeth && *measures.teeth >= fewestTeeth && *measures.teeth <= mostTeeth) {
         wheel.teeth = *measures.teeth;
     }
@@ -292,6 +305,9 @@ void drawFrontView(Drawing& drawing, const Wheel& wheel, const Stand& stand, std
     const double reach = wheel.exterior + overshoot * stand.row;
     line(drawing, {centre.x - reach, 0}, {centre.x + reach, 0}, Pen::centre);
     line(drawing, {centre.x, -reach}, {centre.x, reach}, Pen::centre);
+    if (wheel.dimensionsBore) {
+        dimensionBore(drawing, wheel, stand);
+    }
 }
 
 void dimension(Drawing& drawing, Point from, Point to, double offset, const Mark& mark) {

@@ -32,6 +32,7 @@ struct Wheel {
     double bore = 0;
     double keywayWidth = 0;
     double keywayDepth = 0;
+    bool dimensionsBore = false;
 
     bool hasTeeth() const { return toothing != Toothing::smooth; }
 };

@@ -24,6 +24,7 @@ void putWheel(WheelMeasures& wheel, const data::ProductType& type, const Product
     wheel.root = m.root;
     wheel.bore = m.bore;
     wheel.keyway = m.keyway;
+    wheel.dimensionsBore = true;
 }
 
 /// The hubs of a piece with one rim; one for an unknown type.
@@ -216,7 +217,11 @@ screen::Drawing drawProduct(int type, const ProductMeasures& measures) {
 
 std::map<int, std::string> drawingLabels(int type, const ProductMeasures& measures) {
     const data::ProductType& row = data::productType(type);
-    return pictureOf(row).labels(row, measures).take();
+    Labels labels = pictureOf(row).labels(row, measures);
+    if (row.shape != data::ProductShape::rack) {
+        labels.put(boreLabel, measures.bore, "Ø eje ");
+    }
+    return labels.take();
 }
 
 }  // namespace velmora::estimate

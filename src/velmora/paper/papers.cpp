@@ -24,11 +24,11 @@ StoredProposal requiredProposal(sql::Connection& connection, std::int32_t number
 // Differs D-267: the shop's sheet, with all costs, was the second page of the file named after the proposal. Each sheet
 // has its own file now: the one for the customer contains nothing of the shop's. Chosen C-212: for an order only the
 // shop's sheet is printed; this program itself never requests it.
-std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bool order) {
+std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bool order, const Company& company) {
     const StoredProposal proposal = requiredProposal(connection, number);
     std::vector<Paper> papers;
     if (!order) {
-        papers.push_back({"Propuesta_" + numberOf(proposal) + ".pdf", customerSheet(proposal)});
+        papers.push_back({"Propuesta_" + numberOf(proposal) + ".pdf", customerSheet(proposal, company)});
     }
     papers.push_back({"HojaCorte_" + numberOf(proposal) + ".pdf", shopSheet(proposal)});
     return papers;

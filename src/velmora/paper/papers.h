@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "velmora/paper/company.h"
 #include "velmora/paper/sheet.h"
 #include "velmora/platform/sql/connection.h"
 
@@ -17,7 +18,8 @@ struct Paper {
 };
 
 /// The papers of a proposal as last saved: the customer's sheet, "Propuesta_000123.pdf", then the shop's,
-/// "HojaCorte_000123.pdf"; for an order only the shop's. Errors: 5 for a number without a proposal, DbError.
-std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bool order);
+/// "HojaCorte_000123.pdf"; for an order only the shop's. The company stands on the customer's sheet alone. Errors: 5
+/// for a number without a proposal, DbError.
+std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bool order, const Company& company = {});
 
 }  // namespace velmora::paper

@@ -1,11 +1,14 @@
 #include "velmora/paper/proposal_sheets.h"
 
 #include <algorithm>
+#include <chrono>
+#include <iterator>
 
 #include "velmora/data/product_types.h"
 #include "velmora/estimate/multiple_drawings.h"
 #include "velmora/platform/runtime/dates.h"
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
 
 namespace velmora::paper {
 
@@ -219,6 +222,55 @@ std::vector<Field> customerFields(const StoredProposal& p) {
     return fields;
 }
 
+std::string_view withoutReturn(std::string_view line) {
+    return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
+}
+
+/// Those that are not empty, without blanks at their ends.
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        if (std::string line = runtime::Trim(withoutReturn(std::string_view(text).substr(begin, end - begin)));
+            !line.empty()) {
+            lines.push_back(std::move(line));
+        }
+        begin = end + 1;
+    }
+    return lines;
+}
+
+std::optional<Letterhead> letterheadOf(const Company& company) {
+    Letterhead head{.name = company.name, .lines = {}, .logo = company.logo};
+    if (!company.taxNumber.empty()) {
+        head.lines.push_back("NIF " + company.taxNumber);
+    }
+    std::ranges::copy(linesOf(company.address), std::back_inserter(head.lines));
+    if (const std::string reached =
+            withWords(company.telephone.empty() ? "" : "Tel. " + company.telephone, " · ", company.email);
+        !reached.empty()) {
+        head.lines.push_back(reached);
+    }
+    const bool isEmpty = head.name.empty() && head.lines.empty() && head.logo.empty();
+    return isEmpty ? std::nullopt : std::optional(std::move(head));
+}
+
+// Chosen C-530: an offer is valid from the date of its proposal, not of its print: the same proposal printed again says
+// the same day. Without a date, and once it is accepted, nothing is said.
+std::string validityOf(const StoredProposal& p, const Company& company) {
+    if (company.validityDays <= 0 || !p.created || p.accepted) {
+        return {};
+    }
+    runtime::Date last = *p.created;
+    last.at += std::chrono::days(company.validityDays);
+    return "Oferta válida hasta " + day(last);
+}
+
+std::optional<Closing> closingOf(const StoredProposal& p, const Company& company) {
+    Closing closing{.validity = validityOf(p, company), .terms = company.terms};
+    return closing.validity.empty() && closing.terms.empty() ? std::nullopt : std::optional(std::move(closing));
+}
+
 // --- The shop's sheet
 
 std::string stockName(const StoredProposal& p) {
@@ -371,7 +423,7 @@ std::string numberOf(const StoredProposal& proposal) {
     return runtime::Format(proposal.number, "000000");
 }
 
-Sheet customerSheet(const StoredProposal& p) {
+Sheet customerSheet(const StoredProposal& p, const Company& company) {
     Sheet sheet{.title = "Propuesta " + numberOf(p), .name = "Propuesta " + numberOf(p), .heading = customerFields(p)};
     sheet.blocks.emplace_back(measuresOf(p));
     addSketch(sheet.blocks, p, 105, 75);
@@ -386,6 +438,8 @@ Sheet customerSheet(const StoredProposal& p) {
         sheet.blocks.emplace_back(std::move(all));
     }
     addRemarks(sheet.blocks, p);
+    sheet.letterhead = letterheadOf(company);
+    sheet.closing = closingOf(p, company);
     return sheet;
 }
 

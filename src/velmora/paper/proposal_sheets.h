@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "velmora/paper/company.h"
 #include "velmora/paper/sheet.h"
 #include "velmora/paper/stored_proposal.h"
 
@@ -11,8 +12,8 @@ namespace velmora::paper {
 /// "000123"
 std::string numberOf(const StoredProposal& proposal);
 
-/// Piece, sketch, measures, material, price of piece and lot, remarks.
-Sheet customerSheet(const StoredProposal& proposal);
+/// Piece, sketch, measures, material, price of piece and lot, remarks; with the company's head, validity and terms.
+Sheet customerSheet(const StoredProposal& proposal, const Company& company = {});
 
 /// Stock to cut, weights, labour, and all costs.
 Sheet shopSheet(const StoredProposal& proposal);

@@ -2,6 +2,7 @@
 // Contents of a paper before its layout: sheets of blocks, one below the other.
 
 #include <map>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -58,12 +59,27 @@ struct Figures {
 
 using Block = std::variant<Fields, Sketch, Table, Paragraph, Figures>;
 
+/// Whose paper it is, above the title of its first page.
+struct Letterhead {
+    std::string name;
+    std::vector<std::string> lines;  ///< tax number, address, telephone, in small letters
+    std::string logo;                ///< the bytes of a PNG, JPEG or SVG picture; empty: none
+};
+
+/// What closes a paper, at the bottom of its last page.
+struct Closing {
+    std::string validity;
+    std::string terms;  ///< several lines, in small letters
+};
+
 /// One paper.
 struct Sheet {
     std::string title;
     std::string name;  ///< shown at the head of further pages and at the foot of each
     std::vector<Field> heading;
     std::vector<Block> blocks = {};
+    std::optional<Letterhead> letterhead = {};
+    std::optional<Closing> closing = {};
 };
 
 }  // namespace velmora::paper

@@ -1,5 +1,5 @@
-// Prints the newest proposal of every product type into a folder, and some of them with the greatest figures that a
-// paper must bear, to be looked at: sample_papers FOLDER
+// Prints the newest proposal of every product type into a folder, and with the greatest figures that a paper must
+// bear, and with a company's head, to be looked at: sample_papers FOLDER
 
 #include <filesystem>
 #include <iostream>
@@ -7,6 +7,7 @@
 #include "velmora/adapters/documents/proposal_printing.h"
 
 #include "adapters/documents/paper_workshop.h"
+#include "adapters/documents/sample_company.h"
 #include "support/fake_services.h"
 #include "support/temporary_folder.h"
 
@@ -24,7 +25,7 @@ class Printer {
         std::filesystem::create_directories(folder);
         services_.folder = folder.string() + "/";
         services_.opened.clear();
-        documents::ProposalPrinting printing(services_, graphics_);
+        documents::ProposalPrinting printing(services_, graphics_, choices_);
         printing.setMyBd(workshop_.session);
         printing.jPrintPropuesta(proposal, false);
         for (const std::string& path : services_.opened) {
@@ -32,7 +33,10 @@ class Printer {
         }
     }
 
+    void nameCompany() { choices_.company = support::sampleCompany; }
+
   private:
+    documents::PaperChoices choices_;
     support::PaperWorkshop& workshop_;
     support::TemporaryFolder unused_;
     support::FakeServices services_{unused_};
@@ -51,6 +55,10 @@ int main(int argc, char** argv) {
     Printer printer(workshop);
     for (int type = 0; type < types; ++type) {
         printer.print(workshop.latestOfType(type), type, folder);
+    }
+    printer.nameCompany();
+    for (int type = 0; type < types; ++type) {
+        printer.print(workshop.latestOfType(type), type, folder / "company");
     }
     for (int type = 0; type < types; ++type) {
         printer.print(workshop.withGreatFigures(type), type, folder / "great");

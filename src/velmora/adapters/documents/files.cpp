@@ -1,8 +1,6 @@
 #include "velmora/adapters/documents/files.h"
 
 #include <QFile>
-#include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -12,6 +10,7 @@
 #include "velmora/adapters/painting/text.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/system/failure_words.h"
 
 namespace velmora::documents {
 
@@ -28,32 +27,6 @@ constexpr std::u32string_view refused = U"\\/:*?\"<>|";
 
 fs::path toPath(std::string_view utf8) {
     return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
-
-struct Reason {
-    int code;
-    const char* words;
-};
-
-constexpr std::array reasons{
-    Reason{ENOENT, "La carpeta no existe."},
-    Reason{ENOTDIR, "La carpeta no existe."},
-    Reason{EACCES, "No hay permiso para escribir en la carpeta."},
-    Reason{EPERM, "No hay permiso para escribir en la carpeta."},
-    Reason{EROFS, "El disco es de solo lectura."},
-    Reason{ENOSPC, "No queda sitio en el disco."},
-    Reason{EDQUOT, "No queda sitio en el disco."},
-    Reason{EFBIG, "El fichero es demasiado grande para el disco."},
-    Reason{EISDIR, "Hay una carpeta con ese nombre."},
-    Reason{EEXIST, "Hay otro fichero con ese nombre."},
-    Reason{ENOTEMPTY, "Hay una carpeta con ese nombre."},
-    Reason{ENAMETOOLONG, "El nombre es demasiado largo."},
-};
-
-/// The system's own words are those of the language that it was set up in.
-std::string wordsOf(const std::error_code& failure) {
-    const auto* known = std::ranges::find(reasons, failure.value(), &Reason::code);
-    return known == reasons.end() ? "Error del sistema: " + failure.message() : known->words;
 }
 
 std::string wordsOf(QFileDevice::FileError failure) {
@@ -101,7 +74,7 @@ NewFile::NewFile(std::string path) : path_(std::move(path)), draft_(path_ + ".pa
     // Differs D-262: a link that lies in the way is taken away, not followed; "x" refuses one that is laid meanwhile.
     std::FILE* made = std::fopen(draft.c_str(), "wbx");
     if (made == nullptr) {
-        refuseToWrite(path_, wordsOf(std::error_code(errno, std::generic_category())));
+        refuseToWrite(path_, system::failureWords(std::error_code(errno, std::generic_category())));
     }
     std::fclose(made);
 }
@@ -115,7 +88,7 @@ void NewFile::keep() {
     std::error_code failure;
     fs::rename(toPath(draft_), toPath(path_), failure);
     if (failure) {
-        refuseToWrite(path_, wordsOf(failure));
+        refuseToWrite(path_, system::failureWords(failure));
     }
 }
 

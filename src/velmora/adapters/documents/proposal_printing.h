@@ -1,21 +1,41 @@
 #pragma once
 // A proposal on paper: the stand-in for VELMORAIMP.VMORAIMP.
 
+#include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "velmora/adapters/painting/graphics.h"
+#include "velmora/paper/company.h"
+#include "velmora/paper/sheet.h"
 #include "velmora/platform/components/components.h"
 #include "velmora/platform/system/system.h"
 
 namespace velmora::documents {
 
-/// Reads a proposal by its number as it was last saved, writes its papers as PDF in the temporary folder and opens
-/// them.
+/// A paper in its file.
+struct PrintedPaper {
+    paper::Sheet sheet;
+    std::string path;
+};
+
+/// What the program decides about papers, asked at each print. What is not set is as without it.
+struct PaperChoices {
+    std::function<paper::Company()> company = {};
+    /// A folder for the files; empty: the temporary one.
+    std::function<std::string()> folder = {};
+    /// Shows the written papers; without it each is opened with its associated program.
+    std::function<void(const std::vector<PrintedPaper>&)> view = {};
+};
+
+/// Reads a proposal by its number as it was last saved, writes its papers as PDF in a folder and shows them.
 class ProposalPrinting final : public components::Printing {
   public:
     /// `graphics` may be shared with other components, so that the toolkit's application is created once.
-    ProposalPrinting(system::Services& services, std::shared_ptr<painting::Graphics> graphics)
-        : services_(services), graphics_(std::move(graphics)) {}
+    ProposalPrinting(system::Services& services, std::shared_ptr<painting::Graphics> graphics,
+                     PaperChoices choices = {})
+        : services_(services), graphics_(std::move(graphics)), choices_(std::move(choices)) {}
 
     void setMyBd(session::Session& session) override { session_ = &session; }
 
@@ -26,8 +46,11 @@ class ProposalPrinting final : public components::Printing {
     void jPrintPropuesta(std::int32_t nIdDpi, bool bOrden) override;
 
   private:
+    std::string pathOf(const std::string& fileName) const;
+
     system::Services& services_;
     std::shared_ptr<painting::Graphics> graphics_;
+    PaperChoices choices_;
     session::Session* session_ = nullptr;
 };
 

@@ -11,6 +11,7 @@
 #include "velmora/adapters/sqlite/file_content.h"
 #include "velmora/apps/workshop_file/folder_lock.h"
 #include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/system/failure_words.h"
 #include "velmora/platform/system/file_path.h"
 
 namespace velmora::backup {
@@ -70,7 +71,7 @@ auto told(const char* words, const Work& work) {
     } catch (const sql::DbError& error) {
         throw Failed(std::string(words) + "\n" + error.description());
     } catch (const std::system_error& error) {
-        throw Failed(std::string(words) + "\n" + error.code().message());
+        throw Failed(std::string(words) + "\n" + system::failureWords(error.code()));
     }
 }
 

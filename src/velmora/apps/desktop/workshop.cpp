@@ -9,6 +9,7 @@
 #include "velmora/apps/workshop_file/workshop_file.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/system/failure_words.h"
 #include "velmora/platform/system/file_path.h"
 
 namespace velmora::desktop {
@@ -41,7 +42,7 @@ void makeFolderOf(const std::string& file) {
     std::error_code failure;
     if (file != inMemory && !folder.empty() && !fs::create_directories(folder, failure) && failure) {
         throw NoWorkshop("No se puede crear la carpeta de la base de datos:\n" + system::fileText(folder) + "\n\n" +
-                         failure.message());
+                         system::failureWords(failure));
     }
 }
 

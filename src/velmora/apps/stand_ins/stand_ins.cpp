@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "velmora/adapters/documents/grid_spreadsheet.h"
 #include "velmora/adapters/documents/proposal_printing.h"
@@ -14,13 +15,14 @@
 namespace velmora::stand_ins {
 
 void registerStandIns(components::ComponentFactory& factory, screen::Screen& screen, system::Services& services,
-                      const system::Clock& clock) {
+                      const system::Clock& clock, documents::PaperChoices papers) {
     factory.add("KOLTAR.KOLTARD", [&screen] { return std::make_unique<host::WorkOrderViewer>(screen); });
     factory.add("SORVEL.SORVELCOMP", [&screen] { return std::make_unique<host::DeliveryNoteViewer>(screen); });
     // Created when the first paper is printed; lives as long as the factory.
     const auto graphics = std::make_shared<painting::Graphics>();
-    factory.add("VELMORAIMP.VMORAIMP",
-                [&services, graphics] { return std::make_unique<documents::ProposalPrinting>(services, graphics); });
+    factory.add("VELMORAIMP.VMORAIMP", [&services, graphics, choices = std::move(papers)] {
+        return std::make_unique<documents::ProposalPrinting>(services, graphics, choices);
+    });
     factory.add("LIMBAR.jLimbar",
                 [&] { return std::make_unique<documents::GridSpreadsheet>(screen, services, clock); });
     factory.add("MIRTOL.jMirtol", [&screen, graphics] {

@@ -10,6 +10,7 @@
 #include "velmora/data/indexes.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/system/failure_words.h"
 #include "velmora/platform/system/file_path.h"
 
 namespace velmora::workshop_file {
@@ -179,7 +180,7 @@ Opened open(const sql::Engines& engines, const std::string& path, const Fill& fi
     } catch (const sql::DbError& e) {
         throw Refused("No se puede abrir la base de datos:\n" + path + "\n\n" + e.description());
     } catch (const std::system_error& e) {
-        throw Refused("No se puede crear la base de datos:\n" + path + "\n\n" + e.code().message());
+        throw Refused("No se puede crear la base de datos:\n" + path + "\n\n" + system::failureWords(e.code()));
     }
 }
 
