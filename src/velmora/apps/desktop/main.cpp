@@ -2,6 +2,8 @@
 #include <exception>
 #include <iostream>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
@@ -14,6 +16,7 @@
 #include "velmora/apps/desktop/reconnection.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/start_keys.h"
+#include "velmora/apps/desktop/table_forms.h"
 #include "velmora/apps/desktop/window_pictures.h"
 #include "velmora/apps/desktop/workshop.h"
 #include "velmora/apps/engines/hidden_value.h"
@@ -26,7 +29,11 @@ using namespace velmora;
 
 /// Runs without a user, so errors go to the standard error output instead of a message box.
 void makePictures(qt::QtScreen& screen, session::Session& session, platform::Desk& desk, const std::string& folder) {
-    for (const std::string& path : desktop::writePictures(screen, desktop::windowPictures(session, desk), folder)) {
+    std::vector<desktop::WindowPicture> pictures = desktop::windowPictures(session, desk);
+    for (desktop::WindowPicture& table : desktop::tablePictures(session, desk)) {
+        pictures.push_back(std::move(table));
+    }
+    for (const std::string& path : desktop::writePictures(screen, pictures, folder)) {
         std::cout << path << '\n';
     }
 }

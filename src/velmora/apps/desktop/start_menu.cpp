@@ -1,6 +1,7 @@
 #include "velmora/apps/desktop/start_menu.h"
 
 #include "velmora/apps/desktop/start_form.h"
+#include "velmora/apps/desktop/table_forms.h"
 
 namespace velmora::desktop {
 
@@ -19,9 +20,13 @@ Menu fileMenu() {
 }
 
 Menu dataMenu() {
-    return {"&Datos", {{.key = "materiales", .caption = "Parámetros de &materiales…", .perform = [](StartForm& start) {
-                            start.vmora().jShowParametros();
-                        }}}};
+    Menu menu{"&Datos",
+              {{.key = "materiales", .caption = "Parámetros de &materiales…", .perform = [](StartForm& start) {
+                    start.vmora().jShowParametros();
+                }}}};
+    const std::vector<MenuEntry> tables = tableEntries();
+    menu.entries.insert(menu.entries.end(), tables.begin(), tables.end());
+    return menu;
 }
 
 Menu settingsMenu() {
