@@ -15,6 +15,6 @@ ${package_libraries}include(\"\${CMAKE_CURRENT_LIST_DIR}/velmora-targets.cmake\"
 ")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/velmora-config-version.cmake" COMPATIBILITY SameMinorVersion)
 
-install(EXPORT velmora NAMESPACE velmora:: FILE velmora-targets.cmake DESTINATION "${package_folder}")
+install(EXPORT velmora NAMESPACE velmora:: FILE velmora-targets.cmake DESTINATION "${package_folder}" COMPONENT development)
 install(FILES "${PROJECT_BINARY_DIR}/velmora-config.cmake" "${PROJECT_BINARY_DIR}/velmora-config-version.cmake"
-  DESTINATION "${package_folder}")
+  DESTINATION "${package_folder}" COMPONENT development)

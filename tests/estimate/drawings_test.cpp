@@ -122,6 +122,25 @@ TEST(DrawingsTest, SideViewHasAsManyTeethAsThePiece) {
     }
 }
 
+TEST(DrawingsTest, SideViewAloneIsThatOfThePieceAroundTheOrigin) {
+    const Drawing whole = drawPiece(Hubs::one, ordinarySprocket());
+    const Drawing view = drawSideView(Hubs::one, ordinarySprocket());
+    EXPECT_THAT(labels(view), ElementsAre());
+    EXPECT_THAT(circleDiameters(view), ElementsAre(147, 95));
+    for (const Circle& circle : all<Circle>(view)) {
+        EXPECT_DOUBLE_EQ(circle.centre.x, 0);
+    }
+    const auto metal = [](const Drawing& drawing) {
+        std::size_t corners = 0;
+        for (const Path& path : all<Path>(drawing)) {
+            corners = std::max(corners, path.points.size());
+        }
+        return corners;
+    };
+    EXPECT_EQ(metal(view), metal(whole));
+    EXPECT_THAT(circleDiameters(drawSideView(Hubs::none, ordinarySprocket())), ElementsAre(147));
+}
+
 TEST(DrawingsTest, CirclesStandForTeethThatAreUnknownOrTooMany) {
     for (const std::optional<int> teeth : {std::optional<int>{}, {0}, {-17}, {4}, {111}, {1000000}}) {
         PieceMeasures measures = ordinarySprocket();

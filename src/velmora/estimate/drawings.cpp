@@ -139,6 +139,10 @@ void drawDimensions(Drawing& drawing, const Piece& piece, double row) {
     }
 }
 
+std::optional<double> visibleHub(const Piece& piece) {
+    return piece.hubs == Hubs::none ? std::nullopt : std::optional(piece.hub);
+}
+
 }  // namespace
 
 screen::Drawing drawPiece(Hubs hubs, const PieceMeasures& measures) {
@@ -148,7 +152,15 @@ screen::Drawing drawPiece(Hubs hubs, const PieceMeasures& measures) {
     // Dimensions first: where an extension line runs along an edge, the edge is drawn over it.
     drawDimensions(drawing, piece, stand.row);
     drawSection(drawing, piece, stand.row);
-    parts::drawFrontView(drawing, piece, stand, hubs == Hubs::none ? std::nullopt : std::optional(piece.hub));
+    parts::drawFrontView(drawing, piece, stand, visibleHub(piece));
+    return drawing;
+}
+
+screen::Drawing drawSideView(Hubs hubs, const PieceMeasures& measures) {
+    constexpr double rowOfExterior = 0.2;
+    const Piece piece = plausiblePiece(hubs, measures);
+    Drawing drawing;
+    parts::drawFrontView(drawing, piece, {.row = rowOfExterior * piece.exterior}, visibleHub(piece));
     return drawing;
 }
 

@@ -33,4 +33,7 @@ enum class PieceLabel {
 /// one and is visible in the view beside the section, taken from the left.
 screen::Drawing drawPiece(Hubs hubs, const PieceMeasures& measures);
 
+/// The view from the side alone, its axis at the origin.
+screen::Drawing drawSideView(Hubs hubs, const PieceMeasures& measures);
+
 }  // namespace velmora::estimate

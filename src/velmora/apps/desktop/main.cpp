@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <QIcon>
+#include <QPixmap>
 #include <exception>
 #include <iostream>
 #include <optional>
@@ -21,6 +23,7 @@
 #include "velmora/apps/desktop/workshop.h"
 #include "velmora/apps/engines/hidden_value.h"
 #include "velmora/apps/engines/known_engines.h"
+#include "velmora/apps/icon/icon_image.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 
 namespace {
@@ -133,6 +136,16 @@ int run(const desktop::Options& options, qt::QtScreen& screen) {
     return 0;
 }
 
+/// In the windows' title bars and the list of tasks; the desktop finds the installed one by the name of the entry.
+void showIcon() {
+    QIcon icon;
+    for (const int size : icon::imageSizes) {
+        icon.addPixmap(QPixmap::fromImage(icon::iconImage(size)));
+    }
+    QApplication::setWindowIcon(icon);
+    QApplication::setDesktopFileName(QStringLiteral("velmora"));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -150,6 +163,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     displayNeeded.reset();
     QApplication::setApplicationName(QStringLiteral("velmora"));
+    showIcon();
     qt::QtScreen screen;
     try {
         return run(options, screen);
