@@ -50,7 +50,7 @@ TableForm::TableForm(session::Session& session, platform::Desk& desk, const Tabl
     });
     reload();
     if (list_.count() == 0) {
-        beginNew();
+        startRow();
     }
 }
 
@@ -182,16 +182,20 @@ std::string TableForm::stateInWords() const {
                : "Se muestran " + textOf(list_.shownCount()) + " de " + textOf(list_.count()) + " filas.";
 }
 
-void TableForm::beginNew() {
-    if (isBusy()) {
-        return;
-    }
+void TableForm::startRow() {
     adding_ = true;
     current_.reset();
     RowTexts texts;
     std::ranges::transform(table_.columns, std::back_inserter(texts),
                            [](const Column& column) { return std::string(column.onNew); });
     fill(texts);
+}
+
+void TableForm::beginNew() {
+    if (isBusy()) {
+        return;
+    }
+    startRow();
     if (fields_.front()->control().canTakeFocus()) {
         fields_.front()->control().setFocus();
     }
@@ -202,9 +206,7 @@ void TableForm::undo() {
         return;
     }
     if (adding_ && list_.count() == 0) {
-        adding_ = false;
-        fill(begun_);
-        beginNew();
+        startRow();
     } else if (adding_) {
         showCurrent();
     } else {

@@ -44,6 +44,7 @@ class TableForm : public screen::Form {
     void refreshState();
     std::string stateInWords() const;
 
+    void startRow();
     void beginNew();
     void undo();
     void searchReference();
