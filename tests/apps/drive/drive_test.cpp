@@ -163,5 +163,29 @@ TEST_F(Drive, AServersConnectionStringMayStandInAFile) {
     EXPECT_THAT(run("--dsn " + path("otro.dsn"), "").output, testing::HasSubstr("otro.dsn"));
 }
 
+TEST_F(Drive, OpensTheFormsOfTheWorkshopsOwnData) {
+    const std::string file = write("secciones.csv", "Número;Nombre\n2;Corte\n3;Tallado\n");
+    const Outcome typed = run("--data none",
+                              "open tabla secciones\n"
+                              "type txtCampo(0) 1\n"
+                              "type txtCampo(1) Torno\n"
+                              "key F5\n"
+                              "file " +
+                                  file +
+                                  "\n"
+                                  "press cmdImportar\n"
+                                  "rows dbgFilas\n"
+                                  "key F5\n"
+                                  "rows dbgFilas\n"
+                                  "file " +
+                                  path("salida.csv") +
+                                  "\n"
+                                  "press cmdExportar\n");
+    EXPECT_EQ(typed.status, 0) << typed.output;
+    EXPECT_THAT(typed.output, testing::HasSubstr("1\tTorno\n2\tCorte\n3\tTallado\n"));
+    EXPECT_TRUE(std::filesystem::exists(path("salida.csv")));
+    EXPECT_EQ(run("", "open tabla colores").status, 2);
+}
+
 }  // namespace
 }  // namespace velmora::drive

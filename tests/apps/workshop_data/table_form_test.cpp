@@ -272,7 +272,7 @@ TEST_F(TableFormTest, AFileWithErrorsIsShownAndNotImported) {
         ASSERT_EQ(grid.rowCount(), 1u);
         EXPECT_EQ(grid.cellText(0, 0), "3");
         EXPECT_EQ(grid.cellText(0, 3), "Número");
-        EXPECT_EQ(grid.cellText(0, 4), "no es un número");
+        EXPECT_EQ(grid.cellText(0, 4), "«x»: no es un número");
         EXPECT_FALSE(form.find("cmdImportar")->isEnabled());
         form.keyDown(Key::f5);
         EXPECT_FALSE(form.isUnloaded());

@@ -14,6 +14,8 @@
 #include "velmora/platform/desk.h"
 #include "velmora/shell/vmora.h"
 
+#include "table_operations.h"
+
 namespace velmora::drive {
 
 namespace {
@@ -59,7 +61,8 @@ script::Status play(const Options& options, std::istream& in) {
             [&](std::string_view statement) { journal.line("sql> " + std::string(statement)); });
     }
     OwnInstance instance(desk, stage.session());
-    const script::Operations operations = script::operationsOf(instance);
+    script::Operations operations = script::operationsOf(instance);
+    addTables(operations, stage.session(), desk);
 
     script::ScriptReader reader(in);
     const auto tell = [&](std::string_view reason) {

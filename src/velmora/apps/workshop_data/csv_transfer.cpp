@@ -30,7 +30,7 @@ void refuseUsed(const TableStore& store, ImportPlan& plan) {
         if (!uses.empty()) {
             row.fate = Fate::refused;
             plan.faults.push_back(
-                {.line = row.line, .key = row.key, .column = {}, .reason = "no se puede cambiar: " + uses});
+                {.line = row.line, .key = row.key, .column = {}, .text = {}, .reason = "no se puede cambiar: " + uses});
         }
     }
 }

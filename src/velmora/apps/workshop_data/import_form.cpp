@@ -5,10 +5,13 @@
 #include <vector>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
 
 namespace velmora::workshop_data {
 
 namespace {
+
+constexpr std::size_t longestQuote = 60;
 
 std::string counted(std::size_t count, std::string_view one, std::string_view many) {
     return runtime::CStr(static_cast<std::int64_t>(count)) + " " + std::string(count == 1 ? one : many);
@@ -27,7 +30,8 @@ std::vector<screen::GridColumn> previewColumns() {
 }
 
 void addFault(const PlanFault& fault, std::vector<sql::Row>& rows) {
-    rows.push_back({lineOf(fault.line), fault.key, "Error", fault.column, fault.reason});
+    const std::string given = fault.text.empty() ? "" : "«" + runtime::Left(fault.text, longestQuote) + "»: ";
+    rows.push_back({lineOf(fault.line), fault.key, "Error", fault.column, given + fault.reason});
 }
 
 void addChanges(const Table& table, const PlannedRow& row, std::vector<sql::Row>& rows) {

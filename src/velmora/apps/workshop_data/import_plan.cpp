@@ -53,7 +53,8 @@ class Planner {
 
   private:
     void refuseFile(std::size_t line, std::string reason, std::string column = {}) {
-        plan_.faults.push_back({.line = line, .key = {}, .column = std::move(column), .reason = std::move(reason)});
+        plan_.faults.push_back(
+            {.line = line, .key = {}, .column = std::move(column), .text = {}, .reason = std::move(reason)});
     }
 
     bool readHeading(const CsvRecord& heading) {
@@ -109,6 +110,7 @@ class Planner {
         for (const CellFault& fault : row.check.faults) {
             const bool ofColumn = fault.column < table_.columns.size();
             refuse(row, ofColumn ? std::string(table_.columns[fault.column].caption) : std::string(), fault.reason);
+            plan_.faults.back().text = ofColumn ? row.check.texts[fault.column] : std::string();
         }
         refuseSecond(key, row);
         if (row.check.faults.empty()) {
@@ -149,7 +151,7 @@ class Planner {
 
     void refuse(const PlannedRow& row, std::string column, std::string reason) {
         plan_.faults.push_back(
-            {.line = row.line, .key = row.key, .column = std::move(column), .reason = std::move(reason)});
+            {.line = row.line, .key = row.key, .column = std::move(column), .text = {}, .reason = std::move(reason)});
     }
 
     const Table& table_;

@@ -30,6 +30,7 @@ struct PlanFault {
     std::size_t line;
     std::string key;     ///< of the row; empty for a fault of the file
     std::string column;  ///< its caption; empty for a fault of the row
+    std::string text;    ///< what stands there
     std::string reason;
 
     friend bool operator==(const PlanFault&, const PlanFault&) = default;

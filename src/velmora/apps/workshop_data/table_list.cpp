@@ -12,8 +12,8 @@ namespace velmora::workshop_data {
 namespace {
 
 // Widths in twips.
-constexpr int twipsOfADigit = 120;
-constexpr int margin = 240;
+constexpr int twipsOfADigit = 105;
+constexpr int margin = 200;
 constexpr int widestColumn = 5200;
 constexpr int widthOfNames = 30;  ///< digits, of texts without a width on the form
 
