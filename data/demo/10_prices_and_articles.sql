@@ -1,4 +1,4 @@
--- Saw rates, articles, materials and dimension constants. Written by make_demo.py.
+-- Saw rates, articles and materials. Written by make_demo.py.
 INSERT INTO materiales (mat_id,mat_pcs) VALUES (1,0.05)
 INSERT INTO materiales (mat_id,mat_pcs) VALUES (2,0.045)
 INSERT INTO materiales (mat_id,mat_pcs) VALUES (3,0.06)
@@ -36,17 +36,3 @@ INSERT INTO PARDPI (PARDPI_NOM,PARDPI_ART,PARDPI_HIERRO,PARDPI_DISCO,PARDPI_MATP
 INSERT INTO PARDPI (PARDPI_NOM,PARDPI_ART,PARDPI_HIERRO,PARDPI_DISCO,PARDPI_MATP,PARDPI_CRE) VALUES (N'Corona tubo AISI 304',6,0,1,N'Tubo inoxidable AISI 304',0)
 INSERT INTO PARDPI (PARDPI_NOM,PARDPI_ART,PARDPI_HIERRO,PARDPI_DISCO,PARDPI_MATP,PARDPI_CRE) VALUES (N'Pletina S275JR',8,1,0,N'Pletina de hierro S275JR',1)
 INSERT INTO PARDPI (PARDPI_NOM,PARDPI_ART,PARDPI_HIERRO,PARDPI_DISCO,PARDPI_MATP,PARDPI_CRE) VALUES (N'Redondo poliamida',12,0,0,N'Poliamida PA 6',0)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (1,0,60,0.7)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (1,60,120,0.65)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (1,120,200,0.6)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (1,200,350,0.5)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (1,350,600,0.4)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (1,600,1200,0.3)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (1,1200,5000,0.22)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (2,0,40,0.75)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (2,40,80,0.55)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (2,80,150,0.42)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (2,150,300,0.3)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (2,300,600,0.2)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (2,600,1200,0.14)
-INSERT INTO Calculos (Calculos_Tipo,Calculos_Valor1,Calculos_Valor2,Calculos_Constante) VALUES (2,1200,5000,0.08)

@@ -249,8 +249,18 @@ WIDTH_RANGES = [(0, 40, 0.75), (40, 80, 0.55), (80, 150, 0.42), (150, 300, 0.3),
                 (1200, 5000, 0.08)]
 
 
+def write_dimension_constants():
+    """An empty workshop has them, too: without them a hub would be as large as the pitch circle."""
+    out = File("05_dimension_constants.sql", "Dimension constants.")
+    for kind, ranges in ((1, HUB_RANGES), (2, WIDTH_RANGES)):
+        for low, high, constant in ranges:
+            out.insert("Calculos", Calculos_Tipo=kind, Calculos_Valor1=low, Calculos_Valor2=high,
+                       Calculos_Constante=constant)
+    out.write()
+
+
 def write_prices_and_articles():
-    out = File("10_prices_and_articles.sql", "Saw rates, articles, materials and dimension constants.")
+    out = File("10_prices_and_articles.sql", "Saw rates, articles and materials.")
     for key, rate in MATERIALS.items():
         out.insert("materiales", mat_id=key, mat_pcs=rate)
     for a in ARTICLES:
@@ -259,10 +269,6 @@ def write_prices_and_articles():
     for m in MATERIAL_ROWS:
         out.insert("PARDPI", PARDPI_NOM=m.name, PARDPI_ART=m.article.key, PARDPI_HIERRO=m.iron, PARDPI_DISCO=m.disc,
                    PARDPI_MATP=m.text, PARDPI_CRE=m.rack)
-    for kind, ranges in ((1, HUB_RANGES), (2, WIDTH_RANGES)):
-        for low, high, constant in ranges:
-            out.insert("Calculos", Calculos_Tipo=kind, Calculos_Valor1=low, Calculos_Valor2=high,
-                       Calculos_Constante=constant)
     out.write()
 
 
@@ -806,6 +812,7 @@ def write_proposals():
 
 
 if __name__ == "__main__":
+    write_dimension_constants()
     write_prices_and_articles()
     write_staff_and_machines()
     write_customers()

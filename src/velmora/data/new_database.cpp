@@ -172,4 +172,10 @@ void fillDemo(sql::Connection& connection, runtime::Date now) {
     runAll(connection, demoStatements(now));
 }
 
+// Chosen C-441: an empty workshop has the dimension constants: without them the hub that is proposed is as large as the
+// pitch circle. Prices, articles, customers, staff, chains and gears are the shop's own.
+void fillEmpty(sql::Connection& connection) {
+    runAll(connection, statementsOfLines(demoFiles().front()));
+}
+
 }  // namespace velmora::data

@@ -1,5 +1,6 @@
 #pragma once
-// A new database for programs without a host: all tables of the schema, and the rows of a demonstration workshop.
+// A new database for programs without a host: all tables of the schema, and the rows of a demonstration workshop or of
+// an empty one.
 
 #include <string>
 #include <string_view>
@@ -30,5 +31,8 @@ std::string withDays(std::string_view statement, runtime::Date now);
 void createDatabase(sql::Connection& connection);
 /// Adds the demonstration rows; all or nothing. Errors: DbError.
 void fillDemo(sql::Connection& connection, runtime::Date now);
+/// Adds the rows without which the forms cannot compute, and no others: the dimension constants. All or nothing.
+/// Errors: DbError.
+void fillEmpty(sql::Connection& connection);
 
 }  // namespace velmora::data

@@ -49,6 +49,13 @@ TEST(DesktopOptions, AFileAloneIsTheDatabaseWhenItExists) {
     EXPECT_TRUE(std::holds_alternative<int>(read({file.c_str(), file.c_str()})));
 }
 
+TEST(DesktopOptions, WhatANewDatabaseHoldsCanBeToldInsteadOfAsked) {
+    EXPECT_EQ(std::get<Options>(read({})).data, std::nullopt);
+    EXPECT_EQ(std::get<Options>(read({"--data", "demo"})).data, NewRows::demonstration);
+    EXPECT_EQ(std::get<Options>(read({"--data", "empty"})).data, NewRows::empty);
+    EXPECT_TRUE(std::holds_alternative<int>(read({"--data", "otra"})));
+}
+
 TEST(DesktopOptions, WhatNoWindowIsCalledIsRefused) {
     for (const char* wrong : {"clientes", "propuesta", "propuesta=", "propuesta=0", "propuesta=12x", ""}) {
         const auto result = read({"--open", wrong});

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 
 #include "velmora/adapters/sqlite/database.h"
+#include "velmora/adapters/sqlite/file_content.h"
 #include "velmora/apps/engines/known_engines.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
@@ -66,6 +67,31 @@ TEST_F(WorkshopFile, AMissingOneIsMadeWithItsDocumentsAndRows) {
     opened = open(withOneMaterial);
     EXPECT_FALSE(opened.isNew);
     EXPECT_EQ(count(opened, "PARDPI"), 1);
+}
+
+TEST_F(WorkshopFile, OnlyADemonstrationIsMarkedAsOne) {
+    EXPECT_FALSE(open().isDemonstration);
+    EXPECT_EQ(sqlite::markOf(file_), 0);
+    const std::string demo = folder_.file("demo.db");
+    const auto openDemo = [&](Purpose purpose) {
+        return workshop_file::open(engines_, demo, withoutRows, purpose).isDemonstration;
+    };
+    EXPECT_TRUE(openDemo(Purpose::demonstration));
+    EXPECT_TRUE(openDemo(Purpose::work));
+    fs::remove(folder_.file("DOCdemo.db"));
+    EXPECT_TRUE(openDemo(Purpose::work)) << "whose documents are made anew";
+}
+
+TEST_F(WorkshopFile, IsThereOnceItHasItsTables) {
+    EXPECT_FALSE(isThere(file_));
+    EXPECT_FALSE(isThere(":memory:"));
+    std::ofstream(file_).flush();
+    EXPECT_FALSE(isThere(file_));
+    open();
+    EXPECT_TRUE(isThere(file_));
+    sqlite::openDatabase(folder_.file("otra.db"))->execute("CREATE TABLE NOTAS (ID int)");
+    EXPECT_THROW(isThere(folder_.file("otra.db")), Refused);
+    EXPECT_THROW(isThere(""), Refused);
 }
 
 TEST_F(WorkshopFile, AnEmptyFileAndOneWithoutTablesCountAsNew) {

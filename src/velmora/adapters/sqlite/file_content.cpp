@@ -70,6 +70,20 @@ std::int64_t rowsOf(const std::string& path, const std::string& table) {
     return count->whole(0);
 }
 
+std::int32_t markOf(const std::string& path) {
+    if (!hasContent(path)) {
+        return 0;
+    }
+    Link link(lookName(path), Options{.readOnly = true});
+    const auto mark = link.prepare("PRAGMA user_version");
+    mark->step();
+    return static_cast<std::int32_t>(mark->whole(0));
+}
+
+void setMark(const std::string& path, std::int32_t mark) {
+    Link(path, {}).run("PRAGMA user_version = " + std::to_string(mark));
+}
+
 std::string realFile(const std::string& path) {
     constexpr int mostLinks = 40;
     fs::path file = system::filePath(path);

@@ -27,6 +27,12 @@ std::string lookName(const std::string& path);
 /// The rows of a table in the file; 0 when there is no such file or table. Errors: see contentOf.
 std::int64_t rowsOf(const std::string& path, const std::string& table);
 
+/// A number of the program's own in the head of the file, which copies of the file have, too; 0 when nobody has set one
+/// and for a file that is missing. Errors: see contentOf.
+std::int32_t markOf(const std::string& path);
+/// Sets it. Errors: DbError.
+void setMark(const std::string& path, std::int32_t mark);
+
 /// The file that a path leads to: symbolic links are followed, also to a file that does not exist yet.
 std::string realFile(const std::string& path);
 

@@ -3,6 +3,7 @@
 #include <QPixmap>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -10,8 +11,11 @@
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
 #include "velmora/apps/backup/copies.h"
+#include "velmora/apps/desktop/chosen_database.h"
 #include "velmora/apps/desktop/daily_copy.h"
 #include "velmora/apps/desktop/draft_watch.h"
+#include "velmora/apps/desktop/file_watch.h"
+#include "velmora/apps/desktop/first_start_form.h"
 #include "velmora/apps/desktop/long_statement.h"
 #include "velmora/apps/desktop/no_display.h"
 #include "velmora/apps/desktop/options.h"
@@ -19,6 +23,7 @@
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/start_keys.h"
 #include "velmora/apps/desktop/table_forms.h"
+#include "velmora/apps/desktop/title_note.h"
 #include "velmora/apps/desktop/window_pictures.h"
 #include "velmora/apps/desktop/workshop.h"
 #include "velmora/apps/engines/hidden_value.h"
@@ -41,15 +46,20 @@ void makePictures(qt::QtScreen& screen, session::Session& session, platform::Des
     }
 }
 
-/// The copy of the database that is to be put back before the program goes on; none when it ends.
-std::optional<backup::Copy> perform(const desktop::Options& options, shell::VMORA& vmora, qt::QtScreen& screen,
-                                    platform::Desk& desk, backup::Copies* copies) {
+/// How the work with one database has ended.
+struct End {
+    std::optional<backup::Copy> restore = {};  ///< the copy that is to be put back
+    bool wantsAnother = false;                 ///< the user wants to choose another database
+};
+
+End perform(const desktop::Options& options, shell::VMORA& vmora, qt::QtScreen& screen, platform::Desk& desk,
+            backup::Copies* copies) {
     switch (options.opening) {
         case desktop::Opening::start: {
             desktop::StartForm form(desk, vmora, vmora.MyBd(), copies);
             const desktop::StartKeys keys(screen, form);
             screen.showModal(form);
-            return form.wanted();
+            return {.restore = form.wanted(), .wantsAnother = form.wantsAnother()};
         }
         case desktop::Opening::proposals:
             vmora.jShow();
@@ -66,30 +76,39 @@ std::optional<backup::Copy> perform(const desktop::Options& options, shell::VMOR
             break;
         }
     }
-    return std::nullopt;
-}
-
-/// Pictures are made from the demonstration workshop unless a database is given, so that real data do not end up in a
-/// document by mistake.
-std::string databaseOf(const desktop::Options& options) {
-    if (!options.database.empty()) {
-        return options.database;
-    }
-    return options.pictures.empty() ? desktop::defaultDatabase() : ":memory:";
+    return {};
 }
 
 void tell(qt::QtScreen& screen, const std::string& text, screen::Icon icon) {
     screen.show({.text = text, .icon = icon, .title = "VELMORA"});
 }
 
-/// Opens the database and performs what the options ask for. The copy that is to be put back, if the user wants one.
-std::optional<backup::Copy> open(const desktop::Options& options, qt::QtScreen& screen, const system::Clock& clock) {
-    const sql::Engines engines =
-        engines::knownEngines(clock, [] { return std::make_unique<desktop::LongStatement>(); });
-    const std::string database = databaseOf(options);
-    const auto workshop = options.server.empty() ? desktop::openWorkshop(engines, database, clock)
-                                                 : desktop::openServer(engines, options.server);
-    if (auto* server = dynamic_cast<odbc::ServerConnection*>(&workshop->connection())) {
+/// Works with a file beside which copies and drafts are kept.
+End workWithFile(const desktop::Options& options, const std::string& file, qt::QtScreen& screen, shell::VMORA& vmora,
+                 platform::Desk& desk) {
+    backup::Copies copies(file, desk.clock);
+    desktop::DailyCopy daily(file, desk.clock.now());
+    desktop::Drafts drafts(file);
+    desktop::DraftWatch watch(screen, drafts);
+    desktop::FileWatch place(file);
+    screen.onActionEnded([&] {
+        watch.actionEnded();
+        if (const auto news = place.news()) {
+            tell(screen, *news, screen::Icon::exclamation);
+        }
+    });
+    watch.offerLeft(vmora.MyBd(), desk);
+    End end = perform(options, vmora, screen, desk, &copies);
+    screen.onActionEnded({});
+    if (const std::string failure = daily.failure(); !failure.empty()) {
+        tell(screen, failure, screen::Icon::exclamation);
+    }
+    return end;
+}
+
+End work(const desktop::Options& options, const std::string& file, desktop::Workshop& workshop, qt::QtScreen& screen,
+         const system::Clock& clock) {
+    if (auto* server = dynamic_cast<odbc::ServerConnection*>(&workshop.connection())) {
         // Forms, whose actions these are, live within this function, as the connection does.
         screen.onActionEnded([server, &screen] { desktop::offerToReconnect(*server, screen); });
     }
@@ -98,43 +117,136 @@ std::optional<backup::Copy> open(const desktop::Options& options, qt::QtScreen& 
     stand_ins::registerStandIns(components, screen, services, clock);
     platform::Desk desk{screen, components, services, clock};
     shell::VMORA vmora{desk};
-    vmora.MyBd(&workshop->session());
+    vmora.MyBd(&workshop.session());
     if (!options.pictures.empty()) {
-        makePictures(screen, workshop->session(), desk, options.pictures);
-        return std::nullopt;
+        makePictures(screen, workshop.session(), desk, options.pictures);
+        return {};
     }
-    if (!workshop->notice().empty()) {
-        tell(screen, workshop->notice(), screen::Icon::exclamation);
+    std::optional<desktop::TitleNote> note;
+    if (workshop.isDemonstration()) {
+        note.emplace(QStringLiteral(" — DEMOSTRACIÓN"));
     }
-    if (!options.server.empty() || database == ":memory:") {
+    if (!workshop.notice().empty()) {
+        tell(screen, workshop.notice(), screen::Icon::exclamation);
+    }
+    if (file.empty() || file == ":memory:") {
         return perform(options, vmora, screen, desk, nullptr);
     }
-    backup::Copies copies(database, clock);
-    desktop::DailyCopy daily(database, clock.now());
-    desktop::Drafts drafts(database);
-    desktop::DraftWatch watch(screen, drafts);
-    screen.onActionEnded([&watch] { watch.actionEnded(); });
-    watch.offerLeft(workshop->session(), desk);
-    auto wanted = perform(options, vmora, screen, desk, &copies);
-    screen.onActionEnded({});
-    if (const std::string failure = daily.failure(); !failure.empty()) {
-        tell(screen, failure, screen::Icon::exclamation);
-    }
-    return wanted;
+    return workWithFile(options, file, screen, vmora, desk);
 }
 
-int run(const desktop::Options& options, qt::QtScreen& screen) {
-    const system::SystemClock clock;
-    while (const auto copy = open(options, screen, clock)) {
-        try {
-            backup::Copies(databaseOf(options), clock).restore(*copy);
-            tell(screen, "La copia está restaurada.", screen::Icon::information);
-        } catch (const backup::Failed& e) {
-            tell(screen, e.what(), screen::Icon::critical);
+void restore(const backup::Copy& copy, const std::string& file, qt::QtScreen& screen, const system::Clock& clock) {
+    try {
+        backup::Copies(file, clock).restore(copy);
+        tell(screen, "La copia está restaurada.", screen::Icon::information);
+    } catch (const backup::Failed& e) {
+        tell(screen, e.what(), screen::Icon::critical);
+    }
+}
+
+/// One database after the other, until the user leaves.
+class Run {
+  public:
+    Run(const desktop::Options& options, qt::QtScreen& screen) : options_(options), screen_(screen) {}
+
+    /// The program's exit status.
+    int all() {
+        bool goesOn = true;
+        while (goesOn) {
+            try {
+                goesOn = isChosen() && workWithOne();
+            } catch (const desktop::NoWorkshop& e) {
+                giveUp(e);
+            }
+        }
+        return failed_ ? 1 : 0;
+    }
+
+  private:
+    /// Asks where it must. False when the user leaves instead of choosing.
+    bool isChosen() {
+        asked_ = false;
+        if (reason_.empty() && !start_.make && desktop::isFirstStart(start_.database)) {
+            reason_ = desktop::reasonOfFirstStart(start_.database);
+        }
+        if (reason_.empty()) {
+            return true;
+        }
+        qt::QtServices services;
+        desktop::FirstStartForm form(reason_, desktop::fileForNew(start_.database), services);
+        screen_.showModal(form);
+        if (form.answer()) {
+            asked_ = true;
+            reason_.clear();
+            start_ = *form.answer();
+        }
+        return asked_;
+    }
+
+    /// False when the user has left.
+    bool workWithOne() {
+        const End end = openAndWork();
+        if (end.restore) {
+            restore(*end.restore, start_.database.file, screen_, clock_);
+        }
+        if (end.wantsAnother) {
+            reason_ = "Elija con qué taller quiere trabajar.";
+        }
+        return end.restore || end.wantsAnother;
+    }
+
+    /// The database is closed afterwards.
+    End openAndWork() {
+        screen_.setPointer(screen::Pointer::hourglass);
+        const auto workshop = opened();
+        screen_.setPointer(screen::Pointer::normal);
+        failed_ = false;
+        if (asked_) {
+            remember();
+        }
+        return work(options_, start_.database.file, *workshop, screen_, clock_);
+    }
+
+    std::unique_ptr<desktop::Workshop> opened() const {
+        const desktop::ChosenDatabase& chosen = start_.database;
+        return chosen.file.empty() ? desktop::openServer(engines_, chosen.server)
+                                   : desktop::openWorkshop(engines_, chosen.file, clock_,
+                                                           start_.make.value_or(desktop::NewRows::demonstration));
+    }
+
+    void remember() {
+        if (!desktop::rememberChoice(desktop::choiceFile(), start_.database)) {
+            tell(screen_,
+                 "El próximo inicio no recordará esta base de datos. Una cadena de conexión con contraseña no se "
+                 "guarda: escríbala en un fichero que solo usted pueda leer e indique ese fichero.",
+                 screen::Icon::information);
         }
     }
-    return 0;
-}
+
+    /// Offers another one; without a user the program ends.
+    void giveUp(const desktop::NoWorkshop& failure) {
+        screen_.setPointer(screen::Pointer::normal);
+        if (!options_.pictures.empty()) {
+            throw failure;
+        }
+        std::cerr << "velmora: " << failure.what() << '\n';
+        tell(screen_, failure.what(), screen::Icon::critical);
+        reason_ = "No se ha podido abrir la base de datos. Elija otra.";
+        failed_ = true;
+    }
+
+    const desktop::Options& options_;
+    qt::QtScreen& screen_;
+    const system::SystemClock clock_;
+    const sql::Engines engines_ =
+        engines::knownEngines(clock_, [] { return std::make_unique<desktop::LongStatement>(); });
+    desktop::FirstStart start_{
+        .database = desktop::databaseToOpen(options_, desktop::rememberedChoice(desktop::choiceFile())),
+        .make = options_.data};
+    std::string reason_;  ///< why the user has to choose; empty: what is to be opened is known
+    bool asked_ = false;  ///< the user has just chosen it
+    bool failed_ = false;
+};
 
 /// In the windows' title bars and the list of tasks; the desktop finds the installed one by the name of the entry.
 void showIcon() {
@@ -166,12 +278,7 @@ int main(int argc, char** argv) {
     showIcon();
     qt::QtScreen screen;
     try {
-        return run(options, screen);
-    } catch (const desktop::NoWorkshop& e) {
-        if (onScreen) {
-            screen.show({.text = e.what(), .icon = screen::Icon::critical, .title = "VELMORA"});
-        }
-        std::cerr << "velmora: " << e.what() << '\n';
+        return Run(options, screen).all();
     } catch (const std::exception& e) {
         if (onScreen) {
             screen.showError(std::current_exception());

@@ -22,6 +22,8 @@ constexpr std::array<std::pair<std::string_view, Opening>, 3> openings{{
     {"parametros", Opening::parameters},
 }};
 constexpr std::string_view oneProposal = "propuesta=";
+constexpr std::string_view demonstration = "demo";
+constexpr std::string_view empty = "empty";
 
 std::optional<std::int32_t> number(std::string_view text) {
     std::int32_t value = 0;
@@ -83,6 +85,16 @@ std::variant<Options, int> readOptions(int argc, const char* const* argv) {
         ->excludes(file)
         ->excludes(server)
         ->check(existingFile);
+    app.add_option_function<std::string>(
+           "--data",
+           [&options](const std::string& rows) {
+               options.data = rows == demonstration ? NewRows::demonstration : NewRows::empty;
+           },
+           "Lo que tiene una base de datos nueva, sin preguntar: demo o empty")
+        ->type_name("DATOS")
+        ->check([](const std::string& text) {
+            return text == demonstration || text == empty ? std::string() : "solo puede ser demo o empty: " + text;
+        });
     app.add_option("--open", open, "Ventana que se abre: propuestas, seguimiento, parametros, propuesta=N")
         ->type_name("VENTANA")
         ->check([](const std::string& text) {

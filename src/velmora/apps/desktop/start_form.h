@@ -35,6 +35,11 @@ class StartForm : public screen::Form {
         SomeForm form(session_, desk_);
         desk_.screen.showModal(form);
     }
+    /// Leaves, so that the user can choose another database.
+    void leaveForAnother() {
+        wantsAnother_ = true;
+        unload();
+    }
     /// Asks the database again; the current proposal stays the current one.
     void refresh();
 
@@ -45,6 +50,8 @@ class StartForm : public screen::Form {
 
     /// The copy that the user wants put back; the form has been unloaded for it.
     const std::optional<backup::Copy>& wanted() const { return wanted_; }
+    /// The user wants to choose another database; the form has been unloaded for it.
+    bool wantsAnother() const { return wantsAnother_; }
 
   private:
     void arrange();
@@ -70,6 +77,7 @@ class StartForm : public screen::Form {
     session::Session& session_;
     backup::Copies* copies_;
     std::optional<backup::Copy> wanted_;
+    bool wantsAnother_ = false;
     finding::Reach reach_ = finding::Reach::recent;
     screen::Toolbar barMenu_{*this, "barMenu"};
     screen::TextBox txtBuscar_{*this, "txtBuscar"};

@@ -16,6 +16,7 @@ Menu fileMenu() {
              {.key = "actualizar",
               .caption = "&Actualizar la lista (F5)",
               .perform = [](StartForm& start) { start.refresh(); }},
+             {.key = "otra", .caption = "&Otro taller…", .perform = [](StartForm& start) { start.leaveForAnother(); }},
              {.key = "salir", .caption = "Sa&lir (ESC)", .perform = [](StartForm& start) { start.unload(); }}}};
 }
 

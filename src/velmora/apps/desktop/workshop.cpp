@@ -48,13 +48,19 @@ void makeFolderOf(const std::string& file) {
 
 }  // namespace
 
-std::unique_ptr<Workshop> openWorkshop(const sql::Engines& engines, const std::string& path,
-                                       const system::Clock& clock) {
+std::unique_ptr<Workshop> openWorkshop(const sql::Engines& engines, const std::string& path, const system::Clock& clock,
+                                       NewRows rows) {
     makeFolderOf(path);
+    const bool demonstration = rows == NewRows::demonstration;
     try {
         workshop_file::Opened opened = workshop_file::open(
-            engines, path, [&](sql::Connection& connection) { data::fillDemo(connection, clock.now()); });
-        return std::make_unique<Workshop>(std::move(opened.connection), std::move(opened.notice));
+            engines, path,
+            [&](sql::Connection& connection) {
+                demonstration ? data::fillDemo(connection, clock.now()) : data::fillEmpty(connection);
+            },
+            demonstration ? workshop_file::Purpose::demonstration : workshop_file::Purpose::work);
+        return std::make_unique<Workshop>(std::move(opened.connection), std::move(opened.notice),
+                                          opened.isDemonstration);
     } catch (const workshop_file::Refused& e) {
         throw NoWorkshop(e.what());
     }

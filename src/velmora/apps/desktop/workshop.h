@@ -19,26 +19,36 @@ class NoWorkshop : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// What a new database holds.
+enum class NewRows { demonstration, empty };
+
 class Workshop {
   public:
-    explicit Workshop(std::unique_ptr<sql::Connection> connection, std::string notice = {})
-        : connection_(std::move(connection)), session_(*connection_), notice_(std::move(notice)) {}
+    explicit Workshop(std::unique_ptr<sql::Connection> connection, std::string notice = {},
+                      bool isDemonstration = false)
+        : connection_(std::move(connection)),
+          session_(*connection_),
+          notice_(std::move(notice)),
+          isDemonstration_(isDemonstration) {}
 
     sql::Connection& connection() { return *connection_; }
     adapters::StandInSession& session() { return session_; }
     /// What the user must be told at the start; empty when there is nothing.
     const std::string& notice() const { return notice_; }
+    /// Its customers and proposals are invented.
+    bool isDemonstration() const { return isDemonstration_; }
 
   private:
     std::unique_ptr<sql::Connection> connection_;
     adapters::StandInSession session_;
     std::string notice_;
+    bool isDemonstration_ = false;
 };
 
-/// Opens the embedded database with this path (see workshop_file::open). A new one gets its folder and the
-/// demonstration rows. Errors: NoWorkshop.
-std::unique_ptr<Workshop> openWorkshop(const sql::Engines& engines, const std::string& path,
-                                       const system::Clock& clock);
+/// Opens the embedded database with this path (see workshop_file::open). A new one gets its folder and these rows.
+/// Errors: NoWorkshop.
+std::unique_ptr<Workshop> openWorkshop(const sql::Engines& engines, const std::string& path, const system::Clock& clock,
+                                       NewRows rows = NewRows::demonstration);
 
 /// Opens a server's database, which has our tables already. Errors: NoWorkshop when the program has no engine for
 /// servers, the server cannot be reached, or the database is not ours or cannot be written.

@@ -75,9 +75,11 @@ std::unique_ptr<sql::Connection> openServer(const Options& options, const system
 }
 
 std::unique_ptr<sql::Connection> openFile(const Options& options, const system::Clock& clock) {
+    const std::string rows = options.data.value_or(std::string(demo));
     auto opened = workshop_file::open(
         engines::knownEngines(clock), options.database.value_or(":memory:"),
-        [&](sql::Connection& connection) { fillRows(connection, options.data.value_or(std::string(demo)), clock); });
+        [&](sql::Connection& connection) { fillRows(connection, rows, clock); },
+        rows == demo ? workshop_file::Purpose::demonstration : workshop_file::Purpose::work);
     if (!opened.notice.empty()) {
         std::cerr << "velmora-drive: " << opened.notice << '\n';
     }

@@ -22,6 +22,9 @@ namespace fs = std::filesystem;
 constexpr const char* inMemory = ":memory:";
 constexpr const char* proposals = "DPI";
 constexpr const char* documents = "dex";
+/// In the head of a file: a demonstration.
+// Chosen C-442: a host's database is never written for this, and a file that has no mark counts as no demonstration.
+constexpr std::int32_t demonstrationMark = 1;
 
 fs::path documentsFileOf(const fs::path& file) {
     return system::filePath(sqlite::documentsFileOf(system::fileText(file)));
@@ -66,10 +69,15 @@ class NewFiles {
     NewFiles(const NewFiles&) = delete;
     NewFiles& operator=(const NewFiles&) = delete;
 
-    void make(const Fill& fill) {
-        const auto connection = engines_.open(engines::fileSource(system::fileText(made_)));
-        data::createDatabase(*connection);
-        fill(*connection);
+    void make(const Fill& fill, Purpose purpose) {
+        {
+            const auto connection = engines_.open(engines::fileSource(system::fileText(made_)));
+            data::createDatabase(*connection);
+            fill(*connection);
+        }
+        if (purpose == Purpose::demonstration) {
+            sqlite::setMark(system::fileText(made_), demonstrationMark);
+        }
     }
     void moveDocuments() { move(documentsFileOf(made_), documentsFileOf(file_)); }
     void moveDatabase() { move(made_, file_); }
@@ -116,20 +124,20 @@ bool hasDocuments(const fs::path& file) {
 
 /// Makes what is missing of the two files. The folder is locked and looked at again: another program may have made them
 /// meanwhile.
-Opened make(const sql::Engines& engines, const fs::path& file, const Fill& fill) {
+Opened make(const sql::Engines& engines, const fs::path& file, const Fill& fill, Purpose purpose) {
     const FolderLock lock(folderOf(file));
     Opened result;
     NewFiles files(engines, file);
     if (!isMade(file)) {
         refuseForeignDocuments(file);
-        files.make(fill);
+        files.make(fill, purpose);
         files.moveDocuments();
         files.moveDatabase();
         result.isNew = true;
     } else if (!hasDocuments(file)) {
         // Chosen C-370: proposals can be priced and accepted without their documents; a user who cannot find them must
         // know why.
-        files.make([](sql::Connection&) {});
+        files.make([](sql::Connection&) {}, Purpose::work);
         files.moveDocuments();
         result.notice = "No se encuentra el fichero de los documentos adjuntos:\n" +
                         system::fileText(documentsFileOf(file)) +
@@ -140,17 +148,19 @@ Opened make(const sql::Engines& engines, const fs::path& file, const Fill& fill)
     return result;
 }
 
-/// Detects a read-only database at the start instead of at the first save. Nothing is written.
+/// Detects a read-only database at the start instead of at the first save. Nothing is written: the transaction alone
+/// would not tell, because the engine begins one on a file that it can only read, too.
 void checkWritable(sql::Connection& connection) {
-    connection.beginTrans();
-    connection.rollbackTrans();
+    sql::Transaction transaction(connection);
+    connection.execute("DELETE FROM DPI WHERE DPI_Id = -1");
 }
 
-Opened openFile(const sql::Engines& engines, const fs::path& file, const Fill& fill) {
+Opened openFile(const sql::Engines& engines, const fs::path& file, const Fill& fill, Purpose purpose) {
     Opened result;
     if (!isMade(file) || !hasDocuments(file)) {
-        result = make(engines, file, fill);
+        result = make(engines, file, fill, purpose);
     }
+    result.isDemonstration = sqlite::markOf(system::fileText(file)) == demonstrationMark;
     result.connection = engines.open(engines::fileSource(system::fileText(file)));
     checkWritable(*result.connection);
     if (!result.isNew) {
@@ -159,22 +169,23 @@ Opened openFile(const sql::Engines& engines, const fs::path& file, const Fill& f
     return result;
 }
 
-Opened openInMemory(const sql::Engines& engines, const Fill& fill) {
-    Opened result{.connection = engines.open(engines::fileSource(inMemory)), .isNew = true};
+Opened openInMemory(const sql::Engines& engines, const Fill& fill, Purpose purpose) {
+    Opened result{.connection = engines.open(engines::fileSource(inMemory)),
+                  .isNew = true,
+                  .isDemonstration = purpose == Purpose::demonstration};
     data::createDatabase(*result.connection);
     fill(*result.connection);
     return result;
 }
 
-}  // namespace
-
-Opened open(const sql::Engines& engines, const std::string& path, const Fill& fill) {
+/// Runs the operation on this path; what it refuses names the path.
+template <typename Operation>
+auto telling(const std::string& path, const Operation& operation) {
     if (path.empty()) {
         throw Refused("El nombre del fichero de la base de datos está vacío.");
     }
     try {
-        return path == inMemory ? openInMemory(engines, fill)
-                                : openFile(engines, system::filePath(sqlite::realFile(path)), fill);
+        return operation();
     } catch (const Refused& e) {
         throw Refused(std::string(e.what()) + "\n\n" + path);
     } catch (const sql::DbError& e) {
@@ -182,6 +193,19 @@ Opened open(const sql::Engines& engines, const std::string& path, const Fill& fi
     } catch (const std::system_error& e) {
         throw Refused("No se puede crear la base de datos:\n" + path + "\n\n" + system::failureWords(e.code()));
     }
+}
+
+}  // namespace
+
+Opened open(const sql::Engines& engines, const std::string& path, const Fill& fill, Purpose purpose) {
+    return telling(path, [&] {
+        return path == inMemory ? openInMemory(engines, fill, purpose)
+                                : openFile(engines, system::filePath(sqlite::realFile(path)), fill, purpose);
+    });
+}
+
+bool isThere(const std::string& path) {
+    return telling(path, [&] { return path != inMemory && isMade(system::filePath(sqlite::realFile(path))); });
 }
 
 }  // namespace velmora::workshop_file

@@ -20,9 +20,14 @@ class Refused : public std::runtime_error {
 /// Puts the first rows into a new database that has its tables.
 using Fill = std::function<void(sql::Connection&)>;
 
+/// What a new database is for. A demonstration is marked as such in the head of its file, and stays one when it is
+/// copied or moved.
+enum class Purpose { work, demonstration };
+
 struct Opened {
     std::unique_ptr<sql::Connection> connection;
-    bool isNew = false;       ///< made by this call
+    bool isNew = false;  ///< made by this call
+    bool isDemonstration = false;
     std::string notice = {};  ///< what the user must be told, Spanish; empty when there is nothing
 };
 
@@ -40,6 +45,10 @@ struct Opened {
 /// Errors: Refused, with the path, for an empty path; a folder that is missing; a file that is no database or belongs
 /// to another program, in which nothing has changed; a file that cannot be made; a database that cannot be written or
 /// is locked; DbError of `fill`. Other exceptions of `fill` pass. Nothing has been made then.
-Opened open(const sql::Engines& engines, const std::string& path, const Fill& fill);
+Opened open(const sql::Engines& engines, const std::string& path, const Fill& fill, Purpose purpose = Purpose::work);
+
+/// Whether there is a database at this path that `open` would not make. Errors: Refused for a file that it would
+/// refuse.
+bool isThere(const std::string& path);
 
 }  // namespace velmora::workshop_file
