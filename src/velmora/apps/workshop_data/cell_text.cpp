@@ -132,6 +132,10 @@ ReadText readReference(const Column& column, std::string_view text, const Refere
 
 }  // namespace
 
+std::string countText(std::size_t count) {
+    return runtime::CStr(static_cast<std::int64_t>(count));
+}
+
 std::optional<double> numberOf(std::string_view text) {
     const std::string plain = text.size() > longestNumber ? std::string() : plainForm(text);
     double number = 0;

@@ -1,6 +1,7 @@
 #pragma once
 // One value of a table as text, on the form and in files alike: shown, and read back strictly.
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,6 +32,9 @@ using ReadText = std::variant<sql::Value, Refusal>;
 /// where the column is required. Numbers have a decimal comma and no thousands separator: a point is refused, because
 /// "1.234" may mean either.
 ReadText read(const Table& table, const Column& column, std::string_view text, const References& references);
+
+/// A count as text.
+std::string countText(std::size_t count);
 
 /// A number with a decimal comma; nullopt for any other text.
 std::optional<double> numberOf(std::string_view text);

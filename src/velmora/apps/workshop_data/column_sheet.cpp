@@ -9,7 +9,7 @@ namespace velmora::workshop_data {
 
 namespace {
 
-constexpr const char* heading =
+constexpr const char* introduction =
     "# Los datos del taller en archivos CSV\n"
     "\n"
     "Cada tabla del menú «Datos» se exporta a un archivo CSV y se importa de él: clientes, artículos, máquinas… Sirve "
@@ -75,7 +75,7 @@ std::string lineOf(const Table& table, const Column& column) {
 }  // namespace
 
 std::string columnSheet() {
-    std::string sheet = heading;
+    std::string sheet = introduction;
     for (const Table& table : allTables()) {
         sheet += "\n## " + std::string(table.title) + "\n\n`" + std::string(table.fileName) +
                  ".csv`\n\n| columna | en la base de datos | valor | obligatoria | |\n|---|---|---|---|---|\n";

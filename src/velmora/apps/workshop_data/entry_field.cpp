@@ -14,10 +14,6 @@ namespace lay = screen::layout;
 /// Digits; the room that is left goes to texts and names by their share.
 constexpr int shareOfTexts = 3;
 
-bool isNumber(const Column& column) {
-    return column.kind == Kind::number || column.kind == Kind::wholeNumber;
-}
-
 std::string captionOf(const Column& column) {
     return std::string(column.caption) + (column.kind == Kind::reference ? " (F1)" : "");
 }

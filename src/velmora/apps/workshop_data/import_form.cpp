@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "velmora/platform/runtime/numbers.h"
+#include "velmora/apps/workshop_data/cell_text.h"
 #include "velmora/platform/runtime/text.h"
 
 namespace velmora::workshop_data {
@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t longestQuote = 60;
 
 std::string counted(std::size_t count, std::string_view one, std::string_view many) {
-    return runtime::CStr(static_cast<std::int64_t>(count)) + " " + std::string(count == 1 ? one : many);
+    return countText(count) + " " + std::string(count == 1 ? one : many);
 }
 
 sql::Value lineOf(std::size_t line) {

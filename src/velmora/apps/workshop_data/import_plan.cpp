@@ -1,21 +1,16 @@
 #include "velmora/apps/workshop_data/import_plan.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <optional>
 #include <unordered_map>
 #include <utility>
 
-#include "velmora/platform/runtime/numbers.h"
+#include "velmora/apps/workshop_data/cell_text.h"
 #include "velmora/platform/runtime/text.h"
 
 namespace velmora::workshop_data {
 
 namespace {
-
-std::string textOf(std::size_t number) {
-    return runtime::CStr(static_cast<std::int64_t>(number));
-}
 
 bool isSameName(std::string_view one, std::string_view other) {
     return runtime::UCase(runtime::Trim(one)) == runtime::UCase(runtime::Trim(other));
@@ -84,8 +79,8 @@ class Planner {
         PlannedRow row{.line = record.line, .key = {}, .check = {}};
         if (record.values.size() != heading_.size()) {
             refuse(row, "",
-                   "tiene " + textOf(record.values.size()) + " valores, y la cabecera " + textOf(heading_.size()) +
-                       " columnas");
+                   "tiene " + countText(record.values.size()) + " valores, y la cabecera " +
+                       countText(heading_.size()) + " columnas");
         } else {
             planValues(record, row);
         }
@@ -132,7 +127,7 @@ class Planner {
         }
         const auto [first, isFirst] = lines_.emplace(key, row.line);
         if (!isFirst) {
-            std::string reason = "está dos veces: ya está en la línea " + textOf(first->second);
+            std::string reason = "está dos veces: ya está en la línea " + countText(first->second);
             row.check.faults.push_back({.column = table_.columns.size(), .reason = reason});
             refuse(row, "", std::move(reason));
         }

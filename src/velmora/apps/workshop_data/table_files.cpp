@@ -1,12 +1,10 @@
 #include "velmora/apps/workshop_data/table_files.h"
 
-#include <cstdint>
 #include <utility>
 #include <variant>
 
 #include "velmora/apps/workshop_data/import_form.h"
 #include "velmora/platform/runtime/errors.h"
-#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/screen/busy.h"
 #include "velmora/platform/system/file_path.h"
 
@@ -20,10 +18,6 @@ constexpr const char* tableChanged =
 
 std::string nameOf(const std::string& path) {
     return system::fileText(system::filePath(path).filename());
-}
-
-std::string textOf(std::size_t number) {
-    return runtime::CStr(static_cast<std::int64_t>(number));
 }
 
 }  // namespace
@@ -63,8 +57,8 @@ std::string TableFiles::importContent(const CsvContent& content, const std::stri
         const screen::Hourglass waiting(desk_.screen);
         const Imported outcome = importNow(session_.Connection(), store_, content, plan, *progress);
         if (outcome == Imported::all) {
-            return fileName + ": " + textOf(plan.count(Fate::added)) + " nuevas, " + textOf(plan.count(Fate::changed)) +
-                   " cambiadas";
+            return fileName + ": " + countText(plan.count(Fate::added)) + " nuevas, " +
+                   countText(plan.count(Fate::changed)) + " cambiadas";
         }
         if (outcome == Imported::cancelled) {
             return {};

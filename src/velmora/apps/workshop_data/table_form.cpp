@@ -1,12 +1,10 @@
 #include "velmora/apps/workshop_data/table_form.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 #include "velmora/apps/workshop_data/cell_text.h"
 #include "velmora/platform/runtime/dates.h"
-#include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 
 namespace velmora::workshop_data {
@@ -16,10 +14,6 @@ namespace {
 // Widths of the search window in twips.
 constexpr int codeWidth = 2400;
 constexpr int nameWidth = 6000;
-
-std::string textOf(std::size_t number) {
-    return runtime::CStr(static_cast<std::int64_t>(number));
-}
 
 std::string capitalized(std::string_view words) {
     return runtime::UCase(words.substr(0, 1)) + std::string(words.substr(1));
@@ -179,7 +173,7 @@ std::string TableForm::stateInWords() const {
     }
     return list_.shownCount() == list_.count()
                ? std::string()
-               : "Se muestran " + textOf(list_.shownCount()) + " de " + textOf(list_.count()) + " filas.";
+               : "Se muestran " + countText(list_.shownCount()) + " de " + countText(list_.count()) + " filas.";
 }
 
 void TableForm::startRow() {

@@ -25,10 +25,6 @@ int widthInGrid(const Column& column) {
     return std::min(std::max(named, ofCaption) * twipsOfADigit + margin, widestColumn);
 }
 
-bool isNumber(const Column& column) {
-    return column.kind == Kind::number || column.kind == Kind::wholeNumber;
-}
-
 std::string maskOf(const Column& column) {
     if (!isNumber(column)) {
         return {};

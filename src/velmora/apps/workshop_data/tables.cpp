@@ -281,6 +281,10 @@ bool isKey(const Table& table, const Column& column) {
     return std::ranges::find(table.key, column.name) != table.key.end();
 }
 
+bool isNumber(const Column& column) {
+    return column.kind == Kind::number || column.kind == Kind::wholeNumber;
+}
+
 int widthOf(const Table& table, const Column& column) {
     return data::findColumn(*data::findTable(table.name), column.name)->width;
 }

@@ -96,6 +96,7 @@ const Table* findTable(std::string_view name);
 std::size_t positionOf(const Table& table, std::string_view column);
 
 bool isKey(const Table& table, const Column& column);
+bool isNumber(const Column& column);
 
 /// Most UTF-16 units of a text, from the schema.
 int widthOf(const Table& table, const Column& column);
