@@ -86,14 +86,14 @@ TEST_F(TableFormTest, WhatCannotBeSavedIsToldAndStaysInItsField) {
     user.enter("OPE_NOM", "Nerea O'Hara");
     user.enter("OPE_VENTA", "caro");
     user.key(Key::f5);
-    EXPECT_EQ(lastMessage(), "«Precio de venta» no es un número.");
+    EXPECT_EQ(lastMessage(), "Precio de venta: no es un número.");
     EXPECT_EQ(user.form().activeControl(), &user.fieldOf("OPE_VENTA"));
     EXPECT_EQ(user.textOf("OPE_VENTA"), "caro");
     EXPECT_EQ(user.textOf("OPE_NOM"), "Nerea O'Hara");
     user.enter("OPE_VENTA", "35,5");
     user.enter("OPE_MAD", "999");
     user.key(Key::f5);
-    EXPECT_EQ(lastMessage(), "«Máquina habitual» no existe la máquina 999.");
+    EXPECT_EQ(lastMessage(), "Máquina habitual: no existe la máquina 999.");
     user.enter("OPE_MAD", "201");
     user.key(Key::f5);
     EXPECT_EQ(demo.query("SELECT OPE_NOM,OPE_VENTA,OPE_MAD FROM OPE WHERE OPE_ID=11"), "Nerea O'Hara\t35,5\t201");

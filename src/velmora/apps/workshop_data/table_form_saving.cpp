@@ -112,7 +112,7 @@ void TableForm::tellFault(const CellFault& fault) {
         return;
     }
     EntryField& field = *fields_[fault.column];
-    refuse("«" + std::string(field.column().caption) + "» " + fault.reason + ".");
+    refuse(std::string(field.column().caption) + ": " + fault.reason + ".");
     if (field.control().canTakeFocus()) {
         field.control().setFocus();
     }
