@@ -129,6 +129,7 @@ std::vector<screen::Layout> EntryField::layout() const {
     }
     screen::Layout field = lay::field(captionOf(column_), *control_, column_.width).above();
     field.right = isNumber(column_);
+    field.decimals = column_.decimals;
     field.unit = column_.unit;
     field.stretch = column_.width == 0 ? shareOfTexts : 0;
     std::vector<screen::Layout> parts{std::move(field)};
