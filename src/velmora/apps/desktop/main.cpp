@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "velmora/adapters/qt/letters.h"
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
 #include "velmora/apps/backup/copies.h"
@@ -19,6 +20,7 @@
 #include "velmora/apps/desktop/long_statement.h"
 #include "velmora/apps/desktop/no_display.h"
 #include "velmora/apps/desktop/options.h"
+#include "velmora/apps/desktop/paper_choices.h"
 #include "velmora/apps/desktop/reconnection.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/start_keys.h"
@@ -29,6 +31,7 @@
 #include "velmora/apps/engines/hidden_value.h"
 #include "velmora/apps/engines/known_engines.h"
 #include "velmora/apps/icon/icon_image.h"
+#include "velmora/apps/settings/user_settings.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 
 namespace {
@@ -53,10 +56,10 @@ struct End {
 };
 
 End perform(const desktop::Options& options, shell::VMORA& vmora, qt::QtScreen& screen, platform::Desk& desk,
-            backup::Copies* copies) {
+            backup::Copies* copies, const desktop::DatabasePlace& place) {
     switch (options.opening) {
         case desktop::Opening::start: {
-            desktop::StartForm form(desk, vmora, vmora.MyBd(), copies);
+            desktop::StartForm form(desk, vmora, vmora.MyBd(), copies, place);
             const desktop::StartKeys keys(screen, form);
             screen.showModal(form);
             return {.restore = form.wanted(), .wantsAnother = form.wantsAnother()};
@@ -98,7 +101,7 @@ End workWithFile(const desktop::Options& options, const std::string& file, qt::Q
         }
     });
     watch.offerLeft(vmora.MyBd(), desk);
-    End end = perform(options, vmora, screen, desk, &copies);
+    End end = perform(options, vmora, screen, desk, &copies, {.file = file, .server = {}});
     screen.onActionEnded({});
     if (const std::string failure = daily.failure(); !failure.empty()) {
         tell(screen, failure, screen::Icon::exclamation);
@@ -114,7 +117,8 @@ End work(const desktop::Options& options, const std::string& file, desktop::Work
     }
     qt::QtServices services;
     components::ComponentFactory components;
-    stand_ins::registerStandIns(components, screen, services, clock);
+    const desktop::DatabasePlace place{.file = file, .server = file.empty() ? options.server : std::string()};
+    stand_ins::registerStandIns(components, screen, services, clock, desktop::paperChoices(place, screen, services));
     platform::Desk desk{screen, components, services, clock};
     shell::VMORA vmora{desk};
     vmora.MyBd(&workshop.session());
@@ -130,7 +134,7 @@ End work(const desktop::Options& options, const std::string& file, desktop::Work
         tell(screen, workshop.notice(), screen::Icon::exclamation);
     }
     if (file.empty() || file == ":memory:") {
-        return perform(options, vmora, screen, desk, nullptr);
+        return perform(options, vmora, screen, desk, nullptr, place);
     }
     return workWithFile(options, file, screen, vmora, desk);
 }
@@ -277,6 +281,9 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("velmora"));
     showIcon();
     qt::QtScreen screen;
+    if (onScreen) {
+        qt::setLetterSize(settings::readUserSettings(desktop::userSettingsFile()).letterSize);
+    }
     try {
         return Run(options, screen).all();
     } catch (const std::exception& e) {

@@ -23,8 +23,9 @@ constexpr int linesOfList = 14;
 
 }  // namespace
 
-StartForm::StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies)
-    : Form("frmInicio"), desk_(desk), vmora_(vmora), session_(session), copies_(copies) {
+StartForm::StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies,
+                     DatabasePlace place)
+    : Form("frmInicio"), desk_(desk), vmora_(vmora), session_(session), copies_(copies), place_(std::move(place)) {
     setCaption("VELMORA " + platform::version());
     setCaptions();
     arrange();

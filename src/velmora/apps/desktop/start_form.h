@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "velmora/apps/backup/copies.h"
+#include "velmora/apps/desktop/database_place.h"
 #include "velmora/finding/proposal_finder.h"
 #include "velmora/platform/desk.h"
 #include "velmora/platform/screen/data_grid.h"
@@ -20,13 +21,15 @@ class StartForm : public screen::Form {
   public:
     /// All must outlive the form; the session is that of the public class. Without copies, as on a server, their button
     /// is not shown. Errors: those of the database when it is asked for the last proposals.
-    StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies);
+    StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies,
+              DatabasePlace place = {});
 
     // --- For the entries of the menu -------------------------------------------------------------------------
 
     platform::Desk& desk() { return desk_; }
     shell::VMORA& vmora() { return vmora_; }
     session::Session& session() { return session_; }
+    const DatabasePlace& place() const { return place_; }
     bool hasCopies() const { return copies_ != nullptr; }
     void showCopies();
     /// Shows a form that is constructed from session and desk.
@@ -76,6 +79,7 @@ class StartForm : public screen::Form {
     shell::VMORA& vmora_;
     session::Session& session_;
     backup::Copies* copies_;
+    DatabasePlace place_;
     std::optional<backup::Copy> wanted_;
     bool wantsAnother_ = false;
     finding::Reach reach_ = finding::Reach::recent;

@@ -1,5 +1,6 @@
 #include "velmora/apps/desktop/start_menu.h"
 
+#include "velmora/apps/desktop/settings_tools.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/table_forms.h"
 
@@ -31,7 +32,11 @@ Menu dataMenu() {
 }
 
 Menu settingsMenu() {
-    return {"A&justes", {}};
+    return {"A&justes",
+            {{.key = "ajustes",
+              .caption = "&Ajustes…",
+              .perform = [](StartForm& start) { showSettings(start.desk(), start.place()); },
+              .isOffered = [](const StartForm& start) { return !start.place().isInMemory(); }}}};
 }
 
 Menu helpMenu() {

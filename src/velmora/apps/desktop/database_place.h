@@ -1,0 +1,22 @@
+#pragma once
+// Which database the desktop works with, and where its settings are.
+
+#include <filesystem>
+#include <string>
+
+namespace velmora::desktop {
+
+struct DatabasePlace {
+    std::string file = {};    ///< of an embedded database; ":memory:" for one without a file
+    std::string server = {};  ///< connection string; empty for an embedded database
+
+    bool isInMemory() const;
+};
+
+/// The file with the company of this database; empty for a database in memory.
+std::filesystem::path companyFileOf(const DatabasePlace& place);
+
+/// The file with the settings of this user.
+std::filesystem::path userSettingsFile();
+
+}  // namespace velmora::desktop

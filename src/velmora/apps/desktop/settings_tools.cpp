@@ -1,0 +1,35 @@
+#include "velmora/apps/desktop/settings_tools.h"
+
+#include <QApplication>
+#include <QFileDialog>
+
+#include "velmora/adapters/documents/logo.h"
+#include "velmora/adapters/qt/letters.h"
+
+namespace velmora::desktop {
+
+namespace {
+
+std::optional<std::string> askForFolder() {
+    const QString folder =
+        QFileDialog::getExistingDirectory(QApplication::activeWindow(), QStringLiteral("Carpeta de los papeles"));
+    return folder.isEmpty() ? std::nullopt : std::optional(folder.toStdString());
+}
+
+}  // namespace
+
+SettingsTools settingsTools(const DatabasePlace& place) {
+    return {.companyFile = companyFileOf(place),
+            .userFile = userSettingsFile(),
+            .chooseFolder = askForFolder,
+            .isPicture = [](const std::string& bytes) { return !documents::Logo(bytes).size().isEmpty(); },
+            .setLetterSize = qt::setLetterSize};
+}
+
+void showSettings(platform::Desk& desk, const DatabasePlace& place) {
+    const SettingsTools tools = settingsTools(place);
+    SettingsForm form(desk, tools);
+    desk.screen.showModal(form);
+}
+
+}  // namespace velmora::desktop
