@@ -1,9 +1,13 @@
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <optional>
 
 #include <gmock/gmock.h>
+
+#include "velmora/platform/runtime/errors.h"
 
 #include "qt_bench.h"
 
@@ -83,6 +87,39 @@ TEST_F(Boxes, SearchFiltersAsTheUserTypesByCaseNotByAccent) {
     });
     // "Ibáñez" has an accent that was not typed; the next one has none.
     EXPECT_EQ(screen_->search(customers()), std::optional<std::size_t>(2));
+}
+
+TEST_F(Boxes, AnErrorsDetailsAreCopiedWhileTheBoxStaysOpen) {
+    whenBoxOpens([](QWidget& shown) {
+        auto& box = dynamic_cast<QMessageBox&>(shown);
+        EXPECT_EQ(box.text(), QStringLiteral("No queda sitio en el disco."));
+        EXPECT_EQ(box.informativeText(), QStringLiteral("Error 61"));
+        ASSERT_EQ(box.buttons().size(), 2);
+        for (QAbstractButton* button : box.buttons()) {
+            if (button->text() == QStringLiteral("&Copiar detalles")) {
+                button->click();
+            }
+        }
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    screen_->showError(std::make_exception_ptr(runtime::RuntimeError(61, "No queda sitio en el disco.")));
+    EXPECT_THAT(QGuiApplication::clipboard()->text().toStdString(),
+                ::testing::HasSubstr("Error 61\nOrigen: VELMORA\nVELMORA "));
+}
+
+TEST_F(Boxes, AnErrorWithAFileOffersItsFolderWhenThatIsThere) {
+    const auto buttonsFor = [&](const std::string& words) {
+        qsizetype count = 0;
+        whenBoxOpens([&](QWidget& shown) {
+            count = dynamic_cast<QMessageBox&>(shown).buttons().size();
+            QTest::keyClick(&shown, Qt::Key_Escape);
+        });
+        screen_->showError(std::make_exception_ptr(runtime::RuntimeError(75, words)));
+        return count;
+    };
+    EXPECT_EQ(buttonsFor("No se puede escribir el fichero\n/tmp/p.pdf"), 3);
+    EXPECT_EQ(buttonsFor("No se puede escribir el fichero\n/no such folder/p.pdf"), 2);
 }
 
 TEST_F(Boxes, ArrowKeysMoveInTheListWhileTheBoxKeepsTheKeyboard) {

@@ -382,6 +382,7 @@ TEST_F(FocusAndKeys, ARunTimeErrorIsShownAndTheProgramGoesOn) {
     play(form, [&] {
         whenBoxOpens([&](QWidget& box) {
             text = dynamic_cast<QMessageBox&>(box).text();
+            EXPECT_EQ(dynamic_cast<QMessageBox&>(box).informativeText(), QStringLiteral("Error 13"));
             EXPECT_EQ(dynamic_cast<QMessageBox&>(box).icon(), QMessageBox::Critical);
             QTest::keyClick(&box, Qt::Key_Escape);
         });
@@ -390,7 +391,6 @@ TEST_F(FocusAndKeys, ARunTimeErrorIsShownAndTheProgramGoesOn) {
         type("9");
         EXPECT_EQ(form.id(1).text(), "9");
     });
-    EXPECT_THAT(text.toStdString(), HasSubstr("Error 13"));
     EXPECT_THAT(text.toStdString(), HasSubstr(runtime::errorDescription(13)));
 }
 

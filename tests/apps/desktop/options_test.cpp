@@ -64,6 +64,19 @@ TEST(DesktopOptions, WhatNoWindowIsCalledIsRefused) {
     }
 }
 
+TEST(DesktopOptions, ARefusalIsToldInSpanish) {
+    const auto told = [](std::vector<const char*> arguments) {
+        ::testing::internal::CaptureStderr();
+        read(std::move(arguments));
+        const std::string text = ::testing::internal::GetCapturedStderr();
+        return text.substr(0, text.find('\n'));
+    };
+    EXPECT_EQ(told({"--colour"}), "velmora: no se conoce --colour");
+    EXPECT_EQ(told({"--pictures"}), "velmora: a --pictures le falta su valor");
+    EXPECT_EQ(told({"--db", "a.db", "--dsn", "Server=b"}), "velmora: --db no va con --dsn");
+    EXPECT_EQ(told({"--open", "clientes"}), "velmora: --open: ventana desconocida: clientes");
+}
+
 TEST(DesktopOptions, HelpEndsTheProgramWell) {
     EXPECT_EQ(std::get<int>(read({"--help"})), 0);
 }

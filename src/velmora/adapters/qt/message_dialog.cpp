@@ -1,18 +1,27 @@
 #include "velmora/adapters/qt/message_dialog.h"
 
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
+#include <QUrl>
 #include <algorithm>
 
 #include "velmora/adapters/qt/text.h"
 #include "velmora/platform/toolkit/message_choices.h"
 #include "velmora/platform/toolkit/mnemonics.h"
+#include "velmora/platform/version.h"
 
 namespace velmora::qt {
 
 namespace {
 
 using screen::Answer;
+
+constexpr double smallLetters = 0.85;  ///< of the ordinary ones
 
 QMessageBox::Icon iconOf(screen::Icon icon) {
     switch (icon) {
@@ -62,6 +71,32 @@ MessageDialog::MessageDialog(const screen::MessageBox& box, QWidget* parent) : Q
             setEscapeButton(button);
         }
     }
+}
+
+MessageDialog::MessageDialog(const toolkit::ErrorReport& report, QWidget* parent)
+    : MessageDialog({.text = report.words, .icon = screen::Icon::critical}, parent) {
+    if (!report.number.empty()) {
+        setInformativeText(toQt(report.number));
+        if (auto* number = findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
+            QFont small = number->font();
+            small.setPointSizeF(small.pointSizeF() * smallLetters);
+            number->setFont(small);
+        }
+    }
+    addStep(toolkit::copyDetailsCaption, [details = toQt(report.details + "\nVELMORA " + platform::version())] {
+        QGuiApplication::clipboard()->setText(details);
+    });
+    if (report.folder && QFileInfo(toQt(*report.folder)).isDir()) {
+        addStep(toolkit::openFolderCaption,
+                [folder = toQt(*report.folder)] { QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
+    }
+}
+
+void MessageDialog::addStep(std::string_view caption, const std::function<void()>& step) {
+    QPushButton* button = addButton(toQt(caption), QMessageBox::ActionRole);
+    // The box closes at a button's own signal, which is cut off.
+    button->disconnect();
+    QObject::connect(button, &QPushButton::clicked, this, step);
 }
 
 Answer MessageDialog::ask() {

@@ -2,9 +2,12 @@
 // A message or a question.
 
 #include <QMessageBox>
+#include <functional>
+#include <string_view>
 #include <vector>
 
 #include "velmora/platform/screen/screen.h"
+#include "velmora/platform/toolkit/error_box.h"
 
 namespace velmora::qt {
 
@@ -13,6 +16,8 @@ namespace velmora::qt {
 class MessageDialog : public QMessageBox {
   public:
     MessageDialog(const screen::MessageBox& box, QWidget* parent);
+    /// An error: its words, its number in small letters, and buttons that copy its details and open its folder.
+    MessageDialog(const toolkit::ErrorReport& report, QWidget* parent);
 
     screen::Answer ask();
 
@@ -20,6 +25,9 @@ class MessageDialog : public QMessageBox {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    /// A button that leaves the box open.
+    void addStep(std::string_view caption, const std::function<void()>& step);
+
     struct Choice {
         QAbstractButton* button;
         screen::Answer answer;

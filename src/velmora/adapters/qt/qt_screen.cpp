@@ -8,6 +8,7 @@
 #include "velmora/adapters/qt/message_dialog.h"
 #include "velmora/adapters/qt/progress_window.h"
 #include "velmora/adapters/qt/search_dialog.h"
+#include "velmora/adapters/qt/spanish_texts.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
 #include "velmora/platform/toolkit/error_box.h"
@@ -55,8 +56,9 @@ class ComesBack {
 
 }  // namespace
 
-QtScreen::QtScreen() {
+QtScreen::QtScreen() : texts_(std::make_unique<SpanishTexts>()) {
     theme::apply(*qApp);
+    QApplication::installTranslator(texts_.get());
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
@@ -143,7 +145,10 @@ void QtScreen::actionEnded() {
 }
 
 void QtScreen::showError(std::exception_ptr error) {
-    show(toolkit::errorBox(std::move(error)));
+    ++boxesShown_;
+    const PlainPointer pointer(hourglass_);
+    const ComesBack below(topWidget());
+    MessageDialog(toolkit::errorReport(std::move(error)), below.window()).ask();
 }
 
 }  // namespace velmora::qt

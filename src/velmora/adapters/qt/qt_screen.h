@@ -3,11 +3,13 @@
 
 #include <exception>
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
 #include "velmora/platform/screen/screen.h"
 
+class QTranslator;
 class QWidget;
 
 namespace velmora::qt {
@@ -44,6 +46,7 @@ class QtScreen : public screen::Screen {
     std::vector<screen::Form*> forms() const;
 
   private:
+    std::unique_ptr<QTranslator> texts_;
     std::vector<FormWindow*> windows_;
     int boxesShown_ = 0;
     bool hourglass_ = false;

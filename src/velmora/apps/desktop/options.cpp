@@ -53,6 +53,27 @@ std::string existingFile(const std::string& path) {
     return std::filesystem::is_regular_file(system::filePath(path), failure) ? std::string() : "no existe: " + path;
 }
 
+std::string after(const std::string& text, std::string_view mark) {
+    const std::size_t at = text.find(mark);
+    return at == std::string::npos ? text : text.substr(at + mark.size());
+}
+
+/// The library's errors have English words around the names of options.
+std::string spanishFailure(const CLI::Error& error) {
+    const std::string text = error.what();
+    if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
+        return "no se conoce " + after(text, ": ");
+    }
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+        return "a " + text.substr(0, text.find(':')) + " le falta su valor";
+    }
+    if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) {
+        const std::size_t middle = text.find(" excludes ");
+        return text.substr(0, middle) + " no va con " + after(text, " excludes ");
+    }
+    return text;
+}
+
 void speakSpanish(CLI::App& app) {
     constexpr std::array<std::pair<const char*, const char*>, 4> words{
         {{"Usage", "Uso"}, {"OPTIONS", "OPCIONES"}, {"Positionals", "Fichero"}, {"Excludes", "No con"}}};
@@ -61,7 +82,7 @@ void speakSpanish(CLI::App& app) {
     }
     app.option_defaults()->group("Opciones");
     app.failure_message([](const CLI::App*, const CLI::Error& e) {
-        return std::string("velmora: ") + e.what() + "\nLas opciones: velmora --help\n";
+        return "velmora: " + spanishFailure(e) + "\nLas opciones: velmora --help\n";
     });
 }
 
