@@ -1,5 +1,8 @@
 #include "velmora/proposal/frm_bercial_pinones.h"
 
+#include <algorithm>
+#include <functional>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -35,6 +38,16 @@ class MainFormTest : public ::testing::Test {
 
     ProposalWorkshop workshop;
 };
+
+TEST_F(MainFormTest, EachFunctionKeyIsToldOnceInOrder) {
+    std::vector<Key> keys;
+    for (const screen::KeyWords& row : workshop.form().functionKeys()) {
+        EXPECT_FALSE(row.words.empty());
+        keys.push_back(row.key);
+    }
+    EXPECT_TRUE(std::ranges::is_sorted(keys, std::ranges::less_equal{}));
+    EXPECT_TRUE(std::ranges::find(keys, Key::f5) != keys.end());
+}
 
 TEST_F(MainFormTest, AnEmptyFormIsCaptionedAndItsListsAreFilled) {
     auto& f = workshop.fields();

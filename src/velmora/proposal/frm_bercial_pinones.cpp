@@ -1,5 +1,6 @@
 #include "velmora/proposal/frm_bercial_pinones.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "velmora/data/chains.h"
@@ -276,51 +277,65 @@ void frmBercialPiñones::wireButtons() {
     emptyForm_.msLimpiarCampos = [this] { msLimpiarCampos(); };
 }
 
-void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
+const std::vector<frmBercialPiñones::FunctionKey>& frmBercialPiñones::keyTable() {
     using screen::Key;
+    static const std::vector<FunctionKey> table{
+        {Key::f1, "Mano de obra",
+         [](frmBercialPiñones& form) {
+             if (form.f_.txtPesu(money::customerCode).isEnabled()) {
+                 form.controls_.cmdManoObra.onClick();
+             }
+         }},
+        {Key::f2, "Buscar cliente",
+         [](frmBercialPiñones& form) {
+             if (form.f_.txtPesu(money::customerCode).isEnabled()) {
+                 form.customers_.msBuscarCliente();
+             }
+         }},
+        {Key::f3, "Historial de piezas del mismo tipo",
+         [](frmBercialPiñones& form) { form.history_.msHistorico(true); }},
+        {Key::f4, "Ir al historial", [](frmBercialPiñones& form) { form.jumpTo(form.controls_.dbgDPI); }},
+        {Key::f5, "Grabar", [](frmBercialPiñones& form) { form.save(); }},
+        {Key::f6, "Duplicar la propuesta",
+         [](frmBercialPiñones& form) {
+             if (form.controls_.cmdDuplicar.isEnabled()) {
+                 form.controls_.cmdDuplicar.onClick();
+             }
+         }},
+        {Key::f7, "Ir al Nº de piezas",
+         [](frmBercialPiñones& form) {
+             form.passThroughRim();
+             form.jumpTo(form.f_.txtPesu(money::pieces));
+         }},
+        {Key::f8, "Imprimir",
+         [](frmBercialPiñones& form) { msHojaCorte(form.f_, form.controls_, form.session_, form.desk_); }},
+        {Key::f9, "Eliminar la propuesta",
+         [](frmBercialPiñones& form) {
+             if (form.controls_.cmdeliminarrPropuesta.isEnabled() && !form.bConsulta) {
+                 form.deleting_.msEliminar();
+             }
+         }},
+    };
+    return table;
+}
+
+std::vector<screen::KeyWords> frmBercialPiñones::functionKeys() const {
+    std::vector<screen::KeyWords> words;
+    for (const FunctionKey& row : keyTable()) {
+        words.push_back({.key = row.key, .words = row.words});
+    }
+    return words;
+}
+
+void frmBercialPiñones::Form_KeyDown(screen::KeyDown& key) {
     passUsualKeys(key);
-    switch (key.key) {
-        case Key::escape:
-            unload();
-            break;
-        case Key::f1:
-            if (f_.txtPesu(money::customerCode).isEnabled()) {
-                controls_.cmdManoObra.onClick();
-            }
-            break;
-        case Key::f2:
-            if (f_.txtPesu(money::customerCode).isEnabled()) {
-                customers_.msBuscarCliente();
-            }
-            break;
-        case Key::f3:
-            history_.msHistorico(true);
-            break;
-        case Key::f4:
-            jumpTo(controls_.dbgDPI);
-            break;
-        case Key::f5:
-            save();
-            break;
-        case Key::f6:
-            if (controls_.cmdDuplicar.isEnabled()) {
-                controls_.cmdDuplicar.onClick();
-            }
-            break;
-        case Key::f7:
-            passThroughRim();
-            jumpTo(f_.txtPesu(money::pieces));
-            break;
-        case Key::f8:
-            msHojaCorte(f_, controls_, session_, desk_);
-            break;
-        case Key::f9:
-            if (controls_.cmdeliminarrPropuesta.isEnabled() && !bConsulta) {
-                deleting_.msEliminar();
-            }
-            break;
-        default:
-            break;
+    if (key.key == screen::Key::escape) {
+        unload();
+        return;
+    }
+    const auto row = std::ranges::find(keyTable(), key.key, &FunctionKey::key);
+    if (row != keyTable().end()) {
+        row->press(*this);
     }
 }
 

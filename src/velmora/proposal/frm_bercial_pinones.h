@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "velmora/estimate/cut_prices.h"
 #include "velmora/estimate/dimension_constants.h"
@@ -21,6 +22,7 @@
 #include "velmora/estimate/totals.h"
 #include "velmora/estimate/weights.h"
 #include "velmora/platform/desk.h"
+#include "velmora/platform/screen/key_words.h"
 #include "velmora/proposal/buttons.h"
 #include "velmora/proposal/customer_search.h"
 #include "velmora/proposal/deleting.h"
@@ -40,7 +42,7 @@
 
 namespace velmora::proposal {
 
-class frmBercialPiñones : public screen::Form {
+class frmBercialPiñones : public screen::Form, public screen::TellsKeys {
   public:
     /// Constructs and loads the form: lists, cut prices, an empty proposal. Errors: the database's.
     frmBercialPiñones(session::Session& session, platform::Desk& desk);
@@ -64,10 +66,20 @@ class frmBercialPiñones : public screen::Form {
     /// Loads the draft's proposal, if it is a stored one, and puts the draft on the form. Errors: the database's.
     Restored restoreDraft(std::string_view draft);
 
+    std::vector<screen::KeyWords> functionKeys() const override;
+
     estimate::FieldMap& fields() { return f_; }
     FormControls& buttonsAndGrid() { return controls_; }
 
   private:
+    struct FunctionKey {
+        screen::Key key;
+        std::string_view words;
+        std::function<void(frmBercialPiñones&)> press;
+    };
+    /// What the function keys do: for Form_KeyDown and for the sheet of keys.
+    static const std::vector<FunctionKey>& keyTable();
+
     void arrange();
     void Form_Load();
     void Form_Activate();

@@ -304,6 +304,10 @@ bool FormWindow::handleKey(ControlView* view, const QKeyEvent& event) {
     if (stroke.key == screen::Key::none) {
         return false;
     }
+    if (stroke.key == screen::Key::f1 && stroke.shift) {
+        feed([this] { screen_.showKeys(form_); });
+        return true;
+    }
     bool used = true;
     feed([&] {
         used = toolkit::routeKey(form_, stroke,

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "velmora/adapters/qt/form_window.h"
+#include "velmora/adapters/qt/keys_form.h"
 #include "velmora/adapters/qt/message_dialog.h"
 #include "velmora/adapters/qt/progress_window.h"
 #include "velmora/adapters/qt/search_dialog.h"
@@ -142,6 +143,13 @@ void QtScreen::actionEnded() {
     tellingEnd_ = true;
     actionEnded_();
     tellingEnd_ = false;
+}
+
+void QtScreen::showKeys(const screen::Form& form) {
+    if (dynamic_cast<const KeysForm*>(&form) == nullptr) {
+        KeysForm keys(form);
+        showModal(keys);
+    }
 }
 
 void QtScreen::showError(std::exception_ptr error) {

@@ -35,6 +35,8 @@ class QtScreen : public screen::Screen {
     void onActionEnded(std::function<void()> listener) { actionEnded_ = std::move(listener); }
     void actionEnded();
 
+    /// Shows the sheet of all keys of a form.
+    void showKeys(const screen::Form& form);
     /// Shows the box of an error that no handler has caught.
     void showError(std::exception_ptr error);
     /// Number of boxes and search windows shown so far; used to detect whether an action has opened one.

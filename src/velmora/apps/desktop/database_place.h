@@ -16,6 +16,9 @@ struct DatabasePlace {
 /// The file with the company of this database; empty for a database in memory.
 std::filesystem::path companyFileOf(const DatabasePlace& place);
 
+/// A connection string with dots in place of its password's value.
+std::string withoutPassword(const std::string& connectionString);
+
 /// The file with the settings of this user.
 std::filesystem::path userSettingsFile();
 
