@@ -48,7 +48,7 @@ TEST(FoundRows, ASentenceTellsHowManyAndWhatWasLeftOut) {
     EXPECT_EQ(foundSentence(found, {}), "Todavía no hay ninguna propuesta.");
     found.reachedAll = false;
     EXPECT_EQ(foundSentence(found, readWanted("disco")),
-              "Ninguna propuesta encontrada. El texto se ha buscado en las últimas 50.000.");
+              "Ninguna propuesta encontrada. El texto se ha buscado en las últimas 20.000.");
 }
 
 }  // namespace

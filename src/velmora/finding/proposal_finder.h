@@ -30,7 +30,7 @@ struct FoundProposal {
 enum class Reach { recent, all };
 
 /// So many of the highest numbers are searched for texts with Reach::recent: as long as a person does not notice it.
-inline constexpr std::int64_t recentProposals = 50'000;
+inline constexpr std::int64_t recentProposals = 20'000;
 
 struct Found {
     std::vector<FoundProposal> proposals = {};  ///< the one with the number looked for, then from the highest number
