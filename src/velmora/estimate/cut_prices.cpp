@@ -24,7 +24,8 @@ void CutPrices::msCargarPreciosCorte() {
     rsPreciosCorte_ = sql::Recordset(sql::rowsInMemory({{"PARDPI_ID"}, {"mat_pcs"}}, std::move(rates)));
 }
 
-double CutPrices::FnPrecioCorte(std::string_view nIdPar) {
+/// 0 for a material without a rate and for an unknown one.
+double CutPrices::ownRate(std::string_view nIdPar) {
     runtime::ErrorTrap trap;
     double rate = 0;
     if (trap.condition([&] { return rsPreciosCorte_.recordCount() > 0; })) {
@@ -32,7 +33,16 @@ double CutPrices::FnPrecioCorte(std::string_view nIdPar) {
         trap([&] { rsPreciosCorte_.find("PARDPI_ID=" + runtime::CStr(std::int64_t{runtime::CLng(nIdPar)})); });
         trap([&] { rate = rsPreciosCorte_["mat_pcs"].toDouble(); });
     }
-    return rate == 0 || trap.failed() ? defaultRate : rate;
+    return trap.failed() ? 0 : rate;
+}
+
+double CutPrices::FnPrecioCorte(std::string_view nIdPar) {
+    const double rate = ownRate(nIdPar);
+    return rate == 0 ? defaultRate : rate;
+}
+
+bool CutPrices::hasOwnRate(std::string_view nIdPar) {
+    return ownRate(nIdPar) != 0;
 }
 
 }  // namespace velmora::estimate

@@ -20,7 +20,13 @@ class CutPrices {
     /// unknown one, and a text that is not a number cost 0.01. Does not access the database.
     double FnPrecioCorte(std::string_view nIdPar);
 
+    /// Whether the material has a rate of its own; without one its cuts cost the rate that FnPrecioCorte gives to all
+    /// such materials.
+    bool hasOwnRate(std::string_view nIdPar);
+
   private:
+    double ownRate(std::string_view nIdPar);
+
     session::Session& session_;
     sql::Recordset rsPreciosCorte_;
 };

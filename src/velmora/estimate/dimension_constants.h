@@ -17,6 +17,11 @@ class DimensionConstants {
     /// Total width (mm), likewise, with lblFormulaAncho.
     double FnAnchoTotal(double& dp);
 
+    /// The factors alone, by the stored ranges, of which the first that holds the pitch diameter (mm) counts; 1 without
+    /// one. Nothing is written. Errors: as above.
+    double hubFactor(double dp) const;
+    double totalWidthFactor(double dp) const;
+
   private:
     double factor(const char* statement, double dp) const;
 

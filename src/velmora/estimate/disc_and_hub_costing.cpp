@@ -12,10 +12,6 @@ using runtime::ErrorTrap;
 
 namespace {
 
-constexpr double sawAllowance = 3;        ///< mm added to a width that is sawn
-constexpr double diameterAllowance = 5;   ///< mm added to a diameter that is turned
-constexpr double hubWeightAllowance = 2;  ///< mm added to a hub's length for its weight only
-
 /// True when a material is chosen. The set stays closed while the list of materials is empty.
 bool holdsRecord(const sql::Recordset& material) {
     return material.isOpen() && material.hasRows();
@@ -46,7 +42,7 @@ void DiscAndHubCosting::msCalcularDisco() {
     if (f_.bCargandoDisco) {
         return;
     }
-    if (standsAtOrBefore(f_.Text1(measure::exterior).text(), "120")) {
+    if (sawnFromRound(f_.Text1(measure::exterior).text())) {
         put(f_.Text4(cut::discDiameter), number(f_.Text1(measure::exterior)) + diameterAllowance);
         put(f_.Text4(cut::discWidth), number(f_.Text1(measure::totalWidth)) + sawAllowance);
     } else {
@@ -58,11 +54,10 @@ void DiscAndHubCosting::msCalcularDisco() {
 
 double DiscAndHubCosting::thicknessByText() const {
     const std::string& exterior = f_.Text1(measure::exterior).text();
-    if (standsAtOrBefore(exterior, "120")) {
+    if (sawnFromRound(exterior)) {
         return number(f_.Text1(measure::totalWidth)) + sawAllowance;
     }
-    const double allowance = standsAtOrBefore(exterior, "250") ? 1 : standsAtOrBefore(exterior, "500") ? 2 : 3;
-    return number(f_.Text1(measure::rim)) + allowance;
+    return number(f_.Text1(measure::rim)) + plateAllowance(exterior);
 }
 
 void DiscAndHubCosting::msCalcularGrueso() {
@@ -114,7 +109,7 @@ void DiscAndHubCosting::discAndHub(const TextBox& hubLength) {
         put(f_.txtPesu(money::hubPrice), (*f_.rsMatCubo)["art_pve"]);
         priceHub();
     }
-    put(f_.Text4(cut::hubDiameter), FnMultiplo(number(f_.Text1(measure::hubDiameter)) + diameterAllowance, 5));
+    put(f_.Text4(cut::hubDiameter), hubStockDiameter(number(f_.Text1(measure::hubDiameter))));
     // The length is written twice, rounded up to a multiple of 5 and then unrounded: each write recalculates the
     // weight.
     put(f_.Text4(cut::hubLength), FnMultiplo(number(hubLength) + sawAllowance, 5));

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "velmora/estimate/field_names.h"
+#include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 
@@ -68,6 +69,16 @@ bool goesByTripleSketch(const data::ProductType& type) {
 
 }  // namespace
 
+sql::Recordset chainValues(session::Session& session, int chain, const std::string& teeth) {
+    return session.Connection().execute("Select * from PDM where PDm_tipo = " + runtime::CStr(std::int64_t{chain}) +
+                                        " AND PDm_z=" + runtime::Replace(teeth, ",", "."));
+}
+
+const char* chainColumn(int field) {
+    const auto* found = std::ranges::find(measuresBeforeHeight, field, &Measure::field);
+    return found == measuresBeforeHeight.end() ? nullptr : found->column;
+}
+
 bool DoubleSprockets::Text1_LostFocus(int Index) {
     switch (Index) {
         case measure::teeth:
@@ -88,9 +99,7 @@ bool DoubleSprockets::Text1_LostFocus(int Index) {
 
 bool DoubleSprockets::lookUp() {
     const std::string teeth = f_.Text1(measure::teeth).text();
-    rsPiñonDoble_ = session_.Connection().execute(
-        "Select * from PDM where PDm_tipo = " + runtime::CStr(std::int64_t{f_.cboDobles.listIndex()}) +
-        " AND PDm_z=" + runtime::Replace(teeth, ",", "."));
+    rsPiñonDoble_ = chainValues(session_, f_.cboDobles.listIndex(), teeth);
     if (rsPiñonDoble_.eof()) {
         rsPiñonDoble_ = {};
         screen_.show({.text = "Error: No Existen datos para piñon doble de Z " + teeth});
@@ -100,7 +109,7 @@ bool DoubleSprockets::lookUp() {
     const bool triple = f_.product().shape == data::ProductShape::threeRims;
     const double b2 = column(row, "PDM_b2");
     const double x = column(row, "PDM_x");
-    const double rim = triple ? ((b2 - x) / 2) * 3 + x * 2 : b2;
+    const double rim = triple ? rimsOfTriple(b2, x) : b2;
     for (const Measure& measure : measuresBeforeHeight) {
         put(f_.Text1(measure.field), row[measure.column]);
     }

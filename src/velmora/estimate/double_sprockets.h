@@ -6,6 +6,14 @@
 
 namespace velmora::estimate {
 
+/// The values of a chain (its position in cboDobles) for a number of teeth, the text of its field: the rows of PDM, at
+/// most one of which is used. Errors: the database's.
+sql::Recordset chainValues(session::Session& session, int chain, const std::string& teeth);
+
+/// The column of PDM from which a look-up fills the field of Text1 as it is; nullptr for a field that is calculated or
+/// not looked up.
+const char* chainColumn(int field);
+
 class DoubleSprockets {
   public:
     DoubleSprockets(FieldMap& fields, session::Session& session, screen::Screen& screen)

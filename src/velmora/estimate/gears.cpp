@@ -1,5 +1,6 @@
 #include "velmora/estimate/gears.h"
 
+#include <algorithm>
 #include <array>
 
 #include "velmora/estimate/field_names.h"
@@ -26,6 +27,11 @@ constexpr std::array measuresOfGear{
 };
 
 }  // namespace
+
+const char* gearColumn(int field) {
+    const auto* found = std::ranges::find(measuresOfGear, field, &GearMeasure::field);
+    return found == measuresOfGear.end() ? none : found->column;
+}
 
 void Gears::takeOver(std::int32_t nIdEngranaje) {
     const sql::Recordset row =

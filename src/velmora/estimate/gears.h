@@ -9,6 +9,10 @@
 
 namespace velmora::estimate {
 
+/// The column of ENG from which a gear fills the field of Text1; nullptr for a measure that gears lack, which is 0.
+/// Every field of a wheel's toothing and widths has one or the other.
+const char* gearColumn(int field);
+
 class Gears {
   public:
     Gears(FieldMap& fields, Presentation& presentation, MaterialLists& materials, session::Session& session)

@@ -15,7 +15,6 @@ using runtime::Format;
 namespace {
 
 constexpr const char* measureMask = "#,##0.00";
-constexpr double toothHeightFactor = 2.25;  ///< tooth height of the basic rack, in modules
 
 /// A field of the sketch and the field of Text1 that it repeats.
 struct Repeated {
@@ -38,8 +37,8 @@ constexpr std::array barSizes{measure::rackHeight, measure::rackLength, measure:
 void Rack::Text1_LostFocus(int Index) {
     if (Index == measure::rackModule) {
         const double module = number(f_.Text1(measure::rackModule));
-        f_.Text1(measure::rackPitch).setText(Format(module * shopPi, measureMask));
-        f_.Text1(measure::rackToothHeight).setText(Format(module * toothHeightFactor, measureMask));
+        f_.Text1(measure::rackPitch).setText(Format(rackPitch(module), measureMask));
+        f_.Text1(measure::rackToothHeight).setText(Format(rackToothHeight(module), measureMask));
     } else if (Index == measure::rackHeight &&
                !(number(f_.Text1(measure::rackToothHeight)) < number(f_.Text1(measure::rackHeight)))) {
         screen_.show(

@@ -20,6 +20,8 @@ using runtime::Round;
 
 namespace {
 
+constexpr double rackToothHeightFactor = 2.25;  ///< of the basic rack, in modules
+
 /// A step of a table: valid up to and including `upTo`.
 struct Step {
     double upTo;
@@ -94,6 +96,22 @@ double pitchDiameter(double paso, double z) {
     return Round(divide(paso, std::sin((divide(180, z) * shopPi) / 180)), 2);
 }
 
+double toothHeight(double exterior, double root) {
+    return Round((exterior - root) / 2, 2);
+}
+
+double rimsOfTriple(double twoRims, double gap) {
+    return ((twoRims - gap) / 2) * 3 + gap * 2;
+}
+
+double rackPitch(double module) {
+    return module * shopPi;
+}
+
+double rackToothHeight(double module) {
+    return module * rackToothHeightFactor;
+}
+
 double pulleyExterior(double rootDiameter) {
     // Kept K-003: the decimals are the last two characters of the hundredths as text (6137 gives 37, 610 gives 10), and
     // the last rounding is half to even. Required as it is; it determines stored diameters.
@@ -104,6 +122,23 @@ double pulleyExterior(double rootDiameter) {
 
 bool standsAtOrBefore(const std::string& text, const std::string& limit) {
     return text <= limit;
+}
+
+bool sawnFromRound(const std::string& exterior) {
+    return standsAtOrBefore(exterior, "120");
+}
+
+double plateAllowance(const std::string& exterior) {
+    return standsAtOrBefore(exterior, "250") ? 1 : standsAtOrBefore(exterior, "500") ? 2 : 3;
+}
+
+double hubStockDiameter(double hubDiameter) {
+    return FnMultiplo(hubDiameter + diameterAllowance, 5);
+}
+
+RoughWeight roughWeight(const RoughPiece& piece) {
+    return {.solid = piece.rim * piece.exterior + piece.hubDiameter * piece.hubWidth,
+            .removed = piece.rim * piece.roller * piece.teeth + piece.totalWidth * piece.bore};
 }
 
 double fnCorteGrueso(double diametro, double& grueso, const ThicknessList& lista) {

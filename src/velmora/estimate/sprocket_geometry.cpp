@@ -10,7 +10,6 @@ namespace velmora::estimate {
 
 using runtime::CStr;
 using runtime::Format;
-using runtime::Round;
 
 namespace {
 
@@ -48,7 +47,7 @@ void SprocketGeometry::msRecalcularMedidas() {
     put(f_.Text1(measure::exterior),
         FnDmexterior(number(f_.Text1(measure::pitchDiameter)), z, number(f_.Text1(roller))));
     const auto height = [&] {
-        return Round((number(f_.Text1(measure::exterior)) - number(f_.Text1(measure::root))) / 2, 2);
+        return toothHeight(number(f_.Text1(measure::exterior)), number(f_.Text1(measure::root)));
     };
     // Kept K-011: a height of 0 is filled here, and any height is overwritten below.
     if (number(f_.Text1(measure::height)) == 0) {

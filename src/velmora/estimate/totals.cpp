@@ -4,6 +4,7 @@
 #include <array>
 
 #include "velmora/estimate/field_names.h"
+#include "velmora/estimate/rules.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
 
@@ -233,8 +234,14 @@ void Totals::msMostrarFormula() {
     const double eje = numberOrZero(f_.Text1(measure::bore));
     const double at = numberOrZero(f_.Text1(measure::totalWidth));
     const double rod = numberOrZero(f_.Text1(measure::roller));
-    const double a = ll * de + dc * ac;
-    const double b = ll * rod * z + at * eje;
+    const auto [a, b] = roughWeight({.teeth = z,
+                                     .exterior = de,
+                                     .rim = ll,
+                                     .hubDiameter = dc,
+                                     .hubWidth = ac,
+                                     .bore = eje,
+                                     .totalWidth = at,
+                                     .roller = rod});
 
     const std::string words = "[((" + CStr(de) + " x " + CStr(ll) + ") + (" + CStr(dc) + " x " + CStr(ac) +
                               "))] = " + CStr(a) + " - [(" + CStr(eje) + " x " + CStr(at) + ") + ((" + CStr(rod) +

@@ -6,6 +6,10 @@
 
 namespace velmora::estimate {
 
+namespace {
+constexpr int unknownFormula = -1;
+}  // namespace
+
 double Operand::number() const {
     return isText_ ? runtime::CDbl(text_) : number_;
 }
@@ -18,35 +22,48 @@ bool isTube(const sql::Value& formula) {
     return !formula.isNull() && (formula.toLong() == 4 || formula.toLong() == 6);
 }
 
+WeightRule Weights::ruleOf(const sql::Value& formula) const {
+    const int ofArticle = formula.isNull() ? unknownFormula : formula.toLong();
+    if (f_.product().shape == data::ProductShape::rack) {
+        return WeightRule::plate;
+    }
+    if (!f_.chkFormulas.checked()) {
+        return WeightRule::round;
+    }
+    switch (ofArticle) {
+        case 0:
+            return WeightRule::quantity;
+        case 1:
+        case 5:
+            return WeightRule::plate;
+        case 2:
+        case 3:
+        case 6:
+            return WeightRule::round;
+        case 4:
+            return WeightRule::tube;
+        default:
+            return WeightRule::none;
+    }
+}
+
 double Weights::FnPeso(const sql::Value& formula, double piezas, const Operand& a, const Operand& b, const Operand& c,
                        const Operand& d, const Operand& e, const sql::Value& factor) const {
-    constexpr int unknownFormula = -1;
-    constexpr int solidRound = 2;
-    constexpr int plate = 1;
-    int applied = formula.isNull() ? unknownFormula : formula.toLong();
-    if (!f_.chkFormulas.checked()) {
-        applied = solidRound;
-    }
-    if (f_.product().shape == data::ProductShape::rack) {
-        applied = plate;
-    }
+    const WeightRule rule = ruleOf(formula);
     double weight = 0;
     runtime::ErrorTrap trap;
     trap([&] {
-        switch (applied) {
-            case 0:
+        switch (rule) {
+            case WeightRule::quantity:
                 weight = piezas;
                 break;
-            case 1:
-            case 5:
+            case WeightRule::plate:
                 weight = (piezas * a.number() * b.number() * c.number()) / 1000000 * factor.toDouble();
                 break;
-            case 2:
-            case 3:
-            case 6:
+            case WeightRule::round:
                 weight = piezas * ((d.number() * d.number() * a.number()) / 1000000) * factor.toDouble();
                 break;
-            case 4: {
+            case WeightRule::tube: {
                 // Kept K-007: the diameters of a tube are read up to the comma (60,5 counts 60). Required as it is; it
                 // determines stored weights.
                 const double outer = d.leading();
@@ -54,7 +71,7 @@ double Weights::FnPeso(const sql::Value& formula, double piezas, const Operand& 
                 weight = piezas * (((outer + inner) * (outer - inner) * a.number()) / 1000000) * factor.toDouble();
                 break;
             }
-            default:
+            case WeightRule::none:
                 break;
         }
     });

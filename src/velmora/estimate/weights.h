@@ -24,6 +24,15 @@ class Operand {
 /// True when an article of this formula is a tube, which has an inner diameter; false for null.
 bool isTube(const sql::Value& formula);
 
+/// How an article's weight is calculated from its sizes.
+enum class WeightRule {
+    none,      ///< an unknown formula or none: 0
+    quantity,  ///< by the piece
+    plate,     ///< the product of three sides
+    round,     ///< of a solid round: the square of its diameter and its length
+    tube,
+};
+
 class Weights {
   public:
     explicit Weights(const FieldMap& fields) : f_(fields) {}
@@ -34,6 +43,9 @@ class Weights {
     /// not a number, give 0.
     double FnPeso(const sql::Value& formula, double piezas, const Operand& a, const Operand& b, const Operand& c,
                   const Operand& d, const Operand& e, const sql::Value& factor) const;
+
+    /// The rule that FnPeso applies for the article's formula on the present form.
+    WeightRule ruleOf(const sql::Value& formula) const;
 
     /// The weight of a rack's bar with the sizes Text4(50) to (52), by its material's article.
     double rackWeight() const;
