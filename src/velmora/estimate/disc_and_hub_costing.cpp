@@ -203,6 +203,7 @@ void DiscAndHubCosting::rsMatCubo_MoveComplete() {
 }
 
 void DiscAndHubCosting::Text4_Change(int Index) {
+    f_.noteChange(f_.Text4(Index));
     switch (Index) {
         case cut::discWidth:
         case cut::discDiameter:
@@ -294,6 +295,7 @@ void DiscAndHubCosting::rackChanged(int Index) {
 }
 
 void DiscAndHubCosting::Text4_LostFocus(int Index) {
+    const TypedFields::ProgramWrites masks(f_.typed);
     TextBox& box = f_.Text4(Index);
     if (!runtime::IsNumeric(box.text())) {
         box.setText("0");

@@ -33,6 +33,11 @@ const char* gearColumn(int field) {
     return found == measuresOfGear.end() ? none : found->column;
 }
 
+sql::Recordset gearsOf(session::Session& session, double module, double teeth) {
+    return session.Connection().execute("Select * from eng where eng_modulo=" + runtime::shortest(module) +
+                                        " and eng_z=" + runtime::shortest(teeth));
+}
+
 void Gears::takeOver(std::int32_t nIdEngranaje) {
     const sql::Recordset row =
         session_.Connection().execute("Select * from eng where eng_id=" + runtime::CStr(std::int64_t{nIdEngranaje}));

@@ -13,6 +13,9 @@ namespace velmora::estimate {
 /// Every field of a wheel's toothing and widths has one or the other.
 const char* gearColumn(int field);
 
+/// The gears of a module (mm) and a number of teeth: rows of ENG. Errors: the database's.
+sql::Recordset gearsOf(session::Session& session, double module, double teeth);
+
 class Gears {
   public:
     Gears(FieldMap& fields, Presentation& presentation, MaterialLists& materials, session::Session& session)

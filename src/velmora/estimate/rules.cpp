@@ -71,12 +71,20 @@ double FnMultiplo(double x, int n) {
     return Round((Int(divide(x, n)) + 1) * n);
 }
 
+double rollerFactor(double z) {
+    return stepFor(rollerFactorByTeeth, z);
+}
+
 double FnDmexterior(double dp, double z, double rodillo) {
-    return Round(stepFor(rollerFactorByTeeth, z) * rodillo + dp);
+    return Round(rollerFactor(z) * rodillo + dp);
+}
+
+double rimDeduction(double ac) {
+    return stepFor(deductionByChainWidth, ac);
 }
 
 double FnLlanta(double ac) {
-    return Round(ac - stepFor(deductionByChainWidth, ac));
+    return Round(ac - rimDeduction(ac));
 }
 
 double scaledToFive(double& dp, double k) {

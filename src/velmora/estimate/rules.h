@@ -23,8 +23,14 @@ double FnMultiplo(double x, int n);
 /// increases with the teeth, from 0.5 at 6 teeth to 0.7 above 18.
 double FnDmexterior(double dp, double z, double rodillo);
 
+/// The factor of the roller in that exterior.
+double rollerFactor(double z);
+
 /// Rim width from the chain's inner width: 2, 2.5 or 3 mm less, a whole number.
 double FnLlanta(double ac);
+
+/// What that rim is narrower (mm) than the chain.
+double rimDeduction(double ac);
 
 /// A diameter or width: the pitch diameter times the factor k, rounded up to a multiple of 5; for k = 0 the whole
 /// number nearest to the pitch diameter itself. dp is overwritten with the value before the last rounding.
