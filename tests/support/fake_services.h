@@ -43,11 +43,16 @@ class FakeServices final : public system::Services {
         }
         return openingCode;
     }
+    bool copyToClipboard(std::string_view text) override {
+        copied.emplace_back(text);
+        return true;
+    }
 
     std::string folder;                            ///< with a trailing separator
     std::deque<std::optional<std::string>> files;  ///< the answers of the dialogs to come; nullopt: cancelled
     std::vector<system::OpenFileRequest> requests;
     std::vector<std::string> opened;
+    std::vector<std::string> copied;
     int openingCode = 33;  ///< above 32: opened
     std::optional<runtime::RuntimeError> dialogError;
     std::optional<runtime::RuntimeError> openingError;

@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -35,6 +37,11 @@ TEST(Services, TheTemporaryFolderIsTheProgramsOwnAndClosedToOthers) {
     qputenv("TMPDIR", "/no/such/folder");
     EXPECT_EQ(services.temporaryFolder(), "") << "neither the current folder nor any other";
     before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+}
+
+TEST(Services, ATextIsCopiedToTheClipboard) {
+    EXPECT_TRUE(qt::QtServices().copyToClipboard("Ø Primitivo: 153,79 mm"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Ø Primitivo: 153,79 mm"));
 }
 
 TEST(Services, AMissingFileIsAFailureCode) {

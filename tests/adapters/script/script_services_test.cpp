@@ -41,6 +41,14 @@ TEST(ScriptServices, KeepATemporaryFolderOfTheirOwnAsLongAsTheyLive) {
     EXPECT_EQ(out.str(), "opened \"hoja.txt\"\n");
 }
 
+TEST(ScriptServices, PrintWhatIsCopied) {
+    std::ostringstream out;
+    Journal journal(out);
+    Answers answers;
+    EXPECT_TRUE(ScriptServices(journal, answers).copyToClipboard("una\notra"));
+    EXPECT_EQ(out.str(), "copied \"una\\notra\"\n");
+}
+
 TEST(ScriptServices, LeaveTheFolderThatTheyWereGiven) {
     std::ostringstream out;
     Journal journal(out);

@@ -31,6 +31,16 @@ TEST(Services, AFileWithoutAProgramIsAFailureCode) {
     std::filesystem::remove(system::filePath(path));
 }
 
+TEST(Services, ATextIsCopiedToTheClipboard) {
+    EXPECT_TRUE(win32::Win32Services(GetModuleHandleW(nullptr)).copyToClipboard("Ø 153,79 mm"));
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    const auto* copied = static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
+    ASSERT_NE(copied, nullptr);
+    EXPECT_EQ(std::wstring(copied), L"Ø 153,79 mm");
+    GlobalUnlock(GetClipboardData(CF_UNICODETEXT));
+    CloseClipboard();
+}
+
 TEST(Services, FiltersBecomeTheSystemsForm) {
     EXPECT_EQ(win32::filterOfDialog("Todos (*.*)|*.*"), std::wstring(L"Todos (*.*)\0*.*\0\0", 17));
     EXPECT_EQ(win32::filterOfDialog(""), std::wstring(2, L'\0'));

@@ -1,6 +1,7 @@
 #include "velmora/adapters/qt/qt_services.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
@@ -110,6 +111,11 @@ int QtServices::openWithAssociatedProgram(std::string_view path) {
         return openWith(opener, file.absoluteFilePath());
     }
     return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath())) ? opened : noAssociation;
+}
+
+bool QtServices::copyToClipboard(std::string_view text) {
+    QApplication::clipboard()->setText(toQt(text));
+    return true;
 }
 
 }  // namespace velmora::qt

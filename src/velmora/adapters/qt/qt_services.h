@@ -14,6 +14,7 @@ class QtServices : public system::Services {
     std::string temporaryFolder() const override;
     std::optional<std::string> openFileDialog(const system::OpenFileRequest& request) override;
     int openWithAssociatedProgram(std::string_view path) override;
+    bool copyToClipboard(std::string_view text) override;
 
   private:
     mutable machine::OwnFolder folder_;

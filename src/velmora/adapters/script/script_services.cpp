@@ -98,4 +98,9 @@ int ScriptServices::openWithAssociatedProgram(std::string_view path) {
     return opened;
 }
 
+bool ScriptServices::copyToClipboard(std::string_view text) {
+    journal_.line("copied " + inQuotes(text));
+    return true;
+}
+
 }  // namespace velmora::script

@@ -44,6 +44,8 @@ class ScriptServices final : public system::Services {
     /// Prints `opened "NAME"`, the file's name without its folder; returns 2 (no such file) when the file does not
     /// exist.
     int openWithAssociatedProgram(std::string_view path) override;
+    /// Prints `copied "…"`.
+    bool copyToClipboard(std::string_view text) override;
 
   private:
     Journal& journal_;

@@ -1,6 +1,7 @@
 #include "velmora/adapters/win32/win32_services.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 #include <commdlg.h>
@@ -68,6 +69,27 @@ int Win32Services::openWithAssociatedProgram(std::string_view path) {
     const HINSTANCE result =
         ShellExecuteW(ownerOfModal(), L"open", toWide(path).c_str(), nullptr, nullptr, SW_SHOWDEFAULT);
     return static_cast<int>(reinterpret_cast<INT_PTR>(result));
+}
+
+bool Win32Services::copyToClipboard(std::string_view text) {
+    const std::wstring wide = toWide(text);
+    const std::size_t bytes = (wide.size() + 1) * sizeof(wchar_t);
+    if (!OpenClipboard(ownerOfModal())) {
+        return false;
+    }
+    // The clipboard owns the memory once it has taken it.
+    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+    bool taken = false;
+    if (memory != nullptr) {
+        std::memcpy(GlobalLock(memory), wide.c_str(), bytes);
+        GlobalUnlock(memory);
+        taken = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+        if (!taken) {
+            GlobalFree(memory);
+        }
+    }
+    CloseClipboard();
+    return taken;
 }
 
 }  // namespace velmora::win32

@@ -20,6 +20,7 @@ class Win32Services : public system::Services {
     /// The system's dialog, owned by the active window. Errors: an extended error of the dialog, with its number.
     std::optional<std::string> openFileDialog(const system::OpenFileRequest& request) override;
     int openWithAssociatedProgram(std::string_view path) override;
+    bool copyToClipboard(std::string_view text) override;
 
   private:
     HINSTANCE__* module_;

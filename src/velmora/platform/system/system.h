@@ -41,6 +41,8 @@ class Services {
     /// Opens a file with its associated program. Returns a number above 32 on success, an error code from 0 to 32 on
     /// failure.
     virtual int openWithAssociatedProgram(std::string_view path) = 0;
+    /// Puts a text on the clipboard; false when the machine has none.
+    virtual bool copyToClipboard(std::string_view /*text*/) { return false; }
 };
 
 }  // namespace velmora::system
