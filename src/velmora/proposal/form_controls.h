@@ -25,6 +25,7 @@ struct FormControls {
     Button XPButton1{form, "XPButton1"};
     Button cmdDoc{form, "cmdDoc"};
     ControlArray<Button> cmdHPrecios{form, "cmdHPrecios", {{0, 2}}};
+    Button cmdPorque{form, "cmdPorque"};
 
     Frame Frame1{form, "Frame1"};  ///< the history
     screen::DataGrid dbgDPI{form, "dbgDPI"};

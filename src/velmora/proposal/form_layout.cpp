@@ -123,6 +123,8 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
         button.setCaption("Precios");
         button.setToolTip("Ultimos precios de compra");
     });
+    c.cmdPorque.setCaption("¿Por &qué? (F12)");
+    c.cmdPorque.setToolTip("Cómo se ha calculado cada cifra, y el precio para otras cantidades");
     f.cboFiltroHistorico.setAccessibleName("Filtrar Historico por");
     c.dbgDPI.setAccessibleName("Historico de Presupuestos");
 }
@@ -246,7 +248,7 @@ Layout amounts(estimate::FieldMap& f, FormControls& c) {
                               amount("Subcontratados", f.txtPesu(9)), amount("Varios", f.txtPesu(5)),
                               amount("Fijo Sierra", f.txtPesu(14)), amount("Total Pieza", f.txtPesu(10)),
                               entered("Nº de Piezas", f.txtPesu(11), amountWidth)),
-                    lay::space(),
+                    lay::space(), lay::row(lay::space(), lay::plain(c.cmdPorque)),
                     lay::field("Importe Total", f.txtPesu(12)).number().as(Role::total).units("€").above()));
 }
 
@@ -295,6 +297,7 @@ std::vector<screen::Control*> orderOfWork(estimate::FieldMap& f, FormControls& c
          &c.XPButton1, &c.XPSalir});
     // After the buttons of the last line, so that they do not interrupt typing.
     c.cmdHPrecios.forEach([&order](Button& button) { order.push_back(&button); });
+    order.push_back(&c.cmdPorque);
     return order;
 }
 

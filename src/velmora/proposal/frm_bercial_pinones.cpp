@@ -61,6 +61,7 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       deleting_(f_, {emptyForm_, stored_}, session, desk.screen, desk.clock),
       historyGrid_(f_, {history_, loading_}, session, desk),
       sideWindows_(f_, session, desk),
+      questions_(f_, {cutPrices_, constants_, weights_, session}, session, desk),
       draft_(f_, stored_) {
     // Chosen C-010: after construction, before any event is wired, the fields hold the values of an empty proposal.
     msLimpiarCampos();
@@ -240,6 +241,7 @@ void frmBercialPiñones::wireLists() {
         presentation_.cboTipoPre_Click();
         newProposal_.typeChosen();
         tabStops_.followType();
+        questions_.offerOnFields();
     };
     f_.cboFiltroHistorico.onClick = [this] { history_.msHistorico(false); };
     f_.cboMatDisco.onClick = [this] { materials_.cboMatDisco_Click(); };
@@ -273,6 +275,7 @@ void frmBercialPiñones::wireButtons() {
         keepFromWriting();
     };
     controls_.cmdDoc.onClick = [this] { sideWindows_.cmdDoc_Click(); };
+    controls_.cmdPorque.onClick = [this] { questions_.showWhy(); };
     controls_.cmdHPrecios.on(&Button::onClick, {[this](int i) { sideWindows_.cmdHPrecios_Click(i); }});
     emptyForm_.msLimpiarCampos = [this] { msLimpiarCampos(); };
 }
@@ -315,6 +318,7 @@ const std::vector<frmBercialPiñones::FunctionKey>& frmBercialPiñones::keyTable
                  form.deleting_.msEliminar();
              }
          }},
+        {Key::f12, "Por qué es este el precio", [](frmBercialPiñones& form) { form.questions_.showWhy(); }},
     };
     return table;
 }

@@ -35,6 +35,7 @@
 #include "velmora/proposal/history_grid.h"
 #include "velmora/proposal/labour_step.h"
 #include "velmora/proposal/loading.h"
+#include "velmora/proposal/price_questions.h"
 #include "velmora/proposal/saving.h"
 #include "velmora/proposal/side_windows.h"
 #include "velmora/proposal/stored_proposal.h"
@@ -128,6 +129,7 @@ class frmBercialPiñones : public screen::Form, public screen::TellsKeys {
     Deleting deleting_;
     HistoryGrid historyGrid_;
     SideWindows sideWindows_;
+    PriceQuestions questions_;
     Draft draft_;
 };
 
