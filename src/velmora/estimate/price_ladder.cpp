@@ -4,6 +4,8 @@ namespace velmora::estimate {
 
 namespace {
 
+// Chosen C-421: a step is what the form shows after its number of pieces is typed, which leaves the price of the piece;
+// on request, what it shows once the saw charge, which alone is ever spread, is summed up after that.
 double pieceFor(const LadderBasis& basis, SawCharge saw, double pieces) {
     if (saw == SawCharge::asItStands || basis.parts.sawCharge == 0) {
         return basis.piece;

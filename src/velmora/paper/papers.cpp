@@ -34,4 +34,12 @@ std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bo
     return papers;
 }
 
+Paper customersPaper(sql::Connection& connection, std::int32_t number, const Company& company,
+                     const LadderRequest& ladder) {
+    const StoredProposal proposal = requiredProposal(connection, number);
+    Paper paper{"Propuesta_" + numberOf(proposal) + ".pdf", customerSheet(proposal, company)};
+    addLadder(paper.sheet, proposal, ladder);
+    return paper;
+}
+
 }  // namespace velmora::paper

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "velmora/paper/company.h"
+#include "velmora/paper/price_sheets.h"
 #include "velmora/paper/sheet.h"
 #include "velmora/platform/sql/connection.h"
 
@@ -21,5 +22,9 @@ struct Paper {
 /// "HojaCorte_000123.pdf"; for an order only the shop's. The company stands on the customer's sheet alone. Errors: 5
 /// for a number without a proposal, DbError.
 std::vector<Paper> papersOf(sql::Connection& connection, std::int32_t number, bool order, const Company& company = {});
+
+/// The customer's sheet alone, with a price ladder. Errors: as above.
+Paper customersPaper(sql::Connection& connection, std::int32_t number, const Company& company,
+                     const LadderRequest& ladder);
 
 }  // namespace velmora::paper

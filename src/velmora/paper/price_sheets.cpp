@@ -76,6 +76,8 @@ estimate::LadderBasis ladderBasis(const StoredProposal& p) {
                       .sundries = p.others.value_or(0)}};
 }
 
+// Chosen C-422: the customer's sheet bears the ladder of the proposal as stored, like all its other prices, also while
+// something else stands on the form; whether it does is asked in the ladder's window and stored nowhere.
 void addLadder(Sheet& customersSheet, const StoredProposal& proposal, const LadderRequest& request) {
     const auto isFigures = [](const Block& block) { return std::holds_alternative<Figures>(block); };
     const auto prices = std::ranges::find_if(customersSheet.blocks, isFigures);

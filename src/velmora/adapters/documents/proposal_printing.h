@@ -8,7 +8,7 @@
 
 #include "velmora/adapters/painting/graphics.h"
 #include "velmora/paper/company.h"
-#include "velmora/paper/sheet.h"
+#include "velmora/paper/papers.h"
 #include "velmora/platform/components/components.h"
 #include "velmora/platform/system/system.h"
 
@@ -29,6 +29,11 @@ struct PaperChoices {
     std::function<void(const std::vector<PrintedPaper>&)> view = {};
 };
 
+/// Writes papers as PDF and shows them. No file gets its final name before all are drawn. Errors: 75 and 76 for a file
+/// that cannot be written or opened.
+void writeAndShow(const std::vector<paper::Paper>& papers, system::Services& services, painting::Graphics& graphics,
+                  const PaperChoices& choices);
+
 /// Reads a proposal by its number as it was last saved, writes its papers as PDF in a folder and shows them.
 class ProposalPrinting final : public components::Printing {
   public:
@@ -46,8 +51,6 @@ class ProposalPrinting final : public components::Printing {
     void jPrintPropuesta(std::int32_t nIdDpi, bool bOrden) override;
 
   private:
-    std::string pathOf(const std::string& fileName) const;
-
     system::Services& services_;
     std::shared_ptr<painting::Graphics> graphics_;
     PaperChoices choices_;

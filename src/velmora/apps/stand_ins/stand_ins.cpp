@@ -6,6 +6,7 @@
 
 #include "velmora/adapters/documents/grid_spreadsheet.h"
 #include "velmora/adapters/documents/proposal_printing.h"
+#include "velmora/adapters/documents/sheet_printer.h"
 #include "velmora/adapters/host/delivery_notes.h"
 #include "velmora/adapters/host/work_orders.h"
 #include "velmora/adapters/scanner/page_scanner.h"
@@ -20,6 +21,9 @@ void registerStandIns(components::ComponentFactory& factory, screen::Screen& scr
     factory.add("SORVEL.SORVELCOMP", [&screen] { return std::make_unique<host::DeliveryNoteViewer>(screen); });
     // Created when the first paper is printed; lives as long as the factory.
     const auto graphics = std::make_shared<painting::Graphics>();
+    factory.add(paper::SheetPrinting::progId, [&services, graphics, papers] {
+        return std::make_unique<documents::SheetPrinter>(services, graphics, papers);
+    });
     factory.add("VELMORAIMP.VMORAIMP", [&services, graphics, choices = std::move(papers)] {
         return std::make_unique<documents::ProposalPrinting>(services, graphics, choices);
     });

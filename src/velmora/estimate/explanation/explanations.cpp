@@ -81,6 +81,8 @@ Explanation explain(Ground& ground, const Figure& figure) {
         take(made, std::move(*found));
         return made;
     }
+    // Chosen C-420: which of several rules the last event applied is not recorded; a value that is that of none of them
+    // for the present values counts as typed if the user has typed into the field, else as not calculated again.
     made.origin = ground.f.typed.contain(field) ? Origin::typed : isZero(made.shown) ? Origin::pending : Origin::kept;
     if (!derivations.empty()) {
         take(made, std::move(derivations.front()));
