@@ -63,16 +63,26 @@ TEST(DimensionTextsTest, WhereArrowsStandOutsideTheTextKeepsClearOfThem) {
     EXPECT_GE(placesFor(narrow, measure).front().bounds.left, narrow.end.x + 2.5 * arrowLength);
 }
 
+/// The place of a text that has one.
+PlacedText placed(TextPlacing& placing, const DimensionLine& line) {
+    const std::optional<ChosenPlace> chosen = placing.place(line);
+    EXPECT_TRUE(chosen.has_value());
+    return chosen ? chosen->text : PlacedText{};
+}
+
 TEST(TextPlacingTest, AFreePlaceIsTakenAsItComes) {
     TextPlacing placing(canvas, measure);
-    EXPECT_DOUBLE_EQ(placing.place(levelLine()).middle.x, 200);
+    const auto chosen = placing.place(levelLine());
+    ASSERT_TRUE(chosen.has_value());
+    EXPECT_DOUBLE_EQ(chosen->text.middle.x, 200);
+    EXPECT_FALSE(chosen->leader.has_value());
 }
 
 TEST(TextPlacingTest, TextsDoNotCoverEachOther) {
     TextPlacing placing(canvas, measure);
-    const PlacedText first = placing.place(levelLine());
-    const PlacedText second = placing.place(levelLine());
-    const PlacedText third = placing.place(levelLine());
+    const PlacedText first = placed(placing, levelLine());
+    const PlacedText second = placed(placing, levelLine());
+    const PlacedText third = placed(placing, levelLine());
     EXPECT_FALSE(first.bounds.overlaps(second.bounds));
     EXPECT_FALSE(first.bounds.overlaps(third.bounds));
     EXPECT_FALSE(second.bounds.overlaps(third.bounds));
@@ -81,8 +91,7 @@ TEST(TextPlacingTest, TextsDoNotCoverEachOther) {
 TEST(TextPlacingTest, ATextKeepsOffTheEdgesOfThePiece) {
     TextPlacing placing(canvas, measure);
     placing.addEdge({{0, 50}, {400, 50}});
-    const PlacedText text = placing.place(levelLine());
-    EXPECT_GT(text.bounds.top, 60) << "below its line instead";
+    EXPECT_GT(placed(placing, levelLine()).bounds.top, 60) << "below its line instead";
 }
 
 TEST(TextPlacingTest, AnEdgeIsCrossedRatherThanATextCovered) {
@@ -90,16 +99,28 @@ TEST(TextPlacingTest, AnEdgeIsCrossedRatherThanATextCovered) {
     placing.addEdge({{0, 50}, {400, 50}});
     placing.take({.left = 0, .top = 61, .width = 400, .height = 40});
     // Beyond the ends of the line, at its own height, it would overlap the text.
-    const PlacedText text = placing.place(levelLine());
-    EXPECT_LT(text.bounds.bottom(), 60);
+    EXPECT_LT(placed(placing, levelLine()).bounds.bottom(), 60);
 }
 
-TEST(TextPlacingTest, ATextIsCoveredRatherThanTheCanvasLeft) {
+TEST(TextPlacingTest, ATextWithoutRoomBesideItsLineStandsApartWithALeader) {
+    TextPlacing placing(canvas, measure);
+    const PixelRect taken{.left = 0, .top = 20, .width = 400, .height = 80};
+    placing.take(taken);
+    const auto chosen = placing.place(levelLine());
+    ASSERT_TRUE(chosen.has_value());
+    EXPECT_FALSE(chosen->text.bounds.overlaps(taken));
+    EXPECT_TRUE(canvas.contains(chosen->text.bounds));
+    ASSERT_TRUE(chosen->leader.has_value());
+    EXPECT_DOUBLE_EQ(chosen->leader->from.x, 200);
+    EXPECT_DOUBLE_EQ(chosen->leader->from.y, 60);
+    EXPECT_TRUE(chosen->text.bounds.contains(chosen->leader->to));
+}
+
+TEST(TextPlacingTest, ATextForWhichTheCanvasHasNoRoomIsLeftOut) {
     const PixelRect low{.left = 0, .top = 55, .width = 400, .height = 40};
     TextPlacing placing(low, measure);
-    placing.take({.left = 0, .top = 50, .width = 400, .height = 50});
-    const PlacedText text = placing.place(levelLine());
-    EXPECT_TRUE(low.contains(text.bounds));
+    placing.take({.left = 0, .top = 60, .width = 400, .height = 30});
+    EXPECT_FALSE(placing.place(levelLine()).has_value());
 }
 
 }  // namespace

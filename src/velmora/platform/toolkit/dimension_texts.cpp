@@ -1,5 +1,6 @@
 #include "velmora/platform/toolkit/dimension_texts.h"
 
+#include <algorithm>
 #include <numbers>
 
 namespace velmora::toolkit {
@@ -10,9 +11,10 @@ constexpr double textGap = 3;      ///< pixels between a dimension line and its 
 constexpr double textPadding = 4;  ///< pixels, left and right of a text together
 
 constexpr double edgeCost = 10;
-constexpr double textCost = 200;
-constexpr double offCanvasCost = 500;
-constexpr double lateCost = 0.1;  ///< cost of a place for each place before it in the list
+constexpr double lateCost = 0.1;      ///< cost of a place for each place before it in the list
+constexpr double distanceCost = 0.5;  ///< cost of a pixel between a line and a text that stands apart from it
+constexpr double rasterStep = 6;      ///< pixels between the places tried for a text apart from its line
+constexpr std::size_t nearest = 60;   ///< number of free places compared, the nearest ones
 
 constexpr double halfTurn = 180;  // degrees
 
@@ -74,30 +76,72 @@ std::vector<PlacedText> placesFor(const DimensionLine& line, const MeasureText& 
     return places;
 }
 
-double TextPlacing::cost(const PixelRect& bounds) const {
-    double sum = 0;
-    for (const PixelLine& edge : edges_) {
-        sum += meets(edge, bounds) ? edgeCost : 0;
-    }
-    for (const PixelRect& text : taken_) {
-        sum += text.overlaps(bounds) ? textCost : 0;
-    }
-    return canvas_.contains(bounds) ? sum : sum + offCanvasCost;
+bool TextPlacing::isFree(const PixelRect& bounds) const {
+    return canvas_.contains(bounds) &&
+           std::ranges::none_of(taken_, [&](const PixelRect& text) { return text.overlaps(bounds); });
 }
 
-PlacedText TextPlacing::place(const DimensionLine& line) {
-    const std::vector<PlacedText> places = placesFor(line, measure_);
-    std::size_t best = 0;
+double TextPlacing::crossings(const PixelRect& bounds) const {
+    return edgeCost *
+           static_cast<double>(std::ranges::count_if(edges_, [&](const PixelLine& e) { return meets(e, bounds); }));
+}
+
+std::optional<PlacedText> TextPlacing::besideLine(const DimensionLine& line) const {
+    std::optional<PlacedText> best;
     double lowest = 0;
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        const double here = cost(places[i].bounds) + lateCost * static_cast<double>(i);
-        if (i == 0 || here < lowest) {
-            best = i;
-            lowest = here;
+    double late = 0;
+    for (const PlacedText& place : placesFor(line, measure_)) {
+        if (isFree(place.bounds)) {
+            const double cost = crossings(place.bounds) + late;
+            if (!best || cost < lowest) {
+                best = place;
+                lowest = cost;
+            }
+        }
+        late += lateCost;
+    }
+    return best;
+}
+
+std::optional<ChosenPlace> TextPlacing::apart(const DimensionLine& line) const {
+    const PixelPoint foot = (line.start + line.end) * 0.5;
+    const PlacedText text = levelText(line.text, foot, measure_);
+    const PixelSize half{.width = text.bounds.width / 2, .height = text.bounds.height / 2};
+    std::vector<PixelPoint> free;
+    for (double y = canvas_.top + half.height; y + half.height <= canvas_.bottom(); y += rasterStep) {
+        for (double x = canvas_.left + half.width; x + half.width <= canvas_.right(); x += rasterStep) {
+            if (isFree(around({x, y}, {.width = text.bounds.width, .height = text.bounds.height}))) {
+                free.push_back({x, y});
+            }
         }
     }
-    take(places[best].bounds);
-    return places[best];
+    const auto byDistance = [&](PixelPoint a, PixelPoint b) { return distance(a, foot) < distance(b, foot); };
+    const auto end = free.begin() + static_cast<std::ptrdiff_t>(std::min(free.size(), nearest));
+    std::ranges::partial_sort(free.begin(), end, free.end(), byDistance);
+    const auto costOf = [&](PixelPoint middle) {
+        return crossings(levelText(line.text, middle, measure_).bounds) + distanceCost * distance(middle, foot);
+    };
+    const auto best =
+        std::min_element(free.begin(), end, [&](PixelPoint a, PixelPoint b) { return costOf(a) < costOf(b); });
+    if (best == end) {
+        return std::nullopt;
+    }
+    ChosenPlace chosen{.text = levelText(line.text, *best, measure_), .leader = std::nullopt};
+    const PixelRect& bounds = chosen.text.bounds;
+    chosen.leader = PixelLine{
+        .from = foot,
+        .to = {std::clamp(foot.x, bounds.left, bounds.right()), std::clamp(foot.y, bounds.top, bounds.bottom())}};
+    return chosen;
+}
+
+std::optional<ChosenPlace> TextPlacing::place(const DimensionLine& line) {
+    const std::optional<PlacedText> beside = besideLine(line);
+    std::optional<ChosenPlace> chosen =
+        beside ? std::optional(ChosenPlace{.text = *beside, .leader = std::nullopt}) : apart(line);
+    if (chosen) {
+        take(chosen->text.bounds);
+    }
+    return chosen;
 }
 
 }  // namespace velmora::toolkit

@@ -2,6 +2,7 @@
 // Placing of dimension texts on the canvas: without overlaps and, where possible, off the piece.
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,8 +46,14 @@ PlacedText levelText(const std::string& text, PixelPoint middle, const MeasureTe
 /// when the line prefers its text outside, the preferred end comes first. Never empty.
 std::vector<PlacedText> placesFor(const DimensionLine& line, const MeasureText& measure);
 
-/// Chooses a place for one text after the other; a chosen place is then occupied. Staying within the canvas has
-/// priority over not overlapping other texts, and that over not crossing edges of the piece.
+/// A text at its place. One that stands apart from its line has a leader from the line's middle.
+struct ChosenPlace {
+    PlacedText text;
+    std::optional<PixelLine> leader;
+};
+
+/// Chooses a place for one text after the other; a chosen place is then occupied. A text never overlaps another one and
+/// never leaves the canvas; within that it avoids the edges of the piece.
 class TextPlacing {
   public:
     TextPlacing(const PixelRect& canvas, const MeasureText& measure) : canvas_(canvas), measure_(measure) {}
@@ -55,10 +62,14 @@ class TextPlacing {
     void addEdge(const PixelLine& edge) { edges_.push_back(edge); }
     /// Marks a place as occupied by a text.
     void take(const PixelRect& bounds) { taken_.push_back(bounds); }
-    PlacedText place(const DimensionLine& line);
+    /// Beside the line where there is room, otherwise the nearest free place of the canvas; nullopt when there is none.
+    std::optional<ChosenPlace> place(const DimensionLine& line);
 
   private:
-    double cost(const PixelRect& bounds) const;
+    bool isFree(const PixelRect& bounds) const;
+    double crossings(const PixelRect& bounds) const;
+    std::optional<PlacedText> besideLine(const DimensionLine& line) const;
+    std::optional<ChosenPlace> apart(const DimensionLine& line) const;
 
     PixelRect canvas_;
     const MeasureText& measure_;

@@ -152,8 +152,11 @@ class Planner {
         const PixelPoint reach = inside ? PixelPoint{} : along * outsideReach;
         planned.lines.push_back({line.start - reach, line.end + reach});
         planned.arrows = {arrow(line.start, inside ? -along : along), arrow(line.end, inside ? along : -along)};
-        if (!line.text.empty()) {
-            planned.text = placing_.place(line);
+        if (const auto chosen = line.text.empty() ? std::nullopt : placing_.place(line)) {
+            planned.text = chosen->text;
+            if (chosen->leader) {
+                planned.lines.push_back(*chosen->leader);
+            }
         }
         plan_.shapes.emplace_back(std::move(planned));
     }

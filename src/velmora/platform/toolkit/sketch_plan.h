@@ -31,9 +31,9 @@ struct PlannedCircle {
 using ArrowHead = std::array<PixelPoint, 3>;
 
 struct PlannedDimension {
-    std::vector<PixelLine> lines;  ///< extension lines and dimension line, drawn with the dimension pen
+    std::vector<PixelLine> lines;  ///< extension lines, dimension line and leader, drawn with the dimension pen
     std::array<ArrowHead, 2> arrows;
-    std::optional<PlacedText> text;
+    std::optional<PlacedText> text;  ///< left out where the canvas has no room for it
 };
 
 /// PlacedText is a fixed text of the drawing.

@@ -24,7 +24,7 @@ struct SketchScale {
 DimensionLine lineOf(const screen::Dimension& dimension, const SketchScale& scale, const LabelTexts& labels);
 
 /// The largest scale, at most 12 pixels per millimetre, at which the shapes and their texts fit into the area, centred
-/// in it.
+/// in it. On a canvas that is too small for the texts the piece keeps 60 % of the area.
 SketchScale fittingScale(const std::vector<const screen::Shape*>& shapes, const LabelTexts& labels,
                          const PixelRect& room, const MeasureText& measure);
 
