@@ -5,6 +5,7 @@
 #include "velmora/platform/screen/control_array.h"
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/screen/sketch.h"
 
 namespace velmora::reference {
 
@@ -36,6 +37,7 @@ struct ChainFields {
     screen::Frame Frame2{form, "Frame2"};           ///< values for one number of teeth
     screen::ControlArray<screen::TextBox> Text1{form, "Text1", {{0, 13}}};
     screen::DataGrid dbgRs{form, "dbgRs"};
+    screen::Sketch picMedidas{form, "picMedidas"};  ///< what the letters mean
     screen::Button cmdNuevo{form, "cmdNuevo"};
     screen::Button cmdGrabar{form, "cmdGrabar"};
     screen::Button cmdSalir{form, "cmdSalir"};

@@ -73,7 +73,7 @@ bool ChainRows::load() {
 }
 
 void ChainRows::shapeGrid() {
-    std::vector<screen::GridColumn> shaped = columnsWithoutPrefix(*rs_, "PDM_", chainColumnWidth);
+    std::vector<screen::GridColumn> shaped = columnsWithoutPrefix(rs_->columns(), "PDM_", chainColumnWidth);
     constexpr std::size_t title = 2;
     for (std::size_t i = 0; i < title; ++i) {
         shaped[i].visible = false;

@@ -1,6 +1,10 @@
 // Layout of the gears' form.
 
+#include <array>
+
 #include "velmora/reference/frm_eng_val.h"
+#include "velmora/reference/value_forms.h"
+#include "velmora/reference/value_sketches.h"
 
 namespace velmora::reference {
 
@@ -10,7 +14,25 @@ namespace lay = screen::layout;
 
 namespace {
 
-constexpr int valueWidth = 10;  ///< in digits
+constexpr int valueWidth = 10;       ///< in digits
+constexpr int gearSketchWidth = 40;  ///< in digits
+constexpr int gearSketchLines = 15;
+constexpr int gearListShare = 20;  ///< of the height that the sketch leaves
+
+constexpr std::array gearMeanings{
+    Meaning{.field = gearModule, .text = "M: módulo"},
+    Meaning{.field = gearTeeth, .text = "Z: número de dientes"},
+    Meaning{.field = gearPitch, .text = "Paso: π x M"},
+    Meaning{.field = gearPitchDiameter, .text = "Dp: diámetro primitivo"},
+    Meaning{.field = gearOutsideDiameter, .text = "De: diámetro exterior"},
+    Meaning{.field = gearInnerDiameter, .text = "Di: diámetro interior, al fondo de los dientes"},
+    Meaning{.field = gearHubDiameter, .text = "Dm: diámetro del cubo"},
+    Meaning{.field = gearBore, .text = "D1: diámetro del agujero"},
+    Meaning{.field = gearTotalWidth, .text = "A: ancho total"},
+    Meaning{.field = gearFaceWidth, .text = "B: ancho del dentado"},
+    Meaning{.field = gearHubWidth, .text = "C: ancho del cubo"},
+    Meaning{.field = gearHeight, .text = "H: altura"},
+};
 
 Layout entered(std::string caption, screen::TextBox& box) {
     return lay::field(std::move(caption), box, valueWidth).number();
@@ -28,6 +50,11 @@ void writeFixedCaptions(GearFields& f) {
     f.cmdGrabar.setCaption("Grabar datos");
     f.cmdSalir.setCaption("&Salir");
     f.dbgRs.setAccessibleName("Engranajes");
+    // The list has its head before the first search.
+    f.dbgRs.setColumns(gearColumns());
+    f.picMedidas.setAccessibleName("Qué mide cada letra");
+    f.picMedidas.setSource([&f] { return gearSketch(f.Text1(gearHubDiameter).visible()); });
+    explain(f.Text1, gearMeanings);
 }
 
 Layout toothing(GearFields& f) {
@@ -55,7 +82,9 @@ Layout piece(GearFields& f) {
 void frmENGVal::arrange() {
     writeFixedCaptions(f_);
     setLayout(lay::column(
-        lay::row(toothing(f_).stretched(3), piece(f_).stretched(2)), lay::plain(f_.dbgRs).stretched(),
+        lay::row(lay::column(toothing(f_), piece(f_)),
+                 lay::plain(f_.picMedidas, gearSketchWidth).tall(gearSketchLines).stretched()),
+        lay::plain(f_.dbgRs).stretched(gearListShare),
         lay::row(lay::plain(f_.cmdNuevo), lay::plain(f_.cmdGrabar), lay::space(), lay::plain(f_.cmdSalir))));
     // Chosen C-162: computed fields are no tab stops: leaving one would empty the list that the teeth have just filled.
     setTabOrder({&f_.cboDobles, &f_.Text1(gearModule), &f_.Text1(gearTeeth), &f_.Text1(gearHeight),

@@ -61,6 +61,7 @@ void frmENGVal::cboDobles_Click() {
         f_.Text1(ofHub).setVisible(hub);
         f_.Label1(ofHub).setVisible(hub);
     }
+    f_.picMedidas.invalidate();
 }
 
 void frmENGVal::Text1_LostFocus(int Index) {

@@ -5,6 +5,7 @@
 #include "velmora/platform/screen/control_array.h"
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/screen/sketch.h"
 
 namespace velmora::reference {
 
@@ -36,6 +37,7 @@ struct GearFields {
     /// Captions hidden together with the fields of the same index.
     screen::ControlArray<screen::Label> Label1{form, "Label1", {{6, 6}, {8, 8}, {10, 10}}};
     screen::DataGrid dbgRs{form, "dbgRs"};
+    screen::Sketch picMedidas{form, "picMedidas"};  ///< what the letters mean
     screen::Button cmdNuevo{form, "cmdNuevo"};
     screen::Button cmdGrabar{form, "cmdGrabar"};
     screen::Button cmdSalir{form, "cmdSalir"};

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "velmora/data/schema.h"
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/session/row_writing.h"
@@ -53,7 +54,23 @@ constexpr const char* select = "select * from eng where ENG_Tipo=";
 constexpr const char* noFamily = "-1";
 constexpr int gearColumnWidth = 760;  ///< twips: all fourteen columns fit into the initial window
 
+constexpr const char* gearPrefix = "ENG_";
+
+// Chosen C-169: the button is in the first column and shows its value.
+std::vector<screen::GridColumn> withButton(std::vector<screen::GridColumn> columns) {
+    columns.front().button = true;
+    return columns;
+}
+
 }  // namespace
+
+std::vector<screen::GridColumn> gearColumns() {
+    std::vector<sql::Column> columns;
+    for (const data::ColumnDefinition& column : data::findTable("ENG")->columns) {
+        columns.push_back({.name = std::string(column.name)});
+    }
+    return withButton(columnsWithoutPrefix(columns, gearPrefix, gearColumnWidth));
+}
 
 void GearRows::msFiltrarEngranajes(int Index) {
     const std::string& text = f_.Text1(Index).text();
@@ -68,10 +85,7 @@ void GearRows::msFiltrarEngranajes(int Index) {
                                                              runtime::Replace(text, ",", ".");
     rs_ = session_.Connection().execute(select + clause);
     f_.dbgRs.bind(rs_);
-    std::vector<screen::GridColumn> columns = columnsWithoutPrefix(rs_, "ENG_", gearColumnWidth);
-    // Chosen C-169: the button is in the first column and shows its value.
-    columns.front().button = true;
-    f_.dbgRs.setColumns(std::move(columns));
+    f_.dbgRs.setColumns(withButton(columnsWithoutPrefix(rs_.columns(), gearPrefix, gearColumnWidth)));
 }
 
 bool GearRows::choose() {

@@ -2,6 +2,7 @@
 // The rows of ENG: searched by one typed value, chosen for a proposal, written.
 
 #include <cstdint>
+#include <vector>
 
 #include "velmora/platform/screen/screen.h"
 #include "velmora/platform/session/session.h"
@@ -13,6 +14,9 @@ namespace velmora::reference {
 
 /// The gear chosen or written last, an ENG_Id; 0 for none. Callers clear it first.
 extern std::int32_t nIdEngranaje;
+
+/// The columns of the list.
+std::vector<screen::GridColumn> gearColumns();
 
 class GearRows {
   public:

@@ -1,6 +1,10 @@
 // Layout of the form of doubles' values.
 
+#include <array>
+
 #include "velmora/reference/frm_pdm_val.h"
+#include "velmora/reference/value_forms.h"
+#include "velmora/reference/value_sketches.h"
 
 namespace velmora::reference {
 
@@ -10,7 +14,27 @@ namespace lay = screen::layout;
 
 namespace {
 
-constexpr int chainValueWidth = 8;  ///< in digits
+constexpr int chainValueWidth = 8;    ///< in digits
+constexpr int chainSketchWidth = 45;  ///< in digits
+constexpr int chainSketchLines = 17;
+constexpr int chainListShare = 20;  ///< of the height that the sketch leaves
+
+constexpr std::array chainMeanings{
+    Meaning{.field = chainTeeth, .text = "Z: número de dientes"},
+    Meaning{.field = chainPitch, .text = "Paso de la cadena"},
+    Meaning{.field = chainRoller, .text = "Diámetro del rodillo"},
+    Meaning{.field = chainInnerWidth, .text = "Ancho interior de la cadena"},
+    Meaning{.field = chainB1, .text = "b1: ancho de cada llanta"},
+    Meaning{.field = chainB2, .text = "B2: ancho de todas las llantas"},
+    Meaning{.field = chainD2, .text = "D2: diámetro del agujero"},
+    Meaning{.field = chainDm, .text = "Dm: diámetro del cubo"},
+    Meaning{.field = chainDp, .text = "Dp: diámetro primitivo"},
+    Meaning{.field = chainDf, .text = "Df: diámetro de fondo"},
+    Meaning{.field = chainDe, .text = "De: diámetro exterior"},
+    Meaning{.field = chainX, .text = "X: hueco entre llantas"},
+    Meaning{.field = chainA, .text = "A: ancho total"},
+    Meaning{.field = chainH1, .text = "H1: altura hasta el cubo entre las llantas"},
+};
 
 Layout chainEntered(std::string caption, screen::TextBox& box) {
     return lay::field(std::move(caption), box, chainValueWidth).number();
@@ -25,6 +49,9 @@ void writeFixedCaptions(ChainFields& f) {
     f.cmdGrabar.setCaption("Grabar datos");
     f.cmdSalir.setCaption("&Salir");
     f.dbgRs.setAccessibleName("Valores de la cadena");
+    f.picMedidas.setAccessibleName("Qué mide cada letra");
+    f.picMedidas.setSource(doubleSketch);
+    explain(f.Text1, chainMeanings);
 }
 
 Layout ofChain(ChainFields& f) {
@@ -54,7 +81,9 @@ Layout ofTeeth(ChainFields& f) {
 void frmPDMVal::arrange() {
     writeFixedCaptions(f_);
     setLayout(lay::column(
-        lay::row(ofChain(f_).stretched(2), ofTeeth(f_).stretched(3)), lay::plain(f_.dbgRs).stretched(),
+        lay::row(lay::column(ofChain(f_), ofTeeth(f_)),
+                 lay::plain(f_.picMedidas, chainSketchWidth).tall(chainSketchLines).stretched()),
+        lay::plain(f_.dbgRs).stretched(chainListShare),
         lay::row(lay::plain(f_.cmdNuevo), lay::plain(f_.cmdGrabar), lay::space(), lay::plain(f_.cmdSalir))));
     f_.Text1(chainDf).setTabStop(false);
     setTabOrder({&f_.cboDobles, &f_.Text1(chainPitch), &f_.Text1(chainInnerWidth), &f_.Text1(chainRoller),

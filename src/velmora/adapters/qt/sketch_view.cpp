@@ -10,11 +10,12 @@ namespace velmora::qt {
 
 class SketchView::Canvas : public QWidget {
   public:
-    Canvas(const SketchView& view, QWidget* parent) : QWidget(parent), view_(view) {
+    Canvas(const SketchView& view, const screen::Layout& layout, QWidget* parent)
+        : QWidget(parent), view_(view), digits_(layout.width), lines_(layout.lines) {
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     }
-    QSize sizeHint() const override { return {380, 300}; }
-    QSize minimumSizeHint() const override { return {240, 180}; }
+    QSize sizeHint() const override { return digits_ > 0 ? givenSize() : QSize(380, 300); }
+    QSize minimumSizeHint() const override { return digits_ > 0 ? givenSize() : QSize(240, 180); }
 
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -23,11 +24,17 @@ class SketchView::Canvas : public QWidget {
     }
 
   private:
+    QSize givenSize() const {
+        return {fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits_, fontMetrics().lineSpacing() * lines_};
+    }
+
     const SketchView& view_;
+    int digits_;
+    int lines_;
 };
 
-SketchView::SketchView(ViewHost& host, screen::Sketch& sketch, QWidget* parent)
-    : ControlView(host, sketch), sketch_(sketch), canvas_(new Canvas(*this, parent)) {
+SketchView::SketchView(ViewHost& host, screen::Sketch& sketch, const screen::Layout& layout, QWidget* parent)
+    : ControlView(host, sketch), sketch_(sketch), canvas_(new Canvas(*this, layout, parent)) {
     labelChanged();
 }
 

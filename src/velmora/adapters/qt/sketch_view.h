@@ -10,7 +10,8 @@ namespace velmora::qt {
 
 class SketchView : public ControlView {
   public:
-    SketchView(ViewHost& host, screen::Sketch& sketch, QWidget* parent);
+    /// A width in the layout fixes the least size, in digits and lines of text; without one it suits the main form.
+    SketchView(ViewHost& host, screen::Sketch& sketch, const screen::Layout& layout, QWidget* parent);
 
     QWidget& widget() override { return *canvas_; }
     std::vector<QWidget*> inputs() override { return {}; }

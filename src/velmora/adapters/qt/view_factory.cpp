@@ -42,7 +42,7 @@ std::unique_ptr<ControlView> makeView(ViewHost& host, const screen::Layout& layo
     if (auto* grid = dynamic_cast<screen::DataGrid*>(control)) {
         return std::make_unique<GridView>(host, *grid, layout, parent);
     }
-    return std::make_unique<SketchView>(host, dynamic_cast<screen::Sketch&>(*control), parent);
+    return std::make_unique<SketchView>(host, dynamic_cast<screen::Sketch&>(*control), layout, parent);
 }
 
 }  // namespace velmora::qt

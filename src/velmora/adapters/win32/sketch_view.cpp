@@ -36,8 +36,12 @@ class SketchView::Paper : public NativeWindow {
     const SketchView& view_;
 };
 
-SketchView::SketchView(ViewHost& host, screen::Sketch& sketch)
-    : ControlView(host, sketch), sketch_(sketch), paper_(std::make_unique<Paper>(*this)) {
+SketchView::SketchView(ViewHost& host, screen::Sketch& sketch, const screen::Layout& layout)
+    : ControlView(host, sketch),
+      sketch_(sketch),
+      digits_(layout.width),
+      lines_(layout.lines),
+      paper_(std::make_unique<Paper>(*this)) {
     labelChanged();
 }
 
@@ -48,6 +52,11 @@ std::vector<HWND> SketchView::windows() const {
 }
 
 toolkit::Needs SketchView::needs() const {
+    if (digits_ > 0) {
+        const int width = theme().textWidth(theme().font(), L"0") * digits_;
+        const int height = theme().lineHeight(theme().font()) * lines_;
+        return {.width = {width, width}, .height = {height, height}};
+    }
     return {.width = {theme().scaled(240), theme().scaled(380)}, .height = {theme().scaled(180), theme().scaled(300)}};
 }
 

@@ -8,7 +8,8 @@ namespace velmora::win32 {
 
 class SketchView : public ControlView {
   public:
-    SketchView(ViewHost& host, screen::Sketch& sketch);
+    /// A width in the layout fixes the least size, in digits and lines of text; without one it suits the main form.
+    SketchView(ViewHost& host, screen::Sketch& sketch, const screen::Layout& layout);
     ~SketchView() override;
 
     std::vector<HWND> windows() const override;
@@ -28,6 +29,8 @@ class SketchView : public ControlView {
     void paint(Canvas& canvas, const Box& area) const;
 
     screen::Sketch& sketch_;
+    int digits_;
+    int lines_;
     std::unique_ptr<Paper> paper_;
 };
 

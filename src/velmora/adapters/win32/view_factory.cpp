@@ -38,7 +38,7 @@ std::unique_ptr<ControlView> makeView(ViewHost& host, const screen::Layout& layo
     if (auto* grid = dynamic_cast<screen::DataGrid*>(control)) {
         return std::make_unique<GridView>(host, *grid, layout);
     }
-    return std::make_unique<SketchView>(host, dynamic_cast<screen::Sketch&>(*control));
+    return std::make_unique<SketchView>(host, dynamic_cast<screen::Sketch&>(*control), layout);
 }
 
 }  // namespace velmora::win32
