@@ -75,9 +75,12 @@ TEST_F(FormTest, TheFieldsBearTheirCaptions) {
     std::map<std::string, std::string> captions;
     addCaptions(captions, form->layout());
     const std::map<std::string, std::string> expected{
-        {"txtCriterio(0)", "De Cliente  a      Cliente"},
-        {"txtCriterio(2)", "De Fecha   a        Fecha"},
-        {"txtCriterio(4)", "De Numero   a        Numero"},
+        {"txtCriterio(0)", "De Cliente"},
+        {"txtCriterio(1)", "a Cliente"},
+        {"txtCriterio(2)", "De Fecha"},
+        {"txtCriterio(3)", "a Fecha"},
+        {"txtCriterio(4)", "De Numero"},
+        {"txtCriterio(5)", "a Numero"},
         {"cboTipoPre", "Tipo de Propuesta"},
         {"cboFiltroHistorico", "  Filtrar Historico por:"},
         {"Text1(0)", "Paso"},

@@ -22,6 +22,16 @@ constexpr int measureWidth = 7;
 constexpr int amountWidth = 8;
 constexpr int formulaWidth = 8;
 constexpr int dateWidth = 9;
+constexpr int typeWidth = 26;
+constexpr int chainWidth = 10;
+constexpr int filterWidth = 18;
+
+/// Shares of the height that a larger window leaves: the lines of toothing and bore stay about equally far apart.
+constexpr int toothingShare = 2;
+constexpr int boreShare = 1;
+/// Shares of the width.
+constexpr int notesShare = 2;
+constexpr int historyShare = 7;
 
 Layout entered(std::string caption, TextBox& box, int width = measureWidth) {
     return lay::field(std::move(caption), box, width).number();
@@ -93,7 +103,8 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
     f.cboHerramienta.setStyle(estimate::ComboBox::Style::editable);
     f.txtObservaciones.setMultiLine(true);
 
-    c.fraPropuesta.setCaption("Propuesta y cliente");
+    // Without a title: its fields are the first line of the form.
+    c.fraPropuesta.setAccessibleName("Propuesta y cliente");
     c.fraDentado.setCaption("Dentado y medidas");
     c.fraEje.setCaption("Eje");
     c.fraImportes.setCaption("Importes (€)");
@@ -138,6 +149,12 @@ Layout identity(estimate::FieldMap& f, FormControls& c) {
                                lay::field("Ref. Cliente", f.txtPesu(2)).stretched(1)));
 }
 
+Layout notes(estimate::FieldMap& f, FormControls& c) {
+    return lay::group(c.fraNotas,
+                      lay::column(lay::field("Observaciones", f.txtObservaciones).tall(3).above().stretched(),
+                                  lay::field("Texto libre", f.txtExtra), lay::field("Prov.Consultado", f.txtCPro)));
+}
+
 Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
     Layout plain =
         lay::grid(3,                                                                               //
@@ -148,23 +165,31 @@ Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
                   entered(f.Label1(11), f.Text1(2)), calculated("H - Altura", f.Text1(6)), lay::gap(),  //
                   entered(f.Label1(4), f.Text1(9)), entered(f.Label1(20), f.Text1(16)),
                   lay::plain(f.lblFormulaDM, formulaWidth),  //
-                  entered(f.Label1(13), f.Text1(10)), entered(f.Label1(17), f.Text1(17)),
-                  lay::plain(f.lblFormulaAncho, formulaWidth),  //
-                  lay::takeTurns(entered(f.Label1(35), f.Text1(14)), entered(f.Label1(10), f.Text1(5))),
-                  lay::takeTurns(entered(f.Label1(37), f.Text1(18)), entered(f.Label1(34), f.Text1(11))), lay::gap());
+                  // The lines of a hub and of a second hub or rim are left out for pieces without.
+                  lay::takeTurns(entered(f.Label1(13), f.Text1(10))).collapsing(),
+                  lay::takeTurns(entered(f.Label1(17), f.Text1(17))).collapsing(),
+                  lay::takeTurns(lay::plain(f.lblFormulaAncho, formulaWidth).with(f.Text1(17))).collapsing(),  //
+                  lay::takeTurns(entered(f.Label1(35), f.Text1(14)), entered(f.Label1(10), f.Text1(5))).collapsing(),
+                  lay::takeTurns(entered(f.Label1(37), f.Text1(18)), entered(f.Label1(34), f.Text1(11))).collapsing(),
+                  lay::gap())
+            .spreadOut();
     Layout rack = lay::grid(2,                                                                //
                             entered("Modulo", f.Text1(19)), calculated("Paso", f.Text1(20)),  //
                             entered("H", f.Text1(22)), calculated("h", f.Text1(21)),          //
                             entered("L", f.Text1(24)), calculated("A", f.Text1(23)),          //
-                            entered("B", f.Text1(25)), lay::gap());
-    Layout bore = lay::column(lay::grid(2, entered("Eje", f.Text1(7)), entered("Chavetero de", f.Text1(12)),  //
-                                        entered("Nº Prisioneros", f.Text1(13)), lay::plain(f.chkAcopla)),
-                              lay::field("Herramienta para el Eje :", f.cboHerramienta, 10));
+                            entered("B", f.Text1(25)), lay::gap())
+                      .spreadOut();
+    Layout bore = lay::grid(1, lay::row(entered("Eje", f.Text1(7)), entered("Chavetero de", f.Text1(12)), lay::space()),
+                            lay::row(entered("Nº Prisioneros", f.Text1(13)), lay::plain(f.chkAcopla), lay::space()),
+                            lay::row(lay::field("Herramienta para el Eje :", f.cboHerramienta, 10), lay::space()))
+                      .spreadOut();
     return lay::column(
-        lay::field("Tipo", f.cboTipoPre),
-        lay::takeTurns(lay::field("Cadena", f.cboDobles), lay::row(lay::plain(f.cmdEng), lay::space())),
-        lay::takeTurns(lay::group(f.fraCre1, std::move(rack)), lay::group(c.fraDentado, std::move(plain))),
-        lay::group(c.fraEje, std::move(bore)), lay::space());
+        lay::row(lay::field("Tipo", f.cboTipoPre, typeWidth),
+                 lay::takeTurns(lay::field("Cadena", f.cboDobles, chainWidth),
+                                lay::row(lay::plain(f.cmdEng), lay::space()))),
+        lay::takeTurns(lay::group(f.fraCre1, std::move(rack)), lay::group(c.fraDentado, std::move(plain)))
+            .stretched(toothingShare),
+        lay::group(c.fraEje, std::move(bore)).stretched(boreShare));
 }
 
 /// The drawing with the value labels of an array at the places with the same indexes.
@@ -214,7 +239,8 @@ struct MaterialFields {
 
 Layout material(MaterialFields m) {
     return lay::group(m.frame, lay::column(lay::row(lay::field("Material", m.list).stretched(), lay::plain(m.prices)),
-                                           std::move(m.sizes)));
+                                           std::move(m.sizes).spreadOut().stretched()))
+        .stretched();
 }
 
 Layout materials(estimate::FieldMap& f, FormControls& c) {
@@ -231,13 +257,14 @@ Layout materials(estimate::FieldMap& f, FormControls& c) {
                             entered("Ancho", f.Text4(51)), amount("Precio Venta", f.txtPesu(56)),     //
                             entered("Grosor", f.Text4(52)), amount("Corte", f.txtPesu(55)),           //
                             entered("Peso Valor", f.Text4(53)), amount("Importe", f.txtPesu(57)));
-    return lay::column(
-        lay::takeTurns(
-            material({f.fraMatCre, f.cboMatCre, c.cmdHPrecios(2), std::move(rack)}),
-            lay::column(material({f.fraMatDisco, f.cboMatDisco, c.cmdHPrecios(0), std::move(disc)}),
-                        material({f.fraCubo, f.cboMatCubo, c.cmdHPrecios(1), std::move(hub)}),
-                        lay::row(lay::plain(f.lblDiscoProceso), lay::space(), lay::plain(f.lblCuboProceso)))),
-        lay::space());
+    // A rack's material and a disc without hub leave the place of the other material empty.
+    Layout ofRack = lay::column(material({f.fraMatCre, f.cboMatCre, c.cmdHPrecios(2), std::move(rack)}), lay::space());
+    Layout ofSprocket =
+        lay::column(material({f.fraMatDisco, f.cboMatDisco, c.cmdHPrecios(0), std::move(disc)}),
+                    lay::takeTurns(lay::row(lay::plain(f.lblDiscoProceso), lay::space(), lay::plain(f.lblCuboProceso)))
+                        .collapsing(),
+                    lay::takeTurns(material({f.fraCubo, f.cboMatCubo, c.cmdHPrecios(1), std::move(hub)})).stretched());
+    return lay::column(lay::takeTurns(std::move(ofRack), std::move(ofSprocket)).stretched());
 }
 
 Layout amounts(estimate::FieldMap& f, FormControls& c) {
@@ -252,16 +279,9 @@ Layout amounts(estimate::FieldMap& f, FormControls& c) {
                     lay::field("Importe Total", f.txtPesu(12)).number().as(Role::total).units("€").above()));
 }
 
-Layout notes(estimate::FieldMap& f, FormControls& c) {
-    return lay::group(c.fraNotas,
-                      lay::column(lay::field("Observaciones", f.txtObservaciones).tall(4).above().stretched(),
-                                  lay::field("Texto libre", f.txtExtra), lay::field("Prov.Consultado", f.txtCPro)));
-}
-
 Layout history(estimate::FieldMap& f, FormControls& c) {
-    return lay::group(
-        c.Frame1, lay::column(lay::row(lay::field("  Filtrar Historico por:", f.cboFiltroHistorico, 18), lay::space()),
-                              lay::plain(c.dbgDPI).stretched()));
+    return lay::group(c.Frame1, lay::plain(c.dbgDPI))
+        .headedBy(lay::field("  Filtrar Historico por:", f.cboFiltroHistorico, filterWidth));
 }
 
 Layout buttons(FormControls& c) {
@@ -313,12 +333,15 @@ void lockIdentity(estimate::FieldMap& f) {
 
 void frmBercialPiñones::arrange() {
     writeFixedCaptions(f_, controls_);
+    Layout weight = lay::row(calculated("Peso Aprox. del Piñon", f_.txtPesu(17), amountWidth),
+                             lay::plain(f_.lblFormulaPeso).stretched(), lay::plain(f_.chkFormulas));
     setLayout(lay::column(
         identity(f_, controls_),
-        lay::row(typeAndToothing(f_, controls_), pictures(f_), materials(f_, controls_), amounts(f_, controls_)),
-        lay::row(calculated("Peso Aprox. del Piñon", f_.txtPesu(17), amountWidth),
-                 lay::plain(f_.lblFormulaPeso).stretched(), lay::plain(f_.chkFormulas)),
-        lay::row(notes(f_, controls_).stretched(1), history(f_, controls_).stretched(3)).stretched(),
+        lay::row(typeAndToothing(f_, controls_), pictures(f_), materials(f_, controls_), amounts(f_, controls_))
+            .stretched(),
+        std::move(weight),
+        lay::row(notes(f_, controls_).stretched(notesShare), history(f_, controls_).stretched(historyShare))
+            .stretched(),
         buttons(controls_)));
     setTabOrder(orderOfWork(f_, controls_));
     tabStops_.followType();

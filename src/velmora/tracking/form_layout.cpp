@@ -17,6 +17,8 @@ constexpr int measureWidth = 7;
 constexpr int amountWidth = 10;
 constexpr int typeWidth = 27;
 
+constexpr int listLines = 16;  ///< of the window as it opens
+
 void writeFixedCaptions(TrackingFields& f) {
     f.fraFiltros.setCaption("Filtros");
     f.chkAcopla.setCaption("Acoplamiento");
@@ -33,28 +35,22 @@ void writeFixedCaptions(TrackingFields& f) {
     f.Label1(10).setAccessibleName("Acerca del programa");
 }
 
-/// The caption of a pair is beside its first field; each of the two has its own accessible name.
-Layout from(std::string pair, std::string_view name, screen::TextBox& box) {
-    box.setAccessibleName(name);
-    return lay::field(std::move(pair), box, dateWidth);
-}
-
-Layout to(std::string_view name, screen::TextBox& box) {
-    box.setAccessibleName(name);
-    return lay::plain(box, dateWidth);
+// Differs D-480: each limit of a pair has its caption before its own box, instead of both captions before the first.
+Layout limit(std::string caption, screen::TextBox& box) {
+    box.setAccessibleName(caption);
+    return lay::field(std::move(caption), box, dateWidth);
 }
 
 Layout filters(TrackingFields& f) {
     return lay::group(f.fraFiltros,
                       lay::grid(3,  //
-                                from("De Cliente  a      Cliente", "De Cliente", f.txtCriterio(customerFrom)).number(),
-                                to("a Cliente", f.txtCriterio(customerTo)).number(),
+                                limit("De Cliente", f.txtCriterio(customerFrom)).number(),
+                                limit("a Cliente", f.txtCriterio(customerTo)).number(),
                                 lay::field("Tipo de Propuesta", f.cboTipoPre, typeWidth),  //
-                                from("De Fecha   a        Fecha", "De Fecha", f.txtCriterio(dateFrom)),
-                                to("a Fecha", f.txtCriterio(dateTo)),
+                                limit("De Fecha", f.txtCriterio(dateFrom)), limit("a Fecha", f.txtCriterio(dateTo)),
                                 lay::field("  Filtrar Historico por:", f.cboFiltroHistorico, typeWidth),  //
-                                from("De Numero   a        Numero", "De Numero", f.txtCriterio(numberFrom)).number(),
-                                to("a Numero", f.txtCriterio(numberTo)).number(),
+                                limit("De Numero", f.txtCriterio(numberFrom)).number(),
+                                limit("a Numero", f.txtCriterio(numberTo)).number(),
                                 lay::row(lay::plain(f.chkAcopla), lay::space(), lay::plain(f.cmdfiltro))));
 }
 
@@ -128,8 +124,8 @@ void passOverWhatIsShown(TrackingFields& f) {
 
 void frmSeguimiento::arrange() {
     writeFixedCaptions(f_);
-    setLayout(lay::column(lay::row(filters(f_), measureSearch(f_), lay::space()), lay::plain(f_.dbgDPI).stretched(),
-                          detail(f_), buttons(f_)));
+    setLayout(lay::column(lay::row(filters(f_), measureSearch(f_), lay::space()),
+                          lay::plain(f_.dbgDPI).tall(listLines).stretched(), detail(f_), buttons(f_)));
     setTabOrder(orderOfWork(f_));
     passOverWhatIsShown(f_);
 }

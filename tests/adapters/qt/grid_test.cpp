@@ -161,6 +161,37 @@ TEST_F(Grid, ACellButtonFirstMovesTheRowThenTellsItsColumn) {
     });
 }
 
+TEST_F(Grid, ADoubleClickDoesWhatTheButtonOfTheRowDoesOnce) {
+    bind(10);
+    std::vector<std::pair<int, std::size_t>> pressed;
+    form.history.onButtonClick = [&](int column) {
+        pressed.emplace_back(column, *form.history.recordset().position());
+    };
+    const auto doubleClickCell = [&](int row, int column) {
+        clickCell(row, column);
+        const QPoint place = table().visualRect(table().model()->index(row, column)).center();
+        QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, place);
+    };
+    play(form, [&] {
+        doubleClickCell(4, 0);
+        EXPECT_THAT(pressed, ElementsAre(std::pair<int, std::size_t>(3, 4)));
+    });
+}
+
+TEST_F(Grid, ACellWithoutAValueIsNoButton) {
+    form.history.setColumns({{.field = 0, .caption = "Id"}, {.field = 1, .caption = "Orden", .button = true}});
+    form.history.bind(sql::Recordset(sql::rowsInMemory({{"ID"}, {"ORDEN"}}, {{1, sql::Value{}}, {2, 24123}})));
+    std::vector<std::size_t> pressed;
+    form.history.onButtonClick = [&](int) { pressed.push_back(*form.history.recordset().position()); };
+    play(form, [&] {
+        clickCell(0, 1);
+        EXPECT_TRUE(pressed.empty());
+        EXPECT_EQ(form.history.recordset().position(), 0u);
+        clickCell(1, 1);
+        EXPECT_THAT(pressed, ElementsAre(1u));
+    });
+}
+
 TEST_F(Grid, APressMeantForARowThatGivesItsPlaceToAnotherDoesNothing) {
     std::vector<std::size_t> pressed;
     form.history.onButtonClick = [&](int) { pressed.push_back(*form.history.recordset().position()); };

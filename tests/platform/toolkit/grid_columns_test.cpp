@@ -40,6 +40,29 @@ TEST(GridColumnsTest, TheWidestColumnOfTextStretches) {
     EXPECT_EQ(widthsOf({{.caption = "c", .width = 3000, .right = true}}).stretching, -1);
 }
 
+TEST(GridColumnsTest, LongTextsGetTheRoomThatIsThereAndTheRestStretches) {
+    const ColumnWidths widths{.pixels = {50, 40, 60}, .wanted = {80, 40, 300}, .stretching = 2};
+    EXPECT_THAT(fitted(widths, 100), ElementsAre(50, 40, 60)) << "less than the nominal widths is scrolled";
+    EXPECT_THAT(fitted(widths, 160), ElementsAre(60, 40, 60));
+    EXPECT_THAT(fitted(widths, 200), ElementsAre(80, 40, 80));
+    EXPECT_THAT(fitted(widths, 600), ElementsAre(80, 40, 480));
+    EXPECT_THAT(fitted({.pixels = {50, 40}, .wanted = {50, 40}}, 600), ElementsAre(50, 40));
+}
+
+TEST(GridColumnsTest, TheTextsOfTheRowsAreWanted) {
+    screen::Form form("frm");
+    screen::DataGrid grid(form, "grid");
+    grid.setColumns({{.field = 0, .caption = "Tipo", .width = 600}, {.field = 1, .caption = "Id", .width = 600}});
+    grid.bind(sql::Recordset(sql::rowsInMemory({{"t"}, {"i"}}, {{"Disco Engranaje", 1}, {"Disco", 2}})));
+    GridRows rows(grid, [](std::exception_ptr) {});
+    rows.restart();
+    rows.take(rows.reach(GridRows::chunk));
+    const ColumnWidths widths = columnWidths(
+        rows, [](const std::string& text) { return 10 * static_cast<int>(text.size()); }, 4);
+    EXPECT_THAT(widths.pixels, ElementsAre(44, 40));
+    EXPECT_THAT(widths.wanted, ElementsAre(154, 40));
+}
+
 TEST(GridColumnsTest, HiddenColumnsCountNowhere) {
     const ColumnWidths widths =
         widthsOf({{.caption = "a", .width = 9000, .visible = false}, {.caption = "b", .width = 900}});

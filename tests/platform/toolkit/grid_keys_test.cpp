@@ -108,8 +108,35 @@ TEST_F(GridKeysTest, OnlyCellsThatShowAButtonArePressed) {
     EXPECT_THAT(pressed, ElementsAre(0));
 }
 
+TEST_F(GridKeysTest, ACellWithoutAValueHasNoButton) {
+    grid.setColumns({{.field = 0, .caption = "Orden", .button = true},
+                     {.field = 1, .caption = "Presupuesto", .mask = "000000", .button = true},
+                     {.field = 1, .caption = "Texto"}});
+    grid.bind(sql::Recordset(sql::rowsInMemory(
+        {{"o"}, {"p"}}, {{24123, 7}, {sql::Value{}, 8}, {0, 9}, {" ", 0}, {"0", sql::Value{}}, {"A-7", 10}})));
+    struct Row {
+        std::size_t row;
+        bool order;
+        bool proposal;
+    };
+    for (const Row& expected : {Row{0, true, true}, Row{1, false, true}, Row{2, false, true}, Row{3, false, false},
+                                Row{4, false, false}, Row{5, true, true}, Row{6, false, false}}) {
+        EXPECT_EQ(hasButton(grid, expected.row, 0), expected.order) << expected.row;
+        EXPECT_EQ(hasButton(grid, expected.row, 1), expected.proposal) << expected.row;
+        EXPECT_FALSE(hasButton(grid, expected.row, 2)) << expected.row;
+    }
+    EXPECT_TRUE(pressRow(grid));
+    grid.moveToRow(1);
+    keyInGrid(grid, strokeTyping(U' '), 0);
+    EXPECT_TRUE(pressRow(grid));
+    grid.moveToRow(3);
+    EXPECT_FALSE(pressRow(grid));
+    EXPECT_THAT(pressed, ElementsAre(0, 1));
+}
+
 TEST_F(GridKeysTest, SpacePressesTheCellAndOtherKeysGoToTheGrid) {
     bind(3);
+    moveRow(grid, RowMove::down);
     keyInGrid(grid, strokeTyping(U' '), 0);
     keyInGrid(grid, strokeTyping(U' '), 1);
     keyInGrid(grid, strokeOf(Key::f8), 0);

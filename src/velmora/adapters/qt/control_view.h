@@ -16,6 +16,8 @@
 
 namespace velmora::qt {
 
+class WindowMemory;
+
 /// What a view needs from its window.
 class ViewHost {
   public:
@@ -28,6 +30,8 @@ class ViewHost {
     virtual bool acceptsInput() const = 0;
     /// Shows an error raised where no box can be opened (while painting), as soon as possible.
     virtual void reportLater(std::exception_ptr error) = 0;
+    /// nullptr when nothing is remembered.
+    virtual WindowMemory* memory() const = 0;
 };
 
 class ControlView : public QObject {

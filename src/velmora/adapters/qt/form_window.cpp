@@ -17,6 +17,7 @@
 #include "velmora/adapters/qt/sketch_view.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/adapters/qt/window_memory.h"
 #include "velmora/platform/toolkit/effective_state.h"
 #include "velmora/platform/toolkit/key_routing.h"
 #include "velmora/platform/toolkit/layout_nature.h"
@@ -27,6 +28,14 @@ namespace {
 
 constexpr QSize workingSize{1280, 800};
 constexpr int titleBarRoom = 32;
+
+QList<QRect> availableScreens() {
+    QList<QRect> rooms;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        rooms.append(screen->availableGeometry());
+    }
+    return rooms;
+}
 
 }  // namespace
 
@@ -92,7 +101,7 @@ QSize FormWindow::openingSize() const {
     const QSize room = QWidget::screen()->availableSize() - QSize(0, titleBarRoom);
     const bool large = toolkit::growsDownward(form_.layout());
     QSize size = content_->layout()->totalSizeHint().expandedTo(content_->layout()->totalMinimumSize());
-    if (large && (size.width() > workingSize.width() * 3 / 4 || size.height() > workingSize.height() * 3 / 4)) {
+    if (large && size.height() > workingSize.height() * 3 / 4) {
         size = size.expandedTo(workingSize);
     }
     return size.boundedTo(room);
@@ -102,15 +111,11 @@ void FormWindow::runModal() {
     if (form_.isUnloaded()) {
         return;
     }
-    resize(openingSize());
+    settlePlace();
     show();
     // The needed size is known only after fonts and margins have been taken from the style, that is, once the window is
     // shown.
-    resize(openingSize());
-    if (parentWidget() != nullptr) {
-        // Centred on its parent, also where no window manager places it.
-        move(parentWidget()->frameGeometry().center() - rect().center());
-    }
+    settlePlace();
     activateWindow();
     QEventLoop loop;
     loop_ = &loop;
@@ -119,7 +124,39 @@ void FormWindow::runModal() {
         loop.exec();
     }
     loop_ = nullptr;
+    keepPlace();
     hide();
+}
+
+void FormWindow::settlePlace() {
+    const auto kept = memory() != nullptr ? memory()->placeOf(toQt(form_.name())) : std::nullopt;
+    if (const auto shown = kept ? whollyShown(kept->area, availableScreens()) : std::nullopt) {
+        resize(shown->size());
+        move(shown->topLeft());
+        setWindowState(kept->maximized ? Qt::WindowMaximized : Qt::WindowNoState);
+        return;
+    }
+    resize(openingSize());
+    if (parentWidget() != nullptr) {
+        // Centred on its parent, also where no window manager places it.
+        QRect place = rect();
+        place.moveCenter(parentWidget()->frameGeometry().center());
+        move(within(place, QWidget::screen()->availableGeometry()).topLeft());
+    }
+}
+
+void FormWindow::keepPlace() {
+    if (memory() == nullptr) {
+        return;
+    }
+    const bool large = isMaximized();
+    const QPoint frame = pos() - geometry().topLeft();
+    const QRect area = large ? normalGeometry().translated(frame) : QRect(pos(), size());
+    memory()->keepPlace(toQt(form_.name()), {.area = area, .maximized = large});
+}
+
+WindowMemory* FormWindow::memory() const {
+    return screen_.memory();
 }
 
 // --- Changes of the model -------------------------------------------------------------------------------------

@@ -57,8 +57,12 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
     bool bringFocus(screen::Control& control) override;
     bool acceptsInput() const override;
     void reportLater(std::exception_ptr error) override;
+    WindowMemory* memory() const override;
 
     void build();
+    /// Sets size and place: those of the last time, or what the form needs, over the window below.
+    void settlePlace();
+    void keepPlace();
     void connectViews();
     /// Scrolls to the control with the focus, and to its caption where both have room.
     void scrollToFocus();

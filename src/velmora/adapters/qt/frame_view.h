@@ -1,17 +1,19 @@
 #pragma once
 // A group box with a title.
 
-#include <QGroupBox>
-
 #include "velmora/adapters/qt/control_view.h"
 
 namespace velmora::qt {
+
+class TitledBox;
 
 class FrameView : public ControlView {
   public:
     FrameView(ViewHost& host, screen::Frame& frame, QWidget* parent);
 
-    QWidget& widget() override { return *box_; }
+    QWidget& widget() override;
+    /// Stands at the right end of the title's line, in its natural size.
+    void setTitlePart(QWidget& part);
     std::vector<QWidget*> inputs() override { return {}; }
     void update(screen::Property property) override;
     void updateAll() override;
@@ -20,7 +22,7 @@ class FrameView : public ControlView {
 
   private:
     screen::Frame& frame_;
-    QGroupBox* box_;
+    TitledBox* box_;
 };
 
 }  // namespace velmora::qt

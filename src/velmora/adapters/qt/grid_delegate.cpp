@@ -25,8 +25,12 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     }
     const QString text = index.data(Qt::DisplayRole).toString();
     const screen::GridColumn& shape = model_.shape(index.column());
-    if (shape.button) {
+    const bool button =
+        model_.rows().hasButton(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
+    if (button) {
         paintButton(*painter, option, text);
+    } else if (shape.button) {
+        // Nothing to open.
     } else {
         const QRect room = option.rect.adjusted(theme::unit, 0, -theme::unit, 0);
         painter->setPen(QColor(theme::text));
@@ -59,9 +63,8 @@ void GridDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& op
     painter.setBrush(QColor(option.state.testFlag(QStyle::State_MouseOver) ? theme::hover : theme::window));
     painter.drawRoundedRect(face, 2, 2);
     painter.setPen(QColor(theme::text));
-    const QString caption = text.isEmpty() ? QStringLiteral("…") : text;
     painter.drawText(face, Qt::AlignCenter,
-                     option.fontMetrics.elidedText(caption, Qt::ElideRight, static_cast<int>(face.width()) - 4));
+                     option.fontMetrics.elidedText(text, Qt::ElideRight, static_cast<int>(face.width()) - 4));
 }
 
 }  // namespace velmora::qt

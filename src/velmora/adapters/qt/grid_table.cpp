@@ -3,9 +3,9 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <algorithm>
-#include <numeric>
 
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/adapters/qt/window_memory.h"
 
 namespace velmora::qt {
 
@@ -27,37 +27,65 @@ GridTable::GridTable(int lines, QWidget* parent) : QTableView(parent), lines_(li
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setFixedHeight(theme::gridRow);
     horizontalHeader()->setMinimumSectionSize(24);
-    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-            [this] { resizedByUser_ = resizedByUser_ || !distributing_; });
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (!distributing_) {
+            resizedByUser(column, width);
+        }
+    });
 }
 
-void GridTable::setWidths(std::vector<int> widths, int stretching) {
+void GridTable::remember(WindowMemory* memory, const QString& name) {
+    memory_ = memory;
+    name_ = name;
+}
+
+QString GridTable::captionOf(int column) const {
+    return model()->headerData(column, Qt::Horizontal).toString();
+}
+
+void GridTable::fix(int column, int width) {
+    widths_.pixels[static_cast<std::size_t>(column)] = width;
+    widths_.wanted[static_cast<std::size_t>(column)] = width;
+    widths_.stretching = widths_.stretching == column ? -1 : widths_.stretching;
+}
+
+void GridTable::resizedByUser(int column, int width) {
+    if (column >= static_cast<int>(widths_.pixels.size())) {
+        return;
+    }
+    fix(column, width);
+    if (memory_ != nullptr) {
+        memory_->keepWidth(name_, captionOf(column), width);
+    }
+}
+
+void GridTable::setWidths(toolkit::ColumnWidths widths) {
     widths_ = std::move(widths);
-    stretching_ = stretching;
-    resizedByUser_ = false;
+    widths_.wanted.resize(widths_.pixels.size());
+    for (int column = 0; memory_ != nullptr && column < static_cast<int>(widths_.pixels.size()); ++column) {
+        if (const auto kept = memory_->widthOf(name_, captionOf(column))) {
+            fix(column, *kept);
+        }
+    }
     distribute();
 }
 
 void GridTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    if (!resizedByUser_) {
-        distribute();
-    }
+    distribute();
 }
 
 void GridTable::distribute() {
     distributing_ = true;
-    const int spare = viewport()->width() - std::accumulate(widths_.begin(), widths_.end(), 0);
-    for (int i = 0; i < static_cast<int>(widths_.size()); ++i) {
-        const int width = widths_[static_cast<std::size_t>(i)];
-        setColumnWidth(i, i == stretching_ ? width + std::max(spare, 0) : width);
+    const std::vector<int> sizes = toolkit::fitted(widths_, viewport()->width());
+    for (int i = 0; i < static_cast<int>(sizes.size()); ++i) {
+        setColumnWidth(i, sizes[static_cast<std::size_t>(i)]);
     }
     distributing_ = false;
 }
 
 QSize GridTable::sizeHint() const {
-    const int columns = std::accumulate(widths_.begin(), widths_.end(), 0);
-    return {std::clamp(columns + 24, 240, 1100), theme::gridRow * (lines_ > 1 ? lines_ + 1 : 9) + 4};
+    return {std::clamp(widths_.total() + 24, 240, 1100), theme::gridRow * (lines_ > 1 ? lines_ + 1 : 9) + 4};
 }
 
 QSize GridTable::minimumSizeHint() const {

@@ -5,14 +5,21 @@
 #include <functional>
 #include <vector>
 
+#include "velmora/platform/toolkit/grid_columns.h"
+
 namespace velmora::qt {
+
+class WindowMemory;
 
 class GridTable : public QTableView {
   public:
     GridTable(int lines, QWidget* parent);
 
-    /// Nominal widths in pixels; the column `stretching` (-1: none) takes the remaining width.
-    void setWidths(std::vector<int> widths, int stretching);
+    /// A width kept in the memory counts instead of a nominal one, and is not changed with the table's.
+    void setWidths(toolkit::ColumnWidths widths);
+    /// Widths that the user sets are kept under this name; the model's headers name the columns. The memory must
+    /// outlive the table; nullptr: none.
+    void remember(WindowMemory* memory, const QString& name);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -22,12 +29,15 @@ class GridTable : public QTableView {
 
   private:
     void distribute();
+    void resizedByUser(int column, int width);
+    void fix(int column, int width);
+    QString captionOf(int column) const;
 
     int lines_;
-    std::vector<int> widths_;
-    int stretching_ = -1;
+    toolkit::ColumnWidths widths_;
     bool distributing_ = false;
-    bool resizedByUser_ = false;
+    WindowMemory* memory_ = nullptr;
+    QString name_;
 };
 
 }  // namespace velmora::qt

@@ -61,6 +61,8 @@ GridView::GridView(ViewHost& host, screen::DataGrid& grid, const screen::Layout&
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { userMoved(current.row()); });
     connect(table_, &QTableView::clicked, this, [this](const QModelIndex& index) { clicked(index); });
+    connect(table_, &QTableView::doubleClicked, this, [this](const QModelIndex& index) { clickedTwice(index); });
+    table_->remember(host.memory(), toQt(grid.form().name() + " " + grid.fullName()));
     connect(model_, &QAbstractItemModel::rowsInserted, this, [this] { showCount(); });
 }
 
@@ -111,7 +113,7 @@ void GridView::reload() {
 void GridView::setWidths() {
     const auto advance = [&](const std::string& text) { return table_->fontMetrics().horizontalAdvance(toQt(text)); };
     toolkit::ColumnWidths widths = toolkit::columnWidths(model_->rows(), advance, 2 * theme::unit + 4);
-    table_->setWidths(std::move(widths.pixels), widths.stretching);
+    table_->setWidths(std::move(widths));
 }
 
 void GridView::bringRow() {
@@ -150,8 +152,25 @@ void GridView::userMoved(int row) {
     bringRow();
 }
 
+bool GridView::hasButton(const QModelIndex& index) const {
+    return model_->rows().hasButton(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
+}
+
+// Chosen C-480: a double click presses the first button that the row has; where it meets a button, its first press has
+// already done what the button does.
+void GridView::clickedTwice(const QModelIndex& index) {
+    if (!host().acceptsInput() || !index.isValid() || hasButton(index)) {
+        return;
+    }
+    host().feed([&] {
+        if (grid_.form().activeControl() == &grid_) {
+            toolkit::pressRow(grid_);
+        }
+    });
+}
+
 void GridView::clicked(const QModelIndex& index) {
-    if (!host().acceptsInput() || !index.isValid()) {
+    if (!host().acceptsInput() || !index.isValid() || !hasButton(index)) {
         return;
     }
     host().feed([&] {

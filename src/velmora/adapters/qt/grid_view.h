@@ -32,6 +32,8 @@ class GridView : public ControlView {
     void bringRow();
     void userMoved(int row);
     void clicked(const QModelIndex& index);
+    void clickedTwice(const QModelIndex& index);
+    bool hasButton(const QModelIndex& index) const;
     std::size_t gridColumn(const QModelIndex& index) const;
     void showCount();
     /// Number of rows per page.

@@ -6,6 +6,7 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
+#include "velmora/adapters/qt/frame_view.h"
 #include "velmora/adapters/qt/label_view.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
@@ -46,12 +47,29 @@ QLabel* makeText(const std::string& text, QWidget& parent) {
     return label;
 }
 
+bool hasParts(const QGridLayout& grid, int row) {
+    for (int column = 0; column < grid.columnCount(); ++column) {
+        const QLayoutItem* item = grid.itemAtPosition(row, column);
+        if (item != nullptr && !item->isEmpty()) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 void Turn::update() const {
     const int page = static_cast<int>(toolkit::shownTurn(*node));
     if (stack->currentIndex() != page) {
         stack->setCurrentIndex(page);
+    }
+    if (node->collapses) {
+        // The last page stands for none of them.
+        stack->parentWidget()->setVisible(page < stack->count() - 1);
+        if (grid != nullptr) {
+            grid->setRowStretch(row, hasParts(*grid, row) ? 1 : 0);
+        }
     }
 }
 
@@ -128,6 +146,10 @@ LayoutBuilder::Piece LayoutBuilder::makeGrid(const LayoutPlan& plan) {
     grid->setVerticalSpacing(pixels(plan.spacing));
     for (const PlanCell& cell : plan.cells) {
         const Piece piece = make(cell.part);
+        if (cell.part.kind == LayoutPlan::Kind::turns && plan.rowStretch[static_cast<std::size_t>(cell.row)] > 0) {
+            turns_.back().grid = grid;
+            turns_.back().row = cell.row;
+        }
         if (piece.widget != nullptr && cell.part.kind == LayoutPlan::Kind::caption) {
             piece.widget->setContentsMargins(cell.indented ? theme::unit : 0, 0, 0, 0);
         }
@@ -181,6 +203,10 @@ LayoutBuilder::Piece LayoutBuilder::makeGroup(const LayoutPlan& plan) {
     enclosing_.push_back(static_cast<const screen::Frame*>(plan.node->control));
     for (const PlanCell& cell : plan.cells) {
         const Piece piece = make(cell.part);
+        if (&cell != &plan.cells.front()) {
+            dynamic_cast<FrameView&>(view).setTitlePart(*pageOf(piece));
+            continue;
+        }
         QLayout* inner = piece.layout;
         if (inner == nullptr && piece.widget != nullptr) {
             auto* box = new QVBoxLayout;

@@ -21,6 +21,9 @@ class LabelView;
 struct Turn {
     QStackedLayout* stack;
     const screen::Layout* node;
+    /// The grid whose row it stands in, when the rows share the remaining height; a row without parts gets none of it.
+    QGridLayout* grid = nullptr;
+    int row = 0;
 
     /// Shows the first visible child.
     void update() const;

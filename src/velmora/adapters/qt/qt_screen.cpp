@@ -12,6 +12,7 @@
 #include "velmora/adapters/qt/spanish_texts.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/adapters/qt/window_memory.h"
 #include "velmora/platform/toolkit/error_box.h"
 
 namespace velmora::qt {
@@ -107,7 +108,7 @@ std::optional<std::size_t> QtScreen::search(const screen::SearchWindow& window) 
     ++boxesShown_;
     const PlainPointer pointer(hourglass_);
     const ComesBack below(topWidget());
-    SearchDialog dialog(window, below.window());
+    SearchDialog dialog(window, below.window(), memory_.get());
     const std::optional<std::size_t> row = dialog.choose();
     if (dialog.failure()) {
         std::rethrow_exception(dialog.failure());
@@ -134,6 +135,10 @@ void QtScreen::processEvents() {
 
 std::unique_ptr<screen::Progress> QtScreen::progress(std::string_view title) {
     return std::make_unique<ProgressWindow>(toQt(title), topWidget());
+}
+
+void QtScreen::remember(std::unique_ptr<WindowMemory> memory) {
+    memory_ = std::move(memory);
 }
 
 void QtScreen::actionEnded() {

@@ -15,6 +15,7 @@ class QWidget;
 namespace velmora::qt {
 
 class FormWindow;
+class WindowMemory;
 
 /// Needs a QApplication, to which it applies the theme.
 class QtScreen : public screen::Screen {
@@ -37,6 +38,11 @@ class QtScreen : public screen::Screen {
 
     /// Shows the sheet of all keys of a form.
     void showKeys(const screen::Form& form);
+
+    /// Places of windows and widths of columns are kept here from now on; without it they are forgotten.
+    void remember(std::unique_ptr<WindowMemory> memory);
+    WindowMemory* memory() const { return memory_.get(); }
+
     /// Shows the box of an error that no handler has caught.
     void showError(std::exception_ptr error);
     /// Number of boxes and search windows shown so far; used to detect whether an action has opened one.
@@ -54,6 +60,7 @@ class QtScreen : public screen::Screen {
     bool hourglass_ = false;
     std::function<void()> actionEnded_;
     bool tellingEnd_ = false;
+    std::unique_ptr<WindowMemory> memory_;
 };
 
 }  // namespace velmora::qt

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -14,6 +15,7 @@
 #include "velmora/adapters/qt/search_model.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/adapters/qt/window_memory.h"
 #include "velmora/platform/toolkit/grid_columns.h"
 
 namespace velmora::qt {
@@ -33,12 +35,13 @@ bool movesInList(int key) {
 
 }  // namespace
 
-SearchDialog::SearchDialog(const screen::SearchWindow& window, QWidget* parent)
+SearchDialog::SearchDialog(const screen::SearchWindow& window, QWidget* parent, WindowMemory* memory)
     : QDialog(parent),
       model_(new SearchModel(window, this)),
       box_(new QLineEdit(this)),
       table_(new GridTable(visibleRows, this)),
-      count_(new QLabel(this)) {
+      count_(new QLabel(this)),
+      memory_(memory) {
     setWindowTitle(toQt(window.title));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(theme::group, theme::group, theme::group, theme::group);
@@ -64,7 +67,8 @@ SearchDialog::SearchDialog(const screen::SearchWindow& window, QWidget* parent)
     table_->setModel(model_);
     table_->setFocusPolicy(Qt::NoFocus);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    table_->setWidths({columnWidth(window.firstWidth), columnWidth(window.secondWidth)}, 1);
+    table_->remember(memory_, windowTitle());
+    table_->setWidths({.pixels = {columnWidth(window.firstWidth), columnWidth(window.secondWidth)}, .stretching = 1});
     QPalette rows = table_->palette();
     rows.setColor(QPalette::Highlight, QColor(theme::currentRow));
     rows.setColor(QPalette::HighlightedText, QColor(theme::text));
@@ -79,6 +83,18 @@ SearchDialog::SearchDialog(const screen::SearchWindow& window, QWidget* parent)
     connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
     connect(model_, &QAbstractItemModel::rowsInserted, this, [this] { showCount(); });
     filter({});
+    settlePlace();
+}
+
+void SearchDialog::settlePlace() {
+    const QRect room = QWidget::screen()->availableGeometry();
+    const auto kept = memory_ != nullptr ? memory_->placeOf(windowTitle()) : std::nullopt;
+    if (const auto shown = kept ? whollyShown(kept->area, {room}) : std::nullopt) {
+        resize(shown->size());
+        move(shown->topLeft());
+    } else {
+        resize(within(QRect(QPoint(), sizeHint()), room).size());
+    }
 }
 
 std::exception_ptr SearchDialog::failure() const {
@@ -87,6 +103,9 @@ std::exception_ptr SearchDialog::failure() const {
 
 std::optional<std::size_t> SearchDialog::choose() {
     exec();
+    if (memory_ != nullptr) {
+        memory_->keepPlace(windowTitle(), {.area = QRect(pos(), size())});
+    }
     return chosen_;
 }
 

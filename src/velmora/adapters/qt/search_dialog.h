@@ -14,12 +14,14 @@ namespace velmora::qt {
 
 class GridTable;
 class SearchModel;
+class WindowMemory;
 
 /// Filters while the user types; the arrow keys move in the list while the box keeps the keyboard focus; Enter or a
 /// double click chooses the row; Esc closes the window.
 class SearchDialog : public QDialog {
   public:
-    SearchDialog(const screen::SearchWindow& window, QWidget* parent);
+    /// `memory` keeps size, place and widths; nullptr: none.
+    SearchDialog(const screen::SearchWindow& window, QWidget* parent, WindowMemory* memory);
 
     std::optional<std::size_t> choose();
     /// The error that ended the reading of the rows, if any.
@@ -31,12 +33,14 @@ class SearchDialog : public QDialog {
     void filter(const QString& text);
     void take();
     void showCount();
+    void settlePlace();
 
     SearchModel* model_;
     QLineEdit* box_;
     GridTable* table_;
     QLabel* count_;
     std::optional<std::size_t> chosen_;
+    WindowMemory* memory_;
 };
 
 }  // namespace velmora::qt

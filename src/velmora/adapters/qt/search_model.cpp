@@ -51,9 +51,7 @@ void SearchModel::readOn() {
 
 void SearchModel::setFilter(const QString& filter) {
     beginResetModel();
-    rows_.restart([wanted = filter.trimmed().normalized(QString::NormalizationForm_C)](const std::string& text) {
-        return toQt(text).normalized(QString::NormalizationForm_C).contains(wanted, Qt::CaseInsensitive);
-    });
+    rows_.restart(fromQt(filter));
     endResetModel();
     readOn();
 }

@@ -117,7 +117,8 @@ void Style::drawGroup(const QStyleOptionGroupBox& option, QPainter& painter) con
     painter.setPen(QColor(theme::groupBorder));
     painter.setBrush(QColor(theme::groupGround));
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.drawRoundedRect(crisp(option.rect.adjusted(0, titleHeight - titleRoom / 2, 0, 0), 1), radius, radius);
+    const int top = option.text.isEmpty() ? 0 : titleHeight - titleRoom / 2;
+    painter.drawRoundedRect(crisp(option.rect.adjusted(0, top, 0, 0), 1), radius, radius);
     painter.restore();
 }
 

@@ -137,7 +137,7 @@ SIZE FormWindow::openingSize() {
     SIZE size{needs.width.natural + edges, needs.height.natural + edges};
     const LONG width = theme_->scaled(workingWidth);
     const LONG height = theme_->scaled(workingHeight);
-    if (toolkit::growsDownward(form_.layout()) && (size.cx > width * 3 / 4 || size.cy > height * 3 / 4)) {
+    if (toolkit::growsDownward(form_.layout()) && size.cy > height * 3 / 4) {
         size = {std::max(size.cx, width), std::max(size.cy, height)};
     }
     return {std::min<LONG>(size.cx, room.width), std::min<LONG>(size.cy, room.height - theme_->scaled(titleBarRoom))};

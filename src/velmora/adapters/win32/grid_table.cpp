@@ -1,7 +1,6 @@
 #include "velmora/adapters/win32/grid_table.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include <commctrl.h>
 
@@ -18,9 +17,10 @@ Box boxOf(const RECT& rect) {
 
 }  // namespace
 
-GridTable::GridTable(HWND parent, const Theme& theme, CellText text)
+GridTable::GridTable(HWND parent, const Theme& theme, CellText text, CellButton button)
     : theme_(&theme),
       text_(std::move(text)),
+      button_(std::move(button)),
       list_(createControl(
           WC_LISTVIEWW, {},
           LVS_REPORT | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
@@ -76,9 +76,8 @@ void GridTable::setColumns(std::vector<Column> columns) {
     distributing_ = false;
 }
 
-void GridTable::setWidths(std::vector<int> widths, int stretching) {
+void GridTable::setWidths(toolkit::ColumnWidths widths) {
     widths_ = std::move(widths);
-    stretching_ = stretching;
     resizedByUser_ = false;
     distribute();
 }
@@ -95,9 +94,9 @@ void GridTable::distribute() {
     GetWindowRect(list_, &outer);
     const bool scrolls = rowCount() > rowsPerPage();
     const int bar = scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0;
-    const int spare = outer.right - outer.left - bar - std::accumulate(widths_.begin(), widths_.end(), 0);
-    for (int i = 0; i < static_cast<int>(widths_.size()); ++i) {
-        const int width = widths_[static_cast<std::size_t>(i)] + (i == stretching_ ? std::max(spare, 0) : 0);
+    const std::vector<int> sizes = toolkit::fitted(widths_, static_cast<int>(outer.right - outer.left) - bar);
+    for (int i = 0; i < static_cast<int>(sizes.size()); ++i) {
+        const int width = sizes[static_cast<std::size_t>(i)];
         if (columnWidth(i) != width) {
             SendMessageW(list_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), width);
         }
@@ -215,14 +214,14 @@ void GridTable::drawItem(const DRAWITEMSTRUCT& item) const {
 void GridTable::drawCell(Canvas& canvas, const Box& box, const Cell& cell) const {
     const Column& shape = columns_[static_cast<std::size_t>(cell.column)];
     const std::wstring text = text_(cell.row, cell.column);
-    if (shape.button) {
+    if (button_ && button_(cell.row, cell.column)) {
         const int side = theme_->scaled(3);
         const Box face{.left = box.left + side,
                        .top = box.top + side - 1,
                        .width = std::max(box.width - 2 * side, 1),
                        .height = std::max(box.height - 2 * side + 1, 1)};
         canvas.frame(face, style::border, theme_->scale(), style::window, cellButtonRadius * theme_->scale());
-        canvas.text(face, text.empty() ? L"…" : text, theme_->font(), style::text,
+        canvas.text(face, text, theme_->font(), style::text,
                     DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
         return;
     }

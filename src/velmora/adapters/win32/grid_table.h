@@ -12,6 +12,7 @@
 
 #include "velmora/adapters/win32/canvas.h"
 #include "velmora/adapters/win32/windows_api.h"
+#include "velmora/platform/toolkit/grid_columns.h"
 
 namespace velmora::win32 {
 
@@ -19,8 +20,7 @@ class GridTable {
   public:
     struct Column {
         std::wstring caption;
-        bool right = false;   ///< right-aligned
-        bool button = false;  ///< each cell shows a button
+        bool right = false;  ///< right-aligned
     };
     struct Cell {
         int row = -1;
@@ -29,15 +29,16 @@ class GridTable {
         friend bool operator==(const Cell&, const Cell&) = default;
     };
     using CellText = std::function<std::wstring(int row, int column)>;
+    /// Whether a cell shows a button.
+    using CellButton = std::function<bool(int row, int column)>;
 
-    GridTable(HWND parent, const Theme& theme, CellText text);
+    GridTable(HWND parent, const Theme& theme, CellText text, CellButton button = {});
 
     HWND handle() const { return list_; }
     /// A larger or smaller scale.
     void useTheme(const Theme& theme);
     void setColumns(std::vector<Column> columns);
-    /// Nominal widths in pixels; the column `stretching` (-1: none) takes the remaining width.
-    void setWidths(std::vector<int> widths, int stretching);
+    void setWidths(toolkit::ColumnWidths widths);
     void setRowCount(int rows);
     int rowCount() const;
     /// The current row; -1: none. It is scrolled into view.
@@ -77,11 +78,11 @@ class GridTable {
 
     const Theme* theme_;
     CellText text_;
+    CellButton button_;
     HWND list_;
     std::unique_ptr<Interception> headerMessages_;
     std::vector<Column> columns_;
-    std::vector<int> widths_;
-    int stretching_ = -1;
+    toolkit::ColumnWidths widths_;
     int current_ = -1;
     int marked_ = -1;
     bool distributing_ = false;

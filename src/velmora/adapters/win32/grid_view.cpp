@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include <commctrl.h>
 
@@ -27,9 +28,14 @@ GridView::GridView(ViewHost& host, screen::DataGrid& grid, const screen::Layout&
       grid_(grid),
       lines_(layout.lines),
       rows_(grid, [this](const std::exception_ptr& error) { this->host().reportLater(error); }),
-      table_(host.page(), host.theme(), [this](int row, int column) {
-          return toWide(rows_.text(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
-      }) {
+      table_(
+          host.page(), host.theme(),
+          [this](int row, int column) {
+              return toWide(rows_.text(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
+          },
+          [this](int row, int column) {
+              return rows_.hasButton(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
+          }) {
     watch(table_.handle());
     // Asked for when the list was created, before its messages came here.
     useTheme();
@@ -106,7 +112,7 @@ void GridView::reload() {
     std::vector<GridTable::Column> columns;
     for (std::size_t i = 0; i < rows_.columnCount(); ++i) {
         const screen::GridColumn& shape = rows_.shape(i);
-        columns.push_back({.caption = toWide(shape.caption), .right = shape.right, .button = shape.button});
+        columns.push_back({.caption = toWide(shape.caption), .right = shape.right});
     }
     table_.setColumns(std::move(columns));
     column_ = std::clamp(column_, 0, std::max(static_cast<int>(rows_.columnCount()) - 1, 0));
@@ -127,7 +133,7 @@ void GridView::setWidths() {
         widths.pixels[i] = std::max(widths.pixels[i], theme().scaled(rows_.shape(i).width / toolkit::twipsPerPixel));
     }
     widths_ = widths.pixels;
-    table_.setWidths(std::move(widths.pixels), widths.stretching);
+    table_.setWidths(std::move(widths));
 }
 
 void GridView::grow(std::size_t rows) {
@@ -178,6 +184,9 @@ std::optional<LRESULT> GridView::message(HWND, UINT message, WPARAM word, LPARAM
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
             press(pointOf(value));
+            if (message == WM_LBUTTONDBLCLK) {
+                pressTwice();
+            }
             return 0;
         case WM_RBUTTONDOWN:
         case WM_RBUTTONUP:
@@ -227,11 +236,26 @@ void GridView::press(POINT point) {
     table_.setMarkedColumn(column_);
 }
 
+// Where it meets a button, the first press has already done what the button does.
+void GridView::pressTwice() {
+    const GridTable::Cell cell = std::exchange(pressed_, {});
+    if (cell.row < 0 || !host().acceptsInput() ||
+        rows_.hasButton(static_cast<std::size_t>(cell.row), static_cast<std::size_t>(cell.column))) {
+        return;
+    }
+    host().feed([&] {
+        if (grid_.form().activeControl() == &grid_) {
+            toolkit::pressRow(grid_);
+        }
+    });
+}
+
 void GridView::release(POINT point) {
     const GridTable::Cell cell = table_.cellAt(point);
     const bool same = cell == pressed_ && cell.row >= 0 && cell.row == table_.current();
     pressed_ = {};
-    if (!same || !host().acceptsInput()) {
+    if (!same || !host().acceptsInput() ||
+        !rows_.hasButton(static_cast<std::size_t>(cell.row), static_cast<std::size_t>(cell.column))) {
         return;
     }
     host().feed([&] {

@@ -48,6 +48,7 @@ class GridView : public ControlView {
     /// Reads more rows when the last known one is near.
     void scrolled();
     void press(POINT point);
+    void pressTwice();
     void release(POINT point);
     void hover(POINT point);
     bool stepColumn(int by);

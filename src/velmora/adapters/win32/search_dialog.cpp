@@ -24,29 +24,7 @@ constexpr int searchButton = 84;
 constexpr int searchPadding = 4;
 constexpr wchar_t searchCaption[] = L"&Buscar";
 
-/// Letters with their accents as one character, in upper case.
-std::wstring comparable(std::wstring_view text) {
-    if (text.empty()) {
-        return {};
-    }
-    std::wstring result(text.size() * 3, L'\0');
-    const int units = FoldStringW(MAP_PRECOMPOSED, text.data(), static_cast<int>(text.size()), result.data(),
-                                  static_cast<int>(result.size()));
-    result.resize(static_cast<std::size_t>(std::max(units, 0)));
-    CharUpperBuffW(result.data(), static_cast<DWORD>(result.size()));
-    return result;
-}
-
-std::wstring trimmed(const std::wstring& text) {
-    const std::size_t first = text.find_first_not_of(L" \t");
-    return first == std::wstring::npos ? std::wstring() : text.substr(first, text.find_last_not_of(L" \t") - first + 1);
-}
-
 }  // namespace
-
-bool containsText(std::wstring_view text, std::wstring_view part) {
-    return comparable(text).find(comparable(part)) != std::wstring::npos;
-}
 
 SearchDialog::SearchDialog(const screen::SearchWindow& window, HWND owner) : theme_(dpiOf(owner)), rows_(window) {
     create(toWide(window.title), WS_OVERLAPPEDWINDOW & ~static_cast<DWORD>(WS_MINIMIZEBOX), 0, owner, {});
@@ -77,7 +55,7 @@ void SearchDialog::build(const screen::SearchWindow& window) {
     };
     const int first = width(window.firstWidth);
     const int second = width(window.secondWidth);
-    table_->setWidths({first, second}, 1);
+    table_->setWidths({.pixels = {first, second}, .stretching = 1});
     SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
     const int edge = theme_.scaled(style::group);
     placeOverOwner(
@@ -142,8 +120,7 @@ std::optional<std::size_t> SearchDialog::choose() {
 }
 
 void SearchDialog::search() {
-    const std::wstring part = trimmed(textOf(box_));
-    rows_.restart([part](const std::string& text) { return part.empty() || containsText(toWide(text), part); });
+    rows_.restart(fromWide(textOf(box_)));
     table_->setRowCount(0);
     readOn();
     table_->setCurrent(rows_.count() > 0 ? 0 : -1);

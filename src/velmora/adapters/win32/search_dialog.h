@@ -10,9 +10,6 @@
 
 namespace velmora::win32 {
 
-/// Whether `text` contains `part`; compared without case, with accents.
-bool containsText(std::wstring_view text, std::wstring_view part);
-
 /// Filters while the user types; the arrow keys move in the list while the box keeps the keyboard; Enter or a double
 /// click chooses the row; Esc closes the window.
 class SearchDialog : public NativeWindow {

@@ -11,6 +11,7 @@
 #include "velmora/adapters/qt/letters.h"
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
+#include "velmora/adapters/qt/window_memory.h"
 #include "velmora/apps/backup/copies.h"
 #include "velmora/apps/desktop/chosen_database.h"
 #include "velmora/apps/desktop/daily_copy.h"
@@ -283,6 +284,7 @@ int main(int argc, char** argv) {
     qt::QtScreen screen;
     if (onScreen) {
         qt::setLetterSize(settings::readUserSettings(desktop::userSettingsFile()).letterSize);
+        screen.remember(std::make_unique<qt::WindowMemory>(desktop::windowsFile()));
     }
     try {
         return Run(options, screen).all();

@@ -82,4 +82,9 @@ std::string defaultDatabase() {
     return (folder + QStringLiteral("/velmora/velmora.db")).toStdString();
 }
 
+QString windowsFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/velmora/ventanas.ini");
+}
+
 }  // namespace velmora::desktop

@@ -1,6 +1,7 @@
 #pragma once
 // The desktop's database and the session on it.
 
+#include <QString>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -56,5 +57,8 @@ std::unique_ptr<Workshop> openServer(const sql::Engines& engines, const std::str
 
 /// Path of the database in the user's data folder.
 std::string defaultDatabase();
+
+/// Path of the file in the user's settings folder that remembers windows and columns.
+QString windowsFile();
 
 }  // namespace velmora::desktop

@@ -21,7 +21,7 @@ struct Layout {
         column,     ///< children one below the other
         row,        ///< children side by side
         grid,       ///< children in `columns` columns, row by row; captions and fields line up
-        group,      ///< a frame around its one child, titled by the frame's caption
+        group,      ///< a frame around its first child, titled by the frame's caption; a second one stands in the title
         takeTurns,  ///< children (groups) that share one place: only the first visible one is shown
         field,      ///< a caption (fixed text or a Label) and a control beside it
         space,      ///< takes the remaining space
@@ -42,6 +42,9 @@ struct Layout {
     Role role = Role::entered;
     int stretch = 0;  ///< share of the remaining space
     bool captionAbove = false;
+    bool collapses = false;              ///< of a shared place: takes no room while none of its children is visible
+    const Control* shownWith = nullptr;  ///< of a child of a shared place: it has no turn while this one is hidden
+    bool spread = false;  ///< of a grid: its rows share the remaining height, which else stays below them
 
     // Modifiers, chained: field("Z", box, 6).number().asCalculated()
     Layout&& number() && {
@@ -72,6 +75,23 @@ struct Layout {
     }
     Layout&& above() && {
         captionAbove = true;
+        return std::move(*this);
+    }
+    Layout&& collapsing() && {
+        collapses = true;
+        return std::move(*this);
+    }
+    Layout&& with(const Control& other) && {
+        shownWith = &other;
+        return std::move(*this);
+    }
+    Layout&& spreadOut() && {
+        spread = true;
+        return std::move(*this);
+    }
+    /// For a group: a part at the right end of its title's line.
+    Layout&& headedBy(Layout part) && {
+        children.push_back(std::move(part));
         return std::move(*this);
     }
 };

@@ -42,6 +42,9 @@ Place placeOf(const Layout& node, const Control& control) {
 }  // namespace
 
 bool isVisible(const Layout& node) {
+    if (node.shownWith != nullptr && !node.shownWith->isVisible()) {
+        return false;
+    }
     switch (node.kind) {
         case Layout::Kind::field:
         case Layout::Kind::group:

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
+
 namespace velmora::toolkit {
 
 namespace {
@@ -20,6 +23,12 @@ std::size_t lastRowUpTo(const sql::Recordset& rows, std::size_t from, std::size_
         --to;
     }
     return to;
+}
+
+// Chosen C-481: nothing and zero open nothing.
+bool opensSomething(const sql::Value& value) {
+    const std::string text = value.isNull() ? std::string() : runtime::Trim(value.toText());
+    return !text.empty() && (!runtime::IsNumeric(text) || runtime::CDbl(text) != 0);
 }
 
 void step(DataGrid& grid, const sql::Recordset& rows, bool down, std::size_t count) {
@@ -63,6 +72,27 @@ void moveRow(DataGrid& grid, RowMove move, std::size_t page) {
     }
 }
 
+bool hasButton(const DataGrid& grid, std::size_t row, std::size_t column) {
+    if (!rowsOf(grid) || column >= grid.columns().size()) {
+        return false;
+    }
+    const screen::GridColumn& shape = grid.columns()[column];
+    const sql::Row* values = shape.button && shape.visible ? grid.recordset().peek(row) : nullptr;
+    const auto field = static_cast<std::size_t>(shape.field);
+    return values != nullptr && field < values->size() && opensSomething((*values)[field]);
+}
+
+bool pressRow(DataGrid& grid) {
+    const auto rows = rowsOf(grid);
+    const std::optional<std::size_t> row = rows ? rows->position() : std::nullopt;
+    for (std::size_t column = 0; row && column < grid.columns().size(); ++column) {
+        if (hasButton(grid, *row, column)) {
+            return pressCell(grid, column);
+        }
+    }
+    return false;
+}
+
 bool pressCell(DataGrid& grid, std::size_t column) {
     if (!rowsOf(grid) || column >= grid.columns().size()) {
         return false;
@@ -77,7 +107,10 @@ bool pressCell(DataGrid& grid, std::size_t column) {
 
 void keyInGrid(DataGrid& grid, const KeyStroke& stroke, std::optional<std::size_t> column) {
     if (stroke.character == U' ' && column) {
-        pressCell(grid, *column);
+        const auto rows = rowsOf(grid);
+        if (const auto row = rows ? rows->position() : std::nullopt; row && hasButton(grid, *row, *column)) {
+            pressCell(grid, *column);
+        }
         return;
     }
     screen::KeyDown down{stroke.key, stroke.shift};

@@ -17,13 +17,20 @@ enum class RowMove { up, down, pageUp, pageDown, first, last };
 /// the set's.
 void moveRow(screen::DataGrid& grid, RowMove move, std::size_t page = 1);
 
+/// Whether the cell shows a button: its column has buttons, and the value is neither nothing nor zero, so that there is
+/// something to open. Errors: the set's.
+bool hasButton(const screen::DataGrid& grid, std::size_t row, std::size_t column);
+
+/// Presses the current row's button, as a double click does: the first one that it has. False when it has none.
+bool pressRow(screen::DataGrid& grid);
+
 /// Presses the button in the current row's cell; `column` is an index into the grid's columns. False when the column
 /// shows no buttons or there is no row.
 bool pressCell(screen::DataGrid& grid, std::size_t column);
 
-/// A key that the form has let through: Space presses the button of the user's cell, every other key goes to the grid's
-/// KeyDown. `column` is the column of that cell, an index into the grid's columns; nullopt where the toolkit has no
-/// current cell: Space is then an ordinary key.
+/// A key that the form has let through: Space presses the button that the user's cell shows, every other key goes to
+/// the grid's KeyDown. `column` is the column of that cell, an index into the grid's columns; nullopt where the toolkit
+/// has no current cell: Space is then an ordinary key.
 void keyInGrid(screen::DataGrid& grid, const KeyStroke& stroke, std::optional<std::size_t> column);
 
 }  // namespace velmora::toolkit

@@ -64,7 +64,7 @@ class GridPlanner {
         }
     }
 
-    // Where nothing grows, the remaining space stays at the right and at the bottom.
+    // Where nothing grows, the remaining space stays at the right, and at the bottom unless the rows share it.
     void leaveRoomOver() {
         const auto none = [](const std::vector<int>& stretches) {
             return std::ranges::all_of(stretches, [](int s) { return s == 0; });
@@ -72,7 +72,9 @@ class GridPlanner {
         if (none(grid_.columnStretch)) {
             grid_.columnStretch.back() = 1;
         }
-        if (none(grid_.rowStretch)) {
+        if (none(grid_.rowStretch) && node_.spread) {
+            std::ranges::fill(grid_.rowStretch.begin(), grid_.rowStretch.end() - 1, 1);
+        } else if (none(grid_.rowStretch)) {
             grid_.rowStretch.back() = 1;
         }
     }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/toolkit/grid_keys.h"
 
 namespace velmora::toolkit {
 
@@ -62,6 +63,18 @@ std::string GridRows::text(std::size_t row, std::size_t column) const {
     } catch (...) {
         failed();
         return {};
+    }
+}
+
+bool GridRows::hasButton(std::size_t row, std::size_t column) const {
+    if (failed_) {
+        return false;
+    }
+    try {
+        return toolkit::hasButton(grid_, row, shown_[column]);
+    } catch (...) {
+        failed();
+        return false;
     }
 }
 

@@ -45,6 +45,8 @@ class GridRows {
     /// Converts the index of a visible column to an index into the grid's columns.
     std::size_t gridColumn(std::size_t column) const { return shown_[column]; }
     const screen::GridColumn& shape(std::size_t column) const { return grid_.columns()[shown_[column]]; }
+    /// Whether the cell shows a button; false when it could not be read.
+    bool hasButton(std::size_t row, std::size_t column) const;
     /// The text of a cell; empty when it could not be read.
     std::string text(std::size_t row, std::size_t column) const;
 

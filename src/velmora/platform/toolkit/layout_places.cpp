@@ -11,92 +11,6 @@ namespace {
 
 using Part = LayoutPlan::Kind;
 
-Need larger(Need a, Need b) {
-    return {.least = std::max(a.least, b.least), .natural = std::max(a.natural, b.natural)};
-}
-
-int gapsOf(const std::vector<Track>& tracks, int spacing) {
-    const auto full = std::ranges::count(tracks, false, &Track::empty);
-    return full > 1 ? static_cast<int>(full - 1) * spacing : 0;
-}
-
-Need totalOf(const std::vector<Track>& tracks, int spacing) {
-    Need total{.least = gapsOf(tracks, spacing), .natural = gapsOf(tracks, spacing)};
-    for (const Track& track : tracks) {
-        total.least += track.need.least;
-        total.natural += track.need.natural;
-    }
-    return total;
-}
-
-/// Divides `pool` among the tracks that stretch, none of which gets less than its least.
-void stretchOut(const std::vector<Track>& tracks, int pool, std::vector<int>& sizes) {
-    std::vector<std::size_t> open;
-    for (std::size_t i = 0; i < tracks.size(); ++i) {
-        if (tracks[i].stretch > 0) {
-            open.push_back(i);
-        }
-    }
-    while (!open.empty()) {
-        int shares = 0;
-        for (const std::size_t i : open) {
-            shares += tracks[i].stretch;
-        }
-        const auto tooSmall = std::ranges::find_if(
-            open, [&](std::size_t i) { return pool * tracks[i].stretch / shares < tracks[i].need.least; });
-        if (tooSmall != open.end()) {
-            pool -= sizes[*tooSmall];
-            open.erase(tooSmall);
-            continue;
-        }
-        for (const std::size_t i : open) {
-            sizes[i] = pool * tracks[i].stretch / shares;
-            pool -= sizes[i];
-            shares -= tracks[i].stretch;
-        }
-        return;
-    }
-}
-
-/// Takes `missing` pixels from the tracks: from each the same, but none goes below its least.
-void shrink(const std::vector<Track>& tracks, int missing, std::vector<int>& sizes) {
-    while (missing > 0) {
-        std::vector<std::size_t> open;
-        for (std::size_t i = 0; i < tracks.size(); ++i) {
-            if (sizes[i] > tracks[i].need.least) {
-                open.push_back(i);
-            }
-        }
-        if (open.empty()) {
-            return;
-        }
-        const int share = std::max(missing / static_cast<int>(open.size()), 1);
-        for (const std::size_t i : open) {
-            const int less = std::min({share, sizes[i] - tracks[i].need.least, missing});
-            sizes[i] -= less;
-            missing -= less;
-        }
-    }
-}
-
-/// Adds what a part that spans several tracks needs beyond them: to those that stretch, else to the last.
-void widen(std::vector<Track>& tracks, std::size_t first, std::size_t end, Need need, int spacing) {
-    const std::vector<Track> spanned(tracks.begin() + static_cast<std::ptrdiff_t>(first),
-                                     tracks.begin() + static_cast<std::ptrdiff_t>(end));
-    const Need has = totalOf(spanned, spacing);
-    std::size_t taker = end;
-    for (std::size_t i = first; i < end; ++i) {
-        const bool better = taker == end || tracks[i].stretch > tracks[taker].stretch ||
-                            (tracks[taker].stretch == 0 && !tracks[i].empty);
-        taker = better ? i : taker;
-    }
-    Track& track = tracks[taker];
-    const Need before = track.need;
-    track.need.least += std::max(need.least - has.least, 0);
-    track.need.natural = std::max(track.need.natural + std::max(need.natural - has.natural, 0), track.need.least);
-    track.empty = track.empty && before.natural == track.need.natural;
-}
-
 /// Where a part of this size stands in its cell.
 Area aligned(const Area& cell, Alignment alignment, const Needs& needs, bool fillsWidth, bool fillsHeight) {
     const bool left = alignment == Alignment::leftTop || alignment == Alignment::leftCentre;
@@ -110,27 +24,6 @@ Area aligned(const Area& cell, Alignment alignment, const Needs& needs, bool fil
 }
 
 }  // namespace
-
-std::vector<int> shareOut(const std::vector<Track>& tracks, int length, int spacing) {
-    std::vector<int> sizes;
-    sizes.reserve(tracks.size());
-    int wanted = 0;
-    int least = 0;
-    int stiff = 0;
-    for (const Track& track : tracks) {
-        sizes.push_back(track.stretch > 0 ? track.need.least : track.need.natural);
-        wanted += sizes.back();
-        least += track.need.least;
-        stiff += track.stretch > 0 ? 0 : track.need.natural;
-    }
-    const int room = length - gapsOf(tracks, spacing);
-    if (room >= wanted) {
-        stretchOut(tracks, room - stiff, sizes);
-    } else {
-        shrink(tracks, wanted - std::max(room, least), sizes);
-    }
-    return sizes;
-}
 
 // --- Nodes ----------------------------------------------------------------------------------------------------
 
@@ -285,6 +178,11 @@ class LayoutPlaces::Table : public Node {
                       across());
             }
         }
+        // What is hidden does not stretch; the room left over does.
+        for (const auto& [cell, node] : cells_) {
+            Track& row = rows_[static_cast<std::size_t>(cell.row)];
+            row.stretch = row.empty ? 0 : row.stretch;
+        }
         needs_ = {.width = totalOf(columns_, across()), .height = totalOf(rows_, distances_.pixels(spacing_))};
     }
 
@@ -352,7 +250,8 @@ class LayoutPlaces::Table : public Node {
     std::vector<Track> columns_;
 };
 
-/// Pages that share one place, which is never given back: nothing moves when they take turns.
+/// Pages that share one place: nothing moves when they take turns. It is given back only where the layout says so,
+/// while no page is shown.
 class LayoutPlaces::Turns : public Node {
   public:
     Turns(const screen::Layout& node, const Distances& distances) : node_(node), distances_(distances) {}
@@ -361,7 +260,7 @@ class LayoutPlaces::Turns : public Node {
 
     void measure() override {
         needs_ = {};
-        empty_ = false;
+        empty_ = node_.collapses && shownTurn(node_) == pages_.size();
         for (const auto& [indented, page] : pages_) {
             const int indent = indented ? distances_.pixels(Spacing::parts) : 0;
             page->measure();
@@ -390,18 +289,26 @@ class LayoutPlaces::Turns : public Node {
     std::vector<std::pair<bool, std::unique_ptr<Node>>> pages_;
 };
 
-/// A frame around one node or none.
+/// A frame around one node or none, with another one at the right of its title or none.
 class LayoutPlaces::Group : public Node {
   public:
     Group(const screen::Layout& node, PlacedPart& frame, const Distances& distances)
         : node_(node), frame_(frame), distances_(distances) {}
 
-    void setInner(std::unique_ptr<Node> inner) { inner_ = std::move(inner); }
+    /// The first is what stands in the frame, the second what stands in its title.
+    void add(std::unique_ptr<Node> node) { (inner_ == nullptr ? inner_ : title_) = std::move(node); }
 
     void measure() override {
         empty_ = !frame_.takesRoom();
-        const GroupEdges edges = distances_.edgesOf(node_);
         needs_ = frame_.needs();
+        if (title_ != nullptr) {
+            title_->measure();
+            const auto beside = [](Need need, Need other, int gap) {
+                return Need{.least = need.least + gap + other.least, .natural = need.natural + gap + other.natural};
+            };
+            needs_.width = beside(needs_.width, title_->needs().width, distances_.pixels(Spacing::groups));
+        }
+        const GroupEdges edges = edgesHere();
         if (inner_ != nullptr) {
             inner_->measure();
             const auto around = [](Need inner, int by) {
@@ -414,8 +321,15 @@ class LayoutPlaces::Group : public Node {
     void place(const Area& cell, Alignment alignment, bool shown) override {
         const Area area = aligned(cell, alignment, needs_, true, true);
         const bool open = frame_.place(area, shown);
+        if (title_ != nullptr) {
+            const Needs& needs = title_->needs();
+            const int width = std::min(needs.width.natural, area.width);
+            title_->place(
+                {.left = area.right() - width, .top = area.top, .width = width, .height = needs.height.natural},
+                Alignment::fill, open);
+        }
         if (inner_ != nullptr) {
-            const GroupEdges edges = distances_.edgesOf(node_);
+            const GroupEdges edges = edgesHere();
             inner_->place({.left = area.left + edges.left,
                            .top = area.top + edges.top,
                            .width = std::max(area.width - edges.left - edges.right, 0),
@@ -425,10 +339,20 @@ class LayoutPlaces::Group : public Node {
     }
 
   private:
+    /// Below what stands in the title, which may be higher than the title itself.
+    GroupEdges edgesHere() const {
+        GroupEdges edges = distances_.edgesOf(node_);
+        if (title_ != nullptr) {
+            edges.top = std::max(edges.top, title_->needs().height.natural + distances_.pixels(Spacing::lines));
+        }
+        return edges;
+    }
+
     const screen::Layout& node_;
     PlacedPart& frame_;
     const Distances& distances_;
     std::unique_ptr<Node> inner_;
+    std::unique_ptr<Node> title_;
 };
 
 // --- Construction ---------------------------------------------------------------------------------------------
@@ -478,7 +402,7 @@ class LayoutPlaces::Builder {
     std::unique_ptr<Node> makeGroup(const LayoutPlan& plan) {
         auto group = std::make_unique<Group>(*plan.node, source_.openGroup(*plan.node, plan.shownByTurn), distances_);
         for (const PlanCell& cell : plan.cells) {
-            group->setInner(make(cell.part));
+            group->add(make(cell.part));
         }
         source_.closeGroup();
         return group;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "velmora/platform/toolkit/layout_plan.h"
+#include "velmora/platform/toolkit/layout_tracks.h"
 
 namespace velmora::toolkit {
 
@@ -18,12 +19,6 @@ struct Area {
     constexpr int right() const { return left + width; }
     constexpr int bottom() const { return top + height; }
     friend bool operator==(const Area&, const Area&) = default;
-};
-
-/// Pixels that something takes in one direction.
-struct Need {
-    int least = 0;
-    int natural = 0;  ///< at least `least`
 };
 
 struct Needs {
@@ -99,16 +94,5 @@ class LayoutPlaces {
 
     std::unique_ptr<Node> root_;
 };
-
-/// A row or column of something that is laid out in one direction.
-struct Track {
-    Need need = {};
-    int stretch = 0;    ///< share of the room that is left
-    bool empty = true;  ///< takes no spacing
-};
-
-/// Sizes of tracks in `length` pixels with `spacing` between those that are not empty. What does not stretch has its
-/// natural size first; what stretches shares the rest, each with its least at least. With less room all shrink alike.
-std::vector<int> shareOut(const std::vector<Track>& tracks, int length, int spacing);
 
 }  // namespace velmora::toolkit

@@ -27,8 +27,8 @@ LayoutPlan planTurns(const Layout& node) {
 
 LayoutPlan planGroup(const Layout& node) {
     LayoutPlan group{.kind = Part::group, .node = &node};
-    if (!node.children.empty()) {
-        group.cells.push_back({.part = planOf(node.children.front())});
+    for (const Layout& child : node.children) {
+        group.cells.push_back({.part = planOf(child)});
     }
     return group;
 }

@@ -38,7 +38,7 @@ struct PlanOfCells {
         box,      ///< cells side by side or one below the other
         grid,     ///< cells in rows and columns; parts without a cell of their own span several columns
         turns,    ///< pages in one place: only that of the first visible child of `node` is shown
-        group,    ///< the frame of `node` around one cell or none
+        group,    ///< the frame of `node` around one cell or none; a second cell stands at the right of its title
     };
 
     Kind kind = Kind::nothing;

@@ -1,7 +1,6 @@
 #include "velmora/platform/toolkit/search_rows.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "velmora/platform/runtime/text.h"
 
@@ -17,8 +16,8 @@ SearchRows::SearchRows(const screen::SearchWindow& window) : window_(window) {
     }
 }
 
-void SearchRows::restart(Matches matches) {
-    accepts_ = std::move(matches);
+void SearchRows::restart(std::string_view filter) {
+    wanted_ = SearchWords(filter);
     matches_.clear();
     scanned_ = 0;
     complete_ = failure_ != nullptr;
@@ -32,7 +31,7 @@ std::vector<std::size_t> SearchRows::readOn() {
                 complete_ = true;
                 break;
             }
-            if (!accepts_ || accepts_(shown(scanned_, searched_))) {
+            if (wanted_(shown(scanned_, searched_))) {
                 found.push_back(scanned_);
             }
             ++scanned_;

@@ -3,11 +3,12 @@
 
 #include <cstddef>
 #include <exception>
-#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "velmora/platform/screen/screen.h"
+#include "velmora/platform/toolkit/search_words.h"
 
 namespace velmora::toolkit {
 
@@ -16,14 +17,11 @@ class SearchRows {
     /// Number of matches read at once.
     static constexpr std::size_t chunk = 100;
 
-    /// Whether a text matches the filter box. How letters are compared is the toolkit's business.
-    using Matches = std::function<bool(const std::string&)>;
-
     /// The window must outlive this object. Until a filter is set every row matches.
     explicit SearchRows(const screen::SearchWindow& window);
 
-    /// Forgets the matches found so far.
-    void restart(Matches matches);
+    /// Forgets the matches found so far. `filter` is the text of the filter box.
+    void restart(std::string_view filter);
 
     /// Reads on until the next chunk of matches is complete, and returns them; they take effect with `take`, so that a
     /// table can announce new rows before they exist. An error of the set is kept, and the reading ends.
@@ -44,7 +42,7 @@ class SearchRows {
     std::string shown(std::size_t row, std::size_t column) const;
 
     const screen::SearchWindow& window_;
-    Matches accepts_;
+    SearchWords wanted_{{}};
     std::size_t searched_ = 2;
     std::vector<std::size_t> matches_;
     std::size_t scanned_ = 0;

@@ -10,10 +10,10 @@ namespace velmora::toolkit::window_style {
 
 using Rgb = std::uint32_t;
 
-inline constexpr int unit = 6;          ///< the spacing inside a row
-inline constexpr int rowGap = 4;        ///< between the lines of a group
-inline constexpr int group = 2 * unit;  ///< between groups and at the edges
-inline constexpr int captionGap = 2;    ///< between a field and a caption above it
+inline constexpr int unit = 6;        ///< the spacing inside a row
+inline constexpr int rowGap = 4;      ///< between the lines of a group
+inline constexpr int group = 8;       ///< between groups and at the edges
+inline constexpr int captionGap = 2;  ///< between a field and a caption above it
 inline constexpr int gridRow = 24;
 
 inline constexpr Rgb window = 0xF2F4F6;
