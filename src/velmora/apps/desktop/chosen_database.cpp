@@ -26,7 +26,7 @@ struct Kind {
 constexpr std::array kinds{Kind{.name = "fichero=", .value = &ChosenDatabase::file},
                            Kind{.name = "servidor=", .value = &ChosenDatabase::server}};
 
-std::optional<std::string> contentOf(const fs::path& path) {
+std::optional<std::string> textIn(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         return std::nullopt;
@@ -81,7 +81,7 @@ fs::path choiceFile() {
 }
 
 std::optional<ChosenDatabase> rememberedChoice(const fs::path& file) {
-    const std::optional<std::string> text = contentOf(file);
+    const std::optional<std::string> text = textIn(file);
     const std::string line = text ? firstLine(*text) : std::string();
     for (const Kind& kind : kinds) {
         if (line.starts_with(kind.name) && line.size() > kind.name.size()) {

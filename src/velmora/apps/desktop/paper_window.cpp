@@ -36,7 +36,7 @@ constexpr double greatestZoom = 4;
 constexpr double zoomStep = 1.2;
 constexpr int leastHeight = 480;
 constexpr QSize preferredSize{820, 1100};
-constexpr QRgb desk = 0xFF8A949E;
+constexpr QRgb ground = 0xFF8A949E;
 
 std::optional<std::string> askSystemForPath(QWidget* parent, const std::string& offered) {
     QFileDialog dialog(parent, QStringLiteral("Guardar como PDF"));
@@ -93,7 +93,7 @@ class PaperPages : public QWidget {
   protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
-        painter.fillRect(event->rect(), QColor(desk));
+        painter.fillRect(event->rect(), QColor(ground));
         const QSizeF page = documents::SheetPages::pageSize() * scale_;
         for (int i = 0; i < count(); ++i) {
             const QRectF place(QPointF(pageGap, topOf(i) + pageGap), page);
@@ -131,7 +131,7 @@ void PaperWindow::build() {
     scroll_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     scroll_->setFocusPolicy(Qt::StrongFocus);
     QPalette dark = scroll_->palette();
-    dark.setColor(QPalette::Window, QColor(desk));
+    dark.setColor(QPalette::Window, QColor(ground));
     scroll_->setPalette(dark);
     scroll_->setAccessibleName(QStringLiteral("Páginas"));
     QObject::connect(scroll_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { tellPage(); });
