@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 scripts/install_packages.sh
-scripts/build.sh release velmora velmora-drive velmora-scan velmora-walk
+scripts/build.sh release velmora velmora-drive velmora-scan velmora-walk velmora_guide
 programs=build/release/bin
 
 if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then

@@ -48,6 +48,8 @@ install(FILES
   "${PROJECT_BINARY_DIR}/changelog.gz"
   "${PROJECT_SOURCE_DIR}/THIRD-PARTY.md"
   "${PROJECT_SOURCE_DIR}/docs/driving.md"
+  "${PROJECT_SOURCE_DIR}/docs/datos-csv.md"
+  "${VELMORA_GUIDE}"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT program)
 
 get_property(files GLOBAL PROPERTY VELMORA_DESKTOP_FILES)
@@ -57,4 +59,4 @@ if(VELMORA_SANITIZE)
   set(with_all "")
 endif()
 add_custom_target(velmora_desktop_files ${with_all} DEPENDS ${files})
-add_dependencies(velmora_desktop_files velmora_icons)
+add_dependencies(velmora_desktop_files velmora_icons velmora_guide)

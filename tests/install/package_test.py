@@ -120,7 +120,7 @@ class Installation(unittest.TestCase):
         self.assertFalse([path for path in installed_files() if path.suffix in (".a", ".h", ".cmake")])
 
     def test_licences_and_changes_are_there(self):
-        for name in ("copyright", "changelog.gz", "THIRD-PARTY.md", "driving.md"):
+        for name in ("copyright", "changelog.gz", "THIRD-PARTY.md", "driving.md", "guia.pdf"):
             self.assertGreater((USR / "share/doc/velmora" / name).stat().st_size, 100, name)
         copyright_text = (USR / "share/doc/velmora/copyright").read_text(encoding="utf-8")
         for line in (SOURCES / "LICENSE").read_text(encoding="utf-8").splitlines()[4:]:

@@ -31,7 +31,7 @@ def play(width, height, percent):
 def mistaken_walk():
     """A walk that leaves a window open is refused."""
     steps = FOLDER / "open.txt"
-    steps.write_text("keys {^N}\npicture open\n", encoding="utf-8")
+    steps.write_text("keys {!D}{^N}\npicture open\n", encoding="utf-8")
     done = subprocess.run([PROGRAM, "1280x720", "100", str(steps), str(FOLDER / "open")], check=False,
                           capture_output=True, text=True)
     assert done.returncode == 1 and "still open" in done.stderr, done

@@ -1,7 +1,10 @@
 #include "velmora/apps/desktop/start_menu.h"
 
+#include <QCoreApplication>
+
 #include "velmora/adapters/qt/keys_form.h"
 #include "velmora/apps/desktop/about_form.h"
+#include "velmora/apps/desktop/guide.h"
 #include "velmora/apps/desktop/settings_tools.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/table_forms.h"
@@ -42,18 +45,23 @@ Menu settingsMenu() {
 }
 
 Menu helpMenu() {
-    return {"Ay&uda",
-            {{.key = "teclas",
-              .caption = "&Teclas (Mayús+F1)…",
-              .perform =
-                  [](StartForm& start) {
-                      qt::KeysForm keys(start);
-                      start.desk().screen.showModal(keys);
-                  }},
-             {.key = "acerca", .caption = "&Acerca de VELMORA…", .perform = [](StartForm& start) {
-                  AboutForm about(aboutText(start.session().Connection(), start.place()));
-                  start.desk().screen.showModal(about);
-              }}}};
+    return {
+        "Ay&uda",
+        {{.key = "guia",
+          .caption = "&Guía de VELMORA",
+          .perform =
+              [](StartForm& start) { openGuide(start.desk(), QCoreApplication::applicationDirPath().toStdString()); }},
+         {.key = "teclas",
+          .caption = "&Teclas (Mayús+F1)…",
+          .perform =
+              [](StartForm& start) {
+                  qt::KeysForm keys(start);
+                  start.desk().screen.showModal(keys);
+              }},
+         {.key = "acerca", .caption = "&Acerca de VELMORA…", .perform = [](StartForm& start) {
+              AboutForm about(aboutText(start.session().Connection(), start.place()));
+              start.desk().screen.showModal(about);
+          }}}};
 }
 
 bool isOffered(const MenuEntry& entry, const StartForm& start) {

@@ -11,12 +11,15 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
 #include "velmora/apps/backup/copies.h"
+#include "velmora/apps/desktop/first_start_form.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/start_keys.h"
+#include "velmora/apps/desktop/title_note.h"
 #include "velmora/apps/desktop/workshop.h"
 #include "velmora/apps/engines/known_engines.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
@@ -44,10 +47,16 @@ class WalkClock final : public system::Clock {
 class WalkServices final : public qt::QtServices {
   public:
     int openWithAssociatedProgram(std::string_view path) override {
-        opened = path;
+        if (opened_.empty()) {
+            opened_ = path;
+        }
         return 33;
     }
-    std::string opened;
+    /// The first one since the last call.
+    std::string takeOpened() { return std::exchange(opened_, {}); }
+
+  private:
+    std::string opened_;
 };
 
 struct Size {
@@ -99,13 +108,29 @@ void passErrorsOnly(QtMsgType type, const QMessageLogContext& /*context*/, const
     }
 }
 
+/// The window of the first start. The walk has to take the demonstration.
+void chooseDemonstration(qt::QtScreen& screen, system::Services& services) {
+    const std::string shownFile = "/home/taller/.local/share/velmora/velmora.db";
+    desktop::FirstStartForm form(desktop::reasonOfFirstStart({.file = shownFile}), shownFile, services);
+    screen.showModal(form);
+    if (!form.answer() || form.answer()->make != desktop::NewRows::demonstration) {
+        throw std::runtime_error("the walk does not begin with the demonstration");
+    }
+}
+
 int play(const std::string& stepsFile, const std::string& folder, const QString& workFolder) {
     qt::QtScreen screen;
     const WalkClock clock;
+    WalkServices services;
+    std::filesystem::create_directories(folder);
+    walk::Walker walker(walk::stepsOf(contentOf(stepsFile)), folder, [&services] { return services.takeOpened(); });
+    walker.start();
+    chooseDemonstration(screen, services);
+
     const sql::Engines engines = engines::knownEngines(clock);
     const std::string database = workFolder.toStdString() + "/taller.db";
     const auto workshop = desktop::openWorkshop(engines, database, clock);
-    WalkServices services;
+    const desktop::TitleNote note(QStringLiteral(" — DEMOSTRACIÓN"));
     components::ComponentFactory components;
     stand_ins::registerStandIns(components, screen, services, clock);
     platform::Desk desk{screen, components, services, clock};
@@ -114,9 +139,6 @@ int play(const std::string& stepsFile, const std::string& folder, const QString&
     backup::Copies copies(database, clock);
     copies.makeDaily();
 
-    std::filesystem::create_directories(folder);
-    walk::Walker walker(walk::stepsOf(contentOf(stepsFile)), folder, [&services] { return services.opened; });
-    walker.start();
     desktop::StartForm form(desk, vmora, vmora.MyBd(), &copies);
     const desktop::StartKeys keys(screen, form);
     screen.showModal(form);

@@ -64,7 +64,8 @@ QImage screenPicture(QWidget& topmost) {
         paintWindow(painter, *window, framed(*window), window == &topmost);
     }
     if (QWidget* popup = QApplication::activePopupWidget()) {
-        painter.drawPixmap(popup->pos(), popup->grab());
+        const QPoint moved = framed(topmost).topLeft() + QPoint(0, titleBar) - topmost.geometry().topLeft();
+        painter.drawPixmap(popup->pos() + moved, popup->grab());
     }
     return image;
 }

@@ -6,7 +6,7 @@
 //                              Control and a letter, "{!C}" Alt and a letter, "{Esc}" Esc, "␣" a space
 //   picture NAME               writes the whole screen to NAME.png
 //   window NAME                writes the topmost window to NAME.png
-//   paper NAME                 copies the paper that was opened last to NAME.pdf
+//   paper NAME                 copies the first paper opened since the last such step to NAME.pdf
 
 #include <QString>
 #include <stdexcept>

@@ -16,7 +16,7 @@ namespace velmora::walk {
 /// a window that it opened does. When the steps are at an end, what is still open is closed.
 class Walker : public QObject {
   public:
-    /// `paper` gives the path of the paper that was opened last; empty when there is none.
+    /// `paper` gives the path of the first paper opened since it was last asked; empty when there is none.
     Walker(std::vector<Step> steps, std::string folder, std::function<std::string()> paper);
 
     void start();
