@@ -24,7 +24,7 @@ constexpr bool isAccent(char32_t c) {
     return c >= 0x300 && c <= 0x36F;
 }
 
-constexpr bool isBlank(char32_t c) {
+constexpr bool partsWords(char32_t c) {
     return c == U' ' || c == U'\t' || c == 0xA0;
 }
 
@@ -52,8 +52,8 @@ SearchWords::SearchWords(std::string_view filter) {
     const std::u32string plain = plainLetters(filter);
     auto begin = plain.begin();
     while (begin != plain.end()) {
-        begin = std::find_if_not(begin, plain.end(), isBlank);
-        const auto end = std::find_if(begin, plain.end(), isBlank);
+        begin = std::find_if_not(begin, plain.end(), partsWords);
+        const auto end = std::find_if(begin, plain.end(), partsWords);
         if (begin != end) {
             words_.emplace_back(begin, end);
         }
