@@ -17,34 +17,35 @@ struct Pasted {
 
 TEST(PastedNumberTest, ThePointOrCommaThatIsNoGroupBecomesTheComma) {
     for (const Pasted& row : {Pasted{"38", "38"},
-                           Pasted{"12,7", "12,7"},
-                           Pasted{"12.7", "12,7"},
-                           Pasted{"1.234,5", "1234,5"},
-                           Pasted{"1,234.5", "1234,5"},
-                           Pasted{"1.234.567", "1234567"},
-                           Pasted{"1,234,567", "1234567"},
-                           Pasted{"1.234.567,89", "1234567,89"},
-                           Pasted{"1 234,5", "1234,5"},
-                           Pasted{"12 345", "12345"},
-                           Pasted{"1\u00a0234,5", "1234,5"},
-                           Pasted{"1\u202f234.5", "1234,5"},
-                           Pasted{".5", ",5"},
-                           Pasted{"5.", "5"},
-                           Pasted{"1.234,", "1234"},
-                           Pasted{"-3,5", "-3,5"},
-                           Pasted{"- 3.5", "-3,5"},
-                           Pasted{"\u22123,5", "-3,5"},
-                           Pasted{"0.125", "0,125"},
-                           Pasted{"1234.567", "1234,567"}}) {
+                              Pasted{"12,7", "12,7"},
+                              Pasted{"12.7", "12,7"},
+                              Pasted{"1.234,5", "1234,5"},
+                              Pasted{"1,234.5", "1234,5"},
+                              Pasted{"1.234.567", "1234567"},
+                              Pasted{"1,234,567", "1234567"},
+                              Pasted{"1.234.567,89", "1234567,89"},
+                              Pasted{"1 234,5", "1234,5"},
+                              Pasted{"12 345", "12345"},
+                              Pasted{"1\u00a0234,5", "1234,5"},
+                              Pasted{"1\u202f234.5", "1234,5"},
+                              Pasted{".5", ",5"},
+                              Pasted{"5.", "5"},
+                              Pasted{"1.234,", "1234"},
+                              Pasted{"-3,5", "-3,5"},
+                              Pasted{"- 3.5", "-3,5"},
+                              Pasted{"\u22123,5", "-3,5"},
+                              Pasted{"0.125", "0,125"},
+                              Pasted{"1234.567", "1234,567"}}) {
         EXPECT_EQ(readAs(row.text), row.number) << row.text;
     }
 }
 
 TEST(PastedNumberTest, BlanksUnitsAndLeadingSignsFallAway) {
-    for (const Pasted& row : {Pasted{"1.234,5 mm", "1234,5"}, Pasted{"  38\r\n", "38"}, Pasted{"12.5mm", "12,5"},
-                           Pasted{"Ø 120", "120"}, Pasted{"12,50 €", "12,50"}, Pasted{"€ 12,50", "12,50"}, Pasted{"3 €/kg", "3"},
-                           Pasted{"7,85 kg/dm³", "7,85"}, Pasted{"20 %", "20"}, Pasted{"3/4", "none"}, Pasted{"+5", "5"},
-                           Pasted{"38 dientes", "38"}, Pasted{"45°", "45"}, Pasted{"10 mm.", "10"}, Pasted{"1/2\"", "none"}}) {
+    for (const Pasted& row :
+         {Pasted{"1.234,5 mm", "1234,5"}, Pasted{"  38\r\n", "38"}, Pasted{"12.5mm", "12,5"}, Pasted{"Ø 120", "120"},
+          Pasted{"12,50 €", "12,50"}, Pasted{"€ 12,50", "12,50"}, Pasted{"3 €/kg", "3"}, Pasted{"7,85 kg/dm³", "7,85"},
+          Pasted{"20 %", "20"}, Pasted{"3/4", "none"}, Pasted{"+5", "5"}, Pasted{"38 dientes", "38"},
+          Pasted{"45°", "45"}, Pasted{"10 mm.", "10"}, Pasted{"1/2\"", "none"}}) {
         EXPECT_EQ(readAs(row.text), row.number) << row.text;
     }
 }
