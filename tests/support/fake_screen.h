@@ -45,7 +45,8 @@ class ScriptedScreen : public screen::Screen {
     std::vector<screen::MessageBox> messages;
     std::vector<Search> searches;
     std::vector<screen::Pointer> pointers;
-    int yields = 0;  ///< how often events that wait were let through
+    std::vector<std::string> work;  ///< what was told to be under way, and its ends
+    int yields = 0;                 ///< how often events that wait were let through
 
     std::vector<std::string> messageTexts() const {
         std::vector<std::string> texts;
@@ -87,6 +88,7 @@ class ScriptedScreen : public screen::Screen {
         return take(picks_);
     }
     void setPointer(screen::Pointer pointer) override { pointers.push_back(pointer); }
+    void tellWork(std::string_view text) override { work.emplace_back(text); }
     void processEvents() override { ++yields; }
 
   private:

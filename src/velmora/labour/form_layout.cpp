@@ -14,6 +14,8 @@ namespace {
 constexpr int keyWidth = 7;
 constexpr int numberWidth = 10;
 
+constexpr int lineDecimals = 2;  ///< of minutes and amounts
+
 void writeFixedCaptions(LineFields& f) {
     f.cmdNuevaLinea.setCaption("Nueva Linea");
     f.cmdEditarLinea.setCaption("Editar Linea");
@@ -28,7 +30,7 @@ void writeFixedCaptions(LineFields& f) {
 }
 
 Layout number(std::string caption, screen::TextBox& box, int width = numberWidth) {
-    return lay::field(std::move(caption), box, width).number().above();
+    return lay::field(std::move(caption), box, width).number(lineDecimals).above();
 }
 
 Layout actions(LineFields& f) {
@@ -43,7 +45,7 @@ Layout line(LineFields& f) {
         f.fraLinea,
         lay::column(
             lay::row(
-                number("Maquina", f.txtLinea(machine), keyWidth),
+                lay::field("Maquina", f.txtLinea(machine), keyWidth).number().above(),
                 lay::field("Descripción de la Maquina (F2 Busca Maquinas)", f.txtLinea(machineName))
                     .as(Role::calculated)
                     .above()

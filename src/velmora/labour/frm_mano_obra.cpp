@@ -3,6 +3,7 @@
 #include <string>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/session/deed.h"
 
 namespace velmora::labour {
 
@@ -69,6 +70,9 @@ void frmManoObra::Form_Activate() {
     // updates the current line. Required as it is; it determines what is stored.
     f_.fraAcciones.setEnabled(bModificable);
     f_.fraLinea.setEnabled(bModificable);
+    status().setStateSource([this] {
+        return screen::RecordState{.standing = bModificable ? screen::Standing::none : screen::Standing::readOnly};
+    });
     returnToActions();
 }
 
@@ -100,6 +104,7 @@ void frmManoObra::Form_KeyDown(screen::KeyDown& key) {
 
 void frmManoObra::searchMachine() {
     if (!f_.fraLinea.isEnabled()) {
+        status().tellNote("No hay ninguna línea en edición (Nueva Linea)");
         return;
     }
     const std::int32_t id = machines_.msBuscarMaquina();
@@ -121,7 +126,9 @@ void frmManoObra::newLine() {
 
 void frmManoObra::editLine() {
     f_.fraLinea.setCaption(editing);
-    if (lines_.hasLines()) {
+    if (!lines_.hasLines()) {
+        status().tellNote("La propuesta no tiene líneas de mano de obra");
+    } else {
         f_.fraAcciones.setVisible(false);
         f_.fraLinea.setEnabled(true);
         f_.txtLinea(machine).setFocus();
@@ -139,11 +146,13 @@ void frmManoObra::saveLine() {
     f_.browse();
     f_.fraLinea.setCaption(saved);
     msCargarLineas();
+    status().tellDeed(session::deedNow("Línea grabada", desk_.clock));
     returnToActions();
 }
 
 void frmManoObra::deleteLine() {
     if (!lines_.hasLines()) {
+        status().tellNote("La propuesta no tiene líneas de mano de obra");
         return;
     }
     const sql::Recordset line = lines_.current();
@@ -156,6 +165,7 @@ void frmManoObra::deleteLine() {
         writing_.run({.nIdDpi = nIdDpi, .line = line, .question = "¿Desea eliminarla de todos modos?"},
                      [&] { deleteRow(line); })) {
         msCargarLineas();
+        status().tellDeed(session::deedNow("Línea eliminada", desk_.clock));
     }
 }
 

@@ -33,17 +33,25 @@ constexpr int boreShare = 1;
 constexpr int notesShare = 2;
 constexpr int historyShare = 7;
 
+constexpr int measureDecimals = 2;  ///< of measures and amounts
+
 Layout entered(std::string caption, TextBox& box, int width = measureWidth) {
-    return lay::field(std::move(caption), box, width).number();
+    return lay::field(std::move(caption), box, width).number(measureDecimals);
 }
 Layout entered(estimate::Label& caption, TextBox& box, int width = measureWidth) {
-    return lay::field(caption, box, width).number();
+    return lay::field(caption, box, width).number(measureDecimals);
+}
+Layout whole(std::string caption, TextBox& box, int width = measureWidth) {
+    return lay::field(std::move(caption), box, width).number();
 }
 Layout calculated(std::string caption, TextBox& box, int width = measureWidth) {
-    return lay::field(std::move(caption), box, width).number().as(Role::calculated);
+    return lay::field(std::move(caption), box, width).number(measureDecimals).as(Role::calculated);
 }
 Layout calculated(estimate::Label& caption, TextBox& box, int width = measureWidth) {
-    return lay::field(caption, box, width).number().as(Role::calculated);
+    return lay::field(caption, box, width).number(measureDecimals).as(Role::calculated);
+}
+Layout shownKey(std::string caption, TextBox& box, int width) {
+    return whole(std::move(caption), box, width).as(Role::calculated);
 }
 
 std::optional<double> measure(const TextBox& box) {
@@ -142,8 +150,8 @@ void writeFixedCaptions(estimate::FieldMap& f, FormControls& c) {
 
 Layout identity(estimate::FieldMap& f, FormControls& c) {
     return lay::group(c.fraPropuesta,
-                      lay::row(calculated("Propuesta", f.txtPesu(3), 6), calculated("Creado", f.txtPesu(4), dateWidth),
-                               calculated("Aceptado", f.txtPesu(13), dateWidth), calculated("Orden :", f.txtPesu(6), 6),
+                      lay::row(shownKey("Propuesta", f.txtPesu(3), 6), shownKey("Creado", f.txtPesu(4), dateWidth),
+                               shownKey("Aceptado", f.txtPesu(13), dateWidth), shownKey("Orden :", f.txtPesu(6), 6),
                                lay::field("Codigo Cliente (F2)", f.txtPesu(0), 6).number(),
                                lay::field("Nombre Cliente", f.txtPesu(1)).stretched(2),
                                lay::field("Ref. Cliente", f.txtPesu(2)).stretched(1)));
@@ -159,7 +167,7 @@ Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
     Layout plain =
         lay::grid(3,                                                                               //
                   entered("Paso", f.Text1(0)), calculated("Ø Primitivo", f.Text1(3)), lay::gap(),  //
-                  entered("Z", f.Text1(1)), calculated("Ø Fondo", f.Text1(4)), lay::gap(),         //
+                  whole("Z", f.Text1(1)), calculated("Ø Fondo", f.Text1(4)), lay::gap(),           //
                   lay::takeTurns(entered(f.Label1(16), f.Text1(8)), calculated(f.Label1(16), f.txtModulo)),
                   calculated("Ø Exterior", f.Text1(15)), lay::gap(),                                    //
                   entered(f.Label1(11), f.Text1(2)), calculated("H - Altura", f.Text1(6)), lay::gap(),  //
@@ -179,8 +187,8 @@ Layout typeAndToothing(estimate::FieldMap& f, FormControls& c) {
                             entered("L", f.Text1(24)), calculated("A", f.Text1(23)),          //
                             entered("B", f.Text1(25)), lay::gap())
                       .spreadOut();
-    Layout bore = lay::grid(1, lay::row(entered("Eje", f.Text1(7)), entered("Chavetero de", f.Text1(12)), lay::space()),
-                            lay::row(entered("Nº Prisioneros", f.Text1(13)), lay::plain(f.chkAcopla), lay::space()),
+    Layout bore = lay::grid(1, lay::row(entered("Eje", f.Text1(7)), whole("Chavetero de", f.Text1(12)), lay::space()),
+                            lay::row(whole("Nº Prisioneros", f.Text1(13)), lay::plain(f.chkAcopla), lay::space()),
                             lay::row(lay::field("Herramienta para el Eje :", f.cboHerramienta, 10), lay::space()))
                       .spreadOut();
     return lay::column(
@@ -271,12 +279,13 @@ Layout amounts(estimate::FieldMap& f, FormControls& c) {
     const auto amount = [](std::string caption, TextBox& box) { return entered(std::move(caption), box, amountWidth); };
     return lay::group(
         c.fraImportes,
-        lay::column(lay::grid(1, amount("Importe Material", f.txtPesu(7)), amount("Mano Obra", f.txtPesu(8)),
-                              amount("Subcontratados", f.txtPesu(9)), amount("Varios", f.txtPesu(5)),
-                              amount("Fijo Sierra", f.txtPesu(14)), amount("Total Pieza", f.txtPesu(10)),
-                              entered("Nº de Piezas", f.txtPesu(11), amountWidth)),
-                    lay::space(), lay::row(lay::space(), lay::plain(c.cmdPorque)),
-                    lay::field("Importe Total", f.txtPesu(12)).number().as(Role::total).units("€").above()));
+        lay::column(
+            lay::grid(1, amount("Importe Material", f.txtPesu(7)), amount("Mano Obra", f.txtPesu(8)),
+                      amount("Subcontratados", f.txtPesu(9)), amount("Varios", f.txtPesu(5)),
+                      amount("Fijo Sierra", f.txtPesu(14)), amount("Total Pieza", f.txtPesu(10)),
+                      whole("Nº de Piezas", f.txtPesu(11), amountWidth)),
+            lay::space(), lay::row(lay::space(), lay::plain(c.cmdPorque)),
+            lay::field("Importe Total", f.txtPesu(12)).number(measureDecimals).as(Role::total).units("€").above()));
 }
 
 Layout history(estimate::FieldMap& f, FormControls& c) {

@@ -62,15 +62,18 @@ frmBercialPiñones::frmBercialPiñones(session::Session& session, platform::Desk
       historyGrid_(f_, {history_, loading_}, session, desk),
       sideWindows_(f_, session, desk),
       questions_(f_, {cutPrices_, constants_, weights_, session}, session, desk),
-      draft_(f_, stored_) {
+      draft_(f_, stored_),
+      formStatus_(f_, controls_, draft_, desk.clock, [this] { return bConsulta; }) {
     // Chosen C-010: after construction, before any event is wired, the fields hold the values of an empty proposal.
     msLimpiarCampos();
     arrange();
     wireFields();
     wireLists();
     wireButtons();
+    writeHints(f_, controls_);
     Form_Load();
     draft_.settle();
+    formStatus_.followPrices();
 }
 
 void frmBercialPiñones::Form_Load() {
@@ -134,6 +137,9 @@ bool frmBercialPiñones::msCargarPresupuesto(std::int32_t nIdDpi, bool bEditable
     const bool loaded = loading_.msCargarPresupuesto(nIdDpi, bEditable);
     keepFromWriting();
     emptyForm_.noteStored();
+    if (loaded) {
+        formStatus_.tellDeed("cargada");
+    }
     return loaded;
 }
 
@@ -202,6 +208,7 @@ void frmBercialPiñones::wireFields() {
     geometry_.onToothingEntered = [this] {
         rimDue_ = true;
         history_.msHistorico(false);
+        formStatus_.tellMissingToothing();
     };
 
     f_.Text3.on(&TextBox::onChange, {[this](int i) { geometry_.Text3_Change(i); }});
@@ -213,6 +220,9 @@ void frmBercialPiñones::wireFields() {
 
     f_.txtPesu.on(&TextBox::onChange, {[this](int i) {
         totals_.txtPesu_Change(i);
+        if (i == money::discPrice || i == money::hubPrice || i == money::barPrice) {
+            formStatus_.followPrices();
+        }
         if (i == money::customerName) {
             tabStops_.followCustomerName();
         }
@@ -263,7 +273,7 @@ void frmBercialPiñones::wireButtons() {
     controls_.XPSalir.onClick = [this] { unload(); };
     controls_.cmdCambios.onClick = unlessConsultation([this] { buttons_.cmdCambios_Click(); });
     controls_.cmdManoObra.onClick = unlessConsultation([this] { labour_.cmdManoObra_Click(); });
-    controls_.cmdDuplicar.onClick = unlessConsultation([this] { duplicating_.cmdDuplicar_Click(); });
+    controls_.cmdDuplicar.onClick = unlessConsultation([this] { duplicate(); });
     controls_.cmdeliminarrPropuesta.onClick = unlessConsultation([this] { remove(); });
     f_.cmdEng.onClick = [this] { gearStep_.cmdEng_Click(); };
     controls_.XPButton1.onClick = [this] {
@@ -271,8 +281,12 @@ void frmBercialPiñones::wireButtons() {
         desk_.screen.showModal(values);
     };
     controls_.dbgDPI.onButtonClick = [this](int column) {
+        const std::string before = f_.proposal.number();
         historyGrid_.dbgDPI_ButtonClick(column);
         keepFromWriting();
+        if (f_.proposal.number() != before) {
+            formStatus_.tellDeed("cargada");
+        }
     };
     controls_.cmdDoc.onClick = [this] { sideWindows_.cmdDoc_Click(); };
     controls_.cmdPorque.onClick = [this] { questions_.showWhy(); };
@@ -287,22 +301,32 @@ const std::vector<frmBercialPiñones::FunctionKey>& frmBercialPiñones::keyTable
          [](frmBercialPiñones& form) {
              if (form.f_.txtPesu(money::customerCode).isEnabled()) {
                  form.controls_.cmdManoObra.onClick();
+             } else {
+                 form.formStatus_.tellRefusal("No se puede abrir la mano de obra");
              }
          }},
         {Key::f2, "Buscar cliente",
          [](frmBercialPiñones& form) {
              if (form.f_.txtPesu(money::customerCode).isEnabled()) {
                  form.customers_.msBuscarCliente();
+             } else {
+                 form.formStatus_.tellRefusal("No se puede cambiar el cliente");
              }
          }},
         {Key::f3, "Historial de piezas del mismo tipo",
          [](frmBercialPiñones& form) { form.history_.msHistorico(true); }},
-        {Key::f4, "Ir al historial", [](frmBercialPiñones& form) { form.jumpTo(form.controls_.dbgDPI); }},
+        {Key::f4, "Ir al historial",
+         [](frmBercialPiñones& form) {
+             form.jumpTo(form.controls_.dbgDPI);
+             form.formStatus_.tellEmptyHistory();
+         }},
         {Key::f5, "Grabar", [](frmBercialPiñones& form) { form.save(); }},
         {Key::f6, "Duplicar la propuesta",
          [](frmBercialPiñones& form) {
              if (form.controls_.cmdDuplicar.isEnabled()) {
                  form.controls_.cmdDuplicar.onClick();
+             } else {
+                 form.formStatus_.tellRefusal("No se puede duplicar");
              }
          }},
         {Key::f7, "Ir al Nº de piezas",
@@ -314,8 +338,12 @@ const std::vector<frmBercialPiñones::FunctionKey>& frmBercialPiñones::keyTable
          [](frmBercialPiñones& form) { msHojaCorte(form.f_, form.controls_, form.session_, form.desk_); }},
         {Key::f9, "Eliminar la propuesta",
          [](frmBercialPiñones& form) {
-             if (form.controls_.cmdeliminarrPropuesta.isEnabled() && !form.bConsulta) {
+             if (form.controls_.cmdeliminarrPropuesta.isEnabled() && !form.bConsulta && !form.f_.proposal.isNew()) {
+                 const std::string number = form.f_.proposal.number();
                  form.deleting_.msEliminar();
+                 form.tellDeletionOf(number);
+             } else {
+                 form.formStatus_.tellRefusal("No se puede eliminar");
              }
          }},
         {Key::f12, "Por qué es este el precio", [](frmBercialPiñones& form) { form.questions_.showWhy(); }},
@@ -359,11 +387,32 @@ void frmBercialPiñones::jumpTo(screen::Control& control) {
 }
 
 void frmBercialPiñones::save() {
-    if (!bBloqueoGrabar && controls_.XPGrabar.isEnabled()) {
+    const bool changeable = f_.txtPesu(money::customerCode).enabled() && !f_.proposal.isAccepted();
+    if (!bBloqueoGrabar && controls_.XPGrabar.isEnabled() && changeable) {
         const screen::Hourglass hourglass(desk_.screen);
         if (msGrabar(false)) {
             emptyForm_.noteStored();
+            formStatus_.tellDeed("grabada");
         }
+    } else {
+        formStatus_.tellRefusal("No se puede grabar");
+    }
+}
+
+void frmBercialPiñones::duplicate() {
+    const std::string before = f_.proposal.number();
+    if (f_.proposal.isNew() || !f_.txtPesu(money::customerCode).enabled()) {
+        formStatus_.tellRefusal("No se puede duplicar");
+    }
+    duplicating_.cmdDuplicar_Click();
+    if (!before.empty() && f_.proposal.number() != before) {
+        formStatus_.tellDeed("creada como copia de la " + before);
+    }
+}
+
+void frmBercialPiñones::tellDeletionOf(const std::string& number) {
+    if (!number.empty() && f_.proposal.isNew()) {
+        formStatus_.tellDeedOf(number, "eliminada");
     }
 }
 

@@ -30,6 +30,7 @@
 #include "velmora/proposal/duplicating.h"
 #include "velmora/proposal/empty_form.h"
 #include "velmora/proposal/form_controls.h"
+#include "velmora/proposal/form_status.h"
 #include "velmora/proposal/gear_step.h"
 #include "velmora/proposal/history.h"
 #include "velmora/proposal/history_grid.h"
@@ -89,6 +90,8 @@ class frmBercialPiñones : public screen::Form, public screen::TellsKeys {
     void wireLists();
     void wireButtons();
     void save();
+    void duplicate();
+    void tellDeletionOf(const std::string& number);
     void jumpTo(screen::Control& control);
     void passThroughRim();
     void remove();
@@ -131,6 +134,7 @@ class frmBercialPiñones : public screen::Form, public screen::TellsKeys {
     SideWindows sideWindows_;
     PriceQuestions questions_;
     Draft draft_;
+    FormStatus formStatus_;
 };
 
 }  // namespace velmora::proposal

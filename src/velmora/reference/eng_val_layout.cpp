@@ -14,7 +14,8 @@ namespace lay = screen::layout;
 
 namespace {
 
-constexpr int valueWidth = 10;       ///< in digits
+constexpr int valueWidth = 10;  ///< in digits
+constexpr int gearDecimals = 2;
 constexpr int gearSketchWidth = 40;  ///< in digits
 constexpr int gearSketchLines = 15;
 constexpr int gearListShare = 20;  ///< of the height that the sketch leaves
@@ -35,10 +36,10 @@ constexpr std::array gearMeanings{
 };
 
 Layout entered(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, valueWidth).number();
+    return lay::field(std::move(caption), box, valueWidth).number(gearDecimals);
 }
 Layout computed(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, valueWidth).number().as(Role::calculated);
+    return lay::field(std::move(caption), box, valueWidth).number(gearDecimals).as(Role::calculated);
 }
 
 void writeFixedCaptions(GearFields& f) {
@@ -64,12 +65,15 @@ Layout toothing(GearFields& f) {
                     lay::grid(4,  //
                               entered("M :", f.Text1(gearModule)), computed("Paso :", f.Text1(gearPitch)),
                               computed("De :", f.Text1(gearOutsideDiameter)), entered("H :", f.Text1(gearHeight)),
-                              entered("Z :", f.Text1(gearTeeth)), computed("Dp :", f.Text1(gearPitchDiameter)),
+                              lay::field("Z :", f.Text1(gearTeeth), valueWidth).number(),
+                              computed("Dp :", f.Text1(gearPitchDiameter)),
                               computed("Di :", f.Text1(gearInnerDiameter)), lay::gap())));
 }
 
 Layout piece(GearFields& f) {
-    const auto ofHub = [&](int field) { return lay::field(f.Label1(field), f.Text1(field), valueWidth).number(); };
+    const auto ofHub = [&](int field) {
+        return lay::field(f.Label1(field), f.Text1(field), valueWidth).number(gearDecimals);
+    };
     return lay::group(f.Frame2,
                       lay::grid(2,                                                                           //
                                 ofHub(gearHubDiameter), ofHub(gearTotalWidth),                               //

@@ -6,6 +6,7 @@
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/session/checked_write.h"
+#include "velmora/platform/session/deed.h"
 #include "velmora/platform/session/row_writing.h"
 #include "velmora/platform/sql/in_transaction.h"
 #include "velmora/reference/refusal.h"
@@ -65,6 +66,7 @@ void MaterialSaving::save() {
         list_.goToLast();
     }
     f_.dbgFco.refresh();
+    f_.form.status().tellDeed(session::deedNow("Material " + number + " grabado", clock_));
     screen_.show({.text = "Datos Gabados satisfactoriamente"});
 }
 

@@ -14,7 +14,8 @@ namespace lay = screen::layout;
 
 namespace {
 
-constexpr int chainValueWidth = 8;    ///< in digits
+constexpr int chainValueWidth = 8;  ///< in digits
+constexpr int chainDecimals = 2;
 constexpr int chainSketchWidth = 45;  ///< in digits
 constexpr int chainSketchLines = 17;
 constexpr int chainListShare = 20;  ///< of the height that the sketch leaves
@@ -37,10 +38,10 @@ constexpr std::array chainMeanings{
 };
 
 Layout chainEntered(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, chainValueWidth).number();
+    return lay::field(std::move(caption), box, chainValueWidth).number(chainDecimals);
 }
 Layout chainComputed(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, chainValueWidth).number().as(Role::calculated);
+    return lay::field(std::move(caption), box, chainValueWidth).number(chainDecimals).as(Role::calculated);
 }
 
 void writeFixedCaptions(ChainFields& f) {
@@ -67,7 +68,7 @@ Layout ofChain(ChainFields& f) {
 
 Layout ofTeeth(ChainFields& f) {
     return lay::group(
-        f.Frame2, lay::column(lay::row(chainEntered("Z :", f.Text1(chainTeeth)), lay::space()),
+        f.Frame2, lay::column(lay::row(lay::field("Z :", f.Text1(chainTeeth), chainValueWidth).number(), lay::space()),
                               lay::grid(3,  //
                                         chainEntered("De :", f.Text1(chainDe)), chainEntered("Dm :", f.Text1(chainDm)),
                                         chainEntered("A :", f.Text1(chainA)),  //

@@ -8,6 +8,7 @@
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/screen/busy.h"
+#include "velmora/platform/session/deed.h"
 #include "velmora/tracking/credit_gate.h"
 #include "velmora/tracking/detail.h"
 #include "velmora/tracking/order_description.h"
@@ -188,7 +189,8 @@ bool Acceptance::mayBeMarkedYet(const Standing& standing, const sql::Recordset& 
 /// failed.
 Acceptance::Standing Acceptance::waitForMark(const sql::Recordset& proposal, WorkOrder& order, Standing standing) {
     // Differs D-146: the window repaints meanwhile but takes no input.
-    const screen::Busy busy(desk_.screen, fields_.form);
+    const screen::Disabled disabled(fields_.form);
+    const screen::Waiting waiting(desk_.screen, screen::waitingForOtherUser);
     std::int32_t awaited = standing.unmarked;
     milliseconds waited(0);
     milliseconds pause = firstPause;
@@ -312,6 +314,8 @@ void Acceptance::tell(const runtime::RuntimeError& error) {
 
 void Acceptance::succeed(const sql::Recordset& proposal, const WorkOrder& order) {
     desk_.screen.show({.text = "Presupuesto Aceptado, Orden de trabajo nº " + textOf(order.number) + " generada "});
+    fields_.form.status().tellDeed(session::deedNow(
+        "Propuesta " + joined(proposal["dpi_id"]) + " aceptada, orden " + textOf(order.number), desk_.clock));
     fields_.txtCriterio(numberFrom).setText(joined(proposal["dpi_id"]));
     fields_.cboFiltroHistorico.setListIndex(allStates);
     reload_();

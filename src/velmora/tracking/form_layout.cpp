@@ -17,7 +17,8 @@ constexpr int measureWidth = 7;
 constexpr int amountWidth = 10;
 constexpr int typeWidth = 27;
 
-constexpr int listLines = 16;  ///< of the window as it opens
+constexpr int listLines = 16;       ///< of the window as it opens
+constexpr int trackedDecimals = 2;  ///< of measures and amounts
 
 void writeFixedCaptions(TrackingFields& f) {
     f.fraFiltros.setCaption("Filtros");
@@ -55,14 +56,14 @@ Layout filters(TrackingFields& f) {
 }
 
 Layout measure(std::string caption, screen::TextBox& box, std::string unit = {}) {
-    return lay::field(std::move(caption), box, measureWidth).number().units(std::move(unit));
+    return lay::field(std::move(caption), box, measureWidth).number(trackedDecimals).units(std::move(unit));
 }
 
 Layout measureSearch(TrackingFields& f) {
     return lay::group(f.fraMedidas,
                       lay::column(lay::grid(3,  //
-                                            measure("Z", f.Text1(1)), measure("Paso", f.Text1(0), "mm"),
-                                            measure("A.C.", f.Text1(8), "mm"),  //
+                                            lay::field("Z", f.Text1(1), measureWidth).number(),
+                                            measure("Paso", f.Text1(0), "mm"), measure("A.C.", f.Text1(8), "mm"),  //
                                             measure("Ø Rodillo", f.Text1(2), "mm"), measure("Modulo", f.Text1(3), "mm"),
                                             measure("Eje", f.Text1(7), "mm")),
                                   lay::row(lay::space(), lay::plain(f.XPButton4))));
@@ -73,7 +74,11 @@ Layout text(std::string caption, screen::TextBox& box, int width = 0) {
 }
 
 Layout amount(std::string caption, screen::TextBox& box) {
-    return lay::field(std::move(caption), box, amountWidth).number().units("€").as(Role::calculated).above();
+    return lay::field(std::move(caption), box, amountWidth)
+        .number(trackedDecimals)
+        .units("€")
+        .as(Role::calculated)
+        .above();
 }
 
 Layout detail(TrackingFields& f) {

@@ -1,9 +1,11 @@
 #include "key_player.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <iostream>
 #include <map>
 #include <utility>
@@ -37,6 +39,12 @@ PressedKey single(QChar character) {
     };
     const auto found = signs.find(character);
     return found != signs.end() ? found->second : PressedKey{.text = QString(character)};
+}
+
+/// A button pressed by its letter is shown pressed before it clicks.
+bool isButtonDown(const QWidget& window) {
+    const QList<QAbstractButton*> buttons = window.findChildren<QAbstractButton*>();
+    return std::ranges::any_of(buttons, [](const QAbstractButton* button) { return button->isDown(); });
 }
 
 }  // namespace
@@ -114,6 +122,10 @@ void KeyPlayer::step() {
     }
     if (underWay_ > 0 && QApplication::activeModalWidget() == pressedIn_) {
         // The key before is still at work and lets events through: a person's key would wait.
+        QTimer::singleShot(1, qApp, [this] { step(); });
+        return;
+    }
+    if (widget != nullptr && isButtonDown(*widget->window())) {
         QTimer::singleShot(1, qApp, [this] { step(); });
         return;
     }

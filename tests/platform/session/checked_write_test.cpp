@@ -111,6 +111,7 @@ TEST_F(CheckedWriteTest, ARowInUseIsWaitedForWithNoTransactionOpenWhileTheWindow
     EXPECT_EQ(screen.yields, 2);
     EXPECT_THAT(clock.pauses, ElementsAre(50ms, 50ms));
     EXPECT_THAT(screen.pointers, ElementsAre(screen::Pointer::hourglass, screen::Pointer::normal));
+    EXPECT_THAT(screen.work, ElementsAre("Esperando a otro usuario…", ""));
 }
 
 TEST_F(CheckedWriteTest, TheUserIsAskedOnceHoweverOftenTheRowChanges) {

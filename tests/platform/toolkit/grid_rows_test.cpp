@@ -103,5 +103,56 @@ TEST(CountTextTest, TellsRowAndCountAsFarAsTheyAreKnown) {
     EXPECT_EQ(countText(1310719, {.rows = 1310720, .complete = true}), "Fila 1.310.720 de 1.310.720 filas");
 }
 
+class GridLookTest : public ::testing::Test {
+  protected:
+    GridLookTest() {
+        grid.setColumns({{.field = 0, .caption = "Paso"},
+                         {.field = 1, .caption = "Importe", .mask = "#,##0.00"},
+                         {.field = 2, .caption = "Nombre"},
+                         {.field = 0, .caption = "Abrir", .button = true}});
+    }
+    void bind(std::vector<sql::Row> values) {
+        grid.bind(sql::Recordset(sql::rowsInMemory({{"paso"}, {"importe"}, {"nombre"}}, std::move(values))));
+        rows.restart();
+        rows.take(rows.reach(GridRows::chunk));
+    }
+
+    screen::Form form{"frm"};
+    screen::DataGrid grid{form, "grid"};
+    GridRows rows{grid, [](std::exception_ptr) {}};
+};
+
+TEST_F(GridLookTest, NumbersStandRightWithTheDecimalsOfTheirColumn) {
+    bind({{12.7, 5.0, "Uno"}, {9.525, 1234.5, "2"}, {sql::Value(), 3.0, "Tres"}, {38, 7.0, ""}});
+    EXPECT_TRUE(rows.isRight(0));
+    EXPECT_EQ(rows.painted(0, 0), "12,700");
+    EXPECT_EQ(rows.painted(1, 0), "9,525");
+    EXPECT_EQ(rows.painted(2, 0), "");
+    EXPECT_EQ(rows.painted(3, 0), "38,000");
+    EXPECT_EQ(rows.text(0, 0), "12,7") << "the text stays as told";
+}
+
+TEST_F(GridLookTest, AMaskHasItsOwnDecimals) {
+    bind({{12.7, 1234.5, "Uno"}});
+    EXPECT_TRUE(rows.isRight(1));
+    EXPECT_EQ(rows.painted(0, 1), "1.234,50");
+}
+
+TEST_F(GridLookTest, TextsAndButtonsStayAsTheyAre) {
+    bind({{12.7, 5.0, "38"}, {9.525, 5.0, "12,7"}});
+    EXPECT_FALSE(rows.isRight(2));
+    EXPECT_EQ(rows.painted(0, 2), "38");
+    EXPECT_FALSE(rows.isRight(3));
+    EXPECT_EQ(rows.painted(0, 3), "12,7");
+}
+
+TEST_F(GridLookTest, NewRowsHaveNewLooks) {
+    bind({{12.7, 5.0, "Uno"}});
+    bind({{"texto", 5.0, "Uno"}});
+    EXPECT_FALSE(rows.isRight(0));
+    bind({});
+    EXPECT_FALSE(rows.isRight(0));
+}
+
 }  // namespace
 }  // namespace velmora::toolkit

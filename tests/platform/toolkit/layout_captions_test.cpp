@@ -37,5 +37,12 @@ TEST_F(LayoutCaptionsTest, AFieldIsCalledByItsOwnNameThenByItsCaptionWithItsUnit
     EXPECT_EQ(accessibleNameOf(lay::field("Ancho", box)), "Ancho del disco");
 }
 
+TEST_F(LayoutCaptionsTest, ACheckBoxOrButtonIsCalledByItsText) {
+    CheckBox check(form, "chkAcopla");
+    EXPECT_EQ(accessibleNameOf(lay::plain(check)), "chkAcopla");
+    check.setCaption("&Acoplamiento");
+    EXPECT_EQ(accessibleNameOf(lay::plain(check)), "Acoplamiento");
+}
+
 }  // namespace
 }  // namespace velmora::toolkit

@@ -16,6 +16,7 @@ class CheckBoxView : public ControlView {
     void updateAll() override;
     bool key(const KeyStroke& stroke) override;
     bool actsOnClick() const override { return true; }
+    void setAccessibleName(const QString&) override {}  // the caption is the accessible name
 
   private:
     void clicked();

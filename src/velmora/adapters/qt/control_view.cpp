@@ -1,5 +1,6 @@
 #include "velmora/adapters/qt/control_view.h"
 
+#include "velmora/adapters/qt/style.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/platform/toolkit/effective_state.h"
 
@@ -34,6 +35,9 @@ void ControlView::update(screen::Property property) {
         case screen::Property::toolTip:
             widget().setToolTip(toQt(control_.toolTip()));
             break;
+        case screen::Property::warning:
+            setWarns(focusTarget(), !control_.warning().empty());
+            break;
         case screen::Property::backColor:
         case screen::Property::foreColor:
             updateColors();
@@ -44,7 +48,8 @@ void ControlView::update(screen::Property property) {
 }
 
 void ControlView::updateAll() {
-    for (const auto property : {screen::Property::enabled, screen::Property::visible, screen::Property::toolTip}) {
+    for (const auto property :
+         {screen::Property::enabled, screen::Property::visible, screen::Property::toolTip, screen::Property::warning}) {
         ControlView::update(property);
     }
 }

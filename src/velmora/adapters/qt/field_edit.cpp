@@ -3,16 +3,78 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QToolTip>
+#include <cmath>
+#include <string>
+
+#include "velmora/adapters/qt/text.h"
+#include "velmora/platform/toolkit/painted_number.h"
 
 namespace velmora::qt {
 
 FieldEdit::FieldEdit(int digits, QWidget* parent) : QLineEdit(parent), digits_(digits) {
     setSizePolicy(digits > 0 ? QSizePolicy::Fixed : QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusPolicy(Qt::TabFocus);
+}
+
+void FieldEdit::paintNumber(int decimals) {
+    decimals_ = decimals;
+    update();
+}
+
+QRect FieldEdit::textRoom() const {
+    constexpr int besideText = 2;  // the line edit's own margin
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(besideText, 0, -besideText, 0);
+}
+
+QString FieldEdit::paintedText() const {
+    const std::string present = fromQt(text());
+    if (decimals_ == noNumber || toolkit::decimalsOf(present) < 0) {
+        return text();
+    }
+    const auto advance = [this](const std::string& part) { return fontMetrics().horizontalAdvance(toQt(part)); };
+    const int room = textRoom().width();
+    const std::string padded = toolkit::paintedNumber(present, decimals_);
+    // Zeros that have no room are left out before the number is given up.
+    return toQt(advance(padded) <= room ? padded : toolkit::fittedNumber(present, room, advance));
+}
+
+void FieldEdit::paintEvent(QPaintEvent* event) {
+    const QString painted = hasFocus() ? text() : paintedText();
+    if (painted == text()) {
+        QLineEdit::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
+    painter.setPen(palette().color(QPalette::Text));
+    // The place where the line edit draws its text: the pixels at the end are the caret's.
+    constexpr int ofCaret = 2;
+    const QRect room = textRoom();
+    const int wide = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(painted))) + ofCaret;
+    const int top = room.top() + (room.height() - fontMetrics().height() + 1) / 2;
+    painter.drawText(QPoint(room.right() + 1 - wide, top + fontMetrics().ascent()), painted);
+}
+
+bool FieldEdit::event(QEvent* event) {
+    const bool cut = event->type() == QEvent::ToolTip && paintedText().startsWith(QLatin1Char('#'));
+    if (cut) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+        return true;
+    }
+    return QLineEdit::event(event);
 }
 
 void FieldEdit::insertion(const QString& text) {

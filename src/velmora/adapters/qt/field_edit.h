@@ -10,6 +10,8 @@ namespace velmora::qt {
 
 class FieldEdit : public QLineEdit {
   public:
+    static constexpr int noNumber = -1;
+
     /// `digits` 0: all available width.
     FieldEdit(int digits, QWidget* parent);
 
@@ -18,10 +20,17 @@ class FieldEdit : public QLineEdit {
     /// Undo, cut, copy, paste and the like. The caller shows and deletes it.
     QMenu* makeMenu();
 
+    /// A number is painted with at least so many decimals while the field has no focus; "###" when it has no room.
+    void paintNumber(int decimals);
+    /// What is painted without the focus.
+    QString paintedText() const;
+
     QSize sizeHint() const override { return {widthOf(digits_ > 0 ? digits_ : 24), heightHint()}; }
     QSize minimumSizeHint() const override { return {widthOf(digits_ > 0 ? digits_ : 8), heightHint()}; }
 
   protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -32,7 +41,10 @@ class FieldEdit : public QLineEdit {
     int widthOf(int digits) const { return fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits + 12; }
     int heightHint() const { return fontMetrics().height() + 7; }
 
+    QRect textRoom() const;
+
     int digits_;
+    int decimals_ = noNumber;
     std::function<void(const QString&)> insertion_;
 };
 

@@ -15,6 +15,7 @@
 #include "velmora/adapters/qt/explanations.h"
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/sketch_view.h"
+#include "velmora/adapters/qt/status_bar.h"
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
 #include "velmora/adapters/qt/window_memory.h"
@@ -67,8 +68,12 @@ void FormWindow::build() {
     scroll_->setWidget(content_);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
     whole->addWidget(scroll_);
+    status_ = new StatusBar(this);
+    whole->addWidget(status_);
     connectViews();
+    showStatus();
 }
 
 void FormWindow::connectViews() {
@@ -104,6 +109,7 @@ QSize FormWindow::openingSize() const {
     if (large && size.height() > workingSize.height() * 3 / 4) {
         size = size.expandedTo(workingSize);
     }
+    size.rheight() += status_->sizeHint().height();
     return size.boundedTo(room);
 }
 
@@ -170,6 +176,10 @@ void FormWindow::controlChanged(screen::Control& control, screen::Property prope
             view->update(property);
         }
     }
+    const bool toldByStatus = property == screen::Property::hint || property == screen::Property::warning;
+    if (toldByStatus && &control == form_.activeControl()) {
+        showStatus();
+    }
     if (const auto sketches = sketchesByLabel_.find(&control); sketches != sketchesByLabel_.end()) {
         for (SketchView* sketch : sketches->second) {
             sketch->labelChanged();
@@ -214,6 +224,24 @@ void FormWindow::focusMoved(screen::Control* control) {
         next->focusGained();
         scrollToFocus();
     }
+    showStatus();
+}
+
+// What is under way is painted at once: the program may be waiting without letting events through.
+void FormWindow::statusChanged() {
+    showStatus();
+    if (!form_.status().work().empty()) {
+        status_->repaint();
+    }
+}
+
+// The state is asked of the form, which may read the database: an error is shown like that of any other event.
+void FormWindow::showStatus() {
+    try {
+        status_->show(toolkit::statusTextOf(form_));
+    } catch (...) {
+        reportLater(std::current_exception());
+    }
 }
 
 void FormWindow::scrollToFocus() {
@@ -234,6 +262,7 @@ void FormWindow::feed(const std::function<void()>& action) {
     actions_.run(action);
     --actionsUnderWay_;
     if (actionsUnderWay_ == 0) {
+        showStatus();
         screen_.actionEnded();
     }
 }

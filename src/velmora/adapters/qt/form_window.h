@@ -22,6 +22,7 @@ namespace velmora::qt {
 
 class QtScreen;
 class SketchView;
+class StatusBar;
 
 class FormWindow : public QWidget, private screen::FormObserver, private toolkit::ActionWindow, private ViewHost {
   public:
@@ -49,6 +50,7 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
     void controlChanged(screen::Control& control, screen::Property property) override;
     void formChanged() override;
     void focusMoved(screen::Control* control) override;
+    void statusChanged() override;
 
     void showError(std::exception_ptr error) override;
     void moveKeyboard() override;
@@ -64,6 +66,7 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
     void settlePlace();
     void keepPlace();
     void connectViews();
+    void showStatus();
     /// Scrolls to the control with the focus, and to its caption where both have room.
     void scrollToFocus();
     void frameChanged(const screen::Frame& frame, screen::Property property);
@@ -76,6 +79,7 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
     toolkit::UserActions actions_;
     QWidget* content_ = nullptr;
     QScrollArea* scroll_ = nullptr;
+    StatusBar* status_ = nullptr;
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unordered_map<const screen::Control*, ControlView*> viewByControl_;
     /// Further views of a label that captions several fields, only one of which is shown at a time.

@@ -6,13 +6,25 @@
 #include <QToolTip>
 
 #include "velmora/adapters/qt/grid_model.h"
+#include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
+#include "velmora/platform/toolkit/painted_number.h"
 
 namespace velmora::qt {
 
 namespace {
+
 constexpr int markWidth = 3;
+
+QString fitted(const QString& text, const QFontMetrics& metrics, int room) {
+    if (toolkit::decimalsOf(fromQt(text)) < 0) {
+        return metrics.elidedText(text, Qt::ElideRight, room);
+    }
+    return toQt(toolkit::fittedNumber(fromQt(text), room,
+                                      [&](const std::string& part) { return metrics.horizontalAdvance(toQt(part)); }));
 }
+
+}  // namespace
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const bool current = option.state.testFlag(QStyle::State_Selected);
@@ -23,7 +35,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     if (current && index.column() == 0) {
         painter->fillRect(QRect(option.rect.topLeft(), QSize(markWidth, option.rect.height())), QColor(theme::accent));
     }
-    const QString text = index.data(Qt::DisplayRole).toString();
+    const QString text = model_.painted(index);
     const screen::GridColumn& shape = model_.shape(index.column());
     const bool button =
         model_.rows().hasButton(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
@@ -35,7 +47,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
         const QRect room = option.rect.adjusted(theme::unit, 0, -theme::unit, 0);
         painter->setPen(QColor(theme::text));
         painter->drawText(room, static_cast<int>(index.data(Qt::TextAlignmentRole).value<Qt::Alignment>().toInt()),
-                          option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
+                          fitted(text, option.fontMetrics, room.width()));
     }
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         painter->setPen(QColor(theme::focusBorder));
@@ -46,7 +58,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
 
 bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                              const QModelIndex& index) {
-    const QString text = index.data(Qt::DisplayRole).toString();
+    const QString text = model_.painted(index);
     const bool cut = option.fontMetrics.horizontalAdvance(text) > option.rect.width() - 2 * theme::unit;
     if (event->type() == QEvent::ToolTip && cut) {
         QToolTip::showText(event->globalPos(), text, view);

@@ -10,8 +10,8 @@ namespace {
 
 using toolkit::GridRows;
 
-QVariant alignmentOf(const screen::GridColumn& shape) {
-    return QVariant::fromValue(Qt::Alignment((shape.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
+QVariant alignment(bool right) {
+    return QVariant::fromValue(Qt::Alignment((right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
 }
 
 }  // namespace
@@ -32,7 +32,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
         return {};
     }
     if (role == Qt::TextAlignmentRole) {
-        return alignmentOf(shape(index.column()));
+        return alignment(isRight(index.column()));
     }
     if (role == Qt::DisplayRole) {
         return toQt(rows_.text(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column())));
@@ -47,7 +47,11 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::DisplayRole) {
         return toQt(shape(section).caption);
     }
-    return role == Qt::TextAlignmentRole ? alignmentOf(shape(section)) : QVariant();
+    return role == Qt::TextAlignmentRole ? alignment(isRight(section)) : QVariant();
+}
+
+QString GridModel::painted(const QModelIndex& index) const {
+    return toQt(rows_.painted(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column())));
 }
 
 bool GridModel::canFetchMore(const QModelIndex& parent) const {

@@ -25,6 +25,9 @@ class GridModel : public QAbstractTableModel {
     void ensureRow(std::size_t row);
 
     const toolkit::GridRows& rows() const { return rows_; }
+    bool isRight(int section) const { return rows_.isRight(static_cast<std::size_t>(section)); }
+    /// The text of a cell as it is painted.
+    QString painted(const QModelIndex& index) const;
     const screen::GridColumn& shape(int section) const { return rows_.shape(static_cast<std::size_t>(section)); }
 
   private:

@@ -129,6 +129,12 @@ void QtScreen::setPointer(screen::Pointer pointer) {
     }
 }
 
+void QtScreen::tellWork(std::string_view text) {
+    if (FormWindow* window = top()) {
+        window->form().status().tellWork(text);
+    }
+}
+
 void QtScreen::processEvents() {
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }

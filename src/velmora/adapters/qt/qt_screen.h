@@ -27,6 +27,7 @@ class QtScreen : public screen::Screen {
     screen::Answer show(const screen::MessageBox& box) override;
     std::optional<std::size_t> search(const screen::SearchWindow& window) override;
     void setPointer(screen::Pointer pointer) override;
+    void tellWork(std::string_view text) override;
     /// Input of the user is held back meanwhile.
     void processEvents() override;
     std::unique_ptr<screen::Progress> progress(std::string_view title) override;

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QWidget>
 
 #include "velmora/adapters/qt/theme.h"
 
@@ -19,11 +20,18 @@ QRectF crisp(const QRect& rect, double penWidth) {
     return QRectF(rect).adjusted(inset, inset, -inset, -inset);
 }
 
-void drawFrame(QPainter& painter, const QRect& rect, bool focused, const QBrush& fill) {
-    const double width = focused ? 2 : 1;
+constexpr const char* warnsProperty = "warns";
+
+enum class Border { plain, focused, warns };
+
+void drawFrame(QPainter& painter, const QRect& rect, Border border, const QBrush& fill) {
+    const double width = border == Border::plain ? 1 : 2;
+    const QRgb color = border == Border::focused ? theme::focusBorder
+                       : border == Border::warns ? theme::warningBorder
+                                                 : theme::border;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(focused ? theme::focusBorder : theme::border), width));
+    painter.setPen(QPen(QColor(color), width));
     painter.setBrush(fill);
     painter.drawRoundedRect(crisp(rect, width), radius, radius);
     painter.restore();
@@ -39,11 +47,22 @@ void drawChevron(QPainter& painter, const QRect& rect, const QColor& color) {
     painter.restore();
 }
 
-bool focusedIn(const QStyleOption& option) {
-    return option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_Enabled);
+Border borderOf(const QStyleOption& option, const QWidget* widget) {
+    if (widget != nullptr && widget->property(warnsProperty).toBool()) {
+        return Border::warns;
+    }
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_Enabled);
+    return focused ? Border::focused : Border::plain;
 }
 
 }  // namespace
+
+void setWarns(QWidget& field, bool warns) {
+    if (field.property(warnsProperty).toBool() != warns) {
+        field.setProperty(warnsProperty, warns);
+        field.update();
+    }
+}
 
 Style::Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
@@ -53,7 +72,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         case PE_PanelLineEdit: {
             const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
             if (frame != nullptr && frame->lineWidth > 0) {
-                drawFrame(*painter, option->rect, focusedIn(*option), option->palette.base());
+                drawFrame(*painter, option->rect, borderOf(*option, widget), option->palette.base());
             } else {
                 painter->fillRect(option->rect, option->palette.base());
             }
@@ -63,7 +82,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         case PE_FrameFocusRect:
             return;
         case PE_Frame:
-            drawFrame(*painter, option->rect, focusedIn(*option), Qt::NoBrush);
+            drawFrame(*painter, option->rect, borderOf(*option, widget), Qt::NoBrush);
             return;
         case PE_PanelButtonCommand:
             drawButton(*option, *painter);
@@ -80,14 +99,14 @@ void Style::drawButton(const QStyleOption& option, QPainter& painter) const {
     const QColor fill = !enabled ? QColor(theme::window)
                         : down   ? QColor(theme::pressed)
                                  : QColor(hover ? theme::hover : theme::entered);
-    drawFrame(painter, option.rect, focusedIn(option), fill);
+    drawFrame(painter, option.rect, borderOf(option, nullptr), fill);
 }
 
 void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                const QWidget* widget) const {
     if (const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
         combo != nullptr && control == CC_ComboBox) {
-        drawComboBox(*combo, *painter);
+        drawComboBox(*combo, *painter, widget);
         return;
     }
     if (const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
@@ -98,8 +117,8 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
-void Style::drawComboBox(const QStyleOptionComboBox& option, QPainter& painter) const {
-    drawFrame(painter, option.rect, focusedIn(option), option.palette.base());
+void Style::drawComboBox(const QStyleOptionComboBox& option, QPainter& painter, const QWidget* widget) const {
+    drawFrame(painter, option.rect, borderOf(option, widget), option.palette.base());
     const bool enabled = option.state.testFlag(State_Enabled);
     drawChevron(painter, subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, nullptr),
                 QColor(enabled ? theme::caption : theme::border));

@@ -8,6 +8,9 @@ class QStyleOptionGroupBox;
 
 namespace velmora::qt {
 
+/// Whether a field is drawn with the border of a warning.
+void setWarns(QWidget& field, bool warns);
+
 class Style : public QProxyStyle {
   public:
     Style();
@@ -25,7 +28,7 @@ class Style : public QProxyStyle {
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
 
   private:
-    void drawComboBox(const QStyleOptionComboBox& option, QPainter& painter) const;
+    void drawComboBox(const QStyleOptionComboBox& option, QPainter& painter, const QWidget* widget) const;
     void drawGroup(const QStyleOptionGroupBox& option, QPainter& painter) const;
     void drawButton(const QStyleOption& option, QPainter& painter) const;
 };

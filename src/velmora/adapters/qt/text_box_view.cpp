@@ -17,6 +17,7 @@ TextBoxView::TextBoxView(ViewHost& host, screen::TextBox& box, const screen::Lay
     : FieldView(host, box, layout.role), edit_(new FieldEdit(layout.width, parent)) {
     if (layout.right) {
         edit_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        edit_->paintNumber(layout.decimals);
     }
     if (layout.role == screen::Role::total) {
         edit_->setFont(theme::totalFont());

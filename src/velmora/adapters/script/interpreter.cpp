@@ -51,6 +51,8 @@ const std::map<std::string_view, Interpreter::Entry>& Interpreter::table() {
         {"dump", {0, 0, &I::dump}},
         {"rows", {1, 1, &I::rows}},
         {"query", {1, 1, &I::query}},
+        {"status", {0, 0, &I::status}},
+        {"expect-status", {1, any, &I::expectStatus}},
         {"expect", {2, 2, &I::expect}},
         {"expect-state", {2, any, &I::expectState}},
         {"expect-message", {1, 1, &I::expectMessage}},
@@ -174,6 +176,7 @@ State Interpreter::stateNamed(std::string_view name) const {
 
 void Interpreter::must(const Command& command, Control& control, const std::function<bool()>& action) {
     // Chosen C-260: controls of a form beneath another can be read but refuse every action, as with any modal window.
+    beginAction();
     const std::string& name = command.arguments[0].text;
     if (&control.form() == &top() && action()) {
         return;

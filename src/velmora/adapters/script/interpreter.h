@@ -92,6 +92,8 @@ class Interpreter {
     void dump(const Command& command);
     void rows(const Command& command);
     void query(const Command& command);
+    void status(const Command& command);
+    void expectStatus(const Command& command);
 
     void expect(const Command& command);
     void expectState(const Command& command);
@@ -99,6 +101,8 @@ class Interpreter {
     void expectQuery(const Command& command);
 
     screen::Form& top() const;
+    /// The note of the user's action before is removed, as in a window.
+    void beginAction();
     /// The control with this name on the topmost form that has one.
     screen::Control& control(std::string_view name) const;
     State stateNamed(std::string_view name) const;

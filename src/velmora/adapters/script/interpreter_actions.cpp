@@ -34,12 +34,17 @@ void Interpreter::paste(const Command& command) {
     must(command, box, [&] { return user_.paste(box, command.arguments[1].text); });
 }
 
+void Interpreter::beginAction() {
+    top().status().clearNote();
+}
+
 void Interpreter::focus(const Command& command) {
     Control& target = control(command.arguments[0].text);
     must(command, target, [&] { return user_.focus(target); });
 }
 
 void Interpreter::leave(const Command&) {
+    beginAction();
     user_.leave(top());
 }
 
@@ -87,6 +92,7 @@ void Interpreter::press(const Command& command) {
 }
 
 void Interpreter::key(const Command& command) {
+    beginAction();
     const std::string& name = command.arguments[0].text;
     if (const auto letter = letterWithAlt(name)) {
         user_.pressMnemonic(top(), *letter);

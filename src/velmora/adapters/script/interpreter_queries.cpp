@@ -9,6 +9,7 @@
 #include "velmora/adapters/script/interpreter.h"
 #include "velmora/adapters/script/vocabulary.h"
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/toolkit/status_text.h"
 
 namespace velmora::script {
 
@@ -32,6 +33,12 @@ bool holds(const State& state, std::string_view wanted) {
                        {{"enabled", state.enabled}, {"visible", state.visible}, {"locked", state.locked}}),
                    property);
     return current == valueNamed(std::to_array<std::pair<std::string_view, bool>>({{"1", true}, {"0", false}}), value);
+}
+
+std::string printedStatus(const Form& form) {
+    const toolkit::StatusText text = toolkit::statusTextOf(form);
+    return "status state=" + inQuotes(text.state) + " message=" + inQuotes(text.message) +
+           " deed=" + inQuotes(text.deed);
 }
 
 }  // namespace
@@ -69,6 +76,25 @@ void Interpreter::query(const Command& command) {
     if (!found.eof()) {
         stage_.journal.line(rowsOf(found));
     }
+}
+
+void Interpreter::status(const Command&) {
+    stage_.journal.line(printedStatus(top()));
+}
+
+void Interpreter::expectStatus(const Command& command) {
+    const toolkit::StatusText found = toolkit::statusTextOf(top());
+    const bool matches = std::ranges::all_of(command.arguments, [&](const Argument& wanted) {
+        const std::size_t equals = wanted.text.find('=');
+        if (equals == std::string::npos) {
+            wrong("no PART=TEXT", wanted.text);
+        }
+        return wanted.text.substr(equals + 1) ==
+               valueNamed(std::to_array<std::pair<std::string_view, std::string>>(
+                              {{"state", found.state}, {"message", found.message}, {"deed", found.deed}}),
+                          std::string_view(wanted.text).substr(0, equals));
+    });
+    checked(command, matches, printedStatus(top()));
 }
 
 void Interpreter::expect(const Command& command) {
@@ -114,7 +140,8 @@ void Interpreter::checked(const Command& command, bool holds, std::string_view f
     const bool query = command.name == "expect-query";
     const bool message = command.name == "expect-message";
     line += " expected";
-    for (std::size_t i = message ? 0 : 1; i < command.arguments.size(); ++i) {
+    const bool status = command.name == "expect-status";
+    for (std::size_t i = message || status ? 0 : 1; i < command.arguments.size(); ++i) {
         line.append(" ").append(query || message || command.name == "expect" ? inQuotes(command.arguments[i].text)
                                                                              : command.arguments[i].text);
     }

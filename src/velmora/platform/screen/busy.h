@@ -18,6 +18,22 @@ class Hourglass {
     Screen& screen_;
 };
 
+/// What is told while another user's lock is waited for.
+inline constexpr const char* waitingForOtherUser = "Esperando a otro usuario…";
+
+/// Shows the hourglass and tells what is under way during its lifetime.
+class Waiting {
+  public:
+    Waiting(Screen& screen, std::string_view text) : screen_(screen), hourglass_(screen) { screen_.tellWork(text); }
+    ~Waiting() { screen_.tellWork({}); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+  private:
+    Screen& screen_;
+    Hourglass hourglass_;
+};
+
 /// Disables the form during its lifetime and enables it afterwards.
 class Disabled {
   public:

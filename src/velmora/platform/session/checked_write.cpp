@@ -23,7 +23,7 @@ bool isConfirmed(screen::Screen& screen, const std::string& question) {
 Written writeChecked(sql::Connection& connection, screen::Screen& screen, const system::Clock& clock,
                      const CheckedWrite& steps) {
     bool confirmed = false;
-    std::unique_ptr<screen::Hourglass> waiting;
+    std::unique_ptr<screen::Waiting> waiting;
     for (;;) {
         RowState state = RowState::asShown;
         const auto lookAndWrite = [&] {
@@ -43,7 +43,7 @@ Written writeChecked(sql::Connection& connection, screen::Screen& screen, const 
                 return Written::closed;
             case RowState::inUse:
                 if (!waiting) {
-                    waiting = std::make_unique<screen::Hourglass>(screen);
+                    waiting = std::make_unique<screen::Waiting>(screen, screen::waitingForOtherUser);
                 }
                 screen.processEvents();
                 clock.pause(pauseInUse);

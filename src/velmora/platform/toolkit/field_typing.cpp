@@ -132,7 +132,7 @@ std::optional<std::string> filterInsertion(screen::TextBox& box, const Insertion
         return std::string(insertion.text);
     }
     if (heldBy(box) == Holds::dayOrCode) {
-        if (const auto day = pastedDay(insertion.text); day && insertion.before.empty() && insertion.after.empty()) {
+        if (auto day = pastedDay(insertion.text); day && insertion.before.empty() && insertion.after.empty()) {
             return day;
         }
     }

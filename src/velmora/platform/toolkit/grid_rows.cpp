@@ -1,15 +1,18 @@
 #include "velmora/platform/toolkit/grid_rows.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/toolkit/grid_keys.h"
+#include "velmora/platform/toolkit/painted_number.h"
 
 namespace velmora::toolkit {
 
 void GridRows::restart() {
     failed_ = false;
     shown_.clear();
+    looks_.clear();
     for (std::size_t i = 0; i < grid_.columns().size(); ++i) {
         if (grid_.columns()[i].visible) {
             shown_.push_back(i);
@@ -83,6 +86,53 @@ void GridRows::failed() const {
     if (!std::exchange(failed_, true)) {
         report_(std::current_exception());
     }
+}
+
+void GridRows::take(const Known& known) {
+    known_ = known;
+    if (!looks_.empty() || known_.rows == 0 || failed_) {
+        return;
+    }
+    try {
+        for (std::size_t i = 0; i < shown_.size(); ++i) {
+            looks_.push_back(lookOf(i));
+        }
+    } catch (...) {
+        looks_.clear();
+        failed();
+    }
+}
+
+// Chosen C-404: alignment and decimals of a column follow its first rows, so that a set of a million rows is not read
+// for them. A later number with more decimals is painted with all of them.
+GridRows::Look GridRows::lookOf(std::size_t column) const {
+    constexpr std::size_t sample = 64;
+    const screen::GridColumn& form = shape(column);
+    Look look;
+    for (std::size_t row = 0; row < std::min(known_.rows, sample); ++row) {
+        const sql::Row* values = grid_.recordset().peek(row);
+        const auto field = static_cast<std::size_t>(form.field);
+        if (values == nullptr || field >= values->size() || (*values)[field].isNull()) {
+            continue;
+        }
+        if (form.button || !(*values)[field].isNumber()) {
+            return {};
+        }
+        look.numbers = true;
+        if (form.mask.empty()) {
+            look.decimals = std::max(look.decimals, decimalsOf(grid_.cellText(row, shown_[column])));
+        }
+    }
+    return look;
+}
+
+std::string GridRows::painted(std::size_t row, std::size_t column) const {
+    const std::string told = text(row, column);
+    return column < looks_.size() ? paintedNumber(told, looks_[column].decimals) : told;
+}
+
+bool GridRows::isRight(std::size_t column) const {
+    return shape(column).right || (column < looks_.size() && looks_[column].numbers);
 }
 
 std::string countText(std::optional<std::size_t> currentRow, const GridRows::Known& known) {

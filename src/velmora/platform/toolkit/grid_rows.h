@@ -38,7 +38,7 @@ class GridRows {
     /// What will be known once `rows` rows have been asked for. Takes effect with `take`, so that a table can announce
     /// new rows before they exist.
     Known reach(std::size_t rows) const;
-    void take(const Known& known) { known_ = known; }
+    void take(const Known& known);
 
     /// Number of visible columns.
     std::size_t columnCount() const { return shown_.size(); }
@@ -49,8 +49,19 @@ class GridRows {
     bool hasButton(std::size_t row, std::size_t column) const;
     /// The text of a cell; empty when it could not be read.
     std::string text(std::size_t row, std::size_t column) const;
+    /// The text of a cell as it is painted: a number of a column without a mask has the decimals of that column.
+    std::string painted(std::size_t row, std::size_t column) const;
+    /// Whether a column is right-aligned: it says so, or it holds numbers.
+    bool isRight(std::size_t column) const;
 
   private:
+    /// How a column is painted, by its first rows.
+    struct Look {
+        bool numbers = false;
+        int decimals = 0;  ///< most decimals of a number without a mask
+    };
+
+    Look lookOf(std::size_t column) const;
     bool hasRow(std::size_t row) const;
     std::size_t countBetween(std::size_t known, std::size_t missing) const;
     void failed() const;
@@ -58,6 +69,7 @@ class GridRows {
     const screen::DataGrid& grid_;
     Report report_;
     std::vector<std::size_t> shown_;
+    std::vector<Look> looks_;  ///< of the visible columns, once rows are known
     Known known_;
     mutable bool failed_ = false;
 };

@@ -1,5 +1,7 @@
 #include "velmora/platform/toolkit/layout_captions.h"
 
+#include "velmora/platform/runtime/text.h"
+
 namespace velmora::toolkit {
 
 bool hasCaption(const screen::Layout& field) {
@@ -17,6 +19,10 @@ std::string accessibleNameOf(const screen::Layout& field) {
     const std::string caption = captionOf(field);
     if (!caption.empty()) {
         return field.unit.empty() ? caption : caption + " (" + field.unit + ")";
+    }
+    const auto* captioned = dynamic_cast<const screen::Captioned*>(field.control);
+    if (captioned != nullptr && !captioned->caption().empty()) {
+        return runtime::Replace(captioned->caption(), "&", "");
     }
     return field.control->toolTip().empty() ? field.control->fullName() : field.control->toolTip();
 }

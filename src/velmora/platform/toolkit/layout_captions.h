@@ -12,8 +12,8 @@ bool hasCaption(const screen::Layout& field);
 /// The current caption; empty when there is none.
 std::string captionOf(const screen::Layout& field);
 
-/// The control's own accessible name; else caption and unit, "Ancho (mm)"; else its tool tip; else its full name.
-/// `field` must have a control.
+/// The control's own accessible name; else caption and unit, "Ancho (mm)"; else its text, of a check box or button;
+/// else its tool tip; else its full name. `field` must have a control.
 std::string accessibleNameOf(const screen::Layout& field);
 
 }  // namespace velmora::toolkit
