@@ -29,7 +29,7 @@ close
 
 
 def run(*command, environment=None, **options):
-    return subprocess.run([str(part) for part in command], capture_output=True, text=True, check=False,
+    return subprocess.run([str(part) for part in command], capture_output=True, text=True, check=False, timeout=120,
                           env={**os.environ, **(environment or {})}, **options)
 
 
@@ -179,7 +179,7 @@ class Programs(unittest.TestCase):
 
     def test_the_desktop_makes_a_database_and_draws_its_windows(self):
         database, pictures = WORK / "taller.db", WORK / "pictures"
-        output(PROGRAMS["velmora"], "--db", database, "--pictures", pictures,
+        output(PROGRAMS["velmora"], "--data", "demo", "--db", database, "--pictures", pictures,
                environment={"QT_QPA_PLATFORM": "offscreen", "HOME": str(WORK)})
         self.assertGreater(database.stat().st_size, 100_000)
         self.assertGreater((pictures / "propuesta_tipo_00.png").stat().st_size, 20_000)
