@@ -74,15 +74,6 @@ class Dump {
 
 class AccessibleNames : public ::testing::Test {
   protected:
-    static QApplication& application() {
-        static int count = 1;
-        static char name[] = "test_desktop";
-        static char* arguments[] = {name, nullptr};
-        static auto* theOne = new QApplication(count, arguments);
-        return *theOne;
-    }
-    AccessibleNames() { application(); }
-
     static Dump dumpOf(qt::QtScreen& screen, screen::Form& form, const std::string& name) {
         qt::FormWindow window(screen, form, nullptr);
         window.show();
@@ -91,6 +82,12 @@ class AccessibleNames : public ::testing::Test {
         dump.take(*QAccessible::queryAccessibleInterface(&window), name);
         return dump;
     }
+
+  private:
+    int count_ = 1;
+    char name_[13] = "test_desktop";
+    char* arguments_[2] = {name_, nullptr};
+    QApplication application_{count_, arguments_};
 };
 
 TEST_F(AccessibleNames, AControlWithoutANameAndTwoOfOneNameAreFound) {
