@@ -39,7 +39,9 @@ TEST(Services, TheTemporaryFolderIsTheProgramsOwnAndClosedToOthers) {
     before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
 }
 
-TEST(Services, ATextIsCopiedToTheClipboard) {
+class ServicesOnAScreen : public ::testing::Test, protected QtHand {};
+
+TEST_F(ServicesOnAScreen, ATextIsCopiedToTheClipboard) {
     EXPECT_TRUE(qt::QtServices().copyToClipboard("Ø Primitivo: 153,79 mm"));
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Ø Primitivo: 153,79 mm"));
 }

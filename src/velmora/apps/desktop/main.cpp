@@ -168,10 +168,11 @@ class Run {
     }
 
   private:
-    /// Asks where it must. False when the user leaves instead of choosing.
+    /// Asks where it must, but not for pictures, which are made without a user. False when the user leaves instead of
+    /// choosing.
     bool isChosen() {
         asked_ = false;
-        if (reason_.empty() && !start_.make && desktop::isFirstStart(start_.database)) {
+        if (reason_.empty() && options_.pictures.empty() && !start_.make && desktop::isFirstStart(start_.database)) {
             reason_ = desktop::reasonOfFirstStart(start_.database);
         }
         if (reason_.empty()) {
