@@ -67,6 +67,7 @@ void GridTable::setWidths(toolkit::ColumnWidths widths) {
             fix(column, *kept);
         }
     }
+    updateGeometry();
     distribute();
 }
 
