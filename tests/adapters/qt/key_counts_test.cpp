@@ -122,5 +122,20 @@ TEST_F(MainFormByKeys, ALabourLine) {
     EXPECT_NE(stored("DPI_ImpMO"), "0");
 }
 
+// From the empty form: the similar proposals, the first of them, its changes enabled, a copy of it with other pieces.
+TEST_F(MainFormByKeys, ARepeatOrderFromTheHistory) {
+    int keys = -1;
+    atTheForm([&] {
+        EXPECT_GT(player.play(keysOf("1001⏎7781⏎⏎12,7⏎17⏎7,75⏎8,51⏎{F7}10{F5}"), saved), 0);
+        EXPECT_EQ(player.play(keysOf("{^N}")), 1);
+        keys = player.play(keysOf("{F3}{F4} ⏎{!C}{F6}⏎⏎{F7}25{F5}"), saved);
+    });
+    EXPECT_LE(told("repeat order from the history", keys), 12);
+    EXPECT_EQ(workshop.query("select count(*) from DPI"), "2");
+    EXPECT_EQ(workshop.query("select DPI_Unidades from DPI where DPI_Id = 2"), "25");
+    EXPECT_EQ(workshop.query("select DPI_RefCli from DPI where DPI_Id = 2"), "7781");
+    EXPECT_EQ(workshop.query("select DPI_Unidades from DPI where DPI_Id = 1"), "10");
+}
+
 }  // namespace
 }  // namespace velmora::testing

@@ -41,10 +41,11 @@ PressedKey single(QChar character) {
     return found != signs.end() ? found->second : PressedKey{.text = QString(character)};
 }
 
-/// A button pressed by its letter is shown pressed before it clicks.
-bool isButtonDown(const QWidget& window) {
+/// The button that was pressed by its letter: it is shown pressed for a moment before it clicks.
+QAbstractButton* buttonDown(const QWidget& window) {
     const QList<QAbstractButton*> buttons = window.findChildren<QAbstractButton*>();
-    return std::ranges::any_of(buttons, [](const QAbstractButton* button) { return button->isDown(); });
+    const auto down = std::ranges::find_if(buttons, [](const QAbstractButton* button) { return button->isDown(); });
+    return down != buttons.end() ? *down : nullptr;
 }
 
 }  // namespace
@@ -110,6 +111,19 @@ QWidget* KeyPlayer::target() {
     return focus != nullptr && focus->window() == window ? focus : window;
 }
 
+// The click lets events through, a person's keys not among them: the next key is due when the click has been handled,
+// or in a window that it has opened.
+bool KeyPlayer::awaitsClick(const QWidget& window) {
+    if (clicking_ == nullptr) {
+        clicking_ = buttonDown(window);
+        if (clicking_ != nullptr) {
+            QObject::connect(
+                clicking_, &QAbstractButton::clicked, qApp, [this] { clicking_ = nullptr; }, Qt::SingleShotConnection);
+        }
+    }
+    return clicking_ != nullptr && clicking_->window() == &window;
+}
+
 void KeyPlayer::step() {
     if (ended_) {
         return;
@@ -125,7 +139,7 @@ void KeyPlayer::step() {
         QTimer::singleShot(1, qApp, [this] { step(); });
         return;
     }
-    if (widget != nullptr && isButtonDown(*widget->window())) {
+    if (widget != nullptr && awaitsClick(*widget->window())) {
         QTimer::singleShot(1, qApp, [this] { step(); });
         return;
     }

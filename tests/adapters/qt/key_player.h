@@ -1,6 +1,8 @@
 #pragma once
 // Keys pressed one after the other in whatever window has the keyboard, also in the windows and boxes that a key opens.
 
+#include <QAbstractButton>
+#include <QPointer>
 #include <QWidget>
 #include <string>
 #include <string_view>
@@ -30,12 +32,14 @@ class KeyPlayer {
     void step();
     static QWidget* target();
     bool endBoxOpen() const;
+    bool awaitsClick(const QWidget& window);
 
     std::vector<PressedKey> keys_;
     QString boxAtTheEnd_;
     std::size_t pressed_ = 0;
     int waits_ = 0;
     int underWay_ = 0;
+    QPointer<QAbstractButton> clicking_;
     QWidget* pressedIn_ = nullptr;  ///< the window of the innermost key under way
     bool ended_ = false;
     bool boxSeen_ = false;
