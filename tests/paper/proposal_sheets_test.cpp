@@ -95,7 +95,7 @@ std::set<int> totalLabels(int type) {
 /// Their texts, without words.
 std::vector<std::string> totalsInSketch(const Sheet& sheet, int type) {
     std::vector<std::string> totals;
-    for (const Sketch& sketch : blocksOf<Sketch>(sheet)) {
+    for (const SketchBlock& sketch : blocksOf<SketchBlock>(sheet)) {
         for (const auto& [label, text] : sketch.labels) {
             if (totalLabels(type).contains(label)) {
                 totals.push_back(text.substr(text.find_last_of(' ') + 1));
@@ -193,15 +193,15 @@ TEST(ProposalSheetsTest, APieceWithoutMeasuresHasNoSketch) {
         StoredProposal p;
         p.type = type;
         for (const Sheet& sheet : sheetsOf(p)) {
-            EXPECT_THAT(blocksOf<Sketch>(sheet), IsEmpty()) << type;
+            EXPECT_THAT(blocksOf<SketchBlock>(sheet), IsEmpty()) << type;
         }
         p.measures.exterior = p.measures.rim = p.measures.totalWidth = p.measures.height = p.measures.length = 0;
         for (const Sheet& sheet : sheetsOf(p)) {
-            EXPECT_THAT(blocksOf<Sketch>(sheet), IsEmpty()) << type << ": zero is no measure";
+            EXPECT_THAT(blocksOf<SketchBlock>(sheet), IsEmpty()) << type << ": zero is no measure";
         }
         p.measures.exterior = p.measures.length = 1000;
         for (const Sheet& sheet : sheetsOf(p)) {
-            EXPECT_THAT(blocksOf<Sketch>(sheet), Not(IsEmpty())) << type;
+            EXPECT_THAT(blocksOf<SketchBlock>(sheet), Not(IsEmpty())) << type;
         }
     }
 }

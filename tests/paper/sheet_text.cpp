@@ -70,7 +70,7 @@ class TextPage {
         addGrid(grid, std::vector<bool>(2 * columns, false), "  ");
     }
 
-    void add(const paper::Sketch& sketch) {
+    void add(const paper::SketchBlock& sketch) {
         addLine("[Sketch: " + runtime::CStr(sketch.height) + " mm high, at least " + runtime::CStr(sketch.leastHeight) +
                 " mm; " + contentsOf(sketch.drawing) + "]");
         std::vector<Cells> grid;

@@ -177,10 +177,10 @@ std::map<int, std::string> labelsOf(const StoredProposal& p) {
 void addSketch(std::vector<Block>& blocks, const StoredProposal& p, double height, double leastHeight) {
     std::map<int, std::string> labels = labelsOf(p);
     if (!labels.empty()) {
-        blocks.emplace_back(Sketch{.drawing = estimate::drawProduct(p.type, p.measures),
-                                   .labels = std::move(labels),
-                                   .height = height,
-                                   .leastHeight = leastHeight});
+        blocks.emplace_back(SketchBlock{.drawing = estimate::drawProduct(p.type, p.measures),
+                                        .labels = std::move(labels),
+                                        .height = height,
+                                        .leastHeight = leastHeight});
     }
 }
 

@@ -24,7 +24,7 @@ struct Fields {
     int columns = 2;
 };
 
-struct Sketch {
+struct SketchBlock {
     screen::Drawing drawing;
     std::map<int, std::string> labels;
     double height = 80;       ///< millimetres
@@ -57,7 +57,7 @@ struct Figures {
     std::vector<Field> figures;
 };
 
-using Block = std::variant<Fields, Sketch, Table, Paragraph, Figures>;
+using Block = std::variant<Fields, SketchBlock, Table, Paragraph, Figures>;
 
 /// Whose paper it is, above the title of its first page.
 struct Letterhead {

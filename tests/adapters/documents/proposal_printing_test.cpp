@@ -78,7 +78,7 @@ class WordsOfSheet {
             add(row);
         }
     }
-    void add(const paper::Sketch& block) {
+    void add(const paper::SketchBlock& block) {
         for (const screen::Shape& shape : block.drawing.shapes) {
             const auto* dimension = std::get_if<screen::Dimension>(&shape);
             if (dimension != nullptr && block.labels.contains(dimension->label)) {

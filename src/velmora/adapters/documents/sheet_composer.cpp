@@ -24,7 +24,7 @@ using paper::Fields;
 using paper::Figures;
 using paper::Paragraph;
 using paper::Sheet;
-using paper::Sketch;
+using paper::SketchBlock;
 using paper::Table;
 
 constexpr double columnGap = 3 * unit;
@@ -240,7 +240,7 @@ SheetComposer::FieldCell SheetComposer::fieldCell(const Field& field, const Fiel
             .valueFont = font};
 }
 
-void SheetComposer::add(const Sketch& sketch) {
+void SheetComposer::add(const SketchBlock& sketch) {
     const toolkit::LabelTexts& labels = sketch.labels;
     const double height = sketch.leastHeight + (sketch.height - sketch.leastHeight) * roominess_;
     strips_.push_back({.height = height * pixelsOfMillimetre,

@@ -98,7 +98,7 @@ class SheetComposer {
     };
 
     void add(const paper::Fields& fields) { addFields(fields); }
-    void add(const paper::Sketch& sketch);
+    void add(const paper::SketchBlock& sketch);
     void add(const paper::Table& table);
     void add(const paper::Paragraph& paragraph);
     void add(const paper::Figures& figures);

@@ -60,7 +60,7 @@ std::string after(const std::string& text, std::string_view mark) {
 
 /// The library's errors have English words around the names of options.
 std::string spanishFailure(const CLI::Error& error) {
-    const std::string text = error.what();
+    std::string text = error.what();
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
         return "no se conoce " + after(text, ": ");
     }

@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr char32_t backspaceKey = 8;
-constexpr std::uintmax_t largestLogo = 2 * 1024 * 1024;                  ///< bytes
+constexpr std::uintmax_t largestLogo = std::uintmax_t{2} * 1024 * 1024;  ///< bytes
 constexpr int longestValidity = 999;                                     ///< days
 constexpr std::array letterSizes{80, 90, 100, 110, 125, 150, 175, 200};  ///< percent
 

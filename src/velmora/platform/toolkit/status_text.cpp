@@ -24,7 +24,7 @@ std::string wordsOf(Standing standing) {
 }
 
 std::string wordsOf(const RecordState& state) {
-    const std::string standing = wordsOf(state.standing);
+    std::string standing = wordsOf(state.standing);
     if (!state.unsaved) {
         return standing;
     }
