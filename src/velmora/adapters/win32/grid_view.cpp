@@ -186,6 +186,8 @@ std::optional<LRESULT> GridView::message(HWND, UINT message, WPARAM word, LPARAM
             press(pointOf(value));
             if (message == WM_LBUTTONDBLCLK) {
                 pressTwice();
+            } else {
+                buttonDone_ = false;
             }
             return 0;
         case WM_RBUTTONDOWN:
@@ -236,11 +238,16 @@ void GridView::press(POINT point) {
     table_.setMarkedColumn(column_);
 }
 
-// Where it meets a button, the first press has already done what the button does.
+// Where it meets a button, the first press has already done what the button does, unless another row stood there then:
+// in that case the release of the second one does it.
 void GridView::pressTwice() {
+    const bool meetsButton = pressed_.row >= 0 && rows_.hasButton(static_cast<std::size_t>(pressed_.row),
+                                                                  static_cast<std::size_t>(pressed_.column));
+    if (meetsButton && !buttonDone_) {
+        return;
+    }
     const GridTable::Cell cell = std::exchange(pressed_, {});
-    if (cell.row < 0 || !host().acceptsInput() ||
-        rows_.hasButton(static_cast<std::size_t>(cell.row), static_cast<std::size_t>(cell.column))) {
+    if (cell.row < 0 || !host().acceptsInput() || meetsButton) {
         return;
     }
     host().feed([&] {
@@ -258,6 +265,7 @@ void GridView::release(POINT point) {
         !rows_.hasButton(static_cast<std::size_t>(cell.row), static_cast<std::size_t>(cell.column))) {
         return;
     }
+    buttonDone_ = true;
     host().feed([&] {
         if (grid_.form().activeControl() == &grid_) {
             toolkit::pressCell(grid_, rows_.gridColumn(static_cast<std::size_t>(cell.column)));

@@ -62,6 +62,7 @@ class GridView : public ControlView {
     GridTable table_;
     int column_ = 0;  ///< of the keyboard's mark
     GridTable::Cell pressed_;
+    bool buttonDone_ = false;  ///< the first press of a pair has done what a button does
     GridTable::Cell hovered_;
     std::vector<int> widths_;
 };

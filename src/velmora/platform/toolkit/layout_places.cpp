@@ -206,6 +206,7 @@ class LayoutPlaces::Table : public Node {
 
     static std::vector<Track> tracksOf(const std::vector<int>& stretches) {
         std::vector<Track> tracks;
+        tracks.reserve(stretches.size());
         for (const int stretch : stretches) {
             tracks.push_back({.stretch = stretch});
         }
