@@ -4,7 +4,7 @@ border: those that are named, or all and N random walks (tests/apps/random_walks
 
 NATIVE is velmora-drive, HOST the host under Wine, MODULE the module of the stories. Each scenario is played by both on
 equal files; output, exit status, the reason of an early end, and the papers and spreadsheets must be equal, but for the
-differences listed here. Prints a table: COM calls, statements, seconds of both. Ends with 1 when something differs.
+differences listed here, and those that no host can play. Prints a table: COM calls, statements, seconds of both. Ends with 1 when something differs.
 """
 import argparse
 import concurrent.futures
@@ -31,6 +31,12 @@ WALKS = 12
 
 # scenario, what stands in the native line, what the border has in its place, why
 DIFFERENCES = []
+
+# Scenario: why no host can play it.
+NATIVE_ONLY = {
+    "price_explained.drive": "prints by VELMORA.Hojas, which the desktop and the driver have and a host has not",
+    "price_ladder.drive": "prints by VELMORA.Hojas, which the desktop and the driver have and a host has not",
+}
 
 # The part of a spreadsheet that holds the moment of its writing is not compared.
 NOT_COMPARED = {"docProps/core.xml"}
@@ -180,7 +186,10 @@ def main(arguments):
     given = parser.parse_args(arguments)
     named = [path.resolve() for path in given.scenarios]
     with tempfile.TemporaryDirectory() as folder:
-        scenarios = named or sorted(SCENARIOS.glob("*.drive")) + write_walks(Path(folder), given.walks)
+        all_of_them = [path for path in sorted(SCENARIOS.glob("*.drive")) if path.name not in NATIVE_ONLY]
+        scenarios = named or all_of_them + write_walks(Path(folder), given.walks)
+        for name, reason in {} if named else NATIVE_ONLY.items():
+            print(f"not played: {name}: {reason}")
         return play_all(given.driver.resolve(), given.host.resolve(), given.module.resolve(), scenarios)
 
 
