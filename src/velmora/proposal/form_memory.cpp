@@ -5,6 +5,8 @@
 #include <iterator>
 #include <utility>
 
+#include "velmora/platform/runtime/one_line.h"
+
 namespace velmora::proposal {
 
 namespace {
@@ -61,40 +63,6 @@ void putBack(sql::ListenedRecordset& listened, const sql::Recordset& rows) {
 }  // namespace
 
 namespace {
-
-/// A value without ends of lines.
-std::string inOneLine(const std::string& value) {
-    std::string line;
-    for (const char letter : value) {
-        switch (letter) {
-            case '\\':
-                line += "\\\\";
-                break;
-            case '\n':
-                line += "\\n";
-                break;
-            case '\r':
-                line += "\\r";
-                break;
-            default:
-                line += letter;
-        }
-    }
-    return line;
-}
-
-std::string fromOneLine(std::string_view line) {
-    std::string value;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] != '\\' || i + 1 == line.size()) {
-            value += line[i];
-            continue;
-        }
-        ++i;
-        value += line[i] == 'n' ? '\n' : line[i] == 'r' ? '\r' : line[i];
-    }
-    return value;
-}
 
 std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
@@ -172,7 +140,7 @@ void FormMemory::putBack(const Shown& shown) {
 std::string FormMemory::written() const {
     std::string text;
     const auto line = [&](std::string_view name, const std::string& value) {
-        text += std::string(name) + "=" + inOneLine(value) + "\n";
+        text += std::string(name) + "=" + runtime::inOneLine(value) + "\n";
     };
     for (const Shown& shown : controls_) {
         text += "[" + shown.control->fullName() + "]\n";
@@ -221,7 +189,7 @@ void FormMemory::read(std::string_view text) {
             }
             continue;
         }
-        readProperty(*current, line.substr(0, equals), fromOneLine(line.substr(equals + 1)));
+        readProperty(*current, line.substr(0, equals), runtime::fromOneLine(line.substr(equals + 1)));
     }
     for (Shown& shown : controls_) {
         if (shown.listIndex < 0 || static_cast<std::size_t>(shown.listIndex) >= shown.items.size()) {
@@ -266,7 +234,7 @@ void FormMemory::restore() const {
 }
 
 std::string writtenControl(std::string_view control, const std::string& text) {
-    return "[" + std::string(control) + "]\ntext=" + inOneLine(text) + "\n";
+    return "[" + std::string(control) + "]\ntext=" + runtime::inOneLine(text) + "\n";
 }
 
 std::string writtenText(std::string_view written, std::string_view control) {
@@ -276,7 +244,7 @@ std::string writtenText(std::string_view written, std::string_view control) {
         if (line.starts_with('[')) {
             within = line == heading;
         } else if (within && line.starts_with("text=")) {
-            return fromOneLine(line.substr(5));
+            return runtime::fromOneLine(line.substr(5));
         }
     }
     return {};

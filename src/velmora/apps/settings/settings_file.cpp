@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "velmora/apps/workshop_file/folder_lock.h"
+#include "velmora/platform/runtime/one_line.h"
 #include "velmora/platform/system/failure_words.h"
 #include "velmora/platform/system/file_path.h"
 
@@ -19,40 +20,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* unfinished = ".nuevo";
-
-/// A line end would end the entry.
-std::string inOneLine(const std::string& text) {
-    std::string line;
-    for (const char c : text) {
-        switch (c) {
-            case '\\':
-                line += "\\\\";
-                break;
-            case '\n':
-                line += "\\n";
-                break;
-            case '\r':
-                line += "\\r";
-                break;
-            default:
-                line += c;
-        }
-    }
-    return line;
-}
-
-std::string fromOneLine(std::string_view line) {
-    std::string text;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] != '\\' || i + 1 == line.size()) {
-            text += line[i];
-            continue;
-        }
-        const char escaped = line[++i];
-        text += escaped == 'n' ? '\n' : escaped == 'r' ? '\r' : escaped;
-    }
-    return text;
-}
 
 [[noreturn]] void refuse(const fs::path& file, const std::error_code& failure) {
     throw NotSaved("No se pueden guardar los ajustes en el fichero\n" + system::fileText(file) + "\n\n" +
@@ -106,7 +73,7 @@ Entries readEntries(const fs::path& file) {
     for (std::string line; std::getline(in, line);) {
         const std::size_t middle = line.find('=');
         if (middle != std::string::npos && middle > 0) {
-            entries[line.substr(0, middle)] = fromOneLine(std::string_view(line).substr(middle + 1));
+            entries[line.substr(0, middle)] = runtime::fromOneLine(std::string_view(line).substr(middle + 1));
         }
     }
     return entries;
@@ -117,7 +84,7 @@ void writeEntries(const fs::path& file, const Entries& entries) {
     all.merge(readEntries(file));
     std::string content;
     for (const auto& [name, text] : all) {
-        content += name + "=" + inOneLine(text) + "\n";
+        content += name + "=" + runtime::inOneLine(text) + "\n";
     }
     std::error_code failure;
     if (!file.parent_path().empty() && !fs::create_directories(file.parent_path(), failure) && failure) {
