@@ -1,6 +1,7 @@
 #include "velmora/proposal/price_questions.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
@@ -12,6 +13,9 @@ namespace velmora::proposal {
 using estimate::TextBox;
 
 void PriceQuestions::offerOnFields() {
+    if (std::exchange(offeredFor_, &f_.product()) == &f_.product()) {
+        return;
+    }
     f_.forEachTextBox([this](TextBox& box) {
         if (explanations_.covers(box)) {
             box.explanation = [this, &box] {

@@ -22,7 +22,7 @@ class PriceQuestions {
         : f_(fields), explanations_(fields, sources), session_(session), desk_(desk) {}
 
     /// To be called after each choice of a product type: the fields that it calculates tell their figure as a tool tip
-    /// and offer the question.
+    /// and offer the question. Chosen again, a type changes nothing: a load chooses it twice.
     void offerOnFields();
 
     /// The window of all figures, with the field that has the focus as the current one if it is a figure.
@@ -45,6 +45,7 @@ class PriceQuestions {
     estimate::Explanations explanations_;
     session::Session& session_;
     platform::Desk& desk_;
+    const data::ProductType* offeredFor_ = nullptr;  ///< the type whose figures the fields tell
 };
 
 }  // namespace velmora::proposal
