@@ -32,7 +32,7 @@ std::string_view nameOf(screen::Answer answer) {
 }
 
 void Journal::line(std::string_view text) {
-    out_ << text << '\n';
+    out_ << text << '\n' << std::flush;
 }
 
 void Journal::error(const runtime::RuntimeError& error) {

@@ -17,10 +17,10 @@ class Journal {
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
 
-    /// Writes the text and a line end.
+    /// Writes the text and a line end, and passes them on at once: what was said stays said when the process is killed.
     void line(std::string_view text);
-    /// Writes lines that already have their line ends.
-    void lines(std::string_view text) { out_ << text; }
+    /// The same for lines that already have their line ends.
+    void lines(std::string_view text) { out_ << text << std::flush; }
     /// error number=13 description="…"
     void error(const runtime::RuntimeError& error);
     /// message icon=… title="…" text="…" buttons=… answer=…, and keeps the text for expect-message.

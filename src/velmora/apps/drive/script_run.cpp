@@ -78,7 +78,6 @@ script::Status play(const Options& options, std::istream& in) {
 
 script::Status runScript(const Options& options) {
     if (options.script == "-") {
-        std::cout << std::unitbuf;
         return play(options, std::cin);
     }
     std::ifstream file(options.script, std::ios::binary);

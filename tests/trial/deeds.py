@@ -1,0 +1,151 @@
+"""Every deed of the program that writes, as lines for the driver, and what of it may be there when it is cut off."""
+
+from dataclasses import dataclass, field
+from pathlib import Path
+
+SCENARIOS = Path(__file__).resolve().parent.parent / "scenarios"
+
+# What the script prints around the deed. Everything before the first is preparation.
+MARK = "-- the deed"
+DONE = "-- the deed is done"
+# With a number behind it: so many steps of the deed are written.
+WRITTEN = "-- written "
+AGAIN = "-- once more"
+END = "-- descriptors at the end"
+
+
+@dataclass
+class Deed:
+    """`opening` leads to the form on which `action` does it.
+
+    `success` is what the user reads when it is done; empty when the form says nothing. `steps` names the tables of the
+    rows that it writes in their order when it is not one transaction; each of them may be the last that is there.
+    `empty_first` is a table and a column of the single row that it writes: the row comes without it, and then it comes.
+    `typed` are the controls that must show the same when it has failed; `again` does it once more.
+    """
+
+    name: str
+    rows: str
+    opening: str
+    action: str
+    success: str = ""
+    steps: tuple = ()
+    typed: str = ""
+    again: str = ""
+    files: dict = field(default_factory=dict)
+    empty_first: tuple = ()
+
+    def script(self, once_more=False):
+        lines = [self.opening, f'echo "{MARK}"', self.action, f'echo "{DONE}"']
+        if self.typed:
+            lines.append(f"print {self.typed}")
+        if once_more:
+            lines += [f'echo "{AGAIN}"', self.again or self.action]
+        lines.append(f'echo "{END}"')
+        # What a form asks on its way out: nothing is written any more.
+        return "\n".join(lines + ["answer no"] * 8) + "\n"
+
+    def data(self):
+        return SCENARIOS / self.rows
+
+
+TYPED = "Text1(0) Text1(8) Text1(1) Text1(2) txtPesu(0) txtPesu(2) txtPesu(11) txtExtra"
+
+PROPOSAL = """open propuestas
+set Text1(0) "12,7"
+set Text1(8) "7,75"
+set Text1(1) 38
+set Text1(2) "7,75"
+set txtPesu(0) 1001
+set txtPesu(2) "REF ñ 7"
+set txtPesu(11) 3
+set txtExtra "lo tecleado"
+leave"""
+
+SAVED = PROPOSAL + "\nkey F5"
+
+# A document's row holds its content: a longer one lies on pages of its own.
+DOCUMENT = "plano ñ.pdf"
+FILES = {DOCUMENT: b"plano" * 4000}
+
+WITH_LABOUR = SAVED + """
+key F1
+press cmdNuevaLinea
+set txtLinea(0) 10
+set txtLinea(6) 90
+leave"""
+
+ACCEPTED = """open seguimiento
+set txtCriterio(4) {number}
+press cmdfiltro"""
+
+ACCEPT = "answer yes\nanswer yes\nanswer yes\nanswer yes\npress XPButton1"
+
+DEEDS = [
+    Deed("save_new", "staffed_workshop.sql", PROPOSAL, "key F5", "Datos Grabados satisfactoriamente", typed=TYPED),
+    Deed(
+        "save_changed", "staffed_workshop.sql",
+        SAVED + '\nset txtPesu(11) 5\nset txtExtra "cambiado después"\nset Text1(1) 40\nleave',
+        "key F5", "Datos Grabados satisfactoriamente", typed=TYPED,
+    ),
+    Deed(
+        "duplicate", "staffed_workshop.sql",
+        WITH_LABOUR + "\npress cmdGrabarLinea\npress cmdSalir", "answer yes\nkey F6",
+    ),
+    Deed("delete", "staffed_workshop.sql", SAVED, "answer yes\nkey F9"),
+    Deed(
+        "labour_line", "staffed_workshop.sql", WITH_LABOUR, f'press cmdGrabarLinea\necho "{WRITTEN}1"\npress cmdSalir',
+        steps=("MoDpi", "DPI"), again="try press cmdGrabarLinea\ntry press cmdSalir",
+    ),
+    Deed(
+        "labour_line_deleted", "staffed_workshop.sql",
+        WITH_LABOUR + "\npress cmdGrabarLinea\npress cmdSalir\nkey F1\nrow DataGrid1 0",
+        f'answer yes\npress cmdEliminarLinea\necho "{WRITTEN}1"\npress cmdSalir',
+        steps=("MoDpi", "DPI"), again="answer yes\ntry press cmdEliminarLinea\ntry press cmdSalir",
+    ),
+    Deed(
+        "material_new", "values.sql",
+        'open parametros\nkey F4\ntype Text1(1) "Disco ñ"\nkey ENTER\ntype Text1(2) "R-F114"\nkey ENTER\n'
+        'set Text1(4) "Acero"\ncheck Check2 on\nleave',
+        "key F5", "Datos Gabados satisfactoriamente", typed="Text1(1) Text1(2) Text1(4) Check2",
+    ),
+    Deed(
+        "material_changed", "values.sql",
+        'open parametros\nset Text1(0) "2"\nleave\nset Text1(1) "Cubo cambiado"\ncheck Check1 on\nleave',
+        "press cmdGuardar", "Datos Gabados satisfactoriamente", typed="Text1(0) Text1(1) Check1",
+    ),
+    Deed(
+        "gear_new", "values.sql",
+        'open propuestas\nchoose cboTipoPre 8\npress cmdEng\nset Text1(0) "2,5"\nset Text1(1) "24"\nset Text1(11) "5,63"\n'
+        'set Text1(6) "35"\nset Text1(7) "14"\nset Text1(8) "20"\nset Text1(9) "25"\nleave',
+        "press cmdGrabar", typed="Text1(0) Text1(1) Text1(11) Text1(6) Text1(7) Text1(8)",
+        again='try press cmdEng\nset Text1(0) "2,5"\nset Text1(1) "24"\nset Text1(11) "5,63"\nset Text1(6) "35"\n'
+        'set Text1(7) "14"\nset Text1(8) "20"\nset Text1(9) "25"\npress cmdGrabar',
+    ),
+    Deed(
+        "double_values_new", "values.sql",
+        'open propuestas\nanswer no\npress XPButton1\nanswer yes\nchoose cboDobles "ISO 1/2\'\'"\ntype Text1(1) "12.7"\n'
+        'type Text1(3) "7,75"\ntype Text1(2) "8,51"\ntype Text1(4) "7,2"\ntype Text1(5) "21,1"\nkey ENTER\n'
+        'type Text1(0) "17"\nkey ENTER\nset Text1(10) "74,5"\nset Text1(8) "69,11"\nset Text1(7) "48"\n'
+        'set Text1(6) "20"\nset Text1(12) "45"\nset Text1(13) "2,5"\nleave',
+        "press cmdGrabar", "Datos grabados satisfactoriamente", typed="Text1(10) Text1(8) Text1(7) Text1(6) Text1(13)",
+    ),
+    Deed(
+        "document_added", "staffed_workshop.sql", SAVED + "\npress cmdDoc",
+        f'file "{DOCUMENT}"\npress Toolbar1(FICHERO)', files=FILES,
+        empty_first=("dex", "Dex_Doc"),
+    ),
+    Deed(
+        "document_deleted", "staffed_workshop.sql",
+        SAVED + f'\npress cmdDoc\nfile "{DOCUMENT}"\npress Toolbar1(FICHERO)\nrow dbgPlanos 0',
+        "answer yes\npress Toolbar1(5)", files=FILES,
+    ),
+    Deed(
+        "accept_sprocket", "accept_workshop.sql", ACCEPTED.format(number=1), ACCEPT, "Presupuesto Aceptado",
+        steps=("ORDEN", "DPI", "OrdPiñones", "Mat", "Mat", "RUT", "RUT", "RUT", "RUT"),
+    ),
+    Deed(
+        "accept_rack", "accept_workshop.sql", ACCEPTED.format(number=4), ACCEPT, "Presupuesto Aceptado",
+        steps=("ORDEN", "DPI", "Mat", "RUT"),
+    ),
+]
