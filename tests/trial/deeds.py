@@ -6,10 +6,10 @@ from pathlib import Path
 SCENARIOS = Path(__file__).resolve().parent.parent / "scenarios"
 
 # What the script prints around the deed. Everything before the first is preparation.
+BEFORE = "-- what is typed"
 MARK = "-- the deed"
 DONE = "-- the deed is done"
-# With a number behind it: so many steps of the deed are written.
-WRITTEN = "-- written "
+TYPED_SHOWN = "-- what was typed"
 AGAIN = "-- once more"
 END = "-- descriptors at the end"
 
@@ -21,6 +21,9 @@ class Deed:
     `success` is what the user reads when it is done; empty when the form says nothing. `steps` names the tables of the
     rows that it writes in their order when it is not one transaction; each of them may be the last that is there.
     `empty_first` is a table and a column of the single row that it writes: the row comes without it, and then it comes.
+    Of the steps so many are there when it is acknowledged, all unless told. `told_otherwise` is what the form is
+    required to say of a failure although it does not name it.
+    `may_miss` is a table whose refused rows are left out without a word, as is required.
     `typed` are the controls that must show the same when it has failed; `again` does it once more.
     """
 
@@ -34,16 +37,25 @@ class Deed:
     again: str = ""
     files: dict = field(default_factory=dict)
     empty_first: tuple = ()
+    acknowledged_steps: int = -1
+    told_otherwise: str = ""
+    may_miss: str = ""
 
-    def script(self, once_more=False):
-        lines = [self.opening, f'echo "{MARK}"', self.action, f'echo "{DONE}"']
-        if self.typed:
-            lines.append(f"print {self.typed}")
-        if once_more:
-            lines += [f'echo "{AGAIN}"', self.again or self.action]
-        lines.append(f'echo "{END}"')
+    def script(self):
+        return self.until_done() + self.ending()
+
+    def until_done(self):
+        shown = [f"print {self.typed}"] if self.typed else []
+        lines = [self.opening, f'echo "{BEFORE}"', *shown, f'echo "{MARK}"', self.action, f'echo "{DONE}"', *shown]
+        return "\n".join(lines + [f'echo "{TYPED_SHOWN}"']) + "\n"
+
+    def once_more(self):
+        return f'echo "{AGAIN}"\n{self.again or self.action}\n'
+
+    @staticmethod
+    def ending():
         # What a form asks on its way out: nothing is written any more.
-        return "\n".join(lines + ["answer no"] * 8) + "\n"
+        return f'echo "{END}"\n' + "answer no\n" * 8
 
     def data(self):
         return SCENARIOS / self.rows
@@ -81,6 +93,10 @@ press cmdfiltro"""
 
 ACCEPT = "answer yes\nanswer yes\nanswer yes\nanswer yes\npress XPButton1"
 
+# What the acceptance is required to say behind the order's row: no transaction is open any more, and undoing what is not
+# open is what fails last; a refused row of the sprocket has an error of its own.
+WORDS_OF_ACCEPTANCE = "No hay ninguna transacción abierta|Error definido por la aplicación"
+
 DEEDS = [
     Deed("save_new", "staffed_workshop.sql", PROPOSAL, "key F5", "Datos Grabados satisfactoriamente", typed=TYPED),
     Deed(
@@ -93,16 +109,17 @@ DEEDS = [
         WITH_LABOUR + "\npress cmdGrabarLinea\npress cmdSalir", "answer yes\nkey F6",
     ),
     Deed("delete", "staffed_workshop.sql", SAVED, "answer yes\nkey F9"),
+    # The labour form writes the sum into the proposal when it is closed.
     Deed(
-        "labour_line", "staffed_workshop.sql", WITH_LABOUR, f'press cmdGrabarLinea\necho "{WRITTEN}1"\npress cmdSalir',
-        steps=("MoDpi", "DPI"), again="try press cmdGrabarLinea\ntry press cmdSalir",
+        "labour_line", "staffed_workshop.sql", WITH_LABOUR, "press cmdGrabarLinea", steps=("MoDpi", "DPI"),
+        acknowledged_steps=1, typed="txtLinea(0) txtLinea(6)",
     ),
     Deed(
         "labour_line_deleted", "staffed_workshop.sql",
         WITH_LABOUR + "\npress cmdGrabarLinea\npress cmdSalir\nkey F1\nrow DataGrid1 0",
-        f'answer yes\npress cmdEliminarLinea\necho "{WRITTEN}1"\npress cmdSalir',
-        steps=("MoDpi", "DPI"), again="answer yes\ntry press cmdEliminarLinea\ntry press cmdSalir",
+        "answer yes\npress cmdEliminarLinea", steps=("MoDpi", "DPI"), acknowledged_steps=1,
     ),
+    Deed("labour_left", "staffed_workshop.sql", WITH_LABOUR + "\npress cmdGrabarLinea", "press cmdSalir", again="key F5"),
     Deed(
         "material_new", "values.sql",
         'open parametros\nkey F4\ntype Text1(1) "Disco ñ"\nkey ENTER\ntype Text1(2) "R-F114"\nkey ENTER\n'
@@ -133,7 +150,7 @@ DEEDS = [
     Deed(
         "document_added", "staffed_workshop.sql", SAVED + "\npress cmdDoc",
         f'file "{DOCUMENT}"\npress Toolbar1(FICHERO)', files=FILES,
-        empty_first=("dex", "Dex_Doc"),
+        empty_first=("dex", "Dex_Doc"), told_otherwise="Error añadiendo fichero",
     ),
     Deed(
         "document_deleted", "staffed_workshop.sql",
@@ -142,10 +159,10 @@ DEEDS = [
     ),
     Deed(
         "accept_sprocket", "accept_workshop.sql", ACCEPTED.format(number=1), ACCEPT, "Presupuesto Aceptado",
-        steps=("ORDEN", "DPI", "OrdPiñones", "Mat", "Mat", "RUT", "RUT", "RUT", "RUT"),
+        told_otherwise=WORDS_OF_ACCEPTANCE, may_miss="RUT", steps=("ORDEN", "DPI", "OrdPiñones", "Mat", "Mat", "RUT", "RUT", "RUT", "RUT"),
     ),
     Deed(
         "accept_rack", "accept_workshop.sql", ACCEPTED.format(number=4), ACCEPT, "Presupuesto Aceptado",
-        steps=("ORDEN", "DPI", "Mat", "RUT"),
+        told_otherwise=WORDS_OF_ACCEPTANCE, may_miss="RUT", steps=("ORDEN", "DPI", "Mat", "RUT"),
     ),
 ]

@@ -43,10 +43,22 @@ class Fault:
     error: int = 0
     until: str = ""
 
-    def environment(self, folder, mark, log):
+    def environment(self, player, mark):
         return {
-            "TRIAL_FOLDER": str(folder), "TRIAL_FAULT": self.kind, "TRIAL_AT": str(self.at), "TRIAL_MARK": mark,
-            "TRIAL_ERROR": str(self.error), "TRIAL_UNTIL": self.until, "TRIAL_LOG": str(log),
+            "LD_PRELOAD": str(player.trial.program("file_faults.so")), "TRIAL_FOLDER": str(player.place),
+            "TRIAL_FAULT": self.kind, "TRIAL_AT": str(self.at), "TRIAL_MARK": mark, "TRIAL_ERROR": str(self.error),
+            "TRIAL_UNTIL": self.until, "TRIAL_LOG": str(player.log()),
+        }
+
+
+@dataclass
+class StatementFault(Fault):
+    """What is done at one statement, see faulty_drive.cpp."""
+
+    def environment(self, player, mark):
+        return {
+            "TRIAL_STATEMENT": self.kind, "TRIAL_AT": str(self.at), "TRIAL_MARK": mark, "TRIAL_UNTIL": self.until,
+            "TRIAL_LOG": str(player.log()),
         }
 
 
@@ -66,11 +78,6 @@ class Outcome:
         start = lines.index(begin) + 1 if begin in lines else len(lines)
         stop = lines.index(end) if end in lines else len(lines)
         return lines[start:stop]
-
-    def written(self):
-        """How many steps the script has told that they are done."""
-        return max((int(line.removeprefix(deeds.WRITTEN)) for line in self.part() if line.startswith(deeds.WRITTEN)),
-                   default=0)
 
     def reached(self, mark):
         return mark in self.output.splitlines()
@@ -147,6 +154,10 @@ def without_column(state, table, column):
     return applied(state, table, (last, row))
 
 
+def without_rows(state, table):
+    return {name: rows for name, rows in state.items() if name != table}
+
+
 def states_between(before, after, deed):
     """Every state that the order of writes permits, the first and the last included."""
     if deed.empty_first:
@@ -169,10 +180,10 @@ def difference(state, reference):
 
 
 class Player:
-    def __init__(self, trial):
+    def __init__(self, trial, driver=None, fault=Fault):
         self.trial = trial
-        self.driver = trial.driver
-        self.library = trial.program("file_faults.so")
+        self.driver = driver or trial.driver
+        self.fault = fault
         self.templates = trial.folder / "templates"
         self.place = trial.folder / "place"
         self._references = {}
@@ -187,7 +198,7 @@ class Player:
         folder = self.place
         own = {"TMPDIR": str(folder), "SQLITE_TMPDIR": str(folder), "LC_ALL": "es_ES.UTF-8"}
         if fault:
-            own |= fault.environment(folder, mark, self.log()) | {"LD_PRELOAD": str(self.library)}
+            own |= fault.environment(self, mark)
         return os.environ | own
 
     def log(self):
@@ -233,18 +244,35 @@ class Player:
         for name, content in deed.files.items():
             (self.place / name).write_bytes(content)
 
-    def play(self, deed, fault=None, once_more=False):
+    def play(self, deed, fault=None):
         self.lay_out(deed)
-        return self.drive(deed.script(once_more), fault, deeds.MARK)
+        return self.drive(deed.script(), fault, deeds.MARK)
+
+    def cut_off(self, deed):
+        """The deed's preparation, killed before the deed begins."""
+        self.lay_out(deed)
+        arguments = [self.driver, "--db", self.place / DATABASE, "--now", NOW, "-"]
+        process = self.start(arguments)
+        process.stdin.write(f'{deed.opening}\necho "{deeds.MARK}"\n')
+        process.stdin.flush()
+        output = ""
+        for line in process.stdout:
+            output += line
+            if line.rstrip("\n") == deeds.MARK:
+                process.kill()
+        errors = process.stderr.read()
+        for stream in (process.stdin, process.stdout, process.stderr):
+            stream.close()
+        return Outcome(process.wait(), output, errors, [])
 
     def reference(self, deed):
         if deed.name not in self._references:
             self.lay_out(deed)
             # What a form writes when it is closed belongs to the deed.
-            opened = self.play(deed, Fault("kill-before"))
+            opened = self.cut_off(deed)
             opening = self.reopened()
             before = state_of(self.place)
-            outcome = self.play(deed, Fault("count"))
+            outcome = self.play(deed, self.fault("count"))
             after = state_of(self.place)
             if opening or not opened.killed() or outcome.status or before == after or not outcome.reached(deeds.END):
                 raise RuntimeError(f"{deed.name} does not run undisturbed: {opened.told()}{outcome.told()}")
@@ -281,17 +309,28 @@ class Player:
         if not self.trial.hold(not wrong, f"{what}: the database does not open whole", f"{wrong}\n{outcome.told()}"):
             return None
         state = state_of(self.place)
-        if self.is_acknowledged(deed, outcome):
-            self.trial.hold(state == reference.after, f"{what}: acknowledged, and not there",
-                            f"{difference(state, reference.after)}\n{outcome.told()}")
-        else:
-            permitted = states_between(reference.before, reference.after, deed)
-            self.trial.hold(state in permitted[outcome.written():], f"{what}: neither before nor behind a step",
-                            f"{difference(state, reference.before)}\n{outcome.told()}")
+        self.hold_rows(deed, outcome, state, what)
         if state != reference.after:
             lost = [name for name, content in deed.files.items() if not self.is_kept(name, content, reference.before)]
             self.trial.hold(not lost, f"{what}: a file that was attached is gone", f"{lost}\n{outcome.told()}")
         return state
+
+    def hold_rows(self, deed, outcome, state, what, refused=False):
+        """These rows are what the deed's order of writes permits, when something of it was refused or cut off. Gives
+        whether all is there that is acknowledged."""
+        reference = self.reference(deed)
+        permitted = states_between(reference.before, reference.after, deed)
+        if refused and deed.may_miss:
+            permitted = [without_rows(each, deed.may_miss) for each in permitted]
+            state = without_rows(state, deed.may_miss)
+        acknowledged = permitted[deed.acknowledged_steps:]
+        if self.is_acknowledged(deed, outcome):
+            self.trial.hold(state in acknowledged, f"{what}: acknowledged, and not there",
+                            f"{difference(state, reference.after)}\n{outcome.told()}")
+        else:
+            self.trial.hold(state in permitted, f"{what}: neither before nor behind a step",
+                            f"{difference(state, reference.before)}\n{outcome.told()}")
+        return state in acknowledged
 
     def is_kept(self, name, content, state):
         """On the disk, or among the documents before the deed."""

@@ -8,6 +8,7 @@
 #include <sqlite3.h>
 
 #include "velmora/adapters/sqlite/database.h"
+#include "velmora/adapters/sqlite/link.h"
 #include "velmora/adapters/tsql/refusals.h"
 
 namespace velmora::sqlite {
@@ -74,16 +75,59 @@ constexpr SystemFailure systemFailures[] = {
     {EIO, "El disco de la base de datos da errores de lectura o escritura."},
 };
 
-/// More than the engine says of these codes: what the system has said.
-std::string_view descriptionOf(const Failure& failure, sqlite3* database) {
-    if (database != nullptr && (failure.primaryCode == SQLITE_IOERR || failure.primaryCode == SQLITE_CANTOPEN)) {
-        const int number = sqlite3_system_errno(database);
-        const auto* known = std::ranges::find(systemFailures, number, &SystemFailure::number);
-        if (known != std::end(systemFailures)) {
-            return known->description;
+/// Its words; none for a number without.
+std::string_view wordsOf(int number) {
+    const auto* known = std::ranges::find(systemFailures, number, &SystemFailure::number);
+    return known == std::end(systemFailures) ? std::string_view() : known->description;
+}
+
+/// What the system answered to the last read, write or sync that it refused, of this file of the connection; 0:
+/// nothing.
+int lastErrorOf(sqlite3* database, std::string_view schema, int whichFile) {
+    sqlite3_file* file = nullptr;
+    const std::string name(schema);
+    if (sqlite3_file_control(database, name.c_str(), whichFile, static_cast<void*>(&file)) != SQLITE_OK ||
+        file == nullptr || file->pMethods == nullptr) {
+        return 0;
+    }
+    int number = 0;
+    file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &number);
+    return number;
+}
+
+/// The same of the first of its files that has one; what is written goes into the write-ahead files first.
+int lastErrorOf(sqlite3* database) {
+    for (const int whichFile : {SQLITE_FCNTL_JOURNAL_POINTER, SQLITE_FCNTL_FILE_POINTER}) {
+        for (const std::string_view schema : {mainSchema, documentsSchema}) {
+            if (const int number = lastErrorOf(database, schema, whichFile); number != 0) {
+                return number;
+            }
         }
     }
-    return failure.description;
+    return 0;
+}
+
+/// More than the engine says of these codes: what the system has said. The engine itself keeps it only for some steps
+/// of a statement, not for the writes of a commit.
+std::string_view systemWordsOf(int primaryCode, sqlite3* database) {
+    switch (primaryCode) {
+        case SQLITE_CANTOPEN:
+            return wordsOf(sqlite3_system_errno(database));
+        case SQLITE_IOERR: {
+            const std::string_view words = wordsOf(lastErrorOf(database));
+            return words.empty() ? wordsOf(sqlite3_system_errno(database)) : words;
+        }
+        case SQLITE_CORRUPT:  // also what the engine makes of a read that a broken disk refuses
+            return lastErrorOf(database) == EIO ? wordsOf(EIO) : std::string_view();
+        default:
+            return {};
+    }
+}
+
+std::string_view descriptionOf(const Failure& failure, sqlite3* database) {
+    const std::string_view words =
+        database == nullptr ? std::string_view() : systemWordsOf(failure.primaryCode, database);
+    return words.empty() ? failure.description : words;
 }
 
 /// Check constraints are named after what they check: "conversion:COLUMN", "longitud:COLUMN".
@@ -142,7 +186,11 @@ void throwEngineError(sqlite3* database, int code) {
     raise(provider::syntax, "La base de datos rechaza la instrucción: " + message, "42000", extended);
 }
 
-void throwMoved(const std::string& file) {
+void throwNotInPlace(const std::string& file, int systemError) {
+    const std::string_view words = wordsOf(systemError);
+    if (systemError != 0 && systemError != ENOENT && systemError != ENOTDIR && !words.empty()) {
+        raise(provider::failure, "No se ha grabado nada. " + std::string(words) + "\n" + file, "HY000", SQLITE_IOERR);
+    }
     raise(provider::failure,
           "No se ha grabado nada: el fichero de la base de datos se ha movido, borrado o sustituido mientras estaba "
           "abierto.\n" +

@@ -1,6 +1,7 @@
 #include "velmora/adapters/sqlite/link.h"
 
 #include <algorithm>
+#include <cerrno>
 
 #include <sqlite3.h>
 
@@ -103,9 +104,11 @@ bool Link::isAlive() {
 void Link::mustLieInPlace() {
     for (const std::string_view schema : {mainSchema, documentsSchema}) {
         int moved = 0;
+        errno = 0;  // the engine looks at the file, and counts one that it cannot look at as moved
         if (sqlite3_file_control(handle(), std::string(schema).c_str(), SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
             moved != 0) {
-            throwMoved(sqlite3_db_filename(handle(), std::string(schema).c_str()));
+            const int reason = errno;
+            throwNotInPlace(sqlite3_db_filename(handle(), std::string(schema).c_str()), reason);
         }
     }
 }
