@@ -85,6 +85,19 @@ TEST(CDbl, ReadsTextsOfAnyLength) {
     EXPECT_EQ(CDbl("1e-99999999999999999999999"), 0.0);
 }
 
+TEST(CDbl, ReadsTheNearestDoubleOfPlainDigits) {
+    std::uint64_t state = 1;
+    for (int i = 0; i < 20'000; ++i) {
+        state = state * 6364136223846793005U + 1442695040888963407U;
+        std::string text = (state & 64U) != 0 ? "-" : "";
+        text += CStr(static_cast<std::int64_t>(state >> 8U)).substr(0, 1 + state % 18);
+        text.insert(text.size() - (state >> 32U) % 8 % text.size(), ",");
+        std::string withPoint = text;
+        withPoint.replace(withPoint.find(','), 1, ".");
+        ASSERT_EQ(CDbl(text), test::goldenNumber(withPoint)) << text;
+    }
+}
+
 TEST(CDbl, FollowsTheLocaleItIsGiven) {
     constexpr Locale english{.decimal = '.', .thousands = ',', .currency = "£"};
     EXPECT_EQ(CDbl("£1,234.5", english), 1234.5);
@@ -269,6 +282,17 @@ TEST(Redondear, AgreesWithFormat) {
     for (int i = -20000; i <= 20000; ++i) {
         const double value = i * 0.0005;
         ASSERT_EQ(Redondear(value, 2), CDbl(Format(value, "0.00"))) << i;
+    }
+}
+
+TEST(Redondear, AgreesWithTheDigitsThatAreShown) {
+    constexpr double largest = 1e9;  // beyond it the mask shows more digits than a number has
+    for (const double value : manyNumbers()) {
+        if (std::abs(value) < largest) {
+            ASSERT_EQ(Redondear(value, 0), CDbl(Format(value, "0"))) << shortest(value);
+            ASSERT_EQ(Redondear(value, 2), CDbl(Format(value, "0.00"))) << shortest(value);
+            ASSERT_EQ(Redondear(value, 4), CDbl(Format(value, "0.0000"))) << shortest(value);
+        }
     }
 }
 

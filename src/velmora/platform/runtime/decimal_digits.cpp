@@ -1,6 +1,7 @@
 #include "velmora/platform/runtime/decimal_digits.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <system_error>
 
@@ -11,25 +12,23 @@ namespace velmora::runtime {
 
 namespace {
 
-/// A double between 1E-07 and 1E+15, the usual case, by exact scaling instead of a digit search.
+constexpr auto lowestWhole = static_cast<std::uint64_t>(exactPower(significantDigits - 1));
+
+/// A double of usual size, by exact scaling instead of a digit search.
 Decimal toDecimalByScaling(double value) {
-    const double size = std::abs(value);
-    // First estimate of the decimal exponent from the binary one, 0.301 digits per bit; it may be off by one.
+    auto [whole, exponent] = fifteenDigits(std::abs(value));
+    constexpr std::uint64_t half = 10'000'000;
+    if (whole % half == 0) {
+        whole /= half;
+    }
+    while (whole % 10 == 0) {
+        whole /= 10;
+    }
     Decimal result;
     result.negative = value < 0;
-    result.exponent = static_cast<int>(std::floor(std::ilogb(size) * 0.30103));
-    if (size * exactPower(significantDigits - 1 - result.exponent) >= exactPower(significantDigits)) {
-        ++result.exponent;
-    }
-    auto whole = static_cast<std::uint64_t>(Scaled(size, significantDigits - 1 - result.exponent).halfAway());
-    constexpr auto limit = static_cast<std::uint64_t>(exactPower(significantDigits));
-    if (whole == limit) {
-        whole /= 10;
-        ++result.exponent;
-    }
+    result.exponent = exponent;
     const char* const end = std::to_chars(result.digits.data(), result.digits.data() + result.digits.size(), whole).ptr;
     result.count = static_cast<int>(end - result.digits.data());
-    result.dropTrailingZeros();
     return result;
 }
 
@@ -59,6 +58,23 @@ Decimal toDecimalByExpansion(double value) {
 }
 
 }  // namespace
+
+FifteenDigits fifteenDigits(double size) {
+    // First estimate of the decimal exponent from the binary one, 0.301 digits per bit; it may be one too low.
+    constexpr int mantissaBits = 52;
+    constexpr int bias = 1023;
+    const int binary = static_cast<int>(std::bit_cast<std::uint64_t>(size) >> mantissaBits) - bias;
+    int exponent = (binary * 1233) >> 12;
+    if (size * exactPower(significantDigits - 1 - exponent) >= exactPower(significantDigits)) {
+        ++exponent;
+    }
+    auto whole = static_cast<std::uint64_t>(Scaled(size, significantDigits - 1 - exponent).halfAway());
+    if (whole == lowestWhole * 10) {
+        whole = lowestWhole;
+        ++exponent;
+    }
+    return {.whole = whole, .exponent = exponent};
+}
 
 void requireFinite(double value) {
     if (!std::isfinite(value)) {
@@ -93,8 +109,7 @@ Decimal toDecimal(double value) {
     if (value == 0) {
         return {};
     }
-    const double size = std::abs(value);
-    return size >= 1e-7 && size < 1e15 ? toDecimalByScaling(value) : toDecimalByExpansion(value);
+    return isOfUsualSize(std::abs(value)) ? toDecimalByScaling(value) : toDecimalByExpansion(value);
 }
 
 double toDouble(const Decimal& number) {

@@ -28,28 +28,44 @@ void requireFinite(double value);
 /// 2^52, where halves are representable.
 class Scaled {
   public:
-    Scaled(double value, int power) {
-        const double factor = exactPower(power);
-        const double product = value * factor;
-        lost_ = std::fma(value, factor, -product);
-        below_ = std::floor(product);
+    Scaled(double value, int power) : value_(value), factor_(exactPower(power)) {
+        const double product = value_ * factor_;
+        below_ = static_cast<double>(static_cast<std::int64_t>(product));
+        below_ -= below_ > product ? 1 : 0;
         rest_ = product - below_;
     }
 
     /// The nearest whole number, half to even; the rounding error decides only where the product looks like a half.
     double halfEven() const {
         const bool odd = (static_cast<std::int64_t>(below_) & 1) != 0;
-        return rest_ > 0.5 || (rest_ == 0.5 && (lost_ > 0 || (lost_ == 0 && odd))) ? below_ + 1 : below_;
+        return rest_ > 0.5 || (rest_ == 0.5 && (lost() > 0 || (lost() == 0 && odd))) ? below_ + 1 : below_;
     }
 
     /// The same for a non-negative number, half up.
-    double halfAway() const { return rest_ > 0.5 || (rest_ == 0.5 && lost_ >= 0) ? below_ + 1 : below_; }
+    double halfAway() const { return rest_ > 0.5 || (rest_ == 0.5 && lost() >= 0) ? below_ + 1 : below_; }
 
   private:
-    double lost_;
+    double lost() const { return std::fma(value_, factor_, -(value_ * factor_)); }
+
+    double value_;
+    double factor_;
     double below_;
     double rest_;
 };
+
+/// Fifteen digits of a positive number, rounded half up: `whole` × 10^(exponent - 14), 10^14 <= whole < 10^15.
+struct FifteenDigits {
+    std::uint64_t whole;
+    int exponent;
+};
+
+/// The usual sizes, whose fifteen digits come of one exact product.
+inline bool isOfUsualSize(double size) {
+    return size >= 1e-7 && size < 1e15;
+}
+
+/// Only for a number of usual size.
+FifteenDigits fifteenDigits(double size);
 
 /// A double as the language shows it: d.ddd × 10^exponent with at most 15 digits and no trailing zeros. Zero has no
 /// digits and no sign.

@@ -4,8 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 #include "velmora/platform/runtime/characters.h"
+#include "velmora/platform/runtime/decimal_digits.h"
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/plain_number.h"
 
@@ -185,9 +187,40 @@ class NumberReader {
     bool currency_ = false;
 };
 
+/// The usual text: a minus, up to fifteen digits and a decimal sign among them, nothing else. Digits and power are
+/// exact then, and their quotient is the nearest double.
+std::optional<double> readUsual(std::string_view text, char decimal) {
+    const bool negative = text.starts_with('-');
+    std::int64_t whole = 0;
+    int digits = 0;
+    int decimals = 0;
+    bool fraction = false;
+    for (const char c : text.substr(negative ? 1 : 0)) {
+        if (isDigit(c)) {
+            whole = whole * 10 + (c - '0');
+            decimals += fraction ? 1 : 0;
+            if (++digits > significantDigits) {
+                return std::nullopt;
+            }
+        } else if (c == decimal && !fraction) {
+            fraction = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (digits == 0) {
+        return std::nullopt;
+    }
+    const double value = static_cast<double>(whole) / exactPower(decimals);
+    return negative ? -value : value;
+}
+
 }  // namespace
 
 Reading readNumber(std::string_view text, const Locale& locale) {
+    if (const auto usual = readUsual(text, locale.decimal)) {
+        return {Outcome::number, *usual};
+    }
     return NumberReader(text, locale).read();
 }
 

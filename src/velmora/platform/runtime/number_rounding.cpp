@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 #include "velmora/platform/runtime/decimal_digits.h"
 #include "velmora/platform/runtime/errors.h"
@@ -14,6 +15,44 @@ namespace {
 
 // Doubles from here on are whole numbers.
 constexpr double twoTo52 = 4503599627370496.0;
+
+constexpr std::array<std::uint64_t, 16> wholePowers{1,
+                                                    10,
+                                                    100,
+                                                    1'000,
+                                                    10'000,
+                                                    100'000,
+                                                    1'000'000,
+                                                    10'000'000,
+                                                    100'000'000,
+                                                    1'000'000'000,
+                                                    10'000'000'000,
+                                                    100'000'000'000,
+                                                    1'000'000'000'000,
+                                                    10'000'000'000'000,
+                                                    100'000'000'000'000,
+                                                    1'000'000'000'000'000};
+
+/// `whole` × 10^-decimals, the nearest double: both operands are exact. For at most fifteen digits and 22 decimals.
+double withDecimals(std::uint64_t whole, int decimals) {
+    const auto number = static_cast<double>(whole);
+    return decimals >= 0 ? number / exactPower(decimals) : number * exactPower(-decimals);
+}
+
+/// Redondear of a positive number of usual size, without a digit written down.
+double roundUsual(double size, int decimals) {
+    const auto [whole, exponent] = fifteenDigits(size);
+    const int known = significantDigits - 1 - exponent;
+    if (known <= decimals) {
+        return withDecimals(whole, known);
+    }
+    const std::int64_t dropped = std::int64_t{known} - decimals;
+    if (dropped > significantDigits) {
+        return 0;
+    }
+    const std::uint64_t unit = wholePowers[static_cast<std::size_t>(dropped)];
+    return withDecimals((whole + unit / 2) / unit, decimals);
+}
 
 }  // namespace
 
@@ -40,6 +79,10 @@ double Round(double value, int decimals) {
 }
 
 double Redondear(double value, int decimals) {
+    if (isOfUsualSize(std::abs(value))) {
+        const double rounded = roundUsual(std::abs(value), decimals);
+        return value < 0 && rounded != 0 ? -rounded : rounded;
+    }
     Decimal number = toDecimal(value);
     roundAway(number, decimals);
     return toDouble(number);
