@@ -16,6 +16,7 @@ namespace velmora::test {
 
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -44,8 +45,9 @@ class PlannedStatements : public testing::Test, protected sqlite::Catalog {
     }
     std::string translated(const std::string& statement) { return sqlite::translate(statement, *this).steps.front(); }
     /// How the engine means to read the rows, a line for each table and each sort.
-    std::string plan(const std::string& statement) {
-        const auto explained = link_.prepare("EXPLAIN QUERY PLAN " + translated(statement));
+    std::string plan(const std::string& statement) { return planOf(translated(statement)); }
+    std::string planOf(const std::string& ofTheEngine) {
+        const auto explained = link_.prepare("EXPLAIN QUERY PLAN " + ofTheEngine);
         std::string lines;
         while (explained->step()) {
             lines += explained->value(3, tsql::Kind::text).toText() + "\n";
@@ -192,6 +194,25 @@ TEST_F(PlannedStatements, NothingIsSortedWhereRowsAreReadByTheKey) {
     run("CREATE INDEX IX_DPI ON DPI (Tipo, Nom)");
     EXPECT_THAT(plan("select * from DPI where Tipo = 3"), HasSubstr(sorted));
     EXPECT_THAT(plan("select * from DPI where Tipo = 3 order by Nom"), Not(HasSubstr(sorted)));
+}
+
+TEST_F(PlannedStatements, ALongSetHasTwoOtherWaysToItsFirstRows) {
+    run("CREATE TABLE DPI (Id int IDENTITY (1, 1) PRIMARY KEY, Fecha datetime, Cliente int, Nom nvarchar(20))");
+    run("CREATE INDEX IX_Fecha ON DPI (Fecha)");
+    run("CREATE INDEX IX_Cliente ON DPI (Cliente, Fecha)");
+    const auto made = sqlite::translate("select * from DPI where Cliente between 1 and 3 order by Fecha desc", *this);
+    EXPECT_THAT(planOf(made.steps.front()), HasSubstr(sorted));
+    EXPECT_THAT(planOf(made.walkStatement), AllOf(HasSubstr("USING INDEX DPI.IX_Fecha"), Not(HasSubstr(sorted))));
+    EXPECT_THAT(planOf(made.keysStatement), AllOf(HasSubstr("USING COVERING INDEX DPI.IX_Cliente"), HasSubstr(sorted)));
+    for (const char* statement :
+         {"select * from DPI order by Fecha", "select top 5 * from DPI where Cliente = 1 order by Fecha",
+          "select Cliente from DPI where Cliente = 1 group by Cliente order by Cliente",
+          "select a.Id from DPI a inner join DPI b on a.Id = b.Id where a.Cliente = 1 order by a.Fecha"}) {
+        EXPECT_THAT(sqlite::translate(statement, *this).walkStatement, IsEmpty()) << statement;
+    }
+    const auto byItem = sqlite::translate("select Fecha as f from DPI where Cliente = 1 order by f", *this);
+    EXPECT_THAT(byItem.keysStatement, IsEmpty());
+    EXPECT_THAT(byItem.walkStatement, Not(IsEmpty()));
 }
 
 TEST_F(PlannedStatements, TheOrderOfATableIsReadFromItsKeys) {

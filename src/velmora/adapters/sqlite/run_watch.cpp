@@ -39,6 +39,19 @@ bool RunWatch::mayGoOn() {
     }
 }
 
+StepLimit::StepLimit(Link& link, int steps) : link_(link) {
+    sqlite3_progress_handler(link_.handle(), steps, reach, this);
+}
+
+StepLimit::~StepLimit() {
+    sqlite3_progress_handler(link_.handle(), 0, nullptr, nullptr);
+}
+
+int StepLimit::reach(void* limit) {
+    static_cast<StepLimit*>(limit)->reached_ = true;
+    return 1;
+}
+
 void RunWatch::passOn() const {
     if (raised_) {
         std::rethrow_exception(raised_);

@@ -33,4 +33,21 @@ class RunWatch {
     std::exception_ptr raised_;
 };
 
+/// Ends what the link runs during its lifetime with an error when it takes more than so many of the engine's steps.
+class StepLimit {
+  public:
+    StepLimit(Link& link, int steps);
+    ~StepLimit();
+    StepLimit(const StepLimit&) = delete;
+    StepLimit& operator=(const StepLimit&) = delete;
+
+    bool wasReached() const { return reached_; }
+
+  private:
+    static int reach(void* limit);
+
+    Link& link_;
+    bool reached_ = false;
+};
+
 }  // namespace velmora::sqlite

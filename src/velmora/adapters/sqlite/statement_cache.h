@@ -21,11 +21,11 @@ struct CachedStatement {
     std::uint64_t id = nextId();  ///< by which a link knows its prepared form
     std::string text;
     Translation translation;
-    std::int64_t schemaVersion = 0;  ///< of the link, when it was translated
+    std::int64_t schemaVersion = 0;                      ///< of the link, when it was translated
+    std::shared_ptr<const CachedStatement> walking{};    ///< by Translation::walkStatement
+    std::shared_ptr<const CachedStatement> keysFirst{};  ///< by Translation::keysStatement
 
     bool runsAgain() const { return text.size() <= longestCachedText; }
-
-  private:
     static std::uint64_t nextId();
 };
 

@@ -17,13 +17,15 @@ Translation Emitter::statement(const StatementTree& tree) {
             Translation result;
             result.countStatement = "SELECT count(*) FROM (" + rows.sql.substr(0, rows.orderAt) + ")";
             if (!parsed->top) {
-                result.laterRowsStatement = rows.sql + " LIMIT -1 OFFSET ?1";
+                result.laterRowsStatement = rows.sql + laterRows;
             }
             for (Output& output : rows.outputs) {
                 result.columns.push_back({std::move(output.name)});
                 result.types.push_back(std::move(output.type));
             }
             result.steps.push_back(std::move(rows.sql));
+            result.walkStatement = std::move(rows.walkSql);
+            result.keysStatement = std::move(rows.keysSql);
             result.origin = emitter.origin(*parsed);
             return result;
         }

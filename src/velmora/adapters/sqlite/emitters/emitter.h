@@ -17,6 +17,8 @@ namespace velmora::sqlite {
 struct EmittedSelect {
     std::string sql;
     std::vector<Output> outputs;
+    std::string walkSql{};                    ///< Translation::walkStatement
+    std::string keysSql{};                    ///< Translation::keysStatement
     std::size_t orderAt = std::string::npos;  ///< where an ordering begins that does not decide which rows there are
 };
 

@@ -84,6 +84,44 @@ std::string orderByKeys(const Scope& scope) {
     return sql;
 }
 
+/// A condition that the engine only looks at row by row: it takes no index for a part of it.
+std::string asAWhole(const std::string& condition) {
+    return " WHERE (" + condition + " IS TRUE)";
+}
+
+/// True when the order names an item of the select by its place or its alias.
+bool isOrderedByItems(const Select& select, const Scope& scope) {
+    return std::ranges::any_of(select.orderBy, [&](const OrderItem& item) {
+        const Expression& key = *item.value;
+        return key.form == Form::whole || (key.form == Form::column && key.qualifier.empty() &&
+                                           aliasPosition(select, scope, foldName(key.text)) != 0);
+    });
+}
+
+struct SelectParts {
+    std::string head;
+    std::string from;
+    std::string where;
+    std::string order;
+};
+
+/// Translation::keysStatement. The engine keeps the order of a limited select that stands first in a cross join.
+std::string readByKeys(const Source& source, const SelectParts& parts) {
+    std::string keys;
+    std::string same;
+    for (const std::string& column : source.rowOrder) {
+        const std::string stored = quotedName(source.alias) + "." + quotedName(column);
+        keys += (keys.empty() ? "" : ", ") + stored + " AS " + quotedName(column);
+        same += (same.empty() ? "" : " AND ") + stored + " = \"keys of the set\"." + quotedName(column);
+    }
+    if (keys.empty()) {
+        return {};
+    }
+    const std::string table = parts.from.substr(joinText(Join::first).size());
+    return parts.head + " FROM (SELECT " + keys + parts.from + " WHERE " + parts.where + parts.order +
+           " LIMIT -1) AS \"keys of the set\" CROSS JOIN " + table + " ON (" + same + ")";
+}
+
 }  // namespace
 
 std::string Emitter::fromClause(const std::vector<FromItem>& items, Scope& scope) {
@@ -215,8 +253,10 @@ EmittedSelect Emitter::select(const Select& select, const Scope* outer, bool nam
     result.sql = select.distinct ? "SELECT DISTINCT" : "SELECT";
     result.outputs = addItems(select, scope, named, targets, result.sql);
     result.sql += from;
+    const std::string head = result.sql.substr(0, result.sql.size() - from.size());
+    const std::string where = select.where ? condition(*select.where, scope) : std::string();
     if (select.where) {
-        result.sql += " WHERE " + condition(*select.where, scope);
+        result.sql += " WHERE " + where;
     }
     for (std::size_t i = 0; i < select.groupBy.size(); ++i) {
         result.sql += (i == 0 ? " GROUP BY " : ", ") + collated(value(*select.groupBy[i], scope));
@@ -230,7 +270,16 @@ EmittedSelect Emitter::select(const Select& select, const Scope* outer, bool nam
     // without a key gives its rows as they were inserted. Inside another select only a TOP depends on an order.
     const bool orderMatters = (!outer && !named) || select.top;
     const bool byKeys = select.orderBy.empty() && orderMatters && givesRowsOfTables(select);
-    result.sql += byKeys ? orderByKeys(scope) : orderBy(select, scope, result.outputs);
+    const std::string order = byKeys ? orderByKeys(scope) : orderBy(select, scope, result.outputs);
+    result.sql += order;
+    const bool isOfOneTable = select.from.size() == 1 && !select.from.front().select && givesRowsOfTables(select);
+    if (isOfOneTable && !outer && !named && !select.top && !where.empty() && !order.empty()) {
+        result.walkSql = head + from + asAWhole(where) + order;
+        result.keysSql =
+            isOrderedByItems(select, scope)
+                ? std::string()
+                : readByKeys(scope.sources.front(), {.head = head, .from = from, .where = where, .order = order});
+    }
     if (select.top) {
         result.sql += " LIMIT " + select.top->text;
         result.orderAt = std::string::npos;

@@ -21,6 +21,9 @@ struct Origin {
     std::size_t key = 0;               ///< position of the table's key in the rows
 };
 
+/// Behind a statement whose rows are read from a 0-based position on.
+inline constexpr const char* laterRows = " LIMIT -1 OFFSET ?1";
+
 struct Translation {
     Answer answer = Answer::rows;
     /// In the engine's SQL, to run one after the other, all or none. Several only for changes of the schema.
@@ -29,7 +32,13 @@ struct Translation {
     std::vector<tsql::Type> types{};     ///< of the columns
     std::string countStatement{};        ///< answers how many rows there are, without putting them in order
     std::string laterRowsStatement{};    ///< the rows from a 0-based position on; empty when it has a TOP
-    std::optional<Origin> origin{};      ///< of rows that can be written through the set
+    /// The same rows, in an order that agrees with ORDER BY, read through an index of that order instead of one of the
+    /// condition; empty for what is not read from one table.
+    std::string walkStatement{};
+    /// The same rows in the same order: their keys alone are put in order, and each row is read by its key. Empty where
+    /// walkStatement is, and for a table without a key.
+    std::string keysStatement{};
+    std::optional<Origin> origin{};  ///< of rows that can be written through the set
 };
 
 /// Errors: DbError, provider::syntax, missingTable, conversion, truncation, constraint.
