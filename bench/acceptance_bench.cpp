@@ -11,7 +11,7 @@ namespace {
 constexpr int proposals = 20'000;
 
 struct Shop {
-    Workshop workshop{[](sql::Connection& connection) { addPendingProposals(connection, proposals); }};
+    Workshop workshop{0, [](sql::Connection& connection) { addPendingProposals(connection, proposals); }};
     AcceptingClerk clerk{workshop.session(), workshop.desk(), proposals};
 };
 

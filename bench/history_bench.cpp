@@ -10,7 +10,7 @@ namespace velmora::bench {
 namespace {
 
 Workshop& theWorkshop() {
-    static Workshop workshop(multiplyProposals);
+    static Workshop workshop(wantedProposals());
     return workshop;
 }
 

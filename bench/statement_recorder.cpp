@@ -62,13 +62,18 @@ struct Watch {
     bool incomplete = false;
 };
 
+/// Beginning and end of a set's snapshot, which cannot be repeated while another set holds one, and what the program
+/// asks for its own sake.
+bool isHousekeeping(std::string_view sql) {
+    return sql == "BEGIN" || sql == "END" || sql.starts_with("PRAGMA ");
+}
+
 void noteStart(Watch& watch, sqlite3_stmt* statement, const char* text) {
     // A trigger's statements are announced as comments; they run again with the statement itself.
     if (text != nullptr && text[0] == '-' && text[1] == '-') {
         return;
     }
-    // Beginning and end of a set's snapshot; cannot be repeated while another set holds one.
-    if (text != nullptr && (std::string_view(text) == "BEGIN" || std::string_view(text) == "END")) {
+    if (text != nullptr && isHousekeeping(text)) {
         return;
     }
     const std::unique_ptr<char, decltype(&sqlite3_free)> sql(sqlite3_expanded_sql(statement), &sqlite3_free);
@@ -77,7 +82,7 @@ void noteStart(Watch& watch, sqlite3_stmt* statement, const char* text) {
         return;
     }
     watch.running[statement] = watch.recording.size();
-    watch.recording.push_back({sqlite3_db_handle(statement), sql.get(), 0});
+    watch.recording.push_back({sqlite3_db_handle(statement), sql.get()});
 }
 
 int note(unsigned event, void* context, void* subject, void* text) {
@@ -86,9 +91,33 @@ int note(unsigned event, void* context, void* subject, void* text) {
     if (event == SQLITE_TRACE_STMT) {
         noteStart(watch, statement, static_cast<const char*>(text));
     } else if (const auto found = watch.running.find(statement); found != watch.running.end()) {
-        ++watch.recording[found->second].rows;
+        RecordedStatement& recorded = watch.recording[found->second];
+        if (event == SQLITE_TRACE_ROW) {
+            ++recorded.rows;
+        } else {
+            // A statement that is reset before its end is still busy when it is reported.
+            recorded.ended = sqlite3_stmt_busy(statement) == 0;
+            watch.running.erase(found);
+        }
     }
     return 0;
+}
+
+/// A question that was given up before its first row and then asked another way costs the program, not the bare client.
+void forgetGivenUp(Recording& recording) {
+    const auto question = [](const RecordedStatement& statement) {
+        return std::string_view(statement.sql).substr(0, statement.sql.find(" WHERE "));
+    };
+    for (std::size_t i = 0; i + 1 < recording.size();) {
+        const bool givenUp = recording[i].rows == 0 && recording[i + 1].rows > 0 &&
+                             question(recording[i]).starts_with("SELECT ") &&
+                             question(recording[i]) == question(recording[i + 1]);
+        if (givenUp) {
+            recording.erase(recording.begin() + static_cast<std::ptrdiff_t>(i));
+        } else {
+            ++i;
+        }
+    }
 }
 
 using Handle = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
@@ -106,11 +135,37 @@ Handle prepare(const RecordedStatement& recorded) {
     return Handle(statement, &sqlite3_finalize);
 }
 
-/// Fetches as many rows as recorded, and makes the final step that reports the end.
-void fetch(sqlite3_stmt* statement, std::int64_t rows) {
+/// Reads a column as its own type, as every client has to; nothing is copied or converted.
+void readColumn(sqlite3_stmt* statement, int column) {
+    switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_INTEGER:
+            sqlite3_column_int64(statement, column);
+            break;
+        case SQLITE_FLOAT:
+            sqlite3_column_double(statement, column);
+            break;
+        case SQLITE_TEXT:
+            sqlite3_column_text(statement, column);
+            sqlite3_column_bytes(statement, column);
+            break;
+        case SQLITE_BLOB:
+            sqlite3_column_blob(statement, column);
+            sqlite3_column_bytes(statement, column);
+            break;
+        default:
+            break;
+    }
+}
+
+/// Fetches as many rows as recorded, and makes the final step that reports the end when the program made it.
+void fetch(sqlite3_stmt* statement, std::int64_t rows, bool ended) {
     int result = SQLITE_ROW;
-    for (std::int64_t step = 0; result == SQLITE_ROW && step <= rows; ++step) {
+    const int columns = sqlite3_column_count(statement);
+    for (std::int64_t step = 0; result == SQLITE_ROW && step < rows + (ended ? 1 : 0); ++step) {
         result = sqlite3_step(statement);
+        for (int column = 0; result == SQLITE_ROW && column < columns; ++column) {
+            readColumn(statement, column);
+        }
     }
     if (result != SQLITE_ROW && result != SQLITE_DONE) {
         refuse(sqlite3_db_handle(statement), sqlite3_sql(statement));
@@ -136,7 +191,7 @@ Recording StatementRecorder::record(const std::function<void()>& work) {
             sqlite3_trace_v2(database, events, events != 0 ? &note : nullptr, &watch);
         }
     };
-    listen(SQLITE_TRACE_STMT | SQLITE_TRACE_ROW);
+    listen(SQLITE_TRACE_STMT | SQLITE_TRACE_ROW | SQLITE_TRACE_PROFILE);
     try {
         work();
     } catch (...) {
@@ -147,19 +202,13 @@ Recording StatementRecorder::record(const std::function<void()>& work) {
     if (watch.incomplete) {
         throw std::runtime_error("a statement was too long to be recorded");
     }
+    forgetGivenUp(watch.recording);
     return std::move(watch.recording);
-}
-
-void replay(const Recording& recording) {
-    for (const RecordedStatement& recorded : recording) {
-        const Handle statement = prepare(recorded);
-        fetch(statement.get(), recorded.rows);
-    }
 }
 
 PreparedRecording::PreparedRecording(const Recording& recording) {
     for (const RecordedStatement& recorded : recording) {
-        prepared_.push_back({prepare(recorded).release(), recorded.rows});
+        prepared_.push_back({prepare(recorded).release(), recorded.rows, recorded.ended});
     }
 }
 
@@ -171,7 +220,7 @@ PreparedRecording::~PreparedRecording() {
 
 void PreparedRecording::replay() {
     for (const Prepared& one : prepared_) {
-        fetch(one.statement, one.rows);
+        fetch(one.statement, one.rows, one.ended);
         sqlite3_reset(one.statement);
     }
 }

@@ -15,6 +15,7 @@ struct RecordedStatement {
     sqlite3* database = nullptr;
     std::string sql;        ///< SQLite's text, with the values inserted
     std::int64_t rows = 0;  ///< number of rows fetched
+    bool ended = false;     ///< the end of the rows was reached too
 };
 
 using Recording = std::vector<RecordedStatement>;
@@ -33,12 +34,9 @@ class StatementRecorder {
     Recording record(const std::function<void()>& work);
 };
 
-/// Prepares, steps and finalizes each statement, fetching as many rows as when it was recorded. Throws
-/// std::runtime_error for a statement that SQLite refuses, because a failing replay would be a fast one.
-void replay(const Recording& recording);
-
-/// The same statements, prepared once and only stepped and reset in a replay: the stricter comparison, for a program
-/// that caches prepared statements.
+/// What the bare interface takes for the same statements: prepared once, and in a replay stepped and reset. As many
+/// rows are fetched as when they were recorded, and every column of them is read. Throws std::runtime_error for a
+/// statement that SQLite refuses, because a failing replay would be a fast one.
 class PreparedRecording {
   public:
     explicit PreparedRecording(const Recording& recording);
@@ -52,6 +50,7 @@ class PreparedRecording {
     struct Prepared {
         sqlite3_stmt* statement;
         std::int64_t rows;
+        bool ended;
     };
     std::vector<Prepared> prepared_;
 };

@@ -31,7 +31,7 @@ constexpr double mostWriteAhead = 16;     // MiB
 constexpr std::size_t rowsBack = 20'000;  ///< number of rows walked back from the end
 
 struct Tracking {
-    Workshop workshop{multiplyProposals};
+    Workshop workshop{wantedProposals()};
     std::unique_ptr<frmSeguimiento> form = std::make_unique<frmSeguimiento>(workshop.session(), workshop.desk());
 };
 
@@ -105,6 +105,13 @@ void ofSeveralCustomers(benchmark::State& state) {
     });
 }
 
+void ofHalfTheCustomers(benchmark::State& state) {
+    filter(state, [](auto& f) {
+        f.txtCriterio(tracking::customerFrom).setText("1000");
+        f.txtCriterio(tracking::customerTo).setText("1999");
+    });
+}
+
 void pendingOfOneCustomer(benchmark::State& state) {
     filter(state, [](auto& f) {
         f.txtCriterio(tracking::customerFrom).setText("1002");
@@ -123,6 +130,13 @@ void byNumbers(benchmark::State& state) {
     filter(state, [](auto& f) {
         f.txtCriterio(tracking::numberFrom).setText("1");
         f.txtCriterio(tracking::numberTo).setText("1000");
+    });
+}
+
+void byManyNumbers(benchmark::State& state) {
+    filter(state, [](auto& f) {
+        f.txtCriterio(tracking::numberFrom).setText("1");
+        f.txtCriterio(tracking::numberTo).setText("1000000");
     });
 }
 
@@ -247,9 +261,11 @@ BENCHMARK(ofOneType)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(pendingOfOneType)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(ofOneCustomer)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(ofSeveralCustomers)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(ofHalfTheCustomers)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(pendingOfOneCustomer)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(sinceTheBeginning)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byNumbers)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(byManyNumbers)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byNumber)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byMeasures)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(byTypeAlone)->UseManualTime()->Unit(benchmark::kMillisecond);
