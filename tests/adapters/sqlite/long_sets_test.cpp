@@ -112,6 +112,16 @@ TEST_F(LongSets, GiveTheSameRowsFromAnyPosition) {
     }
 }
 
+TEST_F(LongSets, AreOpenedAgainAndAgainInTheSameWay) {
+    for (int time = 0; time < 50; ++time) {
+        ASSERT_EQ(of(0, 255)["Id"].toLong(), expected(0, 255).front());
+        ASSERT_EQ(asked_, 0) << time;
+        ASSERT_EQ(connection_->execute("SELECT * FROM T WHERE Cliente = 3 ORDER BY Fecha desc")["Id"].toLong(),
+                  expected(3, 3).front());
+        ASSERT_EQ(asked_, 0) << time;
+    }
+}
+
 TEST_F(LongSets, KeepTheirRowsInATransactionThatChangesThem) {
     connection_->beginTrans();
     sql::Recordset rows = of(0, 255);

@@ -205,19 +205,25 @@ std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> 
 /// index of that order, and stays so when the first rows are found soon; otherwise its keys alone are sorted. Rows that
 /// its order does not tell apart may then come in another order than in a smaller database; in one set it is always the
 /// same.
-Engine::Opening Engine::open(const std::shared_ptr<const CachedStatement>& cached) {
+Engine::Opening Engine::open(const std::shared_ptr<CachedStatement>& cached) {
     // getdate() must answer the same time in rows that are read again.
     const bool asksTheTime = cached->translation.steps.front().find("getdate()") != std::string::npos;
     const auto moment = asksTheTime ? std::optional(options_.clock()) : std::nullopt;
-    if (cached->walking) {
-        for (const auto& tried : {cached, cached->walking}) {
-            auto reader = std::make_unique<RowReader>(link(), tried, moment);
+    const auto readerOf = [&](const std::shared_ptr<const CachedStatement>& statement) {
+        return std::make_unique<RowReader>(link(), statement, moment);
+    };
+    const auto tried = [&](Way way) { return cached->walking && cached->way <= way; };
+    for (const Way way : {Way::asWritten, Way::walking}) {
+        if (tried(way)) {
+            auto reader = readerOf(way == Way::walking ? cached->walking : cached);
             if (auto rows = rowsWithin(*reader)) {
+                cached->way = way;
                 return {.reader = std::move(reader), .first = std::move(*rows)};
             }
         }
     }
-    auto reader = std::make_unique<RowReader>(link(), cached->keysFirst ? cached->keysFirst : cached, moment);
+    cached->way = cached->keysFirst ? Way::keysFirst : Way::asWritten;
+    auto reader = readerOf(cached->keysFirst ? cached->keysFirst : cached);
     auto rows = openingRowsOf(*reader);
     return {.reader = std::move(reader), .first = std::move(rows)};
 }

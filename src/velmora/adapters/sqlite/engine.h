@@ -55,7 +55,7 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     std::shared_ptr<CachedStatement> translated(std::string_view text);
     std::unique_ptr<sql::RowSource> rowsOf(std::shared_ptr<CachedStatement> cached);
     struct Opening;
-    Opening open(const std::shared_ptr<const CachedStatement>& cached);
+    Opening open(const std::shared_ptr<CachedStatement>& cached);
     std::vector<sql::Row> openingRowsOf(RowReader& reader);
     std::shared_ptr<OpenRows> keepOpen(std::unique_ptr<RowReader> reader);
     void runChange(const CachedStatement& cached);

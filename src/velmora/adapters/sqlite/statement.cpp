@@ -1,5 +1,7 @@
 #include "velmora/adapters/sqlite/statement.h"
 
+#include <string>
+
 #include <sqlite3.h>
 
 #include "velmora/adapters/sqlite/errors.h"
@@ -9,14 +11,14 @@ namespace velmora::sqlite {
 
 namespace {
 
-sql::Bytes bytesOf(sqlite3_stmt* statement, int column) {
-    const auto* first = static_cast<const std::byte*>(sqlite3_column_blob(statement, column));
-    return first ? sql::Bytes(first, first + sqlite3_column_bytes(statement, column)) : sql::Bytes();
+sql::Bytes bytesOf(sqlite3_value* value) {
+    const auto* first = static_cast<const std::byte*>(sqlite3_value_blob(value));
+    return first ? sql::Bytes(first, first + sqlite3_value_bytes(value)) : sql::Bytes();
 }
 
-std::string textOf(sqlite3_stmt* statement, int column) {
-    const auto* first = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return std::string(first, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+std::string_view textOf(sqlite3_value* value) {
+    const auto* first = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return {first, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 }  // namespace
@@ -77,13 +79,15 @@ bool Statement::step() {
 
 void Statement::reset() {
     sqlite3_reset(handle_.get());
+    sqlite3_stmt_status(handle_.get(), SQLITE_STMTSTATUS_VM_STEP, 1);  // StepLimit counts those of one run
 }
 
 sql::Value Statement::value(int column, tsql::Kind kind) const {
-    sqlite3_stmt* row = handle_.get();
-    switch (sqlite3_column_type(row, column)) {
+    // One look at the row for type and content: a link is used by one thread at a time.
+    sqlite3_value* const stored = sqlite3_column_value(handle_.get(), column);
+    switch (sqlite3_value_type(stored)) {
         case SQLITE_INTEGER: {
-            const std::int64_t whole = sqlite3_column_int64(row, column);
+            const std::int64_t whole = sqlite3_value_int64(stored);
             if (kind == tsql::Kind::bit) {
                 return whole != 0;
             }
@@ -93,18 +97,18 @@ sql::Value Statement::value(int column, tsql::Kind kind) const {
             return whole;
         }
         case SQLITE_FLOAT:
-            return sqlite3_column_double(row, column);
+            return sqlite3_value_double(stored);
         case SQLITE_TEXT: {
-            std::string text = textOf(row, column);
+            const std::string_view text = textOf(stored);
             if (kind == tsql::Kind::date) {
                 if (const auto date = tsql::dateFromIso(text)) {
                     return *date;
                 }
             }
-            return text;
+            return std::string(text);
         }
         case SQLITE_BLOB:
-            return bytesOf(row, column);
+            return bytesOf(stored);
         default:
             return {};
     }

@@ -16,7 +16,10 @@ namespace velmora::sqlite {
 /// Texts longer than this carry a document's content and are not run twice.
 inline constexpr std::size_t longestCachedText = std::size_t{16} * 1024;
 
-/// A translated statement. Once made it is not changed: sets on other threads read by it.
+/// How the rows of a set are read.
+enum class Way { asWritten, walking, keysFirst };
+
+/// A translated statement. Once made it is not changed but for `way`: sets on other threads read by it.
 struct CachedStatement {
     std::uint64_t id = nextId();  ///< by which a link knows its prepared form
     std::string text;
@@ -24,6 +27,9 @@ struct CachedStatement {
     std::int64_t schemaVersion = 0;                      ///< of the link, when it was translated
     std::shared_ptr<const CachedStatement> walking{};    ///< by Translation::walkStatement
     std::shared_ptr<const CachedStatement> keysFirst{};  ///< by Translation::keysStatement
+
+    Way way =
+        Way::asWritten;  ///< that found the first rows the last time; read and changed by the engine's thread only
 
     bool runsAgain() const { return text.size() <= longestCachedText; }
     static std::uint64_t nextId();
