@@ -34,6 +34,17 @@ class EffectiveStateTest : public ::testing::Test {
     Sketch sketch{form, "sketch"};
 };
 
+TEST_F(EffectiveStateTest, AWarningIsSeenWhereSomethingCanBeEntered) {
+    EXPECT_FALSE(looksWarned(box));
+    box.setWarning("Sin precio");
+    EXPECT_TRUE(looksWarned(box));
+    inner.setEnabled(false);
+    EXPECT_FALSE(looksWarned(box));
+    inner.setEnabled(true);
+    box.setWarning("");
+    EXPECT_FALSE(looksWarned(box));
+}
+
 TEST_F(EffectiveStateTest, LooksEnabledFollowsTheFramesAndNotTheForm) {
     EXPECT_TRUE(looksEnabled(box));
     form.setEnabled(false);

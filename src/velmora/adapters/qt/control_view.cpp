@@ -27,6 +27,7 @@ void ControlView::update(screen::Property property) {
     switch (property) {
         case screen::Property::enabled:
             widget().setEnabled(toolkit::looksEnabled(control_));
+            setWarns(focusTarget(), toolkit::looksWarned(control_));
             updateColors();
             break;
         case screen::Property::visible:
@@ -36,7 +37,7 @@ void ControlView::update(screen::Property property) {
             widget().setToolTip(toQt(control_.toolTip()));
             break;
         case screen::Property::warning:
-            setWarns(focusTarget(), !control_.warning().empty());
+            setWarns(focusTarget(), toolkit::looksWarned(control_));
             break;
         case screen::Property::backColor:
         case screen::Property::foreColor:
@@ -48,8 +49,7 @@ void ControlView::update(screen::Property property) {
 }
 
 void ControlView::updateAll() {
-    for (const auto property :
-         {screen::Property::enabled, screen::Property::visible, screen::Property::toolTip, screen::Property::warning}) {
+    for (const auto property : {screen::Property::enabled, screen::Property::visible, screen::Property::toolTip}) {
         ControlView::update(property);
     }
 }

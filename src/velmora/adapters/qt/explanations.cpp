@@ -6,34 +6,31 @@
 #include <string>
 
 #include "velmora/adapters/qt/text.h"
+#include "velmora/platform/toolkit/tool_tip_text.h"
 
 namespace velmora::qt {
 
 namespace {
 
 /// An error cannot be shown in a tool tip: it is reported after the event, and the plain tool tip is shown.
-std::string explanationOf(ViewHost& host, const screen::Control& control) {
+std::string toolTipOf(ViewHost& host, const screen::Control& control) {
     try {
-        return control.explanation ? control.explanation() : std::string();
+        return toolkit::toolTipTextOf(control);
     } catch (...) {
         host.reportLater(std::current_exception());
-        return {};
+        return control.toolTip();
     }
 }
 
 }  // namespace
 
 bool showExplanation(ViewHost& host, const screen::Control& control, const QHelpEvent& event, QWidget& widget) {
-    const std::string explanation = explanationOf(host, control);
-    if (control.warning().empty() && explanation.empty()) {
+    const std::string text = toolTipOf(host, control);
+    if (text == control.toolTip()) {
         return false;
     }
-    const std::string& rest = explanation.empty() ? control.toolTip() : explanation;
-    const std::string between = control.warning().empty() || rest.empty() ? "" : "\n";
-    QToolTip::showText(
-        event.globalPos(),
-        toQt(control.warning() + between + rest).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")),
-        &widget);
+    QToolTip::showText(event.globalPos(), toQt(text).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")),
+                       &widget);
     return true;
 }
 

@@ -43,10 +43,7 @@ QString FieldEdit::paintedText() const {
         return text();
     }
     const auto advance = [this](const std::string& part) { return fontMetrics().horizontalAdvance(toQt(part)); };
-    const int room = textRoom().width();
-    const std::string padded = toolkit::paintedNumber(present, decimals_);
-    // Zeros that have no room are left out before the number is given up.
-    return toQt(advance(padded) <= room ? padded : toolkit::fittedNumber(present, room, advance));
+    return toQt(toolkit::paintedInField(present, decimals_, textRoom().width(), advance));
 }
 
 void FieldEdit::paintEvent(QPaintEvent* event) {

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "velmora/adapters/qt/form_window.h"
-#include "velmora/adapters/qt/keys_form.h"
 #include "velmora/adapters/qt/message_dialog.h"
 #include "velmora/adapters/qt/progress_window.h"
 #include "velmora/adapters/qt/search_dialog.h"
@@ -14,6 +13,7 @@
 #include "velmora/adapters/qt/theme.h"
 #include "velmora/adapters/qt/window_memory.h"
 #include "velmora/platform/toolkit/error_box.h"
+#include "velmora/platform/toolkit/keys_form.h"
 
 namespace velmora::qt {
 
@@ -157,8 +157,8 @@ void QtScreen::actionEnded() {
 }
 
 void QtScreen::showKeys(const screen::Form& form) {
-    if (dynamic_cast<const KeysForm*>(&form) == nullptr) {
-        KeysForm keys(form);
+    if (dynamic_cast<const toolkit::KeysForm*>(&form) == nullptr) {
+        toolkit::KeysForm keys(form);
         showModal(keys);
     }
 }

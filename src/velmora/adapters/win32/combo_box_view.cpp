@@ -97,6 +97,10 @@ void ComboBoxView::update(screen::Property property) {
                 bringChoice();
             }
             break;
+        case screen::Property::warning:
+            ControlView::update(property);
+            InvalidateRect(list_, nullptr, TRUE);
+            break;
         case screen::Property::enabled:
             ControlView::update(property);
             if (edit_ != nullptr) {
@@ -267,11 +271,10 @@ void ComboBoxView::paint() const {
     }
     {
         const Box area = clientBox(list_);
-        const bool focused = host().hasFocus(box_) && looksEnabled();
+        const FieldBorder border = borderOf(box_, host().hasFocus(box_) && looksEnabled());
         Canvas canvas(target, area);
         canvas.fill(area, surroundings());
-        canvas.frame(area, focused ? style::focusBorder : style::border, (focused ? 2 : 1) * theme().scale(), ground(),
-                     listRadius * theme().scale());
+        canvas.frame(area, border.color, border.width * theme().scale(), ground(), listRadius * theme().scale());
         const int room = theme().scaled(chevronRoom);
         canvas.chevron({.left = area.width - room, .width = room, .height = area.height},
                        looksEnabled() ? style::caption : style::border, theme().scale());

@@ -2,6 +2,7 @@
 
 #include "velmora/adapters/win32/accessible_name.h"
 #include "velmora/adapters/win32/text.h"
+#include "velmora/platform/toolkit/tool_tip_text.h"
 
 namespace velmora::win32 {
 
@@ -17,9 +18,11 @@ void ControlView::update(screen::Property property) {
             updateVisible();
             break;
         case screen::Property::toolTip:
-            for (const HWND window : windows()) {
-                host().setToolTip(window, toWide(control_.toolTip()));
-            }
+            host().forgetToolTip();
+            break;
+        case screen::Property::warning:
+            host().forgetToolTip();
+            repaint();
             break;
         case screen::Property::backColor:
         case screen::Property::foreColor:
@@ -31,9 +34,13 @@ void ControlView::update(screen::Property property) {
 }
 
 void ControlView::updateAll() {
-    for (const auto property : {screen::Property::enabled, screen::Property::visible, screen::Property::toolTip}) {
+    for (const auto property : {screen::Property::enabled, screen::Property::visible}) {
         ControlView::update(property);
     }
+}
+
+std::wstring ControlView::toolTip() const {
+    return toWide(toolkit::toolTipTextOf(control_));
 }
 
 void ControlView::updateVisible() {

@@ -36,6 +36,8 @@ class ControlView : public Part {
     virtual bool actsOnClick() const { return false; }
     /// After a mouse press has moved the focus here. True discards the press.
     virtual bool pressed() { return false; }
+    /// What is told beside the mouse. Errors: those of the control's explanation.
+    virtual std::wstring toolTip() const;
     /// Identifies the target of a mouse press where the view shows several: when moving the focus changes what is under
     /// the mouse, the press is not carried out.
     virtual std::wstring aimOf(POINT /*press*/) const { return {}; }

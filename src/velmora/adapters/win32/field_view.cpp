@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "velmora/adapters/win32/text.h"
+#include "velmora/platform/toolkit/painted_number.h"
 #include "velmora/platform/toolkit/raised_flag.h"
 
 namespace velmora::win32 {
@@ -49,6 +50,14 @@ style::Rgb groundColor(const screen::Control& control, screen::Role role, style:
     return behind;
 }
 
+FieldBorder borderOf(const screen::Control& control, bool focused) {
+    if (toolkit::looksWarned(control)) {
+        return {.color = style::warningBorder, .width = 2};
+    }
+    return focused ? FieldBorder{.color = style::focusBorder, .width = 2}
+                   : FieldBorder{.color = style::border, .width = 1};
+}
+
 FieldView::FieldView(ViewHost& host, screen::TextBox& box, const screen::Layout& layout)
     : ControlView(host, box),
       box_(box),
@@ -57,7 +66,8 @@ FieldView::FieldView(ViewHost& host, screen::TextBox& box, const screen::Layout&
       lines_(std::max(layout.lines, 1)),
       stretched_(box.multiLine() && layout.stretch > 0),
       severalLines_(box.multiLine()),
-      right_(layout.right) {
+      right_(layout.right),
+      decimals_(layout.decimals) {
     const DWORD kind = severalLines_ ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN : ES_AUTOHSCROLL;
     edit_ = createControl(L"EDIT", {}, kind | (right_ ? ES_RIGHT : ES_LEFT), host.page());
     SendMessageW(edit_, EM_LIMITTEXT, 0, 0);
@@ -108,9 +118,9 @@ void FieldView::placed() {
 }
 
 void FieldView::draw(Canvas& canvas) {
-    const bool focused = host().hasFocus(box_) && looksEnabled();
-    canvas.frame(box(), focused ? style::focusBorder : style::border, (focused ? 2 : 1) * theme().scale(),
-                 groundColor(box_, role(), surroundings()), fieldRadius * theme().scale());
+    const FieldBorder border = borderOf(box_, host().hasFocus(box_) && looksEnabled());
+    canvas.frame(box(), border.color, border.width * theme().scale(), groundColor(box_, role(), surroundings()),
+                 fieldRadius * theme().scale());
 }
 
 HBRUSH FieldView::colors(HDC dc) {
@@ -260,8 +270,8 @@ std::optional<LRESULT> FieldView::message(HWND, UINT message, WPARAM word, LPARA
             }
             break;
         case WM_PAINT:
-            if (!IsWindowEnabled(edit_)) {
-                paintDisabled();
+            if (!IsWindowEnabled(edit_) || (GetFocus() != edit_ && paintedText() != textOf(edit_))) {
+                paint();
                 return 0;
             }
             break;
@@ -273,8 +283,23 @@ std::optional<LRESULT> FieldView::message(HWND, UINT message, WPARAM word, LPARA
     return std::nullopt;
 }
 
-// The system draws disabled fields in a grey of its own, which is hard to read and hides the meaning of the ground.
-void FieldView::paintDisabled() const {
+std::wstring FieldView::paintedText() const {
+    const std::wstring present = textOf(edit_);
+    if (!right_ || severalLines_ || toolkit::decimalsOf(fromWide(present)) < 0) {
+        return present;
+    }
+    const auto advance = [this](const std::string& part) { return theme().textWidth(font(), toWide(part)); };
+    return toWide(toolkit::paintedInField(fromWide(present), decimals_, clientBox(edit_).width, advance));
+}
+
+std::wstring FieldView::toolTip() const {
+    const std::wstring painted = paintedText();
+    return painted.starts_with(L'#') ? textOf(edit_) : ControlView::toolTip();
+}
+
+// The system draws disabled fields in a grey of its own, which is hard to read and hides the meaning of the ground, and
+// knows neither the decimals of a number nor what becomes of one that has no room.
+void FieldView::paint() const {
     PAINTSTRUCT job;
     HDC target = BeginPaint(edit_, &job);
     {
@@ -282,7 +307,7 @@ void FieldView::paintDisabled() const {
         Canvas canvas(target, area);
         canvas.fill(area, groundColor(box_, role(), surroundings()));
         const UINT lines = severalLines_ ? DT_WORDBREAK | DT_EDITCONTROL : DT_SINGLELINE | DT_VCENTER;
-        canvas.text(area, textOf(edit_), font(), rgbOf(box_.foreColor()),
+        canvas.text(area, paintedText(), font(), rgbOf(box_.foreColor()),
                     lines | DT_NOPREFIX | (right_ ? DT_RIGHT : DT_LEFT));
     }
     EndPaint(edit_, &job);

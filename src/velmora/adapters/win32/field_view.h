@@ -12,6 +12,13 @@ namespace velmora::win32 {
 /// The ground of a field, as 0xRRGGBB; `behind` where it has none of its own.
 style::Rgb groundColor(const screen::Control& control, screen::Role role, style::Rgb behind);
 
+struct FieldBorder {
+    style::Rgb color;
+    int width;  ///< pixels at 100 %
+};
+/// Amber while the field has a warning, else that of the focus or the plain one.
+FieldBorder borderOf(const screen::Control& control, bool focused);
+
 class FieldView : public ControlView, protected toolkit::TextEditor {
   public:
     FieldView(ViewHost& host, screen::TextBox& box, const screen::Layout& layout);
@@ -29,10 +36,14 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     bool key(const KeyStroke& stroke) override;
     bool pressed() override;
     std::optional<LRESULT> message(HWND window, UINT message, WPARAM word, LPARAM value) override;
+    std::wstring toolTip() const override;
     void command(UINT code) override;
     HBRUSH colors(HDC dc) override;
     void focusGained() override;
     void focusLeft() override;
+
+    /// The text as it stands in the field while it has no focus.
+    std::wstring paintedText() const;
 
   protected:
     void insert(char32_t character) override;
@@ -50,7 +61,7 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     /// What the field takes of a text that was not typed; it is written in place of the selection.
     void insertFiltered(const std::string& text);
     void showScrollBar() const;
-    void paintDisabled() const;
+    void paint() const;
     Box inner() const;
 
     screen::TextBox& box_;
@@ -60,6 +71,7 @@ class FieldView : public ControlView, protected toolkit::TextEditor {
     bool stretched_;
     bool severalLines_;
     bool right_;
+    int decimals_;
     HWND edit_;
     bool fromModel_ = false;
     bool filtered_ = false;  ///< what the window receives now has passed the filter

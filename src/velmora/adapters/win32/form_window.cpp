@@ -3,21 +3,19 @@
 #include <algorithm>
 #include <utility>
 
-#include <commctrl.h>
-
 #include "velmora/adapters/win32/combo_box_view.h"
 #include "velmora/adapters/win32/frame_view.h"
 #include "velmora/adapters/win32/message_loop.h"
 #include "velmora/adapters/win32/module.h"
+#include "velmora/adapters/win32/page_scroller.h"
 #include "velmora/adapters/win32/sketch_view.h"
+#include "velmora/adapters/win32/status_strip.h"
 #include "velmora/adapters/win32/text.h"
-#include "velmora/adapters/win32/toolbar_view.h"
+#include "velmora/adapters/win32/tool_tips.h"
 #include "velmora/adapters/win32/win32_screen.h"
 #include "velmora/adapters/win32/window_places.h"
 #include "velmora/platform/toolkit/effective_state.h"
-#include "velmora/platform/toolkit/key_routing.h"
 #include "velmora/platform/toolkit/layout_nature.h"
-#include "velmora/platform/toolkit/mnemonics.h"
 
 namespace velmora::win32 {
 
@@ -27,21 +25,9 @@ constexpr int workingWidth = 1280;
 constexpr int workingHeight = 800;
 constexpr int titleBarRoom = 32;
 constexpr int scrollStep = 24;
+constexpr int linesOfWheel = 3;  ///< scrolled by a notch of the wheel
+constexpr int toolTipWidth = 600;
 constexpr UINT workWaits = WM_APP + 1;
-
-bool isPress(UINT message) {
-    switch (message) {
-        case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
-        case WM_RBUTTONDOWN:
-        case WM_RBUTTONDBLCLK:
-        case WM_MBUTTONDOWN:
-        case WM_MBUTTONDBLCLK:
-            return true;
-        default:
-            return false;
-    }
-}
 
 }  // namespace
 
@@ -49,7 +35,7 @@ bool isPress(UINT message) {
 class FormWindow::Page : public NativeWindow {
   public:
     Page(FormWindow& form, HWND parent) : form_(form) {
-        create({}, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, parent, {});
+        create({}, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, parent, {});
     }
 
   protected:
@@ -66,9 +52,12 @@ FormWindow::FormWindow(Win32Screen& screen, screen::Form& form, HWND owner, int 
     : screen_(screen), form_(form), actions_(form, *this) {
     create(toWide(form.caption()), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0, owner, {});
     theme_ = std::make_unique<Theme>(dpi != 0 ? dpi : dpiOf(handle()));
+    status_ = std::make_unique<StatusStrip>(handle(), *theme_);
     page_ = std::make_unique<Page>(*this, handle());
+    scroller_ = std::make_unique<PageScroller>(handle(), page_->handle());
     build();
     form_.addObserver(*this);
+    showStatus();
 }
 
 FormWindow::~FormWindow() {
@@ -83,12 +72,7 @@ HWND FormWindow::page() const {
 }
 
 void FormWindow::build() {
-    {
-        const CreationScope scope;
-        toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0,
-                                    0, 0, 0, handle(), nullptr, ownModule(), nullptr);
-    }
-    SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, theme_->scaled(600));
+    toolTips_ = std::make_unique<ToolTips>(handle(), page(), theme_->scaled(toolTipWidth));
     LayoutBuilder builder(*this);
     const toolkit::Distances& distances = *this;
     places_ = std::make_unique<toolkit::LayoutPlaces>(toolkit::planOf(form_.layout()), builder, distances);
@@ -134,7 +118,7 @@ SIZE FormWindow::openingSize() {
     const Box room = workArea(handle());
     const toolkit::Needs needs = places_->measure();
     const int edges = 2 * theme_->scaled(style::group);
-    SIZE size{needs.width.natural + edges, needs.height.natural + edges};
+    SIZE size{needs.width.natural + edges, needs.height.natural + edges + status_->height()};
     const LONG width = theme_->scaled(workingWidth);
     const LONG height = theme_->scaled(workingHeight);
     if (toolkit::growsDownward(form_.layout()) && size.cy > height * 3 / 4) {
@@ -194,77 +178,14 @@ void FormWindow::arrange() {
     dirty_ = false;
     const int edge = theme_->scaled(style::group);
     const toolkit::Needs needs = places_->measure();
-    const SIZE least{needs.width.least + 2 * edge, needs.height.least + 2 * edge};
-    scrollBars(clientBox(handle()), least);
-    const Box room = clientBox(handle());
-    const SIZE size{std::max<LONG>(room.width, least.cx), std::max<LONG>(room.height, least.cy)};
-    moveTo(page_->handle(), {.left = -scrolled_.x, .top = -scrolled_.y, .width = size.cx, .height = size.cy});
-    places_->place({.left = edge, .top = edge, .width = size.cx - 2 * edge, .height = size.cy - 2 * edge});
+    scroller_->setFooter(status_->height());
+    scroller_->placePage({needs.width.least + 2 * edge, needs.height.least + 2 * edge});
+    const Box seen = clientBox(handle());
+    moveTo(status_->handle(),
+           {.top = std::max(seen.height - status_->height(), 0), .width = seen.width, .height = status_->height()});
+    const Box size = clientBox(page_->handle());
+    places_->place({.left = edge, .top = edge, .width = size.width - 2 * edge, .height = size.height - 2 * edge});
     arranging_ = false;
-}
-
-/// Shows a bar where the window is smaller than the form needs.
-void FormWindow::scrollBars(const Box& room, SIZE needed) {
-    const auto bar = [&](int which, LONG need, LONG has, LONG& position) {
-        SCROLLINFO info{};
-        info.cbSize = sizeof info;
-        info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-        info.nMax = need > has ? need - 1 : 0;
-        info.nPage = static_cast<UINT>(need > has ? has : 1);
-        position = std::clamp<LONG>(position, 0, std::max<LONG>(need - has, 0));
-        info.nPos = position;
-        SetScrollInfo(handle(), which, &info, TRUE);
-    };
-    bar(SB_VERT, needed.cy, room.height, scrolled_.y);
-    const Box left = clientBox(handle());
-    bar(SB_HORZ, needed.cx, left.width, scrolled_.x);
-    const Box rest = clientBox(handle());
-    if (rest.height != room.height) {
-        bar(SB_VERT, needed.cy, rest.height, scrolled_.y);
-    }
-}
-
-void FormWindow::scrollTo(int x, int y) {
-    const Box room = clientBox(handle());
-    const Box page = clientBox(page_->handle());
-    const POINT wanted{std::clamp(x, 0, std::max(page.width - room.width, 0)),
-                       std::clamp(y, 0, std::max(page.height - room.height, 0))};
-    if (wanted.x == scrolled_.x && wanted.y == scrolled_.y) {
-        return;
-    }
-    scrolled_ = wanted;
-    SetScrollPos(handle(), SB_HORZ, scrolled_.x, TRUE);
-    SetScrollPos(handle(), SB_VERT, scrolled_.y, TRUE);
-    moveTo(page_->handle(), {.left = -scrolled_.x, .top = -scrolled_.y, .width = page.width, .height = page.height});
-}
-
-void FormWindow::scrollBy(int bar, WPARAM request) {
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_ALL;
-    GetScrollInfo(handle(), bar, &info);
-    int position = info.nPos;
-    switch (LOWORD(request)) {
-        case SB_LINEUP:
-            position -= theme_->scaled(scrollStep);
-            break;
-        case SB_LINEDOWN:
-            position += theme_->scaled(scrollStep);
-            break;
-        case SB_PAGEUP:
-            position -= static_cast<int>(info.nPage);
-            break;
-        case SB_PAGEDOWN:
-            position += static_cast<int>(info.nPage);
-            break;
-        case SB_THUMBPOSITION:
-        case SB_THUMBTRACK:
-            position = info.nTrackPos;
-            break;
-        default:
-            return;
-    }
-    bar == SB_VERT ? scrollTo(scrolled_.x, position) : scrollTo(position, scrolled_.y);
 }
 
 /// Scrolls the control with the focus into view.
@@ -272,19 +193,12 @@ void FormWindow::showFocused() {
     if (focused_ == nullptr) {
         return;
     }
-    const Box room = clientBox(handle());
-    const Box& box = focused_->box();
-    const int edge = theme_->scaled(style::group);
-    const auto bring = [edge](int from, int to, int has, LONG now) {
-        const int shown = std::max(static_cast<int>(now), to + edge - has);
-        return std::min(shown, from - edge);
-    };
-    scrollTo(bring(box.left, box.right(), room.width, scrolled_.x),
-             bring(box.top, box.bottom(), room.height, scrolled_.y));
+    scroller_->bringIntoView(focused_->box(), theme_->scaled(style::group));
 }
 
 void FormWindow::useDpi(int dpi, const RECT& wanted) {
     theme_ = std::make_unique<Theme>(dpi);
+    status_->useTheme(*theme_);
     for (const auto& part : parts_) {
         part->useTheme();
     }
@@ -305,6 +219,10 @@ void FormWindow::controlChanged(screen::Control& control, screen::Property prope
         for (ControlView* view : further->second) {
             view->update(property);
         }
+    }
+    const bool toldByStatus = property == screen::Property::hint || property == screen::Property::warning;
+    if (toldByStatus && &control == form_.activeControl()) {
+        showStatus();
     }
     if (const auto sketches = sketchesByLabel_.find(&control); sketches != sketchesByLabel_.end()) {
         for (SketchView* sketch : sketches->second) {
@@ -346,6 +264,24 @@ void FormWindow::focusMoved(screen::Control* control) {
     if (next != nullptr) {
         next->focusGained();
     }
+    showStatus();
+}
+
+// What is under way is painted at once: the program may be waiting without handling messages.
+void FormWindow::statusChanged() {
+    showStatus();
+    if (!form_.status().work().empty()) {
+        UpdateWindow(status_->handle());
+    }
+}
+
+// The state is asked of the form, which may read the database: an error is shown like that of any other event.
+void FormWindow::showStatus() {
+    try {
+        status_->show(toolkit::statusTextOf(form_));
+    } catch (...) {
+        reportLater(std::current_exception());
+    }
 }
 
 // --- Actions of the user --------------------------------------------------------------------------------------
@@ -359,6 +295,7 @@ void FormWindow::feed(const std::function<void()>& action) {
     actions_.run(action);
     --actionsUnderWay_;
     if (actionsUnderWay_ == 0) {
+        showStatus();
         screen_.actionEnded();
     }
 }
@@ -412,6 +349,7 @@ void FormWindow::moveKeyboard() {
 
 void FormWindow::addInput(HWND window, ControlView& view) {
     viewByWindow_[window] = &view;
+    toolTips_->add(window);
 }
 
 ControlView* FormWindow::viewOfWindow(HWND window) const {
@@ -421,140 +359,6 @@ ControlView* FormWindow::viewOfWindow(HWND window) const {
         }
     }
     return nullptr;
-}
-
-std::optional<LRESULT> FormWindow::incoming(ControlView& view, HWND, UINT message, WPARAM, LPARAM value) {
-    if (isPress(message)) {
-        return handlePress(view, message, value) ? std::optional<LRESULT>(0) : std::nullopt;
-    }
-    switch (message) {
-        case WM_CONTEXTMENU:
-        case WM_MOUSEWHEEL:
-        case WM_PASTE:
-        case WM_CUT:
-            return acceptsInput() ? std::nullopt : std::optional<LRESULT>(0);
-        case WM_SETFOCUS:
-            handleForeignFocus(view);
-            return std::nullopt;
-        case WM_CAPTURECHANGED:
-            if (clicking_ == &view) {
-                // The mouse has been released, perhaps elsewhere: the keyboard goes back to where the model has it.
-                clicking_ = nullptr;
-                later([this] { moveKeyboard(); });
-            }
-            return std::nullopt;
-        default:
-            return std::nullopt;
-    }
-}
-
-bool FormWindow::handlePress(ControlView& view, UINT message, LPARAM value) {
-    if (!acceptsInput()) {
-        return true;
-    }
-    if (view.actsOnClick()) {
-        clicking_ = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK ? &view : nullptr;
-        return false;
-    }
-    screen::Control& control = view.control();
-    const bool hadFocus = form_.activeControl() == &control;
-    const int boxesBefore = screen_.boxesShown();
-    const POINT at = pointOf(value);
-    const std::wstring aim = view.aimOf(at);
-    bool arrived = false;
-    feed([&] { arrived = bringFocus(control); });
-    // Leaving a field may fill a grid with other rows: a press on a row, or on the button in its cell, does nothing
-    // when another row is there by then.
-    if (!arrived || form_.activeControl() != &control || screen_.boxesShown() != boxesBefore || view.aimOf(at) != aim) {
-        return true;
-    }
-    return !hadFocus && view.pressed();
-}
-
-// Focus set by other means, such as assistive technology, is an action of the user like any other.
-void FormWindow::handleForeignFocus(ControlView& view) {
-    if (syncing_ || clicking_ != nullptr || form_.activeControl() == &view.control()) {
-        return;
-    }
-    later([this, control = &view.control()] { feed([&] { bringFocus(*control); }); });
-}
-
-bool FormWindow::filter(const MSG& message) {
-    if (message.hwnd != handle() && !IsChild(handle(), message.hwnd)) {
-        return false;
-    }
-    ControlView* view = viewOfWindow(message.hwnd);
-    switch (message.message) {
-        case WM_KEYDOWN:
-            return handleKey(view, message.wParam);
-        case WM_CHAR:
-            return handleCharacter(view, message.wParam);
-        case WM_SYSKEYDOWN:
-            return !acceptsInput() && message.wParam != VK_F4;
-        case WM_SYSCHAR:
-            return handleMnemonic(message.wParam);
-        default:
-            return false;
-    }
-}
-
-bool FormWindow::handleKey(ControlView* view, WPARAM virtualKey) {
-    if (!acceptsInput()) {
-        return true;
-    }
-    if (view != nullptr && view->ownsKeys()) {
-        return false;
-    }
-    if (const std::optional<KeyStroke> stroke = strokeOfKey(virtualKey)) {
-        return route(view, *stroke);
-    }
-    return view != nullptr && view->nativeKey(virtualKey);
-}
-
-bool FormWindow::handleCharacter(ControlView* view, WPARAM unit) {
-    if (!acceptsInput()) {
-        return true;
-    }
-    if (view != nullptr && view->ownsKeys()) {
-        return false;
-    }
-    const std::optional<char32_t> character = characters_.add(unit);
-    if (!character) {
-        return true;
-    }
-    const std::optional<KeyStroke> stroke = strokeOfCharacter(*character);
-    return stroke && route(view, *stroke);
-}
-
-bool FormWindow::route(ControlView* view, const KeyStroke& stroke) {
-    bool used = true;
-    feed([&] {
-        used = toolkit::routeKey(form_, stroke,
-                                 [&](const KeyStroke& turned) { return view == nullptr || view->key(turned); });
-    });
-    return used;
-}
-
-bool FormWindow::handleMnemonic(WPARAM unit) {
-    if (!acceptsInput()) {
-        return true;
-    }
-    wchar_t letter = static_cast<wchar_t>(unit);
-    CharUpperBuffW(&letter, 1);
-    const std::optional<toolkit::MnemonicTarget> target = toolkit::targetOf(form_, letter);
-    if (!target) {
-        return false;
-    }
-    if (target->button != nullptr) {
-        feed([&] {
-            if (bringFocus(*target->button)) {
-                target->button->onClick();
-            }
-        });
-    } else if (auto* bar = dynamic_cast<ToolbarView*>(viewOf(*target->bar))) {
-        bar->press(target->item);
-    }
-    return true;
 }
 
 // --- Messages -------------------------------------------------------------------------------------------------
@@ -571,14 +375,14 @@ LRESULT FormWindow::receive(UINT message, WPARAM word, LPARAM value) {
             useDpi(HIWORD(word), *reinterpret_cast<const RECT*>(value));
             return 0;
         case WM_VSCROLL:
-            scrollBy(SB_VERT, word);
+            scroller_->follow(SB_VERT, word, theme_->scaled(scrollStep));
             return 0;
         case WM_HSCROLL:
-            scrollBy(SB_HORZ, word);
+            scroller_->follow(SB_HORZ, word, theme_->scaled(scrollStep));
             return 0;
         case WM_MOUSEWHEEL:
-            scrollTo(scrolled_.x,
-                     scrolled_.y - static_cast<short>(HIWORD(word)) * theme_->scaled(scrollStep) / (WHEEL_DELTA / 3));
+            scroller_->scrollBy(
+                0, -static_cast<short>(HIWORD(word)) * theme_->scaled(scrollStep) / (WHEEL_DELTA / linesOfWheel));
             return 0;
         case WM_SETFOCUS:
             moveKeyboard();
@@ -622,6 +426,9 @@ std::optional<LRESULT> FormWindow::receiveOnPage(UINT message, WPARAM word, LPAR
             }
             return 0;
         case WM_NOTIFY: {
+            if (toolTips_->answer(value, [this](HWND window) { return toolTipOf(window); })) {
+                return 0;
+            }
             const auto& what = *reinterpret_cast<const NMHDR*>(value);
             ControlView* view = viewOfWindow(what.hwndFrom);
             return view != nullptr ? view->notified(what) : 0;
@@ -674,24 +481,19 @@ void FormWindow::paintPage() {
     EndPaint(page_->handle(), &job);
 }
 
-void FormWindow::setToolTip(HWND window, const std::wstring& text) {
-    const auto [known, isNew] = toolTipByWindow_.try_emplace(window);
-    if (!isNew && known->second == text) {
-        return;
+// An error cannot be shown beside the mouse: it is reported after the message.
+std::wstring FormWindow::toolTipOf(HWND window) {
+    ControlView* view = viewOfWindow(window);
+    try {
+        return view != nullptr ? view->toolTip() : std::wstring();
+    } catch (...) {
+        reportLater(std::current_exception());
+        return {};
     }
-    known->second = text;
-    TOOLINFOW tool{};
-    tool.cbSize = sizeof tool;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = page_->handle();
-    tool.uId = reinterpret_cast<UINT_PTR>(window);
-    tool.lpszText = known->second.data();
-    if (isNew) {
-        SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    } else {
-        SendMessageW(toolTips_, TTM_POP, 0, 0);
-        SendMessageW(toolTips_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
-    }
+}
+
+void FormWindow::forgetToolTip() {
+    toolTips_->forget();
 }
 
 }  // namespace velmora::win32

@@ -16,7 +16,10 @@
 
 namespace velmora::win32 {
 
+class PageScroller;
 class SketchView;
+class StatusStrip;
+class ToolTips;
 class Win32Screen;
 
 class FormWindow : public NativeWindow,
@@ -55,6 +58,7 @@ class FormWindow : public NativeWindow,
     void controlChanged(screen::Control& control, screen::Property property) override;
     void formChanged() override;
     void focusMoved(screen::Control* control) override;
+    void statusChanged() override;
 
     void showError(std::exception_ptr error) override;
     void moveKeyboard() override;
@@ -72,17 +76,16 @@ class FormWindow : public NativeWindow,
     void repaint(const Box& box) override;
     std::optional<LRESULT> incoming(ControlView& view, HWND window, UINT message, WPARAM word, LPARAM value) override;
     void addInput(HWND window, ControlView& view) override;
-    void setToolTip(HWND window, const std::wstring& text) override;
+    void forgetToolTip() override;
 
     void build();
     void connectViews();
     void frameChanged(const screen::Frame& frame, screen::Property property);
     void useDpi(int dpi, const RECT& wanted);
     void arrange();
-    void scrollBars(const Box& room, SIZE needed);
-    void scrollTo(int x, int y);
-    void scrollBy(int bar, WPARAM request);
     void showFocused();
+    void showStatus();
+    std::wstring toolTipOf(HWND window);
     /// nullopt: the system answers.
     std::optional<LRESULT> receiveOnPage(UINT message, WPARAM word, LPARAM value);
     void paintPage();
@@ -99,7 +102,9 @@ class FormWindow : public NativeWindow,
     toolkit::UserActions actions_;
     std::unique_ptr<Theme> theme_;
     std::unique_ptr<Page> page_;
-    HWND toolTips_ = nullptr;
+    std::unique_ptr<StatusStrip> status_;
+    std::unique_ptr<PageScroller> scroller_;
+    std::unique_ptr<ToolTips> toolTips_;
     std::unordered_map<HWND, ControlView*> viewByWindow_;
     std::vector<std::unique_ptr<Part>> parts_;
     std::unique_ptr<toolkit::LayoutPlaces> places_;
@@ -108,10 +113,8 @@ class FormWindow : public NativeWindow,
     /// Further views of a label that captions several fields, only one of which is shown at a time.
     std::unordered_map<const screen::Control*, std::vector<ControlView*>> furtherViews_;
     std::unordered_map<const screen::Control*, std::vector<SketchView*>> sketchesByLabel_;
-    std::unordered_map<HWND, std::wstring> toolTipByWindow_;
     std::vector<std::function<void()>> waiting_;
     CharacterPairs characters_;
-    POINT scrolled_{0, 0};
     ControlView* focused_ = nullptr;
     ControlView* clicking_ = nullptr;  ///< a control that acts on a click, while the mouse is pressed on it
     bool dirty_ = true;

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include <objidl.h>
-
 #include "velmora/adapters/win32/windows_api.h"
 
 namespace Gdiplus {

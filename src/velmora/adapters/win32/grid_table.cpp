@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include <commctrl.h>
+#include "velmora/adapters/win32/text.h"
+#include "velmora/platform/toolkit/painted_number.h"
 
 namespace velmora::win32 {
 
@@ -226,10 +227,20 @@ void GridTable::drawCell(Canvas& canvas, const Box& box, const Cell& cell) const
         return;
     }
     const int side = theme_->scaled(style::unit);
-    canvas.text(
-        {.left = box.left + side, .top = box.top, .width = std::max(box.width - 2 * side, 0), .height = box.height},
-        text, theme_->font(), style::text,
-        DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | (shape.right ? DT_RIGHT : DT_LEFT));
+    const Box room{
+        .left = box.left + side, .top = box.top, .width = std::max(box.width - 2 * side, 0), .height = box.height};
+    canvas.text(room, fitted(text, room.width), theme_->font(), style::text,
+                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | (shape.right ? DT_RIGHT : DT_LEFT));
+}
+
+/// A number that has no room is not cut.
+std::wstring GridTable::fitted(const std::wstring& text, int room) const {
+    const std::string plain = fromWide(text);
+    if (toolkit::decimalsOf(plain) < 0) {
+        return text;
+    }
+    return toWide(toolkit::fittedNumber(
+        plain, room, [this](const std::string& part) { return theme_->textWidth(theme_->font(), toWide(part)); }));
 }
 
 void GridTable::tell(NMLVDISPINFOW& wanted) const {

@@ -8,8 +8,6 @@
 #include <string>
 #include <vector>
 
-#include <commctrl.h>
-
 #include "velmora/adapters/win32/canvas.h"
 #include "velmora/adapters/win32/windows_api.h"
 #include "velmora/platform/toolkit/grid_columns.h"
@@ -61,6 +59,7 @@ class GridTable {
     int roomHeight() const;
     int rowHeight() const { return theme_->scaled(style::gridRow); }
     bool isCut(const Cell& cell) const;
+    std::wstring cellText(const Cell& cell) const { return text_(cell.row, cell.column); }
 
     void drawItem(const DRAWITEMSTRUCT& item) const;
     /// Text for assistive technology.
@@ -75,6 +74,7 @@ class GridTable {
     HWND header() const;
     int columnWidth(int column) const;
     void drawCell(Canvas& canvas, const Box& box, const Cell& cell) const;
+    std::wstring fitted(const std::wstring& text, int room) const;
 
     const Theme* theme_;
     CellText text_;

@@ -4,8 +4,6 @@
 #include <numeric>
 #include <utility>
 
-#include <commctrl.h>
-
 #include "velmora/adapters/win32/text.h"
 #include "velmora/platform/screen/form.h"
 #include "velmora/platform/toolkit/grid_columns.h"
@@ -31,7 +29,7 @@ GridView::GridView(ViewHost& host, screen::DataGrid& grid, const screen::Layout&
       table_(
           host.page(), host.theme(),
           [this](int row, int column) {
-              return toWide(rows_.text(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
+              return toWide(rows_.painted(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
           },
           [this](int row, int column) {
               return rows_.hasButton(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
@@ -273,17 +271,18 @@ void GridView::release(POINT point) {
     });
 }
 
-// A text that its column cuts off is shown whole under the mouse.
+// A text that its column cuts off is told whole beside the mouse.
 void GridView::hover(POINT point) {
     const GridTable::Cell cell = table_.cellAt(point);
     if (cell == hovered_) {
         return;
     }
     hovered_ = cell;
-    const bool cut = table_.isCut(cell);
-    host().setToolTip(table_.handle(), cut ? toWide(rows_.text(static_cast<std::size_t>(cell.row),
-                                                               static_cast<std::size_t>(cell.column)))
-                                           : toWide(grid_.toolTip()));
+    host().forgetToolTip();
+}
+
+std::wstring GridView::toolTip() const {
+    return table_.isCut(hovered_) ? table_.cellText(hovered_) : ControlView::toolTip();
 }
 
 bool GridView::key(const KeyStroke& stroke) {

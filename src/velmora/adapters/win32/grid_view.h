@@ -24,6 +24,7 @@ class GridView : public ControlView {
     void updateAll() override;
     bool key(const KeyStroke& stroke) override;
     bool nativeKey(WPARAM virtualKey) override;
+    std::wstring toolTip() const override;
     std::wstring aimOf(POINT press) const override;
     std::optional<LRESULT> message(HWND window, UINT message, WPARAM word, LPARAM value) override;
     LRESULT notified(const NMHDR& what) override;

@@ -43,19 +43,43 @@ bool isDown(int virtualKey) {
 }
 
 // Control and Alt together are AltGr, which types characters.
-bool isCombination() {
-    return isDown(VK_CONTROL) != isDown(VK_MENU);
+bool isWithControl() {
+    return isDown(VK_CONTROL) && !isDown(VK_MENU);
+}
+
+bool isWithAlt() {
+    return isDown(VK_MENU) && !isDown(VK_CONTROL);
+}
+
+const std::pair<WPARAM, Key>* namedKey(WPARAM virtualKey) {
+    const auto* const named = std::ranges::find(namedKeys, virtualKey, &std::pair<WPARAM, Key>::first);
+    return named == namedKeys.end() ? nullptr : named;
+}
+
+std::optional<KeyStroke> strokeWithControl(WPARAM virtualKey, bool shift) {
+    std::optional<KeyStroke> stroke;
+    if (const auto* named = namedKey(virtualKey)) {
+        stroke = toolkit::strokeOf(named->second, shift);
+    } else if (virtualKey >= 'A' && virtualKey <= 'Z') {
+        stroke = toolkit::strokeTyping(static_cast<char32_t>(virtualKey), shift);
+    }
+    if (stroke) {
+        stroke->control = true;
+    }
+    return stroke;
 }
 
 }  // namespace
 
 std::optional<KeyStroke> strokeOfKey(WPARAM virtualKey) {
-    if (isCombination()) {
+    const bool shift = isDown(VK_SHIFT);
+    if (isWithControl()) {
+        return strokeWithControl(virtualKey, shift);
+    }
+    if (isWithAlt()) {
         return std::nullopt;
     }
-    const bool shift = isDown(VK_SHIFT);
-    const auto* const named = std::ranges::find(namedKeys, virtualKey, &std::pair<WPARAM, Key>::first);
-    if (named != namedKeys.end()) {
+    if (const auto* named = namedKey(virtualKey)) {
         return toolkit::strokeOf(named->second, shift);
     }
     if (virtualKey == VK_BACK) {

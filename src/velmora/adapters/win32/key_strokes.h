@@ -11,8 +11,8 @@ namespace velmora::win32 {
 
 using toolkit::KeyStroke;
 
-/// The stroke of a key with a name of its own. nullopt for any other key, whose character arrives as a message of its
-/// own, and for combinations with Control or Alt.
+/// The stroke of a key with a name of its own, or of a letter with Control. nullopt for any other key, whose character
+/// arrives as a message of its own, and for combinations with Alt.
 std::optional<KeyStroke> strokeOfKey(WPARAM virtualKey);
 
 /// The stroke of a typed character; nullopt for control characters, whose keys have strokes of their own or none.

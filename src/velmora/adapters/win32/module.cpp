@@ -1,7 +1,5 @@
 #include "velmora/adapters/win32/module.h"
 
-#include <commctrl.h>
-
 #include "velmora/adapters/win32/native_window.h"
 
 namespace velmora::win32 {

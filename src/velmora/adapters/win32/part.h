@@ -39,7 +39,8 @@ class ViewHost {
                                             LPARAM value) = 0;
     /// A window that a view has created: its messages and keys belong to that view.
     virtual void addInput(HWND window, ControlView& view) = 0;
-    virtual void setToolTip(HWND window, const std::wstring& text) = 0;
+    /// The text beside the mouse is another one now.
+    virtual void forgetToolTip() = 0;
     virtual const Theme& theme() const = 0;
     /// The parent of all windows of views.
     virtual HWND page() const = 0;

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include <commctrl.h>
-
 #include "velmora/adapters/win32/canvas.h"
 #include "velmora/adapters/win32/message_loop.h"
 #include "velmora/adapters/win32/module.h"

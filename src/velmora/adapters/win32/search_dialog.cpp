@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <commctrl.h>
-
 #include "velmora/adapters/win32/accessible_name.h"
 #include "velmora/adapters/win32/captions.h"
 #include "velmora/adapters/win32/key_strokes.h"

@@ -10,6 +10,7 @@
 #include "velmora/adapters/win32/search_dialog.h"
 #include "velmora/adapters/win32/text.h"
 #include "velmora/platform/toolkit/error_box.h"
+#include "velmora/platform/toolkit/keys_form.h"
 
 namespace velmora::win32 {
 
@@ -90,6 +91,12 @@ bool Win32Screen::showBusyPointer() const {
     return hourglass_;
 }
 
+void Win32Screen::tellWork(std::string_view text) {
+    if (FormWindow* window = top()) {
+        window->form().status().tellWork(text);
+    }
+}
+
 void Win32Screen::processEvents() {
     runPending(Input::heldBack);
 }
@@ -105,6 +112,13 @@ void Win32Screen::actionEnded() {
     tellingEnd_ = true;
     actionEnded_();
     tellingEnd_ = false;
+}
+
+void Win32Screen::showKeys(const screen::Form& form) {
+    if (dynamic_cast<const toolkit::KeysForm*>(&form) == nullptr) {
+        toolkit::KeysForm keys(form);
+        showModal(keys);
+    }
 }
 
 void Win32Screen::showError(std::exception_ptr error) {

@@ -29,6 +29,7 @@ class Win32Screen : public screen::Screen {
     screen::Answer show(const screen::MessageBox& box) override;
     std::optional<std::size_t> search(const screen::SearchWindow& window) override;
     void setPointer(screen::Pointer pointer) override;
+    void tellWork(std::string_view text) override;
     /// Input of the user is held back meanwhile.
     void processEvents() override;
     std::unique_ptr<screen::Progress> progress(std::string_view title) override;
@@ -38,6 +39,8 @@ class Win32Screen : public screen::Screen {
     void onActionEnded(std::function<void()> listener) { actionEnded_ = std::move(listener); }
     void actionEnded();
 
+    /// Shows the sheet of the keys of a form; nothing for the sheet itself.
+    void showKeys(const screen::Form& form);
     /// Shows the box of an error that no handler has caught.
     void showError(std::exception_ptr error);
     /// Number of boxes and windows shown so far; used to detect whether an action has opened one.

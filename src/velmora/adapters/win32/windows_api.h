@@ -1,5 +1,5 @@
 #pragma once
-// The system's interface, with wide texts and without its macros min and max.
+// The system's interface and its common controls, with wide texts and without its macros min and max.
 
 #ifndef UNICODE
 #define UNICODE
@@ -9,3 +9,5 @@
 #endif
 
 #include <windows.h>
+// Uses the types of the header above.
+#include <commctrl.h>

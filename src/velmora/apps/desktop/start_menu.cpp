@@ -2,12 +2,12 @@
 
 #include <QCoreApplication>
 
-#include "velmora/adapters/qt/keys_form.h"
 #include "velmora/apps/desktop/about_form.h"
 #include "velmora/apps/desktop/guide.h"
 #include "velmora/apps/desktop/settings_tools.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/table_forms.h"
+#include "velmora/platform/toolkit/keys_form.h"
 
 namespace velmora::desktop {
 
@@ -55,7 +55,7 @@ Menu helpMenu() {
           .caption = "&Teclas (Mayús+F1)…",
           .perform =
               [](StartForm& start) {
-                  qt::KeysForm keys(start);
+                  toolkit::KeysForm keys(start);
                   start.desk().screen.showModal(keys);
               }},
          {.key = "acerca", .caption = "&Acerca de VELMORA…", .perform = [](StartForm& start) {

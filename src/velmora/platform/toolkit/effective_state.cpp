@@ -19,6 +19,10 @@ bool looksEnabled(const Control& control) {
     return true;
 }
 
+bool looksWarned(const Control& control) {
+    return !control.warning().empty() && looksEnabled(control);
+}
+
 // Chosen C-241: a control hidden on its own keeps its space, so that its neighbours do not move; one hidden with its
 // frame gives the space up.
 WidgetState widgetStateOf(const Control& control, const std::vector<const Frame*>& enclosing) {

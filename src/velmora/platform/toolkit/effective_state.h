@@ -12,6 +12,10 @@ namespace velmora::toolkit {
 /// input but are not greyed.
 bool looksEnabled(const screen::Control& control);
 
+/// Whether the border of a field warns: not while nobody can enter anything there, as in the material of a hub that the
+/// piece does not have.
+bool looksWarned(const screen::Control& control);
+
 /// State of a control's widget.
 struct WidgetState {
     bool shown = true;

@@ -42,4 +42,10 @@ std::string fittedNumber(const std::string& text, int room, const Advance& advan
     return std::string(static_cast<std::size_t>(std::max(room / sign, 1)), '#');
 }
 
+// Zeros that have no room are left out before the number is given up.
+std::string paintedInField(std::string_view text, int decimals, int room, const Advance& advance) {
+    const std::string padded = paintedNumber(text, decimals);
+    return advance(padded) <= room ? padded : fittedNumber(std::string(text), room, advance);
+}
+
 }  // namespace velmora::toolkit

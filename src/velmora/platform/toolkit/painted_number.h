@@ -21,4 +21,8 @@ using Advance = std::function<int(const std::string&)>;
 /// number.
 std::string fittedNumber(const std::string& text, int room, const Advance& advance);
 
+/// The number as a field paints it: with zeros up to the given number of decimals where they have room, else as it is
+/// or as fittedNumber has it.
+std::string paintedInField(std::string_view text, int decimals, int room, const Advance& advance);
+
 }  // namespace velmora::toolkit

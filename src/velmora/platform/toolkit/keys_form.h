@@ -4,7 +4,7 @@
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
 
-namespace velmora::qt {
+namespace velmora::toolkit {
 
 class KeysForm : public screen::Form {
   public:
@@ -16,4 +16,4 @@ class KeysForm : public screen::Form {
     screen::Button cmdSalir_{*this, "cmdSalir"};
 };
 
-}  // namespace velmora::qt
+}  // namespace velmora::toolkit

@@ -1,4 +1,4 @@
-#include "velmora/adapters/qt/keys_form.h"
+#include "velmora/platform/toolkit/keys_form.h"
 
 #include <utility>
 #include <vector>
@@ -6,7 +6,7 @@
 #include "velmora/platform/sql/recordset.h"
 #include "velmora/platform/toolkit/key_sheet.h"
 
-namespace velmora::qt {
+namespace velmora::toolkit {
 
 KeysForm::KeysForm(const screen::Form& shown) : Form("frmTeclas") {
     namespace lay = screen::layout;
@@ -15,7 +15,7 @@ KeysForm::KeysForm(const screen::Form& shown) : Form("frmTeclas") {
     dbgTeclas_.setColumns(
         {{.field = 0, .caption = "Tecla", .width = 3000}, {.field = 1, .caption = "Qué hace", .width = 5400}});
     std::vector<sql::Row> rows;
-    for (const toolkit::KeyLine& line : toolkit::keyLines(shown)) {
+    for (const KeyLine& line : keyLines(shown)) {
         rows.push_back({line.keys, line.words});
     }
     dbgTeclas_.bind(sql::Recordset(sql::rowsInMemory({{"Tecla"}, {"Hace"}}, std::move(rows))));
@@ -26,4 +26,4 @@ KeysForm::KeysForm(const screen::Form& shown) : Form("frmTeclas") {
     onKeyDown = [this](screen::KeyDown& key) { passKeysOfSideWindow(key); };
 }
 
-}  // namespace velmora::qt
+}  // namespace velmora::toolkit
