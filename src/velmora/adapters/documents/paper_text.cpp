@@ -5,12 +5,15 @@
 #include <QTextLayout>
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace velmora::documents {
 
 namespace {
 
 constexpr int digitsOfTab = 8;
+/// Many lines, and few enough to be laid out in milliseconds.
+constexpr qsizetype lettersAtOnce = 2000;
 
 QTextOption lineOption(const QFont& font, QTextOption::WrapMode wrapping) {
     QTextOption option;
@@ -24,6 +27,52 @@ QString withoutBlanksAtEnd(QString text) {
         text.chop(1);
     }
     return text;
+}
+
+/// The piece of a paragraph that begins there and is laid out at once; no character of it is cut in two.
+QString pieceOf(const QString& paragraph, qsizetype start) {
+    QString piece = paragraph.mid(start, lettersAtOnce);
+    if (start + piece.size() < paragraph.size() && piece.back().isHighSurrogate()) {
+        piece.chop(1);
+    }
+    return piece;
+}
+
+struct Stretch {
+    qsizetype start;
+    qsizetype length;
+};
+
+std::vector<Stretch> stretchesOf(const QString& piece, const QFont& font, double inWidth) {
+    std::vector<Stretch> stretches;
+    QTextLayout layout(piece, font);
+    layout.setTextOption(lineOption(font, QTextOption::WrapAtWordBoundaryOrAnywhere));
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(inWidth);
+        stretches.push_back({line.textStart(), line.textLength()});
+    }
+    layout.endLayout();
+    return stretches;
+}
+
+/// A long paragraph is laid out in pieces: for each line the toolkit measures the rest of a word without a blank, whose
+/// time would grow with the square of its length. The last line of a piece belongs to the next one.
+void appendLines(QStringList& lines, const QString& paragraph, const QFont& font, double inWidth) {
+    if (paragraph.isEmpty()) {
+        lines.append(QString());
+    }
+    for (qsizetype start = 0; start < paragraph.size();) {
+        const QString piece = pieceOf(paragraph, start);
+        std::vector<Stretch> stretches = stretchesOf(piece, font, inWidth);
+        if (start + piece.size() < paragraph.size() && stretches.size() > 1) {
+            stretches.pop_back();
+        }
+        for (const Stretch& stretch : stretches) {
+            lines.append(withoutBlanksAtEnd(piece.mid(stretch.start, stretch.length)));
+        }
+        start += std::max<qsizetype>(1, stretches.back().start + stretches.back().length);
+    }
 }
 
 }  // namespace
@@ -62,19 +111,7 @@ QStringList paragraphsOf(const QString& text) {
 QStringList linesOf(const QString& text, const QFont& font, double inWidth) {
     QStringList lines;
     for (const QString& paragraph : paragraphsOf(text)) {
-        QTextLayout layout(paragraph, font);
-        layout.setTextOption(lineOption(font, QTextOption::WrapAtWordBoundaryOrAnywhere));
-        layout.beginLayout();
-        bool any = false;
-        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-            line.setLineWidth(inWidth);
-            lines.append(withoutBlanksAtEnd(paragraph.mid(line.textStart(), line.textLength())));
-            any = true;
-        }
-        layout.endLayout();
-        if (!any) {
-            lines.append(QString());
-        }
+        appendLines(lines, paragraph, font, inWidth);
     }
     return lines;
 }
