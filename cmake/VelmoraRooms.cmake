@@ -31,6 +31,10 @@ if(VELMORA_SANITIZE)
   # warning.
   target_compile_options(velmora_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
+if(VELMORA_SANITIZE_THREADS)
+  target_compile_options(velmora_flags INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  target_link_options(velmora_flags INTERFACE -fsanitize=thread)
+endif()
 
 # Linking is faster by half with LLVM's linker; any other does. A cross compiler brings its own.
 include(CheckLinkerFlag)
