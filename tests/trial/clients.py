@@ -124,20 +124,28 @@ class Client(Driver):
         return shown
 
     def save_new(self, text):
-        return self.ask("open propuestas", *PIECE, f'set txtPesu(2) "{text}"', "try key F5", "print txtPesu(3)")
+        return self.share(self.ask("open propuestas", *PIECE, f'set txtPesu(2) "{text}"', "try key F5",
+                                   "print txtPesu(3)"))
+
+    def share(self, output):
+        """From here on the others know the proposal too."""
+        number = value(output, "txtPesu(3)")
+        if number and int(number) not in self.shared:
+            self.shared.append(int(number))
+        return output
 
     def save_changed(self, text):
         return self.load() + self.ask(f'try set txtPesu(2) "{text}"', "echo saving",
                                       "try key F5", "print txtPesu(3) txtPesu(2)")
 
     def duplicate(self, text):
-        return self.load() + self.ask("try press cmdDuplicar", "print txtPesu(3)")
+        return self.share(self.load() + self.ask("try press cmdDuplicar", "print txtPesu(3)"))
 
     def delete(self, text):
         return self.load() + self.ask("echo deleting", "try key F9", "print txtPesu(3)")
 
     def accept(self, text):
-        found = self.ask("open seguimiento", f"set txtCriterio(4) {self.rng.choice(self.shared)}",
+        found = self.ask("open seguimiento", f"set txtCriterio(4) {self.rng.choice(self.shared[-SHARED_PROPOSALS:])}",
                          "try press cmdfiltro", "echo accepting")
         self.pause()
         return found + self.ask("try press XPButton1")
@@ -218,7 +226,7 @@ class Clients:
             for statement in NOTES:
                 connection.execute(statement)
             self.shared = [row[0] for row in connection.execute(
-                f"select DPI_Id from DPI order by DPI_Id desc limit {SHARED_PROPOSALS}")]
+                "select DPI_Id from DPI where DPI_RefCli like 'S-%' order by DPI_Id")]
             connection.execute("pragma wal_checkpoint(truncate)")
             connection.close()
             self.template = self.trial.folder / "template"
@@ -232,7 +240,8 @@ class Clients:
         held, early = HeldList(self.trial, database), HeldList(self.trial, database)
         opened = early.rows()
         early.end()
-        clients = [Client(self.trial, database, number, self.shared, random.Random(rng.random()))
+        shared = list(self.shared)
+        clients = [Client(self.trial, database, number, shared, random.Random(rng.random()))
                    for number in range(count)]
         threads = [threading.Thread(target=client.work) for client in clients]
         for thread in threads:
@@ -270,6 +279,7 @@ class Clients:
         told += re.findall(r'^error number=.* description="(.*)"$', output, re.MULTILINE)
         for text in told:
             reason = ABOVE_A_REASON.sub("", text, count=1)
+            self.trial.note("words of another user's deeds", "otro usuario" in reason or "ya fue aceptado" in reason)
             self.trial.hold(reason.startswith(KNOWN), f"a text that nobody knows: {text}", output[-1500:])
 
     def expect_told(self, kind, text, output, notes, orders):
