@@ -45,9 +45,16 @@ class Deed:
         return self.until_done() + self.ending()
 
     def until_done(self):
-        shown = [f"print {self.typed}"] if self.typed else []
-        lines = [self.opening, f'echo "{BEFORE}"', *shown, f'echo "{MARK}"', self.action, f'echo "{DONE}"', *shown]
-        return "\n".join(lines + [f'echo "{TYPED_SHOWN}"']) + "\n"
+        return self.until_mark() + self.from_mark()
+
+    def _shown(self):
+        return f"print {self.typed}\n" if self.typed else ""
+
+    def until_mark(self):
+        return f'{self.opening}\necho "{BEFORE}"\n{self._shown()}echo "{MARK}"\n'
+
+    def from_mark(self):
+        return f'{self.action}\necho "{DONE}"\n{self._shown()}echo "{TYPED_SHOWN}"\n'
 
     def once_more(self):
         return f'echo "{AGAIN}"\n{self.again or self.action}\n'

@@ -175,6 +175,8 @@ class Trial {
             case EROFS:
                 return kind != Kind::read && kind != Kind::look && kind != Kind::openForReading && kind != Kind::map &&
                        kind != Kind::sync;
+            case ESTALE:
+                return kind == Kind::look;
             case EACCES:
             case EPERM:
                 return kind == Kind::openForReading || kind == Kind::openForWriting || kind == Kind::rename ||

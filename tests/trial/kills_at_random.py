@@ -9,6 +9,7 @@ from trial import Trial
 
 
 def kill(player, deed, rng):
+    player.reference(deed)
     player.lay_out(deed)
     process = player.start([player.driver, "--db", player.place / DATABASE, "--now", NOW, "-"])
     process.stdin.write(deed.script())

@@ -16,7 +16,8 @@ SECONDS = 120
 
 # Kinds of operations that change a file; a kill between others finds the same files.
 CHANGING = {"open-write", "write", "sync", "truncate", "allocate", "rename", "unlink", "mkdir"}
-REFUSALS = {"full": errno.ENOSPC, "broken": errno.EIO, "no-right": errno.EACCES, "read-only": errno.EROFS}
+REFUSALS = {"full": errno.ENOSPC, "broken": errno.EIO, "no-right": errno.EACCES, "read-only": errno.EROFS,
+            "unseen": errno.ESTALE}
 # Which of them the system can answer to an operation.
 APT = {
     "open-read": ("broken", "no-right"),
@@ -30,7 +31,7 @@ APT = {
     "unlink": ("broken", "no-right", "read-only"),
     "mkdir": ("full", "broken", "no-right", "read-only"),
     "map": ("broken",),
-    "look": ("broken",),
+    "look": ("broken", "unseen"),
 }
 
 

@@ -11,8 +11,9 @@ from sitting import Sitting
 WORDS = {
     "full": r"espacio en el disco|sitio en el disco",
     "broken": r"errores de lectura|da errores|lectura o escritura|No se puede leer",
-    "no-right": r"permiso|no permite el acceso|solo lectura",
+    "no-right": r"permiso|no permite el acceso|solo lectura|No se puede leer el fichero",
     "read-only": r"solo lectura",
+    "unseen": r"\w",  # a look that the system cannot answer: whatever is told
     "moved": r"se ha movido, borrado o sustituido|no existe|No se puede leer",
     "refused": r"Fallo provocado",
     "lost": r"Se perdió la conexión|Fallo provocado",

@@ -1,17 +1,16 @@
 #include "velmora/adapters/sqlite/errors.h"
 
 #include <cerrno>
+#include <functional>
 #include <map>
+#include <memory>
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
-#include <sqlite3.h>
-#include <sys/stat.h>
-#include <sys/types.h>
 
 #include "velmora/adapters/sqlite/database.h"
 
+#include "adapters/sqlite/refused_calls.h"
 #include "support/temporary_folder.h"
 
 namespace velmora::sqlite {
@@ -19,44 +18,6 @@ namespace {
 
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-/// Calls of the engine to the system that are refused, as by a broken disk, while the object lives.
-class RefusedCalls {
-  public:
-    RefusedCalls(const std::vector<std::string>& names, int error) {
-        answer() = error;
-        for (const std::string& name : names) {
-            if (const sqlite3_syscall_ptr own = system_->xGetSystemCall(system_, name.c_str())) {
-                own_[name] = own;
-                system_->xSetSystemCall(system_, name.c_str(), reinterpret_cast<sqlite3_syscall_ptr>(&refuse));
-            }
-        }
-    }
-    ~RefusedCalls() {
-        for (const auto& [name, own] : own_) {
-            system_->xSetSystemCall(system_, name.c_str(), own);
-        }
-    }
-    RefusedCalls(const RefusedCalls&) = delete;
-    RefusedCalls& operator=(const RefusedCalls&) = delete;
-
-  private:
-    /// Of any of them: no value that is given is looked at.
-    static long refuse() {
-        errno = answer();
-        return -1;
-    }
-    static int& answer() {
-        static int error = 0;
-        return error;
-    }
-
-    sqlite3_vfs* system_ = sqlite3_vfs_find(nullptr);
-    std::map<std::string, sqlite3_syscall_ptr> own_;
-};
-
-const std::vector<std::string> writing{"write", "pwrite", "pwrite64"};
-const std::vector<std::string> reading{"read", "pread", "pread64"};
 
 class RefusedBySystem : public ::testing::Test {
   protected:
@@ -87,7 +48,7 @@ TEST_F(RefusedBySystem, AWriteIsToldInTheWordsOfItsReason) {
     for (const auto& [error, expected] : words) {
         SCOPED_TRACE(error);
         {
-            const RefusedCalls refused(writing, error);
+            const test::RefusedCalls refused(test::writing, error);
             EXPECT_THAT(wordsOf([&] { connection->execute("insert into T values (1)"); }), HasSubstr(expected));
             connection->beginTrans();
             connection->execute("insert into T values (2)");
@@ -102,13 +63,13 @@ TEST_F(RefusedBySystem, AReadIsToldAsAFaultOfTheDiskNotAsDamage) {
     connection->execute("insert into T values (1)");
     connection.reset();
     connection = openDatabase(file);
-    const RefusedCalls refused(reading, EIO);
+    const test::RefusedCalls refused(test::reading, EIO);
     EXPECT_THAT(wordsOf([&] { connection->execute("select * from T"); }),
                 HasSubstr("El disco de la base de datos da errores"));
 }
 
 TEST_F(RefusedBySystem, AFileThatCannotBeLookedAtIsNotSaidToHaveMoved) {
-    const RefusedCalls refused({"stat"}, EIO);
+    const test::RefusedCalls refused({"stat"}, EIO);
     const std::string words = wordsOf([&] { connection->execute("insert into T values (1)"); });
     EXPECT_THAT(words, HasSubstr("El disco de la base de datos da errores"));
     EXPECT_THAT(words, HasSubstr(file));

@@ -3,6 +3,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
@@ -144,6 +145,18 @@ TEST_F(CopiesTest, ADamagedCopyIsNotPutBack) {
     fs::remove(folder_.path() / "copias/DOCtaller ñ 2026-01-15 100000.db");
     EXPECT_TRUE(copies_.all().empty()) << "without its documents it is none";
     EXPECT_NE(failure(copy), "");
+}
+
+TEST_F(CopiesTest, WhatCannotBeReadIsKeptAsItIsWhenACopyIsPutBack) {
+    add(open());
+    const Copy copy = copies_.make();
+    std::ofstream(file_, std::ios::binary | std::ios::in | std::ios::out).seekp(4096).write("garbage", 7);
+    copies_.restore(copy);
+    std::ifstream kept(folder_.path() / "copias/dañada taller ñ.db", std::ios::binary);
+    const std::string content(std::istreambuf_iterator<char>(kept), {});
+    EXPECT_NE(content.find("garbage"), std::string::npos);
+    EXPECT_TRUE(fs::exists(folder_.path() / "copias/dañada DOCtaller ñ.db"));
+    EXPECT_EQ(copies_.all().size(), 1u) << "it is no copy";
 }
 
 TEST_F(CopiesTest, ADamagedDatabaseCanBePutBack) {

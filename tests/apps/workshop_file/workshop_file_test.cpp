@@ -1,18 +1,22 @@
 #include "velmora/apps/workshop_file/workshop_file.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
 
+#include "velmora/adapters/sqlite/backup.h"
 #include "velmora/adapters/sqlite/database.h"
 #include "velmora/adapters/sqlite/file_content.h"
 #include "velmora/apps/engines/known_engines.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
 
+#include "adapters/sqlite/refused_calls.h"
 #include "support/temporary_folder.h"
 
 namespace velmora::workshop_file {
@@ -119,6 +123,27 @@ TEST_F(WorkshopFile, RowsThatCannotBePutInLeaveNothing) {
     EXPECT_THROW(open([](sql::Connection&) { throw std::logic_error("anything else"); }), std::logic_error);
     EXPECT_TRUE(folder_.files().empty());
     EXPECT_TRUE(open().isNew);
+}
+
+TEST_F(WorkshopFile, OneThatCannotBeLookedAtIsNotTakenForAMissingOne) {
+    const std::string tooLong = folder_.file(std::string(300, 'x'));
+    EXPECT_THROW(sqlite::contentOf(tooLong), sql::DbError);
+    EXPECT_THAT(refusal(tooLong), HasSubstr("El nombre es demasiado largo."));
+    EXPECT_THAT(folder_.files(), ::testing::IsEmpty());
+}
+
+/// The engine moves what it has written from the write-ahead file into the database when a connection is closed, and
+/// says nothing when it could not.
+TEST_F(WorkshopFile, OneWhoseLastWriteWasRefusedIsMadeWhole) {
+    std::optional<test::RefusedCalls> refused;
+    Opened opened = open([&](sql::Connection& connection) {
+        withOneMaterial(connection);
+        refused.emplace(test::writing, ENOSPC, test::RefusedCalls::Times::once);
+    });
+    EXPECT_EQ(count(opened, "PARDPI"), 1);
+    EXPECT_EQ(count(opened, "DOCVELMORA.dbo.dex"), 0);
+    opened.connection.reset();
+    EXPECT_EQ(sqlite::damageOf(file_), "");
 }
 
 TEST_F(WorkshopFile, ADatabaseOfAnotherProgramIsRefusedAndLeftAsItIs) {

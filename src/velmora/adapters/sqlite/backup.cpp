@@ -62,6 +62,13 @@ void leaveWriteAhead(const std::string& file) {
     }
 }
 
+/// What the check says of a page that could not be read: the code of a damaged page, or that of the refused read.
+bool isFaultOfDisk(std::string_view answer) {
+    constexpr std::string_view mark = "error code=";
+    const auto found = answer.find(mark);
+    return found != std::string_view::npos && answer.substr(found + mark.size()) != std::to_string(SQLITE_CORRUPT);
+}
+
 std::string damageOfFile(const std::string& path, const std::string& table) {
     if (!contentOf(path).hasTable(table)) {
         return "Falta la tabla " + table + " en " + path;
@@ -69,7 +76,10 @@ std::string damageOfFile(const std::string& path, const std::string& table) {
     Link link(lookName(path), Options{.readOnly = true});
     const auto check = link.prepare("PRAGMA quick_check(1)");
     const std::string answer = check->step() ? check->value(0, tsql::Kind::text).toText() : std::string();
-    return answer == "ok" ? std::string() : "El fichero está dañado: " + path;
+    if (answer == "ok") {
+        return {};
+    }
+    return (isFaultOfDisk(answer) ? "El disco da errores de lectura: " : "El fichero está dañado: ") + path;
 }
 
 }  // namespace

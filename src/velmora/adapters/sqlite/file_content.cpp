@@ -7,6 +7,7 @@
 #include "velmora/adapters/sqlite/link.h"
 #include "velmora/adapters/tsql/tokenizer.h"
 #include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/system/failure_words.h"
 #include "velmora/platform/system/file_path.h"
 
 namespace velmora::sqlite {
@@ -15,11 +16,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// A file that cannot be looked at is not taken for a missing one: in its place a new database would be made.
+bool isThere(const fs::path& file) {
+    std::error_code failure;
+    const bool found = fs::exists(file, failure);
+    if (failure) {
+        throw sql::DbError(sql::provider::failure, system::failureWords(failure), {.sqlState = "08001"});
+    }
+    return found;
+}
+
 /// False for a file without a byte in it, and for none.
 bool hasContent(const std::string& path) {
     std::error_code failure;
     const fs::path file = system::filePath(path);
-    if (!fs::exists(file, failure)) {
+    if (!isThere(file)) {
         return false;
     }
     if (!fs::is_regular_file(file, failure)) {
@@ -46,8 +57,7 @@ std::string lookName(const std::string& path) {
 }
 
 FileContent contentOf(const std::string& path) {
-    std::error_code failure;
-    FileContent content{.exists = fs::exists(system::filePath(path), failure)};
+    FileContent content{.exists = isThere(system::filePath(path))};
     if (!hasContent(path)) {
         return content;
     }
@@ -82,6 +92,10 @@ std::int32_t markOf(const std::string& path) {
 
 void setMark(const std::string& path, std::int32_t mark) {
     Link(path, {}).run("PRAGMA user_version = " + std::to_string(mark));
+}
+
+void makeOneFile(const std::string& path) {
+    Link(path, {}).run("PRAGMA journal_mode = DELETE");
 }
 
 std::string realFile(const std::string& path) {

@@ -17,7 +17,8 @@ struct FileContent {
 };
 
 /// Reads the file without changing it. A missing file, an empty one and a database that nobody has made tables in have
-/// none. Errors: DbError (provider::failure) for anything but a database, or one that cannot be read.
+/// none. Errors: DbError (provider::failure) for anything but a database, one that cannot be read, and a file that
+/// cannot be looked at.
 FileContent contentOf(const std::string& path);
 
 /// The engine's name of a file that is only looked at. Without a write-ahead file there is nothing that another
@@ -32,6 +33,11 @@ std::int64_t rowsOf(const std::string& path, const std::string& table);
 std::int32_t markOf(const std::string& path);
 /// Sets it. Errors: DbError.
 void setMark(const std::string& path, std::int32_t mark);
+
+/// Nobody has it open: afterwards everything written stands in the file itself, with no file beside it, so that it can
+/// be moved. A connection that was closed has not always come to that: what its last write lacked stays in the
+/// write-ahead file, and nothing is told. Errors: DbError.
+void makeOneFile(const std::string& path);
 
 /// The file that a path leads to: symbolic links are followed, also to a file that does not exist yet.
 std::string realFile(const std::string& path);

@@ -202,12 +202,27 @@ bool Copies::isOverdue() const {
     return !copies.empty() && clock_.now().at - copies.front().taken.at > longestWithoutCopy;
 }
 
+// Chosen C-560: a database that cannot be read is put aside file by file before a copy takes its place: the disk may
+// have failed for a moment only. What cannot be read at all is not waited for, or no copy could ever be put back.
+void Copies::keepDamaged() const {
+    for (const fs::path& file : {database_, documentsOf(database_)}) {
+        for (const char* ofEngine : {"", "-wal", "-journal"}) {
+            const std::string name = system::fileText(file.filename()) + ofEngine;
+            std::error_code ignored;
+            fs::copy_file(file.parent_path() / system::filePath(name), folder_ / system::filePath("dañada " + name),
+                          fs::copy_options::overwrite_existing, ignored);
+        }
+    }
+}
+
 void Copies::restore(const Copy& copy) {
     told("No se puede restaurar la copia.", [&] {
         mustBeSound(copy.file);
         sqlite::mustBeClosed(system::fileText(database_));
         if (sqlite::damageOf(system::fileText(database_)).empty()) {
             makeAt(copyAt(freeMoment()));
+        } else {
+            keepDamaged();
         }
         const workshop_file::FolderLock lock(database_.parent_path());
         const Unfinished back(database_);

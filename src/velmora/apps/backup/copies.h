@@ -48,8 +48,9 @@ class Copies {
     bool isOverdue() const;
 
     /// Puts the database and its documents back as they were when the copy was taken, after it was read to its last
-    /// page. What is there now is copied first and kept, in addition to the others. Nothing changes on error. Errors:
-    /// Failed, also when the database is open, in this program or another one.
+    /// page. What is there now is copied first and kept, in addition to the others; when it cannot be read, its files
+    /// are kept beside the copies as they are, "dañada taller.db". Nothing changes on error. Errors: Failed, also when
+    /// the database is open, in this program or another one.
     void restore(const Copy& copy);
 
   private:
@@ -57,6 +58,7 @@ class Copies {
     runtime::Date freeMoment() const;
     void makeAt(const std::filesystem::path& file) const;
     void keepLast() const;
+    void keepDamaged() const;
 
     std::filesystem::path database_;
     std::filesystem::path folder_;

@@ -89,6 +89,7 @@ class NewFiles {
     }
     /// Side files of what lay there before would be applied to the new database.
     static void move(const fs::path& from, const fs::path& to) {
+        sqlite::makeOneFile(system::fileText(from));
         syncFile(from);
         removeSideFiles(to);
         fs::rename(from, to);
