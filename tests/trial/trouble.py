@@ -10,7 +10,7 @@ from sitting import Sitting
 # What a user reads of each kind of trouble.
 WORDS = {
     "full": r"espacio en el disco|sitio en el disco",
-    "broken": r"errores de lectura|da errores|lectura o escritura|No se puede leer",
+    "broken": r"La conexión con la Base de Datos se perdió|errores de lectura|da errores|lectura o escritura|No se puede leer",
     "no-right": r"permiso|no permite el acceso|solo lectura|No se puede leer el fichero",
     "read-only": r"solo lectura",
     "unseen": r"\w",  # a look that the system cannot answer: whatever is told
