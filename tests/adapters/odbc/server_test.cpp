@@ -10,6 +10,7 @@
 #include "velmora/adapters/odbc/connection_text.h"
 #include "velmora/adapters/odbc/database.h"
 #include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/sql/long_run.h"
 
 #include "server_under_test.h"
 
@@ -44,6 +45,29 @@ TEST_F(OdbcServer, ALongTextComesWhole) {
     const sql::Recordset row = execute("select * from T_A");
     EXPECT_TRUE(row["t"] == Value(text));
     EXPECT_EQ(row["v"], Value("ñ€"));
+}
+
+// The server behind a driver may end a cancelled query later, or not at all: nobody waits for that.
+TEST_F(OdbcServer, ACancelledQueryLetsTheProgramGoOnAtOnce) {
+    struct Refusal final : sql::LongRun {
+        bool mayGoOn() override { return false; }
+    };
+    connection_ = openDatabase(
+        text_, {.longRun = [] { return std::make_unique<Refusal>(); }, .longRunAfter = std::chrono::milliseconds(100)});
+    execute("CREATE TABLE T_A (i int)");
+    execute("insert into T_A (i) values (1)");
+    for (int i = 0; i < 8; ++i) {
+        execute("insert into T_A (i) select i + 1 from T_A");
+    }
+    const auto begun = std::chrono::steady_clock::now();
+    try {
+        execute("select a.i from T_A a cross join T_A b cross join T_A c where a.i * b.i * c.i < 0 order by a.i");
+        ADD_FAILURE() << "it came to its end";
+    } catch (const sql::DbError& error) {
+        EXPECT_EQ(error.number(), sql::cancelled);
+    }
+    EXPECT_EQ(scalar("select count(*) from T_A"), Value(256));
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(5));
 }
 
 TEST_F(OdbcServer, ALoginOfAnotherLanguageReadsDatesDayFirst) {

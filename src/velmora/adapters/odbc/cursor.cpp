@@ -57,8 +57,14 @@ SQLWCHAR* unitsOf(std::u16string& text) {
 
 }  // namespace
 
-Cursor::Cursor(StatementStock& statements, std::string statement)
-    : statements_(&statements), statement_(std::move(statement)), handle_(statements.take()) {
+Cursor::Cursor(StatementStock& statements, std::string statement) : Cursor(statements, std::move(statement), Later()) {
+    run();
+}
+
+Cursor::Cursor(StatementStock& statements, std::string statement, Later /*later*/)
+    : statements_(&statements), statement_(std::move(statement)), handle_(statements.take()) {}
+
+void Cursor::run() {
     std::u16string text = toUtf16(statement_);
     const SQLRETURN answer = SQLExecDirectW(handle_.get(), unitsOf(text), static_cast<SQLINTEGER>(text.size()));
     if (answer != SQL_NO_DATA) {

@@ -24,10 +24,17 @@ class Cursor {
   public:
     /// Sends the statement. A statement without rows has run to its end afterwards. `statements` must live longer.
     Cursor(StatementStock& statements, std::string statement);
+    /// A statement that run() sends.
+    struct Later {};
+    Cursor(StatementStock& statements, std::string statement, Later later);
+    void run();
     ~Cursor();
     Cursor(Cursor&&) noexcept = default;
     Cursor& operator=(Cursor&&) = delete;
 
+    const std::string& statement() const { return statement_; }
+    /// Of the statement while it runs, for SQLCancel, which another thread may call.
+    SQLHANDLE handle() const { return handle_.get(); }
     /// Empty for a statement that answers no rows.
     const std::vector<CursorColumn>& columns() const { return columns_; }
 

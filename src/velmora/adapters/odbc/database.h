@@ -7,6 +7,7 @@
 
 #include "velmora/platform/sql/connection.h"
 #include "velmora/platform/sql/engines.h"
+#include "velmora/platform/sql/long_run.h"
 
 namespace velmora::odbc {
 
@@ -20,6 +21,10 @@ struct Options {
     std::chrono::seconds statementTimeout{120};
     /// Runs on every connection to a T-SQL server before the adapter's own settings, as the settings of a login do.
     std::string loginStatement = {};
+    /// Called when the opening of a set that sorts or searches has taken `longRunAfter`, outside of transactions; none:
+    /// nobody is asked.
+    sql::LongRuns longRun = {};
+    std::chrono::milliseconds longRunAfter{1000};
 };
 
 /// A connection that can be made anew once it is lost.

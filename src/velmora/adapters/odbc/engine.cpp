@@ -1,5 +1,6 @@
 #include "velmora/adapters/odbc/engine.h"
 
+#include <limits>
 #include <utility>
 
 #include "velmora/adapters/odbc/connection_text.h"
@@ -165,31 +166,43 @@ sql::Recordset Engine::execute(std::string_view statement) {
 std::unique_ptr<sql::RowSource> Engine::openRows(const std::string& statement) {
     mustBeUsable(statement);
     tsql::refuseSecondStatement(statement);
-    return onLink([&](Link& link) -> std::unique_ptr<sql::RowSource> {
-        Cursor cursor = link.send(statement);
-        if (cursor.columns().empty()) {
-            return nullptr;
+    Opening opened = open(statement);
+    if (opened.cursor.columns().empty()) {
+        return nullptr;
+    }
+    auto columns = opened.cursor.columns();
+    std::unique_ptr<ReadAhead> readAhead;
+    if (opened.more) {
+        readAhead =
+            std::make_unique<ReadAhead>(std::move(opened.cursor), std::exchange(link_, nullptr), pool_, opened.spool);
+    } else {
+        opened.spool->finish();
+    }
+    return std::make_unique<FetchedRows>(shared_from_this(), pool_, statement, std::move(columns),
+                                         std::move(opened.spool), std::move(readAhead));
+}
+
+Opening Engine::open(const std::string& statement) {
+    if (options_.longRun && !inTransaction_ && mayRunLong(statement)) {
+        return openWhileAsking(statement);
+    }
+    constexpr std::size_t all = std::numeric_limits<std::size_t>::max();
+    return onLink(
+        [&](Link& link) { return openingOf(link.send(statement), link, inTransaction_ ? all : openingRows); });
+}
+
+// While the program is asked, other statements run on another connection.
+Opening Engine::openWhileAsking(const std::string& statement) {
+    return onLink([&](Link&) {
+        LongOpening opening(std::exchange(link_, nullptr), pool_, statement, openingRows);
+        try {
+            Opening opened = opening.wait(options_);
+            link_ = opening.takeLink();
+            return opened;
+        } catch (...) {
+            link_ = opening.takeLink();
+            throw;
         }
-        auto spool = std::make_shared<RowSpool>();
-        sql::Row row;
-        bool more = true;
-        link.watch([&] {
-            for (std::size_t rows = 0; more && (inTransaction_ || rows < openingRows); ++rows) {
-                more = cursor.next(row);
-                if (more) {
-                    spool->add(std::move(row));
-                }
-            }
-        });
-        auto columns = cursor.columns();
-        std::unique_ptr<ReadAhead> readAhead;
-        if (more) {
-            readAhead = std::make_unique<ReadAhead>(std::move(cursor), std::exchange(link_, nullptr), pool_, spool);
-        } else {
-            spool->finish();
-        }
-        return std::make_unique<FetchedRows>(shared_from_this(), pool_, statement, std::move(columns), std::move(spool),
-                                             std::move(readAhead));
     });
 }
 

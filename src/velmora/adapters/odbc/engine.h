@@ -10,6 +10,7 @@
 #include "velmora/adapters/odbc/binary_target.h"
 #include "velmora/adapters/odbc/fetched_rows.h"
 #include "velmora/adapters/odbc/link_pool.h"
+#include "velmora/adapters/odbc/opening.h"
 
 namespace velmora::odbc {
 
@@ -56,6 +57,8 @@ class Engine : public std::enable_shared_from_this<Engine> {
     template <typename Work>
     auto onLink(const Work& work);
     void lookAtTransaction();
+    Opening open(const std::string& statement);
+    Opening openWhileAsking(const std::string& statement);
 
     std::string connectionText_;
     Options options_;

@@ -9,24 +9,12 @@
 #include "velmora/platform/runtime/date.h"
 #include "velmora/platform/sql/connection.h"
 #include "velmora/platform/sql/engines.h"
+#include "velmora/platform/sql/long_run.h"
 
 namespace velmora::sqlite {
 
-/// What the user sees of a statement that runs long, and the request to end it.
-class LongRun {
-  public:
-    LongRun() = default;
-    virtual ~LongRun() = default;
-    LongRun(const LongRun&) = delete;
-    LongRun& operator=(const LongRun&) = delete;
-
-    /// Asked again and again until the statement's end. May run events of a toolkit; must not use the connection that
-    /// runs the statement.
-    virtual bool mayGoOn() = 0;
-};
-
-/// The error of a statement that was not allowed to go on.
-inline constexpr long cancelled = static_cast<int>(0x80040E4Eu);
+using sql::cancelled;
+using sql::LongRun;
 
 struct Options {
     /// What getdate() answers; the system's local time when none is given.
@@ -40,7 +28,7 @@ struct Options {
     std::size_t cachedStatements = 256;
     /// Called when the opening of a set has taken `longRunAfter`; what it gives lives until the set is open. Not inside
     /// a transaction, and not for a database in memory: its statements share one connection. None: nobody is asked.
-    std::function<std::unique_ptr<LongRun>()> longRun{};
+    sql::LongRuns longRun{};
     std::chrono::milliseconds longRunAfter{1000};
 };
 

@@ -1,14 +1,14 @@
 #pragma once
-// What the desktop shows of a statement of the embedded engine that runs long: a window with a button that ends it.
+// What the desktop shows of a statement that runs long: a window with a button that ends it.
 
 #include <QElapsedTimer>
 
 #include "velmora/adapters/qt/progress_window.h"
-#include "velmora/adapters/sqlite/database.h"
+#include "velmora/platform/sql/long_run.h"
 
 namespace velmora::desktop {
 
-class LongStatement final : public sqlite::LongRun {
+class LongStatement final : public sql::LongRun {
   public:
     /// Shows the window, before the one in front.
     LongStatement();

@@ -5,11 +5,10 @@
 
 namespace velmora::engines {
 
-sql::Engines knownEngines(const system::Clock& clock,
-                          const std::function<std::unique_ptr<sqlite::LongRun>()>& longRun) {
+sql::Engines knownEngines(const system::Clock& clock, const sql::LongRuns& longRun) {
     sql::Engines engines;
     sqlite::registerIn(engines, {.clock = [&clock] { return clock.now(); }, .longRun = longRun});
-    odbc::registerIn(engines);
+    odbc::registerIn(engines, {.longRun = longRun});
     return engines;
 }
 

@@ -12,9 +12,8 @@
 namespace velmora::engines {
 
 /// Every engine by its name. The clock answers getdate() of an embedded one; it must outlive what the engines open.
-/// `longRun`: what an embedded one shows of a statement that runs long (sqlite::Options).
-sql::Engines knownEngines(const system::Clock& clock,
-                          const std::function<std::unique_ptr<sqlite::LongRun>()>& longRun = {});
+/// `longRun`: what is shown of a statement that runs long.
+sql::Engines knownEngines(const system::Clock& clock, const sql::LongRuns& longRun = {});
 
 /// The embedded database at this path, or ":memory:", for Engines::open.
 std::string fileSource(const std::string& path);
