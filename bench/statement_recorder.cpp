@@ -126,11 +126,11 @@ using Handle = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
     throw std::runtime_error(std::string(sqlite3_errmsg(database)) + ": " + sql);
 }
 
-Handle prepare(const RecordedStatement& recorded) {
+Handle prepare(const RecordedStatement& recorded, sqlite3* database) {
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(recorded.database, recorded.sql.data(), static_cast<int>(recorded.sql.size()), &statement,
-                           nullptr) != SQLITE_OK) {
-        refuse(recorded.database, recorded.sql);
+    if (sqlite3_prepare_v2(database, recorded.sql.data(), static_cast<int>(recorded.sql.size()), &statement, nullptr) !=
+        SQLITE_OK) {
+        refuse(database, recorded.sql);
     }
     return Handle(statement, &sqlite3_finalize);
 }
@@ -206,9 +206,10 @@ Recording StatementRecorder::record(const std::function<void()>& work) {
     return std::move(watch.recording);
 }
 
-PreparedRecording::PreparedRecording(const Recording& recording) {
+PreparedRecording::PreparedRecording(const Recording& recording, sqlite3* database) {
     for (const RecordedStatement& recorded : recording) {
-        prepared_.push_back({prepare(recorded).release(), recorded.rows, recorded.ended});
+        prepared_.push_back({prepare(recorded, database != nullptr ? database : recorded.database).release(),
+                             recorded.rows, recorded.ended});
     }
 }
 

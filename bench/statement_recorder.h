@@ -39,7 +39,8 @@ class StatementRecorder {
 /// statement that SQLite refuses, because a failing replay would be a fast one.
 class PreparedRecording {
   public:
-    explicit PreparedRecording(const Recording& recording);
+    /// On the connections on which they were recorded, or all on `database`.
+    explicit PreparedRecording(const Recording& recording, sqlite3* database = nullptr);
     ~PreparedRecording();
     PreparedRecording(const PreparedRecording&) = delete;
     PreparedRecording& operator=(const PreparedRecording&) = delete;
