@@ -6,14 +6,10 @@
 #include <numeric>
 #include <stdexcept>
 
-#include <sqlite3.h>
-
-#include "velmora/adapters/sqlite/collation.h"
-#include "velmora/adapters/sqlite/file_content.h"
-#include "velmora/adapters/sqlite/functions.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/connection.h"
 
+#include "bare_connection.h"
 #include "many_proposals.h"
 
 namespace velmora::bench {
@@ -34,34 +30,6 @@ double secondsOfTheSecond(const std::function<void()>& work) {
     work();
     return seconds(Clock::now() - start);
 }
-
-/// A connection as the program sets up its own, without the program.
-class BareConnection {
-  public:
-    explicit BareConnection(const std::string& file) {
-        sqlite3* opened = nullptr;
-        require(
-            sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) == SQLITE_OK,
-            "the bare client cannot open the database");
-        handle_.reset(opened);
-        sqlite3_busy_timeout(opened, 5000);
-        sqlite::registerCollation(opened);
-        sqlite::registerFunctions(opened, [] { return system::SystemClock().now(); });
-        run("PRAGMA synchronous = FULL");
-        run("PRAGMA wal_autocheckpoint = 256");
-        run("ATTACH DATABASE '" + sqlite::documentsFileOf(file) + "' AS documents");
-    }
-    sqlite3* handle() const { return handle_.get(); }
-
-  private:
-    void run(const std::string& sql) {
-        require(sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK, sql.c_str());
-    }
-    struct Close {
-        void operator()(sqlite3* database) const { sqlite3_close(database); }
-    };
-    std::unique_ptr<sqlite3, Close> handle_;
-};
 
 /// Of many measures, the mean of the fastest tenth: what else the machine does makes none of them faster.
 class Times {
@@ -109,10 +77,11 @@ Workshop::Workshop(std::int64_t proposals, const std::function<void(sql::Connect
     form_->activate();
 }
 
-std::int32_t Workshop::openProposal() {
-    const sql::Recordset row = connection_->execute(
-        "select max(DPI_Id) from DPI where DPI_Tipo = 0 and DPI_FAcepta is null and DPI_DmExt > 120");
-    return row[0].toLong();
+std::int32_t Workshop::openProposal(std::size_t before) {
+    sql::Recordset rows = connection_->execute(
+        "select DPI_Id from DPI where DPI_Tipo = 0 and DPI_FAcepta is null and DPI_DmExt > 120 order by DPI_Id desc");
+    rows.moveTo(before);
+    return rows["DPI_Id"].toLong();
 }
 
 void compare(benchmark::State& state, Workshop& workshop, const std::function<void()>& operation) {

@@ -33,8 +33,8 @@ class Workshop {
     platform::Desk& desk() { return desk_.desk(); }
     std::string databaseFile() const { return file_; }
 
-    /// The newest proposal of a plain sprocket that has a hub and is not accepted yet.
-    std::int32_t openProposal();
+    /// The newest proposal of a plain sprocket that has a hub and is not accepted yet, or one of those before it.
+    std::int32_t openProposal(std::size_t before = 0);
 
   private:
     support::TemporaryFolder folder_;
