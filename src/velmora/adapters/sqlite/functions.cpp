@@ -61,6 +61,16 @@ class Call {
                SQLITE_MISMATCH);
     }
 
+    /// What was made of an argument in an earlier row; the engine forgets it when the argument is no constant.
+    template <typename Made>
+    const Made* kept(int argument) const {
+        return static_cast<const Made*>(sqlite3_get_auxdata(context_, argument));
+    }
+    template <typename Made>
+    void keep(int argument, std::unique_ptr<Made> made) const {
+        sqlite3_set_auxdata(context_, argument, made.release(), [](void* held) { delete static_cast<Made*>(held); });
+    }
+
     template <typename State>
     State* state() const {
         return static_cast<State*>(sqlite3_user_data(context_));
@@ -195,7 +205,14 @@ void lower(const Call& call) {
 
 void like(const Call& call) {
     const std::string_view escape = call.count() > 2 ? call.text(2) : std::string_view();
-    call.give(std::int64_t{tsql::matchesPattern(call.text(0), call.text(1), escape)});
+    if (const auto* known = call.kept<tsql::Pattern>(1)) {
+        return call.give(std::int64_t{known->matches(call.text(0))});
+    }
+    auto pattern = std::make_unique<tsql::Pattern>(call.text(1), escape);
+    call.give(std::int64_t{pattern->matches(call.text(0))});
+    if (call.count() == 2) {
+        call.keep(1, std::move(pattern));
+    }
 }
 
 std::chrono::year_month_day calendarOf(const Date& date) {

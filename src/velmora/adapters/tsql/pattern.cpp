@@ -1,5 +1,7 @@
 #include "velmora/adapters/tsql/pattern.h"
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -9,36 +11,13 @@ namespace velmora::tsql {
 
 namespace {
 
-struct Piece {
-    enum class Kind { run, one, character, set } kind;
-    char32_t character = 0;
-    std::u32string set;  ///< pairs of first and last
-    bool excluded = false;
-
-    bool takes(char32_t c) const {
-        switch (kind) {
-            case Kind::character:
-                return c == character;
-            case Kind::set:
-                break;
-            default:
-                return true;
-        }
-        bool in = false;
-        for (std::size_t i = 0; i + 1 < set.size(); i += 2) {
-            in = in || (c >= set[i] && c <= set[i + 1]);
-        }
-        return in != excluded;
-    }
-};
-
 /// The set that begins behind `[` at `at`, which is left behind its `]`; none when it is not closed.
-bool readSet(const std::u32string& pattern, std::size_t& at, Piece& piece) {
+bool readSet(const std::u32string& pattern, std::size_t& at, Pattern::Piece& piece) {
     const auto close = pattern.find(U']', at);
     if (close == std::u32string::npos) {
         return false;
     }
-    piece.kind = Piece::Kind::set;
+    piece.kind = Pattern::Piece::Kind::set;
     if (at < close && pattern[at] == U'^') {
         piece.excluded = true;
         ++at;
@@ -57,17 +36,17 @@ bool readSet(const std::u32string& pattern, std::size_t& at, Piece& piece) {
     return true;
 }
 
-std::vector<Piece> piecesOf(const std::u32string& pattern, const std::u32string& escape) {
-    std::vector<Piece> pieces;
+std::vector<Pattern::Piece> piecesOf(const std::u32string& pattern, const std::u32string& escape) {
+    std::vector<Pattern::Piece> pieces;
     for (std::size_t at = 0; at < pattern.size();) {
         const char32_t c = pattern[at++];
-        Piece piece{.kind = Piece::Kind::character, .character = c, .set = {}};
+        Pattern::Piece piece{.kind = Pattern::Piece::Kind::character, .character = c, .set = {}};
         if (!escape.empty() && c == escape.front() && at < pattern.size()) {
             piece.character = pattern[at++];
         } else if (c == U'%') {
-            piece.kind = Piece::Kind::run;
+            piece.kind = Pattern::Piece::Kind::run;
         } else if (c == U'_') {
-            piece.kind = Piece::Kind::one;
+            piece.kind = Pattern::Piece::Kind::one;
         } else if (c == U'[') {
             readSet(pattern, at, piece);
         }
@@ -76,20 +55,55 @@ std::vector<Piece> piecesOf(const std::u32string& pattern, const std::u32string&
     return pieces;
 }
 
+bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+char32_t capital(char c) {
+    return static_cast<char32_t>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+}
+
 }  // namespace
 
-bool matchesPattern(std::string_view text, std::string_view pattern, std::string_view escape) {
-    const std::u32string characters = runtime::toCodePoints(runtime::UCase(text));
-    const std::vector<Piece> pieces =
-        piecesOf(runtime::toCodePoints(runtime::UCase(pattern)), runtime::toCodePoints(runtime::UCase(escape)));
+Pattern::Pattern(std::string_view pattern, std::string_view escape)
+    : pieces_(piecesOf(runtime::toCodePoints(runtime::UCase(pattern)), runtime::toCodePoints(runtime::UCase(escape)))) {
+}
+
+bool Pattern::Piece::takes(char32_t c) const {
+    switch (kind) {
+        case Kind::character:
+            return c == character;
+        case Kind::set:
+            break;
+        default:
+            return true;
+    }
+    bool in = false;
+    for (std::size_t i = 0; i + 1 < set.size(); i += 2) {
+        in = in || (c >= set[i] && c <= set[i + 1]);
+    }
+    return in != excluded;
+}
+
+bool Pattern::matches(std::string_view text) const {
+    // The usual text needs no memory of its own.
+    std::array<char32_t, 256> plain;
+    if (text.size() <= plain.size() && std::ranges::all_of(text, isAscii)) {
+        std::ranges::transform(text, plain.begin(), capital);
+        return matches(std::u32string_view(plain.data(), text.size()));
+    }
+    return matches(std::u32string_view(runtime::toCodePoints(runtime::UCase(text))));
+}
+
+bool Pattern::matches(std::u32string_view characters) const {
     // Greedy; backtracks to the last `%` only, which is sufficient and never takes exponential time.
     constexpr std::size_t none = static_cast<std::size_t>(-1);
     std::size_t at = 0, piece = 0, runPiece = none, runAt = 0;
     while (at < characters.size()) {
-        if (piece < pieces.size() && pieces[piece].kind == Piece::Kind::run) {
+        if (piece < pieces_.size() && pieces_[piece].kind == Piece::Kind::run) {
             runPiece = piece++;
             runAt = at;
-        } else if (piece < pieces.size() && pieces[piece].takes(characters[at])) {
+        } else if (piece < pieces_.size() && pieces_[piece].takes(characters[at])) {
             ++piece;
             ++at;
         } else if (runPiece != none) {
@@ -99,10 +113,14 @@ bool matchesPattern(std::string_view text, std::string_view pattern, std::string
             return false;
         }
     }
-    while (piece < pieces.size() && pieces[piece].kind == Piece::Kind::run) {
+    while (piece < pieces_.size() && pieces_[piece].kind == Piece::Kind::run) {
         ++piece;
     }
-    return piece == pieces.size();
+    return piece == pieces_.size();
+}
+
+bool matchesPattern(std::string_view text, std::string_view pattern, std::string_view escape) {
+    return Pattern(pattern, escape).matches(text);
 }
 
 }  // namespace velmora::tsql
