@@ -1,11 +1,14 @@
 // The export of a long list compared with the bare library writing the same cells: `ratio` is the export's time by the
-// library's, measured in the same iteration, `cpu_ratio` the same for processor time. `grown_kB` is the growth of the
+// library's, the fastest of each, `cpu_ratio` the same for all processor time. `grown_kB` is the growth of the
 // process during an export.
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 #include <time.h>
@@ -13,6 +16,9 @@
 #include <xlsxwriter.h>
 
 #include "velmora/adapters/documents/grid_sheet.h"
+#include "velmora/adapters/documents/proposal_printing.h"
+#include "velmora/adapters/sqlite/database.h"
+#include "velmora/paper/papers.h"
 #include "velmora/platform/runtime/dates.h"
 
 #include "workshop.h"
@@ -127,6 +133,7 @@ double residentKilobytes() {
 
 struct Took {
     double seconds = 0;
+    double fastest = 1e9;  ///< of one export
     double cpuSeconds = 0;
 };
 
@@ -142,7 +149,9 @@ void addTime(Took& took, const Work& work) {
     const double cpu = cpuSeconds();
     work();
     took.cpuSeconds += cpuSeconds() - cpu;
-    took.seconds += std::chrono::duration<double>(Clock::now() - start).count();
+    const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    took.seconds += seconds;
+    took.fastest = std::min(took.fastest, seconds);
 }
 
 void ExportOfALongList(benchmark::State& state) {
@@ -161,14 +170,43 @@ void ExportOfALongList(benchmark::State& state) {
         addTime(library, [&] { bareLibrary(bare, scratch, rows); });
         state.ResumeTiming();
     }
-    state.counters["ratio"] = own.seconds / library.seconds;
+    state.counters["ours_us"] = own.fastest * 1e6;
+    state.counters["bare_us"] = library.fastest * 1e6;
+    state.counters["ratio"] = own.fastest / library.fastest;
     state.counters["cpu_ratio"] = own.cpuSeconds / library.cpuSeconds;
     state.counters["grown_kB"] = residentKilobytes() - before;
     state.counters["rows_per_s"] =
         benchmark::Counter(static_cast<double>(rows) * static_cast<double>(state.iterations()) / own.seconds);
 }
 
-BENCHMARK(ExportOfALongList)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+/// Both papers of a proposal, from its row to the files; `size_kB` is theirs together.
+void PapersOfAProposal(benchmark::State& state) {
+    const support::TemporaryFolder folder;
+    const std::string file = folder.file("taller.db");
+    makeDatabase(file, 0);
+    const auto connection = sqlite::openDatabase(file);
+    const std::int32_t number = connection->execute("select max(DPI_Id) from DPI where DPI_Tipo = 0")[0].toLong();
+    support::NoServices services;
+    painting::Graphics graphics;
+    std::uintmax_t bytes = 0;
+    const documents::PaperChoices choices{.folder = [&] { return folder.withSeparator(); },
+                                          .view =
+                                              [&](const std::vector<documents::PrintedPaper>& printed) {
+                                                  bytes = 0;
+                                                  for (const documents::PrintedPaper& one : printed) {
+                                                      bytes += std::filesystem::file_size(one.path);
+                                                  }
+                                              }};
+    for ([[maybe_unused]] const auto& turn : state) {
+        documents::writeAndShow(paper::papersOf(*connection, number, false), services, graphics, choices);
+    }
+    require(bytes > 0, "no paper was written");
+    state.counters["size_kB"] = static_cast<double>(bytes) / 1024;
+}
+
+BENCHMARK(PapersOfAProposal)->Unit(benchmark::kMillisecond);
+BENCHMARK(ExportOfALongList)->Arg(1'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ExportOfALongList)->Arg(100'000)->Iterations(5)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -45,6 +45,8 @@ def row_of(size, program, measure, memory):
     if "ours_per_s" in measure:
         ours, bare = 1e6 / measure["ours_per_s"], 1e6 / measure["bare_per_s"]
         name += f" ({measure['refused']:.0f} refused)"
+    if "size_kB" in measure:
+        name = f"export/papers ({measure['size_kB']:.0f} kB)"
     memory = measure.get("grown_kB", memory * 1024) / 1024
     return dict(size=size, operation=name.lstrip("/"), ours_us=ours, bare_us=bare, ratio=ours / bare if bare else None,
                 memory_MiB=memory)
@@ -117,7 +119,7 @@ def main():
             subprocess.run([os.path.join(told.programs, "velmora_bench_fill"), database, str(told.size)], check=True)
         rows = measured(told.programs, told.size, ON_THE_DATABASE, {"VELMORA_BENCH_DATABASE": database}, told.seconds)
     if not told.database_only:
-        rows += measured(told.programs, "any", ON_THEIR_OWN, {}, told.seconds)
+        rows += measured(told.programs, "any", ON_THEIR_OWN, {"QT_QPA_PLATFORM": "offscreen"}, told.seconds)
         if os.environ.get("DISPLAY"):
             rows.append(start_row(told.programs))
 
