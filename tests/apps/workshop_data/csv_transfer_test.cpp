@@ -55,6 +55,21 @@ TEST_F(CsvTransferTest, WhatIsExportedFillsAnEmptyWorkshopWithTheSame) {
               demo.query("SELECT PARDPI_ID,PARDPI_ART,PARDPI_NOM FROM PARDPI ORDER BY PARDPI_ID"));
 }
 
+TEST_F(CsvTransferTest, RowsWithoutANumberThatIsLeftAreRefusedByLine) {
+    Workshop demo{demoDatabase()};
+    demo.database->execute("SET IDENTITY_INSERT PARDPI ON");
+    demo.database->execute(
+        "INSERT INTO PARDPI (PARDPI_ID,PARDPI_NOM,PARDPI_ART,PARDPI_DISCO,PARDPI_CRE) VALUES (998,N'Último',1,0,0)");
+    demo.database->execute("SET IDENTITY_INSERT PARDPI OFF");
+    const ImportPlan plan =
+        planNow(store(demo, "PARDPI"), contentOf("Descripción;Artículo\nUno;RED-F114\nDos;RED-F114\nTres;RED-F114\n"));
+    ASSERT_EQ(plan.faults.size(), 2u);
+    EXPECT_EQ(plan.faults[0].line, 3u);
+    EXPECT_EQ(plan.faults[1].line, 4u);
+    EXPECT_THAT(plan.faults[0].reason, HasSubstr("el último que el programa admite es el 999"));
+    EXPECT_FALSE(plan.mayRun());
+}
+
 TEST_F(CsvTransferTest, AFileOfAnOlderSpreadsheetIsReadInItsLetters) {
     EXPECT_EQ(importInto(shop, "RSEC", "N\xFAmero;Nombre\r\n1;Fresado y pi\xF1ones\r\n"), Imported::all);
     EXPECT_EQ(shop.query("SELECT RSEC_NOM FROM RSEC"), "Fresado y piñones");

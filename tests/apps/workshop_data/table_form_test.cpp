@@ -2,6 +2,7 @@
 
 #include "velmora/apps/workshop_data/csv_transfer.h"
 #include "velmora/apps/workshop_data/import_form.h"
+#include "velmora/platform/screen/close_request.h"
 
 #include "workshop_bench.h"
 
@@ -229,8 +230,59 @@ TEST_F(TableFormTest, AWindowThatIsClosedByItsFrameAsksToo) {
     FormUser user(demo, "RSEC");
     user.enter("RSEC_NOM", "Otro");
     demo.screen.queue(Answer::yes);
-    user.form().unload();
+    screen::requestClose(user.form());
     EXPECT_EQ(demo.query("SELECT RSEC_NOM FROM RSEC WHERE RSEC_ID=1"), "Otro");
+    EXPECT_TRUE(user.form().isUnloaded());
+}
+
+TEST_F(TableFormTest, AWindowStaysOpenWhenWhatWasTypedCannotBeSaved) {
+    FormUser user(demo, "RSEC");
+    user.enter("RSEC_NOM", "Otro");
+    demo.connection.before("UPDATE RSEC", [] { throw sql::DbError(sql::provider::failure, "disco lleno"); });
+    demo.screen.queue(Answer::yes);
+    screen::requestClose(user.form());
+    EXPECT_EQ(lastMessage(), "No se ha grabado nada.\n\ndisco lleno");
+    EXPECT_FALSE(user.form().isUnloaded());
+    EXPECT_EQ(user.textOf("RSEC_NOM"), "Otro");
+
+    user.enter("RSEC_NOM", "");
+    demo.screen.queue(Answer::yes);
+    screen::requestClose(user.form());
+    EXPECT_THAT(lastMessage(), ::testing::StartsWith("Nombre: "));
+    EXPECT_FALSE(user.form().isUnloaded());
+
+    demo.screen.queue(Answer::cancel);
+    screen::requestClose(user.form());
+    EXPECT_FALSE(user.form().isUnloaded());
+    demo.screen.queue(Answer::no);
+    screen::requestClose(user.form());
+    EXPECT_TRUE(user.form().isUnloaded());
+    EXPECT_EQ(demo.query("SELECT RSEC_NOM FROM RSEC WHERE RSEC_ID=1"), "Corte");
+}
+
+TEST_F(TableFormTest, ARackMaterialNeedsAnArticleThatIsWeighedAsAPlate) {
+    FormUser user(demo, "PARDPI");
+    const std::string plate = demo.query("SELECT top 1 ART_COD FROM ART WHERE ART_For=1");
+    user.add({{"PARDPI_NOM", "Cremallera nueva"}, {"PARDPI_ART", "RED-F114"}, {"PARDPI_CRE", "Sí"}});
+    EXPECT_EQ(lastMessage(), "El artículo de un material de cremallera debe tener la fórmula 1, «Pletina».");
+    user.enter("PARDPI_ART", plate);
+    user.key(Key::f5);
+    EXPECT_EQ(demo.query("SELECT count(*) FROM PARDPI WHERE PARDPI_NOM=N'Cremallera nueva' AND PARDPI_CRE=1"), "1");
+}
+
+TEST_F(TableFormTest, NoMaterialIsAddedWhoseNumberTheProposalsCannotRead) {
+    demo.database->execute("SET IDENTITY_INSERT PARDPI ON");
+    demo.database->execute(
+        "INSERT INTO PARDPI (PARDPI_ID,PARDPI_NOM,PARDPI_ART,PARDPI_DISCO,PARDPI_CRE) VALUES (998,N'Último',1,0,0)");
+    demo.database->execute("SET IDENTITY_INSERT PARDPI OFF");
+    FormUser user(demo, "PARDPI");
+    user.add({{"PARDPI_NOM", "Número 999"}, {"PARDPI_ART", "RED-F114"}});
+    EXPECT_EQ(demo.query("SELECT PARDPI_ID FROM PARDPI WHERE PARDPI_NOM=N'Número 999'"), "999");
+    user.add({{"PARDPI_NOM", "Número 1000"}, {"PARDPI_ART", "RED-F114"}});
+    EXPECT_EQ(lastMessage(),
+              "No se ha grabado nada.\n\nYa no quedan números: el último que el programa admite es el 999.");
+    EXPECT_EQ(demo.query("SELECT count(*) FROM PARDPI WHERE PARDPI_NOM=N'Número 1000'"), "0");
+    EXPECT_EQ(user.textOf("PARDPI_NOM"), "Número 1000");
 }
 
 TEST_F(TableFormTest, NothingThatWasNotStoredIsWrittenByTickingAndUnticking) {

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QWidget>
 
 #include "adapters/qt/key_player.h"
@@ -33,6 +34,23 @@ TEST_F(TableFormWindowTest, ATypedPointIsTheDecimalComma) {
     Workshop shop(emptyDatabase());
     type(shop, "materiales", "1⏎0.045⏎⏎");
     EXPECT_EQ(shop.query("SELECT mat_id,mat_pcs FROM materiales"), "1\t0,045");
+}
+
+// The frame's close button while the row cannot be saved: it is not lost.
+TEST_F(TableFormWindowTest, TheFrameDoesNotCloseOverARowThatIsRefused) {
+    Workshop shop(emptyDatabase());
+    platform::Desk desk{shop.screen, shop.components, shop.services, shop.clock};
+    TableForm form(shop.session, desk, *findTable("RSEC"), {});
+    play(form, [&] {
+        testing::KeyPlayer().play(testing::keysOf("⏎Torno"));
+        shop.screen.queue(screen::Answer::yes);
+        QApplication::activeWindow()->close();
+        EXPECT_FALSE(form.isUnloaded());
+        EXPECT_EQ(shop.screen.messages.back().text, "Número: falta.");
+        shop.screen.queue(screen::Answer::no);
+        QApplication::activeWindow()->close();
+        EXPECT_TRUE(form.isUnloaded());
+    });
 }
 
 }  // namespace

@@ -19,6 +19,7 @@
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
 #include "velmora/adapters/qt/window_memory.h"
+#include "velmora/platform/screen/close_request.h"
 #include "velmora/platform/toolkit/effective_state.h"
 #include "velmora/platform/toolkit/key_routing.h"
 #include "velmora/platform/toolkit/layout_nature.h"
@@ -385,7 +386,7 @@ bool FormWindow::handleKey(ControlView* view, const QKeyEvent& event) {
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (acceptsInput()) {
-        feed([this] { form_.unload(); });
+        feed([this] { screen::requestClose(form_); });
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "velmora/adapters/script/vocabulary.h"
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/screen/close_request.h"
 
 namespace velmora::script {
 
@@ -110,7 +111,7 @@ void Interpreter::open(const Command& command) {
 }
 
 void Interpreter::close(const Command&) {
-    top().unload();
+    screen::requestClose(top());
 }
 
 void Interpreter::call(const Command& command) {

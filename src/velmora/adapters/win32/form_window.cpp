@@ -14,6 +14,7 @@
 #include "velmora/adapters/win32/tool_tips.h"
 #include "velmora/adapters/win32/win32_screen.h"
 #include "velmora/adapters/win32/window_places.h"
+#include "velmora/platform/screen/close_request.h"
 #include "velmora/platform/toolkit/effective_state.h"
 #include "velmora/platform/toolkit/layout_nature.h"
 
@@ -396,7 +397,7 @@ LRESULT FormWindow::receive(UINT message, WPARAM word, LPARAM value) {
             return 1;
         case WM_CLOSE:
             if (acceptsInput()) {
-                feed([this] { form_.unload(); });
+                feed([this] { screen::requestClose(form_); });
             }
             return 0;
         case workWaits:

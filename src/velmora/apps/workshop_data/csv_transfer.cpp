@@ -35,6 +35,21 @@ void refuseUsed(const TableStore& store, ImportPlan& plan) {
     }
 }
 
+/// Rows for which no own number is left.
+void refuseBeyondLast(const TableStore& store, ImportPlan& plan) {
+    auto room = store.roomLeft();
+    if (!room) {
+        return;
+    }
+    for (PlannedRow& row : plan.rows) {
+        if (row.fate == Fate::added && --*room < 0) {
+            row.fate = Fate::refused;
+            plan.faults.push_back(
+                {.line = row.line, .key = row.key, .column = {}, .text = {}, .reason = numbersUsedUp(store.table())});
+        }
+    }
+}
+
 void writeRow(const TableStore& store, const PlannedRow& row) {
     if (row.fate == Fate::added) {
         store.insert(row.check.writes);
@@ -71,6 +86,7 @@ ImportPlan planNow(const TableStore& store, const CsvContent& file) {
     const References references = store.references();
     ImportPlan plan = planImport(store.table(), file, store.all(references), references);
     refuseUsed(store, plan);
+    refuseBeyondLast(store, plan);
     return plan;
 }
 

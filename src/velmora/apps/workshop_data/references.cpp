@@ -28,16 +28,20 @@ References::References(sql::Connection& connection, const Table& table) {
 }
 
 References::Rows References::readRows(sql::Connection& connection, const Reference& reference) {
+    const std::string detail = reference.detail.empty() ? "" : "," + std::string(reference.detail);
     sql::Recordset set =
         connection.execute("SELECT " + std::string(reference.key) + "," + std::string(reference.code) + "," +
-                           std::string(reference.name) + " FROM " + std::string(reference.table));
+                           std::string(reference.name) + detail + " FROM " + std::string(reference.table));
     Rows rows;
     for (; !set.eof(); set.moveNext()) {
         if (set[0].isNull()) {
             continue;
         }
         const std::int32_t key = set[0].toLong();
-        Named named{.code = textOrNothing(set[1]), .name = textOrNothing(set[2])};
+        Named named{.code = textOrNothing(set[1]), .name = textOrNothing(set[2]), .detail = {}};
+        if (!detail.empty() && !set[3].isNull()) {
+            named.detail = set[3].toLong();
+        }
         rows.byCode.emplace(folded(named.code), key);
         rows.byKey.emplace(key, std::move(named));
     }
@@ -67,6 +71,11 @@ std::string References::codeOf(const Reference& reference, std::int32_t key) con
 std::string References::nameOf(const Reference& reference, std::string_view code) const {
     const auto key = keyOf(reference, code);
     return key ? rowsOf(reference)->byKey.at(*key).name : std::string();
+}
+
+std::optional<std::int32_t> References::detailOf(const Reference& reference, std::string_view code) const {
+    const auto key = keyOf(reference, code);
+    return key ? rowsOf(reference)->byKey.at(*key).detail : std::nullopt;
 }
 
 }  // namespace velmora::workshop_data

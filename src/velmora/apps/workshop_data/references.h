@@ -27,10 +27,14 @@ class References {
     /// What the row with this code is; empty when there is none.
     std::string nameOf(const Reference& reference, std::string_view code) const;
 
+    /// The `detail` of the row with this code; nullopt when there is none or it is null.
+    std::optional<std::int32_t> detailOf(const Reference& reference, std::string_view code) const;
+
   private:
     struct Named {
         std::string code;
         std::string name;
+        std::optional<std::int32_t> detail;
     };
     struct Rows {
         std::unordered_map<std::int32_t, Named> byKey;

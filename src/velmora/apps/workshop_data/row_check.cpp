@@ -43,7 +43,7 @@ RowCheck checkRow(const Table& table, const References& references, const GivenT
         checkCell(table, references, i, text, existing, check);
     }
     if (check.faults.empty() && !check.writes.empty() && table.rule != nullptr) {
-        if (std::string reason = table.rule(check.texts); !reason.empty()) {
+        if (std::string reason = table.rule(check.texts, references); !reason.empty()) {
             check.faults.push_back({.column = table.columns.size(), .reason = std::move(reason)});
         }
     }

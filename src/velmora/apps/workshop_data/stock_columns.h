@@ -2,6 +2,7 @@
 // The columns of saw prices and articles; for tables.cpp.
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 #include "velmora/apps/workshop_data/tables.h"
@@ -44,6 +45,7 @@ inline constexpr Reference sawPrice{.table = "materiales",
 
 // --- Articles ------------------------------------------------------------------------------------------------------
 
+inline constexpr std::int32_t plateFormula = 1;
 inline constexpr auto formulas = std::to_array<Choice>({{0, "Por unidades"},
                                                         {1, "Pletina"},
                                                         {2, "Redondo"},
@@ -127,6 +129,7 @@ inline constexpr Reference article{.table = "ART",
                                    .one = "el artículo",
                                    .search = "Buscar artículos",
                                    .codeCaption = "Código",
-                                   .nameCaption = "Artículo"};
+                                   .nameCaption = "Artículo",
+                                   .detail = "ART_For"};
 
 }  // namespace velmora::workshop_data

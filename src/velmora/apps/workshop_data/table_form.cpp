@@ -50,7 +50,6 @@ TableForm::TableForm(session::Session& session, platform::Desk& desk, const Tabl
 
 void TableForm::wire() {
     onKeyDown = [this](screen::KeyDown& key) { Form_KeyDown(key); };
-    onUnload = [this] { Form_Unload(); };
     list_.onMoved = [this] { showCurrent(); };
     txtBuscar_.onGotFocus = [this] { util_.EntrarCampo(txtBuscar_); };
     txtBuscar_.onLostFocus = [this] { util_.SalirCampo(txtBuscar_); };
@@ -62,7 +61,7 @@ void TableForm::wire() {
     cmdBuscarReferencia_.onClick = [this] { searchReference(); };
     cmdImportar_.onClick = [this] { importRows(); };
     cmdExportar_.onClick = [this] { exportRows(); };
-    cmdSalir_.onClick = [this] { leave(); };
+    cmdSalir_.onClick = [this] { requestClose(); };
     for (const auto& field : fields_) {
         if (auto* box = dynamic_cast<screen::TextBox*>(&field->control());
             box != nullptr && field->column().reference != nullptr) {
@@ -76,7 +75,7 @@ void TableForm::Form_KeyDown(screen::KeyDown& key) {
     const Key pressed = std::exchange(key.key, Key::none);
     switch (pressed) {
         case Key::escape:
-            leave();
+            requestClose();
             break;
         case Key::f1:
             searchReference();
@@ -234,9 +233,9 @@ void TableForm::searchReference() {
 
 // --- Leaving -------------------------------------------------------------------------------------------------------
 
-// Chosen C-460: Esc and "Salir" ask about a row that was typed and not saved. The main form's Esc asks nothing, because
-// it is required so; here the row would be lost without a trace.
-void TableForm::leave() {
+// Chosen C-460: Esc, "Salir" and the window's frame ask about a row that was typed and not saved. The main form's Esc
+// asks nothing, because it is required so; here the row would be lost without a trace.
+void TableForm::requestClose() {
     if (isDirty()) {
         const screen::Answer answer = desk_.screen.show({.text = "Hay cambios sin grabar. ¿Desea grabarlos?",
                                                          .icon = screen::Icon::question,
@@ -246,22 +245,7 @@ void TableForm::leave() {
             return;
         }
     }
-    leaving_ = true;
     unload();
-}
-
-// The window was closed by its frame, which cannot be refused.
-void TableForm::Form_Unload() {
-    if (leaving_ || !isDirty()) {
-        return;
-    }
-    leaving_ = true;
-    if (desk_.screen.show({.text = "Hay cambios sin grabar. ¿Desea grabarlos?",
-                           .icon = screen::Icon::question,
-                           .buttons = screen::Buttons::yesNo,
-                           .title = caption()}) == screen::Answer::yes) {
-        save();
-    }
 }
 
 // --- Files ---------------------------------------------------------------------------------------------------------

@@ -12,6 +12,7 @@
 #include "velmora/apps/workshop_data/table_list.h"
 #include "velmora/apps/workshop_data/table_store.h"
 #include "velmora/platform/desk.h"
+#include "velmora/platform/screen/close_request.h"
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
 #include "velmora/platform/session/checked_write.h"
@@ -22,17 +23,19 @@ namespace velmora::workshop_data {
 
 /// Shown modally. A row that was begun or changed must be saved or undone before another one is shown: list and search
 /// are disabled until then, so that nothing that was typed is lost. Errors of the constructor: the database's.
-class TableForm : public screen::Form {
+class TableForm : public screen::Form, public screen::CloseRequest {
   public:
     /// All must outlive the form.
     TableForm(session::Session& session, platform::Desk& desk, const Table& table, ChooseTarget chooseTarget);
+
+    /// Asks about a row that was typed and not saved. The form stays when the user cancels or the row cannot be saved.
+    void requestClose() override;
 
   private:
     void arrange();
     screen::Layout layoutOfFields() const;
     void wire();
     void Form_KeyDown(screen::KeyDown& key);
-    void Form_Unload();
 
     void reload();
     void showCurrent();
@@ -48,7 +51,6 @@ class TableForm : public screen::Form {
     void beginNew();
     void undo();
     void searchReference();
-    void leave();
 
     /// False when nothing was saved because something was wrong, which the user has read.
     bool save();
@@ -89,7 +91,6 @@ class TableForm : public screen::Form {
     std::optional<StoredRow> current_;  ///< the row in the fields; none while one is added, or when there is none
     RowTexts begun_;                    ///< what the fields began with
     bool adding_ = false;
-    bool leaving_ = false;  ///< the user has decided about what was typed
 };
 
 }  // namespace velmora::workshop_data

@@ -7,6 +7,7 @@
 #include "velmora/platform/runtime/numbers.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/session/row_writing.h"
+#include "velmora/platform/sql/db_error.h"
 
 namespace velmora::workshop_data {
 
@@ -70,6 +71,11 @@ bool isWritten(const Table& table, std::string_view column, std::span<const Cell
 
 }  // namespace
 
+std::string numbersUsedUp(const Table& table) {
+    return "Ya no quedan números: el último que el programa admite es el " +
+           runtime::CStr(std::int64_t{table.lastOwnNumber}) + ".";
+}
+
 std::vector<StoredRow> TableStore::read(const std::string& clause, const References& references) const {
     sql::Recordset set =
         session_.Connection().execute("SELECT " + listOf(table_) + " FROM " + std::string(table_.name) + clause);
@@ -96,21 +102,28 @@ std::optional<StoredRow> TableStore::find(const std::string& where, const Refere
     return rows.empty() ? std::nullopt : std::optional(std::move(rows.front()));
 }
 
-std::int32_t TableStore::nextNumber() const {
+std::int32_t TableStore::highestNumber() const {
     const sql::Recordset highest = session_.Connection().execute("SELECT max(" + std::string(table_.ownNumber) +
                                                                  ") FROM " + std::string(table_.name));
-    return highest.eof() || highest[0].isNull() ? 1 : highest[0].toLong() + 1;
+    return highest.eof() || highest[0].isNull() ? 0 : highest[0].toLong();
+}
+
+std::optional<std::int32_t> TableStore::roomLeft() const {
+    return table_.lastOwnNumber == 0 ? std::nullopt : std::optional(table_.lastOwnNumber - highestNumber());
 }
 
 void TableStore::insert(std::span<const CellWrite> writes) const {
     session::insertRow(session_, table_.name, [&](session::FieldList& fields) {
         if (!table_.ownNumber.empty() && !table_.numberIsIdentity) {
-            fields.Add(table_.ownNumber, Tipo::wholeNumber, nextNumber());
+            fields.Add(table_.ownNumber, Tipo::wholeNumber, highestNumber() + 1);
         }
         for (const CellWrite& write : writes) {
             addField(fields, table_.columns[write.column].name, write.value);
         }
     });
+    if (const auto room = roomLeft(); room && *room < 0) {
+        throw sql::DbError(sql::provider::failure, numbersUsedUp(table_));
+    }
 }
 
 void TableStore::update(const StoredRow& row, std::span<const CellWrite> writes) const {

@@ -13,6 +13,9 @@
 
 namespace velmora::workshop_data {
 
+/// Why no row can be added to a table whose own numbers have reached their last one; Spanish.
+std::string numbersUsedUp(const Table& table);
+
 /// All operations run in the transaction of the caller, if there is one. Errors: the database's, as DbError.
 class TableStore {
   public:
@@ -27,6 +30,10 @@ class TableStore {
     /// The row as it is now; nullopt when it is gone.
     std::optional<StoredRow> find(const std::string& where, const References& references) const;
 
+    /// How many rows can still be added; nullopt: any number. A server that has skipped numbers may allow fewer.
+    std::optional<std::int32_t> roomLeft() const;
+    /// DbError, Spanish, when the row's own number is one that the program cannot use: the caller's transaction is to
+    /// be undone then.
     void insert(std::span<const CellWrite> writes) const;
     void update(const StoredRow& row, std::span<const CellWrite> writes) const;
     void remove(const StoredRow& row) const;
@@ -40,7 +47,7 @@ class TableStore {
     std::vector<StoredRow> read(const std::string& clause, const References& references) const;
     sql::Value valueUsed(const StoredRow& row, const Use& use) const;
     std::string words(const StoredRow& row, std::span<const Use> uses) const;
-    std::int32_t nextNumber() const;
+    std::int32_t highestNumber() const;
 
     session::Session& session_;
     const Table& table_;

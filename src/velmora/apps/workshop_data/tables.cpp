@@ -4,6 +4,7 @@
 #include <array>
 
 #include "velmora/apps/workshop_data/cell_text.h"
+#include "velmora/apps/workshop_data/references.h"
 #include "velmora/apps/workshop_data/staff_columns.h"
 #include "velmora/apps/workshop_data/stock_columns.h"
 #include "velmora/data/schema.h"
@@ -46,7 +47,7 @@ constexpr auto materialColumns = std::to_array<Column>({
      .onNew = "No"},
     {.name = "PARDPI_CRE",
      .caption = "Cremallera",
-     .explanation = "Para cremalleras.",
+     .explanation = "Para cremalleras: el artículo debe tener la fórmula 1, Pletina.",
      .kind = Kind::flag,
      .onNew = "No"},
 });
@@ -56,7 +57,10 @@ constexpr auto materialUses = std::to_array<Use>({
     {.column = "PARDPI_ID", .table = "DPI", .byColumn = "DPI_IdParCubo", .words = "propuestas (cubo)"},
 });
 
-std::string ruleOfMaterials(const RowTexts& texts);
+// The lists of a proposal read the number of a material from three digits (K-006).
+constexpr std::int32_t lastMaterial = 999;
+
+std::string ruleOfMaterials(const RowTexts& texts, const References& references);
 
 // --- Dimension constants -------------------------------------------------------------------------------------------
 
@@ -96,7 +100,7 @@ constexpr auto constantColumns = std::to_array<Column>({
 });
 constexpr auto constantKey = std::to_array<std::string_view>({"Calculos_Tipo", "Calculos_Valor1", "Calculos_Valor2"});
 
-std::string ruleOfConstants(const RowTexts& texts);
+std::string ruleOfConstants(const RowTexts& texts, const References& references);
 
 // --- Customers -----------------------------------------------------------------------------------------------------
 
@@ -193,6 +197,7 @@ constexpr auto tables = std::to_array<Table>({
      .numberIsIdentity = true,
      .uses = materialUses,
      .fixedWhenUsed = true,
+     .lastOwnNumber = lastMaterial,
      .rule = ruleOfMaterials},
     {.name = "RSEC",
      .fileName = "secciones",
@@ -244,14 +249,19 @@ const std::string& textOf(const RowTexts& texts, std::string_view table, std::st
     return texts[positionOf(*findTable(table), column)];
 }
 
-// As in the materials' own form, where one box clears the other.
-std::string ruleOfMaterials(const RowTexts& texts) {
-    const bool both =
-        textOf(texts, "PARDPI", "PARDPI_CRE") == yesText && textOf(texts, "PARDPI", "PARDPI_DISCO") == yesText;
-    return both ? "Un material no puede ser de disco y de cremallera a la vez." : "";
+// As in the materials' own form: one box clears the other, and a rack is weighed as a plate.
+std::string ruleOfMaterials(const RowTexts& texts, const References& references) {
+    if (textOf(texts, "PARDPI", "PARDPI_CRE") != yesText) {
+        return "";
+    }
+    if (textOf(texts, "PARDPI", "PARDPI_DISCO") == yesText) {
+        return "Un material no puede ser de disco y de cremallera a la vez.";
+    }
+    const bool plate = references.detailOf(article, textOf(texts, "PARDPI", "PARDPI_ART")) == plateFormula;
+    return plate ? "" : "El artículo de un material de cremallera debe tener la fórmula 1, «Pletina».";
 }
 
-std::string ruleOfConstants(const RowTexts& texts) {
+std::string ruleOfConstants(const RowTexts& texts, const References&) {
     const auto from = numberOf(textOf(texts, "Calculos", "Calculos_Valor1"));
     const auto to = numberOf(textOf(texts, "Calculos", "Calculos_Valor2"));
     return from && to && *from > *to ? "«Desde» es mayor que «Hasta»." : "";

@@ -10,6 +10,8 @@
 
 namespace velmora::workshop_data {
 
+class References;
+
 enum class Kind {
     text,
     wholeNumber,
@@ -35,6 +37,7 @@ struct Reference {
     std::string_view search;       ///< title of the search window
     std::string_view codeCaption;  ///< headings of that window
     std::string_view nameCaption;
+    std::string_view detail = {};  ///< a whole number of the row that a rule of the naming table asks for
 };
 
 struct Column {
@@ -82,8 +85,10 @@ struct Table {
     std::span<const Use> uses{};
     /// Whether a row that is used must not change at all.
     bool fixedWhenUsed = false;
+    /// The greatest own number that the program can use; 0: any.
+    std::int32_t lastOwnNumber = 0;
     /// What is wrong with a row whose columns are each right; empty when nothing is. Spanish.
-    std::string (*rule)(const RowTexts& texts) = nullptr;
+    std::string (*rule)(const RowTexts& texts, const References& references) = nullptr;
 };
 
 /// All tables, in the order in which an empty workshop is filled: a table stands behind those that it names.
