@@ -228,12 +228,17 @@ void FormWindow::focusMoved(screen::Control* control) {
     showStatus();
 }
 
-// What is under way is painted at once: the program may be waiting without letting events through.
+// What is under way is painted at once: the program may be waiting without letting events through. The state is not
+// asked then, because the database itself may be what waits.
 void FormWindow::statusChanged() {
-    showStatus();
-    if (!form_.status().work().empty()) {
-        status_->repaint();
+    const bool working = !form_.status().work().empty();
+    const bool worked = std::exchange(working_, working);
+    if (!working && !worked) {
+        showStatus();
+        return;
     }
+    status_->showMessage(toolkit::messageOf(form_));
+    status_->repaint();
 }
 
 // The state is asked of the form, which may read the database: an error is shown like that of any other event.

@@ -80,6 +80,7 @@ class FormWindow : public QWidget, private screen::FormObserver, private toolkit
     QWidget* content_ = nullptr;
     QScrollArea* scroll_ = nullptr;
     StatusBar* status_ = nullptr;
+    bool working_ = false;  ///< the status line tells of work under way
     std::vector<std::unique_ptr<ControlView>> views_;
     std::unordered_map<const screen::Control*, ControlView*> viewByControl_;
     /// Further views of a label that captions several fields, only one of which is shown at a time.

@@ -67,6 +67,10 @@ void StatusBar::paintEvent(QPaintEvent*) {
 void StatusBar::show(const toolkit::StatusText& text) {
     state_->setText(toQt(text.state));
     state_->setVisible(!text.state.empty());
+    showMessage(text);
+}
+
+void StatusBar::showMessage(const toolkit::StatusText& text) {
     message_->show(toQt(text.message));
     setColor(*message_, text.urgent ? theme::warning : theme::caption);
     deed_->show(toQt(text.deed));

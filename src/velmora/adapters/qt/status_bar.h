@@ -28,6 +28,8 @@ class StatusBar : public QWidget {
   public:
     explicit StatusBar(QWidget* parent);
     void show(const toolkit::StatusText& text);
+    /// Leaves the state as it was shown last.
+    void showMessage(const toolkit::StatusText& text);
 
   protected:
     void paintEvent(QPaintEvent* event) override;

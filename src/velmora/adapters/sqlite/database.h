@@ -24,6 +24,10 @@ struct Options {
     bool readOnly = false;
     /// How long a statement waits for another process that writes.
     std::chrono::milliseconds busyTimeout{5000};
+    /// Told true once a statement has waited for another process for `waitingAfter`, and false at that statement's end.
+    /// Called on the thread that opened the database; must not use the connection. Its errors are ignored.
+    std::function<void(bool waits)> waiting{};
+    std::chrono::milliseconds waitingAfter{300};
     /// How many texts the statement cache holds.
     std::size_t cachedStatements = 256;
     /// Called when the opening of a set has taken `longRunAfter`; what it gives lives until the set is open. Not inside

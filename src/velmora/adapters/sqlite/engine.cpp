@@ -7,6 +7,7 @@
 
 #include "velmora/adapters/sqlite/errors.h"
 #include "velmora/adapters/sqlite/file_content.h"
+#include "velmora/adapters/sqlite/lock_wait.h"
 #include "velmora/adapters/sqlite/row_source.h"
 #include "velmora/adapters/sqlite/run_watch.h"
 #include "velmora/adapters/sqlite/table_reader.h"
@@ -32,6 +33,7 @@ Options completed(Options options) {
     if (!options.clock) {
         options.clock = localNow;
     }
+    options.waiting = toldOnce(std::move(options.waiting));
     options.cachedStatements = std::max<std::size_t>(options.cachedStatements, 1);
     return options;
 }
@@ -97,6 +99,7 @@ const std::shared_ptr<Link>& Engine::link() {
 }
 
 bool Engine::isAlive() {
+    const WaitsEnd end(options_);
     try {
         return link()->isAlive();
     } catch (const sql::DbError&) {
@@ -125,6 +128,7 @@ std::vector<std::string> Engine::files() {
 // Statements.
 
 sql::Recordset Engine::execute(std::string_view text) {
+    const WaitsEnd end(options_);
     try {
         const std::shared_ptr<CachedStatement> cached = statementOf(text);
         switch (cached->translation.answer) {
@@ -144,6 +148,7 @@ sql::Recordset Engine::execute(std::string_view text) {
 }
 
 std::unique_ptr<sql::RowSource> Engine::openRows(std::string_view text) {
+    const WaitsEnd end(options_);
     const std::string kept(text);
     try {
         return rowsOf(statementOf(kept));
@@ -315,6 +320,7 @@ void Engine::forget() {
 }
 
 void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::Value& key, const sql::Bytes& content) {
+    const WaitsEnd end(options_);
     settleSets();
     Link& writer = *link();
     writer.mustLieInPlace();
@@ -346,6 +352,7 @@ void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::V
 // Transactions.
 
 void Engine::begin() {
+    const WaitsEnd end(options_);
     // Chosen C-206: a transaction inside a transaction is refused with a number of its own.
     if (inTransaction_) {
         throw sql::DbError(sql::provider::transactionOpen, "Ya hay una transacción abierta.", {.sqlState = "25001"});
@@ -357,6 +364,7 @@ void Engine::begin() {
 }
 
 void Engine::commit() {
+    const WaitsEnd end(options_);
     if (!inTransaction_) {
         throw sql::DbError(sql::provider::noTransaction, "No hay ninguna transacción abierta.", {.sqlState = "25000"});
     }
@@ -377,6 +385,7 @@ void Engine::commit() {
 }
 
 void Engine::rollback() {
+    const WaitsEnd end(options_);
     if (!inTransaction_) {
         throw sql::DbError(sql::provider::noTransaction, "No hay ninguna transacción abierta.", {.sqlState = "25000"});
     }

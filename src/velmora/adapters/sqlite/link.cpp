@@ -48,7 +48,7 @@ std::shared_ptr<Link> Link::temporary(const Options& options) {
 
 void Link::configure(const std::string& path) {
     sqlite3* database = handle();
-    sqlite3_busy_timeout(database, static_cast<int>(options_.busyTimeout.count()));
+    wait_.watch(database);
     sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     registerCollation(database);

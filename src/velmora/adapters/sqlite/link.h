@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "velmora/adapters/sqlite/database.h"
+#include "velmora/adapters/sqlite/lock_wait.h"
 #include "velmora/adapters/sqlite/statement.h"
 #include "velmora/adapters/sqlite/statement_cache.h"
 
@@ -97,6 +98,7 @@ class Link {
     void limitWriteAhead(std::string_view schema);
 
     Options options_;
+    LockWait wait_{options_};
     std::optional<runtime::Date> moment_;
     bool keepsSnapshots_ = false;
     bool documentsAttached_ = false;

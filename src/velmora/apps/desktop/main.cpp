@@ -18,6 +18,7 @@
 #include "velmora/apps/desktop/draft_watch.h"
 #include "velmora/apps/desktop/file_watch.h"
 #include "velmora/apps/desktop/first_start_form.h"
+#include "velmora/apps/desktop/lock_note.h"
 #include "velmora/apps/desktop/long_statement.h"
 #include "velmora/apps/desktop/no_display.h"
 #include "velmora/apps/desktop/options.h"
@@ -244,8 +245,10 @@ class Run {
     const desktop::Options& options_;
     qt::QtScreen& screen_;
     const system::SystemClock clock_;
-    const sql::Engines engines_ =
-        engines::knownEngines(clock_, [] { return std::make_unique<desktop::LongStatement>(); });
+    desktop::LockNote lockNote_{screen_};
+    const sql::Engines engines_ = engines::knownEngines(
+        clock_, [] { return std::make_unique<desktop::LongStatement>(); },
+        [this](bool waits) { lockNote_.tell(waits); });
     desktop::FirstStart start_{
         .database = desktop::databaseToOpen(options_, desktop::rememberedChoice(desktop::choiceFile())),
         .make = options_.data};

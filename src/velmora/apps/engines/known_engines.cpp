@@ -5,9 +5,10 @@
 
 namespace velmora::engines {
 
-sql::Engines knownEngines(const system::Clock& clock, const sql::LongRuns& longRun) {
+sql::Engines knownEngines(const system::Clock& clock, const sql::LongRuns& longRun,
+                          const std::function<void(bool waits)>& waiting) {
     sql::Engines engines;
-    sqlite::registerIn(engines, {.clock = [&clock] { return clock.now(); }, .longRun = longRun});
+    sqlite::registerIn(engines, {.clock = [&clock] { return clock.now(); }, .waiting = waiting, .longRun = longRun});
     odbc::registerIn(engines, {.longRun = longRun});
     return engines;
 }

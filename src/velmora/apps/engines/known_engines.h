@@ -12,8 +12,10 @@
 namespace velmora::engines {
 
 /// Every engine by its name. The clock answers getdate() of an embedded one; it must outlive what the engines open.
-/// `longRun`: what is shown of a statement that runs long.
-sql::Engines knownEngines(const system::Clock& clock, const sql::LongRuns& longRun = {});
+/// `longRun`: what is shown of a statement that runs long. `waiting`: told when an embedded one waits for another user,
+/// and when no longer.
+sql::Engines knownEngines(const system::Clock& clock, const sql::LongRuns& longRun = {},
+                          const std::function<void(bool waits)>& waiting = {});
 
 /// The embedded database at this path, or ":memory:", for Engines::open.
 std::string fileSource(const std::string& path);

@@ -34,8 +34,14 @@ std::string wordsOf(const RecordState& state) {
 }  // namespace
 
 StatusText statusTextOf(const screen::Form& form) {
+    StatusText text = messageOf(form);
+    text.state = wordsOf(form.status().state());
+    return text;
+}
+
+StatusText messageOf(const screen::Form& form) {
     const screen::StatusLine& status = form.status();
-    StatusText text{.state = wordsOf(status.state()), .message = {}, .deed = status.deed()};
+    StatusText text{.state = {}, .message = {}, .deed = status.deed()};
     const screen::Control* active = form.activeControl();
     text.urgent = true;
     if (!status.work().empty()) {

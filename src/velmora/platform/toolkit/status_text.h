@@ -18,4 +18,7 @@ struct StatusText {
 /// control with the focus; its hint.
 StatusText statusTextOf(const screen::Form& form);
 
+/// The same without the state, of which the form is not asked: for moments at which it cannot answer.
+StatusText messageOf(const screen::Form& form);
+
 }  // namespace velmora::toolkit
