@@ -9,6 +9,7 @@
 #include <sys/resource.h>
 
 #include "velmora/apps/engines/known_engines.h"
+#include "velmora/apps/workshop_file/database_files.h"
 #include "velmora/apps/workshop_file/workshop_file.h"
 
 #include "support/stopped_clock.h"
@@ -111,6 +112,33 @@ TEST_F(CopiesTest, ACopyIsPutBackAndWhatWasThereIsKept) {
     copies_.restore(copies_.all().front());
     EXPECT_EQ(rows(open()), "2 2");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path() / "copias"), {}), 2 * 3) << "files of copies alone";
+}
+
+TEST_F(CopiesTest, TheCompanysSettingsAreCopiedAndPutBackWithTheirDatabase) {
+    const fs::path settings = workshop_file::settingsOf(file_);
+    const auto enter = [&](const char* name) { std::ofstream(settings) << name; };
+    const auto entered = [&] {
+        std::ifstream stream(settings);
+        return std::string(std::istreambuf_iterator<char>(stream), {});
+    };
+    open();
+    const Copy without = copies_.make();
+    enter("Talleres Uno");
+    wait(std::chrono::minutes(5));
+    const Copy first = copies_.make();
+    enter("Talleres Dos");
+    wait(std::chrono::minutes(5));
+    copies_.restore(first);
+    EXPECT_EQ(entered(), "Talleres Uno");
+    copies_.restore(copies_.all().front());
+    EXPECT_EQ(entered(), "Talleres Dos") << "what was there was copied too";
+    copies_.restore(without);
+    EXPECT_EQ(entered(), "Talleres Dos") << "a copy without settings leaves those that are there";
+    for (int i = 0; i < 20; ++i) {
+        wait(std::chrono::hours(1));
+        copies_.make();
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path() / "copias"), {}), 3 * 14) << "displaced as a whole";
 }
 
 TEST_F(CopiesTest, ADatabaseNamedWithoutItsFolderIsCopiedAndPutBackToo) {

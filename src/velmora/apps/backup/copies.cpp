@@ -9,7 +9,9 @@
 
 #include "velmora/adapters/sqlite/backup.h"
 #include "velmora/adapters/sqlite/file_content.h"
+#include "velmora/apps/workshop_file/database_files.h"
 #include "velmora/apps/workshop_file/folder_lock.h"
+#include "velmora/apps/workshop_file/restoring.h"
 #include "velmora/platform/sql/db_error.h"
 #include "velmora/platform/system/failure_words.h"
 #include "velmora/platform/system/file_path.h"
@@ -17,6 +19,10 @@
 namespace velmora::backup {
 
 namespace fs = std::filesystem;
+using workshop_file::documentsOf;
+using workshop_file::filesOf;
+using workshop_file::removeFilesOf;
+using workshop_file::settingsOf;
 
 namespace {
 
@@ -26,10 +32,6 @@ constexpr std::string_view ending = ".db";
 constexpr std::array<std::pair<std::size_t, std::size_t>, 6> partsOfMoment{
     {{0, 4}, {5, 2}, {8, 2}, {11, 2}, {13, 2}, {15, 2}}};
 constexpr std::size_t lengthOfMoment = 17;
-
-fs::path documentsOf(const fs::path& file) {
-    return system::filePath(sqlite::documentsFileOf(system::fileText(file)));
-}
 
 std::string digits(int value, std::size_t width) {
     std::string text = std::to_string(value);
@@ -82,20 +84,9 @@ void mustBeSound(const fs::path& file) {
     }
 }
 
-void removeSideFiles(const fs::path& file) {
-    for (const char* side : sqlite::sideFileEndings) {
-        fs::path beside = file;
-        beside += side;
-        std::error_code ignored;
-        fs::remove(beside, ignored);
-    }
-}
-
-void removeBoth(const fs::path& copy) {
-    for (const fs::path& file : {copy, documentsOf(copy)}) {
-        std::error_code ignored;
-        fs::remove(file, ignored);
-        removeSideFiles(file);
+void copyIfThere(const fs::path& from, const fs::path& to) {
+    if (fs::exists(from)) {
+        fs::copy_file(from, to);
     }
 }
 
@@ -104,20 +95,22 @@ class Unfinished {
   public:
     explicit Unfinished(const fs::path& target)
         : target_(target), file_(target.parent_path() / system::filePath(".sin-terminar" + std::string(ending))) {
-        removeBoth(file_);
+        removeFilesOf(file_);
     }
-    ~Unfinished() { removeBoth(file_); }
+    ~Unfinished() { removeFilesOf(file_); }
     Unfinished(const Unfinished&) = delete;
     Unfinished& operator=(const Unfinished&) = delete;
 
     const fs::path& file() const { return file_; }
-    /// Moves both files into place, the documents first.
+    /// Moves the files into place, the database last: with it the copy is complete.
     void move() const {
-        for (const auto& [from, to] :
-             {std::pair(documentsOf(file_), documentsOf(target_)), std::pair(file_, target_)}) {
-            workshop_file::syncFile(from);
-            removeSideFiles(to);
-            fs::rename(from, to);
+        const auto from = filesOf(file_);
+        const auto to = filesOf(target_);
+        for (std::size_t i = 0; i < from.size(); ++i) {
+            if (fs::exists(from[i])) {
+                workshop_file::syncFile(from[i]);
+                fs::rename(from[i], to[i]);
+            }
         }
     }
 
@@ -171,6 +164,7 @@ void Copies::makeAt(const fs::path& file) const {
     const Unfinished copy(file);
     sqlite::copyDatabase(system::fileText(database_), system::fileText(copy.file()));
     mustBeSound(copy.file());
+    copyIfThere(settingsOf(database_), settingsOf(copy.file()));
     copy.move();
     lock.sync();
 }
@@ -185,7 +179,7 @@ Copy Copies::make() {
 void Copies::keepLast() const {
     const std::vector<Copy> copies = all();
     for (std::size_t i = mostCopies; i < copies.size(); ++i) {
-        removeBoth(copies[i].file);
+        removeFilesOf(copies[i].file);
     }
 }
 
@@ -215,6 +209,20 @@ void Copies::keepDamaged() const {
     }
 }
 
+/// A copy of an earlier version has no settings: then those of the workshop stay.
+void Copies::prepare(const fs::path& copy) const {
+    const fs::path prepared = workshop_file::preparedFor(database_);
+    removeFilesOf(prepared);
+    try {
+        fs::copy_file(documentsOf(copy), documentsOf(prepared));
+        copyIfThere(settingsOf(copy), settingsOf(prepared));
+        fs::copy_file(copy, prepared);
+    } catch (const std::system_error&) {
+        removeFilesOf(prepared);
+        throw;
+    }
+}
+
 void Copies::restore(const Copy& copy) {
     told("No se puede restaurar la copia.", [&] {
         mustBeSound(copy.file);
@@ -224,12 +232,12 @@ void Copies::restore(const Copy& copy) {
         } else {
             keepDamaged();
         }
-        const workshop_file::FolderLock lock(database_.parent_path());
-        const Unfinished back(database_);
-        fs::copy_file(documentsOf(copy.file), documentsOf(back.file()));
-        fs::copy_file(copy.file, back.file());
-        back.move();
-        lock.sync();
+        {
+            const workshop_file::FolderLock lock(database_.parent_path());
+            prepare(copy.file);
+            workshop_file::decideRestore(database_);
+        }
+        workshop_file::finishRestore(database_);
     });
 }
 

@@ -20,7 +20,7 @@ class Failed : public std::runtime_error {
 };
 
 struct Copy {
-    std::filesystem::path file;  ///< the documents' copy lies beside it
+    std::filesystem::path file;  ///< the copies of documents and settings lie beside it
     runtime::Date taken;
 };
 
@@ -30,7 +30,7 @@ inline constexpr std::size_t mostCopies = 14;
 inline constexpr std::chrono::days longestWithoutCopy{7};
 
 /// They lie in the folder "copias" beside the database: "taller 2026-11-22 143000.db" and the documents' one, whose
-/// name has "DOC" in front. Another database of the folder has its own.
+/// name has "DOC" in front, and its company's settings, once it has any. Another database of the folder has its own.
 class Copies {
   public:
     /// The clock must outlive this object.
@@ -47,16 +47,18 @@ class Copies {
     /// True when the last one is too old.
     bool isOverdue() const;
 
-    /// Puts the database and its documents back as they were when the copy was taken, after it was read to its last
-    /// page. What is there now is copied first and kept, in addition to the others; when it cannot be read, its files
-    /// are kept beside the copies as they are, "dañada taller.db". Nothing changes on error. Errors: Failed, also when
-    /// the database is open, in this program or another one.
+    /// Puts the database, its documents and its settings back as they were when the copy was taken, after it was read
+    /// to its last page. What is there now is copied first and kept, in addition to the others; when it cannot be read,
+    /// its files are kept beside the copies as they are, "dañada taller.db". All of them or none: a restore that was
+    /// killed half-way is ended when the database is opened next. Errors: Failed, also when the database is open, in
+    /// this program or another one.
     void restore(const Copy& copy);
 
   private:
     std::filesystem::path copyAt(runtime::Date moment) const;
     runtime::Date freeMoment() const;
     void makeAt(const std::filesystem::path& file) const;
+    void prepare(const std::filesystem::path& copy) const;
     void keepLast() const;
     void keepDamaged() const;
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "velmora/adapters/sqlite/file_content.h"
+#include "velmora/apps/workshop_file/database_files.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/system/file_path.h"
 
@@ -57,9 +58,7 @@ std::string asFileName(std::string place) {
 }  // namespace
 
 fs::path companyFileOf(const std::string& database) {
-    fs::path file = fs::absolute(system::filePath(sqlite::realFile(database)));
-    file += ending;
-    return file;
+    return workshop_file::settingsOf(fs::absolute(system::filePath(sqlite::realFile(database))));
 }
 
 fs::path companyFileOfServer(const fs::path& folder, const std::string& connectionString) {

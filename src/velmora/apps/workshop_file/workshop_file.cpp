@@ -6,7 +6,9 @@
 
 #include "velmora/adapters/sqlite/file_content.h"
 #include "velmora/apps/engines/known_engines.h"
+#include "velmora/apps/workshop_file/database_files.h"
 #include "velmora/apps/workshop_file/folder_lock.h"
+#include "velmora/apps/workshop_file/restoring.h"
 #include "velmora/data/indexes.h"
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/db_error.h"
@@ -26,21 +28,9 @@ constexpr const char* documents = "dex";
 // Chosen C-442: a host's database is never written for this, and a file that has no mark counts as no demonstration.
 constexpr std::int32_t demonstrationMark = 1;
 
-fs::path documentsFileOf(const fs::path& file) {
-    return system::filePath(sqlite::documentsFileOf(system::fileText(file)));
-}
-
 /// The names under which a database is made before it is moved into place.
 fs::path unfinished(const fs::path& file) {
     return file.parent_path() / system::filePath("." + system::fileText(file.filename()) + ".nueva");
-}
-
-void removeSideFiles(const fs::path& file) {
-    for (const char* ending : sqlite::sideFileEndings) {
-        fs::path side = file;
-        side += ending;
-        fs::remove(side);
-    }
 }
 
 void removeWhole(const fs::path& file) {
@@ -79,13 +69,13 @@ class NewFiles {
             sqlite::setMark(system::fileText(made_), demonstrationMark);
         }
     }
-    void moveDocuments() { move(documentsFileOf(made_), documentsFileOf(file_)); }
+    void moveDocuments() { move(documentsOf(made_), documentsOf(file_)); }
     void moveDatabase() { move(made_, file_); }
 
   private:
     void removeAll() const {
         removeWhole(made_);
-        removeWhole(documentsFileOf(made_));
+        removeWhole(documentsOf(made_));
     }
     /// Side files of what lay there before would be applied to the new database.
     static void move(const fs::path& from, const fs::path& to) {
@@ -102,7 +92,7 @@ class NewFiles {
 
 // A new database numbers its proposals from 1 again, so documents of an older one would be attributed to them.
 void refuseForeignDocuments(const fs::path& file) {
-    const fs::path other = documentsFileOf(file);
+    const fs::path other = documentsOf(file);
     if (sqlite::rowsOf(system::fileText(other), documents) > 0) {
         throw Refused("Hay documentos adjuntos de otra base de datos:\n" + system::fileText(other) +
                       "\n\nGuárdelos en otro sitio antes de crear una nueva.");
@@ -120,7 +110,7 @@ bool isMade(const fs::path& file) {
 }
 
 bool hasDocuments(const fs::path& file) {
-    return sqlite::contentOf(system::fileText(documentsFileOf(file))).hasTable(documents);
+    return sqlite::contentOf(system::fileText(documentsOf(file))).hasTable(documents);
 }
 
 /// Makes what is missing of the two files. The folder is locked and looked at again: another program may have made them
@@ -141,7 +131,7 @@ Opened make(const sql::Engines& engines, const fs::path& file, const Fill& fill,
         files.make([](sql::Connection&) {}, Purpose::work);
         files.moveDocuments();
         result.notice = "No se encuentra el fichero de los documentos adjuntos:\n" +
-                        system::fileText(documentsFileOf(file)) +
+                        system::fileText(documentsOf(file)) +
                         "\n\nSe ha creado uno vacío: los documentos de las propuestas no están. Si tiene una copia, "
                         "cierre el programa y póngala en su sitio.";
     }
@@ -157,6 +147,7 @@ void checkWritable(sql::Connection& connection) {
 }
 
 Opened openFile(const sql::Engines& engines, const fs::path& file, const Fill& fill, Purpose purpose) {
+    finishRestore(file);
     Opened result;
     if (!isMade(file) || !hasDocuments(file)) {
         result = make(engines, file, fill, purpose);
