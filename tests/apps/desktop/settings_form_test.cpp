@@ -39,6 +39,7 @@ class SettingsFormTest : public ::testing::Test {
     platform::Desk desk{screen, components, services, clock};
     std::vector<int> sizes;
     SettingsTools tools{.companyFile = folder.path() / "taller.db.ajustes",
+                        .companyFileIn = {},
                         .userFile = folder.path() / "usuario.ajustes",
                         .chooseFolder = [this] { return std::optional(folder.path().string()); },
                         .isPicture = [](const std::string& bytes) { return bytes == "a picture"; },
@@ -112,6 +113,43 @@ TEST_F(SettingsFormTest, TheFolderMustExist) {
     press(form, "cmdGuardar");
     EXPECT_TRUE(form.isUnloaded());
     EXPECT_EQ(settings::readUserSettings(tools.userFile).papersFolder, folder.path().string());
+}
+
+TEST_F(SettingsFormTest, OnAServerTheCompanyIsThatOfTheFolderThatUsersShare) {
+    const auto shared = folder.path() / "compartida";
+    std::filesystem::create_directory(shared);
+    tools.companyFileIn = [this](const std::string& chosen) {
+        return std::filesystem::path(chosen.empty() ? folder.path().string() : chosen) / "servidor.ajustes";
+    };
+    tools.companyFile = tools.companyFileIn("");
+    {
+        SettingsForm first(desk, tools);
+        box(first, "txtNombre").setText("Talleres Ejemplo, S.L.");
+        box(first, "txtCarpetaEmpresa").setText(shared.string());
+        press(first, "cmdGuardar");
+        EXPECT_TRUE(first.isUnloaded());
+    }
+    EXPECT_EQ(settings::readCompany(shared / "servidor.ajustes").name, "Talleres Ejemplo, S.L.");
+    EXPECT_FALSE(std::filesystem::exists(tools.companyFile));
+    EXPECT_EQ(settings::readUserSettings(tools.userFile).companyFolder, shared.string());
+
+    // Another user, with a company of his own, meets that of the folder.
+    tools.userFile = folder.path() / "otro.ajustes";
+    settings::writeCompany(tools.companyFile, {.name = "Otra"});
+    SettingsForm second(desk, tools);
+    EXPECT_EQ(box(second, "txtNombre").text(), "Otra");
+    box(second, "txtCarpetaEmpresa").setText(shared.string());
+    box(second, "txtCarpetaEmpresa").onLostFocus();
+    EXPECT_EQ(box(second, "txtNombre").text(), "Talleres Ejemplo, S.L.");
+    press(second, "cmdGuardar");
+    EXPECT_EQ(settings::readCompany(shared / "servidor.ajustes").name, "Talleres Ejemplo, S.L.");
+    EXPECT_EQ(settings::readCompany(tools.companyFile).name, "Otra");
+}
+
+TEST_F(SettingsFormTest, AFileHasItsCompanyBesideItAndNoFolderToChoose) {
+    SettingsForm form(desk, tools);
+    EXPECT_FALSE(form.find("txtCarpetaEmpresa")->visible());
+    EXPECT_FALSE(form.find("cmdElegirCarpetaEmpresa")->visible());
 }
 
 TEST_F(SettingsFormTest, AnotherSizeOfLettersIsSavedAndApplied) {

@@ -11,7 +11,7 @@ TEST(UserSettingsTest, ComeBackAsTheyWereSaved) {
     const support::TemporaryFolder folder;
     const auto file = folder.path() / "velmora" / "usuario.ajustes";
     EXPECT_EQ(readUserSettings(file), UserSettings());
-    const UserSettings settings{.papersFolder = "/casa/papeles", .letterSize = 125};
+    const UserSettings settings{.papersFolder = "/casa/papeles", .letterSize = 125, .companyFolder = "/red/empresa"};
     writeUserSettings(file, settings);
     EXPECT_EQ(readUserSettings(file), settings);
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "velmora/apps/settings/company_settings.h"
+#include "velmora/apps/settings/user_settings.h"
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/system/file_path.h"
 
@@ -29,7 +30,12 @@ fs::path companyFileOf(const DatabasePlace& place) {
         return {};
     }
     return place.server.empty() ? settings::companyFileOf(place.file)
-                                : settings::companyFileOfServer(configurationFolder(), place.server);
+                                : companyFileIn(settings::readUserSettings(userSettingsFile()).companyFolder, place);
+}
+
+fs::path companyFileIn(const std::string& folder, const DatabasePlace& place) {
+    return settings::companyFileOfServer(folder.empty() ? configurationFolder() : system::filePath(folder),
+                                         place.server);
 }
 
 std::string withoutPassword(const std::string& connectionString) {

@@ -16,6 +16,9 @@ struct DatabasePlace {
 /// The file with the company of this database; empty for a database in memory.
 std::filesystem::path companyFileOf(const DatabasePlace& place);
 
+/// The same for a server's database, in this folder; in the one of this user when it is empty.
+std::filesystem::path companyFileIn(const std::string& folder, const DatabasePlace& place);
+
 /// A connection string with dots in place of its password's value.
 std::string withoutPassword(const std::string& connectionString);
 

@@ -63,6 +63,7 @@ SettingsForm::SettingsForm(platform::Desk& desk, const SettingsTools& tools)
     : Form("frmAjustes"),
       desk_(desk),
       tools_(tools),
+      companyFile_(tools.companyFile),
       savedCompany_(settings::readCompany(tools.companyFile)),
       savedUser_(settings::readUserSettings(tools.userFile)) {
     setCaption("Ajustes");
@@ -79,12 +80,21 @@ void SettingsForm::arrange() {
     cmdElegirLogotipo_.setCaption("Elegir &logotipo…");
     cmdQuitarLogotipo_.setCaption("&Quitar logotipo");
     cmdElegirCarpeta_.setCaption("Elegir &carpeta…");
+    cmdElegirCarpetaEmpresa_.setCaption("Elegir carpeta co&mpartida…");
     cmdGuardar_.setCaption("&Guardar (F5)");
     cmdSalir_.setCaption("&Salir (ESC)");
     txtDireccion_.setMultiLine(true);
     txtCondiciones_.setMultiLine(true);
-    txtValidez_.setToolTip("Días desde la fecha de la propuesta; vacío: no se dice");
-    txtCarpeta_.setToolTip("Vacía: la carpeta temporal del programa");
+    writeHints();
+    screen::Layout ofUser =
+        lay::column(lay::row(lay::field("Carpeta de los papeles", txtCarpeta_), lay::plain(cmdElegirCarpeta_)),
+                    lay::row(lay::field("Tamaño de la letra", cboLetra_, 24), lay::space()));
+    if (tools_.companyFileIn) {
+        ofUser.children.push_back(lay::row(lay::field("Datos de la empresa, compartidos en", txtCarpetaEmpresa_),
+                                           lay::plain(cmdElegirCarpetaEmpresa_)));
+    }
+    txtCarpetaEmpresa_.setVisible(static_cast<bool>(tools_.companyFileIn));
+    cmdElegirCarpetaEmpresa_.setVisible(static_cast<bool>(tools_.companyFileIn));
     setLayout(lay::column(
         lay::group(
             fraEmpresa_,
@@ -96,16 +106,32 @@ void SettingsForm::arrange() {
         lay::group(fraOferta_,
                    lay::column(lay::row(lay::field("Validez", txtValidez_, 5).number().units("días"), lay::space()),
                                lay::field("Condiciones", txtCondiciones_).tall(4).above())),
-        lay::group(fraUsuario_, lay::column(lay::row(lay::field("Carpeta de los papeles", txtCarpeta_),
-                                                     lay::plain(cmdElegirCarpeta_)),
-                                            lay::row(lay::field("Tamaño de la letra", cboLetra_, 24), lay::space()))),
+        lay::group(fraUsuario_, std::move(ofUser)),
         lay::row(lay::space(), lay::plain(cmdGuardar_), lay::plain(cmdSalir_))));
     setTabOrder({&txtNombre_, &txtNif_, &txtTelefono_, &txtCorreo_, &txtDireccion_, &cmdElegirLogotipo_,
                  &cmdQuitarLogotipo_, &txtValidez_, &txtCondiciones_, &txtCarpeta_, &cmdElegirCarpeta_, &cboLetra_,
-                 &cmdGuardar_, &cmdSalir_});
+                 &txtCarpetaEmpresa_, &cmdElegirCarpetaEmpresa_, &cmdGuardar_, &cmdSalir_});
     for (const int size : letterSizes) {
         cboLetra_.addItem(wordsOfSize(size));
     }
+}
+
+void SettingsForm::writeHints() {
+    const auto set = [](screen::Control& control, std::string_view text) {
+        control.setHint(text);
+        control.setToolTip(text);
+    };
+    set(txtNombre_, "Nombre de la empresa, a la cabeza del papel del cliente");
+    set(txtNif_, "Número de identificación fiscal");
+    set(txtTelefono_, "Teléfono de la empresa");
+    set(txtCorreo_, "Correo de la empresa");
+    set(txtDireccion_, "Dirección de la empresa, en las líneas en que se imprime");
+    set(txtValidez_, "Días desde la fecha de la propuesta; vacío: no se dice");
+    set(txtCondiciones_, "Condiciones al pie de la oferta");
+    set(txtCarpeta_, "Carpeta en la que se guardan los papeles; vacía: la carpeta temporal del programa");
+    set(txtCarpetaEmpresa_,
+        "Carpeta con los datos de la empresa para todos los usuarios del servidor; vacía: solo los de este usuario");
+    set(cboLetra_, "Tamaño de la letra de las ventanas en este equipo");
 }
 
 void SettingsForm::wire() {
@@ -114,7 +140,12 @@ void SettingsForm::wire() {
         logo_.clear();
         showLogo();
     };
-    cmdElegirCarpeta_.onClick = [this] { chooseFolder(); };
+    cmdElegirCarpeta_.onClick = [this] { chooseFolder(txtCarpeta_); };
+    cmdElegirCarpetaEmpresa_.onClick = [this] {
+        chooseFolder(txtCarpetaEmpresa_);
+        takeCompanyFolder();
+    };
+    txtCarpetaEmpresa_.onLostFocus = [this] { takeCompanyFolder(); };
     cmdGuardar_.onClick = [this] { save(); };
     cmdSalir_.onClick = [this] { unload(); };
     txtValidez_.onKeyPress = [](screen::KeyPress& key) {
@@ -134,15 +165,20 @@ void SettingsForm::wire() {
 }
 
 void SettingsForm::show() {
+    showCompany();
+    txtCarpeta_.setText(savedUser_.papersFolder);
+    txtCarpetaEmpresa_.setText(savedUser_.companyFolder);
+    const auto* size = std::ranges::find(letterSizes, savedUser_.letterSize);
+    const auto ordinary = std::ranges::find(letterSizes, settings::ordinaryLetters);
+    cboLetra_.setListIndex(static_cast<int>((size != letterSizes.end() ? size : ordinary) - letterSizes.begin()));
+}
+
+void SettingsForm::showCompany() {
     for (const CompanyField& field : companyFields) {
         boxOf(*this, field.control).setText(withReturns(savedCompany_.*field.member));
     }
     logo_ = savedCompany_.logo;
     txtValidez_.setText(savedCompany_.validityDays > 0 ? std::to_string(savedCompany_.validityDays) : "");
-    txtCarpeta_.setText(savedUser_.papersFolder);
-    const auto* size = std::ranges::find(letterSizes, savedUser_.letterSize);
-    const auto ordinary = std::ranges::find(letterSizes, settings::ordinaryLetters);
-    cboLetra_.setListIndex(static_cast<int>((size != letterSizes.end() ? size : ordinary) - letterSizes.begin()));
     showLogo();
 }
 
@@ -176,9 +212,27 @@ void SettingsForm::chooseLogo() {
     showLogo();
 }
 
-void SettingsForm::chooseFolder() {
+void SettingsForm::chooseFolder(screen::TextBox& box) {
     if (const auto chosen = tools_.chooseFolder()) {
-        txtCarpeta_.setText(*chosen);
+        box.setText(*chosen);
+    }
+}
+
+// Chosen C-540: with a server's database the company is the same for all users whose settings name the same folder: no
+// table is added to the host's database. What is already in the folder is shown instead of being overwritten.
+void SettingsForm::takeCompanyFolder() {
+    if (!tools_.companyFileIn) {
+        return;
+    }
+    const fs::path file = tools_.companyFileIn(runtime::Trim(txtCarpetaEmpresa_.text()));
+    if (file == companyFile_) {
+        return;
+    }
+    companyFile_ = file;
+    savedCompany_ = settings::readCompany(file);
+    std::error_code failure;
+    if (fs::exists(file, failure)) {
+        showCompany();
     }
 }
 
@@ -194,7 +248,8 @@ paper::Company SettingsForm::enteredCompany() const {
 
 settings::UserSettings SettingsForm::enteredUserSettings() const {
     settings::UserSettings entered{.papersFolder = runtime::Trim(txtCarpeta_.text()),
-                                   .letterSize = savedUser_.letterSize};
+                                   .letterSize = savedUser_.letterSize,
+                                   .companyFolder = runtime::Trim(txtCarpetaEmpresa_.text())};
     if (cboLetra_.listIndex() >= 0) {
         entered.letterSize = letterSizes.at(static_cast<std::size_t>(cboLetra_.listIndex()));
     }
@@ -209,14 +264,20 @@ bool SettingsForm::isValid() {
         txtValidez_.setFocus();
         return false;
     }
-    const std::string folder = runtime::Trim(txtCarpeta_.text());
+    return isFolder(txtCarpeta_, "La carpeta de los papeles no existe:\n") &&
+           (!tools_.companyFileIn ||
+            isFolder(txtCarpetaEmpresa_, "La carpeta de los datos de la empresa no existe:\n"));
+}
+
+bool SettingsForm::isFolder(screen::TextBox& box, const char* words) {
+    const std::string folder = runtime::Trim(box.text());
     std::error_code ignored;
-    if (!folder.empty() && !fs::is_directory(system::filePath(folder), ignored)) {
-        tell("La carpeta de los papeles no existe:\n" + folder, screen::Icon::exclamation);
-        txtCarpeta_.setFocus();
-        return false;
+    if (folder.empty() || fs::is_directory(system::filePath(folder), ignored)) {
+        return true;
     }
-    return true;
+    tell(words + folder, screen::Icon::exclamation);
+    box.setFocus();
+    return false;
 }
 
 /// Each file is written only for a change of its own: a database in a folder without permission keeps nobody from
@@ -225,11 +286,12 @@ void SettingsForm::save() {
     if (!isValid()) {
         return;
     }
+    takeCompanyFolder();
     const paper::Company company = enteredCompany();
     const settings::UserSettings user = enteredUserSettings();
     try {
         if (company != savedCompany_) {
-            settings::writeCompany(tools_.companyFile, company);
+            settings::writeCompany(companyFile_, company);
             savedCompany_ = company;
         }
         if (user != savedUser_) {

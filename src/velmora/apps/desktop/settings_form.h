@@ -16,6 +16,9 @@ namespace velmora::desktop {
 /// What the form needs besides the desk.
 struct SettingsTools {
     std::filesystem::path companyFile;
+    /// For a server's database: the company's file in a folder that users may share, or in this user's when it is
+    /// empty. None for a database with a file of its own, beside which its company is.
+    std::function<std::filesystem::path(const std::string& folder)> companyFileIn;
     std::filesystem::path userFile;
     /// Asks for a folder; nullopt when the user cancels.
     std::function<std::optional<std::string>()> chooseFolder;
@@ -33,11 +36,16 @@ class SettingsForm : public screen::Form {
 
   private:
     void arrange();
+    void writeHints();
     void wire();
     void show();
+    void showCompany();
     void showLogo();
+    bool isFolder(screen::TextBox& box, const char* words);
+    /// The company of the folder that was entered: what other users have entered there is shown.
+    void takeCompanyFolder();
     void chooseLogo();
-    void chooseFolder();
+    void chooseFolder(screen::TextBox& box);
     void save();
     bool isValid();
     paper::Company enteredCompany() const;
@@ -46,6 +54,7 @@ class SettingsForm : public screen::Form {
 
     platform::Desk& desk_;
     const SettingsTools& tools_;
+    std::filesystem::path companyFile_;
     paper::Company savedCompany_;
     settings::UserSettings savedUser_;
     std::string logo_;
@@ -64,6 +73,8 @@ class SettingsForm : public screen::Form {
     screen::Frame fraUsuario_{*this, "fraUsuario"};
     screen::TextBox txtCarpeta_{*this, "txtCarpeta"};
     screen::Button cmdElegirCarpeta_{*this, "cmdElegirCarpeta"};
+    screen::TextBox txtCarpetaEmpresa_{*this, "txtCarpetaEmpresa"};
+    screen::Button cmdElegirCarpetaEmpresa_{*this, "cmdElegirCarpetaEmpresa"};
     screen::ComboBox cboLetra_{*this, "cboLetra"};
     screen::Button cmdGuardar_{*this, "cmdGuardar"};
     screen::Button cmdSalir_{*this, "cmdSalir"};

@@ -12,8 +12,8 @@ namespace velmora::settings {
 /// Beside the database: "taller.db.ajustes". No table is added to a database.
 std::filesystem::path companyFileOf(const std::string& database);
 
-/// For a server's database, below a folder of this user: a file for each server and database that a connection string
-/// names, whoever connects to it.
+/// For a server's database, in a folder of this user or one that users share: a file for each server and database that
+/// a connection string names, whoever connects to it.
 std::filesystem::path companyFileOfServer(const std::filesystem::path& folder, const std::string& connectionString);
 
 /// What the file holds; an empty company when there is none.

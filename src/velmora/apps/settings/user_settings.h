@@ -15,6 +15,8 @@ inline constexpr int greatestLetters = 200;
 struct UserSettings {
     std::string papersFolder = {};     ///< empty: the program's temporary folder
     int letterSize = ordinaryLetters;  ///< percent of the desktop's
+    /// Where the company's settings of a server's database are, shared with other users; empty: this user's own folder.
+    std::string companyFolder = {};
 
     bool operator==(const UserSettings&) const = default;
 };
