@@ -85,6 +85,16 @@ TEST_F(FormStatusTest, AMaterialWithoutPriceIsMarkedUntilThePriceIsTyped) {
     EXPECT_EQ(fields().cboMatDisco.warning(), "");
 }
 
+TEST_F(FormStatusTest, AHubThatIsNotPricedHasNoWarning) {
+    fields().fraCubo.setEnabled(false);
+    fields().txtPesu(money::hubPrice).setText("0");
+    EXPECT_EQ(fields().cboMatCubo.warning(), "");
+    EXPECT_EQ(fields().txtPesu(money::hubPrice).warning(), "");
+    fields().fraCubo.setEnabled(true);
+    fields().txtPesu(money::hubPrice).setText("0,00");
+    EXPECT_EQ(fields().cboMatCubo.warning(), "No hay precio para el material elegido");
+}
+
 TEST_F(FormStatusTest, EveryFieldOfTheWayOfEnterHasAHint) {
     for (const screen::Control* stop : form().tabOrder()) {
         const auto* box = dynamic_cast<const estimate::TextBox*>(stop);

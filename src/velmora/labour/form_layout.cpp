@@ -29,6 +29,14 @@ void writeFixedCaptions(LineFields& f) {
     f.Label2.setAccessibleName("Total de las lineas");
 }
 
+void writeHints(LineFields& f) {
+    f.DataGrid1.setHint("Líneas de mano de obra de la propuesta; las flechas eligen una");
+    f.txtLinea(machine).setHint("Número de la máquina; F2 la busca por su nombre");
+    f.cboOperarios.setHint("Operario; al elegirlo se toma su precio por hora en esta máquina");
+    f.txtLinea(hourPrice).setHint("Precio de venta de una hora, en €");
+    f.txtLinea(minutes).setHint("Minutos estimados para una pieza");
+}
+
 Layout number(std::string caption, screen::TextBox& box, int width = numberWidth) {
     return lay::field(std::move(caption), box, width).number(lineDecimals).above();
 }
@@ -76,6 +84,7 @@ void closeWhatIsShown(LineFields& f) {
 
 void frmManoObra::arrange() {
     writeFixedCaptions(f_);
+    writeHints(f_);
     closeWhatIsShown(f_);
     setLayout(lay::column(lay::plain(f_.DataGrid1).stretched(),
                           lay::row(actions(f_), lay::space(), lay::field("Total", f_.Label2).number().as(Role::total)),

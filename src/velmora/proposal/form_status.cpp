@@ -86,7 +86,9 @@ void FormStatus::followPrices() const {
     for (const PricedMaterial& material : {PricedMaterial{f_.cboMatDisco, f_.txtPesu(money::discPrice)},
                                            PricedMaterial{f_.cboMatCubo, f_.txtPesu(money::hubPrice)},
                                            PricedMaterial{f_.cboMatCre, f_.txtPesu(money::barPrice)}}) {
-        const bool missing = material.list.listIndex() >= 0 && estimate::numberOrZero(material.price) == 0;
+        // A piece of one stock has no hub to be priced: its frame is disabled then.
+        const bool isUsed = &material.list != &f_.cboMatCubo || f_.fraCubo.enabled();
+        const bool missing = isUsed && material.list.listIndex() >= 0 && estimate::numberOrZero(material.price) == 0;
         material.list.setWarning(missing ? missingPrice : "");
         material.price.setWarning(missing ? missingPrice : "");
     }
@@ -110,6 +112,16 @@ void writeHints(estimate::FieldMap& f, FormControls& c) {
     set(f.Text1(measure::bore), "Diámetro del eje, en mm");
     set(f.Text1(measure::keyway), "Ancho del chavetero, en mm enteros; 0 sin chavetero");
     set(f.Text1(measure::setScrews), "Número de prisioneros");
+    set(f.Text1(measure::gap), "Ancho del hueco entre llantas, en mm");
+    set(f.Text1(measure::secondHubWidth), "Ancho del cubo B, en mm");
+    set(f.Text1(measure::secondHubDiameter), "Diámetro del cubo B, en mm");
+    set(f.Text4(cut::discInner), "Diámetro interior del tubo del disco, en mm");
+    set(f.Text4(cut::hubInner), "Diámetro interior del tubo del cubo, en mm");
+    set(f.chkAcopla, "Espacio la marca: la pieza es de un acoplamiento");
+    set(f.chkFormulas, "Espacio la marca: cada peso por la fórmula de su artículo; sin ella, todos como redondos");
+    set(f.txtObservaciones, "Observaciones para el taller");
+    set(f.txtExtra, "Texto libre");
+    set(f.txtCPro, "Proveedor al que se ha consultado");
     set(f.Text1(measure::rackModule), "Módulo de la cremallera, en mm");
     set(f.Text1(measure::rackHeight), "Altura total, en mm");
     set(f.Text1(measure::rackLength), "Longitud, en mm");

@@ -1,6 +1,7 @@
 #include "velmora/proposal/gear_step.h"
 
 #include "velmora/data/product_types.h"
+#include "velmora/platform/session/deed.h"
 #include "velmora/reference/frm_eng_val.h"
 
 namespace velmora::proposal {
@@ -27,6 +28,9 @@ void GearStep::choose(int family) {
     form.fields().cboDobles.setEnabled(false);
     reference::nIdEngranaje = 0;
     desk_.screen.showModal(form);
+    if (form.hasSaved()) {
+        f_.form.status().tellDeed(session::deedNow("Valores del engranaje grabados", desk_.clock));
+    }
 }
 
 }  // namespace velmora::proposal

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/session/deed.h"
 #include "velmora/platform/session/row_writing.h"
 #include "velmora/platform/session/shown_row.h"
 #include "velmora/platform/sql/in_transaction.h"
@@ -116,6 +117,7 @@ void ChainRows::save() {
     if (!written) {
         return;
     }
+    f_.cmdGrabar.form().status().tellDeed(session::deedNow("Valores grabados", clock_));
     screen_.show({.text = "Datos grabados satisfactoriamente", .icon = screen::Icon::information});
     rs_->requery();
     rs_->find("PDM_ID = " + *written);

@@ -56,6 +56,8 @@ void writeFixedCaptions(GearFields& f) {
     f.picMedidas.setAccessibleName("Qué mide cada letra");
     f.picMedidas.setSource([&f] { return gearSketch(f.Text1(gearHubDiameter).visible()); });
     explain(f.Text1, gearMeanings);
+    f.cboDobles.setHint("Engranaje con cubo o disco");
+    f.dbgRs.setHint("Engranajes con el último valor escrito; espacio o doble clic elige uno");
 }
 
 Layout toothing(GearFields& f) {

@@ -100,6 +100,7 @@ void frmENGVal::chooseRow() {
 
 void frmENGVal::save() {
     if (rows_.save()) {
+        saved_ = true;
         unload();
     }
 }

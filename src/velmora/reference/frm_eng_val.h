@@ -14,6 +14,8 @@ class frmENGVal : public screen::Form {
     frmENGVal(session::Session& session, platform::Desk& desk);
 
     GearFields& fields() { return f_; }
+    /// The gear in nIdEngranaje has been written by this form.
+    bool hasSaved() const { return saved_; }
 
   private:
     void arrange();
@@ -29,6 +31,7 @@ class frmENGVal : public screen::Form {
     session::KestraUtil oUtil_;
     NewRowButton newRow_;
     GearRows rows_;
+    bool saved_ = false;
 };
 
 }  // namespace velmora::reference

@@ -124,6 +124,7 @@ bool GearRows::isStillTheOne(const session::ShownRow& shown) {
 // overwritten.
 bool GearRows::save() {
     if (CDbl(f_.Text1(gearHeight).text()) == 0 || CDbl(f_.Text1(gearBore).text()) == 0) {
+        f_.cmdGrabar.form().status().tellNote("No se ha grabado: H y D1 no pueden ser 0");
         return false;
     }
     nIdEngranaje = 0;

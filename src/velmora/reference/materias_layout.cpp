@@ -28,10 +28,23 @@ void writeFixedCaptions(MaterialFields& f) {
     f.dbgFco.setAccessibleName("Materiales");
 }
 
+void writeHints(MaterialFields& f) {
+    f.dbgFco.setHint("Materiales de las propuestas; las flechas eligen uno");
+    f.Text1(materialId).setHint("Número del material; con uno que existe se va a él");
+    f.Text1(materialName).setHint("Descripción con la que se elige en la propuesta");
+    f.Text1(materialArticleCode).setHint("Código del artículo del que se toman los precios; F1 lo busca");
+    f.Text1(materialPrinted).setHint("Como se lee el material en la propuesta impresa");
+    f.Check1.setHint("Espacio la marca: el grueso del disco se toma de las medidas de la chapa de hierro");
+    f.Check2.setHint("Espacio la marca: material de discos; sin ella, de cubos");
+    f.Check3.setHint("No se guarda: un material de bridas es uno sin Disco");
+    f.Check4.setHint("Espacio la marca: material de cremalleras; su artículo debe tener la fórmula 1");
+}
+
 }  // namespace
 
 void frmMaterias::arrange() {
     writeFixedCaptions(f_);
+    writeHints(f_);
     const auto& Text1 = f_.Text1;
     setLayout(lay::column(
         lay::plain(f_.dbgFco).stretched(),

@@ -53,6 +53,8 @@ void writeFixedCaptions(ChainFields& f) {
     f.picMedidas.setAccessibleName("Qué mide cada letra");
     f.picMedidas.setSource(doubleSketch);
     explain(f.Text1, chainMeanings);
+    f.cboDobles.setHint("Cadena cuyos valores se muestran");
+    f.dbgRs.setHint("Valores de la cadena; las flechas eligen un número de dientes");
 }
 
 Layout ofChain(ChainFields& f) {

@@ -36,6 +36,30 @@ void writeFixedCaptions(TrackingFields& f) {
     f.Label1(10).setAccessibleName("Acerca del programa");
 }
 
+void writeHints(TrackingFields& f) {
+    f.txtCriterio(customerFrom).setHint("Código de cliente: con los dos, de uno a otro; con uno solo, ese");
+    f.txtCriterio(customerTo).setHint("Código de cliente: con los dos, de uno a otro; con uno solo, ese");
+    f.txtCriterio(dateFrom).setHint("Fecha, día/mes/año: con las dos, de una a otra; con una sola, ese día");
+    f.txtCriterio(dateTo).setHint("Fecha, día/mes/año: con las dos, de una a otra; con una sola, ese día");
+    f.txtCriterio(numberFrom).setHint("Número de propuesta: con los dos, de uno a otro; con uno solo, esa");
+    f.txtCriterio(numberTo).setHint("Número de propuesta: con los dos, de uno a otro; con uno solo, esa");
+    f.cboTipoPre.setHint("Tipo de pieza de las propuestas de la lista");
+    f.cboFiltroHistorico.setHint("Propuestas aceptadas, pendientes o todas");
+    f.chkAcopla.setHint("Espacio la marca: solo propuestas con acoplamiento");
+    f.Text1(1).setHint("Número de dientes que se busca; 0 o vacío: cualquiera");
+    f.Text1(0).setHint("Paso que se busca, en mm; 0 o vacío: cualquiera");
+    f.Text1(8).setHint("Ancho interior de la cadena que se busca, en mm; 0 o vacío: cualquiera");
+    f.Text1(2).setHint("Diámetro del rodillo que se busca, en mm; 0 o vacío: cualquiera");
+    f.Text1(3).setHint("Módulo que se busca, en mm; 0 o vacío: cualquiera");
+    f.Text1(7).setHint("Diámetro del eje que se busca, en mm; 0 o vacío: cualquiera");
+    f.dbgDPI.setHint("Propuestas de la lista; F8 ve la propuesta, F9 su orden de trabajo");
+    f.txtPesu(customerReference).setHint("Referencia o número de plano del cliente");
+    f.txtPesu(customerOrder).setHint("Número de pedido del cliente, que pasa a la orden");
+    f.txtPesu(orderDate).setHint("Fecha del pedido, día/mes/año");
+    f.txtPesu(deliveryDate).setHint("Fecha de entrega, día/mes/año");
+    f.txtPesu(pieces).setHint("Número de piezas que el cliente pide");
+}
+
 // Differs D-480: each limit of a pair has its caption before its own box, instead of both captions before the first.
 Layout limit(std::string caption, screen::TextBox& box) {
     box.setAccessibleName(caption);
@@ -129,6 +153,7 @@ void passOverWhatIsShown(TrackingFields& f) {
 
 void frmSeguimiento::arrange() {
     writeFixedCaptions(f_);
+    writeHints(f_);
     setLayout(lay::column(lay::row(filters(f_), measureSearch(f_), lay::space()),
                           lay::plain(f_.dbgDPI).tall(listLines).stretched(), detail(f_), buttons(f_)));
     setTabOrder(orderOfWork(f_));

@@ -34,6 +34,7 @@ void BackupForm::arrange() {
                           std::to_string(backup::mostCopies) + ".");
     cmdCopiar_.setCaption("&Hacer una copia ahora");
     cmdRestaurar_.setCaption("&Restaurar la copia elegida…");
+    cboCopias_.setHint("Copias de seguridad; las flechas eligen la que se quiere restaurar");
     cmdSalir_.setCaption("&Salir (ESC)");
     setLayout(
         lay::column(lay::plain(lblCopias_), lay::field("Copias", cboCopias_, 24),

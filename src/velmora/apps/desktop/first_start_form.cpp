@@ -49,6 +49,7 @@ void FirstStartForm::arrange() {
     cmdAbrir_.setCaption("&Abrir base existente…");
     lblAbrir_.setCaption("Un fichero de otro equipo, de una copia de seguridad o de una carpeta compartida.");
     txtServidor_.setToolTip("Cadena de conexión de un servidor SQL Server, o el fichero que la contiene");
+    txtServidor_.setHint(txtServidor_.toolTip());
     cmdServidor_.setCaption("&Conectar");
     cmdSalir_.setCaption("&Salir (ESC)");
     const auto large = [](screen::Button& button) { return lay::plain(button).as(screen::Role::total); };

@@ -41,6 +41,8 @@ screen::Layout TableForm::layoutOfFields() const {
 }
 
 void TableForm::arrange() {
+    txtBuscar_.setHint("Palabras que contienen las filas, en cualquier orden y sin acentos; vacío: todas");
+    dbgFilas_.setHint(std::string(table_.title) + "; las flechas eligen una fila");
     cmdNuevo_.setCaption("&Nuevo (F4)");
     cmdGrabar_.setCaption("&Grabar (F5)");
     cmdDeshacer_.setCaption("&Deshacer (F9)");
