@@ -47,6 +47,20 @@ TEST_F(Toolbars, SeparatorsCountAndTheFocusMovesFirst) {
     });
 }
 
+TEST_F(Toolbars, ABarOfMenusAloneLooksLikeTheMenuOfAWindow) {
+    play(form, [&] {
+        EXPECT_FALSE(button("Visualizar documento").isFlat());
+        const int height = button("Nuevo documento").sizeHint().height();
+        form.bar.setItems({{"Archivo", {{"SALIR", "Salir"}}}, {"Datos", {{"CLIENTES", "Clientes"}}}});
+        EXPECT_TRUE(button("Archivo").isFlat());
+        EXPECT_TRUE(button("Datos").isFlat());
+        EXPECT_LT(button("Archivo").sizeHint().height(), height);
+        EXPECT_LT(button("Archivo").sizeHint().width(),
+                  button("Archivo").fontMetrics().horizontalAdvance("Archivo") + 30)
+            << "without an arrow";
+    });
+}
+
 TEST_F(Toolbars, EachButtonHasAMnemonicOfItsOwn) {
     form.bar.setItems({{"Visualizar", {}}, {"", {}}, {"Vista", {}}, {"&Otra", {}}});
     play(form, [&] {

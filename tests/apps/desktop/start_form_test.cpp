@@ -125,6 +125,39 @@ TEST_F(StartFormTest, WhatWasStoredMeanwhileIsListedAfterwards) {
     EXPECT_EQ(result(), "Todavía no hay ninguna propuesta.");
 }
 
+TEST_F(StartFormTest, ANewProposalIsTheCurrentOneAfterwards) {
+    start().list().moveToRow(1);
+    const auto saveOne = [this](screen::Form& form) {
+        auto& shownForm = dynamic_cast<proposal::frmBercialPiñones&>(form);
+        workshop.database->execute("INSERT INTO DPI (DPI_RefCli) VALUES (N'nueva')");
+        EXPECT_TRUE(shownForm.fields().proposal.isNew());
+    };
+    workshop.screen.queueModal(saveOne);
+    dynamic_cast<screen::Button&>(*start().find("cmdNueva")).onClick();
+    EXPECT_THAT(numbers(), ElementsAre("000003", "000002", "000001"));
+    EXPECT_EQ(start().list().recordset().position(), 0u);
+
+    start().searchBox().setText("1");
+    EXPECT_THAT(numbers(), ElementsAre("000001"));
+    workshop.screen.queueModal(saveOne);
+    dynamic_cast<screen::Button&>(*start().find("cmdNueva")).onClick();
+    EXPECT_EQ(start().searchBox().text(), "") << "the search does not find it";
+    EXPECT_EQ(start().list().recordset().position(), 0u);
+
+    start().list().moveToRow(2);
+    workshop.screen.queueModal([](screen::Form&) {});
+    dynamic_cast<screen::Button&>(*start().find("cmdNueva")).onClick();
+    EXPECT_EQ(start().list().recordset().position(), 2u) << "nothing was stored";
+}
+
+TEST_F(StartFormTest, TheOneWorkedOnLastInTheMainFormIsTheCurrentOneAfterwards) {
+    start().list().moveToRow(1);
+    workshop.screen.queueModal(
+        [](screen::Form& form) { dynamic_cast<proposal::frmBercialPiñones&>(form).msCargarPresupuesto(2, false); });
+    start().keyDown(screen::Key::enter);
+    EXPECT_EQ(start().list().recordset().position(), 0u);
+}
+
 TEST_F(StartFormTest, TheCurrentOneIsPrinted) {
     start().list().moveToRow(1);
     start().keyDown(screen::Key::f8);

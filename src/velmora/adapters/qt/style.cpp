@@ -24,6 +24,12 @@ constexpr const char* warnsProperty = "warns";
 
 enum class Border { plain, focused, warns };
 
+/// A flat button is the title of a menu: without frame and arrow.
+const QStyleOptionButton* menuTitle(const QStyleOption* option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    return button != nullptr && button->features.testFlag(QStyleOptionButton::Flat) ? button : nullptr;
+}
+
 void drawFrame(QPainter& painter, const QRect& rect, Border border, const QBrush& fill) {
     const double width = border == Border::plain ? 1 : 2;
     const QRgb color = border == Border::focused ? theme::focusBorder
@@ -141,6 +147,19 @@ void Style::drawGroup(const QStyleOptionGroupBox& option, QPainter& painter) con
     painter.restore();
 }
 
+void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                        const QWidget* widget) const {
+    const QStyleOptionButton* title = element == CE_PushButtonBevel ? menuTitle(option) : nullptr;
+    if (title == nullptr) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    const bool open = title->state & (State_Sunken | State_On);
+    if (open || (title->state.testFlag(State_Enabled) && title->state.testFlag(State_MouseOver))) {
+        painter->fillRect(title->rect, QColor(open ? theme::pressed : theme::hover));
+    }
+}
+
 QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                             const QWidget* widget) const {
     const QRect all = option->rect;
@@ -162,7 +181,9 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
                               const QWidget* widget) const {
     QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
     const int field = option == nullptr ? 0 : option->fontMetrics.height() + 7;
-    if (type == CT_PushButton) {
+    if (type == CT_PushButton && menuTitle(option) != nullptr) {
+        result = QSize(size.width() + 3 * theme::unit, option->fontMetrics.height() + theme::unit);
+    } else if (type == CT_PushButton) {
         result.setHeight(field + 3);
     } else if (type == CT_ComboBox) {
         result = QSize(size.width() + chevronRoom + 12, field);
@@ -193,6 +214,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
             return theme::unit;
         case PM_FocusFrameHMargin:  // space left and right of a list's entry
             return theme::unit - 1;
+        case PM_MenuButtonIndicator:
+            return menuTitle(option) != nullptr ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
         case PM_ButtonDefaultIndicator:
         case PM_ButtonShiftHorizontal:
         case PM_ButtonShiftVertical:

@@ -4,12 +4,24 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
+#include <algorithm>
 
 #include "velmora/adapters/qt/text.h"
 #include "velmora/adapters/qt/theme.h"
 #include "velmora/platform/toolkit/mnemonics.h"
 
 namespace velmora::qt {
+
+namespace {
+
+/// A bar of menus alone is shown as the menu of a window.
+bool isMenu(const screen::Toolbar& bar) {
+    return !bar.items().empty() && std::ranges::all_of(bar.items(), [](const screen::Toolbar::Item& item) {
+        return !item.caption.empty() && !item.menu.empty();
+    });
+}
+
+}  // namespace
 
 ToolbarView::ToolbarView(ViewHost& host, screen::Toolbar& bar, QWidget* parent)
     : ControlView(host, bar), bar_(bar), strip_(new QWidget(parent)), row_(new QHBoxLayout(strip_)) {
@@ -56,6 +68,7 @@ void ToolbarView::build() {
         line->setForegroundRole(QPalette::Mid);
         row_->addWidget(line);
     }
+    row_->setSpacing(isMenu(bar_) ? 0 : theme::unit);
     row_->addStretch(1);
 }
 
@@ -64,6 +77,7 @@ void ToolbarView::addButton(int number, const QString& caption) {
     auto* button = new QPushButton(caption, strip_);
     button->setFocusPolicy(Qt::NoFocus);
     button->setAutoDefault(false);
+    button->setFlat(isMenu(bar_));
     row_->addWidget(button);
     if (item.menu.empty()) {
         connect(button, &QPushButton::clicked, this, [this, number] {

@@ -41,6 +41,8 @@ void StartForm::setCaptions() {
     txtBuscar_.setToolTip(
         "Número de la propuesta o del cliente, parte de su nombre o de una referencia, o un dentado: 38 x 12,7");
     dbgPropuestas_.setAccessibleName("Propuestas");
+    txtBuscar_.setHint(txtBuscar_.toolTip());
+    dbgPropuestas_.setHint("Propuestas encontradas; Enter abre la elegida, F8 la imprime, F6 la duplica");
     cmdTodas_.setCaption("Buscar en &todas");
     cmdTodas_.setToolTip("Busca el texto también en las propuestas más antiguas");
     cmdNueva_.setCaption("&Nueva (Ctrl+N)");
@@ -75,7 +77,7 @@ void StartForm::wire() {
         search(finding::Reach::all);
         txtBuscar_.setFocus();
     };
-    cmdNueva_.onClick = refreshing([this] { vmora_.jShow(); });
+    cmdNueva_.onClick = refreshing([this] { newProposal(); });
     cmdSeguimiento_.onClick = refreshing([this] { vmora_.jShowSeguimiento(); });
     cmdAbrir_.onClick = refreshing([this] { withCurrent(&StartForm::openProposal); });
     cmdImprimir_.onClick = refreshing([this] { withCurrent(&StartForm::print); });
@@ -86,11 +88,17 @@ void StartForm::wire() {
     onKeyDown = [this](screen::KeyDown& event) { handleKey(event); };
 }
 
+/// Those that no button names.
+std::vector<screen::KeyWords> StartForm::functionKeys() const {
+    return {{.key = Key::f5, .words = "Actualizar la lista"}};
+}
+
 std::function<void()> StartForm::refreshing(std::function<void()> operation) {
     return [this, operation = std::move(operation)] {
         operation();
         if (!isUnloaded()) {
             refresh();
+            goToWorkedOn();
             showStateOfCopies();
             txtBuscar_.setFocus();
         }
@@ -204,7 +212,43 @@ void StartForm::openProposal(std::int32_t number) {
     frmBercialPiñones form(session_, desk_);
     form.setTag("e");
     if (form.msCargarPresupuesto(number, false)) {
-        desk_.screen.showModal(form);
+        showMainForm(form);
+    }
+}
+
+void StartForm::newProposal() {
+    shell::FnActualizarBD(session_.Connection(), desk_.screen);
+    frmBercialPiñones form(session_, desk_);
+    form.setTag("e");
+    showMainForm(form);
+}
+
+/// A new proposal that was stored and left for an empty form is the newest one.
+void StartForm::showMainForm(frmBercialPiñones& form) {
+    const std::int32_t highest = highestNumber();
+    desk_.screen.showModal(form);
+    const estimate::FieldMap& f = form.fields();
+    const std::int32_t last = f.proposal.isNew() ? highestNumber() : f.proposal.key();
+    if (!f.proposal.isNew() || last > highest) {
+        workedOn_ = last;
+    }
+}
+
+std::int32_t StartForm::highestNumber() const {
+    const sql::Recordset last = session_.Connection().execute("SELECT MAX(DPI_Id) AS nUltima FROM DPI");
+    return last.eof() || last[0].isNull() ? 0 : last[0].toLong();
+}
+
+/// A search that does not find it gives way.
+void StartForm::goToWorkedOn() {
+    const auto number = std::exchange(workedOn_, std::nullopt);
+    if (!number || current() == number) {
+        return;
+    }
+    goToProposal(*number);
+    if (current() != number && !txtBuscar_.text().empty()) {
+        txtBuscar_.setText("");
+        goToProposal(*number);
     }
 }
 
@@ -231,10 +275,7 @@ void StartForm::duplicate(std::int32_t number) {
     form.buttonsAndGrid().cmdDuplicar.onClick();
     const std::int32_t copy = form.fields().proposal.key();
     if (copy != number) {
-        desk_.screen.showModal(form);
-        txtBuscar_.setText("");
-        refresh();
-        goToProposal(copy);
+        showMainForm(form);
     }
 }
 

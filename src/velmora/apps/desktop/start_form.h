@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "velmora/apps/backup/copies.h"
 #include "velmora/apps/desktop/database_place.h"
@@ -12,17 +13,24 @@
 #include "velmora/platform/desk.h"
 #include "velmora/platform/screen/data_grid.h"
 #include "velmora/platform/screen/form.h"
+#include "velmora/platform/screen/key_words.h"
 #include "velmora/platform/session/session.h"
 #include "velmora/shell/vmora.h"
 
+namespace velmora::proposal {
+class frmBercialPiñones;
+}
+
 namespace velmora::desktop {
 
-class StartForm : public screen::Form {
+class StartForm : public screen::Form, public screen::TellsKeys {
   public:
     /// All must outlive the form; the session is that of the public class. Without copies, as on a server, their button
     /// is not shown. Errors: those of the database when it is asked for the last proposals.
     StartForm(platform::Desk& desk, shell::VMORA& vmora, session::Session& session, backup::Copies* copies,
               DatabasePlace place = {});
+
+    std::vector<screen::KeyWords> functionKeys() const override;
 
     // --- For the entries of the menu -------------------------------------------------------------------------
 
@@ -69,6 +77,11 @@ class StartForm : public screen::Form {
     /// Tells the user when it is gone.
     bool isStored(std::int32_t number);
     void openProposal(std::int32_t number);
+    void newProposal();
+    /// Afterwards the proposal that the user has worked on there is to be the current one of the list.
+    void showMainForm(proposal::frmBercialPiñones& form);
+    std::int32_t highestNumber() const;
+    void goToWorkedOn();
     void print(std::int32_t number);
     void duplicate(std::int32_t number);
     void showStateOfCopies();
@@ -82,6 +95,7 @@ class StartForm : public screen::Form {
     DatabasePlace place_;
     std::optional<backup::Copy> wanted_;
     bool wantsAnother_ = false;
+    std::optional<std::int32_t> workedOn_;
     finding::Reach reach_ = finding::Reach::recent;
     screen::Toolbar barMenu_{*this, "barMenu"};
     screen::TextBox txtBuscar_{*this, "txtBuscar"};
