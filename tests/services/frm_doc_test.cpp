@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "velmora/platform/toolkit/grid_keys.h"
+
 #include "services_bench.h"
 
 namespace velmora::services {
@@ -121,6 +123,17 @@ TEST_F(FrmDocTest, TheDocumentUnderTheCursorIsViewed) {
     EXPECT_EQ(contentOf(temporary.file("segundo.pdf")), "dos");
     form.dbgPlanos.moveToRow(1);
     button(3);
+    EXPECT_EQ(contentOf(temporary.file("primero.pdf")), "uno");
+    EXPECT_EQ(services.opened.size(), 2U);
+}
+
+TEST_F(FrmDocTest, ADoubleClickAndEnterOpenTheDocumentUnderTheCursor) {
+    add("primero.pdf", "uno");
+    add("segundo.pdf", "dos");
+    toolkit::pressRow(form.dbgPlanos);
+    EXPECT_EQ(contentOf(temporary.file("segundo.pdf")), "dos");
+    form.dbgPlanos.moveToRow(1);
+    toolkit::keyInGrid(form.dbgPlanos, toolkit::strokeOf(screen::Key::enter), 1);
     EXPECT_EQ(contentOf(temporary.file("primero.pdf")), "uno");
     EXPECT_EQ(services.opened.size(), 2U);
 }

@@ -23,6 +23,14 @@ frmDoc::frmDoc(session::Session& session, platform::Desk& desk) : Form("frmDoc")
     arrange();
     Toolbar1.onButtonClick = [this](int index) { Toolbar1_ButtonClick(index); };
     Toolbar1.onMenuClick = [this](const std::string& key) { Toolbar1_ButtonMenuClick(key); };
+    // Differs D-540: a double click and Enter on a document open it; the required window has its button alone.
+    dbgPlanos.onButtonClick = [this](int) { viewDocument(); };
+    dbgPlanos.onKeyDown = [this](screen::KeyDown& key) {
+        if (key.key == screen::Key::enter) {
+            key.key = screen::Key::none;
+            viewDocument();
+        }
+    };
     onKeyDown = [this](screen::KeyDown& key) {
         // Chosen C-186: Esc closes this window and that of purchase prices, as it closes the main form.
         if (key.key == screen::Key::escape) {
@@ -43,6 +51,7 @@ void frmDoc::arrange() {
          {.caption = "Salir", .menu = {}}});
     Toolbar1.setAccessibleName("Acciones sobre los documentos");
     dbgPlanos.setAccessibleName("Documentos de la propuesta");
+    dbgPlanos.setHint("Documentos de la propuesta; Enter o doble clic abre el elegido");
     dbgPlanos.setColumns(
         {{.field = 0, .caption = "Id", .visible = false}, {.field = 1, .caption = "Fichero", .width = 7000}});
     setLayout(lay::column(lay::plain(Toolbar1), lay::plain(dbgPlanos).stretched()));

@@ -71,6 +71,9 @@ void frmHcomp::arrange() {
     txtFields.forEach([](screen::TextBox& box) { box.setLocked(true); });
     txtFields(1).setAccessibleName("Descripción del articulo");
     dbgCompras.setAccessibleName("Ultimas compras");
+    txtFields(0).setHint("Código del artículo");
+    txtFields(1).setHint("Descripción del artículo");
+    dbgCompras.setHint("Últimas compras del artículo; espacio en el albarán o doble clic lo abre");
     cmdSalir.setCaption("&Salir (ESC)");
     setLayout(
         lay::column(lay::row(lay::field("Articulo de Compras", txtFields(0), codeWidth).as(screen::Role::calculated),

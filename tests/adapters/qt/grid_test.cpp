@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QTableView>
@@ -175,6 +176,26 @@ TEST_F(Grid, ADoubleClickDoesWhatTheButtonOfTheRowDoesOnce) {
     play(form, [&] {
         doubleClickCell(4, 0);
         EXPECT_THAT(pressed, ElementsAre(std::pair<int, std::size_t>(3, 4)));
+    });
+}
+
+TEST_F(Grid, RowsGrowWithTheLetters) {
+    bind(10);
+    play(form, [&] {
+        const auto heights = [&] { return std::pair(table().rowHeight(0), table().horizontalHeader()->height()); };
+        const int ordinary = heights().first;
+        EXPECT_GE(ordinary, 24);
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPointSizeF(before.pointSizeF() * 2);
+        QApplication::setFont(large);
+        QApplication::processEvents();
+        EXPECT_GE(heights().first, table().fontMetrics().height() + 6);
+        EXPECT_GT(heights().first, ordinary + 8);
+        EXPECT_EQ(heights().first, heights().second);
+        QApplication::setFont(before);
+        QApplication::processEvents();
+        EXPECT_EQ(heights(), std::pair(ordinary, ordinary));
     });
 }
 

@@ -134,6 +134,14 @@ TEST_F(GridKeysTest, ACellWithoutAValueHasNoButton) {
     EXPECT_THAT(pressed, ElementsAre(0, 1));
 }
 
+TEST_F(GridKeysTest, ARowOfAGridWithoutButtonsIsPressedAsAWhole) {
+    grid.setColumns({{.field = 0, .caption = "Fichero"}});
+    EXPECT_FALSE(pressRow(grid)) << "no rows";
+    grid.bind(sql::Recordset(sql::rowsInMemory({{"f"}}, {{"plano.pdf"}})));
+    EXPECT_TRUE(pressRow(grid));
+    EXPECT_THAT(pressed, ElementsAre(wholeRow));
+}
+
 TEST_F(GridKeysTest, SpacePressesTheCellAndOtherKeysGoToTheGrid) {
     bind(3);
     moveRow(grid, RowMove::down);

@@ -44,6 +44,7 @@ DeliveryNoteForm::DeliveryNoteForm(session::Session& session) : Form("frmAlbaran
 void DeliveryNoteForm::arrange() {
     fraAlbaran_.setCaption("Albarán");
     dbgLineas_.setAccessibleName("Lineas del albarán");
+    dbgLineas_.setHint("Líneas del albarán");
     cmdSalir_.setCaption("&Salir (ESC)");
     screen::Layout head = recordRow(txtAlbaran_, noteFields, 0, 3);
     head.children.push_back(lay::space());

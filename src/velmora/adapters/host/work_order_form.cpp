@@ -114,6 +114,8 @@ void WorkOrderForm::arrange() {
     fraRuta_.setCaption("Ruta");
     dbgMaterial_.setAccessibleName("Material de la orden");
     dbgRuta_.setAccessibleName("Ruta de la orden");
+    dbgMaterial_.setHint("Material de la orden con sus cortes");
+    dbgRuta_.setHint("Ruta de la orden por las máquinas");
     cmdSalir_.setCaption("&Salir (ESC)");
     const auto row = [this](int from, int to) { return recordRow(txtOrden_, orderFields, from, to); };
     setLayout(lay::column(

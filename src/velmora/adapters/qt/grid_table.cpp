@@ -1,5 +1,6 @@
 #include "velmora/adapters/qt/grid_table.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <algorithm>
@@ -22,16 +23,32 @@ GridTable::GridTable(int lines, QWidget* parent) : QTableView(parent), lines_(li
     setCornerButtonEnabled(false);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(theme::gridRow);
-    verticalHeader()->setMinimumSectionSize(theme::gridRow);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setFixedHeight(theme::gridRow);
+    applyRowHeight();
     horizontalHeader()->setMinimumSectionSize(24);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
         if (!distributing_) {
             resizedByUser(column, width);
         }
     });
+}
+
+int GridTable::rowHeight() const {
+    return std::max(theme::gridRow, fontMetrics().height() + theme::group);
+}
+
+void GridTable::applyRowHeight() {
+    verticalHeader()->setMinimumSectionSize(rowHeight());
+    verticalHeader()->setDefaultSectionSize(rowHeight());
+    horizontalHeader()->setFixedHeight(rowHeight());
+}
+
+void GridTable::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        applyRowHeight();
+        updateGeometry();
+    }
 }
 
 void GridTable::remember(WindowMemory* memory, const QString& name) {
@@ -86,11 +103,11 @@ void GridTable::distribute() {
 }
 
 QSize GridTable::sizeHint() const {
-    return {std::clamp(widths_.total() + 24, 240, 1100), theme::gridRow * (lines_ > 1 ? lines_ + 1 : 9) + 4};
+    return {std::clamp(widths_.total() + 24, 240, 1100), rowHeight() * (lines_ > 1 ? lines_ + 1 : 9) + 4};
 }
 
 QSize GridTable::minimumSizeHint() const {
-    return {160, theme::gridRow * 4 + 4};
+    return {160, rowHeight() * 4 + 4};
 }
 
 }  // namespace velmora::qt

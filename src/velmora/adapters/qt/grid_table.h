@@ -21,14 +21,19 @@ class GridTable : public QTableView {
     /// outlive the table; nullptr: none.
     void remember(WindowMemory* memory, const QString& name);
 
+    /// Of the heading and of each row, in pixels; grows with the letters.
+    int rowHeight() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void distribute();
+    void applyRowHeight();
     void resizedByUser(int column, int width);
     void fix(int column, int width);
     QString captionOf(int column) const;

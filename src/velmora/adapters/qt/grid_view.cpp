@@ -203,8 +203,8 @@ bool GridView::otherEvent(QEvent& event) {
 
 // Downward a page ends with the row cut by the lower edge.
 std::size_t GridView::page(toolkit::RowMove move) const {
-    const int cut = move == toolkit::RowMove::pageDown ? theme::gridRow - 1 : 0;
-    return static_cast<std::size_t>(std::max((table_->viewport()->height() + cut) / theme::gridRow, 1));
+    const int cut = move == toolkit::RowMove::pageDown ? table_->rowHeight() - 1 : 0;
+    return static_cast<std::size_t>(std::max((table_->viewport()->height() + cut) / table_->rowHeight(), 1));
 }
 
 void GridView::showCount() {

@@ -90,7 +90,11 @@ bool pressRow(DataGrid& grid) {
             return pressCell(grid, column);
         }
     }
-    return false;
+    const bool anyButton = std::ranges::any_of(grid.columns(), &screen::GridColumn::button);
+    if (row && !anyButton) {
+        grid.onButtonClick(wholeRow);
+    }
+    return row && !anyButton;
 }
 
 bool pressCell(DataGrid& grid, std::size_t column) {

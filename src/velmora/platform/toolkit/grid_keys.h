@@ -21,7 +21,11 @@ void moveRow(screen::DataGrid& grid, RowMove move, std::size_t page = 1);
 /// something to open. Errors: the set's.
 bool hasButton(const screen::DataGrid& grid, std::size_t row, std::size_t column);
 
-/// Presses the current row's button, as a double click does: the first one that it has. False when it has none.
+/// The column that a grid without buttons is told when a row of it is pressed.
+inline constexpr int wholeRow = -1;
+
+/// Presses the current row's button, as a double click does: the first one that it has; in a grid without any column of
+/// buttons the row itself is pressed. False when neither is there.
 bool pressRow(screen::DataGrid& grid);
 
 /// Presses the button in the current row's cell; `column` is an index into the grid's columns. False when the column
