@@ -129,6 +129,27 @@ TEST_P(DrawingTexts, ASketchOfTheMainFormShowsAllItsValues) {
     }
 }
 
+// The smallest sketch of a form, and the one of a shop sheet with many lines, 46 mm high.
+TEST_P(DrawingTexts, TheSmallestSketchesShowTheirTextsApart) {
+    constexpr double pixelsOfAMillimetre = 96 / 25.4;
+    const std::array canvases{
+        toolkit::PixelRect{.left = 0, .top = 0, .width = 240, .height = 180},
+        toolkit::PixelRect{
+            .left = 0, .top = 0, .width = 180 * pixelsOfAMillimetre, .height = 46 * pixelsOfAMillimetre}};
+    for (const double factor : {0.2, 0.5, 1.0, 3.0, 10.0}) {
+        const ProductMeasures measures = measuresOfAPiece(factor);
+        const screen::Drawing drawing = drawProduct(GetParam(), measures);
+        const toolkit::LabelTexts words = drawingLabels(GetParam(), measures);
+        for (const toolkit::PixelRect& canvas : canvases) {
+            SCOPED_TRACE(std::to_string(factor) + ", " + std::to_string(canvas.width));
+            expectApart(textsOf(toolkit::planSketch(drawing, words, canvas, formFont)), canvas);
+            expectApart(textsOf(toolkit::planSketch(drawing, numbersOnly(words), canvas, formFont)), canvas);
+        }
+        const auto onPaper = textsOf(toolkit::planSketch(drawing, words, canvases[1], formFont));
+        EXPECT_EQ(onPaper.leftOut, 0) << factor << ": nobody can make the sketch of a paper larger";
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(AllTypes, DrawingTexts, ::testing::Range(0, static_cast<int>(data::productTypes.size())));
 
 }  // namespace

@@ -13,13 +13,8 @@
 
 #include "velmora/adapters/qt/form_window.h"
 #include "velmora/adapters/qt/qt_screen.h"
-#include "velmora/adapters/session/stand_in_session.h"
-#include "velmora/apps/desktop/picture_forms.h"
-#include "velmora/apps/desktop/workshop.h"
-#include "velmora/apps/engines/known_engines.h"
 
-#include "support/no_services.h"
-#include "support/picture_moment.h"
+#include "every_form.h"
 
 namespace velmora::desktop {
 namespace {
@@ -104,17 +99,11 @@ TEST_F(AccessibleNames, AControlWithoutANameAndTwoOfOneNameAreFound) {
 }
 
 TEST_F(AccessibleNames, EveryControlOfEveryFormHasANameOfItsOwn) {
-    const support::PictureClock clock;
-    const auto workshop = openWorkshop(engines::knownEngines(clock), ":memory:", clock);
-    adapters::StandInSession session(workshop->connection());
-    qt::QtScreen screen;
-    support::NoServices services;
-    const components::ComponentFactory components;
-    platform::Desk desk{screen, components, services, clock};
+    EveryForm every;
     int interactive = 0;
-    for (const WindowPicture& picture : windowPictures(session, desk)) {
+    for (const WindowPicture& picture : every.forms()) {
         const auto form = picture.make();
-        const Dump dump = dumpOf(screen, *form, picture.name);
+        const Dump dump = dumpOf(every.screen(), *form, picture.name);
         for (const std::string& place : dump.unnamed) {
             ADD_FAILURE() << "without a name: " << place;
         }

@@ -23,5 +23,13 @@ words = subprocess.run(["pdftotext", pdf, "-"], capture_output=True, text=True, 
 for heading in re.findall(r"^## (.+)$", text, re.M):
     assert heading in words, heading
 assert "@" not in words
+
+# A heading is followed by something on its page. The last line of each page is its number.
+headings = {re.sub(r"[*`]", "", heading) for heading in re.findall(r"^#+ (.+)$", text, re.M)}
+pages = [[line.strip() for line in page.splitlines() if line.strip()] for page in words.split("\f")]
+pages = [page for page in pages if page]
+assert len(pages) > 5 and [page[-1] for page in pages] == [str(i + 1) for i in range(len(pages))], pages
+alone = [page[-2] for page in pages if len(page) > 1 and page[-2] in headings]
+assert not alone, alone
 listed = subprocess.run(["pdfimages", "-list", pdf], capture_output=True, text=True, check=True).stdout
 assert sum(" image " in line for line in listed.splitlines()) >= len(named), listed

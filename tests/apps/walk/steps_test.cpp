@@ -10,8 +10,8 @@ Key keyAt(const std::vector<Step>& steps, std::size_t at) {
 }
 
 TEST(WalkSteps, EachKeyIsAStep) {
-    const auto steps = stepsOf("keys 7,⏎{F12}{^N}{!E}{Esc}␣\n");
-    ASSERT_EQ(steps.size(), 8U);
+    const auto steps = stepsOf("keys 7,⏎{F12}{^N}{!E}{Esc}␣{+F1}\n");
+    ASSERT_EQ(steps.size(), 9U);
     EXPECT_EQ(keyAt(steps, 0).text, QStringLiteral("7"));
     EXPECT_EQ(keyAt(steps, 1).text, QStringLiteral(","));
     EXPECT_EQ(keyAt(steps, 2).code, Qt::Key_Return);
@@ -22,6 +22,8 @@ TEST(WalkSteps, EachKeyIsAStep) {
     EXPECT_EQ(keyAt(steps, 5).text, QStringLiteral("e"));
     EXPECT_EQ(keyAt(steps, 6).code, Qt::Key_Escape);
     EXPECT_EQ(keyAt(steps, 7).text, QStringLiteral(" "));
+    EXPECT_EQ(keyAt(steps, 8).code, Qt::Key_F1);
+    EXPECT_EQ(keyAt(steps, 8).modifiers, Qt::ShiftModifier);
 }
 
 TEST(WalkSteps, PicturesAndPapersHaveNames) {

@@ -17,6 +17,7 @@
 #include "velmora/adapters/qt/qt_services.h"
 #include "velmora/apps/backup/copies.h"
 #include "velmora/apps/desktop/first_start_form.h"
+#include "velmora/apps/desktop/paper_choices.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/desktop/start_keys.h"
 #include "velmora/apps/desktop/title_note.h"
@@ -132,14 +133,15 @@ int play(const std::string& stepsFile, const std::string& folder, const QString&
     const auto workshop = desktop::openWorkshop(engines, database, clock);
     const desktop::TitleNote note(QStringLiteral(" — DEMOSTRACIÓN"));
     components::ComponentFactory components;
-    stand_ins::registerStandIns(components, screen, services, clock);
+    const desktop::DatabasePlace place{.file = database, .server = {}};
+    stand_ins::registerStandIns(components, screen, services, clock, desktop::paperChoices(place, screen, services));
     platform::Desk desk{screen, components, services, clock};
     shell::VMORA vmora{desk};
     vmora.MyBd(&workshop->session());
     backup::Copies copies(database, clock);
     copies.makeDaily();
 
-    desktop::StartForm form(desk, vmora, vmora.MyBd(), &copies);
+    desktop::StartForm form(desk, vmora, vmora.MyBd(), &copies, place);
     const desktop::StartKeys keys(screen, form);
     screen.showModal(form);
     for (const std::string& complaint : walker.complaints()) {
@@ -157,6 +159,8 @@ int main(int argc, char** argv) {
     }
     try {
         const QTemporaryDir workFolder;
+        // The settings of whoever builds this are neither shown nor changed.
+        qputenv("XDG_CONFIG_HOME", workFolder.path().toUtf8());
         makeScreen(sizeFrom(argv[1]), numberFrom(argv[2]), workFolder.path());
         qInstallMessageHandler(passErrorsOnly);
         QApplication application(argc, argv);

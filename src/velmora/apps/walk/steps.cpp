@@ -14,6 +14,11 @@ Key named(const QString& name) {
     if (name.startsWith(u'!') && name.size() == 2) {
         return {.code = name.at(1).unicode(), .text = name.mid(1).toLower(), .modifiers = Qt::AltModifier};
     }
+    if (name.startsWith(u'+') && name.size() > 1) {
+        Key key = named(name.mid(1));
+        key.modifiers = Qt::ShiftModifier;
+        return key;
+    }
     if (name == QLatin1String("Esc")) {
         return {.code = Qt::Key_Escape};
     }

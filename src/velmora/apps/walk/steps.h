@@ -3,7 +3,8 @@
 //
 //   # a comment
 //   keys 1001⏎7781⏎{F7}10     presses keys: "⏎" is Enter, "↓" Down, "↑" Up, "↹" Tab, "{F7}" a function key, "{^N}"
-//                              Control and a letter, "{!C}" Alt and a letter, "{Esc}" Esc, "␣" a space
+//                              Control and a letter, "{!C}" Alt and a letter, "{+F1}" Shift and a function key,
+//                              "{Esc}" Esc, "␣" a space
 //   picture NAME               writes the whole screen to NAME.png
 //   window NAME                writes the topmost window to NAME.png
 //   paper NAME                 copies the first paper opened since the last such step to NAME.pdf
