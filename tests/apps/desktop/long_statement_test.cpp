@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "velmora/adapters/sqlite/database.h"
+
 #include "support/temporary_folder.h"
 
 namespace velmora::desktop {
