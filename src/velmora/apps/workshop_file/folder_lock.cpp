@@ -39,6 +39,10 @@ void FolderLock::sync() const {
     require(::fsync(folder_) == 0);
 }
 
+std::filesystem::path folderOf(const std::filesystem::path& file) {
+    return file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
+}
+
 void syncFile(const std::filesystem::path& file) {
     const int opened = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
     require(opened >= 0);

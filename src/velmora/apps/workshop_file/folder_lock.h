@@ -21,6 +21,9 @@ class FolderLock {
     int folder_;
 };
 
+/// The folder in which a file lies; the working folder of a name without one.
+std::filesystem::path folderOf(const std::filesystem::path& file);
+
 /// Returns when the file is on the disk. Errors: std::system_error.
 void syncFile(const std::filesystem::path& file);
 

@@ -25,10 +25,6 @@ fs::path decisionFor(const fs::path& database) {
     return besideDatabase(database, ".restaurar");
 }
 
-fs::path folderOf(const fs::path& file) {
-    return file.has_parent_path() ? file.parent_path() : fs::path(".");
-}
-
 bool isDecided(const fs::path& database) {
     std::error_code failure;
     return fs::exists(decisionFor(database), failure);

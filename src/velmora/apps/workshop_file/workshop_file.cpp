@@ -38,10 +38,6 @@ void removeWhole(const fs::path& file) {
     fs::remove(file);
 }
 
-fs::path folderOf(const fs::path& file) {
-    return file.has_parent_path() ? file.parent_path() : fs::path(".");
-}
-
 /// The files of one database while they are made, in a folder that is locked.
 class NewFiles {
   public:
