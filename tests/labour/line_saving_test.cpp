@@ -39,6 +39,18 @@ TEST_F(LineSavingTest, NinetyMinutesAtThirtyEurosAreOneHourAndAHalfAndFortyFiveE
     EXPECT_EQ(fields().Label2.caption(), "45,00 €");
 }
 
+TEST_F(LineSavingTest, AStoredLineIsToldAlsoWhenTheListCannotBeReadAgain) {
+    open();
+    press(fields().cmdNuevaLinea);
+    set(machine, "10");
+    set(minutes, "90");
+    form->leaveFocus();
+    shop.connection.refuse("as Operario");
+    EXPECT_THROW(fields().cmdGrabarLinea.onClick(), sql::DbError);
+    EXPECT_THAT(form->status().deed(), ::testing::StartsWith("Línea grabada a las "));
+    EXPECT_EQ(shop.query("select count(*) from MoDpi"), "1");
+}
+
 TEST_F(LineSavingTest, MinutesAndHoursKeepFourDecimals) {
     open();
     add("10", "0,12345");

@@ -120,6 +120,8 @@ DEEDS = [
     Deed(
         "labour_line", "staffed_workshop.sql", WITH_LABOUR, "press cmdGrabarLinea", steps=("MoDpi", "DPI"),
         acknowledged_steps=1, typed="txtLinea(0) txtLinea(6)",
+        # A line whose list could not be read again is stored, and its frame is closed.
+        again="try press cmdGrabarLinea",
     ),
     Deed(
         "labour_line_deleted", "staffed_workshop.sql",

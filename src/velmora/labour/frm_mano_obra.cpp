@@ -145,8 +145,9 @@ void frmManoObra::saveLine() {
     }
     f_.browse();
     f_.fraLinea.setCaption(saved);
-    msCargarLineas();
+    // Told first: the line is stored, also when the list cannot be read again.
     status().tellDeed(session::deedNow("Línea grabada", desk_.clock));
+    msCargarLineas();
     returnToActions();
 }
 
@@ -164,8 +165,8 @@ void frmManoObra::deleteLine() {
     if (answer == screen::Answer::yes &&
         writing_.run({.nIdDpi = nIdDpi, .line = line, .question = "¿Desea eliminarla de todos modos?"},
                      [&] { deleteRow(line); })) {
-        msCargarLineas();
         status().tellDeed(session::deedNow("Línea eliminada", desk_.clock));
+        msCargarLineas();
     }
 }
 

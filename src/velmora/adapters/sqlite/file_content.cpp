@@ -17,25 +17,31 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A file that cannot be looked at is not taken for a missing one: in its place a new database would be made.
-bool isThere(const fs::path& file) {
+/// Errors: DbError with the system's words for a file that cannot be looked at.
+fs::file_status statusOf(const fs::path& file) {
     std::error_code failure;
-    const bool found = fs::exists(file, failure);
-    if (failure) {
+    const fs::file_status status = fs::status(file, failure);
+    if (!fs::status_known(status)) {
         throw sql::DbError(sql::provider::failure, system::failureWords(failure), {.sqlState = "08001"});
     }
-    return found;
+    return status;
+}
+
+bool isThere(const fs::path& file) {
+    return fs::exists(statusOf(file));
 }
 
 /// False for a file without a byte in it, and for none.
 bool hasContent(const std::string& path) {
-    std::error_code failure;
     const fs::path file = system::filePath(path);
-    if (!isThere(file)) {
+    const fs::file_status status = statusOf(file);
+    if (!fs::exists(status)) {
         return false;
     }
-    if (!fs::is_regular_file(file, failure)) {
+    if (!fs::is_regular_file(status)) {
         throw sql::DbError(sql::provider::failure, "No es un fichero.", {.sqlState = "08001"});
     }
+    std::error_code failure;
     return fs::file_size(file, failure) > 0;
 }
 
