@@ -29,6 +29,11 @@ std::unique_ptr<sql::Connection> openWithOneRow() {
     return connection;
 }
 
+/// Whether the engine complains in these words. A statement may hold them as a name, which an error then repeats.
+bool complains(std::string_view words, std::string_view statement, std::string_view phrase) {
+    return words.find(phrase) != std::string_view::npos && statement.find(phrase) == std::string_view::npos;
+}
+
 void run(sql::Connection& connection, std::string_view statement) {
     try {
         sql::Recordset rows = connection.execute(statement);
@@ -37,9 +42,8 @@ void run(sql::Connection& connection, std::string_view statement) {
         }
     } catch (const sql::DbError& error) {
         const std::string_view words = error.description();
-        expect(words.find("syntax error") == std::string_view::npos, "the engine reads what the dialect writes");
-        expect(words.find("unrecognized token") == std::string_view::npos,
-               "the engine knows every word of the dialect");
+        expect(!complains(words, statement, "syntax error"), "the engine reads what the dialect writes");
+        expect(!complains(words, statement, "unrecognized token"), "the engine knows every word of the dialect");
     }
 }
 
