@@ -90,8 +90,8 @@ TEST(CDbl, ReadsTheNearestDoubleOfPlainDigits) {
     for (int i = 0; i < 20'000; ++i) {
         state = state * 6364136223846793005U + 1442695040888963407U;
         std::string text = (state & 64U) != 0 ? "-" : "";
-        text += CStr(static_cast<std::int64_t>(state >> 8U)).substr(0, 1 + state % 18);
-        text.insert(text.size() - (state >> 32U) % 8 % text.size(), ",");
+        text += CStr(static_cast<std::int64_t>(state >> 8U)).substr(0, static_cast<std::size_t>(1 + state % 18));
+        text.insert(text.size() - static_cast<std::size_t>((state >> 32U) % 8) % text.size(), ",");
         std::string withPoint = text;
         withPoint.replace(withPoint.find(','), 1, ".");
         ASSERT_EQ(CDbl(text), test::goldenNumber(withPoint)) << text;
