@@ -37,6 +37,15 @@ class ToldForm : public screen::Form {
     screen::RecordState record{.standing = screen::Standing::fresh};
 };
 
+BOOL CALLBACK findToolTips(HWND window, LPARAM found) {
+    wchar_t name[64]{};
+    GetClassNameW(window, name, 64);
+    if (std::wstring_view(name) == TOOLTIPS_CLASSW) {
+        *reinterpret_cast<HWND*>(found) = window;
+    }
+    return TRUE;
+}
+
 class StatusStrips : public ::testing::Test, protected Win32Hand {
   protected:
     void play(const std::function<void()>& user) { EXPECT_TRUE(show(form, user)); }
@@ -57,17 +66,7 @@ class StatusStrips : public ::testing::Test, protected Win32Hand {
     /// What the system is told when the mouse rests on a control.
     std::string toolTip(const screen::Control& control) const {
         HWND tips = nullptr;
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM found) -> BOOL {
-                wchar_t name[64]{};
-                GetClassNameW(window, name, 64);
-                if (std::wstring_view(name) == TOOLTIPS_CLASSW) {
-                    *reinterpret_cast<HWND*>(found) = window;
-                }
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&tips));
+        EnumThreadWindows(GetCurrentThreadId(), &findToolTips, reinterpret_cast<LPARAM>(&tips));
         NMTTDISPINFOW asked{};
         asked.hdr.hwndFrom = tips;
         asked.hdr.idFrom = reinterpret_cast<UINT_PTR>(windowOf(control));
