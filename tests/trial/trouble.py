@@ -78,8 +78,9 @@ def play(player, deed, kind, fault):
         missed = not player.is_acknowledged(deed, so_far)
         if missed:
             trial.note("deeds that failed")
-            hold_typed(player, deed, so_far, what)
+            # Behind the rows a form may have closed: what was typed is stored.
             if not done:
+                hold_typed(player, deed, so_far, what)
                 hold_told(player, deed, so_far, kind, what)
         sitting.say(deed.once_more() if missed else "")
     sitting.say(deed.ending())
