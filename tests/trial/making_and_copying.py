@@ -14,7 +14,10 @@ from trial import Trial
 
 COUNTED = 'query "select count(*) from DPI"\nquery "select count(*) from DOCVELMORA.dbo.dex"\necho "-- opened"\n'
 # What the engine says when it has tried a file again for reading alone, and of the file that its connections share.
-OF_ENGINE = r"|o su carpeta no existe|solo lectura|Error de lectura o escritura|Falta la tabla|está dañado"
+OF_ENGINE = (
+    r"|o su carpeta no existe|solo lectura|Error de lectura o escritura|Falta la tabla|está dañado"
+    r"|No se puede abrir el fichero de la base de datos"
+)
 WORDS = {kind: words + OF_ENGINE for kind, words in trouble.WORDS.items()}
 UPGRADED = "open propuestas\nclose\necho \"-- opened\"\n"
 OLDER = ["DROP COLUMN DPI_EXTRA", "DROP COLUMN Dpi_Acopla"]

@@ -10,32 +10,24 @@
 #include "velmora/adapters/qt/theme.h"
 
 #include "qt_bench.h"
+#include "told_form.h"
 
 namespace velmora::testing {
 namespace {
 
-class ToldForm : public screen::Form {
-  public:
-    ToldForm() : Form("frmTold") {
-        pitch.setHint("Paso de la cadena, en mm");
-        price.setHint("Precio");
-        onKeyDown = [this](screen::KeyDown& key) {
-            if (key.key == screen::Key::f6) {
-                status().tellNote("No se puede duplicar");
-            } else if (key.key == screen::Key::f5) {
-                record = {.standing = screen::Standing::pending};
-                status().tellDeed("Propuesta 321 grabada a las 10:32");
-            }
-        };
-        status().setStateSource([this] { return record; });
-        setLayout(screen::layout::column(screen::layout::field("Paso", pitch, 8).number(2),
-                                         screen::layout::field("Precio", price, 8).number(2)));
-        setTabOrder({&pitch, &price});
-    }
-    screen::TextBox pitch{*this, "pitch"};
-    screen::TextBox price{*this, "price"};
-    screen::RecordState record{.standing = screen::Standing::fresh};
+status().tellDeed("Propuesta 321 grabada a las 10:32");
+}
 };
+status().setStateSource([this] { return record; });
+setLayout(screen::layout::column(screen::layout::field("Paso", pitch, 8).number(2),
+                                 screen::layout::field("Precio", price, 8).number(2)));
+setTabOrder({&pitch, &price});
+}
+screen::TextBox pitch{*this, "pitch"};
+screen::TextBox price{*this, "price"};
+screen::RecordState record{.standing = screen::Standing::fresh};
+}
+;
 
 class StatusBars : public QtBench {
   protected:

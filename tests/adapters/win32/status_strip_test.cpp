@@ -6,36 +6,26 @@
 #include "velmora/adapters/win32/form_window.h"
 #include "velmora/adapters/win32/text.h"
 
+#include "adapters/qt/told_form.h"
 #include "win32_hand.h"
 
 namespace velmora::testing {
 namespace {
 
-class ToldForm : public screen::Form {
-  public:
-    ToldForm() : Form("frmTold") {
-        pitch.setHint("Paso de la cadena, en mm");
-        price.setHint("Precio");
-        save.setCaption("&Grabar (F5)");
-        onKeyDown = [this](screen::KeyDown& key) {
-            if (key.key == screen::Key::f6) {
-                status().tellNote("No se puede duplicar");
-            } else if (key.key == screen::Key::f5) {
-                record = {.standing = screen::Standing::pending};
-                status().tellDeed("Propuesta 321 grabada a las 10:32");
-            }
-        };
-        status().setStateSource([this] { return record; });
-        setLayout(screen::layout::column(screen::layout::field("Paso", pitch, 8).number(2),
-                                         screen::layout::field("Precio", price, 8).number(2),
-                                         screen::layout::plain(save)));
-        setTabOrder({&pitch, &price, &save});
-    }
-    screen::TextBox pitch{*this, "pitch"};
-    screen::TextBox price{*this, "price"};
-    screen::Button save{*this, "cmdSave"};
-    screen::RecordState record{.standing = screen::Standing::fresh};
+status().tellDeed("Propuesta 321 grabada a las 10:32");
+}
 };
+status().setStateSource([this] { return record; });
+setLayout(screen::layout::column(screen::layout::field("Paso", pitch, 8).number(2),
+                                 screen::layout::field("Precio", price, 8).number(2), screen::layout::plain(save)));
+setTabOrder({&pitch, &price, &save});
+}
+screen::TextBox pitch{*this, "pitch"};
+screen::TextBox price{*this, "price"};
+screen::Button save{*this, "cmdSave"};
+screen::RecordState record{.standing = screen::Standing::fresh};
+}
+;
 
 BOOL CALLBACK findToolTips(HWND window, LPARAM found) {
     wchar_t name[64]{};
