@@ -368,7 +368,8 @@ class Clients:
         lines = ['query "select count(*) from DPI"', 'query "select count(*) from DOCVELMORA.dbo.dex"']
         outputs = set(self.same_time(count, database, lines, "first starts at once"))
         self.trial.hold(len(outputs) == 1, "every first start finds the same rows", str(outputs))
-        left = sorted(path.name for path in folder.iterdir())
+        # Connections that close at the same moment may leave their write-ahead files to the next one.
+        left = sorted(path.name for path in folder.iterdir() if not path.name.endswith(("-wal", "-shm")))
         self.trial.hold(left == ["DOCtaller.db", "taller.db"], "nothing is left behind", str(left))
         self.trial.note("first starts", count)
 

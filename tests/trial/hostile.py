@@ -113,7 +113,7 @@ class Hostile:
                     kind = b"set" if rng.random() < 0.8 or len(text) > 300 else rng.choice([b"type", b"paste"])
                     lines += [b"try " + kind + b" " + field + b" " + quoted(text)]
                 count += len(chosen)
-                lines += [behind, b"answer no", b"answer no"]
+                lines += [behind, b"answer no", b"answer no"] + [b"pick none"] * 3
             self.ends(self.play(lines + [b"try close"]), f"typed into {name}", texts)
             self.trial.note("texts typed", count)
 
