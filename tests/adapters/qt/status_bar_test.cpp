@@ -15,20 +15,6 @@
 namespace velmora::testing {
 namespace {
 
-status().tellDeed("Propuesta 321 grabada a las 10:32");
-}
-};
-status().setStateSource([this] { return record; });
-setLayout(screen::layout::column(screen::layout::field("Paso", pitch, 8).number(2),
-                                 screen::layout::field("Precio", price, 8).number(2)));
-setTabOrder({&pitch, &price});
-}
-screen::TextBox pitch{*this, "pitch"};
-screen::TextBox price{*this, "price"};
-screen::RecordState record{.standing = screen::Standing::fresh};
-}
-;
-
 class StatusBars : public QtBench {
   protected:
     QString part(const char* name) const {

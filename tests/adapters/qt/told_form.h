@@ -17,5 +17,19 @@ class ToldForm : public screen::Form {
                 status().tellNote("No se puede duplicar");
             } else if (key.key == screen::Key::f5) {
                 record = {.standing = screen::Standing::pending};
+                status().tellDeed("Propuesta 321 grabada a las 10:32");
+            }
+        };
+        status().setStateSource([this] { return record; });
+        setLayout(screen::layout::column(screen::layout::field("Paso", pitch, 8).number(2),
+                                         screen::layout::field("Precio", price, 8).number(2),
+                                         screen::layout::plain(save)));
+        setTabOrder({&pitch, &price, &save});
+    }
+    screen::TextBox pitch{*this, "pitch"};
+    screen::TextBox price{*this, "price"};
+    screen::Button save{*this, "cmdSave"};
+    screen::RecordState record{.standing = screen::Standing::fresh};
+};
 
 }  // namespace velmora::testing

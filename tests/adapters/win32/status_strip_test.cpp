@@ -12,21 +12,6 @@
 namespace velmora::testing {
 namespace {
 
-status().tellDeed("Propuesta 321 grabada a las 10:32");
-}
-};
-status().setStateSource([this] { return record; });
-setLayout(screen::layout::column(screen::layout::field("Paso", pitch, 8).number(2),
-                                 screen::layout::field("Precio", price, 8).number(2), screen::layout::plain(save)));
-setTabOrder({&pitch, &price, &save});
-}
-screen::TextBox pitch{*this, "pitch"};
-screen::TextBox price{*this, "price"};
-screen::Button save{*this, "cmdSave"};
-screen::RecordState record{.standing = screen::Standing::fresh};
-}
-;
-
 BOOL CALLBACK findToolTips(HWND window, LPARAM found) {
     wchar_t name[64]{};
     GetClassNameW(window, name, 64);
