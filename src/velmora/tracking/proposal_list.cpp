@@ -5,6 +5,7 @@
 
 #include "velmora/platform/runtime/text.h"
 #include "velmora/platform/sql/db_error.h"
+#include "velmora/platform/sql/long_run.h"
 
 namespace velmora::tracking {
 
@@ -29,8 +30,6 @@ constexpr std::string_view order = " Order by DPI_Fecha";
 constexpr std::string_view orderWithTable = " Order by DPI.DPI_Fecha";
 /// The server's number for a column that two columns of the list could be.
 constexpr int ambiguousColumn = 209;
-/// The state of an error with which the user's request ends a statement.
-constexpr std::string_view cancelled = "HY008";
 
 sql::Recordset noRows() {
     return sql::Recordset(sql::rowsInMemory({{"DPI_Id"}, {"DPI_Orden"}}, {}));
@@ -46,7 +45,7 @@ void ProposalList::show(const std::string& condition) {
     try {
         put(rowsOf(condition));
     } catch (const sql::DbError& error) {
-        if (error.details().sqlState == cancelled && before.isOpen()) {
+        if (error.details().sqlState == sql::cancelledState && before.isOpen()) {
             putBack(before);
         }
         throw;

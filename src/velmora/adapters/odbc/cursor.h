@@ -32,7 +32,6 @@ class Cursor {
     Cursor(Cursor&&) noexcept = default;
     Cursor& operator=(Cursor&&) = delete;
 
-    const std::string& statement() const { return statement_; }
     /// Of the statement while it runs, for SQLCancel, which another thread may call.
     SQLHANDLE handle() const { return handle_.get(); }
     /// Empty for a statement that answers no rows.

@@ -25,7 +25,7 @@ struct Opening {
 Opening openingOf(Cursor cursor, Link& link, std::size_t firstRows);
 
 /// Whether a statement may take long enough for the user to be asked: a query that sorts or searches. A row that is
-/// looked up by its key comes at once, and the thread of LongOpening would be a tenth of what it costs.
+/// looked up by its key comes at once: the thread of LongOpening would only add to its time.
 bool mayRunLong(std::string_view statement);
 
 /// Sends a statement and reads its first rows on a thread of its own.

@@ -50,7 +50,7 @@ constexpr Failure failures[] = {
     {SQLITE_CORRUPT, provider::failure, "HY000", "El fichero de la base de datos está dañado."},
     {SQLITE_IOERR, provider::failure, "HY000", "Error de lectura o escritura en el fichero de la base de datos."},
     {SQLITE_NOMEM, provider::failure, "HY001", "No queda memoria."},
-    {SQLITE_INTERRUPT, cancelled, "HY008", "La consulta se ha cancelado."},
+    {SQLITE_INTERRUPT, cancelled, sql::cancelledState, sql::cancelledWords},
     {SQLITE_PERM, provider::failure, "42000", "Sin permiso sobre la base de datos."},
 };
 

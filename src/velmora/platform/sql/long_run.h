@@ -26,13 +26,13 @@ class LongRun {
 /// Called when a statement runs long; what it gives lives until the statement's end. Empty: nobody is asked.
 using LongRuns = std::function<std::unique_ptr<LongRun>()>;
 
-/// Number and SQLSTATE of a statement that was not allowed to go on.
+/// Number, SQLSTATE and words of the error of a statement that was not allowed to go on.
 inline constexpr long cancelled = static_cast<int>(0x80040E4Eu);
 inline constexpr const char* cancelledState = "HY008";
+inline constexpr const char* cancelledWords = "La consulta se ha cancelado.";
 
 inline DbError cancelledError(std::string_view statement) {
-    return {
-        cancelled, "La consulta se ha cancelado.", {.sqlState = cancelledState, .statement = std::string(statement)}};
+    return {cancelled, cancelledWords, {.sqlState = cancelledState, .statement = std::string(statement)}};
 }
 
 }  // namespace velmora::sql
