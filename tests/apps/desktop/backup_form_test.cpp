@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include "velmora/apps/desktop/daily_copy.h"
 #include "velmora/apps/desktop/start_form.h"
 #include "velmora/apps/engines/known_engines.h"
 #include "velmora/apps/workshop_file/workshop_file.h"
@@ -106,18 +105,6 @@ TEST_F(BackupFormTest, AServersCopiesAreItsOwn) {
     StartForm start(desk, vmora, session, nullptr);
     EXPECT_FALSE(start.find("cmdCopias")->visible());
     EXPECT_FALSE(start.find("lblCopias")->visible());
-}
-
-TEST_F(BackupFormTest, TheDailyOneIsMadeOnceAndItsFailureIsTold) {
-    EXPECT_EQ(DailyCopy(database, clock.now()).failure(), "");
-    EXPECT_EQ(copies.all().size(), 1u);
-    clock.time.at += std::chrono::hours(1);
-    EXPECT_EQ(DailyCopy(database, clock.now()).failure(), "");
-    EXPECT_EQ(copies.all().size(), 1u);
-    std::filesystem::remove(database);
-    std::filesystem::create_directory(database);
-    clock.time.at += std::chrono::days(1);
-    EXPECT_THAT(DailyCopy(database, clock.now()).failure(), HasSubstr("No se pudo hacer la copia"));
 }
 
 }  // namespace
