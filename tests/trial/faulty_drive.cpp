@@ -17,15 +17,14 @@
 #include <string_view>
 
 #include "velmora/adapters/script/interpreter.h"
-#include "velmora/adapters/script/public_operations.h"
 #include "velmora/adapters/script/script_services.h"
 #include "velmora/adapters/script/watched_connection.h"
 #include "velmora/adapters/session/stand_in_session.h"
 #include "velmora/apps/script_stage/database.h"
 #include "velmora/apps/script_stage/options.h"
+#include "velmora/apps/script_stage/own_instance.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 #include "velmora/platform/desk.h"
-#include "velmora/shell/vmora.h"
 
 #include "support/faulty_connection.h"
 
@@ -63,22 +62,6 @@ class Told final : public std::stringbuf {
     }
 
     std::function<void(std::string_view)> listener_;
-};
-
-class Instance final : public script::PublicClass {
-  public:
-    Instance(platform::Desk& desk, session::Session& session) : vmora_(desk) { vmora_.MyBd(&session); }
-
-    void jShow() override { vmora_.jShow(); }
-    void jShowParametros() override { vmora_.jShowParametros(); }
-    void jShowPropuesta(std::int32_t& nIdDpi) override { vmora_.jShowPropuesta(nIdDpi); }
-    void jPrintPropuesta(std::int32_t& nIdDpi, bool& bOrden) override { vmora_.jPrintPropuesta(nIdDpi, bOrden); }
-    void jShowSeguimiento() override { vmora_.jShowSeguimiento(); }
-    void setExportReport(bool value) override { vmora_.bExportReport(value); }
-    bool exportReport() override { return vmora_.bExportReport(); }
-
-  private:
-    shell::VMORA vmora_;
 };
 
 void arm(support::FaultyConnection& faulty) {
@@ -136,7 +119,7 @@ int play(const script_stage::Options& options, std::istream& in) {
     components::ComponentFactory components;
     stand_ins::registerStandIns(components, screen, services, clock);
     platform::Desk desk{screen, components, services, clock};
-    Instance instance(desk, session);
+    script_stage::OwnInstance instance(desk, session);
     const script::Operations operations = script::operationsOf(instance);
     script::ScriptReader reader(in);
     const auto tell = [&](std::string_view reason) { std::cerr << options.script << ": " << reason << '\n'; };

@@ -7,12 +7,11 @@
 #include <string_view>
 
 #include "velmora/adapters/script/interpreter.h"
-#include "velmora/adapters/script/public_operations.h"
 #include "velmora/adapters/script/script_services.h"
+#include "velmora/apps/script_stage/own_instance.h"
 #include "velmora/apps/script_stage/stage.h"
 #include "velmora/apps/stand_ins/stand_ins.h"
 #include "velmora/platform/desk.h"
-#include "velmora/shell/vmora.h"
 
 #include "table_operations.h"
 
@@ -21,23 +20,6 @@ namespace velmora::drive {
 namespace {
 
 using script_stage::Options;
-
-/// An instance of the public class in this program, and the session of the stage.
-class OwnInstance final : public script::PublicClass {
-  public:
-    OwnInstance(platform::Desk& desk, session::Session& session) : vmora_(desk) { vmora_.MyBd(&session); }
-
-    void jShow() override { vmora_.jShow(); }
-    void jShowParametros() override { vmora_.jShowParametros(); }
-    void jShowPropuesta(std::int32_t& nIdDpi) override { vmora_.jShowPropuesta(nIdDpi); }
-    void jPrintPropuesta(std::int32_t& nIdDpi, bool& bOrden) override { vmora_.jPrintPropuesta(nIdDpi, bOrden); }
-    void jShowSeguimiento() override { vmora_.jShowSeguimiento(); }
-    void setExportReport(bool value) override { vmora_.bExportReport(value); }
-    bool exportReport() override { return vmora_.bExportReport(); }
-
-  private:
-    shell::VMORA vmora_;
-};
 
 std::unique_ptr<script::ScriptServices> servicesOf(const Options& options, script::Journal& journal,
                                                    script::Answers& answers) {
@@ -60,7 +42,7 @@ script::Status play(const Options& options, std::istream& in) {
         stage.program().onStatement(
             [&](std::string_view statement) { journal.line("sql> " + std::string(statement)); });
     }
-    OwnInstance instance(desk, stage.session());
+    script_stage::OwnInstance instance(desk, stage.session());
     script::Operations operations = script::operationsOf(instance);
     addTables(operations, stage.session(), desk);
 
