@@ -3,8 +3,8 @@
 
 Held: the driver ends by itself with the status of a script that ran; what was saved comes back as it was shown; nothing
 is written outside the folder of the trial's papers; every exported sheet is a well-formed file that another library
-reads, and no text in it is a formula. The options are those of trial.py; a round takes sixty of the texts, in the
-order of the file, through every part below.
+reads, and no text in it is a formula. The options are those of trial.py; a round takes sixty of the texts through
+every part below: each eleventh, so that every kind of text is among them.
 """
 
 import subprocess
@@ -302,8 +302,8 @@ def main():
     with Trial() as trial:
         hostile = Hostile(trial)
         for number, rng in trial.rounds():
-            begin = number * TEXTS_A_ROUND % len(hostile.texts)
-            texts = hostile.texts[begin:begin + TEXTS_A_ROUND]
+            step = len(hostile.texts) // TEXTS_A_ROUND
+            texts = hostile.texts[number % step::step]
             hostile.begin()
             hostile.typed(texts, rng)
             hostile.saved(texts)

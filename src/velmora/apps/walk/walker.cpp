@@ -1,8 +1,6 @@
 #include "velmora/apps/walk/walker.h"
 
 #include <QApplication>
-#include <QKeyEvent>
-#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <filesystem>
@@ -14,31 +12,7 @@ namespace velmora::walk {
 
 namespace {
 
-constexpr int buttonSpringsBack = 200;  ///< waits: a button pressed by its letter acts when it springs back
-constexpr int calmBefore = 10;          ///< waits after which a window that has come to the top is complete
-constexpr int patience = 10'000;        ///< waits of a millisecond for a window
-
-/// The window that takes the keys now; nullptr while there is none.
-QWidget* readyWindow() {
-    QWidget* window = QApplication::activeModalWidget();
-    if (window == nullptr || !window->isVisible()) {
-        return nullptr;
-    }
-    if (!window->isActiveWindow()) {
-        // Without a window manager nobody else activates a window that another one has uncovered.
-        window->activateWindow();
-        return nullptr;
-    }
-    return window;
-}
-
-QWidget& receiver(QWidget& window) {
-    if (QWidget* popup = QApplication::activePopupWidget()) {
-        return *popup;
-    }
-    QWidget* focus = QApplication::focusWidget();
-    return focus != nullptr && focus->window() == &window ? *focus : window;
-}
+constexpr int patience = 10'000;  ///< waits of a millisecond for a window
 
 }  // namespace
 
@@ -54,22 +28,13 @@ void Walker::later() {
 }
 
 void Walker::tick() {
-    QWidget* window = readyWindow();
-    const bool keyAtWork = underWay_ > 0 && QApplication::activeModalWidget() == pressedIn_ &&
-                           QApplication::activePopupWidget() == nullptr;
-    if (window == nullptr || keyAtWork) {
+    QWidget* window = hand_.ready();
+    if (window == nullptr) {
         if (++waits_ > patience) {
             complaints_.push_back("no window takes step " + std::to_string(next_ + 1));
             QCoreApplication::exit(1);
             return;
         }
-        later();
-        return;
-    }
-    if (std::exchange(last_, window) != window) {
-        calm_ = 0;
-    }
-    if (++calm_ < calmBefore) {
         later();
         return;
     }
@@ -86,7 +51,7 @@ void Walker::tick() {
 void Walker::perform(QWidget& window) {
     const Step& step = steps_[next_++];
     if (const auto* key = std::get_if<Key>(&step)) {
-        press(*key, window);
+        hand_.press(*key, window);
         return;
     }
     // Filling lists and stretching columns is done in the event loop.
@@ -101,23 +66,6 @@ void Walker::perform(QWidget& window) {
     } else if (const auto* paper = std::get_if<Paper>(&step)) {
         write(*paper);
     }
-}
-
-void Walker::press(const Key& key, QWidget& window) {
-    const QPointer<QWidget> target = &receiver(window);
-    ++underWay_;
-    QWidget* const before = std::exchange(pressedIn_, QApplication::activeModalWidget());
-    QKeyEvent down(QEvent::KeyPress, key.code, key.modifiers, key.text);
-    QApplication::sendEvent(target, &down);
-    if (target != nullptr) {
-        QKeyEvent up(QEvent::KeyRelease, key.code, key.modifiers, key.text);
-        QApplication::sendEvent(target, &up);
-    }
-    if (key.modifiers == Qt::AltModifier) {
-        calm_ = -buttonSpringsBack;
-    }
-    --underWay_;
-    pressedIn_ = before;
 }
 
 std::string Walker::pathOf(const std::string& name, const char* ending) const {

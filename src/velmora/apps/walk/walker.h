@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "velmora/apps/walk/hand.h"
 #include "velmora/apps/walk/steps.h"
 
 class QWidget;
@@ -29,7 +30,6 @@ class Walker : public QObject {
     void tick();
     void later();
     void perform(QWidget& window);
-    void press(const Key& key, QWidget& window);
     void write(const ScreenPicture& step, QWidget& window);
     void write(const WindowPicture& step, QWidget& window);
     void write(const Paper& step);
@@ -42,10 +42,7 @@ class Walker : public QObject {
     std::vector<std::string> complaints_;
     std::size_t next_ = 0;
     int waits_ = 0;
-    QWidget* last_ = nullptr;  ///< the window on top at the last look
-    int calm_ = 0;             ///< how often it has been looked at
-    int underWay_ = 0;
-    QWidget* pressedIn_ = nullptr;  ///< the window of the innermost key under way
+    Hand hand_;
 };
 
 }  // namespace velmora::walk
