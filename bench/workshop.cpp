@@ -6,6 +6,8 @@
 #include <numeric>
 #include <stdexcept>
 
+#include <malloc.h>
+
 #include "velmora/data/new_database.h"
 #include "velmora/platform/sql/connection.h"
 
@@ -46,6 +48,14 @@ class Times {
     std::vector<double> all_;
 };
 
+/// Whether the end of the heap is given back to the system and taken again within one operation depends on what happens
+/// to lie there; it took up to half of either side's time.
+void keepHeap() {
+    constexpr int bytes = 64 * 1024 * 1024;
+    mallopt(M_TRIM_THRESHOLD, bytes);
+    mallopt(M_TOP_PAD, bytes / 16);
+}
+
 std::string databaseFor(const support::TemporaryFolder& folder, std::int64_t proposals) {
     if (const char* made = std::getenv("VELMORA_BENCH_DATABASE")) {
         return made;
@@ -85,6 +95,7 @@ std::int32_t Workshop::openProposal(std::size_t before) {
 }
 
 void compare(benchmark::State& state, Workshop& workshop, const std::function<void()>& operation) {
+    keepHeap();
     operation();
     if (std::getenv("VELMORA_BENCH_ALONE") != nullptr) {
         for ([[maybe_unused]] auto turn : state) {
