@@ -63,12 +63,13 @@ class OpenRowsTest : public testing::Test {
 
     /// A set that holds the state of this moment.
     std::unique_ptr<OpenRows> open(const std::string& select, const std::string& documents = {}) {
+        sqlite::Translation translation{.steps = {select}};
+        translation.laterRowsStatement = select + sqlite::laterRows;
+        translation.countStatement = "SELECT count(*) FROM (" + select + ")";
+        translation.types.assign(2, {});
         auto statement = std::make_shared<sqlite::CachedStatement>();
         statement->text = select;
-        statement->translation.steps = {select};
-        statement->translation.laterRowsStatement = select + " LIMIT -1 OFFSET ?1";
-        statement->translation.countStatement = "SELECT count(*) FROM (" + select + ")";
-        statement->translation.types.assign(2, {});
+        statement->translation = std::make_shared<const sqlite::Translation>(std::move(translation));
         const std::shared_ptr<sqlite::Link> link = pool_->take();
         if (!documents.empty()) {
             link->attachDocuments(documents);

@@ -30,6 +30,9 @@ struct Options {
     std::chrono::milliseconds waitingAfter{300};
     /// How many texts the statement cache holds.
     std::size_t cachedStatements = 256;
+    /// Statements that differ in their values only are prepared once. Without it each text is, with its values in it:
+    /// to compare the two.
+    bool preparesByShape = true;
     /// Called when the opening of a set has taken `longRunAfter`; what it gives lives until the set is open. Not inside
     /// a transaction, and not for a database in memory: its statements share one connection. None: nobody is asked.
     sql::LongRuns longRun{};

@@ -55,18 +55,6 @@ std::optional<std::vector<sql::Row>> rowsWithin(RowReader& reader) {
     }
 }
 
-/// The same set, read in another way; nothing when there is none.
-std::shared_ptr<const CachedStatement> otherFormOf(const CachedStatement& original, const std::string& statement) {
-    if (statement.empty()) {
-        return nullptr;
-    }
-    auto made = std::make_shared<CachedStatement>(original);
-    made->id = CachedStatement::nextId();
-    made->translation.steps = {statement};
-    made->translation.laterRowsStatement = statement + laterRows;
-    return made;
-}
-
 }  // namespace
 
 /// A set's reader with the rows that it has read first.
@@ -80,7 +68,10 @@ Engine::Engine(const std::string& path, Options options)
       path_(path),
       pool_(std::make_shared<LinkPool>(path, options_)),
       link_(pool_->take()),
-      cache_(options_.cachedStatements) {}
+      translator_({.catalog = *this,
+                   .link = [this]() -> Link& { return *link(); },
+                   .forgetTables = [this] { return forgetTables(); }},
+                  options_) {}
 
 Engine::~Engine() {
     if (inTransaction_) {
@@ -130,15 +121,15 @@ std::vector<std::string> Engine::files() {
 sql::Recordset Engine::execute(std::string_view text) {
     const WaitsEnd end(options_);
     try {
-        const std::shared_ptr<CachedStatement> cached = statementOf(text);
-        switch (cached->translation.answer) {
+        const std::shared_ptr<CachedStatement> cached = translator_.statementOf(text);
+        switch (cached->translation->answer) {
             case Answer::rows:
                 return sql::Recordset(rowsOf(cached));
             case Answer::changes:
                 runChange(*cached);
                 break;
             case Answer::schema:
-                runSchemaChange(cached->translation);
+                runSchemaChange(*cached->translation);
                 break;
         }
     } catch (const sql::DbError& error) {
@@ -151,44 +142,10 @@ std::unique_ptr<sql::RowSource> Engine::openRows(std::string_view text) {
     const WaitsEnd end(options_);
     const std::string kept(text);
     try {
-        return rowsOf(statementOf(kept));
+        return rowsOf(translator_.statementOf(kept));
     } catch (const sql::DbError& error) {
         throw withStatement(error, kept);
     }
-}
-
-std::shared_ptr<CachedStatement> Engine::statementOf(std::string_view text) {
-    if (auto known = cache_.find(text)) {
-        // The engine itself prepares a statement anew when the tables have changed.
-        if (link()->hasPrepared(*known) || link()->schemaVersion() == known->schemaVersion) {
-            return known;
-        }
-        forget();
-    }
-    try {
-        return translated(text);
-    } catch (const sql::DbError&) {
-        if (names_.empty() && tables_.empty()) {
-            throw;
-        }
-    }
-    // Another process may have created the table or the column since it was looked up.
-    forget();
-    return translated(text);
-}
-
-std::shared_ptr<CachedStatement> Engine::translated(std::string_view text) {
-    auto made = std::make_shared<CachedStatement>();
-    made->translation = translate(text, *this);
-    made->text = std::string(text);
-    made->schemaVersion = link()->schemaVersion();
-    made->walking = otherFormOf(*made, made->translation.walkStatement);
-    made->keysFirst = otherFormOf(*made, made->translation.keysStatement);
-    const bool runsAgain = made->translation.answer != Answer::schema && !made->translation.steps.empty();
-    if (runsAgain && made->runsAgain()) {
-        cache_.add(made);
-    }
-    return made;
 }
 
 std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> cached) {
@@ -202,7 +159,7 @@ std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> 
         }
         // The tables have changed since `*` was expanded.
         forget();
-        cached = translated(std::string(cached->text));
+        cached = translator_.statementOf(std::string(cached->text));
     }
 }
 
@@ -212,7 +169,7 @@ std::unique_ptr<sql::RowSource> Engine::rowsOf(std::shared_ptr<CachedStatement> 
 /// same.
 Engine::Opening Engine::open(const std::shared_ptr<CachedStatement>& cached) {
     // getdate() must answer the same time in rows that are read again.
-    const bool asksTheTime = cached->translation.steps.front().find("getdate()") != std::string::npos;
+    const bool asksTheTime = cached->translation->steps.front().find("getdate()") != std::string::npos;
     const auto moment = asksTheTime ? std::optional(options_.clock()) : std::nullopt;
     const auto readerOf = [&](const std::shared_ptr<const CachedStatement>& statement) {
         return std::make_unique<RowReader>(link(), statement, moment);
@@ -282,13 +239,14 @@ void Engine::settleSets() {
 }
 
 void Engine::runChange(const CachedStatement& cached) {
-    if (cached.translation.steps.empty()) {
+    if (cached.translation->steps.empty()) {
         return;
     }
     settleSets();
     Link& writer = *link();
     writer.mustLieInPlace();
     auto statement = writer.take(cached);
+    statement->bind(cached.values);
     while (statement->step()) {
     }
     writer.giveBack(cached, std::move(statement));
@@ -314,9 +272,15 @@ void Engine::runSchemaChange(const Translation& translation) {
 }
 
 void Engine::forget() {
-    cache_.clear();
+    translator_.forget();
+    forgetTables();
+}
+
+bool Engine::forgetTables() {
+    const bool knewAny = !names_.empty() || !tables_.empty();
     names_.clear();
     tables_.clear();
+    return knewAny;
 }
 
 void Engine::updateBinary(const Origin& origin, std::size_t column, const sql::Value& key, const sql::Bytes& content) {

@@ -12,7 +12,7 @@
 #include "velmora/adapters/sqlite/link_pool.h"
 #include "velmora/adapters/sqlite/open_rows.h"
 #include "velmora/adapters/sqlite/snapshot_watch.h"
-#include "velmora/adapters/sqlite/statement_cache.h"
+#include "velmora/adapters/sqlite/translator.h"
 
 namespace velmora::sqlite {
 
@@ -51,8 +51,6 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
   private:
     const std::shared_ptr<Link>& link();
     void settleSets();
-    std::shared_ptr<CachedStatement> statementOf(std::string_view text);
-    std::shared_ptr<CachedStatement> translated(std::string_view text);
     std::unique_ptr<sql::RowSource> rowsOf(std::shared_ptr<CachedStatement> cached);
     struct Opening;
     Opening open(const std::shared_ptr<CachedStatement>& cached);
@@ -61,6 +59,7 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     void runChange(const CachedStatement& cached);
     void runSchemaChange(const Translation& translation);
     void forget();
+    bool forgetTables();
     void findDocuments(const tsql::TableName& name);
     const std::string& storedName(const std::string& schema, const tsql::TableName& name);
 
@@ -69,7 +68,7 @@ class Engine : public Catalog, public std::enable_shared_from_this<Engine> {
     std::string documentsFile_;  ///< once a statement has named the documents' catalogue
     std::shared_ptr<LinkPool> pool_;
     std::shared_ptr<Link> link_;  ///< on which the statements run; none when a set has taken it along
-    StatementCache cache_;
+    Translator translator_;
     std::unordered_map<std::string, std::unordered_map<std::string, std::string>> names_;  ///< schema, folded, declared
     std::unordered_map<std::string, std::shared_ptr<const Table>> tables_;
     std::vector<std::weak_ptr<OpenRows>> onLink_;  ///< sets that are read on the link of all statements

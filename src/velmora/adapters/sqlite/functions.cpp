@@ -111,11 +111,8 @@ void date(const Call& call) {
 }
 
 void bit(const Call& call) {
-    const std::string folded = runtime::UCase(runtime::Trim(call.text(0)));
-    if (const auto value = tsql::wholeFromText(folded)) {
-        call.give(std::int64_t{*value != 0});
-    } else if (folded == "TRUE" || folded == "FALSE") {
-        call.give(std::int64_t{folded == "TRUE"});
+    if (const auto value = tsql::bitFromText(call.text(0))) {
+        call.give(std::int64_t{*value});
     } else {
         call.refuseConversion("bit");
     }

@@ -147,12 +147,13 @@ std::unique_ptr<Statement> Link::take(const CachedStatement& cached) {
         idleById_.erase(found);
         return statement;
     }
-    return std::make_unique<Statement>(handle(), cached.translation.steps.front(), cached.runsAgain());
+    return std::make_unique<Statement>(handle(), cached.translation->steps.front(), cached.runsAgain);
 }
 
 void Link::giveBack(const CachedStatement& cached, std::unique_ptr<Statement> statement) {
     statement->reset();
-    if (!cached.runsAgain() || idleById_.contains(cached.id)) {
+    statement->forgetValues();
+    if (!cached.runsAgain || idleById_.contains(cached.id)) {
         return;
     }
     idle_.push_front({.id = cached.id, .statement = std::move(statement)});

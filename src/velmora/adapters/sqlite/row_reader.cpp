@@ -38,7 +38,8 @@ std::vector<sql::Row> RowReader::read(std::size_t from, std::size_t most) try {
 std::size_t RowReader::count() try {
     if (!end_) {
         const FixedMoment fixed(*link_, moment_);
-        const auto counting = link_->prepare(cached_->translation.countStatement);
+        const auto counting = link_->prepare(cached_->translation->countStatement);
+        counting->bind(cached_->values);
         counting->step();
         end_ = static_cast<std::size_t>(counting->whole(0));
     }
@@ -74,12 +75,13 @@ bool RowReader::goTo(std::size_t position) {
 }
 
 bool RowReader::isWorthPassingOver(std::size_t rows) const {
-    return rows > rowsWorthPassingOver && !cached_->translation.laterRowsStatement.empty();
+    return rows > rowsWorthPassingOver && !cached_->translation->laterRowsStatement.empty();
 }
 
 void RowReader::start() {
     stop();
     statement_ = link_->take(*cached_);
+    statement_->bind(cached_->values);
     timesPreparedAnew_ = statement_->timesPreparedAnew();
     begun_ = next_ = 0;
 }
@@ -87,8 +89,9 @@ void RowReader::start() {
 /// Starts after so many rows, which the engine skips without evaluating their columns.
 void RowReader::startBehind(std::size_t rows) {
     stop();
-    statement_ = link_->prepare(cached_->translation.laterRowsStatement);
-    statement_->bind(1, static_cast<std::int64_t>(rows));
+    statement_ = link_->prepare(cached_->translation->laterRowsStatement);
+    statement_->bind(cached_->values);
+    statement_->bind(static_cast<int>(cached_->values.size()) + 1, static_cast<std::int64_t>(rows));
     timesPreparedAnew_ = statement_->timesPreparedAnew();
     begun_ = next_ = rows;
 }
@@ -112,7 +115,7 @@ bool RowReader::step() {
 }
 
 sql::Row RowReader::current() const {
-    const std::vector<tsql::Type>& types = cached_->translation.types;
+    const std::vector<tsql::Type>& types = cached_->translation->types;
     sql::Row row;
     row.reserve(types.size());
     for (std::size_t i = 0; i < types.size(); ++i) {

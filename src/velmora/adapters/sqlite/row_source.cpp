@@ -54,8 +54,8 @@ std::unique_ptr<sql::RowSource> Rows::reopen() const {
 }
 
 void Rows::updateBinary(std::size_t position, std::size_t column, sql::Bytes content) {
-    const std::optional<Origin>& origin = statement_->translation.origin;
-    const bool binary = statement_->translation.types[column].kind == tsql::Kind::binary;
+    const std::optional<Origin>& origin = statement_->translation->origin;
+    const bool binary = statement_->translation->types[column].kind == tsql::Kind::binary;
     if (!origin || !binary || origin->columns[column].empty()) {
         refuseUpdate();
     }

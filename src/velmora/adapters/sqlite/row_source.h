@@ -30,7 +30,7 @@ class Rows final : public sql::RowSource {
     Rows(const Rows&) = delete;
     Rows& operator=(const Rows&) = delete;
 
-    const std::vector<sql::Column>& columns() const override { return statement_->translation.columns; }
+    const std::vector<sql::Column>& columns() const override { return statement_->translation->columns; }
     bool hasRow(std::size_t position) override;
     const sql::Row& row(std::size_t position) override;
     std::size_t rowCount() override;

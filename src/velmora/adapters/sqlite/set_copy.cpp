@@ -34,13 +34,14 @@ std::string parameters(std::size_t count) {
 
 /// The statement that reads the copied rows in place of `original`.
 std::shared_ptr<const CachedStatement> readingCopyOf(const CachedStatement& original) {
-    const std::string select = "SELECT " + columnNames(original.translation.types.size()) + " FROM kept";
+    const std::string select = "SELECT " + columnNames(original.translation->types.size()) + " FROM kept";
+    Translation translation = *original.translation;
+    translation.steps = {select + " ORDER BY position"};
+    translation.laterRowsStatement = select + " WHERE position >= ? ORDER BY position";
+    translation.countStatement = "SELECT count(*) FROM kept";
     auto made = std::make_shared<CachedStatement>();
     made->text = original.text;
-    made->translation = original.translation;
-    made->translation.steps = {select + " ORDER BY position"};
-    made->translation.laterRowsStatement = select + " WHERE position >= ?1 ORDER BY position";
-    made->translation.countStatement = "SELECT count(*) FROM kept";
+    made->translation = std::make_shared<const Translation>(std::move(translation));
     return made;
 }
 
@@ -54,10 +55,12 @@ RowCopy::RowCopy(const RowReader& source, const Options& options, std::size_t mo
       statement_(readingCopyOf(*source.statement())),
       moment_(source.moment()),
       most_(most) {
-    const std::size_t columns = source.statement()->translation.types.size();
+    const std::size_t columns = source.statement()->translation->types.size();
     copy_->run("CREATE TABLE kept (position INTEGER PRIMARY KEY, " + columnNames(columns) + ")");
     copy_->run("BEGIN");
-    reading_ = source_->prepare(source.statement()->translation.steps.front());
+    read_ = source.statement();
+    reading_ = source_->prepare(read_->translation->steps.front());
+    reading_->bind(read_->values);
     writing_ = copy_->prepare("INSERT INTO kept VALUES (?" + parameters(columns) + ")");
 }
 

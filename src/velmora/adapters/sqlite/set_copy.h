@@ -41,6 +41,7 @@ class RowCopy final : public SetCopy {
     std::shared_ptr<Link> copy_;
     std::shared_ptr<const CachedStatement> statement_;  ///< reads the copy
     std::optional<runtime::Date> moment_;
+    std::shared_ptr<const CachedStatement> read_;  ///< with the values that `reading_` is given
     std::unique_ptr<Statement> reading_;
     std::unique_ptr<Statement> writing_;
     std::size_t most_;

@@ -1,6 +1,7 @@
 #include "velmora/adapters/sqlite/statement.h"
 
 #include <string>
+#include <variant>
 
 #include <sqlite3.h>
 
@@ -41,6 +42,10 @@ void Statement::bind(int parameter, std::int64_t value) {
     bound(sqlite3_bind_int64(handle_.get(), parameter, value));
 }
 
+void Statement::bind(int parameter, double value) {
+    bound(sqlite3_bind_double(handle_.get(), parameter, value));
+}
+
 void Statement::bind(int parameter, std::string_view value) {
     bound(sqlite3_bind_text64(handle_.get(), parameter, value.data(), value.size(), SQLITE_STATIC, SQLITE_UTF8));
 }
@@ -49,6 +54,24 @@ void Statement::bind(int parameter, const sql::Bytes& value) {
     // Chosen C-188: no bytes are an empty content. Without an address they would be taken for null.
     bound(value.empty() ? sqlite3_bind_zeroblob(handle_.get(), parameter, 0)
                         : sqlite3_bind_blob64(handle_.get(), parameter, value.data(), value.size(), SQLITE_STATIC));
+}
+
+void Statement::bind(const std::vector<sql::Value>& values) {
+    int parameter = 0;
+    for (const sql::Value& value : values) {
+        ++parameter;
+        if (const auto* const whole = std::get_if<std::int64_t>(&value.raw())) {
+            bind(parameter, *whole);
+        } else if (const auto* const number = std::get_if<double>(&value.raw())) {
+            bind(parameter, *number);
+        } else if (const auto* const text = std::get_if<std::string>(&value.raw())) {
+            bind(parameter, std::string_view(*text));
+        }
+    }
+}
+
+void Statement::forgetValues() {
+    sqlite3_clear_bindings(handle_.get());
 }
 
 void Statement::bindRow(int firstParameter, const Statement& row) {

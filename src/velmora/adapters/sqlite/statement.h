@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "velmora/adapters/tsql/types.h"
 #include "velmora/platform/sql/value.h"
@@ -20,9 +21,15 @@ class Statement {
 
     /// Gives its 1-based parameter a value.
     void bind(int parameter, std::int64_t value);
+    void bind(int parameter, double value);
     /// Nothing is copied: text and bytes must outlive the last step.
     void bind(int parameter, std::string_view value);
     void bind(int parameter, const sql::Bytes& value);
+    /// Gives its parameters from the first on these whole numbers, numbers, texts and nulls, which must outlive the
+    /// last step; they are null until then.
+    void bind(const std::vector<sql::Value>& values);
+    /// The parameters are null again.
+    void forgetValues();
     /// Gives the parameters from this one on the columns of the row on which the other statement stands, as stored.
     void bindRow(int firstParameter, const Statement& row);
     /// To the next row; false behind the last one. Errors: DbError, and the statement is at its start again.

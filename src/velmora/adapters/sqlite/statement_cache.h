@@ -1,5 +1,5 @@
 #pragma once
-// Statements by their text, translated once.
+// Statements by their text or their shape, translated once.
 
 #include <cstddef>
 #include <cstdint>
@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "velmora/adapters/sqlite/emitters/translation.h"
 
@@ -21,9 +22,11 @@ enum class Way { asWritten, walking, keysFirst };
 
 /// A translated statement. Once made it is not changed but for `way`: sets on other threads read by it.
 struct CachedStatement {
-    std::uint64_t id = nextId();  ///< by which a link knows its prepared form
-    std::string text;
-    Translation translation;
+    std::uint64_t id = nextId();  ///< by which a link knows its prepared form; the same for all of one shape
+    std::string text;             ///< with its values, or the shape's
+    std::shared_ptr<const Translation> translation;
+    std::vector<sql::Value> values{};  ///< of its parameters
+    bool runsAgain = true;
     std::int64_t schemaVersion = 0;                      ///< of the link, when it was translated
     std::shared_ptr<const CachedStatement> walking{};    ///< by Translation::walkStatement
     std::shared_ptr<const CachedStatement> keysFirst{};  ///< by Translation::keysStatement
@@ -31,7 +34,6 @@ struct CachedStatement {
     Way way =
         Way::asWritten;  ///< that found the first rows the last time; read and changed by the engine's thread only
 
-    bool runsAgain() const { return text.size() <= longestCachedText; }
     static std::uint64_t nextId();
 };
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "velmora/platform/runtime/numbers.h"
+#include "velmora/platform/runtime/text.h"
 
 namespace velmora::tsql {
 
@@ -158,6 +159,14 @@ std::optional<std::int64_t> wholeFromText(std::string_view text) {
 
 std::optional<double> numberFromText(std::string_view text) {
     return parsed<double>(text);
+}
+
+std::optional<bool> bitFromText(std::string_view text) {
+    const std::string folded = runtime::UCase(runtime::Trim(text));
+    if (const auto value = wholeFromText(folded)) {
+        return *value != 0;
+    }
+    return folded == "TRUE" || folded == "FALSE" ? std::optional(folded == "TRUE") : std::nullopt;
 }
 
 std::string textFromReal(double value) {

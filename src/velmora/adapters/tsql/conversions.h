@@ -16,6 +16,9 @@ std::optional<std::int64_t> wholeFromText(std::string_view text);
 /// A text as a number, with a decimal point and perhaps an exponent.
 std::optional<double> numberFromText(std::string_view text);
 
+/// A text as a bit: a whole number, of which all but 0 are 1, or True or False in any case.
+std::optional<bool> bitFromText(std::string_view text);
+
 /// A number as text: six significant digits, exponents of three digits: 12.5, 123457, 1e+006.
 std::string textFromReal(double value);
 

@@ -59,6 +59,7 @@ class OperandParser {
     ExpressionPtr literal(Form form) {
         const Token& token = cursor_.take();
         ExpressionPtr result = makeExpression(form);
+        result->place = cursor_.placeOf(token);
         result->text = form == Form::text || form == Form::binary ? token.value : std::string(token.written);
         return result;
     }
@@ -82,7 +83,9 @@ class OperandParser {
             return parenthesized();
         }
         if (cursor_.accept("NULL")) {
-            return makeExpression(Form::null);
+            ExpressionPtr result = makeExpression(Form::null);
+            result->place = cursor_.placeOf(cursor_.previous());
+            return result;
         }
         if (cursor_.accept("CASE")) {
             return choice();

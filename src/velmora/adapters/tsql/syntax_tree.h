@@ -44,12 +44,15 @@ enum class Form {
     scalar,    ///< a sub-select as a value
 };
 
+inline constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
+
 struct Expression {
     Form form = Form::null;
     std::string text;
     std::string qualifier;
-    bool negated = false;  ///< IS NOT NULL, NOT BETWEEN, NOT IN, NOT LIKE
-    bool simple = false;   ///< CASE value WHEN …
+    std::size_t place = nowhere;  ///< of a literal or NULL: where it begins in the statement
+    bool negated = false;         ///< IS NOT NULL, NOT BETWEEN, NOT IN, NOT LIKE
+    bool simple = false;          ///< CASE value WHEN …
     bool hasElse = false;
     bool distinct = false;  ///< count(DISTINCT x)
     std::vector<ExpressionPtr> operands;

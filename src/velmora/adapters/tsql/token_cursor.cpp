@@ -46,7 +46,7 @@ std::string nameIn(const Token& token) {
     return token.kind == TokenKind::quotedName ? token.value : std::string(token.written);
 }
 
-TokenCursor::TokenCursor(std::string_view text) : tokens_(tokenize(text)) {
+TokenCursor::TokenCursor(std::string_view text) : text_(text), tokens_(tokenize(text)) {
     folded_.reserve(tokens_.size());
     for (const Token& token : tokens_) {
         folded_.push_back(token.kind == TokenKind::word ? foldName(token.written) : std::string());

@@ -28,6 +28,10 @@ class TokenCursor {
     const Token& current(std::size_t ahead = 0) const;
     /// Behind the first token.
     const Token& previous() const { return tokens_[at_ - 1]; }
+    /// Where a token begins in the statement.
+    std::size_t placeOf(const Token& token) const {
+        return static_cast<std::size_t>(token.written.data() - text_.data());
+    }
     /// The keyword or name in capitals so many places ahead; empty for any other token.
     std::string_view word(std::size_t ahead = 0) const;
     bool isSymbol(std::string_view symbol, std::size_t ahead = 0) const;
@@ -51,6 +55,7 @@ class TokenCursor {
   private:
     friend class Nesting;
 
+    std::string_view text_;
     std::vector<Token> tokens_;
     std::vector<std::string> folded_;
     std::size_t at_ = 0;

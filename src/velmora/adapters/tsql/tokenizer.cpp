@@ -31,14 +31,9 @@ class Scanner {
   public:
     explicit Scanner(std::string_view text) : text_(text) {}
 
-    std::vector<Token> all() {
-        std::vector<Token> tokens;
-        tokens.reserve(text_.size() / 4 + 2);
-        do {
-            skipBlanksAndComments();
-            tokens.push_back(next());
-        } while (tokens.back().kind != TokenKind::end);
-        return tokens;
+    Token next() {
+        skipBlanksAndComments();
+        return token();
     }
 
   private:
@@ -67,7 +62,7 @@ class Scanner {
         }
     }
 
-    Token next() {
+    Token token() {
         const std::size_t start = at_;
         if (at_ == text_.size()) {
             return since(start, TokenKind::end);
@@ -199,7 +194,19 @@ char foldedAscii(char c) {
 }  // namespace
 
 std::vector<Token> tokenize(std::string_view statement) {
-    return Scanner(statement).all();
+    std::vector<Token> tokens;
+    tokens.reserve(statement.size() / 4 + 2);
+    forEachToken(statement, [&](Token&& token) { tokens.push_back(std::move(token)); });
+    return tokens;
+}
+
+void forEachToken(std::string_view statement, const std::function<void(Token&&)>& visit) {
+    Scanner scanner(statement);
+    for (bool more = true; more;) {
+        Token token = scanner.next();
+        more = token.kind != TokenKind::end;
+        visit(std::move(token));
+    }
 }
 
 std::string foldName(std::string_view name) {

@@ -1,6 +1,7 @@
 #pragma once
 // Words of a T-SQL statement.
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,9 @@ struct Token {
 /// All tokens, an `end` last; blanks and comments are gone. Errors: DbError (provider::syntax) that names what is
 /// not known.
 std::vector<Token> tokenize(std::string_view statement);
+
+/// The same tokens, one after the other.
+void forEachToken(std::string_view statement, const std::function<void(Token&&)>& visit);
 
 /// The name in capitals by which two spellings of it are one; letters of Latin-1 beyond ASCII included.
 std::string foldName(std::string_view name);

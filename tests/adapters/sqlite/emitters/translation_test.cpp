@@ -6,11 +6,9 @@
 #include <gtest/gtest.h>
 
 #include "velmora/adapters/sqlite/database.h"
-#include "velmora/adapters/sqlite/emitters/storage.h"
-#include "velmora/adapters/tsql/refusals.h"
-#include "velmora/adapters/tsql/tokenizer.h"
 
 #include "../sample_database.h"
+#include "one_table.h"
 
 namespace velmora::test {
 
@@ -19,32 +17,6 @@ namespace {
 using testing::HasSubstr;
 using tsql::Kind;
 namespace provider = sql::provider;
-
-/// One table for trying the dialect without a database.
-class OneTable final : public sqlite::Catalog {
-  public:
-    std::string schemaOf(const tsql::TableName&) override { return "main"; }
-    std::shared_ptr<const sqlite::Table> table(const tsql::TableName& name) override {
-        if (tsql::foldName(name.name) != "T") {
-            tsql::throwMissingTable(name.name);
-        }
-        auto table = std::make_shared<sqlite::Table>();
-        table->schema = "main";
-        table->name = "T";
-        const auto add = [&](const char* column, const char* type) {
-            table->columns.push_back({.name = column, .type = sqlite::declaredType(type)});
-        };
-        add("i", "int");
-        add("f", "float");
-        add("n", "numeric(18, 0)");
-        add("m", "numeric(10, 2)");
-        add("t", "nvarchar(5)");
-        add("d", "datetime");
-        add("b", "bit");
-        add("x", "varbinary(max)");
-        return table;
-    }
-};
 
 sqlite::Translation translated(std::string_view text) {
     OneTable catalog;

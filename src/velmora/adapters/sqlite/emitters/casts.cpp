@@ -1,9 +1,10 @@
 #include "velmora/adapters/sqlite/emitters/casts.h"
 
-#include <array>
-#include <charconv>
+#include <cmath>
+#include <optional>
 #include <utility>
 
+#include "velmora/adapters/sqlite/emitters/literals.h"
 #include "velmora/adapters/sqlite/emitters/quoting.h"
 #include "velmora/adapters/sqlite/emitters/storage.h"
 #include "velmora/adapters/tsql/conversions.h"
@@ -16,16 +17,6 @@ namespace velmora::sqlite {
 using namespace tsql;
 
 namespace {
-
-std::string digitsOf(double value) {
-    std::array<char, 32> buffer;
-    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    std::string text(buffer.data(), end);
-    if (text.find_first_of(".e") == std::string::npos) {
-        text += ".0";
-    }
-    return text;
-}
 
 [[noreturn]] void refuseConversion(Kind from, Kind to) {
     throwSyntax("Construcción no admitida: conversión de " + std::string(nameOf(from)) + " en " +
@@ -40,14 +31,21 @@ Emitted call(std::string_view function, const Emitted& argument, Type type) {
     return {.sql = std::string(function) + "(" + argument.sql + ")", .type = std::move(type)};
 }
 
+/// The number of a literal of a number.
+std::optional<double> numberIn(const Emitted& value) {
+    return value.literal && value.type.isNumber() ? numberFromText(*value.literal) : std::nullopt;
+}
+
 Emitted literalToWhole(const std::string& literal, Type type) {
     const auto number = wholeFromText(literal);
     if (!number) {
         refuseLiteral(literal, Kind::whole);
     }
-    std::string digits = std::to_string(*number);
-    return {.sql = digits, .type = std::move(type), .literal = digits};
+    return wholeLiteral(*number, std::move(type));
 }
+
+/// Beyond this the engine gives the nearest whole number that it can hold.
+constexpr double largestCastWhole = 9e18;
 
 Emitted toWhole(Emitted value, const Type& type) {
     switch (value.type.kind) {
@@ -58,6 +56,9 @@ Emitted toWhole(Emitted value, const Type& type) {
             // Kept K-201: decimals are truncated on conversion to an int and rounded on conversion to a numeric, as the
             // server does.
             const bool rounds = type.scale == 0;
+            if (const auto number = numberIn(value); number && std::abs(*number) < largestCastWhole) {
+                return wholeLiteral(static_cast<std::int64_t>(rounds ? roundedTo(*number, 0) : *number), type);
+            }
             const std::string whole = rounds ? "vm_round(" + value.sql + ", 0)" : value.sql;
             return {.sql = "CAST(" + whole + " AS INTEGER)", .type = type};
         }
@@ -78,7 +79,10 @@ Emitted toDecimal(Emitted value, const Type& type) {
     }
     const bool rounds = type.scale >= 0 && value.type.kind != Kind::whole && value.type.kind != Kind::bit;
     if (rounds) {
-        value = {.sql = "vm_round(" + value.sql + ", " + std::to_string(type.scale) + ")", .type = type};
+        const auto number = numberIn(value);
+        value = number
+                    ? numberLiteral(roundedTo(*number, type.scale), type)
+                    : Emitted{.sql = "vm_round(" + value.sql + ", " + std::to_string(type.scale) + ")", .type = type};
     }
     value.type = type;
     return value;
@@ -101,7 +105,27 @@ Emitted toReal(Emitted value, const Type& type) {
     }
 }
 
+/// The text that a cast makes of a literal of a number.
+std::optional<std::string> textOfNumber(const Emitted& literal) {
+    const auto number = numberIn(literal);
+    if (!number) {
+        return std::nullopt;
+    }
+    switch (literal.type.kind) {
+        case Kind::real:
+            return textFromReal(*number);
+        case Kind::decimal:
+            return literal.type.scale < 0 ? std::nullopt : std::optional(textFromDecimal(*number, literal.type.scale));
+        default:
+            const auto whole = wholeFromText(*literal.literal);
+            return whole ? std::optional(std::to_string(*whole)) : std::nullopt;
+    }
+}
+
 Emitted toText(Emitted value, const Type& type) {
+    if (const auto text = textOfNumber(value); text && runtime::Len(*text) <= type.length) {
+        return {.sql = quotedText(*text), .type = type, .literal = *text};
+    }
     Type unbounded{.kind = Kind::text};
     switch (value.type.kind) {
         case Kind::text:
@@ -150,7 +174,8 @@ Emitted toDate(Emitted value, const Type& type) {
     if (!date) {
         refuseLiteral(*value.literal, Kind::date);
     }
-    return {.sql = quotedText(isoText(*date)), .type = type};
+    std::string text = isoText(*date);
+    return {.sql = quotedText(text), .type = type, .literal = text};
 }
 
 Emitted toBit(Emitted value, const Type& type) {
@@ -158,14 +183,14 @@ Emitted toBit(Emitted value, const Type& type) {
         return value;
     }
     if (value.type.kind == Kind::text) {
-        return call("vm_bit", value, type);
+        const auto bit = value.literal ? bitFromText(*value.literal) : std::nullopt;
+        return bit ? wholeLiteral(*bit ? 1 : 0, type) : call("vm_bit", value, type);
     }
     if (!value.type.isNumber()) {
         refuseConversion(value.type.kind, type.kind);
     }
-    if (value.literal && (*value.literal == "0" || *value.literal == "1")) {
-        value.type = type;
-        return value;
+    if (const auto number = numberIn(value)) {
+        return wholeLiteral(*number != 0 ? 1 : 0, type);
     }
     return {.sql = "(" + value.sql + " <> 0)", .type = type};
 }
@@ -219,8 +244,7 @@ Emitted literalToNumber(const std::string& literal, Type type) {
     if (!number) {
         refuseLiteral(literal, type.kind);
     }
-    std::string digits = digitsOf(*number);
-    return {.sql = digits, .type = std::move(type), .literal = digits};
+    return numberLiteral(*number, std::move(type));
 }
 
 Emitted castTo(Emitted value, const Type& type) {

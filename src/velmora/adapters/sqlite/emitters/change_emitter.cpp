@@ -24,6 +24,16 @@ const TableColumn& targetColumn(const Table& table, const std::string& name) {
 
 }  // namespace
 
+std::string Emitter::stored(const Expression& expression, const Emitted& given, const TableColumn& column) {
+    const auto fit = [column](Emitted value) {
+        if (column.identity && value.type.kind == Kind::null) {
+            throwConstraint("La columna '" + column.name + "' no admite NULL");
+        }
+        return fitted(std::move(value), column);
+    };
+    return parameters_.inPlaceOf(expression, fit(given), fit).sql;
+}
+
 Translation Emitter::insert(const Insert& insert) {
     const auto table = catalog_.table(insert.table);
     std::vector<const TableColumn*> targets;
@@ -62,15 +72,13 @@ Translation Emitter::insert(const Insert& insert) {
         sql += row == 0 ? "VALUES (" : ", (";
         for (std::size_t i = 0; i < targets.size(); ++i) {
             const Emitted given = value(*insert.rows[row][i], nothing);
-            if (targets[i]->identity && given.type.kind == Kind::null) {
-                throwConstraint("La columna '" + targets[i]->name + "' no admite NULL");
-            }
-            sql += (i == 0 ? "" : ", ") + fitted(given, *targets[i]).sql;
+            sql += (i == 0 ? "" : ", ") + stored(*insert.rows[row][i], given, *targets[i]);
         }
         sql += ")";
     }
     Translation result{.answer = Answer::changes};
     result.steps.push_back(std::move(sql));
+    result.parameters = parameters_.take();
     return result;
 }
 
@@ -85,8 +93,8 @@ Translation Emitter::update(const Update& update) {
         if (column.identity) {
             throwSyntax("La columna de identidad '" + column.name + "' no se puede modificar");
         }
-        sql +=
-            (first ? "" : ", ") + quotedName(column.name) + " = " + fitted(value(*assignment.value, scope), column).sql;
+        sql += (first ? "" : ", ") + quotedName(column.name) + " = " +
+               stored(*assignment.value, value(*assignment.value, scope), column);
         first = false;
     }
     if (update.where) {
@@ -94,6 +102,7 @@ Translation Emitter::update(const Update& update) {
     }
     Translation result{.answer = Answer::changes};
     result.steps.push_back(std::move(sql));
+    result.parameters = parameters_.take();
     return result;
 }
 
@@ -107,6 +116,7 @@ Translation Emitter::remove(const Delete& remove) {
     }
     Translation result{.answer = Answer::changes};
     result.steps.push_back(std::move(sql));
+    result.parameters = parameters_.take();
     return result;
 }
 

@@ -13,8 +13,7 @@ using namespace tsql;
 std::string Emitter::condition(const Expression& expression, const Scope& scope) {
     switch (expression.form) {
         case Form::comparison:
-            return comparison(value(*expression.operands[0], scope), expression.text,
-                              value(*expression.operands[1], scope));
+            return comparison(expression, scope);
         case Form::both:
         case Form::either: {
             std::string sql;
@@ -42,6 +41,19 @@ std::string Emitter::condition(const Expression& expression, const Scope& scope)
         default:
             throwSyntax("Se esperaba una condición y hay un valor");
     }
+}
+
+std::string Emitter::comparison(const Expression& expression, const Scope& scope) {
+    std::array<Emitted, 2> sides = {value(*expression.operands[0], scope), value(*expression.operands[1], scope)};
+    const Kind kind = common(sides[0].type.kind, sides[1].type.kind);
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+        // A value of another kind might have both sides compared as that.
+        const auto coerce = [kind, alike = sides[i].type.kind](Emitted given) {
+            return given.type.kind == alike ? coerced(std::move(given), kind) : Emitted();
+        };
+        sides[i] = parameters_.inPlaceOf(*expression.operands[i], coerce(sides[i]), coerce);
+    }
+    return comparison(sides[0], expression.text, sides[1]);
 }
 
 std::string Emitter::comparison(const Emitted& left, std::string_view operation, const Emitted& right) const {

@@ -27,6 +27,7 @@ Translation Emitter::statement(const StatementTree& tree) {
             result.walkStatement = std::move(rows.walkSql);
             result.keysStatement = std::move(rows.keysSql);
             result.origin = emitter.origin(*parsed);
+            result.parameters = emitter.parameters_.take();
             return result;
         }
         Translation operator()(const Insert& parsed) const { return emitter.insert(parsed); }
@@ -47,6 +48,11 @@ Translation Emitter::statement(const StatementTree& tree) {
 Translation translate(std::string_view statement, Catalog& catalog) {
     const StatementTree tree = parse(statement);
     return Emitter(catalog).statement(tree);
+}
+
+Translation translate(std::string_view statement, Catalog& catalog, const Shape& shape) {
+    const StatementTree tree = parse(statement);
+    return Emitter(catalog, Parameters(shape)).statement(tree);
 }
 
 }  // namespace velmora::sqlite

@@ -4,10 +4,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "velmora/adapters/sqlite/emitters/catalog.h"
 #include "velmora/adapters/sqlite/emitters/emitted.h"
+#include "velmora/adapters/sqlite/emitters/parameters.h"
 #include "velmora/adapters/sqlite/emitters/sources.h"
 #include "velmora/adapters/sqlite/emitters/translation.h"
 #include "velmora/adapters/tsql/syntax_tree.h"
@@ -24,7 +26,8 @@ struct EmittedSelect {
 
 class Emitter {
   public:
-    explicit Emitter(Catalog& catalog) : catalog_(catalog) {}
+    explicit Emitter(Catalog& catalog, Parameters parameters = {})
+        : catalog_(catalog), parameters_(std::move(parameters)) {}
 
     Emitted value(const tsql::Expression& expression, const Scope& scope);
     std::string condition(const tsql::Expression& expression, const Scope& scope);
@@ -45,6 +48,7 @@ class Emitter {
     Emitted conversion(const tsql::Expression& expression, const Scope& scope);
     Emitted scalar(const tsql::Expression& expression, const Scope& scope);
 
+    std::string comparison(const tsql::Expression& expression, const Scope& scope);
     std::string comparison(const Emitted& left, std::string_view operation, const Emitted& right) const;
     std::string between(const tsql::Expression& expression, const Scope& scope);
     std::string inList(const tsql::Expression& expression, const Scope& scope);
@@ -54,6 +58,7 @@ class Emitter {
     std::string fromClause(const std::vector<tsql::FromItem>& items, Scope& scope);
     std::vector<Output> addItems(const tsql::Select& select, const Scope& scope, bool named,
                                  const std::vector<const TableColumn*>* targets, std::string& sql);
+    std::string whereOf(const tsql::Select& select, const Scope& scope, bool isWholeStatement);
     std::string orderBy(const tsql::Select& select, const Scope& scope, const std::vector<Output>& outputs);
 
     Translation insert(const tsql::Insert& insert);
@@ -70,7 +75,11 @@ class Emitter {
 
     std::string columnDefinition(const tsql::ColumnDefinition& definition, bool key);
 
+    /// A value as a column takes it.
+    std::string stored(const tsql::Expression& expression, const Emitted& given, const TableColumn& column);
+
     Catalog& catalog_;
+    Parameters parameters_;
 };
 
 }  // namespace velmora::sqlite

@@ -244,8 +244,14 @@ std::optional<Origin> Emitter::origin(const Select& select) {
     return found ? std::optional(std::move(result)) : std::nullopt;
 }
 
+std::string Emitter::whereOf(const Select& select, const Scope& scope, bool isWholeStatement) {
+    const Parameters::Part part(parameters_, isWholeStatement ? Given::withoutBearing : Given::none);
+    return condition(*select.where, scope);
+}
+
 EmittedSelect Emitter::select(const Select& select, const Scope* outer, bool named,
                               const std::vector<const TableColumn*>* targets) {
+    const Parameters::Part part(parameters_, Given::none);
     Scope scope;
     scope.outer = outer;
     const std::string from = fromClause(select.from, scope);
@@ -254,7 +260,7 @@ EmittedSelect Emitter::select(const Select& select, const Scope* outer, bool nam
     result.outputs = addItems(select, scope, named, targets, result.sql);
     result.sql += from;
     const std::string head = result.sql.substr(0, result.sql.size() - from.size());
-    const std::string where = select.where ? condition(*select.where, scope) : std::string();
+    const std::string where = select.where ? whereOf(select, scope, !outer && !named && !targets) : std::string();
     if (select.where) {
         result.sql += " WHERE " + where;
     }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "velmora/adapters/sqlite/emitters/catalog.h"
+#include "velmora/adapters/sqlite/emitters/parameters.h"
 #include "velmora/adapters/tsql/types.h"
 #include "velmora/platform/sql/recordset.h"
 
@@ -21,8 +22,8 @@ struct Origin {
     std::size_t key = 0;               ///< position of the table's key in the rows
 };
 
-/// Behind a statement whose rows are read from a 0-based position on.
-inline constexpr const char* laterRows = " LIMIT -1 OFFSET ?1";
+/// Behind a statement whose rows are read from a 0-based position on, which is its last parameter.
+inline constexpr const char* laterRows = " LIMIT -1 OFFSET ?";
 
 struct Translation {
     Answer answer = Answer::rows;
@@ -38,10 +39,15 @@ struct Translation {
     /// The same rows in the same order: their keys alone are put in order, and each row is read by its key. Empty where
     /// walkStatement is, and for a table without a key.
     std::string keysStatement{};
-    std::optional<Origin> origin{};  ///< of rows that can be written through the set
+    std::optional<Origin> origin{};       ///< of rows that can be written through the set
+    std::vector<Parameter> parameters{};  ///< of the first step, and of the statements above
+    std::vector<tsql::Literal> fixed{};   ///< the literals of its shape that are no parameters
 };
 
 /// Errors: DbError, provider::syntax, missingTable, conversion, truncation, constraint.
 Translation translate(std::string_view statement, Catalog& catalog);
+
+/// The same with parameters in the place of those literals of its shape that are stored or compared as they stand.
+Translation translate(std::string_view statement, Catalog& catalog, const tsql::Shape& shape);
 
 }  // namespace velmora::sqlite

@@ -5,8 +5,7 @@
 
 #include "velmora/adapters/sqlite/emitters/casts.h"
 #include "velmora/adapters/sqlite/emitters/emitter.h"
-#include "velmora/adapters/sqlite/emitters/quoting.h"
-#include "velmora/adapters/tsql/conversions.h"
+#include "velmora/adapters/sqlite/emitters/literals.h"
 #include "velmora/adapters/tsql/refusals.h"
 
 namespace velmora::sqlite {
@@ -27,24 +26,14 @@ bool isNonZeroLiteral(const Emitted& value) {
 }  // namespace
 
 Emitted Emitter::value(const Expression& expression, const Scope& scope) {
+    const Parameters::Part part(parameters_, Given::none);
     switch (expression.form) {
         case Form::null:
-            return {.sql = "NULL", .type = {}};
         case Form::whole:
-            if (const auto number = wholeFromText(expression.text)) {
-                std::string digits = std::to_string(*number);
-                return {.sql = digits, .type = {.kind = Kind::whole}, .literal = digits};
-            }
-            return literalToNumber(expression.text, {.kind = Kind::decimal, .scale = 0});
-        case Form::decimal: {
-            const auto point = expression.text.find('.');
-            return literalToNumber(expression.text, {.kind = Kind::decimal,
-                                                     .scale = static_cast<int>(expression.text.size() - point - 1)});
-        }
+        case Form::decimal:
         case Form::real:
-            return literalToNumber(expression.text, {.kind = Kind::real});
         case Form::text:
-            return {.sql = quotedText(expression.text), .type = {.kind = Kind::text}, .literal = expression.text};
+            return emittedLiteral(expression.form, expression.text);
         case Form::binary:
             return {.sql = "X'" + expression.text + "'", .type = {.kind = Kind::binary}};
         case Form::column:
@@ -75,10 +64,7 @@ Emitted Emitter::negation(const Expression& expression, const Scope& scope) {
         throwSyntax("Construcción no admitida: signo menos delante de " + std::string(nameOf(operand.type.kind)));
     }
     if (operand.literal) {
-        std::string& digits = *operand.literal;
-        digits = digits.front() == '-' ? digits.substr(1) : "-" + digits;
-        operand.sql = digits;
-        return operand;
+        return negated(std::move(operand));
     }
     return {.sql = "(-" + operand.sql + ")", .type = operand.type};
 }
