@@ -47,18 +47,18 @@ std::string shape(const Expression& expression) {
     }
 }
 
-std::string shapeOf(std::string_view condition) {
+std::string treeOf(std::string_view condition) {
     return shape(*selectOf("select a from T where " + std::string(condition))->where);
 }
 
 }  // namespace
 
 TEST(Parser, OperatorsBindAsTheServerBindsThem) {
-    EXPECT_EQ(shapeOf("a + b * c = 1"), "((a+(b*c))=1)");
-    EXPECT_EQ(shapeOf("(a + b) * c = 1"), "(((a+b)*c)=1)");
-    EXPECT_EQ(shapeOf("a - b - c > 1"), "(((a-b)-c)>1)");
-    EXPECT_EQ(shapeOf("a = 1 or b = 2 and not c = 3"), "((a=1)|((b=2)&no(c=3)))");
-    EXPECT_EQ(shapeOf("T.a <> 1"), "(T.a<>1)");
+    EXPECT_EQ(treeOf("a + b * c = 1"), "((a+(b*c))=1)");
+    EXPECT_EQ(treeOf("(a + b) * c = 1"), "(((a+b)*c)=1)");
+    EXPECT_EQ(treeOf("a - b - c > 1"), "(((a-b)-c)>1)");
+    EXPECT_EQ(treeOf("a = 1 or b = 2 and not c = 3"), "((a=1)|((b=2)&no(c=3)))");
+    EXPECT_EQ(treeOf("T.a <> 1"), "(T.a<>1)");
 }
 
 TEST(Parser, ASelectHoldsItsClauses) {
