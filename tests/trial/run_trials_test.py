@@ -94,7 +94,7 @@ class RunTrials(unittest.TestCase):
                 self.table.unlink(missing_ok=True)
                 self.trial("first", STUBBORN.format(folder=self.folder))
                 self.trial("second", STUBBORN.format(folder=self.folder))
-                process = self.start("--jobs", "1", "--last-seconds", "1")
+                process = self.start("--jobs", "1", "--last-seconds", "0.3")
                 while not (self.folder / "ready").exists():
                     self.assertIsNone(process.poll())
                     time.sleep(0.05)
