@@ -17,6 +17,8 @@ namespace velmora::data {
 namespace {
 
 using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
 using ::testing::UnorderedElementsAreArray;
 
 class IndexesTest : public ::testing::Test {
@@ -58,6 +60,15 @@ TEST_F(IndexesTest, ATableThatIsNotThereIsLeftOut) {
     createDatabase(*engine);
     engine->execute("DROP TABLE PDM");
     EXPECT_NO_THROW(addMissingIndexes(*engine));
+}
+
+TEST_F(IndexesTest, OneThatIsKnownIsNotTried) {
+    createDatabase(*engine);
+    support::RecordingConnection connection(*engine);
+    addMissingIndexes(connection, [](std::string_view table, std::string_view index) {
+        return table != "MoDpi" || index != "IX_MoDpi_Dpi";
+    });
+    EXPECT_THAT(connection.log(), ElementsAre(StartsWith("CREATE INDEX [IX_MoDpi_Dpi] ON [dbo].[MoDpi]")));
 }
 
 TEST_F(IndexesTest, ABusyDatabaseIsAnErrorAndNotAMissingIndex) {

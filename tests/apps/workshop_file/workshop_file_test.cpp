@@ -75,7 +75,7 @@ TEST_F(WorkshopFile, AMissingOneIsMadeWithItsDocumentsAndRows) {
 
 TEST_F(WorkshopFile, OnlyADemonstrationIsMarkedAsOne) {
     EXPECT_FALSE(open().isDemonstration);
-    EXPECT_EQ(sqlite::markOf(file_), 0);
+    EXPECT_EQ(sqlite::contentOf(file_).mark, 0);
     const std::string demo = folder_.file("demo.db");
     const auto openDemo = [&](Purpose purpose) {
         return workshop_file::open(engines_, demo, withoutRows, purpose).isDemonstration;
@@ -84,6 +84,16 @@ TEST_F(WorkshopFile, OnlyADemonstrationIsMarkedAsOne) {
     EXPECT_TRUE(openDemo(Purpose::work));
     fs::remove(folder_.file("DOCdemo.db"));
     EXPECT_TRUE(openDemo(Purpose::work)) << "whose documents are made anew";
+}
+
+TEST_F(WorkshopFile, AnIndexThatIsMissingIsMade) {
+    const auto has = [&] { return sqlite::contentOf(file_).hasIndex("dpi", "ix_dpi_toothing"); };
+    open();
+    ASSERT_TRUE(has());
+    sqlite::openDatabase(file_)->execute("DROP INDEX [IX_DPI_Toothing] ON [dbo].[DPI]");
+    ASSERT_FALSE(has());
+    open();
+    EXPECT_TRUE(has());
 }
 
 TEST_F(WorkshopFile, IsThereOnceItHasItsTables) {

@@ -45,11 +45,25 @@ bool hasContent(const std::string& path) {
     return fs::file_size(file, failure) > 0;
 }
 
+bool holds(const std::vector<std::string>& names, std::string_view name) {
+    return std::ranges::any_of(
+        names, [folded = tsql::foldName(name)](const std::string& each) { return tsql::foldName(each) == folded; });
+}
+
+std::int32_t markOf(Link& link) {
+    const auto mark = link.prepare("PRAGMA user_version");
+    mark->step();
+    return static_cast<std::int32_t>(mark->whole(0));
+}
+
 }  // namespace
 
-bool FileContent::hasTable(const std::string& name) const {
-    return std::ranges::any_of(tables,
-                               [&](const std::string& each) { return tsql::foldName(each) == tsql::foldName(name); });
+bool FileContent::hasTable(std::string_view name) const {
+    return holds(tables, name);
+}
+
+bool FileContent::hasIndex(std::string_view table, std::string_view name) const {
+    return holds(indexes, engineIndexName(table, name));
 }
 
 std::string lookName(const std::string& path) {
@@ -68,11 +82,13 @@ FileContent contentOf(const std::string& path) {
         return content;
     }
     Link link(lookName(path), Options{.readOnly = true});
-    const auto names =
-        link.prepare("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'");
+    const auto names = link.prepare(
+        "SELECT name, type = 'table' FROM sqlite_master WHERE type IN ('table', 'index') "
+        "AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'");
     while (names->step()) {
-        content.tables.push_back(names->value(0, tsql::Kind::text).toText());
+        (names->whole(1) != 0 ? content.tables : content.indexes).push_back(names->value(0, tsql::Kind::text).toText());
     }
+    content.mark = markOf(link);
     return content;
 }
 
@@ -84,16 +100,6 @@ std::int64_t rowsOf(const std::string& path, const std::string& table) {
     const auto count = link.prepare("SELECT count(*) FROM " + quotedName(table));
     count->step();
     return count->whole(0);
-}
-
-std::int32_t markOf(const std::string& path) {
-    if (!hasContent(path)) {
-        return 0;
-    }
-    Link link(lookName(path), Options{.readOnly = true});
-    const auto mark = link.prepare("PRAGMA user_version");
-    mark->step();
-    return static_cast<std::int32_t>(mark->whole(0));
 }
 
 void setMark(const std::string& path, std::int32_t mark) {

@@ -4,16 +4,23 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmora::sqlite {
 
 struct FileContent {
     bool exists = false;
-    std::vector<std::string> tables = {};  ///< by their declared names
+    std::vector<std::string> tables = {};   ///< by their declared names
+    std::vector<std::string> indexes = {};  ///< by the engine's names
+    /// A number of the program's own in the head of the file, which copies of the file have, too; 0 when nobody has set
+    /// one and for a file that is missing.
+    std::int32_t mark = 0;
 
     /// Compared without regard to case.
-    bool hasTable(const std::string& name) const;
+    bool hasTable(std::string_view name) const;
+    /// Both compared without regard to case.
+    bool hasIndex(std::string_view table, std::string_view name) const;
 };
 
 /// Reads the file without changing it. A missing file, an empty one and a database that nobody has made tables in have
@@ -28,10 +35,7 @@ std::string lookName(const std::string& path);
 /// The rows of a table in the file; 0 when there is no such file or table. Errors: see contentOf.
 std::int64_t rowsOf(const std::string& path, const std::string& table);
 
-/// A number of the program's own in the head of the file, which copies of the file have, too; 0 when nobody has set one
-/// and for a file that is missing. Errors: see contentOf.
-std::int32_t markOf(const std::string& path);
-/// Sets it. Errors: DbError.
+/// See FileContent::mark. Errors: DbError.
 void setMark(const std::string& path, std::int32_t mark);
 
 /// Nobody has it open: afterwards everything written stands in the file itself, with no file beside it, so that it can

@@ -95,13 +95,17 @@ void refuseForeignDocuments(const fs::path& file) {
     }
 }
 
-/// True for a file with our tables; false for one without any.
-bool isMade(const fs::path& file) {
-    const sqlite::FileContent content = sqlite::contentOf(system::fileText(file));
+/// A file with our tables, or without any.
+sqlite::FileContent checkedContentOf(const fs::path& file) {
+    sqlite::FileContent content = sqlite::contentOf(system::fileText(file));
     // Differs D-300: nothing of ours is put into a database of another program, and its journal mode stays as it is.
     if (!content.tables.empty() && !content.hasTable(proposals)) {
         throw Refused("El fichero es una base de datos, pero no de VELMORA: no tiene la tabla DPI.");
     }
+    return content;
+}
+
+bool isMade(const sqlite::FileContent& content) {
     return !content.tables.empty();
 }
 
@@ -115,7 +119,7 @@ Opened make(const sql::Engines& engines, const fs::path& file, const Fill& fill,
     const FolderLock lock(folderOf(file));
     Opened result;
     NewFiles files(engines, file);
-    if (!isMade(file)) {
+    if (!isMade(checkedContentOf(file))) {
         refuseForeignDocuments(file);
         files.make(fill, purpose);
         files.moveDocuments();
@@ -145,14 +149,18 @@ void checkWritable(sql::Connection& connection) {
 Opened openFile(const sql::Engines& engines, const fs::path& file, const Fill& fill, Purpose purpose) {
     finishRestore(file);
     Opened result;
-    if (!isMade(file) || !hasDocuments(file)) {
+    sqlite::FileContent content = checkedContentOf(file);
+    if (!isMade(content) || !hasDocuments(file)) {
         result = make(engines, file, fill, purpose);
+        content = checkedContentOf(file);
     }
-    result.isDemonstration = sqlite::markOf(system::fileText(file)) == demonstrationMark;
+    result.isDemonstration = content.mark == demonstrationMark;
     result.connection = engines.open(engines::fileSource(system::fileText(file)));
     checkWritable(*result.connection);
     if (!result.isNew) {
-        data::addMissingIndexes(*result.connection);
+        data::addMissingIndexes(*result.connection, [&](std::string_view table, std::string_view index) {
+            return content.hasIndex(table, index);
+        });
     }
     return result;
 }
@@ -193,7 +201,8 @@ Opened open(const sql::Engines& engines, const std::string& path, const Fill& fi
 }
 
 bool isThere(const std::string& path) {
-    return telling(path, [&] { return path != inMemory && isMade(system::filePath(sqlite::realFile(path))); });
+    return telling(
+        path, [&] { return path != inMemory && isMade(checkedContentOf(system::filePath(sqlite::realFile(path)))); });
 }
 
 }  // namespace velmora::workshop_file

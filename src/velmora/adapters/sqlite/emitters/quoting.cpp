@@ -28,4 +28,8 @@ std::string quotedTable(const Table& table) {
     return quotedName(table.schema) + "." + quotedName(table.name);
 }
 
+std::string engineIndexName(std::string_view table, std::string_view index) {
+    return std::string(table).append(".").append(index);
+}
+
 }  // namespace velmora::sqlite

@@ -12,5 +12,7 @@ std::string quotedName(std::string_view name);
 std::string quotedText(std::string_view text);
 /// `"schema"."table"`.
 std::string quotedTable(const Table& table);
+/// The server names indexes within their table, the engine within the database. Not quoted.
+std::string engineIndexName(std::string_view table, std::string_view index);
 
 }  // namespace velmora::sqlite

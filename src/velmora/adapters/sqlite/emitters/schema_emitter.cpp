@@ -15,9 +15,8 @@ using namespace tsql;
 
 namespace {
 
-/// The server names indexes within their table, the engine within the database.
 std::string indexName(const Table& table, std::string_view name) {
-    return quotedName(table.schema) + "." + quotedName(table.name + "." + std::string(name));
+    return quotedName(table.schema) + "." + quotedName(engineIndexName(table.name, name));
 }
 
 std::string columnList(const Table& table, const std::vector<std::string>& names) {
