@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "velmora/adapters/qt/first_paint.h"
 #include "velmora/adapters/qt/letters.h"
 #include "velmora/adapters/qt/qt_screen.h"
 #include "velmora/adapters/qt/qt_services.h"
@@ -257,14 +258,16 @@ class Run {
     bool failed_ = false;
 };
 
-/// In the windows' title bars and the list of tasks; the desktop finds the installed one by the name of the entry.
+/// In the windows' title bars and the list of tasks, which show no larger ones.
 void showIcon() {
+    constexpr int largest = 128;
     QIcon icon;
     for (const int size : icon::imageSizes) {
-        icon.addPixmap(QPixmap::fromImage(icon::iconImage(size)));
+        if (size <= largest) {
+            icon.addPixmap(QPixmap::fromImage(icon::iconImage(size)));
+        }
     }
     QApplication::setWindowIcon(icon);
-    QApplication::setDesktopFileName(QStringLiteral("velmora"));
 }
 
 }  // namespace
@@ -284,7 +287,9 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     displayNeeded.reset();
     QApplication::setApplicationName(QStringLiteral("velmora"));
-    showIcon();
+    // The desktop finds the installed icon by the name of the entry.
+    QApplication::setDesktopFileName(QStringLiteral("velmora"));
+    const qt::FirstPaint windowStands(showIcon);
     qt::QtScreen screen;
     if (onScreen) {
         qt::setLetterSize(settings::readUserSettings(desktop::userSettingsFile()).letterSize);
