@@ -129,6 +129,21 @@ TEST(CStr, HasTheFifteenDigitsOfTheExactExpansion) {
     }
 }
 
+TEST(CStr, WritesAllNumbersThatFifteenDigitsDoNotTellApartAlike) {
+    std::mt19937_64 random(20261123);
+    for (int i = 0; i < 10000; ++i) {
+        const std::uint64_t hundredths = random() % (std::uint64_t{1} << (random() % 49U + 1));
+        const double value = static_cast<double>(hundredths) / 100;
+        const std::string text = CStr(value);
+        ASSERT_EQ(CDbl(text), value) << text;
+        if (hundredths != 0) {
+            ASSERT_EQ(CStr(std::nextafter(value, 0.0)), text);
+            ASSERT_EQ(CStr(std::nextafter(value, infinity)), text);
+            ASSERT_EQ(CStr(-value), "-" + text);
+        }
+    }
+}
+
 TEST(CStr, WritesWholeNumbersToTheirBounds) {
     EXPECT_EQ(CStr(std::int64_t{0}), "0");
     EXPECT_EQ(CStr(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
@@ -292,6 +307,24 @@ TEST(Redondear, AgreesWithTheDigitsThatAreShown) {
             ASSERT_EQ(Redondear(value, 0), CDbl(Format(value, "0"))) << shortest(value);
             ASSERT_EQ(Redondear(value, 2), CDbl(Format(value, "0.00"))) << shortest(value);
             ASSERT_EQ(Redondear(value, 4), CDbl(Format(value, "0.0000"))) << shortest(value);
+        }
+    }
+}
+
+TEST(Redondear, AgreesWithTheDigitsThatAreShownOnBothSidesOfAHalf) {
+    std::mt19937_64 random(20261123);
+    for (int i = 0; i < 1000; ++i) {
+        const auto below = static_cast<double>(random() % (std::uint64_t{10} << (random() % 30U)));
+        const double half = (below + 0.5) / 100;
+        double lower = half;
+        double higher = half;
+        for (int step = 0; step < 20; ++step) {
+            for (const double value : {lower, higher}) {
+                ASSERT_EQ(Redondear(value, 2), CDbl(Format(value, "0.00"))) << shortest(value);
+                ASSERT_EQ(Redondear(-value, 2), CDbl(Format(-value, "0.00"))) << shortest(value);
+            }
+            lower = std::nextafter(lower, 0.0);
+            higher = std::nextafter(higher, infinity);
         }
     }
 }

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 
 #include "velmora/platform/runtime/decimal_digits.h"
 #include "velmora/platform/runtime/errors.h"
@@ -54,6 +55,32 @@ double roundUsual(double size, int decimals) {
     return withDecimals((whole + unit / 2) / unit, decimals);
 }
 
+/// Redondear of a positive number, without its fifteen digits: they differ from the number by less than a part in 10^14
+/// and therefore decide only where the product lies as near as that to a half. None in that case and for a large
+/// number.
+std::optional<double> roundFarFromHalf(double size, int decimals) {
+    constexpr double largest = 1e12;
+    constexpr double doubt = 1e-14;
+    if (decimals < 0 || decimals > significantDigits) {
+        return std::nullopt;
+    }
+    const double power = exactPower(decimals);
+    const double product = size * power;
+    if (!(product < largest)) {
+        return std::nullopt;
+    }
+    const auto below = static_cast<double>(static_cast<std::int64_t>(product));
+    const double beyondHalf = product - below - 0.5;
+    if (std::abs(beyondHalf) <= product * doubt) {
+        return std::nullopt;
+    }
+    return (beyondHalf > 0 ? below + 1 : below) / power;
+}
+
+double withSignOf(double value, double size) {
+    return value < 0 && size != 0 ? -size : size;
+}
+
 }  // namespace
 
 double Round(double value, int decimals) {
@@ -79,9 +106,12 @@ double Round(double value, int decimals) {
 }
 
 double Redondear(double value, int decimals) {
-    if (isOfUsualSize(std::abs(value))) {
-        const double rounded = roundUsual(std::abs(value), decimals);
-        return value < 0 && rounded != 0 ? -rounded : rounded;
+    const double size = std::abs(value);
+    if (const auto rounded = roundFarFromHalf(size, decimals)) {
+        return withSignOf(value, *rounded);
+    }
+    if (isOfUsualSize(size)) {
+        return withSignOf(value, roundUsual(size, decimals));
     }
     Decimal number = toDecimal(value);
     roundAway(number, decimals);

@@ -6,14 +6,53 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "velmora/platform/runtime/decimal_digits.h"
 #include "velmora/platform/runtime/numbers.h"
 
 namespace velmora::runtime {
 
+namespace {
+
+/// The text of a number that has at most two decimals, which most of the program's numbers have; none for another one.
+/// A double that is the nearest to such a number of at most fifteen digits has those digits.
+std::optional<std::string> textOfHundredths(double value, char decimal) {
+    constexpr double hundred = 100;
+    constexpr double beyondFifteenDigits = 1e15;
+    const double size = std::abs(value);
+    const double product = size * hundred + 0.5;
+    if (!(product < beyondFifteenDigits)) {
+        return std::nullopt;
+    }
+    const auto hundredths = static_cast<std::uint64_t>(product);
+    if (static_cast<double>(hundredths) / hundred != size) {
+        return std::nullopt;
+    }
+    std::array<char, 24> buffer;
+    char* at = buffer.data();
+    if (value < 0) {
+        *at++ = '-';
+    }
+    at = std::to_chars(at, buffer.data() + buffer.size(), hundredths / 100).ptr;
+    if (const auto rest = static_cast<int>(hundredths % 100); rest != 0) {
+        *at++ = decimal;
+        *at++ = static_cast<char>('0' + rest / 10);
+        if (rest % 10 != 0) {
+            *at++ = static_cast<char>('0' + rest % 10);
+        }
+    }
+    return std::string(buffer.data(), at);
+}
+
+}  // namespace
+
 std::string CStr(double value, const Locale& locale) {
+    if (auto usual = textOfHundredths(value, locale.decimal)) {
+        return std::move(*usual);
+    }
     const Decimal number = toDecimal(value);
     if (number.count == 0) {
         return "0";
