@@ -61,7 +61,7 @@ double DiscAndHubCosting::thicknessByText() const {
 }
 
 void DiscAndHubCosting::msCalcularGrueso() {
-    if (!runtime::IsNumeric(f_.Text4(cut::discWidth).text())) {
+    if (!f_.Text4(cut::discWidth).holdsNumber()) {
         return;
     }
     ErrorTrap trap;
@@ -297,7 +297,7 @@ void DiscAndHubCosting::rackChanged(int Index) {
 void DiscAndHubCosting::Text4_LostFocus(int Index) {
     const TypedFields::ProgramWrites masks(f_.typed);
     TextBox& box = f_.Text4(Index);
-    if (!runtime::IsNumeric(box.text())) {
+    if (!box.holdsNumber()) {
         box.setText("0");
     }
     oUtil_.SalirCampo(box, "#0.00");

@@ -36,15 +36,15 @@ void FieldMap::forEachTextBox(const std::function<void(TextBox&)>& action) {
 }
 
 double number(const TextBox& box) {
-    return runtime::CDbl(box.text());
+    return box.number();
 }
 
 double numberOrZero(const TextBox& box) {
-    return runtime::IsNumeric(box.text()) ? runtime::CDbl(box.text()) : 0;
+    return box.holdsNumber() ? box.number() : 0;
 }
 
 void put(TextBox& box, double value) {
-    box.setText(runtime::CStr(value));
+    box.setNumber(value);
 }
 
 void put(TextBox& box, const sql::Value& value) {

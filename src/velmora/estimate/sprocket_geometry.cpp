@@ -95,7 +95,7 @@ void SprocketGeometry::writeHubWidth() {
 void SprocketGeometry::Text1_LostFocus(int Index) {
     const TypedFields::ProgramWrites masks(f_.typed);
     TextBox& box = f_.Text1(Index);
-    if (!runtime::IsNumeric(box.text())) {
+    if (!box.holdsNumber()) {
         box.setText("0");
     }
     oUtil_.SalirCampo(box, "#0.00");

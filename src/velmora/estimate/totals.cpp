@@ -215,7 +215,7 @@ void Totals::txtPesu_LostFocus(int Index) {
         oUtil_.SalirCampo(box);
         return;
     }
-    if (!runtime::IsNumeric(box.text())) {
+    if (!box.holdsNumber()) {
         box.setText("0");
     }
     oUtil_.SalirCampo(box, "###,###,##0.00");

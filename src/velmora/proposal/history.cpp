@@ -101,7 +101,7 @@ std::string History::sameTypeAndFilled() const {
     std::string where = " WHERE Dpi_Tipo = " + runtime::CStr(std::int64_t{f_.type()});
     for (const Criterion& criterion : criteria) {
         const estimate::TextBox& box = f_.Text1(criterion.field);
-        if (runtime::IsNumeric(box.text()) && estimate::number(box) != 0) {
+        if (box.holdsNumber() && estimate::number(box) != 0) {
             where += criterion.ifFilled + withPoint(box.text()) + " ";
         }
     }

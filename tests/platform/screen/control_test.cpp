@@ -1,5 +1,8 @@
 #include "velmora/platform/screen/control.h"
 
+#include <limits>
+#include <vector>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -98,6 +101,80 @@ TEST(TextBoxTest, AnErrorOfAHandlerReachesTheWriterAndTheTextStands) {
     box.onChange = [] { runtime::raise(runtime::typeMismatch); };
     EXPECT_EQ(numberOf([&] { box.setText("x"); }), 13);
     EXPECT_EQ(box.text(), "x");
+}
+
+TEST(TextBoxTest, ItsNumberIsThatOfItsPresentText) {
+    Form form("f");
+    TextBox box(form, "Text1", 3);
+    EXPECT_FALSE(box.holdsNumber()) << "empty";
+    EXPECT_EQ(numberOf([&] { box.number(); }), 13);
+    box.setText("1.234,5");
+    EXPECT_TRUE(box.holdsNumber());
+    EXPECT_EQ(box.number(), 1234.5);
+    EXPECT_EQ(box.number(), 1234.5);
+    box.setText("1e999");
+    EXPECT_FALSE(box.holdsNumber());
+    EXPECT_EQ(numberOf([&] { box.number(); }), 6);
+    box.setText("7");
+    EXPECT_EQ(box.number(), 7);
+    box.setNumber(8.5);
+    EXPECT_EQ(box.number(), 8.5);
+}
+
+TEST(TextBoxTest, AHandlerReadsTheNumberOfTheNewText) {
+    Form form("f");
+    TextBox box(form, "Text1", 3);
+    std::vector<double> read;
+    box.onChange = [&] { read.push_back(box.number()); };
+    box.setText("1");
+    box.setNumber(2);
+    EXPECT_THAT(read, ElementsAre(1, 2));
+}
+
+TEST(TextBoxTest, ANumberIsWrittenInItsDefaultText) {
+    Form form("f");
+    TextBox box(form, "Text1", 3);
+    box.setNumber(1.0 / 3);
+    EXPECT_EQ(box.text(), "0,333333333333333");
+    EXPECT_EQ(box.number(), 0.333333333333333) << "the text's, not the one written";
+    EXPECT_EQ(numberOf([&] { box.setNumber(std::numeric_limits<double>::infinity()); }), 6);
+    EXPECT_EQ(box.text(), "0,333333333333333");
+}
+
+TEST(TextBoxTest, ANumberWhoseTextStandsIsNotWrittenAgain) {
+    Form form("f");
+    TextBox box(form, "Text1", 3);
+    int changes = 0;
+    box.onChange = [&] { ++changes; };
+    box.setNumber(0.1 + 0.2);
+    EXPECT_EQ(changes, 1);
+    box.setNumber(0.3);
+    box.setNumber(0.1 + 0.2);
+    box.setText("0,3");
+    EXPECT_EQ(changes, 1) << "all have the text that stands";
+}
+
+TEST(TextBoxTest, ANumberIsWrittenAnewOverAnotherText) {
+    Form form("f");
+    TextBox box(form, "Text1", 3);
+    box.setNumber(12);
+    box.setText("12,00");
+    int changes = 0;
+    box.onChange = [&] { ++changes; };
+    box.setNumber(12);
+    EXPECT_EQ(box.text(), "12");
+    EXPECT_EQ(changes, 1);
+}
+
+TEST(TextBoxTest, ANumberIsWrittenAnewAfterAHandlerHasReplacedIt) {
+    Form form("f");
+    TextBox box(form, "Text1", 3);
+    box.onChange = [&] { box.setText("0"); };
+    box.setNumber(12);
+    EXPECT_EQ(box.text(), "0");
+    box.onChange = [] {};
+    box.setNumber(12);
+    EXPECT_EQ(box.text(), "12");
 }
 
 TEST(TextBoxTest, TheSelectionGoesWithTheNextChange) {

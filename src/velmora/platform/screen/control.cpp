@@ -42,10 +42,27 @@ void Control::notify(Property property) {
 }
 
 void TextBox::setText(std::string_view text) {
-    if (text_ == text) {
+    if (text_ != text) {
+        replaceText(text, std::nullopt);
+    }
+}
+
+void TextBox::setNumber(double number) {
+    if (number_ == number) {
         return;
     }
+    const std::string text = runtime::CStr(number);
+    if (text_ == text) {
+        number_ = number;
+    } else {
+        replaceText(text, number);
+    }
+}
+
+void TextBox::replaceText(std::string_view text, std::optional<double> number) {
     text_ = text;
+    reading_.reset();
+    number_ = number;
     selectAll_ = false;
     notify(Property::text);
     onChange();

@@ -5,10 +5,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "velmora/platform/runtime/number_reading.h"
 #include "velmora/platform/screen/event.h"
 #include "velmora/platform/screen/keys.h"
 
@@ -99,6 +101,10 @@ class Control {
     bool isEnabled() const;
     bool isVisible() const;
 
+    /// Whether this one shows the other on itself: a sketch its labels. Such a control has no field of its own in a
+    /// layout.
+    virtual bool carries(const Control& /*other*/) const { return false; }
+
     /// True for kinds of control that can have the focus at all.
     virtual bool isFocusable() const { return false; }
     /// Focusable, enabled and visible now.
@@ -150,6 +156,16 @@ class TextBox : public Control {
 
     const std::string& text() const { return text_; }
     void setText(std::string_view text);
+
+    /// The text as a number of the language (runtime::CDbl); error 13 when it is none, 6 when it is too large. A text
+    /// is parsed once, however often its number is asked for.
+    double number() const { return runtime::valueOf(reading()); }
+    /// True exactly when number() gives one.
+    bool holdsNumber() const { return reading().outcome == runtime::Outcome::number; }
+    /// Sets the default text of a number (runtime::CStr); error 6 for infinities and NaN. A number whose text has stood
+    /// here since it was last set is not turned into a text again.
+    void setNumber(double number);
+
     bool locked() const { return locked_; }
     void setLocked(bool locked) { assign(locked_, locked, Property::locked); }
     bool multiLine() const { return multiLine_; }
@@ -166,7 +182,19 @@ class TextBox : public Control {
     Event<> onDblClick;
 
   private:
+    const runtime::Reading& reading() const {
+        if (!reading_) {
+            reading_ = runtime::readNumber(text_, runtime::esES);
+        }
+        return *reading_;
+    }
+    void replaceText(std::string_view text, std::optional<double> number);
+
+    // What is known of the text; a different text drops both.
     std::string text_;
+    mutable std::optional<runtime::Reading> reading_;
+    std::optional<double> number_;  ///< whose default text it is; none for a text that was set as one
+
     bool locked_ = false;
     bool multiLine_ = false;
     bool selectAll_ = false;

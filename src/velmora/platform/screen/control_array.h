@@ -1,17 +1,20 @@
 #pragma once
 // Controls that share a name and are distinguished by an index, gaps allowed: Text1(0) to Text1(25).
 
+#include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <initializer_list>
-#include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/screen/control.h"
 
 namespace velmora::screen {
 
-/// Closed ranges of indexes: {{0, 17}, {20, 25}}.
+/// Closed ranges of indexes from 0 up: {{0, 17}, {20, 25}}.
 struct IndexRange {
     int from;
     int to;
@@ -23,25 +26,29 @@ class ControlArray {
     ControlArray(Form& form, const std::string& name, std::initializer_list<IndexRange> ranges) {
         for (const IndexRange& range : ranges) {
             for (int i = range.from; i <= range.to; ++i) {
-                controls_.emplace(i, std::make_unique<T>(form, name, i));
+                place(i) = std::make_unique<T>(form, name, i);
             }
         }
     }
 
     /// Error 340 when no control has this index.
     T& operator()(int index) const {
-        const auto found = controls_.find(index);
-        if (found == controls_.end()) {
+        if (!contains(index)) {
             runtime::raise(runtime::controlArrayElementMissing);
         }
-        return *found->second;
+        return *controls_[static_cast<std::size_t>(index)];
     }
-    bool contains(int index) const { return controls_.contains(index); }
+    bool contains(int index) const {
+        const auto at = static_cast<std::size_t>(index);
+        return index >= 0 && at < controls_.size() && controls_[at] != nullptr;
+    }
 
     /// Calls `action` for each control in order of index.
     void forEach(const std::function<void(T&)>& action) const {
-        for (const auto& [index, control] : controls_) {
-            action(*control);
+        for (const auto& control : controls_) {
+            if (control) {
+                action(*control);
+            }
         }
     }
 
@@ -49,13 +56,19 @@ class ControlArray {
     /// Text1.on(&TextBox::onChange, …).
     template <typename... Args, typename Base>
     void on(Event<Args...> Base::*event, std::function<void(int, Args...)> handler) const {
-        for (const auto& [index, control] : controls_) {
-            (control.get()->*event) = [handler, i = index](Args... args) { handler(i, args...); };
-        }
+        forEach([&](T& control) {
+            (control.*event) = [handler, i = control.index()](Args... args) { handler(i, args...); };
+        });
     }
 
   private:
-    std::map<int, std::unique_ptr<T>> controls_;
+    std::unique_ptr<T>& place(int index) {
+        const auto at = static_cast<std::size_t>(index);
+        controls_.resize(std::max(controls_.size(), at + 1));
+        return controls_[at];
+    }
+
+    std::vector<std::unique_ptr<T>> controls_;  ///< by index; null where there is a gap
 };
 
 }  // namespace velmora::screen

@@ -2,6 +2,7 @@
 // Events of controls. As in the language, an event has one handler, set by its form.
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace velmora::screen {
@@ -13,21 +14,22 @@ class Event {
   public:
     template <typename Handler>
     Event& operator=(Handler&& handler) {
-        handler_ = std::forward<Handler>(handler);
+        std::function<void(Args...)> given(std::forward<Handler>(handler));
+        handler_ = given ? std::make_shared<const std::function<void(Args...)>>(std::move(given)) : nullptr;
         return *this;
     }
 
     void operator()(Args... args) const {
         if (handler_) {
             const auto handler = handler_;
-            handler(args...);
+            (*handler)(args...);
         }
     }
 
-    explicit operator bool() const { return static_cast<bool>(handler_); }
+    explicit operator bool() const { return handler_ != nullptr; }
 
   private:
-    std::function<void(Args...)> handler_;
+    std::shared_ptr<const std::function<void(Args...)>> handler_;  ///< shared with the calls of it that run
 };
 
 }  // namespace velmora::screen

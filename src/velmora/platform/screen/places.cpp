@@ -3,20 +3,14 @@
 #include <algorithm>
 
 #include "velmora/platform/screen/form.h"
-#include "velmora/platform/screen/sketch.h"
 
 namespace velmora::screen {
 
 namespace {
 
 bool holds(const Layout& node, const Control& control) {
-    if (node.control == &control || node.captionLabel == &control) {
-        return true;
-    }
-    const auto* sketch = dynamic_cast<const Sketch*>(node.control);
-    return sketch != nullptr && std::ranges::any_of(sketch->labels(), [&](const Sketch::PlacedLabel& label) {
-               return label.box == &control;
-           });
+    return node.control == &control || node.captionLabel == &control ||
+           (node.control != nullptr && node.control->carries(control));
 }
 
 /// Whether a control is in a layout: not at all, in a part that is currently not shown, or in a shown part.
@@ -29,7 +23,7 @@ Place placeOf(const Layout& node, const Control& control) {
     const bool shared = node.kind == Layout::Kind::takeTurns;
     const std::size_t shown = shared ? shownTurn(node) : 0;
     Place best = Place::none;
-    for (std::size_t i = 0; i < node.children.size(); ++i) {
+    for (std::size_t i = 0; i < node.children.size() && best != Place::open; ++i) {
         Place here = placeOf(node.children[i], control);
         if (here == Place::open && shared && i != shown) {
             here = Place::covered;

@@ -28,6 +28,7 @@ class Sketch : public Control {
 
     void place(int label, TextBox& box);
     const std::vector<PlacedLabel>& labels() const { return labels_; }
+    bool carries(const Control& other) const override;
 
   private:
     std::function<Drawing()> source_;
