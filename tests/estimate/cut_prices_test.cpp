@@ -38,6 +38,22 @@ TEST_F(CutPricesTest, ATextThatIsNoNumberCostsTheDefault) {
     EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05) << "an error does not outlive its question";
 }
 
+TEST_F(CutPricesTest, OnlyARateAboveZeroIsTheMaterialsOwn) {
+    EXPECT_FALSE(prices.hasOwnRate("001")) << "not loaded";
+    prices.msCargarPreciosCorte();
+    EXPECT_TRUE(prices.hasOwnRate("001"));
+    EXPECT_FALSE(prices.hasOwnRate("006"));
+    EXPECT_FALSE(prices.hasOwnRate("099"));
+}
+
+TEST_F(CutPricesTest, OfTwoRowsForAMaterialTheFirstCounts) {
+    materials.push_back(material(1));
+    materials.back().rate = 0.7;
+    answerMaterials(database, materials);
+    prices.msCargarPreciosCorte();
+    EXPECT_EQ(prices.FnPrecioCorte("001"), 0.05);
+}
+
 TEST_F(CutPricesTest, RatesThatWereNeverLoadedCostTheDefault) {
     EXPECT_EQ(prices.FnPrecioCorte("001"), 0.01);
 }

@@ -1,7 +1,6 @@
 #include "velmora/estimate/cut_prices.h"
 
 #include <utility>
-#include <vector>
 
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -9,39 +8,50 @@
 namespace velmora::estimate {
 
 namespace {
+
 constexpr double defaultRate = 0.01;
+
+/// A stored rate; 0 for null and for a text that is no number.
+double rateOf(const sql::Value& stored) {
+    runtime::ErrorTrap trap;
+    double rate = 0;
+    trap([&] { rate = stored.toDouble(); });
+    return rate;
 }
+
+}  // namespace
 
 void CutPrices::msCargarPreciosCorte() {
     sql::Recordset read = session_.Connection().execute(
         "Select PARDPI_ID,mat_pcs from materiales inner join art on materiales.mat_id= art.art_mat "
         "inner join PARDPI on art_id = PARDPI_ART where PARDPI_ID>0 ");
-    // Copied, because an engine may read the rows of a set again while they are iterated.
-    std::vector<sql::Row> rates;
+    std::map<double, double> rates;
     for (; !read.eof(); read.moveNext()) {
-        rates.push_back({read["PARDPI_ID"], read["mat_pcs"]});
+        // Copied, because an engine may read the row again for the next column.
+        if (const sql::Value number = read["PARDPI_ID"]; number.isNumber()) {
+            rates.try_emplace(number.toDouble(), rateOf(read["mat_pcs"]));
+        }
     }
-    rsPreciosCorte_ = sql::Recordset(sql::rowsInMemory({{"PARDPI_ID"}, {"mat_pcs"}}, std::move(rates)));
+    rates_ = std::move(rates);
 }
 
-/// 0 for a material without a rate and for an unknown one.
-double CutPrices::ownRate(std::string_view nIdPar) {
+/// 0 for a material without a rate, for an unknown one and for a text that is no number.
+double CutPrices::ownRate(std::string_view nIdPar) const {
     runtime::ErrorTrap trap;
     double rate = 0;
-    if (trap.condition([&] { return rsPreciosCorte_.recordCount() > 0; })) {
-        trap([&] { rsPreciosCorte_.moveFirst(); });
-        trap([&] { rsPreciosCorte_.find("PARDPI_ID=" + runtime::CStr(std::int64_t{runtime::CLng(nIdPar)})); });
-        trap([&] { rate = rsPreciosCorte_["mat_pcs"].toDouble(); });
-    }
-    return trap.failed() ? 0 : rate;
+    trap([&] {
+        const auto row = rates_.find(runtime::CLng(nIdPar));
+        rate = row == rates_.end() ? 0 : row->second;
+    });
+    return rate;
 }
 
-double CutPrices::FnPrecioCorte(std::string_view nIdPar) {
+double CutPrices::FnPrecioCorte(std::string_view nIdPar) const {
     const double rate = ownRate(nIdPar);
     return rate == 0 ? defaultRate : rate;
 }
 
-bool CutPrices::hasOwnRate(std::string_view nIdPar) {
+bool CutPrices::hasOwnRate(std::string_view nIdPar) const {
     return ownRate(nIdPar) != 0;
 }
 
