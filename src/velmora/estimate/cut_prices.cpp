@@ -33,17 +33,21 @@ void CutPrices::msCargarPreciosCorte() {
         }
     }
     rates_ = std::move(rates);
+    last_.reset();
 }
 
 /// 0 for a material without a rate, for an unknown one and for a text that is no number.
 double CutPrices::ownRate(std::string_view nIdPar) const {
-    runtime::ErrorTrap trap;
-    double rate = 0;
-    trap([&] {
-        const auto row = rates_.find(runtime::CLng(nIdPar));
-        rate = row == rates_.end() ? 0 : row->second;
-    });
-    return rate;
+    if (!last_ || last_->key != nIdPar) {
+        runtime::ErrorTrap trap;
+        double rate = 0;
+        trap([&] {
+            const auto row = rates_.find(runtime::CLng(nIdPar));
+            rate = row == rates_.end() ? 0 : row->second;
+        });
+        last_ = Answer{std::string(nIdPar), rate};
+    }
+    return last_->rate;
 }
 
 double CutPrices::FnPrecioCorte(std::string_view nIdPar) const {

@@ -3,6 +3,8 @@
 // them.
 
 #include <map>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "velmora/platform/session/session.h"
@@ -27,8 +29,14 @@ class CutPrices {
   private:
     double ownRate(std::string_view nIdPar) const;
 
+    struct Answer {
+        std::string key;
+        double rate;
+    };
+
     session::Session& session_;
-    std::map<double, double> rates_;  ///< by the material parameter's number; of two rows for one, the first read
+    std::map<double, double> rates_;      ///< by the material parameter's number; of two rows for one, the first read
+    mutable std::optional<Answer> last_;  ///< a recalculation asks for the same key again and again
 };
 
 }  // namespace velmora::estimate

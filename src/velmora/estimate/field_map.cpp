@@ -1,5 +1,7 @@
 #include "velmora/estimate/field_map.h"
 
+#include <variant>
+
 #include "velmora/estimate/field_names.h"
 #include "velmora/estimate/price.h"
 #include "velmora/platform/runtime/numbers.h"
@@ -29,8 +31,8 @@ void FieldMap::invalidateSketches() {
 
 void FieldMap::forEachTextBox(const std::function<void(TextBox&)>& action) {
     for (screen::Control* control : form.controls()) {
-        if (auto* box = dynamic_cast<TextBox*>(control)) {
-            action(*box);
+        if (control->holds() == screen::Holds::text) {
+            action(static_cast<TextBox&>(*control));
         }
     }
 }
@@ -48,7 +50,11 @@ void put(TextBox& box, double value) {
 }
 
 void put(TextBox& box, const sql::Value& value) {
-    box.setText(value.toText());
+    if (const double* number = std::get_if<double>(&value.raw())) {
+        box.setNumber(*number);
+    } else {
+        box.setText(value.toText());
+    }
 }
 
 double round2(double value) {

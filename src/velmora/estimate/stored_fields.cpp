@@ -175,6 +175,57 @@ ComboBox FieldMap::*listOf(const FieldSource& source) {
         source);
 }
 
+constexpr std::optional<TextField> boxIn(const FieldSource& source) {
+    return std::visit(
+        [](const auto& each) -> std::optional<TextField> {
+            if constexpr (std::is_same_v<decltype(each), const TextField&>) {
+                return each;
+            } else if constexpr (requires { each.field; }) {
+                return each.field;
+            } else {
+                return std::nullopt;
+            }
+        },
+        source);
+}
+
+/// The rows of allFields by their text boxes: a load asks for a hundred of them. Rows of boxes with one index in their
+/// arrays are chained, in their order.
+class BoxRows {
+  public:
+    constexpr BoxRows() {
+        first_.fill(none);
+        for (std::size_t row = allFields.size(); row-- > 0;) {
+            boxes_[row] = boxIn(allFields[row].source);
+            if (boxes_[row]) {
+                std::size_t& first = first_.at(boxes_[row]->index());
+                next_[row] = first;
+                first = row;
+            }
+        }
+    }
+
+    /// The first row with this box; nullptr when there is none.
+    constexpr const StoredField* find(TextField field) const {
+        for (std::size_t row = first_.at(field.index()); row != none; row = next_[row]) {
+            if (boxes_[row] == field) {
+                return &allFields[row];
+            }
+        }
+        return nullptr;
+    }
+
+  private:
+    static constexpr std::size_t none = allFields.size();
+    static constexpr std::size_t indexes = 64;
+
+    std::array<std::optional<TextField>, allFields.size()> boxes_{};
+    std::array<std::size_t, allFields.size()> next_{};
+    std::array<std::size_t, indexes> first_{};
+};
+
+constexpr BoxRows boxRows;
+
 /// The column of the first row whose source passes.
 template <typename Test>
 std::string_view firstColumn(const Test& passes) {
@@ -188,17 +239,7 @@ std::string_view firstColumn(const Test& passes) {
 }  // namespace
 
 std::optional<TextField> boxOf(const FieldSource& source) {
-    return std::visit(
-        [](const auto& each) -> std::optional<TextField> {
-            if constexpr (std::is_same_v<decltype(each), const TextField&>) {
-                return each;
-            } else if constexpr (requires { each.field; }) {
-                return each.field;
-            } else {
-                return std::nullopt;
-            }
-        },
-        source);
+    return boxIn(source);
 }
 
 std::span<const StoredField> storedFields() {
@@ -218,7 +259,11 @@ void putPlainly(const StoredField& field, FieldMap& f, const sql::Value& value) 
 }
 
 std::string_view columnOf(TextField field) {
-    return firstColumn([&](const FieldSource& source) { return boxOf(source) == field; });
+    const StoredField* found = boxRows.find(field);
+    if (found == nullptr) {
+        runtime::raise(runtime::invalidProcedureCall);
+    }
+    return found->column;
 }
 
 std::string_view columnOf(ComboBox FieldMap::*list) {

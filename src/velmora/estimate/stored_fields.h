@@ -28,6 +28,9 @@ class TextField {
     TextBox& in(FieldMap& f) const { return single_ ? f.*single_ : (f.*array_)(index_); }
     const TextBox& in(const FieldMap& f) const { return single_ ? f.*single_ : (f.*array_)(index_); }
 
+    /// Its index in its array; 0 for a single box.
+    constexpr std::size_t index() const { return static_cast<std::size_t>(index_); }
+
     friend constexpr bool operator==(const TextField&, const TextField&) = default;
 
   private:

@@ -74,6 +74,13 @@ std::vector<std::string_view> linesOf(std::string_view text) {
     return lines;
 }
 
+/// For a text that is empty on most of the controls.
+void copyUnlessEmpty(const std::string& from, std::string& to) {
+    if (!from.empty()) {
+        to = from;
+    }
+}
+
 int wholeNumber(const std::string& text) {
     int number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
@@ -86,33 +93,39 @@ FormMemory::FormMemory(estimate::FieldMap& fields)
     : f_(fields), typed_(fields.typed), disc_(*fields.rsMatDisco), hub_(*fields.rsMatCubo), rack_(*fields.rsMatCre) {
     controls_.reserve(f_.form.controls().size());
     for (screen::Control* control : f_.form.controls()) {
-        controls_.push_back(shownBy(*control));
+        remember(*control, controls_.emplace_back());
     }
 }
 
-FormMemory::Shown FormMemory::shownBy(screen::Control& control) {
-    Shown shown{.control = &control,
-                .enabled = control.enabled(),
-                .visible = control.visible(),
-                .tabStop = control.tabStop(),
-                .tag = control.tag(),
-                .toolTip = control.toolTip(),
-                .backColor = control.backColor(),
-                .foreColor = control.foreColor(),
-                .text = {},
-                .items = {}};
-    if (const auto* box = dynamic_cast<const screen::TextBox*>(&control)) {
-        shown.text = box->text();
-    } else if (const auto* list = dynamic_cast<const screen::ComboBox*>(&control)) {
-        shown.text = list->text();
-        shown.items = list->items();
-        shown.listIndex = list->listIndex();
-    } else if (const auto* captioned = dynamic_cast<const screen::Captioned*>(&control)) {
-        shown.text = captioned->caption();
-        const auto* tick = dynamic_cast<const screen::CheckBox*>(&control);
-        shown.checked = tick != nullptr && tick->checked();
+void FormMemory::remember(screen::Control& control, Shown& shown) {
+    shown.control = &control;
+    shown.enabled = control.enabled();
+    shown.visible = control.visible();
+    shown.tabStop = control.tabStop();
+    copyUnlessEmpty(control.tag(), shown.tag);
+    copyUnlessEmpty(control.toolTip(), shown.toolTip);
+    shown.backColor = control.backColor();
+    shown.foreColor = control.foreColor();
+    switch (control.holds()) {
+        case screen::Holds::text:
+            shown.text = static_cast<const screen::TextBox&>(control).text();
+            break;
+        case screen::Holds::entries: {
+            const auto& list = static_cast<const screen::ComboBox&>(control);
+            shown.text = list.text();
+            shown.items = list.items();
+            shown.listIndex = list.listIndex();
+            break;
+        }
+        case screen::Holds::tick:
+            shown.checked = static_cast<const screen::CheckBox&>(control).checked();
+            [[fallthrough]];
+        case screen::Holds::caption:
+            shown.text = static_cast<const screen::Captioned&>(control).caption();
+            break;
+        case screen::Holds::nothing:
+            break;
     }
-    return shown;
 }
 
 void FormMemory::putBack(const Shown& shown) {
@@ -124,15 +137,24 @@ void FormMemory::putBack(const Shown& shown) {
     control.setToolTip(shown.toolTip);
     control.setBackColor(shown.backColor);
     control.setForeColor(shown.foreColor);
-    if (auto* box = dynamic_cast<screen::TextBox*>(&control)) {
-        proposal::putBack(*box, shown.text);
-    } else if (auto* list = dynamic_cast<screen::ComboBox*>(&control)) {
-        proposal::putBack(*list, shown.items, shown.listIndex, shown.text);
-    } else if (auto* captioned = dynamic_cast<screen::Captioned*>(&control)) {
-        captioned->setCaption(shown.text);
-        if (auto* tick = dynamic_cast<screen::CheckBox*>(&control)) {
-            proposal::putBack(*tick, shown.checked);
+    switch (control.holds()) {
+        case screen::Holds::text:
+            proposal::putBack(static_cast<screen::TextBox&>(control), shown.text);
+            break;
+        case screen::Holds::entries:
+            proposal::putBack(static_cast<screen::ComboBox&>(control), shown.items, shown.listIndex, shown.text);
+            break;
+        case screen::Holds::tick: {
+            auto& tick = static_cast<screen::CheckBox&>(control);
+            tick.setCaption(shown.text);
+            proposal::putBack(tick, shown.checked);
+            break;
         }
+        case screen::Holds::caption:
+            static_cast<screen::Captioned&>(control).setCaption(shown.text);
+            break;
+        case screen::Holds::nothing:
+            break;
     }
 }
 

@@ -26,21 +26,21 @@ class FormMemory {
 
   private:
     struct Shown {
-        screen::Control* control;
-        bool enabled;
-        bool visible;
-        bool tabStop;
+        screen::Control* control = nullptr;
+        bool enabled = false;
+        bool visible = false;
+        bool tabStop = false;
         std::string tag;
         std::string toolTip;
-        screen::Color backColor;
-        screen::Color foreColor;
+        screen::Color backColor = screen::colors::white;
+        screen::Color foreColor = screen::colors::black;
         std::string text;  ///< of a field or a list, or the caption of other controls
         std::vector<std::string> items;
         int listIndex = -1;
         bool checked = false;
     };
 
-    static Shown shownBy(screen::Control& control);
+    static void remember(screen::Control& control, Shown& shown);
     static void readProperty(Shown& shown, std::string_view name, const std::string& value);
     static void putBack(const Shown& shown);
 

@@ -372,8 +372,10 @@ void Loading::finish() {
     f_.bCargandoPropuesta = false;
     // Kept K-061: a complete load has disabled the form, so that the remarks do not take the focus; if it were enabled,
     // the field left would run its calculations.
-    runtime::ErrorTrap trap;
-    trap([&] { f_.txtObservaciones.setFocus(); });
+    if (f_.txtObservaciones.canTakeFocus()) {
+        runtime::ErrorTrap trap;
+        trap([&] { f_.txtObservaciones.setFocus(); });
+    }
     f_.form.setEnabled(true);
 }
 

@@ -45,6 +45,17 @@ long numberOf(const std::function<void()>& action) {
     return 0;
 }
 
+TEST(ControlTest, EachTellsWhatItHolds) {
+    Form form("f");
+    EXPECT_EQ(TextBox(form, "c").holds(), Holds::text);
+    EXPECT_EQ(ComboBox(form, "c").holds(), Holds::entries);
+    EXPECT_EQ(CheckBox(form, "c").holds(), Holds::tick);
+    EXPECT_EQ(Label(form, "c").holds(), Holds::caption);
+    EXPECT_EQ(Frame(form, "c").holds(), Holds::caption);
+    EXPECT_EQ(Button(form, "c").holds(), Holds::caption);
+    EXPECT_EQ(Toolbar(form, "c").holds(), Holds::nothing);
+}
+
 TEST(TextBoxTest, WritingADifferentTextRaisesChangeOnce) {
     Form form("f");
     TextBox box(form, "Text1", 3);

@@ -29,6 +29,15 @@ inline constexpr Color blue = 0xFF0000;
 inline constexpr Color black = 0;
 }  // namespace colors
 
+/// What a control holds, for code that goes over all controls of a form.
+enum class Holds {
+    nothing,  ///< that such code would read or set
+    text,     ///< a TextBox
+    entries,  ///< a ComboBox
+    caption,  ///< a Captioned but no CheckBox
+    tick,     ///< a CheckBox, with its caption
+};
+
 /// The property that changed, for observers.
 enum class Property {
     text,
@@ -101,6 +110,7 @@ class Control {
     bool isEnabled() const;
     bool isVisible() const;
 
+    virtual Holds holds() const { return Holds::nothing; }
     /// Whether this one shows the other on itself: a sketch its labels. Such a control has no field of its own in a
     /// layout.
     virtual bool carries(const Control& /*other*/) const { return false; }
@@ -152,6 +162,7 @@ class Control {
 class TextBox : public Control {
   public:
     using Control::Control;
+    Holds holds() const final { return Holds::text; }
     bool isFocusable() const override { return true; }
 
     const std::string& text() const { return text_; }
@@ -207,6 +218,7 @@ class ComboBox : public Control {
     enum class Style { list, editable };  ///< editable: the text need not be in the list
 
     using Control::Control;
+    Holds holds() const final { return Holds::entries; }
     bool isFocusable() const override { return true; }
 
     Style style() const { return style_; }
@@ -249,6 +261,7 @@ class ComboBox : public Control {
 class Captioned : public Control {
   public:
     using Control::Control;
+    Holds holds() const override { return Holds::caption; }
     const std::string& caption() const { return caption_; }
     void setCaption(std::string_view caption) { assign(caption_, std::string(caption), Property::caption); }
 
@@ -260,6 +273,7 @@ class Captioned : public Control {
 class CheckBox : public Captioned {
   public:
     using Captioned::Captioned;
+    Holds holds() const final { return Holds::tick; }
     bool isFocusable() const override { return true; }
     bool checked() const { return checked_; }
     void setChecked(bool checked);

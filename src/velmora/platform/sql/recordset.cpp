@@ -6,6 +6,7 @@
 
 #include "velmora/platform/runtime/errors.h"
 #include "velmora/platform/runtime/text.h"
+#include "velmora/platform/sql/column_index.h"
 
 namespace velmora::sql {
 
@@ -43,28 +44,6 @@ class RowsInMemory final : public RowSource {
     std::vector<Column> columns_;
     Rows rows_;
 };
-
-bool sameLetters(char a, char b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; };
-    return lower(a) == lower(b);
-}
-
-bool isAscii(char c) {
-    return static_cast<unsigned char>(c) < 0x80;
-}
-
-/// From the back: the columns of a table begin alike.
-bool sameName(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) {
-        return false;  // the letters that names are written with keep their length in either case
-    }
-    for (std::size_t i = a.size(); i-- > 0;) {
-        if (!sameLetters(a[i], b[i])) {
-            return !(isAscii(a[i]) && isAscii(b[i])) && runtime::UCase(a) == runtime::UCase(b);
-        }
-    }
-    return true;
-}
 
 std::string_view withoutBlanks(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
@@ -183,6 +162,7 @@ struct Recordset::Cursor {
     Place place = Place::after;
     std::size_t index = 0;
     bool foundRow = false;
+    ColumnIndex names;  ///< of the source's columns
     std::vector<std::weak_ptr<std::function<void()>>> listeners;
 };
 
@@ -224,12 +204,12 @@ bool Recordset::hasRows() const {
 }
 
 std::size_t Recordset::positionOf(std::string_view column) const {
-    const auto& all = open().source->columns();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const Column& c) { return sameName(c.name, column); });
-    if (found == all.end()) {
+    Cursor& cursor = open();
+    const auto position = cursor.names.find(cursor.source->columns(), column);
+    if (!position) {
         fail(unknownColumn, "El conjunto de registros no tiene la columna '" + std::string(column) + "'.");
     }
-    return static_cast<std::size_t>(found - all.begin());
+    return *position;
 }
 
 const Value& Recordset::operator[](std::string_view column) const {
@@ -325,6 +305,7 @@ void Recordset::requery() {
     std::shared_ptr<RowSource> fresh = cursor.source->reopen();
     fresh->hasRow(0);
     cursor.source = std::move(fresh);
+    cursor.names.forget();
     cursor.foundRow = false;
     cursor.toFirst();
     moved();
