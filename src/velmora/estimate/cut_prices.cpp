@@ -27,9 +27,9 @@ void CutPrices::msCargarPreciosCorte() {
         "inner join PARDPI on art_id = PARDPI_ART where PARDPI_ID>0 ");
     std::map<double, double> rates;
     for (; !read.eof(); read.moveNext()) {
-        // Copied, because an engine may read the row again for the next column.
-        if (const sql::Value number = read["PARDPI_ID"]; number.isNumber()) {
-            rates.try_emplace(number.toDouble(), rateOf(read["mat_pcs"]));
+        if (const sql::Value& number = read["PARDPI_ID"]; number.isNumber()) {
+            const double material = number.toDouble();
+            rates.try_emplace(material, rateOf(read["mat_pcs"]));
         }
     }
     rates_ = std::move(rates);
