@@ -136,7 +136,9 @@ def main():
             trial.hold(memory - first_memory <= KILOBYTES + KILOBYTES_A_THOUSAND * since / 1000, "memory grows", told)
             trial.hold(files <= first_files, "descriptors grow", told)
             trial.hold(statements <= first_statements, "open statements grow", told)
-        trial.hold(life.prepared > life.operations, "statements are counted", str(life.prepared))
+        # Most of them serve many operations.
+        still_open = marks[-1][3]
+        trial.hold(life.prepared >= still_open > 0, "statements are counted", f"{life.prepared}, open {still_open}")
         trial.hold(life.end() == 0, "the driver ends well")
         trial.note("operations", life.operations)
         trial.note("kB at the end", marks[-1][1])
