@@ -67,7 +67,7 @@ inline std::unique_ptr<sql::Connection> servicesDatabase() {
 class ServicesTest : public ::testing::Test {
   protected:
     ServicesTest() {
-        faults.refusedCommitUndoes = true;
+        faults.refusedEndUndoes = true;
         faults.countsWritesThroughSets = true;
     }
 

@@ -93,22 +93,26 @@ void FaultyConnection::beginTrans() {
     passed();
 }
 
-void FaultyConnection::commitTrans() {
+void FaultyConnection::passEnd(std::string_view what) {
     try {
-        pass("COMMIT");
+        pass(what);
     } catch (const sql::DbError&) {
-        if (refusedCommitUndoes && std::exchange(open_, false)) {
+        if (refusedEndUndoes && std::exchange(open_, false)) {
             ForwardingConnection::rollbackTrans();
         }
         throw;
     }
+}
+
+void FaultyConnection::commitTrans() {
+    passEnd("COMMIT");
     ForwardingConnection::commitTrans();
     open_ = false;
     passed();
 }
 
 void FaultyConnection::rollbackTrans() {
-    pass("ROLLBACK");
+    passEnd("ROLLBACK");
     ForwardingConnection::rollbackTrans();
     open_ = false;
     passed();

@@ -20,8 +20,8 @@ class FaultyConnection final : public sql::ForwardingConnection {
   public:
     using ForwardingConnection::ForwardingConnection;
 
-    /// A commit that is refused has undone everything, as most engines have it; else the transaction stays open.
-    bool refusedCommitUndoes = false;
+    /// A commit or a rollback that is refused has undone everything, as engines have it; else all stays open.
+    bool refusedEndUndoes = false;
     /// Columns that are written through a set count as operations too. Its sets cannot be opened anew.
     bool countsWritesThroughSets = false;
 
@@ -58,6 +58,7 @@ class FaultyConnection final : public sql::ForwardingConnection {
     class Rows;
 
     void pass(std::string_view what);
+    void passEnd(std::string_view what);
     void passed();
     void lose();
 

@@ -90,7 +90,7 @@ int play(const script_stage::Options& options, std::istream& in) {
     const script::FixedClock clock(options.now.value_or(runtime::Date::of(2026, 1, 15, 10, 0, 0)));
     const auto engine = script_stage::openDatabase(options, clock);
     support::FaultyConnection faulty(*engine);
-    faulty.refusedCommitUndoes = true;
+    faulty.refusedEndUndoes = true;
     faulty.countsWritesThroughSets = true;
     script::WatchedConnection program(faulty);
     adapters::StandInSession session(program);
