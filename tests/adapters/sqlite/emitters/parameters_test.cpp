@@ -32,6 +32,12 @@ Made made(std::string_view statement) {
     return result;
 }
 
+/// The parameters of a statement, to be given the values of others of its shape.
+std::vector<sqlite::Parameter> parametersOf(std::string_view statement) {
+    OneTable catalog;
+    return sqlite::translate(statement, catalog, tsql::shapeOf(statement)).parameters;
+}
+
 }  // namespace
 
 TEST(Parameters, AreTheLiteralsThatAreStored) {
@@ -50,9 +56,7 @@ TEST(Parameters, AreTheLiteralsThatAreCompared) {
 
 /// A column takes any of them, in its own way.
 TEST(Parameters, ThatAreStoredMayBeOfAnyKind) {
-    OneTable catalog;
-    const tsql::Shape known = tsql::shapeOf("update T set f = 5");
-    const auto parameters = sqlite::translate("update T set f = 5", catalog, known).parameters;
+    const auto parameters = parametersOf("update T set f = 5");
     const auto valueOf = [&](const std::string& literal) {
         return sqlite::valuesOf(parameters, tsql::shapeOf("update T set f = " + literal).literals).value().at(0);
     };
@@ -64,18 +68,14 @@ TEST(Parameters, ThatAreStoredMayBeOfAnyKind) {
 }
 
 TEST(Parameters, ThatAreComparedAreOfOneKind) {
-    OneTable catalog;
-    const tsql::Shape known = tsql::shapeOf("delete from T where t = 'a'");
-    const auto parameters = sqlite::translate("delete from T where t = 'a'", catalog, known).parameters;
+    const auto parameters = parametersOf("delete from T where t = 'a'");
     EXPECT_TRUE(sqlite::valuesOf(parameters, tsql::shapeOf("delete from T where t = ''").literals));
     EXPECT_FALSE(sqlite::valuesOf(parameters, tsql::shapeOf("delete from T where t = 5").literals));
     EXPECT_FALSE(sqlite::valuesOf(parameters, tsql::shapeOf("delete from T where t = null").literals));
 }
 
 TEST(Parameters, AMinusStandsBeforeANumberOnly) {
-    OneTable catalog;
-    const tsql::Shape known = tsql::shapeOf("update T set f = -5");
-    const auto parameters = sqlite::translate("update T set f = -5", catalog, known).parameters;
+    const auto parameters = parametersOf("update T set f = -5");
     EXPECT_EQ(sqlite::valuesOf(parameters, tsql::shapeOf("update T set f = -2.5").literals).value().at(0),
               sql::Value(-2.5));
     EXPECT_FALSE(sqlite::valuesOf(parameters, tsql::shapeOf("update T set f = -null").literals));
@@ -104,9 +104,7 @@ TEST(Parameters, OfASetAreComparedInItsOwnCondition) {
 /// By these the engine chooses another index.
 TEST(Parameters, OfASetAreNotTheSmallestNumbers) {
     EXPECT_EQ(made("select i from T where i = 0 and f = -1 and n = 2").fixed, (std::vector<std::string>{"0", "1"}));
-    OneTable catalog;
-    const tsql::Shape known = tsql::shapeOf("select * from T where i = 5");
-    const auto parameters = sqlite::translate("select * from T where i = 5", catalog, known).parameters;
+    const auto parameters = parametersOf("select * from T where i = 5");
     EXPECT_TRUE(sqlite::valuesOf(parameters, tsql::shapeOf("select * from T where i = 2").literals));
     EXPECT_FALSE(sqlite::valuesOf(parameters, tsql::shapeOf("select * from T where i = 1").literals));
     EXPECT_FALSE(sqlite::valuesOf(parameters, tsql::shapeOf("select * from T where i = null").literals));
@@ -124,9 +122,7 @@ TEST(Parameters, AStatementOfVeryManyRowsKeepsTheRestInItsText) {
 }
 
 TEST(Parameters, AValueThatDoesNotFitIsRefusedAsInAText) {
-    OneTable catalog;
-    const tsql::Shape known = tsql::shapeOf("update T set t = 'a', d = '1/1/2026'");
-    const auto parameters = sqlite::translate("update T set t = 'a', d = '1/1/2026'", catalog, known).parameters;
+    const auto parameters = parametersOf("update T set t = 'a', d = '1/1/2026'");
     const auto refused = [&](std::string_view statement, long number) {
         try {
             sqlite::valuesOf(parameters, tsql::shapeOf(statement).literals);
